@@ -1,0 +1,12 @@
+# What every target of ours is compiled with; a warning is an error.
+add_library(zekview-options INTERFACE)
+target_compile_options(zekview-options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor
+  -Woverloaded-virtual -Werror)
+target_include_directories(zekview-options INTERFACE ${PROJECT_SOURCE_DIR}/src)
+target_compile_definitions(zekview-options INTERFACE ZEKVIEW_VERSION="${PROJECT_VERSION}")
+if(ZEKVIEW_SANITIZE)
+  target_compile_options(zekview-options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(zekview-options INTERFACE -fsanitize=address,undefined)
+endif()

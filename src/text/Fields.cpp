@@ -1,0 +1,56 @@
+#include "text/Fields.h"
+
+#include <algorithm>
+
+namespace zek {
+
+std::string_view GetField(std::string_view text, std::size_t index, std::string_view separator) {
+  if (separator.empty()) separator = text.find('\t') != std::string_view::npos ? "\t" : ";";
+  std::size_t start = 0;
+  for (; index > 0; --index) {
+    const std::size_t found = text.find(separator, start);
+    if (found == std::string_view::npos) return {};
+    start = found + separator.size();
+  }
+  return text.substr(start, text.find(separator, start) - start);
+}
+
+std::string_view Trim(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+namespace {
+char Upper(char letter) {
+  const auto code = static_cast<unsigned char>(letter);
+  const bool latin = code >= 'a' && code <= 'z';
+  const bool accented = code >= 0xE0 && code <= 0xFE && code != 0xF7;  // 0xF7 is the division sign
+  if (latin || accented) return static_cast<char>(code - 0x20);
+  switch (code) {
+    case 0x9A:
+      return '\x8A';  // s, z with caron and oe lie outside the regular block
+    case 0x9C:
+      return '\x8C';
+    case 0x9E:
+      return '\x8E';
+    case 0xFF:
+      return '\x9F';
+    default:
+      return letter;
+  }
+}
+}  // namespace
+
+std::string UpperCase(std::string_view text) {
+  std::string upper(text);
+  std::transform(upper.begin(), upper.end(), upper.begin(), Upper);
+  return upper;
+}
+
+bool EqualNoCase(std::string_view left, std::string_view right) {
+  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                    [](char a, char b) { return Upper(a) == Upper(b); });
+}
+
+}  // namespace zek

@@ -1,0 +1,77 @@
+#include "text/Numbers.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include "text/Fields.h"
+
+namespace zek {
+namespace {
+
+struct Leading {
+  double value = 0;
+  std::size_t length = 0;  // of the text that was used, leading blanks included
+};
+
+Leading LeadingNumber(std::string_view text) {
+  const std::size_t start = std::min(text.find_first_not_of(' '), text.size());
+  const char* first = text.data() + start;
+  const char* const last = text.data() + text.size();
+  const bool negative = first != last && *first == '-';
+  if (first != last && (*first == '-' || *first == '+')) ++first;
+  // from_chars would also read "inf" and "nan", which no controller means as a number.
+  if (first == last || !((*first >= '0' && *first <= '9') || *first == '.')) return {};
+  double magnitude = 0;
+  const auto [end, error] = std::from_chars(first, last, magnitude);
+  if (error == std::errc::invalid_argument) return {};
+  if (error == std::errc::result_out_of_range) {
+    const std::string_view digits(first, static_cast<std::size_t>(end - first));
+    const bool tiny =
+        digits.find("e-") != std::string_view::npos || digits.find("E-") != std::string_view::npos;
+    magnitude = tiny ? 0 : std::numeric_limits<double>::max();
+  }
+  return {negative ? -magnitude : magnitude, static_cast<std::size_t>(end - text.data())};
+}
+
+}  // namespace
+
+double Val(std::string_view text) { return LeadingNumber(text).value; }
+
+bool IsNumeric(std::string_view text) {
+  const Leading number = LeadingNumber(text);
+  return number.length > 0 && Trim(text.substr(number.length)).empty();
+}
+
+std::optional<std::int16_t> ToInt16(double value) {
+  const double rounded = std::nearbyint(value);
+  if (!(rounded >= -32768 && rounded <= 32767)) return std::nullopt;
+  return static_cast<std::int16_t>(rounded);
+}
+
+float ToSingle(double value) {
+  constexpr double limit = std::numeric_limits<float>::max();
+  return static_cast<float>(std::clamp(value, -limit, limit));
+}
+
+double ParseNumber(std::string_view text) {
+  if (text.find(',') == std::string_view::npos) return Val(text);
+  std::string withPoints(text);
+  std::replace(withPoints.begin(), withPoints.end(), ',', '.');
+  return Val(withPoints);
+}
+
+std::string FormatNumber(double value, char decimalSeparator) {
+  if (value == 0) return "0";  // also for -0
+  std::array<char, 32> digits{};
+  const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                          std::chars_format::general, 7);
+  std::string text(digits.data(), end);
+  std::replace(text.begin(), text.end(), 'e', 'E');
+  std::replace(text.begin(), text.end(), '.', decimalSeparator);
+  return text;
+}
+
+}  // namespace zek

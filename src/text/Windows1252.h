@@ -1,0 +1,53 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace zek {
+
+/// All text in memory and in files is windows-1252 bytes; these two are the way out and in.
+std::string Utf8FromWindows1252(std::string_view bytes);
+
+/// Characters that windows-1252 lacks, and bytes that are no UTF-8, become "?".
+std::string Windows1252FromUtf8(std::string_view utf8);
+
+/// True when every character of the UTF-8 text has a place in windows-1252.
+bool FitsWindows1252(std::string_view utf8);
+
+/// The Unicode character of a windows-1252 byte. The five bytes without one (0x81, 0x8D, 0x8F,
+/// 0x90, 0x9D) map to the control character of the same code, as the platform's conversion does.
+char32_t UnicodeFromWindows1252(unsigned char byte);
+
+namespace detail {
+template <std::size_t N>
+struct Windows1252Literal {
+  std::array<char, N> bytes{};
+  std::size_t length = 0;
+
+  // The sources are UTF-8. Literals need the letters of Latin-1 only, which are two bytes there
+  // (C2 or C3 first); anything else stops the compilation.
+  consteval Windows1252Literal(const char (&utf8)[N]) {  // NOLINT(*-explicit-*, *-c-arrays)
+    for (std::size_t i = 0; i + 1 < N; ++i) {
+      const auto code = static_cast<unsigned char>(utf8[i]);
+      if (code < 0x80) {
+        bytes[length++] = utf8[i];
+      } else if (code == 0xC2 || code == 0xC3) {
+        const auto low = static_cast<unsigned char>(utf8[++i]);
+        bytes[length++] = static_cast<char>(((code & 0x03) << 6) | (low & 0x3F));
+      } else {
+        throw "a literal holds a character that is not in Latin-1";
+      }
+    }
+  }
+};
+}  // namespace detail
+
+/// "Öppna"_w1252: a literal with å ä ö as windows-1252 bytes, converted when compiling.
+template <detail::Windows1252Literal literal>
+consteval std::string_view operator""_w1252() {
+  return {literal.bytes.data(), literal.length};
+}
+
+}  // namespace zek
