@@ -3,12 +3,86 @@
 #include <cstdint>
 
 /// Names for the numbers of the language texts. Numbers below 500 are those of the language files
-/// in the field; from 500 up they are ours and have a built-in Swedish text.
+/// in the field; from 500 up they are ours and have a built-in Swedish text (BuiltInTexts.cpp).
 namespace zek::text {
 
-inline constexpr std::int32_t kDayUnknown = 269;      // a weekday line with an unknown day key
-inline constexpr std::int32_t kDayFull = 270;         // a 17th row for one day
-inline constexpr std::int32_t kWeekdayRetry = 267;    // question after a failed write
+inline constexpr std::int32_t kMenuFile = 10;
+inline constexpr std::int32_t kMenuDisconnect = 11;
+inline constexpr std::int32_t kMenuExit = 12;
+inline constexpr std::int32_t kMenuTime = 13;
+inline constexpr std::int32_t kMenuTSC = 14;
+inline constexpr std::int32_t kAlreadyRunning = 50;
+inline constexpr std::int32_t kNoTagObject = 58;
+inline constexpr std::int32_t kDisconnectTimeLow = 59;
+inline constexpr std::int32_t kGetTSCTimeoutLow = 60;
+inline constexpr std::int32_t kIdleBefore = 62;  // text, seconds, text 63
+inline constexpr std::int32_t kIdleAfter = 63;
+inline constexpr std::int32_t kAboutLine1 = 100;
+inline constexpr std::int32_t kAboutLine2 = 101;
+inline constexpr std::int32_t kWeekdayCaption = 250;  // 250 to 266: captions of the weekday editor
+inline constexpr std::int32_t kWeekdayRetry = 267;
 inline constexpr std::int32_t kWeekdayRetryTitle = 268;
+inline constexpr std::int32_t kDayUnknown = 269;  // a weekday line with an unknown day key
+inline constexpr std::int32_t kDayFull = 270;     // a 17th row for one day
+inline constexpr std::int32_t kWeekdays = 271;
+inline constexpr std::int32_t kSpecialDays = 272;
+inline constexpr std::int32_t kControllerError = 400;  // text, the controller's line
+inline constexpr std::int32_t kTopicsCut = 408;        // text, length, limit, text 409
+inline constexpr std::int32_t kTopicsCutAdvice = 409;
+inline constexpr std::int32_t kSectionCut = 412;  // texts 412 to 414 with section name and length
+inline constexpr std::int32_t kSectionCutLength = 413;
+inline constexpr std::int32_t kSectionCutAdvice = 414;
+inline constexpr std::int32_t kLabelRefused = 415;
+inline constexpr std::int32_t kUseLocalCopy = 416;
+inline constexpr std::int32_t kUseLocalCopyTitle = 417;
+inline constexpr std::int32_t kNoLocalCopy = 418;
+inline constexpr std::int32_t kNoLocalCopyAdvice = 419;
+inline constexpr std::int32_t kLocalCopyDeclined = 420;
+inline constexpr std::int32_t kFetching = 421;
+inline constexpr std::int32_t kNoAnswer = 422;
+inline constexpr std::int32_t kSavedLocally = 424;
+inline constexpr std::int32_t kSavedLocallyFile = 425;
+inline constexpr std::int32_t kAskSend = 426;
+inline constexpr std::int32_t kAskSendFile = 427;
+inline constexpr std::int32_t kSendTitle = 428;
+inline constexpr std::int32_t kSendFailed = 429;
+inline constexpr std::int32_t kSendDone = 430;
+
+// Start-up, settings and files
+inline constexpr std::int32_t kSettingTooLarge = 500;
+inline constexpr std::int32_t kFileFailed = 501;
+inline constexpr std::int32_t kFileMissing = 502;
+inline constexpr std::int32_t kFileDenied = 503;
+inline constexpr std::int32_t kDiskFull = 504;
+inline constexpr std::int32_t kFileReadOnly = 505;
+inline constexpr std::int32_t kFileTooLarge = 506;
+// Topics and connections
+inline constexpr std::int32_t kTooManyTopics = 510;
+inline constexpr std::int32_t kConnecting = 511;
+inline constexpr std::int32_t kConnectFailed = 512;  // text " Topic '" name "'" or " Tag '" tag "'"
+inline constexpr std::int32_t kDisconnectFailed = 513;
+inline constexpr std::int32_t kNotConnected = 514;
+inline constexpr std::int32_t kLinkLost = 515;
+inline constexpr std::int32_t kTextDropped = 516;
+inline constexpr std::int32_t kSocketError = 517;
+inline constexpr std::int32_t kInvalidTopic = 518;
+inline constexpr std::int32_t kHostUnknown = 519;
+inline constexpr std::int32_t kRefused = 520;
+inline constexpr std::int32_t kUnreachable = 521;
+inline constexpr std::int32_t kPortInvalid = 522;
+inline constexpr std::int32_t kTimedOut = 523;
+inline constexpr std::int32_t kNoDde = 524;
+// What a wait waits for
+inline constexpr std::int32_t kWaitConnect = 530;
+inline constexpr std::int32_t kWaitClose = 531;
+inline constexpr std::int32_t kWaitPause = 532;
+inline constexpr std::int32_t kWaitAnswer = 533;
+inline constexpr std::int32_t kWaitListing = 534;  // %1 lines so far
+inline constexpr std::int32_t kSendingLine = 535;  // %1 of %2
+inline constexpr std::int32_t kAttempt = 536;      // %1 of 3
+// Catalogues and local copies
+inline constexpr std::int32_t kLocalCopyTooLong = 540;
+inline constexpr std::int32_t kNoSuchCatalogue = 541;
+inline constexpr std::int32_t kSending = 542;
 
 }  // namespace zek::text

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zek {
+
+/// The arguments of the desktop program, without the program's own name: the options below with
+/// their values, and everything else joined by single blanks, in which the switches are searched.
+struct CommandLine {
+  std::string text;                 // windows-1252
+  std::optional<std::string> dir;   // --dir DIR: the program directory, the system's encoding
+  std::optional<std::string> ini;   // --ini DIR: the directory of ZEKView.INI
+  std::optional<std::string> tour;  // --tour DIR: take the screenshots of the documentation
+  std::string missingValue;         // an option that came last, without its value; else empty
+};
+
+/// `arguments` are UTF-8.
+CommandLine ParseCommandLine(const std::vector<std::string>& arguments);
+
+/// True when `name` ("/LOCAL") occurs anywhere in the text, in any case.
+bool HasSwitch(std::string_view text, std::string_view name);
+
+/// The value of a switch ("/TOPIC:"): what stands right behind it up to the first blank, of that
+/// the part before the first "/", upper-cased; "" when the switch is missing.
+std::string SwitchValue(std::string_view text, std::string_view name);
+
+}  // namespace zek

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "app/Profile.h"
+
+namespace zek {
+
+/// The settings file read and written by our own code, with the rules of `ProfileText.h`.
+class FileProfile final : public Profile {
+ public:
+  FileProfile(Files& files, std::string path) : files_(files), path_(std::move(path)) {}
+
+  std::string ReadIni(std::string_view section, std::string_view key,
+                      std::string_view fallback) const override;
+  std::optional<FileError> WriteIni(std::string_view section, std::string_view key,
+                                    std::string_view value) override;
+  ProfileSection ReadSection(std::string_view section, std::size_t bufferSize) const override;
+
+ private:
+  Files& files_;
+  std::string path_;
+};
+
+}  // namespace zek

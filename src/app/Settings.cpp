@@ -1,0 +1,123 @@
+#include "app/Settings.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "lang/Message.h"
+#include "lang/TextNumbers.h"
+#include "text/Fields.h"
+#include "text/Numbers.h"
+#include "text/Windows1252.h"
+
+namespace zek {
+namespace {
+
+constexpr std::string_view kGeneral = "general";
+constexpr int kShortestDisconnectTime = 60;  // seconds
+constexpr int kShortestGetTSCTimeout = 5;    // seconds
+
+std::int16_t ReadDialogMode(const Profile& profile) {
+  const std::string mode = UpperCase(profile.ReadIni(kGeneral, "DialogMode", "1"));
+  if (mode == "ALL") return 2;
+  return mode == "DEFAULT" ? 1 : 0;
+}
+
+// Reads the numeric settings of start-up; the first that does not fit is told and ends it.
+class StartNumbers {
+ public:
+  StartNumbers(const Profile& profile, const LanguageTexts& texts, Prompts& prompts)
+      : profile_(profile), texts_(texts), prompts_(prompts) {}
+
+  bool Ok() const { return ok_; }
+
+  std::int16_t Seconds(std::string_view key) {
+    if (!ok_) return 0;
+    const auto seconds = ReadSeconds(profile_, texts_, prompts_, kGeneral, key, "0");
+    ok_ = seconds.has_value();
+    return seconds.value_or(0);
+  }
+
+  // Seconds as ticks; a value below `least` shows text `tooLow` and is replaced by it.
+  std::int16_t Ticks(std::string_view key, int least, std::int32_t tooLow) {
+    int seconds = Seconds(key);
+    if (ok_ && seconds < least) {
+      prompts_.Show(Icon::None, texts_.Text(tooLow));
+      seconds = least;
+    }
+    return static_cast<std::int16_t>(seconds * kTicksPerSecond);
+  }
+
+ private:
+  const Profile& profile_;
+  const LanguageTexts& texts_;
+  Prompts& prompts_;
+  bool ok_ = true;
+};
+
+}  // namespace
+
+std::string WithSeparator(std::string directory) {
+#ifdef _WIN32
+  if (!directory.ends_with('\\')) directory += '\\';
+#else
+  if (!directory.ends_with('/')) directory += '/';
+#endif
+  return directory;
+}
+
+std::string IniPathOf(const CommandLine& line, const std::string& programPath) {
+  if (line.ini) return WithSeparator(*line.ini);
+  const std::string value = SwitchValue(line.text, "/INI:");
+#ifdef _WIN32
+  return value.empty() ? programPath : WithSeparator(value);
+#else
+  return value.empty() ? programPath : WithSeparator(Utf8FromWindows1252(value));
+#endif
+}
+
+bool LoadSettings(Settings& settings, std::string_view commandLine, const Profile& profile,
+                  const LanguageTexts& texts, Prompts& prompts) {
+  settings.LocalMode = HasSwitch(commandLine, "/LOCAL");
+  settings.BatchMode = HasSwitch(commandLine, "/BATCH");
+  settings.AlwaysOnTop =
+      HasSwitch(commandLine, "/ALWAYSONTOP") || ReadYesNo(profile, "General", "AlwaysOnTop", "no");
+  settings.ViewOnly = HasSwitch(commandLine, "/VIEWONLY");
+  settings.TopicComboIndex = ReadYesNo(profile, "General", "SortTopics", "yes") ? 0 : 1;
+  settings.TagMode = !settings.LocalMode && ReadYesNo(profile, "General", "TagMode", "no");
+  settings.StartTopic = SwitchValue(commandLine, "/TOPIC:");
+  const std::string tag = SwitchValue(commandLine, "/TAG:");
+  if (!tag.empty()) settings.StartTopic = tag;
+  settings.StartDialog = SwitchValue(commandLine, "/DIALOG:");
+
+  StartNumbers numbers(profile, texts, prompts);
+  settings.DisconnectTicks =
+      numbers.Ticks("DisconnectTime", kShortestDisconnectTime, text::kDisconnectTimeLow);
+  const double closing = Val(profile.ReadIni(kGeneral, "DisconnectDelay", "0"));
+  settings.DisconnectDelay =
+      static_cast<std::int32_t>(std::nearbyint(std::clamp(closing, -2147483648.0, 2147483647.0)));
+  settings.ConnectDelayTime = numbers.Seconds("ConnectDelayTime");
+  settings.DisconnectDelayTime = numbers.Seconds("DisconnectDelayTime");
+  settings.GetTSCTimeoutTicks =
+      numbers.Ticks("GetTSCTimeout", kShortestGetTSCTimeout, text::kGetTSCTimeoutLow);
+
+  settings.HideDialogOnTSC = ReadYesNo(profile, kGeneral, "HideDialogOnTSC", "yes");
+  settings.PreventMinimize = ReadYesNo(profile, kGeneral, "PreventMinimize", "no");
+  settings.AlwaysUseLocal = ReadYesNo(profile, kGeneral, "AlwaysUseLocal", "yes");
+  settings.AlwaysUseDSS = ReadYesNo(profile, kGeneral, "AlwaysUseDSS", "yes");
+  settings.DialogMode = ReadDialogMode(profile);
+  return numbers.Ok();
+}
+
+std::optional<std::int16_t> ReadSeconds(const Profile& profile, const LanguageTexts& texts,
+                                        Prompts& prompts, std::string_view section,
+                                        std::string_view key, std::string_view fallback) {
+  const std::string value = profile.ReadIni(section, key, fallback);
+  const std::optional<std::int16_t> seconds = ToInt16(Val(value));
+  if (seconds && *seconds <= kLongestWaitSeconds) return seconds;
+  prompts.Show(Icon::Exclamation,
+               Message(texts.Text(text::kSettingTooLarge),
+                       {section, key, value, std::to_string(kLongestWaitSeconds)}));
+  return std::nullopt;
+}
+
+}  // namespace zek

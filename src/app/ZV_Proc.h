@@ -1,0 +1,66 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "app/CommandLine.h"
+#include "app/Files.h"
+#include "app/Profile.h"
+#include "app/Prompts.h"
+#include "app/Settings.h"
+#include "app/Turn.h"
+#include "catalogue/LocalFiles.h"
+#include "catalogue/ObjectTree.h"
+#include "comm/Connection.h"
+#include "lang/LanguageTexts.h"
+
+namespace zek {
+
+/// The outside world, built at start-up; it lives longer than the session.
+struct Outside {
+  Files& files;
+  Profile& profile;
+  Turn& turn;
+  Prompts& prompts;
+  Link& socket;
+  Link& dde;
+  TagServer& tags;
+};
+
+/// The node of the browser on which Get, Erase, the transfers and the connection work.
+struct Selection {
+  std::int16_t CurrentObject = -1;  // the object's index in the topic table; -1 = none
+  std::string TscName;              // of the time control; "" for a root node
+  LocalFileNames LocalFiles;
+  std::int32_t PickListTable = 0;  // the number behind "TXI_"; 0 = none
+};
+
+/// The session: one object for the whole program, built from its parts and handed to whoever
+/// needs several of them.
+struct ZV_Proc {
+  explicit ZV_Proc(const Outside& world);
+
+  Outside outside;
+  Settings settings;
+  LanguageTexts texts;
+  TopicTable topics;
+  Countdowns countdowns;
+  Waits waits;
+  Transfer transfer;
+  ReplyLog log;
+  StatusPanels status;
+  Connection connection;
+  ObjectTree tree;
+  Selection selection;
+
+  std::string Text(std::int32_t number) const { return texts.Text(number); }
+};
+
+/// Loads the language file that setting `Language` names. False when there is none; a file that
+/// is there and can't be read is told.
+bool LoadLanguage(ZV_Proc& proc);
+
+/// Makes a node of `proc.tree` the one that everything works on (a click on it in the browser).
+void SelectNode(ZV_Proc& proc, std::size_t node);
+
+}  // namespace zek

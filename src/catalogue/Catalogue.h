@@ -1,0 +1,45 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "app/ZV_Proc.h"
+
+namespace zek {
+
+/// The three catalogues of a time control.
+enum class Catalogue { Sdc, Wdc, Ovc };
+
+/// The name of the selected node's local copy; "" when it has no such catalogue.
+const std::string& LocalFileOf(const Selection& selection, Catalogue catalogue);
+
+/// True when the selected object's catalogues belong to named time controls (its kind is not 1):
+/// their weekday and exception catalogues have a ".DFV" value.
+bool HasNamedControls(const ZV_Proc& proc);
+
+/// Text `number`, and from the second attempt on which one it is: "Hämtar (försök 2 av 3)".
+std::string AttemptText(const ZV_Proc& proc, std::int32_t number, int attempt);
+
+/// Fetches a catalogue of the selected node, or takes its local copy, as settings and user say.
+/// True when `transfer.CatalogueLines` holds the catalogue; the user was told otherwise. A read
+/// that the user cancelled is false without a message.
+bool GetCatalogue(ZV_Proc& proc, Catalogue catalogue);
+
+/// Stores `transfer.CatalogueLines` (and `CatalogueDfv`) as the local copy and, when the user
+/// agrees, sends them to the controller. True when the controller took them, or in local mode.
+bool SaveCatalogue(ZV_Proc& proc, Catalogue catalogue);
+
+/// Loads the selected node's local copy into `proc.transfer`; tells why when it can't.
+bool LoadLocalCopy(ZV_Proc& proc, Catalogue catalogue);
+
+/// Puts a catalogue text by the rules of a local copy into `proc.transfer`. False when it has too
+/// many lines, which was told with `name`.
+bool TakeLocalCopy(ZV_Proc& proc, std::string_view file, const std::string& name);
+
+/// Deletes the selected node's local copy. False when that failed, which was told.
+bool EraseLocalCopy(ZV_Proc& proc, Catalogue catalogue);
+
+/// True when the selected node's local copy exists.
+bool HasLocalCopy(const ZV_Proc& proc, Catalogue catalogue);
+
+}  // namespace zek

@@ -1,0 +1,84 @@
+#include "catalogue/LocalFiles.h"
+
+#include <algorithm>
+
+#include "comm/Transfer.h"
+#include "text/Fields.h"
+#include "text/Lines.h"
+#include "text/Windows1252.h"
+
+namespace zek {
+namespace {
+
+constexpr std::string_view kNotInFileNames = "\\/:*?\"<>|";
+
+bool FitsFileName(char character) {
+  const auto code = static_cast<unsigned char>(character);
+  return code >= 32 && code != 127 && kNotInFileNames.find(character) == std::string_view::npos;
+}
+
+std::string FileName(std::string_view text) {
+  std::string name(text);
+  std::replace_if(
+      name.begin(), name.end(), [](char character) { return !FitsFileName(character); }, '_');
+  return name;
+}
+
+std::string BaseName(const Topic& topic) {
+  std::string base = topic.Address + " " + topic.Description;
+  base.erase(0, std::min(base.find_first_not_of(' '), base.size()));
+  std::replace(base.begin(), base.end(), ':', '_');
+  std::replace(base.begin(), base.end(), '.', '_');
+  if (!base.empty() && base.front() >= '0' && base.front() <= '9') base.insert(0, "f");
+  return base;
+}
+
+}  // namespace
+
+LocalFileNames LocalFilesOf(const Topic& topic, const TreeNode& node) {
+  const std::string base = BaseName(topic);
+  LocalFileNames names;
+  names.SDC = FileName(base + " SDC.TXT");
+  if (topic.TopicType == 1) {
+    names.WDC = FileName(base + " WDC.TXT");
+    names.OVC = FileName(base + " OVC.TXT");
+  } else if (node.IsTimeControl()) {
+    names.WDC = FileName(base + " " + node.TscName + ".TXT");
+    names.OVC = FileName(base + " " + node.TscName + " EXC.TXT");
+  }
+  return names;
+}
+
+std::string LocalPath(const std::string& programPath, std::string_view name) {
+#ifdef _WIN32
+  return programPath + FileName(name);
+#else
+  return programPath + Utf8FromWindows1252(FileName(name));
+#endif
+}
+
+LocalCopy ReadLocalCopy(std::string_view file) {
+  LocalCopy copy;
+  while (!file.empty()) {
+    const std::string_view line = TakeLine(file);
+    if (line.find(".DFV") != std::string_view::npos) {
+      copy.dfv = DfvValue(line);
+    } else if (copy.lines.size() == kMaxCatalogueLines) {
+      copy.tooLong = true;
+      break;
+    } else {
+      copy.lines.emplace_back(line);
+    }
+  }
+  return copy;
+}
+
+std::string BuildLocalCopy(const std::vector<std::string>& lines,
+                           const std::optional<std::string>& dfv) {
+  std::string file;
+  if (dfv) file.append(".DFV = ").append(*dfv).append("\r\n");
+  for (const std::string& line : lines) file.append(line).append("\r\n");
+  return file;
+}
+
+}  // namespace zek

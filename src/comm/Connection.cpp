@@ -1,0 +1,286 @@
+#include "comm/Connection.h"
+
+#include "lang/Message.h"
+#include "lang/TextNumbers.h"
+#include "text/Fields.h"
+#include "text/Numbers.h"
+
+namespace zek {
+namespace {
+
+constexpr int kLinkUpSeconds = 15;  // fixed, whatever "SendTimeOut" says
+constexpr std::string_view kLocalApplication = "ZEK";
+
+std::string DdeApplication(const std::string& computer) {
+  if (computer.empty()) return std::string(kLocalApplication);
+  return "\\\\" + computer + "\\NDDE$";
+}
+
+}  // namespace
+
+Connection::Connection(const ConnectionParts& parts) : p_(parts) {
+  p_.socket.Attach(this);
+  p_.dde.Attach(this);
+}
+
+void Connection::Connect(std::int16_t index) {
+  if (p_.settings.LocalMode || index == CurrentTopic || !p_.topics.Has(index)) return;
+  if (!Disconnect()) return;
+  const std::uint32_t attempt = ++attempt_;
+  Topic& topic = p_.topics[index];
+  p_.status.SetProgress(Text(text::kConnecting) + " " + topic.TopicName);
+  const ShowWaiting waiting(p_.status, Text(text::kWaitConnect));
+  CurrentAddress = topic.Address;
+  PendingTopic = std::to_string(index);
+  reader_.Clear();
+  socketText_.Reset(topic.HasDus);
+  if (p_.settings.TagMode) {
+    OpenTag(topic, index);
+  } else if (topic.IsTcp()) {
+    OpenSocket(topic);
+  } else {
+    OpenDde(topic);
+  }
+  if (attempt == attempt_ && !p_.settings.TagMode) {
+    p_.countdowns.WaitCountdown = TicksOf(kLinkUpSeconds);
+    p_.waits.While([&] {
+      return CurrentTopic == -1 && p_.countdowns.WaitCountdown > 0 && attempt == attempt_ &&
+             CurrentLink().State() != LinkState::Closed;
+    });
+  }
+  if (attempt != attempt_) return;  // another Connect or Disconnect came meanwhile
+  if (CurrentTopic >= 0) {
+    Succeeded(topic);
+  } else {
+    Failed(topic);
+  }
+}
+
+void Connection::OpenSocket(const Topic& topic) {
+  const std::uint32_t attempt = attempt_;
+  const auto sendTimeOut =
+      ReadSeconds(p_.profile, p_.texts, p_.prompts, "TCPIP", "SendTimeOut", "15");
+  const auto pause =
+      ReadSeconds(p_.profile, p_.texts, p_.prompts, "TCPIP", "DelayAfterConnect", "0");
+  if (!sendTimeOut || !pause) return;
+  if (p_.socket.State() != LinkState::Closed) {
+    p_.socket.Close();
+    AwaitClosed(*sendTimeOut);
+  }
+  if (attempt != attempt_) return;
+  p_.socket.Open(
+      {std::string(GetField(topic.Address, 0, ":")), std::string(GetField(topic.Address, 1, ":"))});
+  const double dus = Val(GetField(topic.Address, 2, ":"));
+  if (dus != 0) {
+    AwaitConnected(TicksOf(*sendTimeOut));
+    if (attempt == attempt_) p_.socket.Send("DUS:" + FormatNumber(dus, '.') + "\r");
+  }
+  if (topic.HasDus) {
+    AwaitConnected(TicksOf(*sendTimeOut));
+    if (attempt == attempt_ && p_.socket.State() == LinkState::Connected) OnLinkUp();
+  }
+  if (dus < 1) return;
+  p_.countdowns.AfterConnectCountdown = TicksOf(*pause);
+  p_.waits.While([&] {
+    return p_.countdowns.AfterConnectCountdown > 0 && attempt == attempt_ &&
+           p_.socket.State() == LinkState::Connected;
+  });
+}
+
+void Connection::OpenDde(const Topic& topic) {
+  if (p_.dde.State() != LinkState::Closed) p_.dde.Close();
+  p_.dde.Open({DdeApplication(topic.Address), topic.TopicName});
+}
+
+void Connection::OpenTag(Topic& topic, std::int16_t index) {
+  const std::uint32_t attempt = attempt_;
+  if (!TagOpen()) return;
+  if (!topic.Tag.empty()) {
+    p_.tags.TagWrite(topic.Tag, "2");
+    p_.waits.WaitSeconds(p_.settings.ConnectDelayTime);
+    topic.TagState = 2;
+  }
+  if (attempt != attempt_) return;
+  if (p_.tags.TagWrite(topic.TopicName, "transparent open") != 0) CurrentTopic = index;
+}
+
+void Connection::AwaitConnected(std::int16_t ticks) {
+  const std::uint32_t attempt = attempt_;
+  p_.countdowns.WaitCountdown = ticks;
+  p_.waits.While([&] {
+    return p_.socket.State() == LinkState::Opening && p_.countdowns.WaitCountdown > 0 &&
+           attempt == attempt_;
+  });
+}
+
+void Connection::AwaitClosed(double seconds) {
+  const std::uint32_t attempt = attempt_;
+  const ShowWaiting waiting(p_.status, Text(text::kWaitClose));
+  p_.countdowns.WaitCountdown = TicksOf(seconds);
+  p_.waits.While([&] {
+    return p_.socket.State() != LinkState::Closed && p_.countdowns.WaitCountdown > 0 &&
+           attempt == attempt_;
+  });
+}
+
+void Connection::Succeeded(const Topic& topic) {
+  p_.transfer.Kind = TransferKind::Idle;
+  p_.countdowns.IdleCountdown = p_.settings.DisconnectTicks;
+  p_.status.Connection = topic.Description + " (" + topic.TopicName + ")";
+  p_.status.SetProgress({});
+}
+
+void Connection::Failed(Topic& topic) {
+  std::string what = " Topic '" + topic.TopicName + "'";
+  if (p_.settings.TagMode) {
+    what = " Tag '" + topic.Tag + "'";
+    if (!topic.Tag.empty()) {
+      p_.tags.TagWrite(topic.Tag, "1");
+      p_.waits.WaitSeconds(p_.settings.DisconnectDelayTime);
+      topic.TagState = 1;
+    }
+    p_.tags.Close();
+  } else {
+    CurrentLink().Close();
+  }
+  SettleDisconnected();
+  if (!p_.waits.Stopped()) p_.prompts.Show(Icon::Critical, Text(text::kConnectFailed) + what);
+}
+
+bool Connection::Disconnect() {
+  const std::uint32_t attempt = ++attempt_;
+  if (p_.settings.LocalMode) {
+    CurrentTopic = -1;
+    return true;
+  }
+  if (CurrentTopic >= 0 && p_.settings.TagMode) {
+    if (!CloseTag(p_.topics[CurrentTopic])) return false;
+  } else if (CurrentTopic >= 0 || !PendingTopic.empty()) {
+    CurrentLink().Close();
+    if (CurrentTopic >= 0 && IsTcp()) AwaitClosed(p_.settings.DisconnectDelay);
+  }
+  if (attempt == attempt_) SettleDisconnected();
+  return true;
+}
+
+bool Connection::CloseTag(Topic& topic) {
+  if (p_.tags.TagWrite(topic.TopicName, "transparent close") == 0) {
+    p_.transfer.Kind = TransferKind::Idle;
+    p_.prompts.Show(Icon::Critical, Text(text::kDisconnectFailed));
+    return false;
+  }
+  if (!topic.Tag.empty()) {
+    p_.waits.WaitSeconds(p_.settings.DisconnectDelayTime);
+    p_.tags.TagWrite(topic.Tag, "1");
+    topic.TagState = 1;
+  }
+  p_.tags.Close();
+  return true;
+}
+
+// Nothing that arrives late can set `CurrentTopic` after this.
+void Connection::SettleDisconnected() {
+  p_.countdowns.IdleCountdown = 0;
+  CurrentTopic = -1;
+  PendingTopic.clear();
+  p_.status.Connection = Text(text::kNotConnected);
+  p_.status.Sequence.clear();
+  p_.status.SetProgress({});
+}
+
+bool Connection::TagOpen() {
+  const Profile& profile = p_.profile;
+  return p_.tags.Open(profile.ReadIni("General", "ComputerName", ""),
+                      profile.ReadIni("General", "UserName", ""),
+                      profile.ReadIni("General", "Password", "")) != 0;
+}
+
+void Connection::CloseAllTags() {
+  if (!p_.settings.TagMode || !TagOpen()) return;
+  for (std::int16_t index = 0; index < p_.topics.TopicCount(); ++index) {
+    Topic& topic = p_.topics[index];
+    if (topic.Tag.empty() || topic.TagState == 0) continue;
+    p_.tags.TagWrite(topic.Tag, "0");
+    topic.TagState = 0;
+  }
+  p_.tags.Close();
+}
+
+bool Connection::IsLinkUp() const {
+  if (CurrentTopic < 0) return false;
+  if (p_.settings.TagMode) return true;
+  const Link& link = CurrentLink();
+  return link.State() == LinkState::Connected && link.AllSent();
+}
+
+void Connection::OnLinkText(std::string_view bytes) {
+  if (IsTcp()) {
+    socketText_.Take(bytes,
+                     [this](std::string_view text) { reader_.HandleReplyText(text, *this); });
+    if (socketText_.TakeDropped()) OnTextDropped();
+  } else if (!Sending) {
+    reader_.HandleReplyText(bytes, *this);
+  }
+  p_.status.Sequence = reader_.Sequence();
+  p_.status.Changed();
+}
+
+void Connection::OnLinkUp() {
+  if (!PendingTopic.empty()) CurrentTopic = ToInt16(Val(PendingTopic)).value_or(-1);
+}
+
+void Connection::OnReplyLine(std::string_view line) {
+  ReplyLine = line;
+  if (p_.transfer.Kind != TransferKind::Idle && CurrentTopic >= 0) {
+    p_.status.Dot();
+    p_.transfer.TakeReplyLine(line, p_.countdowns, p_.settings.GetTSCTimeoutTicks);
+  }
+  p_.log.Add(line);
+}
+
+void Connection::OnTextDropped() { p_.log.Add(Text(text::kTextDropped)); }
+
+void Connection::OnLinkClosed() {
+  const bool told = CurrentTopic < 0 || p_.status.Busy > 0;
+  const std::string name = CurrentTopic < 0 ? std::string() : p_.topics[CurrentTopic].TopicName;
+  LinkLost();
+  // A connect that waits, and a transfer, tell of it themselves.
+  if (!told) p_.prompts.Show(Icon::Exclamation, Message(Text(text::kLinkLost), {name}));
+}
+
+void Connection::OnLinkError(const std::string& description) {
+  LinkLost();
+  p_.prompts.Show(Icon::Critical, Message(Text(text::kSocketError), {description}));
+}
+
+void Connection::LinkLost() {
+  ++linkFaults_;
+  p_.countdowns.ReplyCountdown = 0;
+  if (CurrentTopic >= 0) SettleDisconnected();
+}
+
+void Connection::Tick() {
+  p_.countdowns.Tick();
+  TickIdle();
+  if (p_.settings.TagMode && CurrentTopic >= 0) TagReadPoll();
+}
+
+void Connection::TickIdle() {
+  std::int16_t& left = p_.countdowns.IdleCountdown;
+  if (p_.transfer.Kind != TransferKind::Idle) left = 0;
+  if (p_.settings.LocalMode || left == 0 || --left > 0) return;
+  Disconnect();
+  const int seconds = p_.settings.DisconnectTicks / kTicksPerSecond;
+  p_.prompts.Show(Icon::Information, Text(text::kIdleBefore) + " " + std::to_string(seconds) + " " +
+                                         Text(text::kIdleAfter));
+}
+
+void Connection::TagReadPoll() {
+  const std::string reply = p_.tags.TagRead(p_.topics[CurrentTopic].TopicName);
+  if (reply.empty()) return;
+  reader_.HandleReplyText(reply + "\n", *this);
+  p_.status.Sequence = reader_.Sequence();
+  p_.status.Changed();
+}
+
+}  // namespace zek

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+
+#include "app/Settings.h"
+#include "app/Turn.h"
+
+namespace zek {
+
+/// The countdowns of the program in ticks of `Timer_Comm` (200 ms).
+struct Countdowns {
+  std::int16_t IdleCountdown = 0;          // until the automatic disconnection
+  std::int16_t WaitCountdown = 0;          // of a connect, close or first-answer wait
+  std::int16_t AfterConnectCountdown = 0;  // of the pause after a TCP/IP connection was made
+  std::int16_t DelayCountdown = 0;         // of a plain delay
+  std::int16_t ReplyCountdown = 0;         // until a catalogue transfer gives up
+
+  /// Counts all of them but `IdleCountdown` down by one; that one belongs to the connection.
+  void Tick();
+};
+
+/// Seconds as ticks; what a 16-bit countdown can't hold gives the longest one, below 0 gives 0.
+std::int16_t TicksOf(double seconds);
+
+/// The waits of a session. A cancelled read ends all of them until the request is taken back.
+class Waits {
+ public:
+  Waits(Turn& turn, Countdowns& countdowns) : turn_(turn), countdowns_(countdowns) {}
+
+  /// The user no longer wants the running read.
+  bool CancelRequested = false;
+
+  bool Stopped() const { return CancelRequested || turn_.Quitting(); }
+
+  template <class Condition>
+  void While(Condition condition) {
+    WaitWhile(turn_, [&] { return !CancelRequested && condition(); });
+  }
+
+  /// Waits that many seconds, counted in ticks, while events run.
+  void WaitSeconds(std::int16_t seconds) {
+    countdowns_.DelayCountdown = TicksOf(seconds);
+    While([this] { return countdowns_.DelayCountdown > 0; });
+  }
+
+  void RunPending() { turn_.RunPending(); }
+
+ private:
+  Turn& turn_;
+  Countdowns& countdowns_;
+};
+
+}  // namespace zek

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace zek {
+
+/// Of a reply that never ends its line, or a piece that never ends, so many characters are kept.
+inline constexpr std::size_t kLongestReply = 65536;
+
+/// What the reply text holds. Handlers must not feed the reader from inside.
+class ReplyEvents {
+ public:
+  virtual ~ReplyEvents() = default;
+  /// "<TRANSPARENT>" came: the communication server has opened the line to the controller.
+  virtual void OnLinkUp() = 0;
+  /// A complete line without its line end.
+  virtual void OnReplyLine(std::string_view line) = 0;
+  /// A line was longer than `kLongestReply` and lost its beginning; told once until `Clear`.
+  virtual void OnTextDropped() = 0;
+};
+
+/// Cuts reply text into lines: pieces in, events out. Carriage returns and characters 23 (which
+/// the controllers send as fillers) vanish, a line feed ends a line.
+class ReplyReader {
+ public:
+  /// The first five characters of `text` are a four-character sequence number and ">".
+  void HandleReplyText(std::string_view text, ReplyEvents& events);
+
+  /// Forgets what stands without a line end; for a new connection.
+  void Clear();
+
+  /// The sequence number of the last reply text.
+  const std::string& Sequence() const { return sequence_; }
+
+ private:
+  void Keep(std::string_view text, ReplyEvents& events);
+
+  std::string ReplyBuffer;  // the line begun, without carriage returns and characters 23
+  std::string sequence_;
+  bool droppedTold_ = false;
+};
+
+}  // namespace zek

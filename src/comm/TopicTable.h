@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/Profile.h"
+#include "app/Prompts.h"
+#include "app/Settings.h"
+#include "lang/LanguageTexts.h"
+
+namespace zek {
+
+inline constexpr std::size_t kMaxTopics = 300;
+/// The buffer into which section "Topics" is read whole.
+inline constexpr std::size_t kTopicsBuffer = 16384;
+
+/// One controller and how it is reached: a line of section "Topics".
+struct Topic {
+  std::string Description;
+  /// Upper-cased: empty = local DDE; a computer's name = network DDE; HOST:PORT or HOST:PORT:DUS
+  /// = TCP/IP.
+  std::string Address;
+  std::string TopicName;       // upper-cased but in tag mode
+  std::int16_t TopicType = 1;  // 2 = ZEK2, 1 = ZEK1
+  bool ShowInList = false;
+  std::string Tag;
+  std::int16_t TagState = 0;  // 2 after the tag was opened, 1 after it was closed
+  bool HasDus = false;        // the address has a third field
+
+  bool IsTcp() const { return Address.find(':') != std::string::npos; }
+};
+
+/// One entry of section "Topics"; nothing for a comment or an entry without "=".
+std::optional<Topic> ParseTopic(std::string_view entry, bool tagMode);
+
+/// "Description [Address/TopicName]", in the topic list and in the tree.
+std::string TopicText(const Topic& topic);
+
+class TopicTable {
+ public:
+  /// Reads section "Topics". Tells of a section that was cut and of topics left out.
+  void LoadTopics(const Profile& profile, const Settings& settings, const LanguageTexts& texts,
+                  Prompts& prompts);
+
+  std::int16_t TopicCount() const { return static_cast<std::int16_t>(topics_.size()); }
+  bool Has(std::int16_t index) const { return index >= 0 && index < TopicCount(); }
+  const Topic& operator[](std::int16_t index) const { return topics_.at(Place(index)); }
+  Topic& operator[](std::int16_t index) { return topics_.at(Place(index)); }
+
+  /// The index of the topic with that name in any case, or -1.
+  std::int16_t Find(std::string_view name) const;
+
+  /// The indices of the topics that the topic list shows, in its order: sorted by their text
+  /// (with å, ä, ö behind z) or as in the file. Without `DialogMode` it shows none.
+  std::vector<std::int16_t> Listed(const Settings& settings) const;
+
+ private:
+  static std::size_t Place(std::int16_t index) { return static_cast<std::size_t>(index); }
+
+  std::vector<Topic> topics_;
+};
+
+}  // namespace zek

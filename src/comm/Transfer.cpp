@@ -1,0 +1,68 @@
+#include "comm/Transfer.h"
+
+#include "text/Fields.h"
+#include "text/Numbers.h"
+
+namespace zek {
+namespace {
+
+bool Contains(std::string_view line, std::string_view word) {
+  return line.find(word) != std::string_view::npos;
+}
+
+}  // namespace
+
+void Transfer::Collect(TransferKind kind) {
+  Kind = kind;
+  CatalogueLines.clear();
+  CatalogueDfv = ".";
+  DfvKnown = true;
+  ExitSeen = false;
+  ErrorSeen = false;
+}
+
+void Transfer::TakeReplyLine(std::string_view line, Countdowns& countdowns,
+                             std::int16_t timeoutTicks) {
+  switch (Kind) {
+    case TransferKind::ReadSdc:
+    case TransferKind::ReadWdc:
+    case TransferKind::ReadOvc:
+    case TransferKind::ReadWdcExceptions:
+      TakeListingLine(line, countdowns, timeoutTicks);
+      break;
+    case TransferKind::WriteSdc:
+    case TransferKind::WriteWdc:
+    case TransferKind::WriteOvc:
+      if (Contains(line, "\x02") || Contains(line, "ERROR")) Kind = TransferKind::Idle;
+      break;
+    case TransferKind::Idle:
+      break;
+  }
+}
+
+void Transfer::TakeListingLine(std::string_view line, Countdowns& countdowns,
+                               std::int16_t timeoutTicks) {
+  if (Kind != TransferKind::ReadWdcExceptions && Val(GetField(line, 0, "!")) > 0) {
+    if (CatalogueLines.size() >= kMaxCatalogueLines) return;
+    CatalogueLines.emplace_back(line);
+    countdowns.ReplyCountdown = timeoutTicks;
+  }
+  if (Contains(line, ".DFV") && Contains(line, "=")) CatalogueDfv = DfvValue(line);
+  if (Kind == TransferKind::ReadWdc && Contains(line, ".EXC")) {
+    Kind = TransferKind::ReadWdcExceptions;
+  }
+  if (Contains(line, "EXIT")) {
+    ExitSeen = true;
+    Kind = TransferKind::Idle;
+  }
+  if (Contains(line, "ERROR")) {
+    ErrorSeen = true;
+    countdowns.ReplyCountdown = 0;
+  }
+}
+
+std::string DfvValue(std::string_view line) {
+  return std::string(Trim(GetField(GetField(line, 1, "="), 0, "!")));
+}
+
+}  // namespace zek

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "comm/Countdowns.h"
+#include "editors/CatalogueLimits.h"
+
+namespace zek {
+
+/// What the reply handler is doing; the values are those of the catalogue kinds.
+enum class TransferKind : std::int16_t {
+  Idle = 0,
+  ReadSdc = 1,
+  ReadWdc = 2,
+  WriteSdc = 3,
+  WriteWdc = 4,
+  ReadOvc = 5,
+  WriteOvc = 6,
+  ReadWdcExceptions = 7,  // a weekday listing that has reached its ".EXC" part: no line is stored
+};
+
+/// The shared state of catalogue transfers, filled by reply lines while one is running.
+struct Transfer {
+  TransferKind Kind = TransferKind::Idle;  // `TransferKind`
+  /// The numbered lines of a catalogue exactly as received, at most `kMaxCatalogueLines`.
+  std::vector<std::string> CatalogueLines;
+  /// The value of the catalogue's ".DFV" line; "." for none.
+  std::string CatalogueDfv = ".";
+  /// False when the lines came from a local copy that does not tell the controller's value.
+  bool DfvKnown = true;
+
+  bool ExitSeen = false;   // a listing has ended with "EXIT" since `Collect`
+  bool ErrorSeen = false;  // the controller has answered "ERROR" since `Collect`
+
+  std::int16_t CatalogueLineCount() const {
+    return static_cast<std::int16_t>(CatalogueLines.size());
+  }
+
+  /// Empties the catalogue and starts to collect lines of a read.
+  void Collect(TransferKind kind);
+
+  /// Takes one reply line while a transfer is running. Every stored line loads
+  /// `countdowns.ReplyCountdown` with `timeoutTicks` again; "ERROR" in a read sets it to 0.
+  void TakeReplyLine(std::string_view line, Countdowns& countdowns, std::int16_t timeoutTicks);
+
+ private:
+  void TakeListingLine(std::string_view line, Countdowns& countdowns, std::int16_t timeoutTicks);
+};
+
+/// The value of a ".DFV" line: what stands behind the first "=", cut at a second "=" and at the
+/// first "!", without blanks around it.
+std::string DfvValue(std::string_view line);
+
+}  // namespace zek

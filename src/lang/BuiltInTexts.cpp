@@ -1,0 +1,65 @@
+#include "lang/BuiltInTexts.h"
+
+#include <algorithm>
+#include <array>
+
+#include "lang/TextNumbers.h"
+#include "text/Windows1252.h"
+
+namespace zek {
+namespace {
+
+struct BuiltIn {
+  std::int32_t number;
+  std::string_view text;
+};
+
+constexpr auto kBuiltIns = std::to_array<BuiltIn>({
+    {text::kSettingTooLarge,
+     "Värdet i ZEKView.INI är för stort: [%1] %2=%3. Största tillåtna värde är %4."_w1252},
+    {text::kFileFailed, "Filen %1: %2"_w1252},
+    {text::kFileMissing, "filen eller mappen finns inte."_w1252},
+    {text::kFileDenied, "åtkomst nekad."_w1252},
+    {text::kDiskFull, "disken är full."_w1252},
+    {text::kFileReadOnly, "mappen eller disken är skrivskyddad."_w1252},
+    {text::kFileTooLarge, "filen är för stor."_w1252},
+    {text::kTooManyTopics,
+     "Inställningsfilen har fler än %1 förbindelser. %2 har utelämnats."_w1252},
+    {text::kConnecting, "Ansluter till"_w1252},
+    {text::kConnectFailed, "Kan inte ansluta till"_w1252},
+    {text::kDisconnectFailed, "Förbindelsen kunde inte kopplas ner."_w1252},
+    {text::kNotConnected, "Ej ansluten"_w1252},
+    {text::kLinkLost, "Förbindelsen med %1 har brutits."_w1252},
+    {text::kTextDropped,
+     "--- Svaret saknar radslut: mer än 65536 tecken, de äldsta har slängts ---"_w1252},
+    {text::kSocketError, "TCP/IP anslutningsfel (%1)"_w1252},
+    {text::kInvalidTopic, "Ogiltig Topic '%1'!"_w1252},
+    {text::kHostUnknown, "okänd dator"_w1252},
+    {text::kRefused, "förbindelsen nekades"_w1252},
+    {text::kUnreachable, "datorn kan inte nås"_w1252},
+    {text::kPortInvalid, "ogiltig port"_w1252},
+    {text::kTimedOut, "inget svar i tid"_w1252},
+    {text::kNoDde, "DDE finns inte på den här datorn"_w1252},
+    {text::kWaitConnect, "Väntar på förbindelse"_w1252},
+    {text::kWaitClose, "Väntar på nerkoppling"_w1252},
+    {text::kWaitPause, "Paus"_w1252},
+    {text::kWaitAnswer, "Väntar på svar"_w1252},
+    {text::kWaitListing, "Tar emot, %1 rader"_w1252},
+    {text::kSendingLine, "Sänder rad %1 av %2"_w1252},
+    {text::kAttempt, "försök %1 av 3"_w1252},
+    {text::kLocalCopyTooLong, "Filen %1 har fler än %2 rader och kan inte användas."_w1252},
+    {text::kNoSuchCatalogue, "Objektet har ingen egen katalog av det slaget."_w1252},
+    {text::kSending, "Sänder"_w1252},
+});
+
+}  // namespace
+
+std::optional<std::string_view> BuiltInText(std::int32_t number) {
+  const auto* const found =
+      std::find_if(kBuiltIns.begin(), kBuiltIns.end(),
+                   [number](const BuiltIn& each) { return each.number == number; });
+  if (found == kBuiltIns.end()) return std::nullopt;
+  return found->text;
+}
+
+}  // namespace zek

@@ -1,0 +1,15 @@
+#include "text/Lines.h"
+
+#include <algorithm>
+
+namespace zek {
+
+std::string_view TakeLine(std::string_view& text) {
+  const std::size_t end = text.find('\n');
+  std::string_view line = text.substr(0, end);
+  text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+  if (end != std::string_view::npos && line.ends_with('\r')) line.remove_suffix(1);
+  return line;
+}
+
+}  // namespace zek
