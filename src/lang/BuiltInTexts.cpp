@@ -39,7 +39,6 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kUnreachable, "datorn kan inte nås"_w1252},
     {text::kPortInvalid, "ogiltig port"_w1252},
     {text::kTimedOut, "inget svar i tid"_w1252},
-    {text::kNoDde, "DDE finns inte på den här datorn"_w1252},
     {text::kWaitConnect, "Väntar på förbindelse"_w1252},
     {text::kWaitClose, "Väntar på nerkoppling"_w1252},
     {text::kWaitPause, "Paus"_w1252},

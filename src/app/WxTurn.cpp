@@ -1,0 +1,45 @@
+#include "app/WxTurn.h"
+
+#include <wx/app.h>
+#include <wx/evtloop.h>
+
+#include "app/Settings.h"
+
+namespace zek {
+namespace {
+constexpr unsigned long kRestMilliseconds = kTickMilliseconds;  // the next tick ends a rest anyway
+}
+
+void WxTurn::RunPending() {
+  wxTheApp->ProcessPendingEvents();
+  wxEventLoopBase* const loop = wxEventLoopBase::GetActive();
+  while (loop != nullptr && loop->Pending() && loop->Dispatch()) {
+  }
+  wxTheApp->ProcessPendingEvents();
+}
+
+void WxTurn::Once() {
+  wxEventLoopBase* const loop = wxEventLoopBase::GetActive();
+  if (loop == nullptr) {
+    quitting_ = true;
+    return;
+  }
+  ++depth_;
+  wxTheApp->ProcessPendingEvents();
+  loop->DispatchTimeout(kRestMilliseconds);
+  RunPending();
+  --depth_;
+}
+
+void WxTick::Begin() { Start(kTickMilliseconds); }
+
+void WxTick::Notify() {
+  if (waiting_) return;
+  waiting_ = true;
+  posted_.CallAfter([this] {
+    waiting_ = false;
+    tick_();
+  });
+}
+
+}  // namespace zek

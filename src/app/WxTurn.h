@@ -1,0 +1,45 @@
+#pragma once
+
+#include <functional>
+
+#include <wx/event.h>
+#include <wx/timer.h>
+
+#include "app/Turn.h"
+
+namespace zek {
+
+/// The real event loop, with or without a window. Waits must start from inside a running loop.
+class WxTurn final : public Turn {
+ public:
+  void RunPending() override;
+  void Once() override;
+  bool Quitting() const override { return quitting_; }
+
+  /// Ends every wait, now and from now on.
+  void Quit() { quitting_ = true; }
+
+  /// How many waits are running, one inside the other.
+  int Depth() const { return depth_; }
+
+ private:
+  bool quitting_ = false;
+  int depth_ = 0;
+};
+
+/// `Timer_Comm`: calls `tick` every 200 ms, also inside waits. The call is posted as an event: a
+/// handler that waits inside the timer's own call would stop the timer.
+class WxTick final : public wxTimer {
+ public:
+  explicit WxTick(std::function<void()> tick) : tick_(std::move(tick)) {}
+  void Begin();
+
+ private:
+  void Notify() override;
+
+  std::function<void()> tick_;
+  wxEvtHandler posted_;
+  bool waiting_ = false;  // a posted call has not begun yet: no second one piles up behind it
+};
+
+}  // namespace zek

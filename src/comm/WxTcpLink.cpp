@@ -1,0 +1,156 @@
+#include "comm/WxTcpLink.h"
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <sys/socket.h>
+#include <vector>
+
+#include "lang/TextNumbers.h"
+#include "text/Numbers.h"
+#include "text/Windows1252.h"
+
+namespace zek {
+namespace {
+
+constexpr std::size_t kReadSize = std::size_t{64} << 10;
+// One event reads at most so much, so that a flood leaves the window its turn.
+constexpr std::size_t kReadPerEvent = std::size_t{1} << 20;
+constexpr std::size_t kMostUnsent = std::size_t{1} << 20;
+
+std::int32_t TextOfError(int code) {
+  switch (code) {
+    case ECONNREFUSED:
+      return text::kRefused;
+    case ETIMEDOUT:
+      return text::kTimedOut;
+    case EHOSTUNREACH:
+    case ENETUNREACH:
+      return text::kUnreachable;
+    default:
+      return 0;
+  }
+}
+
+int PendingError(const wxSocketBase& socket) {
+  int code = 0;
+  socklen_t size = sizeof code;
+  ::getsockopt(static_cast<int>(socket.GetSocket()), SOL_SOCKET, SO_ERROR, &code, &size);
+  return code;
+}
+
+}  // namespace
+
+WxTcpLink::WxTcpLink(const LanguageTexts& texts) : texts_(texts) {
+  Bind(wxEVT_SOCKET, &WxTcpLink::OnSocket, this);
+}
+
+WxTcpLink::~WxTcpLink() { Drop(); }
+
+void WxTcpLink::Drop() {
+  ++serial_;
+  state_ = LinkState::Closed;
+  unsent_.clear();
+  if (socket_ == nullptr) return;
+  socket_->Notify(false);
+  socket_->Destroy();
+  socket_ = nullptr;
+}
+
+void WxTcpLink::Close() { Drop(); }
+
+void WxTcpLink::Open(const LinkTarget& target) {
+  Drop();
+  state_ = LinkState::Opening;
+  const double port = Val(target.service);
+  wxIPV4address address;
+  if (!IsNumeric(target.service) || port < 1 || port > 65535 ||
+      !address.Service(static_cast<unsigned short>(port))) {
+    FailLater(text::kPortInvalid);
+    return;
+  }
+  if (target.server.empty() || !address.Hostname(wxString::FromUTF8(target.server.c_str()))) {
+    FailLater(text::kHostUnknown);
+    return;
+  }
+  socket_ = new wxSocketClient(wxSOCKET_NOWAIT);  // Destroy() deletes it
+  socket_->SetEventHandler(*this);
+  socket_->SetNotify(wxSOCKET_CONNECTION_FLAG | wxSOCKET_INPUT_FLAG | wxSOCKET_OUTPUT_FLAG |
+                     wxSOCKET_LOST_FLAG);
+  socket_->Notify(true);
+  socket_->Connect(address, false);
+}
+
+// Errors are never reported from inside Open.
+void WxTcpLink::FailLater(std::int32_t textNumber) {
+  CallAfter([this, textNumber, serial = serial_] {
+    if (serial != serial_) return;
+    Drop();
+    Events().OnLinkError(texts_.Text(textNumber));
+  });
+}
+
+bool WxTcpLink::Send(std::string_view bytes) {
+  if (state_ != LinkState::Connected || unsent_.size() + bytes.size() > kMostUnsent) return false;
+  unsent_ += bytes;
+  FlushUnsent();
+  return state_ == LinkState::Connected;
+}
+
+void WxTcpLink::FlushUnsent() {
+  while (!unsent_.empty()) {
+    socket_->Write(unsent_.data(), static_cast<wxUint32>(unsent_.size()));
+    const std::size_t written = socket_->LastWriteCount();
+    if (written == 0) return;  // wxSOCKET_OUTPUT tells when there is room
+    unsent_.erase(0, written);
+  }
+}
+
+void WxTcpLink::OnSocket(wxSocketEvent& event) {
+  if (socket_ == nullptr || event.GetSocket() != socket_) return;
+  switch (event.GetSocketEvent()) {
+    case wxSOCKET_CONNECTION:
+      state_ = LinkState::Connected;
+      break;
+    case wxSOCKET_INPUT:
+      OnInput();
+      break;
+    case wxSOCKET_OUTPUT:
+      FlushUnsent();
+      break;
+    case wxSOCKET_LOST:
+      OnLost();
+      break;
+  }
+}
+
+void WxTcpLink::OnInput() {
+  std::vector<char> bytes(kReadSize);
+  const unsigned serial = serial_;
+  for (std::size_t total = 0; total < kReadPerEvent && serial == serial_;) {
+    socket_->Read(bytes.data(), static_cast<wxUint32>(bytes.size()));
+    const std::size_t count = socket_->LastReadCount();
+    if (count == 0) return;
+    total += count;
+    Events().OnLinkText({bytes.data(), count});
+    if (count < bytes.size()) return;
+  }
+}
+
+void WxTcpLink::OnLost() {
+  const bool opening = state_ == LinkState::Opening;
+  const unsigned serial = serial_;
+  const int code = PendingError(*socket_);
+  if (!opening) OnInput();  // what came before the end still counts
+  if (serial != serial_) return;
+  Drop();
+  if (!opening && code == 0) {
+    Events().OnLinkClosed();
+    return;
+  }
+  const std::int32_t number = TextOfError(code);
+  Events().OnLinkError(number != 0 || code == 0 ? texts_.Text(number != 0 ? number : text::kRefused)
+                                                : Windows1252FromUtf8(std::strerror(code)));
+}
+
+}  // namespace zek

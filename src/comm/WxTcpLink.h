@@ -1,0 +1,42 @@
+#pragma once
+
+#include <string>
+
+#include <wx/event.h>
+#include <wx/socket.h>
+
+#include "comm/Link.h"
+#include "lang/LanguageTexts.h"
+
+namespace zek {
+
+/// A TCP/IP socket as a link. All events come through the event loop of the program.
+class WxTcpLink final : public wxEvtHandler, public Link {
+ public:
+  explicit WxTcpLink(const LanguageTexts& texts);
+  WxTcpLink(const WxTcpLink&) = delete;
+  WxTcpLink& operator=(const WxTcpLink&) = delete;
+  ~WxTcpLink() override;
+
+  void Open(const LinkTarget& target) override;
+  bool Send(std::string_view bytes) override;
+  bool AllSent() const override { return unsent_.empty(); }
+  void Close() override;
+  LinkState State() const override { return state_; }
+
+ private:
+  void OnSocket(wxSocketEvent& event);
+  void OnInput();
+  void OnLost();
+  void FlushUnsent();
+  void FailLater(std::int32_t textNumber);
+  void Drop();
+
+  const LanguageTexts& texts_;
+  wxSocketClient* socket_ = nullptr;  // destroyed by itself, once its events are through
+  LinkState state_ = LinkState::Closed;
+  std::string unsent_;   // handed over, not yet taken by the system
+  unsigned serial_ = 0;  // counts the sockets: events of an older one are late
+};
+
+}  // namespace zek

@@ -1,0 +1,42 @@
+#include "ui/WxPrompts.h"
+
+#include <wx/msgdlg.h>
+
+#include "ui/WxText.h"
+
+namespace zek {
+namespace {
+
+long StyleOf(Icon icon) {
+  switch (icon) {
+    case Icon::Information:
+      return wxICON_INFORMATION;
+    case Icon::Exclamation:
+      return wxICON_EXCLAMATION;
+    case Icon::Critical:
+      return wxICON_ERROR;
+    case Icon::Question:
+      return wxICON_QUESTION;
+    case Icon::None:
+      break;
+  }
+  return wxICON_NONE;  // without it the toolkit chooses an icon of its own
+}
+
+int Ask(long style, const std::string& message, const std::string& caption) {
+  wxMessageDialog box(wxGetActiveWindow(), ToWx(message),
+                      caption.empty() ? "ZekView" : ToWx(caption), style);
+  return box.ShowModal();
+}
+
+}  // namespace
+
+void WxPrompts::Show(Icon icon, const std::string& message, const std::string& caption) {
+  Ask(wxOK | StyleOf(icon), message, caption);
+}
+
+bool WxPrompts::AskYesNo(Icon icon, const std::string& question, const std::string& caption) {
+  return Ask(wxYES_NO | StyleOf(icon), question, caption) == wxID_YES;
+}
+
+}  // namespace zek
