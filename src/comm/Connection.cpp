@@ -4,6 +4,7 @@
 #include "lang/TextNumbers.h"
 #include "text/Fields.h"
 #include "text/Numbers.h"
+#include "text/Windows1252.h"
 
 namespace zek {
 namespace {
@@ -248,9 +249,11 @@ void Connection::OnLinkClosed() {
   if (!told) p_.prompts.Show(Icon::Exclamation, Message(Text(text::kLinkLost), {name}));
 }
 
-void Connection::OnLinkError(const std::string& description) {
+void Connection::OnLinkError(const LinkFault& fault) {
   LinkLost();
-  p_.prompts.Show(Icon::Critical, Message(Text(text::kSocketError), {description}));
+  const std::string reason =
+      fault.textNumber != 0 ? Text(fault.textNumber) : Windows1252FromUtf8(fault.systemMessage);
+  p_.prompts.Show(Icon::Critical, Message(Text(text::kSocketError), {reason}));
 }
 
 void Connection::LinkLost() {

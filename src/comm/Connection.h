@@ -76,7 +76,7 @@ class Connection final : private LinkEvents, private ReplyEvents {
  private:
   void OnLinkText(std::string_view bytes) override;
   void OnLinkClosed() override;
-  void OnLinkError(const std::string& description) override;
+  void OnLinkError(const LinkFault& fault) override;
   void OnLinkUp() override;
   void OnReplyLine(std::string_view line) override;
   void OnTextDropped() override;

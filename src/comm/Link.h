@@ -1,11 +1,18 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace zek {
 
 enum class LinkState { Closed, Opening, Connected, Closing };
+
+/// Why a link failed.
+struct LinkFault {
+  std::int32_t textNumber = 0;  // of the language text that says so; 0: only the system's words
+  std::string systemMessage;    // the system's own words, UTF-8
+};
 
 /// What a link reports. Calls come from the event loop, never from inside Open, Send or Close.
 class LinkEvents {
@@ -14,8 +21,8 @@ class LinkEvents {
   virtual void OnLinkText(std::string_view bytes) = 0;
   /// The other side closed the link, after the last text; the state is Closed.
   virtual void OnLinkClosed() = 0;
-  /// Opening failed or the link broke; the state is Closed. The description is windows-1252.
-  virtual void OnLinkError(const std::string& description) = 0;
+  /// Opening failed or the link broke; the state is Closed.
+  virtual void OnLinkError(const LinkFault& fault) = 0;
 };
 
 /// Where a link leads. TCP/IP: host and port; DDE: application ("ZEK" or "\\PLANT2\NDDE$") and

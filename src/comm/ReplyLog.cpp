@@ -38,6 +38,7 @@ void ReplyLog::Add(std::string_view line) {
   }
   AppendShown(entry, line);
   lines_.push_back(std::move(entry));
+  if (Echo) Echo(lines_.back());
   ++added_;
 }
 

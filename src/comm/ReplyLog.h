@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -12,6 +13,9 @@ class ReplyLog {
  public:
   /// A reply line makes the log drop its first line when it then holds more than this.
   static constexpr std::size_t kLines = 250;
+
+  /// Told of every line as it is shown, also of those that many others push out at once.
+  std::function<void(const std::string& shown)> Echo;
 
   /// Adds a reply line: characters below 32 as "<" code ">", all others as they are.
   void Add(std::string_view line);

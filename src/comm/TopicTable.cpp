@@ -57,10 +57,9 @@ void TopicTable::LoadTopics(const Profile& profile, const Settings& settings,
     }
   }
   if (section.cut) {
-    prompts.Show(Icon::Exclamation, texts.Text(text::kTopicsCut) + "\r\n" +
-                                        std::to_string(section.length) + " (>" +
-                                        std::to_string(kTopicsBuffer - 2) + ")\r\n" +
-                                        texts.Text(text::kTopicsCutAdvice));
+    prompts.Show(Icon::Exclamation,
+                 texts.Text(text::kTopicsCut) + "\r\n" + std::to_string(section.length) + " (>" +
+                     std::to_string(kTopicsBuffer) + ")\r\n" + texts.Text(text::kTopicsCutAdvice));
   }
   if (leftOut > 0) {
     prompts.Show(Icon::Exclamation, Message(texts.Text(text::kTooManyTopics),

@@ -8,7 +8,6 @@
 
 #include "lang/TextNumbers.h"
 #include "text/Numbers.h"
-#include "text/Windows1252.h"
 
 namespace zek {
 namespace {
@@ -41,9 +40,7 @@ int PendingError(const wxSocketBase& socket) {
 
 }  // namespace
 
-WxTcpLink::WxTcpLink(const LanguageTexts& texts) : texts_(texts) {
-  Bind(wxEVT_SOCKET, &WxTcpLink::OnSocket, this);
-}
+WxTcpLink::WxTcpLink() { Bind(wxEVT_SOCKET, &WxTcpLink::OnSocket, this); }
 
 WxTcpLink::~WxTcpLink() { Drop(); }
 
@@ -86,7 +83,7 @@ void WxTcpLink::FailLater(std::int32_t textNumber) {
   CallAfter([this, textNumber, serial = serial_] {
     if (serial != serial_) return;
     Drop();
-    Events().OnLinkError(texts_.Text(textNumber));
+    Events().OnLinkError({textNumber, {}});
   });
 }
 
@@ -148,9 +145,9 @@ void WxTcpLink::OnLost() {
     Events().OnLinkClosed();
     return;
   }
-  const std::int32_t number = TextOfError(code);
-  Events().OnLinkError(number != 0 || code == 0 ? texts_.Text(number != 0 ? number : text::kRefused)
-                                                : Windows1252FromUtf8(std::strerror(code)));
+  // A refused connect has no pending error any more: the toolkit has taken it.
+  const std::int32_t number = code == 0 ? text::kRefused : TextOfError(code);
+  Events().OnLinkError({number, code == 0 ? std::string() : std::strerror(code)});
 }
 
 }  // namespace zek

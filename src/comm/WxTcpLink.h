@@ -6,14 +6,13 @@
 #include <wx/socket.h>
 
 #include "comm/Link.h"
-#include "lang/LanguageTexts.h"
 
 namespace zek {
 
 /// A TCP/IP socket as a link. All events come through the event loop of the program.
 class WxTcpLink final : public wxEvtHandler, public Link {
  public:
-  explicit WxTcpLink(const LanguageTexts& texts);
+  WxTcpLink();
   WxTcpLink(const WxTcpLink&) = delete;
   WxTcpLink& operator=(const WxTcpLink&) = delete;
   ~WxTcpLink() override;
@@ -32,7 +31,6 @@ class WxTcpLink final : public wxEvtHandler, public Link {
   void FailLater(std::int32_t textNumber);
   void Drop();
 
-  const LanguageTexts& texts_;
   wxSocketClient* socket_ = nullptr;  // destroyed by itself, once its events are through
   LinkState state_ = LinkState::Closed;
   std::string unsent_;   // handed over, not yet taken by the system

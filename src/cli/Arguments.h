@@ -1,0 +1,35 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "catalogue/Catalogue.h"
+
+namespace zek::cli {
+
+/// The exit status of the command line program.
+enum ExitStatus { kDone = 0, kFailed = 1, kWrongUsage = 2 };
+
+/// The command line: options of the program first, then a command with its own.
+struct Arguments {
+  std::optional<std::string> dir;  // --dir, the system's encoding
+  std::optional<std::string> ini;  // --ini
+  std::string command;
+  std::vector<std::string> operands;  // UTF-8
+  bool local = false;                 // get --local
+  bool noSend = false;                // put --no-send
+  bool rebuild = false;               // check --rebuild
+  bool help = false;
+  std::string error;  // what is wrong with it; empty when nothing is
+};
+
+Arguments ParseArguments(const std::vector<std::string>& arguments);
+
+/// "wdc", "sdc" or "ovc" in any case.
+std::optional<Catalogue> CatalogueOf(const std::string& kind);
+
+/// The usage text.
+std::string Usage();
+
+}  // namespace zek::cli

@@ -1,0 +1,35 @@
+#include "cli/CliPrompts.h"
+
+#include "text/Lines.h"
+#include "text/Windows1252.h"
+
+namespace zek::cli {
+namespace {
+
+// One line a message: the blank lines of a message box would only tear it apart.
+std::string OnOneLine(std::string_view message) {
+  std::string joined;
+  while (!message.empty()) {
+    const std::string_view line = TakeLine(message);
+    if (line.empty()) continue;
+    if (!joined.empty()) joined += ' ';
+    joined += line;
+  }
+  return Utf8FromWindows1252(joined);
+}
+
+}  // namespace
+
+void CliPrompts::Show(Icon icon, const std::string& message, const std::string& /*caption*/) {
+  if (icon == Icon::Exclamation || icon == Icon::Critical) ++refusals;
+  err_ << OnOneLine(message) << '\n' << std::flush;
+}
+
+bool CliPrompts::AskYesNo(Icon /*icon*/, const std::string& question,
+                          const std::string& /*caption*/) {
+  ++asked;
+  err_ << OnOneLine(question) << (answerYes ? " [yes]" : " [no]") << '\n' << std::flush;
+  return answerYes;
+}
+
+}  // namespace zek::cli

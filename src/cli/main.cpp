@@ -1,0 +1,120 @@
+// zekview-cli: the catalogues without a window, for scripts and scheduled jobs.
+
+#include <filesystem>
+#include <iostream>
+#include <unistd.h>
+
+#include <wx/app.h>
+#include <wx/evtloop.h>
+#include <wx/log.h>
+#include <wx/socket.h>
+#include <wx/stdpaths.h>
+
+#include "app/DiskFiles.h"
+#include "app/FileProfile.h"
+#include "app/WxTurn.h"
+#include "cli/Commands.h"
+#include "comm/WithoutWindows.h"
+#include "comm/WxTcpLink.h"
+#include "text/Windows1252.h"
+
+namespace zek::cli {
+namespace {
+
+// Shows what a transfer waits for on one line of the terminal, written over by the next.
+class TerminalProgress {
+ public:
+  explicit TerminalProgress(StatusPanels& status) : status_(status) {
+    if (::isatty(STDERR_FILENO) == 0) return;
+    shows_ = true;
+    status_.Changed = [this] { Show(); };
+  }
+  TerminalProgress(const TerminalProgress&) = delete;
+  TerminalProgress& operator=(const TerminalProgress&) = delete;
+  ~TerminalProgress() {
+    if (!shows_) return;
+    status_.Changed = [] {};
+    if (!last_.empty()) std::cerr << "\r\x1B[K" << std::flush;
+  }
+
+ private:
+  void Show() {
+    std::string text = status_.Transfer.empty() ? status_.Progress : status_.Transfer;
+    if (!status_.Waiting.empty()) text += "  " + status_.Waiting;
+    if (text == last_) return;
+    last_ = text;
+    std::cerr << '\r' << Utf8FromWindows1252(text) << "\x1B[K" << std::flush;
+  }
+
+  StatusPanels& status_;
+  bool shows_ = false;
+  std::string last_;
+};
+
+class Application final : public wxAppConsole {
+ public:
+  explicit Application(Arguments arguments) : arguments_(std::move(arguments)) {}
+
+  // Waits must start from inside the running loop, so the command begins as its first event.
+  int OnRun() override {
+    CallAfter([this] {
+      status_ = Run();
+      ExitMainLoop();
+    });
+    wxAppConsole::OnRun();
+    return status_;
+  }
+
+ private:
+  ExitStatus Run() {
+    const std::string programPath =
+        WithSeparator(arguments_.dir ? *arguments_.dir : ExecutableDirectory());
+    if (!std::filesystem::is_directory(programPath)) {
+      std::cerr << "zekview-cli: no directory " << programPath << '\n';
+      return kWrongUsage;
+    }
+    const std::string iniPath = arguments_.ini ? WithSeparator(*arguments_.ini) : programPath;
+    DiskFiles files;
+    FileProfile profile(files, iniPath + "ZEKView.INI");
+    WxTurn turn;
+    CliPrompts prompts(std::cerr);
+    WithoutDde dde;
+    WithoutTags tags;
+    WxTcpLink socket;
+    ZV_Proc proc({files, profile, turn, prompts, socket, dde, tags});
+    proc.settings.ProgramPath = programPath;
+    proc.settings.IniPath = iniPath;
+    WxTick tick([&proc] { proc.connection.Tick(); });
+    tick.Begin();
+    const TerminalProgress progress(proc.status);
+    Console console{proc, prompts, std::cin, std::cout, std::cerr};
+    const ExitStatus started = StartSession(console);
+    return started == kDone ? RunCommand(console, arguments_) : started;
+  }
+
+  static std::string ExecutableDirectory() {
+    return std::filesystem::read_symlink("/proc/self/exe").parent_path().string();
+  }
+
+  Arguments arguments_;
+  ExitStatus status_ = kFailed;
+};
+
+}  // namespace
+}  // namespace zek::cli
+
+int main(int argc, char** argv) {
+  zek::cli::Arguments arguments =
+      zek::cli::ParseArguments(std::vector<std::string>(argv + 1, argv + argc));
+  if (arguments.help) {
+    std::cout << zek::cli::Usage();
+    return zek::cli::kDone;
+  }
+  if (!arguments.error.empty()) {
+    std::cerr << "zekview-cli: " << arguments.error << "\n\n" << zek::cli::Usage();
+    return zek::cli::kWrongUsage;
+  }
+  wxApp::SetInstance(new zek::cli::Application(std::move(arguments)));  // the toolkit deletes it
+  int noArguments = 1;  // ours are parsed already; the toolkit would convert them by the locale
+  return wxEntry(noArguments, argv);
+}

@@ -1,0 +1,204 @@
+#include <gtest/gtest.h>
+
+#include "comm/Connection.h"
+#include "support/TestSession.h"
+
+namespace zek {
+namespace {
+
+using Shown = std::vector<std::string>;
+constexpr std::int16_t kOne = 0;    // TCP/IP, no DUS
+constexpr std::int16_t kTwo = 1;    // TCP/IP, DUS 3
+constexpr std::int16_t kLocal = 2;  // DDE
+constexpr std::int16_t kNet = 3;    // network DDE
+
+class ConnectionTest : public ::testing::Test, protected test::TestSession {
+ protected:
+  ConnectionTest() {
+    socket.onConnected = [this] { socket.Say("<TRANSPARENT>"); };
+  }
+
+  Connection& connection = proc.connection;
+};
+
+TEST_F(ConnectionTest, TransparentServerBringsTheLinkUp) {
+  connection.Connect(kOne);
+  EXPECT_EQ(connection.CurrentTopic, kOne);
+  EXPECT_EQ(socket.opened.back().server, "127.0.0.1");
+  EXPECT_EQ(socket.opened.back().service, "5100");
+  EXPECT_EQ(socket.sent, "");
+  EXPECT_EQ(proc.status.Connection, "First (ONE)");
+  EXPECT_EQ(proc.countdowns.IdleCountdown, 300);
+  connection.Connect(kOne);
+  EXPECT_EQ(socket.opened.size(), 1U) << "the connected topic is not opened again";
+}
+
+TEST_F(ConnectionTest, DusIsSentOnceTheSocketIsConnected) {
+  socket.onConnected = [] {};
+  socket.openMilliseconds = 3000;
+  connection.Connect(kTwo);
+  EXPECT_EQ(connection.CurrentTopic, kTwo);
+  EXPECT_EQ(socket.sent, "DUS:3\r");
+}
+
+TEST_F(ConnectionTest, PausesAfterConnectingWithADusNumber) {
+  profile.WriteIni("TCPIP", "DelayAfterConnect", "4");
+  connection.Connect(kTwo);
+  EXPECT_GE(turn.Now(), 4000);
+  EXPECT_EQ(connection.CurrentTopic, kTwo);
+}
+
+TEST_F(ConnectionTest, FailuresAreToldAndLeaveNothingOpen) {
+  socket.onConnected = [] {};  // connected, but the server never opens the line
+  connection.Connect(kOne);
+  EXPECT_EQ(connection.CurrentTopic, -1);
+  EXPECT_EQ(prompts.shown, Shown{"c T512 Topic 'ONE'"});
+  EXPECT_EQ(socket.State(), LinkState::Closed);
+  EXPECT_NEAR(static_cast<double>(turn.Now()), 15'000, 300);
+
+  prompts.shown.clear();
+  socket.reachable = false;
+  connection.Connect(kTwo);
+  EXPECT_EQ(prompts.shown, (Shown{"c T517", "c T512 Topic 'TWO'"}));
+
+  prompts.shown.clear();
+  socket.silent = true;
+  const auto start = turn.Now();
+  profile.WriteIni("TCPIP", "SendTimeOut", "2");
+  connection.Connect(kTwo);
+  EXPECT_EQ(prompts.shown, Shown{"c T512 Topic 'TWO'"});
+  EXPECT_NEAR(static_cast<double>(turn.Now() - start), 2000 + 2000 + 15'000, 700);
+}
+
+TEST_F(ConnectionTest, AnEarlierLineCannotLinkUpLate) {
+  socket.onConnected = [this] { socket.Say("<TRANSPARENT>", 16'000); };
+  connection.Connect(kOne);
+  turn.After(5000, [] {});
+  proc.waits.WaitSeconds(5);
+  EXPECT_EQ(connection.CurrentTopic, -1);
+}
+
+TEST_F(ConnectionTest, ALaterConnectEndsAnEarlierOne) {
+  socket.onConnected = [] {};
+  dde.onConnected = [this] { dde.Say("0000><TRANSPARENT>"); };
+  turn.After(1000, [this] { connection.Connect(kLocal); });
+  connection.Connect(kOne);
+  EXPECT_EQ(connection.CurrentTopic, kLocal);
+  EXPECT_TRUE(prompts.shown.empty()) << prompts.shown.front();
+}
+
+TEST_F(ConnectionTest, DdeTargets) {
+  dde.onConnected = [this] { dde.Say("0000><TRANSPARENT>"); };
+  connection.Connect(kLocal);
+  EXPECT_EQ(dde.opened.back().server, "ZEK");
+  EXPECT_EQ(dde.opened.back().service, "LOC");
+  connection.Connect(kNet);
+  EXPECT_EQ(dde.opened.back().server, "\\\\PLANT2\\NDDE$");
+  EXPECT_EQ(connection.CurrentTopic, kNet);
+}
+
+TEST_F(ConnectionTest, DdeCommandsArePokedWithTheirReturnBehind) {
+  dde.onConnected = [this] { dde.Say("0000><TRANSPARENT>"); };
+  connection.Connect(kLocal);
+  dde.onSent = [this](std::string_view bytes) {
+    if (bytes == "{13}") dde.Say("0001>answer\r\n", 500);
+  };
+  connection.SendCommand("LIST");
+  EXPECT_EQ(dde.sent, "LIST{13}");
+  EXPECT_EQ(connection.ReplyLine, "answer");
+  dde.sent.clear();
+  connection.SendCommand("\x05");
+  EXPECT_EQ(dde.sent, "\x05");
+}
+
+TEST_F(ConnectionTest, CommandsEndInOneReturnUnlessControl) {
+  connection.Connect(kOne);
+  socket.onSent = [this](std::string_view) { socket.Say("0001>ok\r\n\xFF"); };
+  const std::pair<std::string, std::string> cases[] = {
+      {"LIST", "LIST\r"}, {"", "\r"}, {"x\x1F", "x\x1F\r"}, {"\x05", "\x05"}, {"a\r", "a\r"}};
+  for (const auto& [command, bytes] : cases) {
+    socket.sent.clear();
+    EXPECT_TRUE(connection.SendCommand(command));
+    EXPECT_EQ(socket.sent, bytes);
+  }
+}
+
+TEST_F(ConnectionTest, ASilentControllerCostsTenSeconds) {
+  connection.Connect(kOne);
+  const auto start = turn.Now();
+  EXPECT_TRUE(connection.SendCommand("x"));
+  EXPECT_EQ(connection.ReplyLine, "");
+  EXPECT_NEAR(static_cast<double>(turn.Now() - start), 10'000, 250);
+  EXPECT_TRUE(prompts.shown.empty());
+}
+
+TEST_F(ConnectionTest, AServerThatHangsUpIsToldAndForgotten) {
+  connection.Connect(kOne);
+  socket.HangUp();
+  proc.waits.WaitSeconds(1);
+  EXPECT_EQ(connection.CurrentTopic, -1);
+  EXPECT_EQ(prompts.shown, Shown{"x T515"});
+  EXPECT_FALSE(connection.SendCommand("x"));
+  connection.Connect(kOne);
+  EXPECT_EQ(connection.CurrentTopic, kOne);
+}
+
+TEST_F(ConnectionTest, IdleTimeDisconnectsAndEveryCommandRestartsIt) {
+  connection.Connect(kOne);
+  proc.waits.WaitSeconds(50);
+  connection.SendCommand("x");  // silent: ten seconds of the next sixty
+  proc.waits.WaitSeconds(45);
+  EXPECT_EQ(connection.CurrentTopic, kOne);
+  proc.waits.WaitSeconds(10);
+  EXPECT_EQ(connection.CurrentTopic, -1);
+  EXPECT_EQ(prompts.shown, Shown{"i T62 60 T63"});
+}
+
+TEST_F(ConnectionTest, LocalModeTouchesNoLink) {
+  proc.settings.LocalMode = true;
+  connection.Connect(kOne);
+  EXPECT_FALSE(connection.SendCommand("x"));
+  EXPECT_TRUE(connection.Disconnect());
+  EXPECT_TRUE(socket.opened.empty());
+  EXPECT_EQ(connection.CurrentTopic, -1);
+}
+
+TEST_F(ConnectionTest, TagModeOpensAndClosesInOrder) {
+  proc.settings.TagMode = true;
+  proc.settings.ConnectDelayTime = 2;
+  proc.settings.DisconnectDelayTime = 3;
+  connection.Connect(kNet);
+  EXPECT_EQ(connection.CurrentTopic, kNet);
+  EXPECT_EQ(turn.Now(), 2000);
+  tags.replies = {"", "0001>text"};
+  EXPECT_TRUE(connection.SendCommand("LIST"));
+  proc.waits.WaitSeconds(1);
+  EXPECT_EQ(connection.ReplyLine, "text");
+  EXPECT_TRUE(connection.Disconnect());
+  EXPECT_EQ(tags.calls, (Shown{"Open  ", "NETTAG=2", "NET=transparent open", "NET=LIST\r",
+                               "NET=transparent close", "NETTAG=1", "Close"}));
+  tags.calls.clear();
+  connection.CloseAllTags();
+  EXPECT_EQ(tags.calls, (Shown{"Open  ", "NETTAG=0", "Close"}));
+}
+
+TEST_F(ConnectionTest, TagModeFailures) {
+  proc.settings.TagMode = true;
+  tags.refused = {"transparent open"};
+  connection.Connect(kNet);
+  EXPECT_EQ(connection.CurrentTopic, -1);
+  EXPECT_EQ(prompts.shown, Shown{"c T512 Tag 'NETTAG'"});
+  EXPECT_EQ(tags.calls.back(), "Close");
+  EXPECT_EQ(proc.topics[kNet].TagState, 1);
+
+  tags.refused = {"transparent close"};
+  connection.Connect(kNet);
+  proc.transfer.Kind = TransferKind::ReadSdc;
+  EXPECT_FALSE(connection.Disconnect());
+  EXPECT_EQ(connection.CurrentTopic, kNet);
+  EXPECT_EQ(proc.transfer.Kind, TransferKind::Idle);
+  EXPECT_EQ(prompts.shown.back(), "c T513");
+}
+
+}  // namespace
+}  // namespace zek

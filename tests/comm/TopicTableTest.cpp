@@ -1,0 +1,61 @@
+#include <gtest/gtest.h>
+
+#include "comm/TopicTable.h"
+#include "support/TestSession.h"
+
+namespace zek {
+namespace {
+
+TEST(TopicTable, ParsesEntries) {
+  const auto topic = ParseTopic("ahu1=yes,type2x, plant2 ,Skola \xE5,Tag.1,x=z", false);
+  ASSERT_TRUE(topic);
+  EXPECT_EQ(topic->TopicName, "AHU1");
+  EXPECT_TRUE(topic->ShowInList);
+  EXPECT_EQ(topic->TopicType, 2);
+  EXPECT_EQ(topic->Address, "PLANT2");
+  EXPECT_EQ(topic->Description, "Skola \xE5");
+  EXPECT_EQ(topic->Tag, "Tag.1");
+  EXPECT_FALSE(topic->IsTcp());
+  EXPECT_EQ(ParseTopic("ahu1=", true)->TopicName, "ahu1");
+  EXPECT_FALSE(ParseTopic(";x=1", false));
+  EXPECT_FALSE(ParseTopic("no equals", false));
+  EXPECT_TRUE(ParseTopic("a=1,1,h:1:0", false)->HasDus);
+  EXPECT_FALSE(ParseTopic("a=0,1,h:1:", false)->HasDus);
+}
+
+TEST(TopicTable, ListsByModeAndSwedishOrder) {
+  test::TestSession session;
+  session.files.files["/ini/ZEKView.INI"] =
+      "[General]\nDisconnectTime=60\nGetTSCTimeout=5\nDialogMode=Default\n"
+      "[Topics]\nA=1,1,,\xD6st\nB=YES,1,,\xE5ker\nC=no,1,,Norr\nD=1,1,,zon\n";
+  session.Load("");
+  EXPECT_EQ(session.proc.topics.Listed(session.proc.settings),
+            (std::vector<std::int16_t>{3, 1, 0}));
+  session.proc.settings.TopicComboIndex = 1;
+  session.proc.settings.DialogMode = 2;
+  EXPECT_EQ(session.proc.topics.Listed(session.proc.settings),
+            (std::vector<std::int16_t>{0, 1, 2, 3}));
+  session.proc.settings.DialogMode = 0;
+  EXPECT_TRUE(session.proc.topics.Listed(session.proc.settings).empty());
+}
+
+TEST(TopicTable, TellsOfACutSectionAndOfTooManyTopics) {
+  test::TestSession session;
+  std::string topics = "[Topics]\n";
+  for (int i = 0; i < 303; ++i) topics += "T" + std::to_string(i) + "=1\n";
+  session.files.files["/ini/ZEKView.INI"] = topics;
+  session.prompts.shown.clear();
+  session.proc.topics.LoadTopics(session.profile, session.proc.settings, session.proc.texts,
+                                 session.prompts);
+  EXPECT_EQ(session.proc.topics.TopicCount(), 300);
+  EXPECT_EQ(session.prompts.shown, std::vector<std::string>{"x T510"});
+
+  session.files.files["/ini/ZEKView.INI"] = "[Topics]\nA=" + std::string(20'000, 'x') + "\n";
+  session.proc.topics.LoadTopics(session.profile, session.proc.settings, session.proc.texts,
+                                 session.prompts);
+  EXPECT_EQ(session.prompts.shown.back(), "x T408\r\n16382 (>16384)\r\nT409");
+  EXPECT_EQ(session.proc.topics.TopicCount(), 1);
+}
+
+}  // namespace
+}  // namespace zek

@@ -1,0 +1,67 @@
+#include <gtest/gtest.h>
+
+#include "comm/Transfer.h"
+
+namespace zek {
+namespace {
+
+constexpr std::int16_t kTimeout = 25;
+
+struct LineCase {
+  TransferKind kind;
+  std::string line;
+  TransferKind after;
+  int stored;
+  int countdown;  // from 7
+  const char* dfv;
+};
+
+TEST(Transfer, TakesReplyLines) {
+  using enum TransferKind;
+  const LineCase cases[] = {
+      {ReadSdc, "12!07:00!20:00", ReadSdc, 1, kTimeout, "."},
+      {ReadSdc, "0!x", ReadSdc, 0, 7, "."},
+      {ReadSdc, "header", ReadSdc, 0, 7, "."},
+      {ReadSdc, "-3!x", ReadSdc, 0, 7, "."},
+      {ReadWdc, "  12 .EXC", ReadWdcExceptions, 1, kTimeout, "."},
+      {ReadOvc, "AHU1.EXC", ReadOvc, 0, 7, "."},
+      {ReadWdcExceptions, "12!x", ReadWdcExceptions, 0, 7, "."},
+      {ReadWdcExceptions, "an EXITED door", Idle, 0, 7, "."},
+      {ReadWdc, ".DFV =  21.5 !comment", ReadWdc, 0, 7, "21.5"},
+      {ReadWdc, "A.DFV=1=2", ReadWdc, 0, 7, "1"},
+      {ReadWdc, "LIST A.DFV", ReadWdc, 0, 7, "."},
+      {ReadWdc, "?ERROR 5", ReadWdc, 0, 0, "."},
+      {ReadWdc, "error", ReadWdc, 0, 7, "."},
+      {WriteWdc, "12!x", WriteWdc, 0, 7, "."},
+      {WriteWdc, "a\x02", Idle, 0, 7, "."},
+      {WriteOvc, "xERRORx", Idle, 0, 7, "."},
+      {Idle, "12!x EXIT", Idle, 0, 7, "."},
+  };
+  for (const LineCase& each : cases) {
+    Transfer transfer;
+    Countdowns countdowns;
+    countdowns.ReplyCountdown = 7;
+    transfer.Collect(each.kind);
+    transfer.TakeReplyLine(each.line, countdowns, kTimeout);
+    EXPECT_EQ(transfer.Kind, each.after) << each.line;
+    EXPECT_EQ(transfer.CatalogueLineCount(), each.stored) << each.line;
+    EXPECT_EQ(countdowns.ReplyCountdown, each.countdown) << each.line;
+    EXPECT_EQ(transfer.CatalogueDfv, each.dfv) << each.line;
+  }
+}
+
+TEST(Transfer, KeepsTheFirst201Lines) {
+  Transfer transfer;
+  Countdowns countdowns;
+  transfer.Collect(TransferKind::ReadSdc);
+  for (int i = 1; i <= 202; ++i) {
+    countdowns.ReplyCountdown = 3;
+    transfer.TakeReplyLine(std::to_string(i) + "!x", countdowns, kTimeout);
+  }
+  EXPECT_EQ(transfer.CatalogueLineCount(), 201);
+  EXPECT_EQ(transfer.CatalogueLines.back(), "201!x");
+  EXPECT_EQ(countdowns.ReplyCountdown, 3) << "a line that is not stored does not prolong the wait";
+}
+
+}  // namespace
+}  // namespace zek

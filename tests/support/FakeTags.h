@@ -1,0 +1,42 @@
+#pragma once
+
+#include <deque>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "comm/TagServer.h"
+
+namespace zek::test {
+
+/// A tag server that notes every call; the values in `refused` can't be written.
+class FakeTags final : public TagServer {
+ public:
+  std::vector<std::string> calls;
+  std::set<std::string> refused;
+  bool opens = true;
+  std::deque<std::string> replies;
+
+  bool Create() override { return true; }
+  std::int16_t Open(const std::string& computer, const std::string& user,
+                    const std::string& /*password*/) override {
+    calls.push_back("Open " + computer + " " + user);
+    return opens ? std::int16_t{-1} : std::int16_t{0};
+  }
+  std::int16_t TagWrite(const std::string& tag, const std::string& value) override {
+    calls.push_back(tag + "=" + value);
+    return refused.contains(value) ? std::int16_t{0} : std::int16_t{1};
+  }
+  std::string TagRead(const std::string& /*tag*/) override {
+    if (replies.empty()) return {};
+    std::string reply = replies.front();
+    replies.pop_front();
+    return reply;
+  }
+  std::int16_t Close() override {
+    calls.emplace_back("Close");
+    return 1;
+  }
+};
+
+}  // namespace zek::test

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "app/Files.h"
+
+namespace zek::test {
+
+/// A disk in memory that can be told to fail.
+class MemoryFiles final : public Files {
+ public:
+  std::map<std::string, std::string> files;
+  std::optional<FileError::Reason> failWrites;
+  std::optional<FileError::Reason> failReads;
+
+  bool Exists(const std::string& path) const override { return files.contains(path); }
+
+  FileContent Read(const std::string& path) const override {
+    if (failReads) return {{}, FileError{path, *failReads, "read failed"}};
+    const auto file = files.find(path);
+    if (file == files.end()) return {{}, FileError{path, FileError::Reason::Missing, "missing"}};
+    return {file->second, std::nullopt};
+  }
+
+  std::optional<FileError> Write(const std::string& path, std::string_view bytes) override {
+    if (failWrites) return FileError{path, *failWrites, "write failed"};
+    files[path] = bytes;
+    return std::nullopt;
+  }
+
+  std::optional<FileError> Remove(const std::string& path) override {
+    if (failWrites) return FileError{path, *failWrites, "remove failed"};
+    files.erase(path);
+    return std::nullopt;
+  }
+
+  std::vector<std::string> List(const std::string& directory) const override {
+    std::vector<std::string> names;
+    for (const auto& [path, bytes] : files) {
+      if (path.starts_with(directory)) names.push_back(path.substr(directory.size()));
+    }
+    return names;
+  }
+};
+
+}  // namespace zek::test

@@ -1,0 +1,88 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "comm/Link.h"
+#include "support/VirtualTurn.h"
+
+namespace zek::test {
+
+/// A link in virtual time. What it reports comes as an event, as from a real one.
+class MemoryLink final : public Link {
+ public:
+  explicit MemoryLink(VirtualTurn& turn) : turn_(turn) {}
+
+  bool reachable = true;  // false: opening fails at once
+  bool silent = false;    // opening never ends
+  int openMilliseconds = 20;
+  bool takesBytes = true;  // false: Send fails
+  std::vector<LinkTarget> opened;
+  std::string sent;                           // all bytes, of all connections
+  std::function<void()> onConnected = [] {};  // the peer's greeting
+  std::function<void(std::string_view)> onSent = [](std::string_view) {};
+
+  void Open(const LinkTarget& target) override {
+    opened.push_back(target);
+    state_ = LinkState::Opening;
+    const unsigned serial = ++serial_;
+    if (silent) return;
+    turn_.After(openMilliseconds, [this, serial] {
+      if (serial != serial_) return;
+      if (!reachable) {
+        Fail();
+        return;
+      }
+      state_ = LinkState::Connected;
+      onConnected();
+    });
+  }
+
+  bool Send(std::string_view bytes) override {
+    if (state_ != LinkState::Connected || !takesBytes) return false;
+    sent += bytes;
+    onSent(bytes);
+    return true;
+  }
+
+  bool AllSent() const override { return true; }
+
+  void Close() override {
+    ++serial_;
+    state_ = LinkState::Closed;
+  }
+
+  LinkState State() const override { return state_; }
+
+  // What the peer does, after `milliseconds`.
+  void Say(std::string bytes, int milliseconds = 10) {
+    turn_.After(milliseconds, [this, serial = serial_, bytes = std::move(bytes)] {
+      if (serial == serial_) Events().OnLinkText(bytes);
+    });
+  }
+  void HangUp(int milliseconds = 10) {
+    turn_.After(milliseconds, [this, serial = serial_] {
+      if (serial != serial_) return;
+      Close();
+      Events().OnLinkClosed();
+    });
+  }
+  void Break(int milliseconds = 10) {
+    turn_.After(milliseconds, [this, serial = serial_] {
+      if (serial == serial_) Fail();
+    });
+  }
+
+ private:
+  void Fail() {
+    Close();
+    Events().OnLinkError({0, "broken"});
+  }
+
+  VirtualTurn& turn_;
+  LinkState state_ = LinkState::Closed;
+  unsigned serial_ = 0;
+};
+
+}  // namespace zek::test

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "app/Prompts.h"
+
+namespace zek::test {
+
+/// Message boxes that are answered beforehand; `shown` holds what a user would have read, each
+/// after the letter of its icon (n i x c q) and, for questions, "?".
+class ScriptedPrompts final : public Prompts {
+ public:
+  std::vector<std::string> shown;
+  std::deque<bool> answers;  // to the questions in their order; No when there is none left
+
+  using Prompts::Show;
+  void Show(Icon icon, const std::string& message, const std::string& /*caption*/) override {
+    shown.push_back(std::string(1, Letter(icon)) + " " + message);
+  }
+
+  bool AskYesNo(Icon icon, const std::string& question, const std::string& /*caption*/) override {
+    shown.push_back(std::string(1, Letter(icon)) + "? " + question);
+    if (answers.empty()) return false;
+    const bool answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+
+ private:
+  static char Letter(Icon icon) { return "nixcq"[static_cast<int>(icon)]; }
+};
+
+}  // namespace zek::test

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <string>
+
+#include "app/FileProfile.h"
+#include "app/ZV_Proc.h"
+#include "support/FakeTags.h"
+#include "support/MemoryFiles.h"
+#include "support/MemoryLink.h"
+#include "support/ScriptedPrompts.h"
+#include "support/VirtualTurn.h"
+
+namespace zek::test {
+
+/// A whole session in memory and virtual time, with one ZEK1 object (ONE, no DUS) and one ZEK2
+/// object (TWO, DUS 3). Texts show their number: "T422".
+class TestSession {
+ public:
+  explicit TestSession(const std::string& general = "") {
+    files.files["/ini/ZEKView.INI"] =
+        "[General]\r\nDisconnectTime=60\r\nGetTSCTimeout=5\r\nAlwaysUseDSS=no\r\n"
+        "AlwaysUseLocal=no\r\nDialogMode=ALL\r\n" +
+        general +
+        "[GetDelay]\r\nDelayA=1\r\nDelayB=1\r\nDelayD=1\r\n"
+        "[Topics]\r\nONE=YES,1,127.0.0.1:5100,First\r\nTWO=YES,2,127.0.0.1:5100:3,Second\r\n"
+        "LOC=YES,1,,Local DDE\r\nNET=no,1,PLANT2,Network DDE,NETTAG\r\n"
+        "[ONE]\r\nAHU1=Plant 1/DUC 1/Heating;2\r\n"
+        "[TWO]\r\nTSC1=Plant 2/DUC 3/Air\r\nPLT7=Plant 2/DUC 3/Light;1\r\n";
+    proc.settings.ProgramPath = "/zek/";
+    proc.settings.IniPath = "/ini/";
+    std::string language;
+    for (int number = 0; number < 700; ++number) {
+      language += std::to_string(number) + "=T" + std::to_string(number) + "\r\n";
+    }
+    proc.texts.Read(language);
+    Load("");
+    turn.tick = [this] { proc.connection.Tick(); };
+  }
+
+  // Start-up with that command line.
+  void Load(std::string_view commandLine) {
+    LoadSettings(proc.settings, commandLine, profile, proc.texts, prompts);
+    proc.topics.LoadTopics(profile, proc.settings, proc.texts, prompts);
+    proc.tree = BuildObjectTree(proc.topics, profile, proc.texts, prompts);
+  }
+
+  void Select(std::string_view node) {
+    SelectNode(proc, FindNode(proc.tree, proc.topics, node).value());
+  }
+
+  MemoryFiles files;
+  FileProfile profile{files, "/ini/ZEKView.INI"};
+  VirtualTurn turn;
+  ScriptedPrompts prompts;
+  MemoryLink socket{turn};
+  MemoryLink dde{turn};
+  FakeTags tags;
+  ZV_Proc proc{Outside{files, profile, turn, prompts, socket, dde, tags}};
+};
+
+}  // namespace zek::test
