@@ -15,7 +15,7 @@ start_plant() {
   local directory="$1" port
   exec {plant_output}< <(exec build/bin/zekview-sim --port 0 --plant "$directory/plant" --keep)
   plant=$!
-  trap 'kill "$plant" 2>/dev/null || true' EXIT
+  trap 'kill "$plant" 2>/dev/null && wait "$plant" || true' EXIT
   read -r -t 20 port <&"$plant_output" || die "The simulated plant did not start."
   [[ $port =~ ([0-9]+)$ ]] || die "The simulated plant gave no port: $port"
   LC_ALL=C sed -i -E "s/127\.0\.0\.1:[0-9]+/127.0.0.1:${BASH_REMATCH[1]}/" "$directory/ZEKView.INI"
