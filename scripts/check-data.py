@@ -86,6 +86,7 @@ def main():
     names = subprocess.run(["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard",
                             "--", "data"], cwd=ROOT, capture_output=True, check=True).stdout
     paths = [pathlib.Path(name) for name in sorted(names.decode().split("\0")) if name]
+    paths = [path for path in paths if not path.name.startswith(".") and (ROOT / path).is_file()]
     findings, languages = [], {}
     for path in paths:
         lines = read_lines(ROOT / path, findings)
