@@ -1,5 +1,7 @@
+#include <array>
 #include <gtest/gtest.h>
 #include <limits>
+#include <utility>
 
 #include "text/Numbers.h"
 
@@ -7,7 +9,7 @@ namespace zek {
 namespace {
 
 TEST(Numbers, ValReadsTheLeadingNumber) {
-  const std::pair<const char*, double> cases[] = {
+  const auto cases = std::to_array<std::pair<const char*, double>>({
       {"", 0},        {"abc", 0},
       {"  12!x", 12}, {"-3.5", -3.5},
       {"+7", 7},      {"1.2.3", 1.2},
@@ -19,7 +21,7 @@ TEST(Numbers, ValReadsTheLeadingNumber) {
       {"21,5", 21},   {"+-5", 0},
       {".", 0},       {"-", 0},
       {"1e-999", 0},  {"1e999", std::numeric_limits<double>::max()},
-  };
+  });
   for (const auto& [text, value] : cases) EXPECT_EQ(Val(text), value) << text;
 }
 
@@ -35,7 +37,7 @@ TEST(Numbers, ToInt16RoundsHalfToEvenAndRefusesTheRest) {
 }
 
 TEST(Numbers, FormatKeepsSevenDigits) {
-  const std::pair<double, const char*> cases[] = {
+  const auto cases = std::to_array<std::pair<double, const char*>>({
       {0, "0"},
       {-0.0, "0"},
       {21, "21"},
@@ -47,7 +49,7 @@ TEST(Numbers, FormatKeepsSevenDigits) {
       {999999, "999999"},
       {0.00001, "1E-05"},
       {1.0 / 3, "0.3333333"},
-  };
+  });
   for (const auto& [value, text] : cases) EXPECT_EQ(FormatNumber(value, '.'), text);
   EXPECT_EQ(FormatNumber(21.5, ','), "21,5");
 }

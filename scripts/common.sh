@@ -1,0 +1,31 @@
+# What the scripts share; sourced with the project root as the current directory.
+# shellcheck shell=bash
+
+die() {
+  echo "$*" >&2
+  exit 1
+}
+
+# A clone may belong to another user than the one who builds (containers, CI): git would refuse.
+export GIT_CONFIG_COUNT=1 GIT_CONFIG_KEY_0=safe.directory GIT_CONFIG_VALUE_0="$PWD"
+
+# The files of the work tree that match, new ones included; each ends in NUL.
+worktree_files() {
+  local file
+  git ls-files -z --cached --others --exclude-standard -- "$@" |
+    while IFS= read -r -d '' file; do
+      if [[ -f "$file" ]]; then printf '%s\0' "$file"; fi
+    done
+}
+
+# Configures build/PRESET when it is not, or when the presets changed since. Changes of the
+# CMakeLists.txt files are noticed by the build itself.
+configure() {
+  local preset="$1" launcher=()
+  if [[ -f "build/$preset/build.ninja" && "build/$preset/configured" -nt CMakePresets.json ]]; then
+    return
+  fi
+  if command -v ccache >/dev/null; then launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache); fi
+  cmake --preset "$preset" "${launcher[@]}"
+  touch "build/$preset/configured"
+}

@@ -1,0 +1,22 @@
+# The demonstration: a program directory of its own and a simulated plant; sourced.
+# shellcheck shell=bash
+
+# Lays out DIRECTORY as a program directory: languages, settings and the plant. What is newer there
+# stays, so that a demonstration goes on where the last one ended.
+prepare_demo() {
+  local directory="$1"
+  mkdir -p "$directory"
+  cp -ru data/lang/zek_lang.* data/demo/. "$directory/"
+}
+
+# Starts the plant in DIRECTORY on a free port, writes the port into the settings there, and stops
+# the plant again when the script ends.
+start_plant() {
+  local directory="$1" port
+  exec {plant_output}< <(exec build/bin/zekview-sim --port 0 --plant "$directory/plant" --keep)
+  plant=$!
+  trap 'kill "$plant" 2>/dev/null && wait "$plant" || true' EXIT
+  read -r -t 20 port <&"$plant_output" || die "The simulated plant did not start."
+  [[ $port =~ ([0-9]+)$ ]] || die "The simulated plant gave no port: $port"
+  LC_ALL=C sed -i -E "s/127\.0\.0\.1:[0-9]+/127.0.0.1:${BASH_REMATCH[1]}/" "$directory/ZEKView.INI"
+}

@@ -1,0 +1,43 @@
+#!/usr/bin/env bash
+# Checks what can be checked without running anything, and goes on after a finding so that one run
+# shows them all.
+set -euo pipefail
+# shellcheck source=scripts/common.sh
+source scripts/common.sh
+
+check_format() {
+  worktree_files '*.cpp' '*.h' | xargs -0 clang-format --dry-run -Werror
+}
+
+# Not in files that are bytes of their own (.gitattributes): there a blank or a tab can be data.
+check_whitespace() {
+  local files found=0
+  mapfile -d '' -t files < <(worktree_files '*.cpp' '*.h' '*.cmake' '*CMakeLists.txt' '*.json' \
+    '*.py' '*.sh' '*.md' '*.supp' 'scripts/*.txt' dev .ci/run '.clang-*' '.git*')
+  grep -nE '[[:space:]]$' "${files[@]}" && { echo "^ trailing blanks"; found=1; }
+  grep -nP '\t' "${files[@]}" && { echo "^ tabs"; found=1; }
+  return "$found"
+}
+
+check_scripts() {
+  worktree_files '*.sh' dev .ci/run | xargs -0 shellcheck --external-sources
+}
+
+check_data() {
+  scripts/check-data.py
+}
+
+check_tidy() {
+  configure release >/dev/null &&
+    cmake --build --preset release --target build.ninja >/dev/null && # new files join the build
+    scripts/tidy.py build/release
+}
+
+scripts/setup.sh
+failed=()
+for check in format whitespace scripts data tidy; do
+  echo "lint: $check"
+  "check_$check" || failed+=("$check")
+done
+[[ ${#failed[@]} -eq 0 ]] || die "lint found something in: ${failed[*]}"
+echo "lint: clean"

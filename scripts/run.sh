@@ -1,0 +1,18 @@
+#!/usr/bin/env bash
+# run.sh [OPTION...]: opens ZekView, with these options, on a simulated plant of its own. Its
+# program directory build/demo is kept: local copies and changes at the plant are there next time.
+set -euo pipefail
+# shellcheck source=scripts/common.sh
+source scripts/common.sh
+# shellcheck source=scripts/demo.sh
+source scripts/demo.sh
+
+if [[ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]]; then
+  echo "There is no display: ZekView takes its tour on a screen in memory instead."
+  exec scripts/tour.sh build/tour
+fi
+
+scripts/build.sh
+prepare_demo build/demo
+start_plant build/demo
+build/bin/zekview --dir "$PWD/build/demo/" "$@"

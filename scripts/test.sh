@@ -1,0 +1,37 @@
+#!/usr/bin/env bash
+# test.sh [--asan|--debug] [FILTER]: builds and runs the tests on a screen of their own. The last
+# line is "N passed, N failed"; nothing run at all is a failure.
+set -euo pipefail
+# shellcheck source=scripts/common.sh
+source scripts/common.sh
+
+preset=release
+filter=()
+for argument in "$@"; do
+  case "$argument" in
+    --asan | --debug) preset="${argument#--}" ;;
+    -*) die "./dev test knows no option '$argument'." ;;
+    *) filter=(--tests-regex "$argument") ;;
+  esac
+done
+
+counts="0 passed, 1 failed"  # unless the tests say otherwise
+trap 'echo "$counts"' EXIT
+
+scripts/build.sh "$preset"
+
+if [[ $preset == asan ]]; then
+  export ASAN_OPTIONS=detect_leaks=1:detect_stack_use_after_return=1:strict_string_checks=1
+  export LSAN_OPTIONS="suppressions=$PWD/scripts/lsan.supp:print_suppressions=0"
+  export UBSAN_OPTIONS=print_stacktrace=1
+fi
+
+report="$PWD/build/$preset/tests.xml"
+rm -f "$report"
+status=0
+scripts/headless.sh ctest --test-dir "build/$preset" --output-on-failure --no-tests=error \
+  --parallel "$(nproc)" --timeout 300 --output-junit "$report" "${filter[@]}" </dev/null ||
+  status=$?
+counts="$(scripts/test-counts.py "$report")" || status=1
+[[ $status -eq 0 || $counts != *" 0 failed" ]] || counts="${counts% 0 failed} 1 failed"
+exit "$status"

@@ -1,0 +1,80 @@
+#!/usr/bin/env python3
+"""tidy.py BUILD: runs clang-tidy over every file that the build in BUILD compiles.
+
+A file that was clean is left out until it, a header of ours that it includes, its compiler command
+or .clang-tidy changes: .cache/tidy holds an empty file named by the hash of all that.
+"""
+import concurrent.futures
+import hashlib
+import json
+import os
+import pathlib
+import re
+import subprocess
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+CACHE = ROOT / ".cache" / "tidy"
+INCLUDE_FOLDERS = [ROOT / "src", ROOT / "tests", ROOT / "bench"]
+INCLUDE = re.compile(rb'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
+# The commands are GCC's: clang must neither stumble over options that it lacks nor add its own
+# warnings to those that the compiler has already judged.
+EXTRA = ["--extra-arg=-Wno-unknown-warning-option", "--extra-arg=-Wno-ignored-optimization-argument",
+         "--extra-arg=-Wno-error"]
+
+
+def headers_of(file):
+    for name in INCLUDE.findall(file.read_bytes()):
+        for folder in [file.parent, *INCLUDE_FOLDERS]:
+            candidate = (folder / name.decode()).resolve()
+            if candidate.is_file():
+                yield candidate
+                break
+
+
+def with_headers(file):
+    found, left = {file}, [file]
+    while left:
+        for header in headers_of(left.pop()):
+            if header not in found:
+                found.add(header)
+                left.append(header)
+    return sorted(found)
+
+
+def key_of(entry, settings):
+    digest = hashlib.sha256(settings)
+    digest.update(entry["command"].encode())
+    for path in with_headers(pathlib.Path(entry["file"])):
+        digest.update(hashlib.sha256(path.read_bytes()).digest())
+    return digest.hexdigest()
+
+
+def check(build, entry, key):
+    result = subprocess.run(["clang-tidy", "--quiet", "-p", build, *EXTRA, entry["file"]], cwd=ROOT,
+                            stdin=subprocess.DEVNULL, capture_output=True, text=True, check=False)
+    if result.returncode == 0:
+        (CACHE / key).touch()
+        return ""
+    return result.stdout + result.stderr
+
+
+def main():
+    build = sys.argv[1]
+    entries = json.loads((ROOT / build / "compile_commands.json").read_text())
+    version = subprocess.run(["clang-tidy", "--version"], capture_output=True, check=True).stdout
+    settings = version + (ROOT / ".clang-tidy").read_bytes() + " ".join(EXTRA).encode()
+    CACHE.mkdir(parents=True, exist_ok=True)
+    keys = [(entry, key_of(entry, settings)) for entry in entries]
+    changed = [(entry, key) for entry, key in keys if not (CACHE / key).exists()]
+    findings = 0
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        for output in pool.map(lambda pair: check(build, *pair), changed):
+            if output:
+                findings += 1
+                print(output, flush=True)
+    print(f"clang-tidy: {len(changed)} of {len(keys)} files checked, {findings} with findings")
+    return 1 if findings else 0
+
+
+sys.exit(main())

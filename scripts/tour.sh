@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# tour.sh DIRECTORY: ZekView shows itself on a screen in memory: it opens the browser, fetches a
+# weekday catalogue from a simulated plant over TCP/IP, opens its editor, and leaves its pictures
+# in DIRECTORY.
+set -euo pipefail
+# shellcheck source=scripts/common.sh
+source scripts/common.sh
+# shellcheck source=scripts/demo.sh
+source scripts/demo.sh
+
+pictures="$1"
+program_directory=build/tour/program  # afresh each time, so that the pictures are the same
+
+scripts/build.sh
+rm -rf "$program_directory"
+mkdir -p "$pictures"
+rm -f "$pictures"/*.png
+prepare_demo "$program_directory"
+start_plant "$program_directory"
+scripts/headless.sh timeout 300 build/bin/zekview --dir "$PWD/$program_directory/" \
+  --tour "$PWD/$pictures" </dev/null || die "The tour ended with an error."
+
+shopt -s nullglob
+taken=("$pictures"/*.png)
+[[ ${#taken[@]} -gt 0 ]] || die "The tour took no pictures."
+echo "The tour's screenshots:"
+printf '  %s\n' "${taken[@]}"
