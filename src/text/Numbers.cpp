@@ -16,6 +16,19 @@ struct Leading {
   std::size_t length = 0;  // of the text that was used, leading blanks included
 };
 
+constexpr std::ptrdiff_t kExactDigits = 15;  // so many digits a double holds exactly
+
+// Digits alone, which is what most fields of a catalogue line hold; much faster than the rest.
+const char* TakeDigits(const char* first, const char* last, double& value) {
+  std::int64_t digits = 0;
+  const char* at = first;
+  for (; at != last && at - first < kExactDigits && *at >= '0' && *at <= '9'; ++at) {
+    digits = digits * 10 + (*at - '0');
+  }
+  value = static_cast<double>(digits);
+  return at;
+}
+
 Leading LeadingNumber(std::string_view text) {
   const std::size_t start = std::min(text.find_first_not_of(' '), text.size());
   const char* first = text.data() + start;
@@ -25,6 +38,12 @@ Leading LeadingNumber(std::string_view text) {
   // from_chars would also read "inf" and "nan", which no controller means as a number.
   if (first == last || !((*first >= '0' && *first <= '9') || *first == '.')) return {};
   double magnitude = 0;
+  const char* const digitsEnd = TakeDigits(first, last, magnitude);
+  const bool more = digitsEnd != last && (*digitsEnd == '.' || *digitsEnd == 'e' ||
+                                          *digitsEnd == 'E' || (*digitsEnd >= '0' && *digitsEnd <= '9'));
+  if (!more) {
+    return {negative ? -magnitude : magnitude, static_cast<std::size_t>(digitsEnd - text.data())};
+  }
   const auto [end, error] = std::from_chars(first, last, magnitude);
   if (error == std::errc::invalid_argument) return {};
   if (error == std::errc::result_out_of_range) {
@@ -66,6 +85,12 @@ double ParseNumber(std::string_view text) {
 std::string FormatNumber(double value, char decimalSeparator) {
   if (value == 0) return "0";  // also for -0
   std::array<char, 32> digits{};
+  constexpr double sevenDigits = 1e7;
+  if (std::fabs(value) < sevenDigits && value == std::trunc(value)) {
+    const auto whole = std::to_chars(digits.data(), digits.data() + digits.size(),
+                                     static_cast<std::int64_t>(value));
+    return {digits.data(), whole.ptr};
+  }
   const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value,
                                           std::chars_format::general, 7);
   std::string text(digits.data(), end);
