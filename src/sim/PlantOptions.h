@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace zek::sim {
+
+/// The command line of the simulated plant.
+struct PlantOptions {
+  std::uint16_t port = 0;  // 0 takes a free one
+  std::string folder = "data/demo/plant";
+  bool keep = false;     // write changes back
+  bool verbose = false;  // traffic to standard error
+  bool help = false;
+  std::string error;  // "" or what is wrong with the command line
+};
+
+/// Reads the arguments without the program's own name.
+PlantOptions ReadPlantOptions(const std::vector<std::string>& arguments);
+
+/// What "--help" prints.
+std::string PlantUsage();
+
+}  // namespace zek::sim

@@ -1,0 +1,73 @@
+// The simulated plant as a program.
+
+#include <csignal>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <wx/app.h>
+
+#include "sim/PlantFolder.h"
+#include "sim/PlantOptions.h"
+#include "sim/PlantServer.h"
+
+namespace {
+
+using zek::sim::PlantOptions;
+
+constexpr int kWrongUsage = 2;
+
+int Fail(const std::string& message) {
+  std::fprintf(stderr, "zekview-sim: %s\n", message.c_str());
+  return kWrongUsage;
+}
+
+void EndOnSignal(int /*signal*/) { wxAppConsole::GetInstance()->ExitMainLoop(); }
+
+class PlantApp : public wxAppConsole {
+ public:
+  PlantApp(zek::sim::Plant plant, PlantOptions options)
+      : plant_(std::move(plant)), options_(std::move(options)) {}
+
+  bool OnInit() override {  // the toolkit's own command line is not ours
+#ifdef __UNIX__
+    SetSignalHandler(SIGINT, EndOnSignal);
+    SetSignalHandler(SIGTERM, EndOnSignal);
+#endif
+    return true;
+  }
+
+  int OnRun() override {
+    zek::sim::PlantServer server(plant_, options_);
+    if (!server.Listen()) {
+      return Fail("port " + std::to_string(options_.port) + " on 127.0.0.1 is not to be had");
+    }
+    std::printf("%d\n", server.Port());
+    std::fflush(stdout);
+    return wxAppConsole::OnRun();
+  }
+
+ private:
+  zek::sim::Plant plant_;
+  PlantOptions options_;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  PlantOptions options = zek::sim::ReadPlantOptions({argv + 1, argv + argc});
+  if (!options.error.empty()) return Fail(options.error + " (--help shows the options)");
+  if (options.help) {
+    std::fputs(zek::sim::PlantUsage().c_str(), stdout);
+    return 0;
+  }
+  zek::sim::LoadedPlant loaded = zek::sim::LoadPlant(options.folder);
+  if (!loaded.error.empty()) return Fail(loaded.error);
+  // The toolkit deletes it when it is done.
+  auto app = std::make_unique<PlantApp>(std::move(loaded.plant), std::move(options));
+  wxAppConsole::SetInstance(app.release());
+  int toolkitArguments = 1;
+  return wxEntry(toolkitArguments, argv);
+}
