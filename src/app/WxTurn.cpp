@@ -11,11 +11,11 @@ constexpr unsigned long kRestMilliseconds = kTickMilliseconds;  // the next tick
 }
 
 void WxTurn::RunPending() {
-  wxTheApp->ProcessPendingEvents();
+  wxAppConsole::GetInstance()->ProcessPendingEvents();
   wxEventLoopBase* const loop = wxEventLoopBase::GetActive();
   while (loop != nullptr && loop->Pending() && loop->Dispatch()) {
   }
-  wxTheApp->ProcessPendingEvents();
+  wxAppConsole::GetInstance()->ProcessPendingEvents();
 }
 
 void WxTurn::Once() {
@@ -25,7 +25,7 @@ void WxTurn::Once() {
     return;
   }
   ++depth_;
-  wxTheApp->ProcessPendingEvents();
+  wxAppConsole::GetInstance()->ProcessPendingEvents();
   loop->DispatchTimeout(kRestMilliseconds);
   RunPending();
   --depth_;

@@ -114,7 +114,8 @@ int main(int argc, char** argv) {
     std::cerr << "zekview-cli: " << arguments.error << "\n\n" << zek::cli::Usage();
     return zek::cli::kWrongUsage;
   }
-  wxApp::SetInstance(new zek::cli::Application(std::move(arguments)));  // the toolkit deletes it
+  wxAppConsole::SetInstance(
+      new zek::cli::Application(std::move(arguments)));  // the toolkit deletes it
   int noArguments = 1;  // ours are parsed already; the toolkit would convert them by the locale
   return wxEntry(noArguments, argv);
 }

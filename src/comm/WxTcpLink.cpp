@@ -98,7 +98,11 @@ void WxTcpLink::FlushUnsent() {
   while (!unsent_.empty()) {
     socket_->Write(unsent_.data(), static_cast<wxUint32>(unsent_.size()));
     const std::size_t written = socket_->LastWriteCount();
-    if (written == 0) return;  // wxSOCKET_OUTPUT tells when there is room
+    if (written == 0) {
+      // Room is told by wxSOCKET_OUTPUT; a broken connection is told by nothing else.
+      if (socket_->LastError() != wxSOCKET_WOULDBLOCK) FailLater(text::kConnectionBroken);
+      return;
+    }
     unsent_.erase(0, written);
   }
 }

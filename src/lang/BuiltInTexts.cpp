@@ -38,6 +38,7 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kRefused, "förbindelsen nekades"_w1252},
     {text::kUnreachable, "datorn kan inte nås"_w1252},
     {text::kPortInvalid, "ogiltig port"_w1252},
+    {text::kConnectionBroken, "förbindelsen bröts"_w1252},
     {text::kTimedOut, "inget svar i tid"_w1252},
     {text::kWaitConnect, "Väntar på förbindelse"_w1252},
     {text::kWaitClose, "Väntar på nerkoppling"_w1252},

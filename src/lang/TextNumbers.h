@@ -71,6 +71,7 @@ inline constexpr std::int32_t kRefused = 520;
 inline constexpr std::int32_t kUnreachable = 521;
 inline constexpr std::int32_t kPortInvalid = 522;
 inline constexpr std::int32_t kTimedOut = 523;
+inline constexpr std::int32_t kConnectionBroken = 524;
 // What a wait waits for
 inline constexpr std::int32_t kWaitConnect = 530;
 inline constexpr std::int32_t kWaitClose = 531;
