@@ -16,7 +16,7 @@ struct BuiltIn {
 
 constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kSettingTooLarge,
-     "Värdet i ZEKView.INI är för stort: [%1] %2=%3. Största tillåtna värde är %4."_w1252},
+     "Värdet i ZEKView.INI är för stort: [%1] %2: %3. Största tillåtna värde är %4."_w1252},
     {text::kFileFailed, "Filen %1: %2"_w1252},
     {text::kFileMissing, "filen eller mappen finns inte."_w1252},
     {text::kFileDenied, "åtkomst nekad."_w1252},
