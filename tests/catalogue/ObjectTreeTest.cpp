@@ -65,7 +65,7 @@ TEST(LocalFiles, NamesStayInTheirDirectory) {
        "f10_0_0_1_5_3 Skola WDC.TXT", "f10_0_0_1_5_3 Skola OVC.TXT"},
       {"Skola", "", 2, "TSC1", "Skola SDC.TXT", "Skola TSC1.TXT", "Skola TSC1 EXC.TXT"},
       {"Skola", "", 2, nullptr, "Skola SDC.TXT", "", ""},
-      {"../../etc/x", "PC", 1, "X", "PC ______etc_x SDC.TXT", "PC ____etc_x WDC.TXT",
+      {"../../etc/x", "PC", 1, "X", "PC ______etc_x SDC.TXT", "PC ______etc_x WDC.TXT",
        "PC ______etc_x OVC.TXT"},
       {"a*?\"<>|\x01", "", 2, "..\\b/", "a_______ SDC.TXT", "a_______ .._b_.TXT",
        "a_______ .._b_ EXC.TXT"},
