@@ -10,7 +10,8 @@
 namespace zek::cli {
 namespace {
 
-constexpr std::int16_t kSilenceTicks = 1 * kTicksPerSecond;  // a second without a line ends `send`
+// A whole second without a line ends `send`: the first tick may come at once.
+constexpr std::int16_t kSilenceTicks = kTicksPerSecond + 1;
 
 ExitStatus Refuse(Console& console, const std::string& why) {
   console.err << "zekview-cli: " << why << '\n';
@@ -52,7 +53,8 @@ ExitStatus Send(Console& console, const std::string& topicName, const std::strin
     console.out << Utf8FromWindows1252(line) << '\n';
   };
   const bool sent = proc.connection.SendCommand(Windows1252FromUtf8(text));
-  if (sent) proc.waits.WaitSeconds(1);
+  proc.countdowns.DelayCountdown = sent ? kSilenceTicks : std::int16_t{0};
+  proc.waits.While([&proc] { return proc.countdowns.DelayCountdown > 0; });
   proc.log.Echo = nullptr;
   proc.connection.Disconnect();
   if (!answered) console.err << "zekview-cli: no answer from " << topicName << '\n';
