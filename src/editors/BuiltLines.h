@@ -11,7 +11,7 @@
 
 namespace zek {
 
-/// Why a table could not be turned into catalogue lines: a text number (EditorTextNumbers.h) and
+/// Why a table could not be turned into catalogue lines: a text number (lang/TextNumbers.h) and
 /// what stands in its places %1 to %3.
 struct BuildError {
   std::int32_t text = 0;

@@ -1,7 +1,7 @@
 #include "editors/SaveWithRetry.h"
 
-#include "editors/EditorTextNumbers.h"
 #include "lang/Message.h"
+#include "lang/TextNumbers.h"
 
 namespace zek {
 namespace {

@@ -50,6 +50,15 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kLocalCopyTooLong, "Filen %1 har fler än %2 rader och kan inte användas."_w1252},
     {text::kNoSuchCatalogue, "Objektet har ingen egen katalog av det slaget."_w1252},
     {text::kSending, "Sänder"_w1252},
+    {text::kLinesLost,
+     "Antal rader i katalogen som inte kunde läsas: %1. De finns inte kvar när katalogen har sparats. Spara ändå?"_w1252},
+    {text::kLinesLostTitle, "Spara katalogen"_w1252},
+    {text::kCatalogueFull,
+     "En katalog kan ha högst %1 rader, och %2 får inte plats. Inget har sparats."_w1252},
+    {text::kLineNumberTooLarge,
+     "Radnumret %1 är för stort, det största tillåtna är %2. Inget har sparats."_w1252},
+    {text::kValueTooLong,
+     "Värdet %1 (%2) är för långt, högst %3 tecken får plats. Inget har sparats."_w1252},
 });
 
 }  // namespace

@@ -39,8 +39,9 @@ Leading LeadingNumber(std::string_view text) {
   if (first == last || !((*first >= '0' && *first <= '9') || *first == '.')) return {};
   double magnitude = 0;
   const char* const digitsEnd = TakeDigits(first, last, magnitude);
-  const bool more = digitsEnd != last && (*digitsEnd == '.' || *digitsEnd == 'e' ||
-                                          *digitsEnd == 'E' || (*digitsEnd >= '0' && *digitsEnd <= '9'));
+  const bool more =
+      digitsEnd != last && (*digitsEnd == '.' || *digitsEnd == 'e' || *digitsEnd == 'E' ||
+                            (*digitsEnd >= '0' && *digitsEnd <= '9'));
   if (!more) {
     return {negative ? -magnitude : magnitude, static_cast<std::size_t>(digitsEnd - text.data())};
   }

@@ -13,7 +13,8 @@ class DiskFilesTest : public ::testing::Test {
     std::string name = (std::filesystem::temp_directory_path() / "zekview-XXXXXX").string();
     folder = std::string(::mkdtemp(name.data())) + "/";
   }
-  ~DiskFilesTest() override { std::filesystem::remove_all(folder); }
+
+  void TearDown() override { std::filesystem::remove_all(folder); }
 
   std::string folder;
   DiskFiles files;

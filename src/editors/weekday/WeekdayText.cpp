@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "editors/CatalogueLimits.h"
-#include "editors/EditorTextNumbers.h"
 #include "editors/LineNumbers.h"
 #include "editors/weekday/WeekdayCells.h"
 #include "lang/TextNumbers.h"

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "editors/CatalogueLimits.h"
-#include "editors/EditorTextNumbers.h"
 #include "editors/weekday/WeekdayRecords.h"
 #include "editors/weekday/WeekdayText.h"
 #include "lang/TextNumbers.h"
