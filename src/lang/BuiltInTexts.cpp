@@ -50,6 +50,19 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kLocalCopyTooLong, "Filen %1 har fler än %2 rader och kan inte användas."_w1252},
     {text::kNoSuchCatalogue, "Objektet har ingen egen katalog av det slaget."_w1252},
     {text::kSending, "Sänder"_w1252},
+    {text::kMenuDebug, "&Debug"_w1252},
+    {text::kMenuDebugSave, "&Spara som..."_w1252},
+    {text::kMenuDebugOpen, "&Öppna..."_w1252},
+    {text::kMenuDebugClear, "&Töm listan"_w1252},
+    {text::kLogFilter, "Text (*.txt)|*.txt|Alla (*.*)|*.*"_w1252},
+    {text::kLogSaveTitle, "Spara loggen"_w1252},
+    {text::kLogOpenTitle, "Öppna en sparad logg"_w1252},
+    {text::kTopicsLabel, "&Förbindelse:"_w1252},
+    {text::kInputLabel, "&Kommando:"_w1252},
+    {text::kLocalModeShown, "Lokalt läge"_w1252},
+    {text::kLanguageTitle, "Välj språk / Choose language"_w1252},
+    {text::kLanguageLabel, "&Språk / Language:"_w1252},
+    {text::kNoLanguages, "I %1 finns inga språkfiler (zek_lang.046, zek_lang.044). / No language files there."_w1252},
 });
 
 }  // namespace

@@ -84,5 +84,19 @@ inline constexpr std::int32_t kAttempt = 536;      // %1 of 3
 inline constexpr std::int32_t kLocalCopyTooLong = 540;
 inline constexpr std::int32_t kNoSuchCatalogue = 541;
 inline constexpr std::int32_t kSending = 542;
+// Main window, log and language form
+inline constexpr std::int32_t kMenuDebug = 550;
+inline constexpr std::int32_t kMenuDebugSave = 551;
+inline constexpr std::int32_t kMenuDebugOpen = 552;
+inline constexpr std::int32_t kMenuDebugClear = 553;
+inline constexpr std::int32_t kLogFilter = 554;
+inline constexpr std::int32_t kLogSaveTitle = 555;
+inline constexpr std::int32_t kLogOpenTitle = 556;
+inline constexpr std::int32_t kTopicsLabel = 557;
+inline constexpr std::int32_t kInputLabel = 558;
+inline constexpr std::int32_t kLocalModeShown = 559;
+inline constexpr std::int32_t kLanguageTitle = 560;
+inline constexpr std::int32_t kLanguageLabel = 561;
+inline constexpr std::int32_t kNoLanguages = 562;  // %1 the program directory
 
 }  // namespace zek::text
