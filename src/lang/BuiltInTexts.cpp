@@ -59,6 +59,20 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
      "Radnumret %1 är för stort, det största tillåtna är %2. Inget har sparats."_w1252},
     {text::kValueTooLong,
      "Värdet %1 (%2) är för långt, högst %3 tecken får plats. Inget har sparats."_w1252},
+    {text::kMenuDebug, "&Debug"_w1252},
+    {text::kMenuDebugSave, "&Spara som..."_w1252},
+    {text::kMenuDebugOpen, "&Öppna..."_w1252},
+    {text::kMenuDebugClear, "&Töm listan"_w1252},
+    {text::kLogFilter, "Text (*.txt)|*.txt|Alla (*.*)|*.*"_w1252},
+    {text::kLogSaveTitle, "Spara loggen"_w1252},
+    {text::kLogOpenTitle, "Öppna en sparad logg"_w1252},
+    {text::kTopicsLabel, "&Förbindelse:"_w1252},
+    {text::kInputLabel, "&Kommando:"_w1252},
+    {text::kLocalModeShown, "Lokalt läge"_w1252},
+    {text::kLanguageTitle, "Välj språk / Choose language"_w1252},
+    {text::kLanguageLabel, "&Språk / Language:"_w1252},
+    {text::kNoLanguages,
+     "I %1 finns inga språkfiler (zek_lang.046, zek_lang.044). / No language files there."_w1252},
 });
 
 }  // namespace

@@ -1,0 +1,73 @@
+#include "ui/InputBlock.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include <wx/event.h>
+#include <wx/toplevel.h>
+
+namespace zek {
+namespace {
+
+std::set<const wxDialog*> ModalDialogs() {
+  std::set<const wxDialog*> dialogs;
+  for (const wxWindow* const window : wxTopLevelWindows) {
+    const auto* const dialog = dynamic_cast<const wxDialog*>(window);
+    if (dialog != nullptr && dialog->IsModal()) dialogs.insert(dialog);
+  }
+  return dialogs;
+}
+
+bool IsInput(wxEventType type) {
+  const std::array input{
+      static_cast<wxEventType>(wxEVT_KEY_DOWN),      static_cast<wxEventType>(wxEVT_KEY_UP),
+      static_cast<wxEventType>(wxEVT_CHAR),          static_cast<wxEventType>(wxEVT_CHAR_HOOK),
+      static_cast<wxEventType>(wxEVT_LEFT_DOWN),     static_cast<wxEventType>(wxEVT_LEFT_UP),
+      static_cast<wxEventType>(wxEVT_LEFT_DCLICK),   static_cast<wxEventType>(wxEVT_RIGHT_DOWN),
+      static_cast<wxEventType>(wxEVT_RIGHT_UP),      static_cast<wxEventType>(wxEVT_RIGHT_DCLICK),
+      static_cast<wxEventType>(wxEVT_MIDDLE_DOWN),   static_cast<wxEventType>(wxEVT_MIDDLE_UP),
+      static_cast<wxEventType>(wxEVT_MIDDLE_DCLICK), static_cast<wxEventType>(wxEVT_MOUSEWHEEL),
+      static_cast<wxEventType>(wxEVT_CONTEXT_MENU),  static_cast<wxEventType>(wxEVT_BUTTON),
+      static_cast<wxEventType>(wxEVT_MENU)};
+  return std::find(input.begin(), input.end(), type) != input.end();
+}
+
+bool IsEscape(const wxEvent& event) {
+  if (event.GetEventType() != wxEVT_CHAR_HOOK && event.GetEventType() != wxEVT_KEY_DOWN) {
+    return false;
+  }
+  return static_cast<const wxKeyEvent&>(event).GetKeyCode() == WXK_ESCAPE;
+}
+
+}  // namespace
+
+InputBlock::InputBlock(std::function<void()> onEscape)
+    : onEscape_(std::move(onEscape)), dialogsBefore_(ModalDialogs()) {
+  wxEvtHandler::AddFilter(this);
+}
+
+InputBlock::~InputBlock() { wxEvtHandler::RemoveFilter(this); }
+
+int InputBlock::FilterEvent(wxEvent& event) {
+  const wxEventType type = event.GetEventType();
+  const bool close = type == wxEVT_CLOSE_WINDOW;
+  if ((!close && !IsInput(type)) || IsSuspended()) return Event_Skip;
+  if (close) {
+    auto& request = static_cast<wxCloseEvent&>(event);
+    if (!request.CanVeto()) return Event_Skip;
+    request.Veto();
+    closeRequested_ = true;
+  }
+  if (IsEscape(event)) onEscape_();
+  return Event_Processed;
+}
+
+// Boxes of the system itself are dialogs that no event of ours comes from.
+bool InputBlock::IsSuspended() const {
+  const std::set<const wxDialog*> now = ModalDialogs();
+  return std::any_of(now.begin(), now.end(),
+                     [this](const wxDialog* dialog) { return dialogsBefore_.count(dialog) == 0; });
+}
+
+}  // namespace zek

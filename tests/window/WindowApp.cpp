@@ -1,0 +1,210 @@
+#include "WindowApp.h"
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <memory>
+
+#include <wx/app.h>
+#include <wx/evtloop.h>
+#include <wx/fileconf.h>
+#include <wx/sstream.h>
+#include <wx/timer.h>
+
+namespace zek::window {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+constexpr auto kPatience = std::chrono::seconds(10);
+
+std::vector<std::string>& Directories() {
+  static std::vector<std::string> directories;
+  return directories;
+}
+
+void RunEvents() {
+  wxTheApp->ProcessPendingEvents();
+  wxEventLoopBase* const loop = wxEventLoopBase::GetActive();
+  if (loop->DispatchTimeout(5) == 1) {
+    while (loop->Pending() && loop->Dispatch()) {
+    }
+  }
+  wxTheApp->ProcessPendingEvents();
+  wxTheApp->ProcessIdle();  // deletes closed windows
+}
+
+class Watch final : public wxTimer {
+ public:
+  Watch(std::function<bool()> condition, std::function<void()> action)
+      : condition_(std::move(condition)),
+        action_(std::move(action)),
+        end_(Clock::now() + kPatience) {
+    Start(10);
+  }
+
+ private:
+  void Notify() override {
+    const bool holds = condition_();
+    if (!holds && Clock::now() < end_) return;
+    Stop();
+    EXPECT_TRUE(holds) << "what a test waited for did not happen";
+    // The action may run a loop of its own, so it must not run inside the timer.
+    if (holds) wxTheApp->CallAfter(action_);
+    wxTheApp->CallAfter([this] { delete this; });
+  }
+
+  std::function<bool()> condition_;
+  std::function<void()> action_;
+  Clock::time_point end_;
+};
+
+}  // namespace
+
+bool PumpUntil(const std::function<bool()>& condition) {
+  const auto end = Clock::now() + kPatience;
+  while (!condition()) {
+    if (Clock::now() > end) return false;
+    RunEvents();
+  }
+  return true;
+}
+
+void Pump(int milliseconds) {
+  const auto end = Clock::now() + std::chrono::milliseconds(milliseconds);
+  while (Clock::now() < end) RunEvents();
+}
+
+void When(std::function<bool()> condition, std::function<void()> action) {
+  new Watch(std::move(condition), std::move(action));  // deletes itself
+}
+
+wxWindow* Shown(const std::string& name) {
+  wxWindow* const window = wxWindow::FindWindowByName(name);
+  return window != nullptr && window->IsShownOnScreen() ? window : nullptr;
+}
+
+void Command(wxWindow& window, wxEventType type, int id) {
+  auto event = std::make_unique<wxCommandEvent>(type, id);
+  event->SetEventObject(&window);
+  window.GetEventHandler()->QueueEvent(event.release());
+}
+
+std::string TemporaryDirectory() {
+  std::string name = (std::filesystem::temp_directory_path() / "zekview-XXXXXX").string();
+  if (mkdtemp(name.data()) == nullptr) std::abort();
+  Directories().push_back(name);
+  return name + "/";
+}
+
+void FakeLink::Post(std::function<void()> event) {
+  wxTheApp->CallAfter([this, opened = opened_, event = std::move(event)] {
+    if (opened == opened_ && state_ != LinkState::Closed) event();
+  });
+}
+
+void FakeLink::Open(const LinkTarget& /*target*/) {
+  ++opened_;
+  state_ = LinkState::Opening;
+  begun_.clear();
+  if (!answersOpen) return;
+  Post([this] {
+    state_ = LinkState::Connected;
+    Events().OnLinkText("<TRANSPARENT>");
+  });
+}
+
+void FakeLink::Close() {
+  ++opened_;
+  state_ = LinkState::Closed;
+}
+
+bool FakeLink::Send(std::string_view bytes) {
+  if (state_ != LinkState::Connected) return false;
+  for (const char byte : bytes) {
+    const bool control = static_cast<unsigned char>(byte) < 31;
+    if (byte != '\r') begun_ += byte;
+    if (!control) continue;
+    TakeCommand(std::exchange(begun_, {}));
+  }
+  return true;
+}
+
+void FakeLink::TakeCommand(const std::string& command) {
+  sent.push_back(command);
+  const auto found = answers.find(command);
+  if (found == answers.end()) return;
+  for (const std::string& line : found->second) Say(line);
+}
+
+void FakeLink::Say(const std::string& line) {
+  Post([this, text = "0001>" + line + "\r\n\xFF"] { Events().OnLinkText(text); });
+}
+
+void FakeLink::HangUp() {
+  Post([this] {
+    Close();
+    Events().OnLinkClosed();
+  });
+}
+
+void ScriptedPrompts::Show(Icon /*icon*/, const std::string& message,
+                           const std::string& /*caption*/) {
+  shown.push_back(message);
+}
+
+bool ScriptedPrompts::AskYesNo(Icon /*icon*/, const std::string& question,
+                               const std::string& /*caption*/) {
+  shown.push_back(question);
+  if (answers.empty()) return false;
+  const bool answer = answers.front();
+  answers.pop_front();
+  return answer;
+}
+
+World::World(std::string_view ini, std::string_view commandLine) {
+  EXPECT_FALSE(files.Write(directory + "ZEKView.INI", ini).has_value());
+  proc.settings.ProgramPath = directory;
+  proc.settings.IniPath = directory;
+  EXPECT_TRUE(LoadSettings(proc.settings, commandLine, profile, proc.texts, prompts));
+  prompts.shown.clear();  // of settings that a test left out
+}
+
+namespace {
+
+class TestApp final : public wxApp {
+ public:
+  bool OnInit() override { return true; }
+
+  int OnRun() override {
+    SetExitOnFrameDelete(false);
+    wxStringInputStream nothing{wxString()};
+    wxConfigBase::Set(std::make_unique<wxFileConfig>(nothing).release());  // the toolkit's own
+    CallAfter([this] {
+      result_ = RUN_ALL_TESTS();
+      ExitMainLoop();
+    });
+    wxApp::OnRun();
+    for (const std::string& each : Directories()) std::filesystem::remove_all(each);
+    return result_;
+  }
+
+  void OnAssertFailure(const wxChar* file, int line, const wxChar* /*function*/,
+                       const wxChar* condition, const wxChar* message) override {
+    ADD_FAILURE() << wxString(file) << ":" << line << ": " << wxString(condition) << " "
+                  << wxString(message);
+  }
+
+ private:
+  int result_ = 1;
+};
+
+}  // namespace
+}  // namespace zek::window
+
+int main(int argc, char** argv) {
+  testing::InitGoogleTest(&argc, argv);
+  if (testing::GTEST_FLAG(list_tests)) return RUN_ALL_TESTS();  // the build has no display
+  wxApp::SetInstance(std::make_unique<zek::window::TestApp>().release());  // the toolkit's own
+  return wxEntry(argc, argv);
+}
