@@ -84,6 +84,26 @@ inline constexpr std::int32_t kAttempt = 536;      // %1 of 3
 inline constexpr std::int32_t kLocalCopyTooLong = 540;
 inline constexpr std::int32_t kNoSuchCatalogue = 541;
 inline constexpr std::int32_t kSending = 542;
+// All three editors
+inline constexpr std::int32_t kLinesLost = 650;  // %1 lines
+inline constexpr std::int32_t kLinesLostTitle = 651;
+inline constexpr std::int32_t kCatalogueFull = 652;       // %1 lines at most, %2 the line left out
+inline constexpr std::int32_t kLineNumberTooLarge = 653;  // %1 the number, %2 the largest
+inline constexpr std::int32_t kValueTooLong = 654;  // %1 the value, %2 its line, %3 characters
+// Main window, log and language form
+inline constexpr std::int32_t kMenuDebug = 550;
+inline constexpr std::int32_t kMenuDebugSave = 551;
+inline constexpr std::int32_t kMenuDebugOpen = 552;
+inline constexpr std::int32_t kMenuDebugClear = 553;
+inline constexpr std::int32_t kLogFilter = 554;
+inline constexpr std::int32_t kLogSaveTitle = 555;
+inline constexpr std::int32_t kLogOpenTitle = 556;
+inline constexpr std::int32_t kTopicsLabel = 557;
+inline constexpr std::int32_t kInputLabel = 558;
+inline constexpr std::int32_t kLocalModeShown = 559;
+inline constexpr std::int32_t kLanguageTitle = 560;
+inline constexpr std::int32_t kLanguageLabel = 561;
+inline constexpr std::int32_t kNoLanguages = 562;  // %1 the program directory
 // The browser
 inline constexpr std::int32_t kBrowserTitle = 600;
 inline constexpr std::int32_t kBrowserClose = 601;

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+
+#include "app/DiskFiles.h"
+#include "app/FileProfile.h"
+#include "app/WxTurn.h"
+#include "app/ZV_Proc.h"
+#include "comm/WithoutWindows.h"
+#include "comm/WxTcpLink.h"
+
+namespace zek {
+
+/// The outside world of the desktop program, and the session on it.
+struct Desktop {
+  /// Both directories end in the system's separator; `box` shows the messages.
+  Desktop(const std::string& programPath, const std::string& iniPath, Prompts& box)
+      : profile(files, iniPath + "ZEKView.INI"), prompts(box) {
+    proc.settings.ProgramPath = programPath;
+    proc.settings.IniPath = iniPath;
+  }
+
+  DiskFiles files;
+  FileProfile profile;
+  WxTurn turn;
+  Prompts& prompts;
+  WxTcpLink socket;
+  WithoutDde dde;
+  WithoutTags tags;
+  ZV_Proc proc{Outside{files, profile, turn, prompts, socket, dde, tags}};
+};
+
+}  // namespace zek

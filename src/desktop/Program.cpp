@@ -1,0 +1,116 @@
+// zekview: the desktop program.
+
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <wx/app.h>
+#include <wx/fileconf.h>
+#include <wx/filename.h>
+#include <wx/log.h>
+#include <wx/sstream.h>
+#include <wx/stdpaths.h>
+
+#include "app/ZV_Main.h"
+#include "desktop/Desktop.h"
+#include "desktop/StartUp.h"
+#include "desktop/Tour.h"
+#include "ui/WxPrompts.h"
+
+namespace zek {
+namespace {
+
+// What the toolkit wants as a bare pointer and deletes itself.
+template <class Object, class... Arguments>
+Object* Given(Arguments&&... arguments) {
+  return std::make_unique<Object>(std::forward<Arguments>(arguments)...).release();
+}
+
+// Where the windows' sizes are remembered: the user's configuration directory, or nowhere.
+void UseConfiguration(bool remember) {
+  if (!remember) {
+    wxStringInputStream nothing{wxString()};
+    delete wxConfigBase::Set(Given<wxFileConfig>(nothing));
+    return;
+  }
+  wxStandardPaths& paths = wxStandardPaths::Get();
+  paths.SetFileLayout(wxStandardPaths::FileLayout_XDG);
+  const wxString directory = paths.GetUserConfigDir() + "/zekview";
+  const wxLogNull quiet;  // a home that can't be written costs the memory, nothing else
+  wxFileName::Mkdir(directory, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
+  delete wxConfigBase::Set(Given<wxFileConfig>("zekview", wxString(), directory + "/zekview.conf",
+                                               wxString(), wxCONFIG_USE_LOCAL_FILE));
+}
+
+class Program final : public wxApp {
+ public:
+  explicit Program(const std::vector<std::string>& arguments)
+      : line_(ParseCommandLine(arguments)) {}
+
+  // Not the toolkit's own, which would parse the command line.
+  bool OnInit() override { return true; }
+
+  int OnRun() override {
+    SetAppName("zekview");
+    // The toolkit's own troubles are no business of message boxes.
+    delete wxLog::SetActiveTarget(Given<wxLogStderr>());
+    const std::string programPath = line_.dir ? WithSeparator(*line_.dir) : ExecutableDirectory();
+    if (const std::string complaint = Complaint(line_, programPath); !complaint.empty()) {
+      std::cerr << "zekview: " << complaint << '\n';
+      return kWrongUsage;
+    }
+    UseConfiguration(!line_.tour);
+    Prompts* const prompts = line_.tour ? static_cast<Prompts*>(&tourPrompts_) : &prompts_;
+    desktop_ = std::make_unique<Desktop>(programPath, IniPathOf(line_, programPath), *prompts);
+    if (const auto ended = StartUp(*desktop_, line_, instance_)) return *ended;
+    ShowMain();
+    wxApp::OnRun();
+    return tour_ && !tour_->Succeeded() ? kFailed : kDone;
+  }
+
+  int OnExit() override {
+    DeleteAllTLWs();  // none of them outlives the session
+    tour_.reset();
+    desktop_.reset();
+    const wxLogNull quiet;
+    delete wxConfigBase::Set(nullptr);
+    return wxApp::OnExit();
+  }
+
+  void OnAssertFailure(const wxChar* file, int line, const wxChar* /*function*/,
+                       const wxChar* condition, const wxChar* message) override {
+    std::cerr << "zekview: " << wxString(file).utf8_str() << ':' << line << ": "
+              << wxString(condition).utf8_str() << ' ' << wxString(message).utf8_str() << '\n';
+  }
+
+ private:
+  void ShowMain() {
+    auto* const main = Given<ZV_Main>(desktop_->proc, desktop_->turn);
+    SetTopWindow(main);
+    main->Show();
+    if (line_.tour) {
+      tour_ = std::make_unique<Tour>(*line_.tour, desktop_->proc, desktop_->turn, tourPrompts_);
+      tour_->Begin();
+    }
+    // Waits must start from inside the running event loop.
+    main->CallAfter([main] { main->FirstActivation(); });
+  }
+
+  CommandLine line_;
+  WxPrompts prompts_;
+  TourPrompts tourPrompts_;
+  wxSingleInstanceChecker instance_;
+  std::unique_ptr<Desktop> desktop_;
+  std::unique_ptr<Tour> tour_;
+};
+
+}  // namespace
+}  // namespace zek
+
+int main(int argc, char** argv) {
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  wxApp::SetInstance(new zek::Program(arguments));  // the toolkit deletes it
+  int noArguments = 1;  // ours are parsed already; the toolkit would convert them by the locale
+  return wxEntry(noArguments, argv);
+}

@@ -1,0 +1,79 @@
+#include "desktop/StartUp.h"
+
+#include <clocale>
+#include <filesystem>
+#include <functional>
+#include <system_error>
+
+#include <wx/log.h>
+#include <wx/stdpaths.h>
+#include <wx/utils.h>
+
+#include "lang/TextNumbers.h"
+#include "lang/ZV_Lang.h"
+
+namespace zek {
+namespace {
+
+// One instance for each program directory and user.
+bool IsAnotherRunning(wxSingleInstanceChecker& instance, const std::string& programPath) {
+  const wxString name =
+      wxString::Format("zekview-%s-%zx", wxGetUserId(), std::hash<std::string>{}(programPath));
+  const wxLogNull quiet;  // where no lock can be made, every instance is the only one
+  return instance.Create(name, wxStandardPaths::Get().GetTempDir()) && instance.IsAnotherRunning();
+}
+
+// Asks for a language when the settings name none that is there.
+bool ChooseLanguage(Desktop& desktop, bool mayAsk) {
+  if (LoadLanguage(desktop.proc)) return true;
+  if (!mayAsk) return false;
+  ZV_Lang form(desktop.proc);
+  form.ShowModal();
+  return LoadLanguage(desktop.proc);
+}
+
+}  // namespace
+
+std::string Complaint(const CommandLine& line, const std::string& programPath) {
+  if (!line.missingValue.empty()) return line.missingValue + " needs a directory behind it.";
+  std::error_code error;
+  if (!std::filesystem::is_directory(programPath, error)) {
+    return "There is no directory " + programPath + (error ? " (" + error.message() + ")" : "");
+  }
+  std::filesystem::directory_iterator(programPath, error);
+  if (error) return "The directory " + programPath + " can't be read (" + error.message() + ")";
+  return {};
+}
+
+std::string ExecutableDirectory() {
+  const wxString file = wxStandardPaths::Get().GetExecutablePath();
+  return WithSeparator(std::filesystem::path(std::string(file.utf8_str())).parent_path().string());
+}
+
+char SystemDecimalSeparator() {
+  std::setlocale(LC_NUMERIC, "");
+  const char separator = *std::localeconv()->decimal_point == ',' ? ',' : '.';
+  std::setlocale(LC_NUMERIC, "C");
+  return separator;
+}
+
+std::optional<int> StartUp(Desktop& desktop, const CommandLine& line,
+                           wxSingleInstanceChecker& instance) {
+  ZV_Proc& proc = desktop.proc;
+  if (!ChooseLanguage(desktop, !line.tour)) return kFailed;
+  if (IsAnotherRunning(instance, proc.settings.ProgramPath)) {
+    desktop.prompts.Show(Icon::Information, proc.Text(text::kAlreadyRunning));
+    return kDone;
+  }
+  if (!LoadSettings(proc.settings, line.text, desktop.profile, proc.texts, desktop.prompts)) {
+    return kFailed;
+  }
+  proc.settings.DecimalSeparator = SystemDecimalSeparator();
+  if (proc.settings.TagMode && !desktop.tags.Create()) {
+    desktop.prompts.Show(Icon::None, proc.Text(text::kNoTagObject));
+    return kFailed;
+  }
+  return std::nullopt;
+}
+
+}  // namespace zek

@@ -1,0 +1,196 @@
+#include "desktop/Tour.h"
+
+#include <iostream>
+#include <memory>
+
+#include <wx/choice.h>
+#include <wx/dcmemory.h>
+#include <wx/dcscreen.h>
+#include <wx/frame.h>
+#include <wx/image.h>
+#include <wx/textctrl.h>
+#include <wx/treectrl.h>
+
+#include "app/ZV_Main.h"
+#include "catalogue/ZV_TSC.h"
+#include "text/Windows1252.h"
+
+namespace zek {
+namespace {
+
+constexpr int kTickMs = 100;
+constexpr int kTicksInSecond = 1000 / kTickMs;
+constexpr int kSettleTicks = 5;  // until everything is painted
+constexpr int kFetchSeconds = 120;
+constexpr const char* kCommand = "LIST SDC";  // every controller knows it
+
+wxWindow* Shown(const char* name) {
+  wxWindow* const window = wxWindow::FindWindowByName(name);
+  return window != nullptr && window->IsShownOnScreen() ? window : nullptr;
+}
+
+template <class Control>
+Control* ControlOf(const char* form, const char* name) {
+  wxWindow* const window = Shown(form);
+  if (window == nullptr) return nullptr;
+  return dynamic_cast<Control*>(wxWindow::FindWindowByName(name, window));
+}
+
+void Post(wxWindow& window, wxEventType type, int id, int selection = 0) {
+  auto event = std::make_unique<wxCommandEvent>(type, id);
+  event->SetInt(selection);
+  event->SetEventObject(&window);
+  window.GetEventHandler()->QueueEvent(event.release());
+}
+
+void CloseLater(wxWindow& window) {
+  window.CallAfter([&window] { window.Close(); });
+}
+
+}  // namespace
+
+void TourPrompts::Show(Icon icon, const std::string& message, const std::string& /*caption*/) {
+  warned_ = warned_ || icon == Icon::Exclamation || icon == Icon::Critical;
+  std::cerr << "zekview: " << Utf8FromWindows1252(message) << '\n';
+}
+
+bool TourPrompts::AskYesNo(Icon icon, const std::string& question, const std::string& caption) {
+  Show(icon == Icon::Exclamation ? Icon::Question : icon, question, caption);
+  return false;
+}
+
+Tour::Tour(std::string directory, ZV_Proc& proc, WxTurn& turn, const TourPrompts& prompts)
+    : directory_(std::move(directory)), proc_(proc), turn_(turn), prompts_(prompts) {}
+
+void Tour::Begin() {
+  wxImage::AddHandler(std::make_unique<wxPNGHandler>().release());  // the toolkit's own
+  Plan();
+  Start(kTickMs);
+}
+
+void Tour::Plan() {
+  const auto shown = [](const char* form) { return [form] { return Shown(form) != nullptr; }; };
+  steps_.push_back({"the about box", shown("ZV_Info"), [this] {
+                      TakePicture("ZV_Info", "about");
+                      CloseLater(*Shown("ZV_Info"));
+                    }});
+  steps_.push_back({"the main window", shown("ZV_Main"), [this] { ChooseTopic(); }});
+  steps_.push_back({"the connection",
+                    [] {
+                      const auto* const input = ControlOf<wxTextCtrl>("ZV_Main", "Text_Input");
+                      return input != nullptr && input->IsEnabled();
+                    },
+                    [this] { TypeCommand(); }});
+  steps_.push_back({"an answer",
+                    [this] { return proc_.log.Added() > 0 && proc_.status.Hourglass == 0; },
+                    [this] {
+                      TakePicture("ZV_Main", "main");
+                      Post(*Shown("ZV_Main"), wxEVT_MENU, main_menu::Menu_TSC);
+                    }});
+  steps_.push_back({"the browser", shown("ZV_TSC"), [this] { SelectTimeControl(); }});
+  steps_.push_back({"the selected time control", shown("ZV_TSC"), [this] {
+                      TakePicture("ZV_TSC", "browser");
+                      Post(*Shown("ZV_TSC"), wxEVT_MENU, browser::Menu_GetWDC);
+                    }});
+  steps_.push_back({"the weekday editor", shown("ZV_WDC"),
+                    [this] { TakePicture("ZV_WDC", "weekday"); }, kFetchSeconds});
+}
+
+void Tour::Notify() {
+  if (leaving_) {
+    Leave();
+    return;
+  }
+  if (step_ == steps_.size()) {
+    succeeded_ = true;
+    leaving_ = true;
+    return;
+  }
+  const Step& step = steps_[step_];
+  if (prompts_.Warned()) {
+    Fail("the message above ended the tour at: " + step.awaited);
+    return;
+  }
+  settled_ = step.ready() ? settled_ + 1 : 0;
+  if (settled_ >= kSettleTicks) {
+    ++step_;
+    ticks_ = 0;
+    settled_ = 0;
+    step.act();
+  } else if (++ticks_ > step.seconds * kTicksInSecond) {
+    Fail("the tour waited in vain for: " + step.awaited);
+  }
+}
+
+void Tour::Fail(const std::string& reason) {
+  std::cerr << "zekview: " << reason << '\n';
+  leaving_ = true;
+  turn_.Quit();
+}
+
+// Closes one form after the other, the innermost first, as long as there is one.
+void Tour::Leave() {
+  for (const char* const form : {"ZV_WDC", "ZV_TSC", "ZV_Info", "ZV_Main"}) {
+    wxWindow* const window = Shown(form);
+    if (window == nullptr) continue;
+    CloseLater(*window);
+    return;
+  }
+}
+
+void Tour::TakePicture(const std::string& form, const std::string& name) {
+  wxWindow* const window = Shown(form.c_str());
+  const wxRect place =
+      wxRect(window->GetScreenPosition(), window->GetSize()).Intersect(wxRect(wxGetDisplaySize()));
+  wxBitmap picture(place.GetSize());
+  {
+    wxScreenDC screen;
+    wxMemoryDC memory(picture);
+    memory.Blit({0, 0}, place.GetSize(), &screen, place.GetPosition());
+  }
+  const std::string path = WithSeparator(directory_) + name + ".png";
+  if (!picture.ConvertToImage().SaveFile(wxString::FromUTF8(path), wxBITMAP_TYPE_PNG)) {
+    Fail("could not write " + path);
+  }
+}
+
+void Tour::ChooseTopic() {
+  auto* const topics = ControlOf<wxChoice>("ZV_Main", "Combo_Topics");
+  if (topics == nullptr || topics->IsEmpty()) {
+    Fail("the topic list is empty");
+    return;
+  }
+  topics->SetSelection(0);
+  Post(*topics, wxEVT_CHOICE, topics->GetId(), 0);
+}
+
+void Tour::TypeCommand() {
+  auto* const input = ControlOf<wxTextCtrl>("ZV_Main", "Text_Input");
+  input->ChangeValue(kCommand);
+  Post(*input, wxEVT_TEXT_ENTER, input->GetId());
+}
+
+// The first time control of the object on which the browser opened, or else of any.
+void Tour::SelectTimeControl() {
+  auto* const tree = ControlOf<wxTreeCtrl>("ZV_TSC", "TreeView");
+  if (tree == nullptr) {
+    Fail("the browser shows no tree");
+    return;
+  }
+  wxTreeItemIdValue cookie = nullptr;
+  const wxTreeItemId selected = tree->GetSelection();
+  wxTreeItemId object =
+      selected.IsOk() ? selected : tree->GetFirstChild(tree->GetRootItem(), cookie);
+  if (object.IsOk() && !tree->ItemHasChildren(object)) {
+    object = tree->GetFirstChild(tree->GetRootItem(), cookie);
+  }
+  while (object.IsOk() && !tree->ItemHasChildren(object)) object = tree->GetNextSibling(object);
+  if (!object.IsOk()) {
+    Fail("the browser shows no time control");
+    return;
+  }
+  tree->Expand(object);
+  tree->SelectItem(tree->GetFirstChild(object, cookie));
+}
+
+}  // namespace zek

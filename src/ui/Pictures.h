@@ -1,0 +1,19 @@
+#pragma once
+
+#include <wx/bmpbndl.h>
+#include <wx/iconbndl.h>
+
+namespace zek {
+
+/// The program's picture, a clock with its switch times, `size` pixels wide at 96 dpi.
+wxBitmapBundle ProgramPicture(int size);
+
+/// The same for the title bar and the task list.
+wxIconBundle ProgramIcons();
+
+/// The tool bar's pictures, crisp at any resolution.
+wxBitmapBundle DisconnectPicture();
+wxBitmapBundle CataloguesPicture();
+wxBitmapBundle ClearPicture();
+
+}  // namespace zek
