@@ -6,6 +6,7 @@
 #include <wx/weakref.h>
 
 #include "catalogue/ZV_TSCForm.h"
+#include "editors/weekday/ZV_WDC.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
 #include "ui/InputBlock.h"
@@ -170,7 +171,9 @@ void ZV_TSC::Get(Catalogue catalogue, const std::function<void()>& showEditor) {
     Close();
   } else if (fetched) {
     showEditor();
-    if (alive) UpdateMenu(*menuTSC_);
+    if (!alive) return;
+    Raise();
+    UpdateMenu(*menuTSC_);
   }
 }
 
@@ -187,7 +190,7 @@ void ZV_TSC::Erase(Catalogue catalogue) {
 }
 
 void ZV_TSC::GetWDC() {
-  Get(Catalogue::Wdc, [] {});
+  Get(Catalogue::Wdc, [this] { ShowWeekdayForm(this, proc_, turn_); });
 }
 
 void ShowBrowser(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {

@@ -10,8 +10,9 @@
 namespace zek {
 
 ObjectTreeView::ObjectTreeView(wxWindow* parent)
-    : wxTreeCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                 wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT | wxTR_HIDE_ROOT | wxTR_SINGLE) {
+    : wxTreeCtrl(
+          parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+          wxTR_HAS_BUTTONS | wxTR_NO_LINES | wxTR_LINES_AT_ROOT | wxTR_HIDE_ROOT | wxTR_SINGLE) {
   SetName("TreeView");
   SetImages(NodePictures());
 }
