@@ -69,12 +69,13 @@ struct PlantWorld : World {
   static sim::Plant SmallPlant() {
     sim::Outstation old;
     old.weekday = {"VECKODAGAR",
-                   {{1000, " 1000 !AHU1        !MO..FR       !07:00..16:30             !21"
-                           "       !17"}}};
+                   {{1000,
+                     " 1000 !AHU1        !MO..FR       !07:00..16:30             !21"
+                     "       !17"}}};
     sim::Outstation modern;
     modern.generation = sim::Generation::Zek2;
     modern.dus = 3;
-    modern.controls = {{"VS1", {"VECKODAGAR", {}}, {"UNDANTAG", {}}, "21.5"}};
+    modern.controls = {{"TF2", {"VECKODAGAR", {}}, {"UNDANTAG", {}}, "21.5"}};
     return {{old, modern}};
   }
 
@@ -86,7 +87,7 @@ struct PlantWorld : World {
       "DelayH=0\n"
       "[Topics]\nSKOLA=YES,ZEK1,plant:5100,Bj\xF6rkskolan\nKONTOR=YES,ZEK2,plant:5100:3,Kontoret\n"
       "[SKOLA]\nAHU1=Skolan/DUC 1/Ventilation aula;1\nVS1=Skolan/DUC 1/V\xE4rme\n"
-      "[KONTOR]\nVS1=Kontoret/DUC 3/V\xE4rme\n";
+      "[KONTOR]\nTF2=Kontoret/DUC 3/Till\xE4gg\n";
 
   sim::Plant plant = SmallPlant();
   PlantLink plantLink{plant};

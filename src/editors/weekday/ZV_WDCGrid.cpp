@@ -226,25 +226,31 @@ wxString WeekdayGrid::DayName(std::size_t column) const {
   return ToWx(Message(texts_.Text(text::kSpecialDay), {std::to_string(column + 1)}));
 }
 
-// The focused column, on which Copy and Erase work, keeps its mark while a button has the focus.
 void WeekdayGrid::ShowHeaders() {
   for (std::size_t column = 0; column < kDaysOfType; ++column) {
     wxStaticText& label = *Label_Weekdays.at(column);
-    const bool focused = column == editor_.Column();
     const wxString day = DayName(column);
-    if (label.GetLabel() != day) {
-      label.SetLabel(day);
-      for (std::size_t i = 0; i < kBoxes; ++i)
-        SetAccessibleName(*boxes_.at(i).at(column), Label_Info.at(i)->GetLabel() + " " + day);
-    }
-    if (focused == (label.GetFont().GetWeight() > wxFONTWEIGHT_NORMAL)) continue;
-    label.SetFont(focused ? GetFont().Bold() : GetFont());
-    label.SetForegroundColour(focused ? wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHTTEXT)
-                                      : wxNullColour);
-    label.SetBackgroundColour(focused ? wxSystemSettings::GetColour(wxSYS_COLOUR_HIGHLIGHT)
-                                      : wxNullColour);
-    label.Refresh();
+    if (label.GetLabel() == day) continue;
+    label.SetLabel(day);
+    for (std::size_t i = 0; i < kBoxes; ++i)
+      SetAccessibleName(*boxes_.at(i).at(column), Label_Info.at(i)->GetLabel() + " " + day);
   }
+  if (marked_ == editor_.Column()) return;
+  if (marked_) Mark(*marked_, false);
+  Mark(editor_.Column(), true);
+  marked_ = editor_.Column();
+}
+
+// The focused column, on which Copy and Erase work, keeps its mark while a button has the focus.
+void WeekdayGrid::Mark(std::size_t column, bool marked) {
+  const auto colour = [marked](wxSystemColour of) {
+    return marked ? wxSystemSettings::GetColour(of) : wxNullColour;
+  };
+  wxStaticText& label = *Label_Weekdays.at(column);
+  label.SetFont(marked ? GetFont().Bold() : GetFont());
+  label.SetForegroundColour(colour(wxSYS_COLOUR_HIGHLIGHTTEXT));
+  label.SetBackgroundColour(colour(wxSYS_COLOUR_HIGHLIGHT));
+  label.Refresh();
 }
 
 }  // namespace zek

@@ -50,6 +50,7 @@ class WeekdayGrid final : public wxPanel {
   void OnEntered(std::size_t column);
   void OnScroll(wxScrollEvent& event);
   void ShowHeaders();
+  void Mark(std::size_t column, bool marked);
   wxString DayName(std::size_t column) const;
 
   WeekdayEditor& editor_;
@@ -62,6 +63,7 @@ class WeekdayGrid final : public wxPanel {
   /// `Text_Start`, `Text_Stop`, `Text_ValueOn` and `Text_ValueOff`, seven of each.
   std::array<std::array<wxTextCtrl*, kDaysOfType>, kBoxes> boxes_{};
   wxScrollBar* VScroll_WDC;
+  std::optional<std::size_t> marked_;  // the column that is shown as focused
 };
 
 }  // namespace zek
