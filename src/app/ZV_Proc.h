@@ -61,6 +61,6 @@ struct ZV_Proc {
 bool LoadLanguage(ZV_Proc& proc);
 
 /// Makes a node of `proc.tree` the one that everything works on (a click on it in the browser).
-void SelectNode(ZV_Proc& proc, std::size_t node);
+void SelectNode(ZV_Proc& proc, std::size_t index);
 
 }  // namespace zek

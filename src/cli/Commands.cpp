@@ -2,6 +2,7 @@
 
 #include <iterator>
 
+#include "cli/CheckCommand.h"
 #include "cli/FileOperand.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
@@ -10,7 +11,8 @@
 namespace zek::cli {
 namespace {
 
-constexpr std::int16_t kSilenceTicks = 1 * kTicksPerSecond;  // a second without a line ends `send`
+// A whole second without a line ends `send`: the first tick may come at once.
+constexpr std::int16_t kSilenceTicks = kTicksPerSecond + 1;
 
 ExitStatus Refuse(Console& console, const std::string& why) {
   console.err << "zekview-cli: " << why << '\n';
@@ -52,7 +54,8 @@ ExitStatus Send(Console& console, const std::string& topicName, const std::strin
     console.out << Utf8FromWindows1252(line) << '\n';
   };
   const bool sent = proc.connection.SendCommand(Windows1252FromUtf8(text));
-  if (sent) proc.waits.WaitSeconds(1);
+  proc.countdowns.DelayCountdown = sent ? kSilenceTicks : std::int16_t{0};
+  proc.waits.While([&proc] { return proc.countdowns.DelayCountdown > 0; });
   proc.log.Echo = nullptr;
   proc.connection.Disconnect();
   if (!answered) console.err << "zekview-cli: no answer from " << topicName << '\n';
@@ -93,6 +96,9 @@ ExitStatus RunCatalogueCommand(Console& console, const Arguments& arguments) {
   const std::string& name = arguments.operands[1];
   const std::optional<Catalogue> catalogue = CatalogueOf(kind);
   if (!catalogue) return Refuse(console, "unknown kind " + kind + " (wdc, sdc or ovc)");
+  if (arguments.command == "check" && *catalogue != Catalogue::Wdc) {
+    return Refuse(console, "check reads weekday catalogues (wdc), not " + kind);
+  }
   const auto node = FindNode(console.proc.tree, console.proc.topics, Windows1252FromUtf8(name));
   if (!node) return Refuse(console, "unknown node " + name);
   SelectNode(console.proc, *node);
@@ -104,7 +110,7 @@ ExitStatus RunCatalogueCommand(Console& console, const Arguments& arguments) {
   if (arguments.command == "put") {
     return Put(console, *catalogue, arguments.operands[2], arguments.noSend);
   }
-  return kFailed;
+  return Check(console, *node, arguments);
 }
 
 }  // namespace

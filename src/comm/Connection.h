@@ -50,7 +50,7 @@ class Connection final : private LinkEvents, private ReplyEvents {
   bool Sending = false;            // a command is being written; DDE text is not parsed meanwhile
 
   /// Opens a topic; the result is `CurrentTopic`. Failures are shown with the critical icon.
-  void Connect(std::int16_t topic);
+  void Connect(std::int16_t index);
 
   /// Closes whatever is open. False when the tag server refused: that was shown, and the topic
   /// stays connected.

@@ -49,8 +49,7 @@ class StatusPanels {
 /// Shows in `Waiting` what is waited for, and puts back what stood there before.
 class ShowWaiting {
  public:
-  ShowWaiting(StatusPanels& status, std::string what)
-      : status_(status), before_(std::move(status.Waiting)) {
+  ShowWaiting(StatusPanels& status, std::string what) : status_(status), before_(status.Waiting) {
     status_.SetWaiting(std::move(what));
   }
   ShowWaiting(const ShowWaiting&) = delete;

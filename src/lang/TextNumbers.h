@@ -84,6 +84,12 @@ inline constexpr std::int32_t kAttempt = 536;      // %1 of 3
 inline constexpr std::int32_t kLocalCopyTooLong = 540;
 inline constexpr std::int32_t kNoSuchCatalogue = 541;
 inline constexpr std::int32_t kSending = 542;
+// All three editors
+inline constexpr std::int32_t kLinesLost = 650;  // %1 lines
+inline constexpr std::int32_t kLinesLostTitle = 651;
+inline constexpr std::int32_t kCatalogueFull = 652;       // %1 lines at most, %2 the line left out
+inline constexpr std::int32_t kLineNumberTooLarge = 653;  // %1 the number, %2 the largest
+inline constexpr std::int32_t kValueTooLong = 654;  // %1 the value, %2 its line, %3 characters
 // Main window, log and language form
 inline constexpr std::int32_t kMenuDebug = 550;
 inline constexpr std::int32_t kMenuDebugSave = 551;
@@ -98,5 +104,21 @@ inline constexpr std::int32_t kLocalModeShown = 559;
 inline constexpr std::int32_t kLanguageTitle = 560;
 inline constexpr std::int32_t kLanguageLabel = 561;
 inline constexpr std::int32_t kNoLanguages = 562;  // %1 the program directory
+// The browser
+inline constexpr std::int32_t kBrowserTitle = 600;
+inline constexpr std::int32_t kBrowserClose = 601;
+inline constexpr std::int32_t kBrowserTSC = 602;
+inline constexpr std::int32_t kBrowserExpandAll = 603;
+inline constexpr std::int32_t kBrowserCollapseAll = 604;
+inline constexpr std::int32_t kBrowserGetWDC = 605;
+inline constexpr std::int32_t kBrowserEraseWDC = 606;
+inline constexpr std::int32_t kBrowserEraseSDC = 607;
+inline constexpr std::int32_t kBrowserEraseOVC = 608;
+inline constexpr std::int32_t kAskErase = 609;  // %1 the file
+inline constexpr std::int32_t kAskEraseTitle = 610;
+inline constexpr std::int32_t kCancelTransfer = 611;
+// Columns of the weekday editor
+inline constexpr std::int32_t kMonday = 612;      // 612 to 618: Monday to Sunday
+inline constexpr std::int32_t kSpecialDay = 619;  // %1 the number 1 to 7
 
 }  // namespace zek::text

@@ -28,7 +28,7 @@ struct Windows1252Literal {
 
   // The sources are UTF-8. Literals need the letters of Latin-1 only, which are two bytes there
   // (C2 or C3 first); anything else stops the compilation.
-  consteval Windows1252Literal(const char (&utf8)[N]) {  // NOLINT(*-explicit-*, *-c-arrays)
+  constexpr Windows1252Literal(const char (&utf8)[N]) {  // NOLINT(*-explicit-*, *-c-arrays)
     for (std::size_t i = 0; i + 1 < N; ++i) {
       const auto code = static_cast<unsigned char>(utf8[i]);
       if (code < 0x80) {
@@ -46,7 +46,7 @@ struct Windows1252Literal {
 
 /// "Öppna"_w1252: a literal with å ä ö as windows-1252 bytes, converted when compiling.
 template <detail::Windows1252Literal literal>
-consteval std::string_view operator""_w1252() {
+constexpr std::string_view operator""_w1252() {
   return {literal.bytes.data(), literal.length};
 }
 

@@ -42,8 +42,8 @@ bool IsEscape(const wxEvent& event) {
 
 }  // namespace
 
-InputBlock::InputBlock(std::function<void()> onEscape)
-    : onEscape_(std::move(onEscape)), dialogsBefore_(ModalDialogs()) {
+InputBlock::InputBlock(std::function<void()> onEscape, const wxWindow* free)
+    : onEscape_(std::move(onEscape)), free_(free), dialogsBefore_(ModalDialogs()) {
   wxEvtHandler::AddFilter(this);
 }
 
@@ -60,6 +60,9 @@ int InputBlock::FilterEvent(wxEvent& event) {
     closeRequested_ = true;
   }
   if (IsEscape(event)) onEscape_();
+  // A key that began the work may still be held down and must not press the free button.
+  const bool key = dynamic_cast<const wxKeyEvent*>(&event) != nullptr;
+  if (free_ != nullptr && event.GetEventObject() == free_ && !key) return Event_Skip;
   return Event_Processed;
 }
 

@@ -10,12 +10,13 @@ namespace zek {
 
 /// For its own life it keeps the user's keys, clicks, menu choices and close requests from every
 /// window of the program, while the windows go on painting. Escape calls `onEscape` instead.
-/// A dialog or message box that is opened meanwhile works as usual.
+/// A dialog or message box that is opened meanwhile works as usual, and so does the mouse on
+/// `free`, the button that cancels.
 ///
 /// Disabled windows would not do: a text box in one still takes keys on some systems.
 class InputBlock final : private wxEventFilter {
  public:
-  explicit InputBlock(std::function<void()> onEscape);
+  explicit InputBlock(std::function<void()> onEscape, const wxWindow* free = nullptr);
   InputBlock(const InputBlock&) = delete;
   InputBlock& operator=(const InputBlock&) = delete;
   ~InputBlock() override;
@@ -29,6 +30,7 @@ class InputBlock final : private wxEventFilter {
   bool IsSuspended() const;
 
   std::function<void()> onEscape_;
+  const wxWindow* free_;
   std::set<const wxDialog*> dialogsBefore_;  // modal already when the block began
   bool closeRequested_ = false;
 };

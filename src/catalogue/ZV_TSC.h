@@ -1,0 +1,28 @@
+#pragma once
+
+#include <wx/window.h>
+
+#include "app/WxTurn.h"
+#include "app/ZV_Proc.h"
+
+namespace zek {
+
+/// The browser's menu items.
+namespace browser {
+enum Menu : int {
+  Menu_Exit = wxID_HIGHEST + 100,
+  Menu_ExpandAll,
+  Menu_CollapseAll,
+  Menu_GetWDC,
+  Menu_EraseWDC,
+  Menu_EraseSDC,
+  Menu_EraseOVC,
+};
+}  // namespace browser
+
+/// `ZV_TSC`, the catalogue browser: shows the objects and their time controls, fetches a
+/// catalogue and opens its editor. Modal: returns when the browser was closed. It opens on the
+/// object of setting `StartTopic`, or else on the connected one.
+void ShowBrowser(wxWindow* parent, ZV_Proc& proc, WxTurn& turn);
+
+}  // namespace zek

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include <wx/button.h>
+#include <wx/evtloop.h>
+#include <wx/frame.h>
+#include <wx/menu.h>
+
+#include "app/WxTurn.h"
+#include "app/ZV_Proc.h"
+#include "catalogue/Catalogue.h"
+#include "catalogue/ZV_TSCTree.h"
+#include "ui/Forms.h"
+
+namespace zek {
+
+/// The browser's window. A frame in an event loop of its own rather than a dialog, since a dialog
+/// has no menu bar on every system.
+class ZV_TSC final : public wxFrame {
+ public:
+  ZV_TSC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn);
+  ~ZV_TSC() override;
+
+  /// Shows the form until it is closed. The form may be gone afterwards, with its parent.
+  void RunModal();
+
+  /// The status has changed; it is shown at the next frame.
+  void RequestStatus() { refresh_.Request(); }
+
+ private:
+  void BuildMenus();
+  void BuildStatusBar();
+  void BindEvents();
+  void ShowTree();
+  void ShowStatus();
+  void ShowBusy(bool busy);
+  void PlaceCancel();
+  void UpdateMenu(wxMenu& menu) const;
+  std::unique_ptr<wxMenu> TSCMenu() const;
+
+  void OnSelected();
+  void OnActivated(wxTreeEvent& event);
+  void OnContextMenu(wxTreeEvent& event);
+  void OnKey(wxKeyEvent& event);
+  void OnClose(wxCloseEvent& event);
+  void OnIconize(wxIconizeEvent& event);
+  void Get(Catalogue catalogue, const std::function<void()>& showEditor);
+  void GetWDC();
+  void Erase(Catalogue catalogue);
+
+  wxString Label(std::int32_t number, const char* key = "") const;
+
+  ZV_Proc& proc_;
+  WxTurn& turn_;
+  ObjectTreeView* TreeView;
+  wxMenu* menuTSC_ = nullptr;
+  wxButton* cancel_ = nullptr;
+  bool busy_ = false;
+  wxEventLoopBase* loop_ = nullptr;
+  FrameRefresh refresh_;
+};
+
+}  // namespace zek

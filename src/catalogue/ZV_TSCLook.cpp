@@ -1,0 +1,94 @@
+#include <array>
+
+#include <wx/statusbr.h>
+
+#include "catalogue/ZV_TSC.h"
+#include "catalogue/ZV_TSCForm.h"
+#include "lang/TextNumbers.h"
+#include "ui/WxText.h"
+
+// What the browser shows beside its tree: menus, status bar, and how it looks during a transfer.
+namespace zek {
+
+using namespace browser;
+
+namespace {
+constexpr int kWaitingPanel = 0;
+constexpr int kTransferPanel = 1;
+constexpr int kCancelPanel = 2;
+constexpr int kCancelMargin = 2;
+}  // namespace
+
+wxString ZV_TSC::Label(std::int32_t number, const char* key) const {
+  const wxString label = ToWx(proc_.Text(number));
+  return *key == '\0' ? label : label + "\t" + key;
+}
+
+std::unique_ptr<wxMenu> ZV_TSC::TSCMenu() const {
+  auto menu = std::make_unique<wxMenu>();
+  menu->Append(Menu_ExpandAll, Label(text::kBrowserExpandAll));
+  menu->Append(Menu_CollapseAll, Label(text::kBrowserCollapseAll));
+  menu->AppendSeparator();
+  menu->Append(Menu_GetWDC, Label(text::kBrowserGetWDC, "F5"));
+  menu->AppendSeparator();
+  menu->Append(Menu_EraseWDC, Label(text::kBrowserEraseWDC, "Del"));
+  menu->Append(Menu_EraseSDC, Label(text::kBrowserEraseSDC));
+  menu->Append(Menu_EraseOVC, Label(text::kBrowserEraseOVC));
+  return menu;
+}
+
+void ZV_TSC::BuildMenus() {
+  auto* const file = new wxMenu;
+  file->Append(Menu_Exit, Label(text::kBrowserClose, "Alt+F4"));
+  menuTSC_ = TSCMenu().release();
+  auto* const bar = new wxMenuBar;
+  bar->Append(file, Label(text::kMenuFile));
+  bar->Append(menuTSC_, Label(text::kBrowserTSC));
+  SetMenuBar(bar);
+}
+
+void ZV_TSC::UpdateMenu(wxMenu& menu) const {
+  const bool selected = TreeView->Selected().has_value();
+  const auto has = [&](Catalogue catalogue) { return selected && HasLocalCopy(proc_, catalogue); };
+  menu.Enable(Menu_GetWDC, selected && !LocalFileOf(proc_.selection, Catalogue::Wdc).empty());
+  menu.Enable(Menu_EraseWDC, has(Catalogue::Wdc));
+  menu.Enable(Menu_EraseSDC, has(Catalogue::Sdc));
+  menu.Enable(Menu_EraseOVC, has(Catalogue::Ovc));
+}
+
+void ZV_TSC::BuildStatusBar() {
+  wxStatusBar* const bar = CreateStatusBar(kCancelPanel + 1);
+  bar->SetName("StatusBar");
+  cancel_ = new wxButton(bar, wxID_CANCEL, Label(text::kCancelTransfer), wxDefaultPosition,
+                         wxDefaultSize, wxBU_EXACTFIT);
+  const wxSize button = cancel_->GetBestSize();
+  const std::array widths{-2, -3, button.x + 2 * FromDIP(kCancelMargin)};
+  bar->SetStatusWidths(static_cast<int>(widths.size()), widths.data());
+  bar->SetMinHeight(button.y + 2 * FromDIP(kCancelMargin));
+  cancel_->Hide();
+}
+
+void ZV_TSC::PlaceCancel() {
+  wxRect field;
+  if (GetStatusBar()->GetFieldRect(kCancelPanel, field)) cancel_->SetSize(field);
+}
+
+void ZV_TSC::ShowStatus() {
+  SetStatusText(ToWx(proc_.status.Waiting), kWaitingPanel);
+  SetStatusText(ToWx(proc_.status.Transfer), kTransferPanel);
+  if (busy_ != (proc_.status.Busy > 0)) ShowBusy(!busy_);
+}
+
+void ZV_TSC::ShowBusy(bool busy) {
+  busy_ = busy;
+  cancel_->Show(busy);
+  PlaceCancel();
+  // The focus leaves the tree before it is disabled, so that Escape still has a way in.
+  if (busy) cancel_->SetFocus();
+  TreeView->Enable(!busy);
+  for (std::size_t i = 0; i < GetMenuBar()->GetMenuCount(); ++i) GetMenuBar()->EnableTop(i, !busy);
+  SetCursor(busy ? wxCursor(wxCURSOR_WAIT) : wxNullCursor);
+  if (!busy) TreeView->SetFocus();
+}
+
+}  // namespace zek

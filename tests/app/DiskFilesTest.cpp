@@ -1,0 +1,57 @@
+#include <cstdlib>
+#include <filesystem>
+#include <gtest/gtest.h>
+
+#include "app/DiskFiles.h"
+
+namespace zek {
+namespace {
+
+class DiskFilesTest : public ::testing::Test {
+ protected:
+  DiskFilesTest() {
+    std::string name = (std::filesystem::temp_directory_path() / "zekview-XXXXXX").string();
+    folder = std::string(::mkdtemp(name.data())) + "/";
+  }
+
+  void TearDown() override { std::filesystem::remove_all(folder); }
+
+  std::string folder;
+  DiskFiles files;
+};
+
+TEST_F(DiskFilesTest, WritesReadsListsAndRemoves) {
+  const std::string bytes = std::string("a\0b\r\n\xFF", 6) + std::string(100'000, 'x');
+  EXPECT_FALSE(files.Write(folder + "b", bytes));
+  EXPECT_FALSE(files.Write(folder + "a", ""));
+  EXPECT_EQ(files.Read(folder + "b").bytes, bytes);
+  EXPECT_TRUE(files.Exists(folder + "a"));
+  EXPECT_FALSE(files.Exists(folder)) << "a folder is no file";
+  EXPECT_EQ(files.List(folder), (std::vector<std::string>{"a", "b"})) << "nothing left beside";
+  EXPECT_FALSE(files.Remove(folder + "a"));
+  EXPECT_FALSE(files.Remove(folder + "a")) << "what is not there is no error";
+  EXPECT_FALSE(files.Exists(folder + "a"));
+}
+
+TEST_F(DiskFilesTest, ErrorsNameTheFileAndTheReason) {
+  const FileContent missing = files.Read(folder + "nix");
+  ASSERT_TRUE(missing.error);
+  EXPECT_EQ(missing.error->path, folder + "nix");
+  EXPECT_EQ(missing.error->reason, FileError::Reason::Missing);
+  ASSERT_TRUE(files.Read(folder).error);
+  const auto noFolder = files.Write(folder + "nix/file", "x");
+  ASSERT_TRUE(noFolder);
+  EXPECT_EQ(noFolder->reason, FileError::Reason::Missing);
+}
+
+TEST_F(DiskFilesTest, AFailedWriteLeavesTheOldFileAndNothingElse) {
+  std::filesystem::create_directory(folder + "taken");  // a rename over a folder fails
+  std::filesystem::create_directory(folder + "taken/inside");
+  EXPECT_TRUE(files.Write(folder + "taken", "x"));
+  EXPECT_EQ(files.List(folder), std::vector<std::string>{"taken"});
+  const auto full = files.Write("/dev/full/x", "x");
+  EXPECT_TRUE(full);
+}
+
+}  // namespace
+}  // namespace zek
