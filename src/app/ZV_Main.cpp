@@ -18,21 +18,10 @@ constexpr int kEnquiry = 5;       // Ctrl+E
 constexpr int kPrintEnable = 16;  // Ctrl+P
 }  // namespace
 
-/// Lives as long as a handler that may wait. When the last of them ends, a close request that
-/// came meanwhile is carried out: no window goes while a wait that began in it is running.
-class ZV_Main::Working {
- public:
-  explicit Working(ZV_Main& form) : form_(form) { ++form_.working_; }
-  Working(const Working&) = delete;
-  Working& operator=(const Working&) = delete;
-  ~Working() {
-    if (--form_.working_ > 0 || !form_.closeRequested_) return;
-    form_.CallAfter([&form = form_] { form.Close(); });
-  }
-
- private:
-  ZV_Main& form_;
-};
+ZV_Main::Working::~Working() {
+  if (--form_.working_ > 0 || !form_.closeRequested_) return;
+  form_.CallAfter([&form = form_] { form.Close(); });
+}
 
 ZV_Main::ZV_Main(ZV_Proc& proc, WxTurn& turn)
     : wxFrame(nullptr, wxID_ANY, "ZEK View - version " ZEKVIEW_VERSION),
@@ -98,6 +87,15 @@ void ZV_Main::BindEvents() {
   Bind(wxEVT_ICONIZE, &ZV_Main::OnIconize, this);
 }
 
+// Shown is not yet visible: only a window that has been painted can be hidden again.
+void ZV_Main::OnFirstPaint(wxPaintEvent& event) {
+  event.Skip();
+  if (activated_) return;
+  activated_ = true;
+  CallAfter([this] { FirstActivation(); });  // it waits, so not from inside the painting
+}
+
+// What follows once: the topics, the start switches, the about box.
 void ZV_Main::FirstActivation() {
   {
     const Working working(*this);
@@ -129,6 +127,7 @@ void ZV_Main::StartDialog() {
 
 void ZV_Main::OnTick() {
   const Working working(*this);
+  if (!commands_.empty()) proc_.countdowns.WaitCountdown = 0;  // the next one is due
   proc_.connection.Tick();
 }
 

@@ -94,8 +94,6 @@ class Program final : public wxApp {
       tour_ = std::make_unique<Tour>(*line_.tour, desktop_->proc, desktop_->turn, tourPrompts_);
       tour_->Begin();
     }
-    // Waits must start from inside the running event loop.
-    main->CallAfter([main] { main->FirstActivation(); });
   }
 
   CommandLine line_;
