@@ -38,7 +38,7 @@ void ZV_Main::OpenLog() {
     proc_.outside.prompts.Show(Icon::Exclamation, FileMessage(proc_.texts, *file.error));
     return;
   }
-  std::deque<std::string> lines;
+  std::vector<std::string> lines;
   for (std::string_view rest = file.bytes; !rest.empty();) lines.emplace_back(TakeLine(rest));
   proc_.log.Replace(std::move(lines));
   ShowState();

@@ -2,48 +2,51 @@
 
 #include <algorithm>
 
+#include "text/Controls.h"
+
 namespace zek {
 namespace {
-bool IsControl(char character) { return static_cast<unsigned char>(character) < 32; }
 
-// Without an early end the loop runs on many characters at once; nearly all lines have none.
-bool HasControl(std::string_view line) {
-  unsigned char least = 255;
-  for (const char character : line) least = std::min(least, static_cast<unsigned char>(character));
-  return least < 32;
+// Control characters as "<" code ">".
+void MakeShown(std::string& line) {
+  std::size_t at = FindControl(line);
+  if (at == std::string::npos) return;
+  std::string shown;
+  std::size_t from = 0;
+  for (; at != std::string::npos; at = FindControl(line, from)) {
+    shown.append(line, from, at - from).append("<").append(std::to_string(int{line[at]})) += '>';
+    from = at + 1;
+  }
+  line = shown.append(line, from);
 }
+
 }  // namespace
 
-void AppendShown(std::string& shown, std::string_view line) {
-  if (!HasControl(line)) {
-    shown.append(line);
-    return;
-  }
-  for (auto at = line.begin(); at != line.end();) {
-    const auto control = std::find_if(at, line.end(), IsControl);
-    shown.append(at, control);
-    at = control;
-    if (at == line.end()) break;
-    shown.append("<").append(std::to_string(static_cast<int>(*at))).append(">");
-    ++at;
-  }
-}
-
 void ReplyLog::Add(std::string_view line) {
-  std::string entry;
-  if (lines_.size() >= kLines) {  // the dropped line's memory serves the new one
-    entry = std::move(lines_.front());
-    lines_.pop_front();
-    entry.clear();
+  if (lines_.size() < kLines) {
+    lines_.emplace_back(line);
+  } else {
+    lines_[first_] = line;
+    if (++first_ == lines_.size()) first_ = 0;
   }
-  AppendShown(entry, line);
-  lines_.push_back(std::move(entry));
-  if (Echo) Echo(lines_.back());
   ++added_;
+  ++raw_;
+  if (Echo) Echo(Lines().back());
 }
 
-void ReplyLog::Replace(std::deque<std::string> lines) {
+const std::vector<std::string>& ReplyLog::Lines() const {
+  std::rotate(lines_.begin(), lines_.begin() + static_cast<std::ptrdiff_t>(first_), lines_.end());
+  first_ = 0;
+  std::for_each(lines_.end() - static_cast<std::ptrdiff_t>(std::min(raw_, lines_.size())),
+                lines_.end(), MakeShown);
+  raw_ = 0;
+  return lines_;
+}
+
+void ReplyLog::Replace(std::vector<std::string> lines) {
   lines_ = std::move(lines);
+  first_ = 0;
+  raw_ = 0;
   ++replaced_;
 }
 

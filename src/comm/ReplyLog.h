@@ -1,10 +1,11 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace zek {
 
@@ -21,9 +22,11 @@ class ReplyLog {
   void Add(std::string_view line);
 
   /// Replaces all lines, by those of a file or none; their number is not limited.
-  void Replace(std::deque<std::string> lines);
+  void Replace(std::vector<std::string> lines);
 
-  const std::deque<std::string>& Lines() const { return lines_; }
+  /// All lines, the oldest first. Most lines of a flood are gone before anybody looks, so that
+  /// it's here that they are put in order and get their control characters replaced.
+  const std::vector<std::string>& Lines() const;
 
   /// How many lines were ever added by `Add`, and how often `Replace` was called: with both, a
   /// view knows what it has not shown yet.
@@ -31,12 +34,11 @@ class ReplyLog {
   std::uint64_t Replaced() const { return replaced_; }
 
  private:
-  std::deque<std::string> lines_;
+  mutable std::vector<std::string> lines_;
+  mutable std::size_t first_ = 0;  // where the oldest line stands
+  mutable std::size_t raw_ = 0;    // so many of the youngest are as they came
   std::uint64_t added_ = 0;
   std::uint64_t replaced_ = 0;
 };
-
-/// The line as the log shows it, put behind `shown`.
-void AppendShown(std::string& shown, std::string_view line);
 
 }  // namespace zek

@@ -2,48 +2,61 @@
 
 #include <algorithm>
 
+#include "text/Controls.h"
+
 namespace zek {
 namespace {
 
 constexpr std::string_view kLinkUp = "<TRANSPARENT>";
 constexpr std::size_t kPrefixLength = 5;
-constexpr std::size_t kSequenceLength = 4;
 constexpr std::string_view kFillers = "\r\x17";  // carriage return and character 23
 
-// Two searches for one character each are several times faster than one for either.
-bool HasFiller(std::string_view line) {
-  return line.find(kFillers[0]) != std::string_view::npos ||
-         line.find(kFillers[1]) != std::string_view::npos;
+// Hardly any text has a "<", which one character's search finds out sooner.
+bool HoldsLinkUp(std::string_view text) {
+  const std::size_t at = text.find(kLinkUp.front());
+  return at != std::string_view::npos && text.find(kLinkUp, at) != std::string_view::npos;
 }
+
+bool IsFiller(char character) { return kFillers.find(character) != std::string_view::npos; }
 
 }  // namespace
 
 void ReplyReader::HandleReplyText(std::string_view text, ReplyEvents& events) {
-  if (text.find(kLinkUp) != std::string_view::npos) {
+  if (HoldsLinkUp(text)) {
     ReplyBuffer.clear();
     events.OnLinkUp();
     return;
   }
-  sequence_ = text.substr(0, kSequenceLength);
+  sequenceLength_ = std::min(sequence_.size(), text.size());
+  for (std::size_t i = 0; i < sequenceLength_; ++i) sequence_[i] = text[i];
   text.remove_prefix(std::min(kPrefixLength, text.size()));
-  while (true) {
-    const std::size_t end = text.find('\n');
-    if (end == std::string_view::npos) break;
-    std::string_view line = text.substr(0, end);
-    text.remove_prefix(end + 1);
-    if (line.ends_with('\r')) line.remove_suffix(1);
-    // Most lines stand whole and clean in the text and need no copy.
-    if (ReplyBuffer.empty() && line.size() <= kLongestReply && !HasFiller(line)) {
-      events.OnReplyLine(line);
+  bool clean = ReplyBuffer.empty();  // most lines stand whole in the text and need no copy
+  for (std::size_t at = FindControl(text); at != std::string_view::npos;) {
+    const std::size_t lineFeed = text[at] == '\r' ? at + 1 : at;
+    if (lineFeed == text.size() || text[lineFeed] != '\n') {
+      clean = clean && !IsFiller(text[at]);
+      at = FindControl(text, at + 1);
       continue;
     }
-    Keep(line, events);
-    const std::string whole = std::move(ReplyBuffer);
-    ReplyBuffer.clear();
-    events.OnReplyLine(
-        std::string_view(whole).substr(whole.size() - std::min(whole.size(), kLongestReply)));
+    const std::string_view line = text.substr(0, at);
+    if (clean && line.size() <= kLongestReply) {
+      events.OnReplyLine(line);
+    } else {
+      EndLine(line, events);
+    }
+    text.remove_prefix(lineFeed + 1);
+    clean = true;
+    at = text.empty() ? std::string_view::npos : FindControl(text);
   }
-  Keep(text, events);
+  if (!text.empty()) Keep(text, events);
+}
+
+void ReplyReader::EndLine(std::string_view line, ReplyEvents& events) {
+  Keep(line, events);
+  const std::string whole = std::move(ReplyBuffer);
+  ReplyBuffer.clear();
+  events.OnReplyLine(
+      std::string_view(whole).substr(whole.size() - std::min(whole.size(), kLongestReply)));
 }
 
 void ReplyReader::Keep(std::string_view text, ReplyEvents& events) {

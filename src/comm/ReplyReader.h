@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -32,13 +33,15 @@ class ReplyReader {
   void Clear();
 
   /// The sequence number of the last reply text.
-  const std::string& Sequence() const { return sequence_; }
+  std::string_view Sequence() const { return {sequence_.data(), sequenceLength_}; }
 
  private:
+  void EndLine(std::string_view line, ReplyEvents& events);
   void Keep(std::string_view text, ReplyEvents& events);
 
   std::string ReplyBuffer;  // the line begun, without carriage returns and characters 23
-  std::string sequence_;
+  std::array<char, 4> sequence_{};
+  std::size_t sequenceLength_ = 0;
   bool droppedTold_ = false;
 };
 

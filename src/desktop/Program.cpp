@@ -63,6 +63,7 @@ class Program final : public wxApp {
     UseConfiguration(!line_.tour);
     Prompts* const prompts = line_.tour ? static_cast<Prompts*>(&tourPrompts_) : &prompts_;
     desktop_ = std::make_unique<Desktop>(programPath, IniPathOf(line_, programPath), *prompts);
+    prompts_.Speak(desktop_->proc.texts);
     if (const auto ended = StartUp(*desktop_, line_, instance_)) return *ended;
     ShowMain();
     wxApp::OnRun();

@@ -4,8 +4,6 @@
 #include <memory>
 
 #include <wx/choice.h>
-#include <wx/dcmemory.h>
-#include <wx/dcscreen.h>
 #include <wx/frame.h>
 #include <wx/image.h>
 #include <wx/textctrl.h>
@@ -13,6 +11,7 @@
 
 #include "app/ZV_Main.h"
 #include "catalogue/ZV_TSC.h"
+#include "desktop/ScreenPicture.h"
 #include "text/Windows1252.h"
 
 namespace zek {
@@ -139,19 +138,8 @@ void Tour::Leave() {
 }
 
 void Tour::TakePicture(const std::string& form, const std::string& name) {
-  wxWindow* const window = Shown(form.c_str());
-  const wxRect place =
-      wxRect(window->GetScreenPosition(), window->GetSize()).Intersect(wxRect(wxGetDisplaySize()));
-  wxBitmap picture(place.GetSize());
-  {
-    wxScreenDC screen;
-    wxMemoryDC memory(picture);
-    memory.Blit({0, 0}, place.GetSize(), &screen, place.GetPosition());
-  }
   const std::string path = WithSeparator(directory_) + name + ".png";
-  if (!picture.ConvertToImage().SaveFile(wxString::FromUTF8(path), wxBITMAP_TYPE_PNG)) {
-    Fail("could not write " + path);
-  }
+  if (!SaveScreenPicture(*Shown(form.c_str()), path)) Fail("could not write " + path);
 }
 
 void Tour::ChooseTopic() {

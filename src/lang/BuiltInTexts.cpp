@@ -50,6 +50,8 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kLocalCopyTooLong, "Filen %1 har fler än %2 rader och kan inte användas."_w1252},
     {text::kNoSuchCatalogue, "Objektet har ingen egen katalog av det slaget."_w1252},
     {text::kSending, "Sänder"_w1252},
+    {text::kYes, "&Ja"_w1252},
+    {text::kNo, "&Nej"_w1252},
     {text::kLinesLost,
      "Antal rader i katalogen som inte kunde läsas: %1. De finns inte kvar när katalogen har sparats. Spara ändå?"_w1252},
     {text::kLinesLostTitle, "Spara katalogen"_w1252},

@@ -84,6 +84,9 @@ inline constexpr std::int32_t kAttempt = 536;      // %1 of 3
 inline constexpr std::int32_t kLocalCopyTooLong = 540;
 inline constexpr std::int32_t kNoSuchCatalogue = 541;
 inline constexpr std::int32_t kSending = 542;
+// Buttons of questions
+inline constexpr std::int32_t kYes = 545;
+inline constexpr std::int32_t kNo = 546;
 // All three editors
 inline constexpr std::int32_t kLinesLost = 650;  // %1 lines
 inline constexpr std::int32_t kLinesLostTitle = 651;

@@ -117,11 +117,16 @@ TEST(ReplyLog, KeepsTheLast250AndShowsControls) {
   for (int i = 0; i < 300; ++i) log.Add(std::to_string(i));
   EXPECT_EQ(log.Lines().size(), 250U);
   EXPECT_EQ(log.Lines().front(), "50");
+  log.Add("x\x01");  // behind lines that were looked at
+  log.Add("y");
+  EXPECT_EQ(log.Lines().front(), "52");
+  EXPECT_EQ(log.Lines()[248], "x<1>");
+  EXPECT_EQ(log.Lines().back(), "y");
 }
 
 TEST(ReplyLog, AFileMayBeLongerAndShrinksLineByLine) {
   ReplyLog log;
-  log.Replace(std::deque<std::string>(400, "x"));
+  log.Replace(std::vector<std::string>(400, "x"));
   log.Add("new");
   EXPECT_EQ(log.Lines().size(), 400U);
   EXPECT_EQ(log.Lines().back(), "new");

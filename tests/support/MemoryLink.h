@@ -61,6 +61,7 @@ class MemoryLink final : public Link {
       if (serial == serial_) Events().OnLinkText(bytes);
     });
   }
+  void SayNow(std::string_view bytes) { Events().OnLinkText(bytes); }  // the event itself
   void HangUp(int milliseconds = 10) {
     turn_.After(milliseconds, [this, serial = serial_] {
       if (serial != serial_) return;

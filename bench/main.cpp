@@ -1,0 +1,28 @@
+#include <array>
+#include <iostream>
+#include <vector>
+
+#include "Limits.h"
+
+// zekview-bench [OPTION...]: measures the core beside its peers and prints every figure that has a
+// limit as a quotient. The options are those of the benchmark framework; what is set here holds
+// unless they say otherwise. Ends with 1 when a limit is exceeded.
+int main(int argc, char** argv) {
+  std::vector<char*> arguments(argv, argv + argc);
+  std::array<std::string, 3> defaults = {"--benchmark_repetitions=5", "--benchmark_min_time=0.1",
+                                         "--benchmark_enable_random_interleaving=true"};
+  for (std::string& option : defaults) {
+    arguments.insert(arguments.begin() + 1, option.data());
+  }
+  int count = static_cast<int>(arguments.size());
+  benchmark::Initialize(&count, arguments.data());
+  if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) return 2;
+
+  std::vector<zek::bench::Limit> limits;
+  zek::bench::AddReplyHandler(limits);
+  zek::bench::AddWeekday(limits);
+  zek::bench::FastestReporter reporter;
+  benchmark::RunSpecifiedBenchmarks(&reporter);
+  std::cout << '\n';
+  return reporter.PrintLimits(limits, std::cout) ? 0 : 1;
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string>
+
+#include <wx/window.h>
+
+namespace zek {
+
+/// Saves what the screen shows of a window as a PNG file (the path in UTF-8); the picture handler
+/// must have been added. False when the file can't be written.
+bool SaveScreenPicture(const wxWindow& window, const std::string& path);
+
+}  // namespace zek

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <cstddef>
+#include <string_view>
+
+namespace zek {
+
+/// The place of the first control character (below 32) of `text` from place `from` on, or npos.
+/// Looks at eight characters at a time: all that arrives goes through here.
+std::size_t FindControl(std::string_view text, std::size_t from = 0);
+
+}  // namespace zek
