@@ -42,7 +42,8 @@ class ZV_TSC final : public wxFrame {
 
   void OnSelected();
   void OnActivated(wxTreeEvent& event);
-  void OnContextMenu(wxTreeEvent& event);
+  void OnContextMenu(wxContextMenuEvent& event);
+  void ShowContextMenu();
   void OnKey(wxKeyEvent& event);
   void OnClose(wxCloseEvent& event);
   void OnIconize(wxIconizeEvent& event);
@@ -57,7 +58,8 @@ class ZV_TSC final : public wxFrame {
   ObjectTreeView* TreeView;
   wxMenu* menuTSC_ = nullptr;
   wxButton* cancel_ = nullptr;
-  bool busy_ = false;
+  bool fetching_ = false;  // a fetch that was begun here; the editor shows its own writes
+  bool busy_ = false;      // what the form looks like
   wxEventLoopBase* loop_ = nullptr;
   FrameRefresh refresh_;
 };

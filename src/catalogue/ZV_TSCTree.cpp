@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <wx/utils.h>
 #include <wx/wupdlock.h>
 
 #include "ui/NodePictures.h"
@@ -41,6 +42,13 @@ void ObjectTreeView::SelectPlace(std::size_t place) {
   SelectItem(item);
   if (ItemHasChildren(item)) Expand(item);
   EnsureVisible(item);
+}
+
+wxPoint ObjectTreeView::MenuPlace() const {
+  const wxPoint mouse = ScreenToClient(wxGetMousePosition());
+  wxRect node;
+  if (!GetBoundingRect(GetSelection(), node, true) || node.Contains(mouse)) return mouse;
+  return node.GetBottomLeft();
 }
 
 void ObjectTreeView::ExpandObjects() {
