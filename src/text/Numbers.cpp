@@ -66,6 +66,10 @@ bool IsNumeric(std::string_view text) {
 }
 
 std::optional<std::int16_t> ToInt16(double value) {
+  // Nearly all values are whole; rounding is a call of a library function.
+  if (std::abs(value) < 32768 && value == static_cast<std::int16_t>(value)) {
+    return static_cast<std::int16_t>(value);
+  }
   const double rounded = std::nearbyint(value);
   if (!(rounded >= -32768 && rounded <= 32767)) return std::nullopt;
   return static_cast<std::int16_t>(rounded);
@@ -90,12 +94,6 @@ std::string FormatNumber(double value, char decimalSeparator) {
     return std::to_string(static_cast<int>(value));
   }
   std::array<char, 32> digits{};
-  constexpr double sevenDigits = 1e7;
-  if (std::fabs(value) < sevenDigits && value == std::trunc(value)) {
-    const auto whole = std::to_chars(digits.data(), digits.data() + digits.size(),
-                                     static_cast<std::int64_t>(value));
-    return {digits.data(), whole.ptr};
-  }
   const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size(), value,
                                           std::chars_format::general, 7);
   std::string text(digits.data(), end);
