@@ -1,4 +1,106 @@
+#include <array>
+#include <charconv>
+#include <cstring>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "LibicalSchedule.h"
 #include "Limits.h"
+#include "editors/CatalogueLimits.h"
+#include "editors/weekday/WeekdayText.h"
+
 namespace zek::bench {
-void AddWeekday(std::vector<Limit>&) {}
+namespace {
+
+constexpr std::string_view kName = "TSC1";
+constexpr auto kEntries = static_cast<double>(kMaxCatalogueLines);
+
+using Lines = std::vector<std::string>;
+
+// As many rows as a catalogue has lines, no two of neighbouring days equal, so that each is a line.
+WeekdayTable FullTable() {
+  constexpr std::array valuesOn = {21.F, 1.F, 20.5F, 22.F};
+  WeekdayTable table;
+  for (std::size_t entry = 0; entry < kMaxCatalogueLines; ++entry) {
+    const std::size_t day = entry % kWeekdayDays;
+    const std::size_t row = entry / kWeekdayDays;
+    const auto start = static_cast<std::int16_t>(row * 80 + day * 5);
+    table.days.at(day).at(row) = {start, static_cast<std::int16_t>(start + 45),
+                                  valuesOn.at(entry % valuesOn.size()), 17.F};
+  }
+  return table;
+}
+
+Lines Build(const WeekdayTable& table) {
+  BuiltLines built = BuildWeekday(table, kName, {}, BuildStart::Afresh, '.');
+  Lines* const lines = std::get_if<Lines>(&built);
+  return lines == nullptr ? Lines() : std::move(*lines);
+}
+
+void ReadAndBuild(benchmark::State& state) {
+  const WeekdayTable table = FullTable();
+  const Lines lines = Build(table);
+  if (lines.size() != kMaxCatalogueLines || ReadWeekday(lines, kName).table != table) {
+    state.SkipWithError("the catalogue is not read as it was built");
+  }
+  for (auto _ : state) {
+    const WeekdayReading reading = ReadWeekday(lines, kName);
+    benchmark::DoNotOptimize(Build(reading.table).data());
+  }
+}
+
+template <class Number>
+void ParseAt(const char* text, std::size_t column, const char* end) {
+  const char* at = text + column - 1;
+  while (at < end && *at == ' ') ++at;
+  Number number{};
+  std::from_chars(at, end, number);
+  benchmark::DoNotOptimize(number);
+}
+
+// The least that reading and building can do: every number of the text, found without a search
+// where the layout has it, and one copy of the text.
+void ParseAndCopy(benchmark::State& state) {
+  std::string text;
+  std::vector<std::size_t> starts;
+  for (const std::string& line : Build(FullTable())) {
+    starts.push_back(text.size());
+    text += line + "\r\n";
+  }
+  std::string copy(text.size(), ' ');
+  for (auto _ : state) {
+    const char* const end = text.data() + text.size();
+    for (const std::size_t start : starts) {
+      const char* const line = text.data() + start;
+      ParseAt<int>(line, 1, end);
+      for (const std::size_t column : {35, 38, 42, 45}) ParseAt<int>(line, column, end);
+      for (const std::size_t column : {61, 71}) ParseAt<float>(line, column, end);
+    }
+    std::memcpy(copy.data(), text.data(), text.size());
+    benchmark::DoNotOptimize(copy.data());
+    benchmark::ClobberMemory();
+  }
+}
+
+void ParseAndSerialise(benchmark::State& state) {
+  const std::string calendar = IcalendarOf(FullTable());
+  if (CountEvents(calendar) != kMaxCatalogueLines) state.SkipWithError("not a full schedule");
+  for (auto _ : state) benchmark::DoNotOptimize(ParsedAndSerialised(calendar).data());
+}
+
+}  // namespace
+
+void AddWeekday(std::vector<Limit>& limits) {
+  constexpr double mostOfPass = 6;
+  constexpr double mostOfLibical = 0.1;
+  AddBenchmark("weekday catalogue", kEntries, ReadAndBuild);
+  AddBenchmark("from_chars and memcpy", kEntries, ParseAndCopy);
+  AddBenchmark("libical", kEntries, ParseAndSerialise);
+  limits.push_back({"weekday catalogue / one from_chars and memcpy pass", "weekday catalogue",
+                    "from_chars and memcpy", mostOfPass});
+  limits.push_back({"weekday catalogue / libical, time for an entry", "weekday catalogue",
+                    "libical", mostOfLibical});
+}
+
 }  // namespace zek::bench

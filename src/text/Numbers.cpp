@@ -67,6 +67,10 @@ bool IsNumeric(std::string_view text) {
 }
 
 std::optional<std::int16_t> ToInt16(double value) {
+  // Nearly all values are whole; rounding is a call of a library function.
+  if (std::abs(value) < 32768 && value == static_cast<std::int16_t>(value)) {
+    return static_cast<std::int16_t>(value);
+  }
   const double rounded = std::nearbyint(value);
   if (!(rounded >= -32768 && rounded <= 32767)) return std::nullopt;
   return static_cast<std::int16_t>(rounded);

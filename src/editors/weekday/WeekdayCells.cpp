@@ -29,12 +29,22 @@ std::optional<std::int16_t> TimeWithoutSeparator(std::string_view digits) {
 
 }  // namespace
 
-std::string TimeText(std::int16_t minutes) {
-  if (minutes == kNoTime) return {};
+void WriteTime(std::int16_t minutes, char* at) {
   const auto digit = [](int value) { return static_cast<char>('0' + value % 10); };
   const int hours = minutes / 60;
   const int rest = minutes % 60;
-  return {digit(hours / 10), digit(hours), ':', digit(rest / 10), digit(rest)};
+  at[0] = digit(hours / 10);
+  at[1] = digit(hours);
+  at[2] = ':';
+  at[3] = digit(rest / 10);
+  at[4] = digit(rest);
+}
+
+std::string TimeText(std::int16_t minutes) {
+  if (minutes == kNoTime) return {};
+  std::string text(kTimeLength, ' ');
+  WriteTime(minutes, text.data());
+  return text;
 }
 
 std::string ValueOnText(const WeekdayRow& row, char decimalSeparator) {
