@@ -60,6 +60,7 @@ char SystemDecimalSeparator() {
 std::optional<int> StartUp(Desktop& desktop, const CommandLine& line,
                            wxSingleInstanceChecker& instance) {
   ZV_Proc& proc = desktop.proc;
+  if (!CheckSettingsFile(proc)) return kFailed;
   if (!ChooseLanguage(desktop, !line.tour)) return kFailed;
   if (IsAnotherRunning(instance, proc.settings.ProgramPath)) {
     desktop.prompts.Show(Icon::Information, proc.Text(text::kAlreadyRunning));

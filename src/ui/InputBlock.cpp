@@ -58,6 +58,7 @@ int InputBlock::FilterEvent(wxEvent& event) {
     if (!request.CanVeto()) return Event_Skip;
     request.Veto();
     closeRequested_ = true;
+    onEscape_();
   }
   if (IsEscape(event)) onEscape_();
   // A key that began the work may still be held down and must not press the free button.

@@ -26,8 +26,17 @@ long StyleOf(Icon icon) {
 
 }  // namespace
 
+namespace {
+// A line of a controller or a file can be longer than any screen.
+wxString Readable(const std::string& message) {
+  constexpr std::size_t longest = 1000;
+  if (message.size() <= longest) return ToWx(message);
+  return ToWx(message.substr(0, longest)) + wxString(wxUniChar(0x2026));
+}
+}  // namespace
+
 int WxPrompts::Ask(long style, const std::string& message, const std::string& caption) const {
-  wxMessageDialog box(wxGetActiveWindow(), ToWx(message),
+  wxMessageDialog box(wxGetActiveWindow(), Readable(message),
                       caption.empty() ? "ZekView" : ToWx(caption), style);
   if (texts_ != nullptr && (style & wxYES_NO) == wxYES_NO) {
     box.SetYesNoLabels(ToWx(texts_->Text(text::kYes)), ToWx(texts_->Text(text::kNo)));
