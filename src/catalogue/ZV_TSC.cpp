@@ -9,6 +9,7 @@
 #include "editors/weekday/ZV_WDC.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
+#include "ui/Forms.h"
 #include "ui/InputBlock.h"
 #include "ui/StatusChain.h"
 #include "ui/WxText.h"
@@ -28,8 +29,7 @@ ZV_TSC::ZV_TSC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn)
     : wxFrame(parent, wxID_ANY, ToWx(proc.Text(text::kBrowserTitle))),
       proc_(proc),
       turn_(turn),
-      TreeView(new ObjectTreeView(this)),
-      refresh_([this] { ShowStatus(); }) {
+      TreeView(new ObjectTreeView(this)) {
   BuildMenus();
   BuildStatusBar();
   auto* const whole = new wxBoxSizer(wxVERTICAL);
@@ -210,9 +210,11 @@ void ZV_TSC::GetWDC() {
 void ShowBrowser(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
   const wxWeakRef<ZV_TSC> form(new ZV_TSC(parent, proc, turn));
   const StatusChain chain(proc.status, [form] {
-    if (form) form->RequestStatus();
+    if (form) form->ShowStatus();
   });
+  const wxWeakRef<wxWindow> below(parent);
   form->RunModal();
+  if (below) below->Raise();
 }
 
 }  // namespace zek

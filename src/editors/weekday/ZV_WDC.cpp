@@ -16,8 +16,7 @@ ZV_WDC::ZV_WDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, WeekdayEditor& edi
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX),
       proc_(proc),
       turn_(turn),
-      editor_(editor),
-      refresh_([this] { ShowStatus(); }) {
+      editor_(editor) {
   Build();
   ShowTypeCaptions();
   BindEvents();
@@ -91,11 +90,11 @@ void ShowWeekdayForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
                        proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit);
   const wxWeakRef<ZV_WDC> form(new ZV_WDC(parent, proc, turn, editor));
   const StatusChain chain(proc.status, [form] {
-    if (form) form->RequestStatus();
+    if (form) form->ShowStatus();
   });
-  form->CallAfter([&] {
+  form->CallAfter([form, &proc, refused = editor.Refused()] {
     form->Raise();
-    if (editor.Refused()) ShowRefused(*editor.Refused(), proc.outside.prompts, proc.texts);
+    if (refused) ShowRefused(*refused, proc.outside.prompts, proc.texts);
   });
   form->ShowModal();
   if (form) form->Destroy();

@@ -12,7 +12,6 @@
 #include "app/ZV_Proc.h"
 #include "editors/weekday/WeekdayEditor.h"
 #include "editors/weekday/ZV_WDCGrid.h"
-#include "ui/Forms.h"
 #include "ui/Mnemonics.h"
 
 namespace zek {
@@ -22,8 +21,8 @@ class ZV_WDC final : public wxDialog {
  public:
   ZV_WDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, WeekdayEditor& editor);
 
-  /// The status has changed; it is shown at the next frame.
-  void RequestStatus() { refresh_.Request(); }
+  /// Shows what is transferred and waited for.
+  void ShowStatus();
 
  private:
   void Build();
@@ -34,7 +33,6 @@ class ZV_WDC final : public wxDialog {
   wxString TypeCaption(std::size_t type) const;
   void BindEvents();
   void ShowTypeCaptions();
-  void ShowStatus();
   void ShowBusy(bool busy);
   void Change(std::size_t (WeekdayEditor::*change)());
   void OnKey(wxKeyEvent& event);
@@ -54,7 +52,6 @@ class ZV_WDC final : public wxDialog {
   wxButton* Command_Cancel = nullptr;
   wxStaticText* status_ = nullptr;
   bool busy_ = false;
-  FrameRefresh refresh_;
 };
 
 }  // namespace zek

@@ -76,7 +76,7 @@ wxTextCtrl* WeekdayGrid::NewBox(WeekdayFocus at) {
   }
   if (at.box == WeekdayBox::ValueOff && !editor_.HasStopValues()) box->Disable();
   box->Bind(wxEVT_SET_FOCUS, [this, at, box](wxFocusEvent& event) {
-    OnEntered(at.column);
+    if (IsShownOnScreen()) OnEntered(at.column);
     box->SelectAll();
     event.Skip();
   });
@@ -86,7 +86,7 @@ wxTextCtrl* WeekdayGrid::NewBox(WeekdayFocus at) {
     event.Skip();
   });
   box->Bind(wxEVT_KILL_FOCUS, [this, at](wxFocusEvent& event) {
-    Enter(at);
+    if (IsShownOnScreen()) Enter(at);  // a closed form has no editor any more
     event.Skip();
   });
   return box;

@@ -2,6 +2,7 @@
 
 #include "editors/weekday/ZV_WDCForm.h"
 #include "lang/TextNumbers.h"
+#include "ui/Forms.h"
 #include "ui/WxText.h"
 
 // The weekday editor's controls, their captions and how they look while a catalogue is written.
