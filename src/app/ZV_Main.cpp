@@ -6,6 +6,7 @@
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
 #include "text/Fields.h"
+#include "text/Windows1252.h"
 #include "ui/Pictures.h"
 #include "ui/WxText.h"
 
@@ -75,13 +76,22 @@ void ZV_Main::BindEvents() {
   Text_Input->Bind(wxEVT_CHAR, &ZV_Main::OnKey, this);
   Text_Input->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) {
     const wxString typed = Text_Input->GetValue();
+    if (!FitsWindows1252(typed.utf8_string())) {
+      proc_.outside.prompts.Show(Icon::Information, proc_.Text(text::kCommandUnfit));
+      return;
+    }
     Send(FromWx(typed), typed);
   });
   List_Output->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
     event.Skip();
-    CallAfter([this] { OnLogChosen(); });  // when the click has selected its line
+    int flags = 0;
+    // New lines may come and be selected before the click's own work is done.
+    const long item = List_Output->HitTest(event.GetPosition(), flags);
+    if (item >= 0) CallAfter([this, line = List_Output->Line(item)] { OnLogChosen(line); });
   });
-  List_Output->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { OnLogChosen(); });
+  List_Output->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent& event) {
+    OnLogChosen(List_Output->Line(event.GetIndex()));
+  });
   Bind(wxEVT_CHAR_HOOK, &ZV_Main::OnCharHook, this);
   Bind(wxEVT_CLOSE_WINDOW, &ZV_Main::OnClose, this);
   Bind(wxEVT_ICONIZE, &ZV_Main::OnIconize, this);
@@ -189,9 +199,8 @@ void ZV_Main::SendQueued() {
   sending_ = false;
 }
 
-void ZV_Main::OnLogChosen() {
-  if (List_Output->GetFirstSelected() < 0) return;
-  Text_Input->ChangeValue(ToWx(List_Output->SelectedLine()));
+void ZV_Main::OnLogChosen(const std::string& line) {
+  Text_Input->ChangeValue(ToWx(line));
   if (!Text_Input->IsEnabled()) return;
   Text_Input->SetFocus();
   Text_Input->SetInsertionPointEnd();

@@ -80,7 +80,7 @@ class ZV_Main final : public wxFrame {
   void OnCharHook(wxKeyEvent& event);
   void OnClose(wxCloseEvent& event);
   void OnIconize(wxIconizeEvent& event);
-  void OnLogChosen();
+  void OnLogChosen(const std::string& line);
   void Connect(std::int16_t topic);
   void Send(const std::string& command, const wxString& typed);
   void SendQueued();

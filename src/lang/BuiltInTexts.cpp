@@ -50,6 +50,7 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kSending, "Sänder"_w1252},
     {text::kListingTooLong,
      "Katalogen i DUC har fler än %1 rader. %2 rader får inte plats och har utelämnats."_w1252},
+    {text::kCommandUnfit, "Kommandot innehåller tecken som DUC inte känner till."_w1252},
     {text::kYes, "&Ja"_w1252},
     {text::kNo, "&Nej"_w1252},
     {text::kLinesLost,

@@ -84,6 +84,7 @@ inline constexpr std::int32_t kNoSuchCatalogue = 541;
 inline constexpr std::int32_t kSending = 542;
 inline constexpr std::int32_t kListingTooLong = 543;  // %1 lines at most, %2 left out
 // Buttons of questions
+inline constexpr std::int32_t kCommandUnfit = 544;
 inline constexpr std::int32_t kYes = 545;
 inline constexpr std::int32_t kNo = 546;
 // All three editors

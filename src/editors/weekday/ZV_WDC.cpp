@@ -84,10 +84,11 @@ void ZV_WDC::ShowStatus() {
 
 void ShowWeekdayForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
   using Access = WeekdayEditor::Access;
+  // The node of a whole object has no name: its editor owns none of the lines it would replace.
+  const bool viewOnly = proc.settings.ViewOnly || proc.selection.TscName.empty();
   // The editor outlives its form, which may go with its parent in the middle of a save.
   WeekdayEditor editor(proc.transfer.CatalogueLines, proc.selection.TscName,
-                       proc.settings.DecimalSeparator,
-                       proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit);
+                       proc.settings.DecimalSeparator, viewOnly ? Access::ViewOnly : Access::Edit);
   const wxWeakRef<ZV_WDC> form(new ZV_WDC(parent, proc, turn, editor));
   const StatusChain chain(proc.status, [form] {
     if (form) form->ShowStatus();
