@@ -40,7 +40,7 @@ std::string Complaint(const CommandLine& line, const std::string& programPath) {
   if (!std::filesystem::is_directory(programPath, error)) {
     return "There is no directory " + programPath + (error ? " (" + error.message() + ")" : "");
   }
-  std::filesystem::directory_iterator(programPath, error);
+  const std::filesystem::directory_iterator readable(programPath, error);
   if (error) return "The directory " + programPath + " can't be read (" + error.message() + ")";
   return {};
 }
