@@ -26,7 +26,7 @@ std::string FileText(const std::string& path) {
 
 class ZV_MainTest : public testing::Test {
  protected:
-  ~ZV_MainTest() override {
+  void TearDown() override {
     if (form_) form_->Close();
     EXPECT_TRUE(PumpUntil([this] { return !form_; }));
   }
@@ -151,8 +151,8 @@ TEST_F(ZV_MainTest, AFloodOfLinesIsShownInBatches) {
 
 TEST_F(ZV_MainTest, TheLogIsSavedOpenedAndEmptied) {
   Open();
-  const std::string path = world_->directory + "logg.txt";
-  form_->AskFile = [path](bool) { return path; };
+  std::string path = world_->directory + "logg.txt";
+  form_->AskFile = [&path](bool) { return path; };
   proc().log.Add("f\xF6rsta\t");
   proc().log.Add("andra");
   Command(*form_, wxEVT_MENU, Menu_Debug_Save);
