@@ -38,7 +38,14 @@ class ZV_MainTest : public testing::Test {
     EXPECT_TRUE(PumpUntil([this] { return topics().GetCount() > 0 && Shown("ZV_Info"); }));
   }
 
+  // Without a window manager the keys go to the window under the pointer: not to the about box.
+  void CloseAboutBox() {
+    if (wxWindow* const box = Shown("ZV_Info")) box->Close();
+    EXPECT_TRUE(PumpUntil([] { return Shown("ZV_Info") == nullptr; }));
+  }
+
   void Connect(int item = 0) {
+    CloseAboutBox();
     topics().SetSelection(item);
     wxCommandEvent event(wxEVT_CHOICE, topics().GetId());
     event.SetInt(item);
