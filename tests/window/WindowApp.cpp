@@ -192,10 +192,10 @@ class TestApp final : public wxApp {
  public:
   bool OnInit() override { return true; }
 
+  // NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks): the toolkit keeps the configuration
   int OnRun() override {
     SetExitOnFrameDelete(false);
     wxStringInputStream nothing{wxString()};
-    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): given to the toolkit
     wxConfigBase::Set(std::make_unique<wxFileConfig>(nothing).release());  // the toolkit's own
     CallAfter([this] {
       result_ = RUN_ALL_TESTS();
@@ -205,6 +205,7 @@ class TestApp final : public wxApp {
     for (const std::string& each : Directories()) std::filesystem::remove_all(each);
     return result_;
   }
+  // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
 
   void OnAssertFailure(const wxChar* file, int line, const wxChar* /*function*/,
                        const wxChar* condition, const wxChar* message) override {
