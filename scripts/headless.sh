@@ -7,4 +7,4 @@ unset WAYLAND_DISPLAY
 export GDK_BACKEND=x11  # the toolkit would look for Wayland first
 export NO_AT_BRIDGE=1   # and for an accessibility bus
 export GTK_THEME=Adwaita GDK_SCALE=1
-exec xvfb-run --auto-servernum --server-args="-screen 0 1600x1200x24 -dpi 96 -nolisten tcp" "$@"
+exec xvfb-run --auto-servernum --server-args="-screen 0 1600x1200x24 -dpi 96 -nolisten tcp -noreset" "$@"
