@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# tour.sh DIRECTORY: ZekView shows itself on a screen in memory: it opens the browser, fetches a
+# tour.sh DIRECTORY [LANGUAGE [SCALE]]: ZekView shows itself on a screen in memory: it opens the browser, fetches a
 # weekday catalogue from a simulated plant over TCP/IP, opens its editor, and leaves its pictures
-# in DIRECTORY.
+# in DIRECTORY. LANGUAGE is 046 or 044, SCALE 1 (96 dpi) or 2 (192 dpi).
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
@@ -9,6 +9,8 @@ source scripts/common.sh
 source scripts/demo.sh
 
 pictures="$1"
+language="${2:-046}"
+export ZEKVIEW_SCALE="${3:-1}"
 program_directory=build/tour/program  # afresh each time, so that the pictures are the same
 
 scripts/build.sh
@@ -16,6 +18,7 @@ rm -rf "$program_directory"
 mkdir -p "$pictures"
 rm -f "$pictures"/*.png
 prepare_demo "$program_directory"
+sed -i "s/^Language=.*/Language=$language\r/" "$program_directory/ZEKView.INI"
 start_plant "$program_directory"
 scripts/headless.sh timeout 300 build/bin/zekview --dir "$PWD/$program_directory/" \
   --tour "$PWD/$pictures" </dev/null || die "The tour ended with an error."

@@ -52,6 +52,12 @@ bool WriteAll(int descriptor, std::string_view bytes) {
   return true;
 }
 
+std::string BehindLinks(const std::string& path) {
+  std::error_code error;
+  const std::filesystem::path target = std::filesystem::canonical(path, error);
+  return error ? path : target.string();
+}
+
 // A rename is on the disk only when its directory is; where that can't be opened the rename holds.
 void FlushDirectoryOf(const std::string& path) {
   const std::size_t slash = path.rfind('/');
@@ -74,6 +80,7 @@ FileContent DiskFiles::Read(const std::string& path) const {
   struct stat status = {};
   if (::fstat(file.Number(), &status) != 0) return {{}, ErrorOf(path, errno)};
   if (S_ISDIR(status.st_mode)) return {{}, ErrorOf(path, EISDIR)};
+  if (!S_ISREG(status.st_mode)) return {{}, ErrorOf(path, EINVAL)};  // a pipe could make us wait
   const auto expected = static_cast<std::size_t>(std::max<off_t>(status.st_size, 0));
   content.bytes.resize(std::min(expected, kLargestFile) + 1);  // one more shows the end at once
   std::size_t used = 0;
@@ -91,16 +98,19 @@ FileContent DiskFiles::Read(const std::string& path) const {
 }
 
 std::optional<FileError> DiskFiles::Write(const std::string& path, std::string_view bytes) {
-  const std::string beside = path + ".zvtmp";
+  const std::string target = BehindLinks(path);
+  const std::string beside = target + ".zvtmp" + std::to_string(::getpid());
   Descriptor file(::open(beside.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
   if (!file.IsOpen()) return ErrorOf(path, errno);
+  struct stat old = {};
+  if (::stat(target.c_str(), &old) == 0) ::fchmod(file.Number(), old.st_mode & 07777);
   if (!WriteAll(file.Number(), bytes) || ::fsync(file.Number()) != 0 || !file.Close() ||
-      ::rename(beside.c_str(), path.c_str()) != 0) {
+      ::rename(beside.c_str(), target.c_str()) != 0) {
     const int code = errno;
     ::unlink(beside.c_str());
     return ErrorOf(path, code);
   }
-  FlushDirectoryOf(path);
+  FlushDirectoryOf(target);
   return std::nullopt;
 }
 

@@ -4,8 +4,9 @@
 
 namespace zek {
 
-/// The real disk. Writing goes to "NAME.zvtmp" beside the file; a left-over of that name from a
-/// crash is overwritten by the next write and never read.
+/// The real disk. Writing goes to "NAME.zvtmp" and the process's number beside the file (behind a
+/// link: beside the file it leads to); a left-over of a crash is never read. A file that is
+/// replaced keeps its permissions.
 class DiskFiles final : public Files {
  public:
   bool Exists(const std::string& path) const override;

@@ -24,11 +24,9 @@ void WxTurn::Once() {
     quitting_ = true;
     return;
   }
-  ++depth_;
   wxAppConsole::GetInstance()->ProcessPendingEvents();
   loop->DispatchTimeout(kRestMilliseconds);
   RunPending();
-  --depth_;
 }
 
 void WxTick::Begin() { Start(kTickMilliseconds); }

@@ -19,12 +19,8 @@ class WxTurn final : public Turn {
   /// Ends every wait, now and from now on.
   void Quit() { quitting_ = true; }
 
-  /// How many waits are running, one inside the other.
-  int Depth() const { return depth_; }
-
  private:
   bool quitting_ = false;
-  int depth_ = 0;
 };
 
 /// `Timer_Comm`: calls `tick` every 200 ms, also inside waits. The call is posted as an event: a

@@ -6,6 +6,7 @@
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
 #include "text/Fields.h"
+#include "text/Windows1252.h"
 #include "ui/Pictures.h"
 #include "ui/WxText.h"
 
@@ -18,21 +19,10 @@ constexpr int kEnquiry = 5;       // Ctrl+E
 constexpr int kPrintEnable = 16;  // Ctrl+P
 }  // namespace
 
-/// Lives as long as a handler that may wait. When the last of them ends, a close request that
-/// came meanwhile is carried out: no window goes while a wait that began in it is running.
-class ZV_Main::Working {
- public:
-  explicit Working(ZV_Main& form) : form_(form) { ++form_.working_; }
-  Working(const Working&) = delete;
-  Working& operator=(const Working&) = delete;
-  ~Working() {
-    if (--form_.working_ > 0 || !form_.closeRequested_) return;
-    form_.CallAfter([&form = form_] { form.Close(); });
-  }
-
- private:
-  ZV_Main& form_;
-};
+ZV_Main::Working::~Working() {
+  if (--form_.working_ > 0 || !form_.closeRequested_) return;
+  form_.CallAfter([&form = form_] { form.Close(); });
+}
 
 ZV_Main::ZV_Main(ZV_Proc& proc, WxTurn& turn)
     : wxFrame(nullptr, wxID_ANY, "ZEK View - version " ZEKVIEW_VERSION),
@@ -86,18 +76,36 @@ void ZV_Main::BindEvents() {
   Text_Input->Bind(wxEVT_CHAR, &ZV_Main::OnKey, this);
   Text_Input->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) {
     const wxString typed = Text_Input->GetValue();
+    if (!FitsWindows1252(typed.utf8_string())) {
+      proc_.outside.prompts.Show(Icon::Information, proc_.Text(text::kCommandUnfit));
+      return;
+    }
     Send(FromWx(typed), typed);
   });
   List_Output->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
     event.Skip();
-    CallAfter([this] { OnLogChosen(); });  // when the click has selected its line
+    int flags = 0;
+    // New lines may come and be selected before the click's own work is done.
+    const long item = List_Output->HitTest(event.GetPosition(), flags);
+    if (item >= 0) CallAfter([this, line = List_Output->Line(item)] { OnLogChosen(line); });
   });
-  List_Output->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { OnLogChosen(); });
+  List_Output->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent& event) {
+    OnLogChosen(List_Output->Line(event.GetIndex()));
+  });
   Bind(wxEVT_CHAR_HOOK, &ZV_Main::OnCharHook, this);
   Bind(wxEVT_CLOSE_WINDOW, &ZV_Main::OnClose, this);
   Bind(wxEVT_ICONIZE, &ZV_Main::OnIconize, this);
 }
 
+// Shown is not yet visible: only a window that has been painted can be hidden again.
+void ZV_Main::OnFirstPaint(wxPaintEvent& event) {
+  event.Skip();
+  if (activated_) return;
+  activated_ = true;
+  CallAfter([this] { FirstActivation(); });  // it waits, so not from inside the painting
+}
+
+// What follows once: the topics, the start switches, the about box.
 void ZV_Main::FirstActivation() {
   {
     const Working working(*this);
@@ -129,6 +137,7 @@ void ZV_Main::StartDialog() {
 
 void ZV_Main::OnTick() {
   const Working working(*this);
+  if (!commands_.empty()) proc_.countdowns.WaitCountdown = 0;  // the next one is due
   proc_.connection.Tick();
 }
 
@@ -190,9 +199,8 @@ void ZV_Main::SendQueued() {
   sending_ = false;
 }
 
-void ZV_Main::OnLogChosen() {
-  if (List_Output->GetFirstSelected() < 0) return;
-  Text_Input->ChangeValue(ToWx(List_Output->SelectedLine()));
+void ZV_Main::OnLogChosen(const std::string& line) {
+  Text_Input->ChangeValue(ToWx(line));
   if (!Text_Input->IsEnabled()) return;
   Text_Input->SetFocus();
   Text_Input->SetInsertionPointEnd();

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -41,18 +42,31 @@ class ZV_Main final : public wxFrame {
   ZV_Main(ZV_Proc& proc, WxTurn& turn);
   ~ZV_Main() override;
 
-  /// What follows once, when the window is visible: loads the topics, follows the start switches
-  /// and shows the about box.
-  void FirstActivation();
+  /// Asks for the file in which the log is saved, or for a saved one: its path in UTF-8, "" when
+  /// the question was cancelled.
+  std::function<std::string(bool save)> AskFile = [this](bool save) { return AskLogFile(save); };
 
  private:
-  class Working;
+  // Lives as long as a handler that may wait. When the last of them ends, a close request that
+  // came meanwhile is carried out: no window goes while a wait that began in it is running.
+  class Working {
+   public:
+    explicit Working(ZV_Main& form) : form_(form) { ++form_.working_; }
+    Working(const Working&) = delete;
+    Working& operator=(const Working&) = delete;
+    ~Working();
+
+   private:
+    ZV_Main& form_;
+  };
 
   void BuildMenus();
   void BuildToolbar();
   void BuildControls();
   void BuildAccelerators();
   void BindEvents();
+  void OnFirstPaint(wxPaintEvent& event);
+  void FirstActivation();
   void FillTopics();
 
   void ShowState();
@@ -66,11 +80,12 @@ class ZV_Main final : public wxFrame {
   void OnCharHook(wxKeyEvent& event);
   void OnClose(wxCloseEvent& event);
   void OnIconize(wxIconizeEvent& event);
-  void OnLogChosen();
+  void OnLogChosen(const std::string& line);
   void Connect(std::int16_t topic);
   void Send(const std::string& command, const wxString& typed);
   void SendQueued();
   void OpenBrowser();
+  std::string AskLogFile(bool save);
   void SaveLog();
   void OpenLog();
   void StartDialog();
@@ -102,6 +117,7 @@ class ZV_Main final : public wxFrame {
   bool sending_ = false;
   bool hourglass_ = false;
   int working_ = 0;  // handlers that are running, one inside another
+  bool activated_ = false;
   bool closeRequested_ = false;
   bool closed_ = false;
 };

@@ -76,6 +76,7 @@ void ZV_Main::BuildToolbar() {
 
 void ZV_Main::BuildControls() {
   auto* const panel = new wxPanel(this);
+  panel->Bind(wxEVT_PAINT, &ZV_Main::OnFirstPaint, this);
   const int gap = FromDIP(kGap);
   auto* const topicsLabel = new wxStaticText(panel, wxID_ANY, Label(text::kTopicsLabel));
   Combo_Topics = new wxChoice(panel, wxID_ANY);

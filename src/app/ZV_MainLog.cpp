@@ -39,10 +39,10 @@ void LogList::ShowNew() {
   Refresh();
 }
 
-std::string LogList::SelectedLine() const {
-  const long item = GetFirstSelected();
-  if (item < 0 || static_cast<std::size_t>(item) >= log_.Lines().size()) return {};
-  return log_.Lines()[static_cast<std::size_t>(item)];
+std::string LogList::Line(long item) const {
+  const auto& lines = log_.Lines();
+  const bool there = item >= 0 && static_cast<std::size_t>(item) < lines.size();
+  return there ? lines[static_cast<std::size_t>(item)] : std::string();
 }
 
 // Between two catch-ups the log may have become shorter than what the list believes.

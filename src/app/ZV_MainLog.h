@@ -22,8 +22,9 @@ class LogList final : public wxListView {
   /// Catches up with the log and selects its newest line.
   void ShowNew();
 
-  /// The selected line, whole; "" when there is none.
-  std::string SelectedLine() const;
+  /// A line of the list, whole; "" when there is none.
+  std::string Line(long item) const;
+  std::string SelectedLine() const { return Line(GetFirstSelected()); }
 
  private:
   wxString OnGetItemText(long item, long column) const override;

@@ -8,19 +8,17 @@
 
 /// Saving the log in a file, and showing a saved one.
 namespace zek {
-namespace {
 
-// The chosen file's path in UTF-8; "" when the dialog was cancelled.
-std::string AskFile(wxWindow* parent, const wxString& title, const wxString& filter, long style) {
-  wxFileDialog dialog(parent, title, {}, {}, filter, style);
+std::string ZV_Main::AskLogFile(bool save) {
+  wxFileDialog dialog(this, Label(save ? text::kLogSaveTitle : text::kLogOpenTitle), {}, {},
+                      Label(text::kLogFilter),
+                      save ? wxFD_SAVE | wxFD_OVERWRITE_PROMPT : wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+  const Working working(*this);
   return dialog.ShowModal() == wxID_OK ? std::string(dialog.GetPath().utf8_str()) : std::string();
 }
 
-}  // namespace
-
 void ZV_Main::SaveLog() {
-  const std::string path = AskFile(this, Label(text::kLogSaveTitle), Label(text::kLogFilter),
-                                   wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
+  const std::string path = AskFile(true);
   if (path.empty()) return;
   std::string bytes;
   for (const std::string& line : proc_.log.Lines()) bytes += line + "\r\n";
@@ -30,8 +28,7 @@ void ZV_Main::SaveLog() {
 }
 
 void ZV_Main::OpenLog() {
-  const std::string path = AskFile(this, Label(text::kLogOpenTitle), Label(text::kLogFilter),
-                                   wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+  const std::string path = AskFile(false);
   if (path.empty()) return;
   const FileContent file = proc_.outside.files.Read(path);
   if (file.error) {

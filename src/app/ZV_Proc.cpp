@@ -1,6 +1,9 @@
 #include "app/ZV_Proc.h"
 
+#include <algorithm>
+
 #include "lang/Message.h"
+#include "text/Fields.h"
 
 namespace zek {
 
@@ -11,11 +14,34 @@ ZV_Proc::ZV_Proc(const Outside& world)
                                  countdowns, waits, transfer, log, status, outside.socket,
                                  outside.dde, outside.tags}) {}
 
+bool CheckSettingsFile(ZV_Proc& proc) {
+  const FileContent file = proc.outside.files.Read(proc.settings.IniPath + "ZEKView.INI");
+  if (!file.error || file.error->reason == FileError::Reason::Missing) return true;
+  proc.outside.prompts.Show(Icon::Critical, FileMessage(proc.texts, *file.error));
+  return false;
+}
+
+namespace {
+// The name as it stands in the program directory, where files copied from elsewhere may be in
+// capitals; "" when there is none.
+std::string NameOnDisk(const ZV_Proc& proc, const std::string& name) {
+  const std::vector<std::string> names = proc.outside.files.List(proc.settings.ProgramPath);
+  const auto same = std::find_if(names.begin(), names.end(), [&name](const std::string& each) {
+    return EqualNoCase(each, name);
+  });
+  return same == names.end() ? std::string() : *same;
+}
+}  // namespace
+
 bool LoadLanguage(ZV_Proc& proc) {
   const std::string language = proc.outside.profile.ReadIni("General", "Language", "");
   if (language.empty()) return false;
   const std::string path = LocalPath(proc.settings.ProgramPath, "zek_lang." + language);
-  const FileContent file = proc.outside.files.Read(path);
+  FileContent file = proc.outside.files.Read(path);
+  if (file.error && file.error->reason == FileError::Reason::Missing) {
+    const std::string found = NameOnDisk(proc, "zek_lang." + language);
+    if (!found.empty()) file = proc.outside.files.Read(proc.settings.ProgramPath + found);
+  }
   if (!file.error) {
     proc.texts.Read(file.bytes);
     return true;

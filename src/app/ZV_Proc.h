@@ -56,6 +56,9 @@ struct ZV_Proc {
   std::string Text(std::int32_t number) const { return texts.Text(number); }
 };
 
+/// False when ZEKView.INI is there but can't be read, which was told: nothing would be as set.
+bool CheckSettingsFile(ZV_Proc& proc);
+
 /// Loads the language file that setting `Language` names. False when there is none; a file that
 /// is there and can't be read is told.
 bool LoadLanguage(ZV_Proc& proc);

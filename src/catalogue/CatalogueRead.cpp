@@ -72,6 +72,7 @@ class Reading {
     }
     const bool stored = outcome == Outcome::Complete && Store();
     proc_.status.SetTransfer({});
+    if (stored) TellDropped();
     if (outcome == Outcome::Failed && !stopped) {
       proc_.outside.prompts.Show(Icon::Exclamation, proc_.Text(text::kNoAnswer));
     }
@@ -133,6 +134,14 @@ class Reading {
   void Pause(std::int16_t seconds) {
     const ShowWaiting waiting(proc_.status, proc_.Text(text::kWaitPause));
     proc_.waits.WaitSeconds(seconds);
+  }
+
+  void TellDropped() const {
+    if (proc_.transfer.LinesDropped == 0) return;
+    proc_.outside.prompts.Show(
+        Icon::Exclamation,
+        Message(proc_.Text(text::kListingTooLong),
+                {std::to_string(kMaxCatalogueLines), std::to_string(proc_.transfer.LinesDropped)}));
   }
 
   // The local copy of weekdays and exceptions of named time controls begins with the value.

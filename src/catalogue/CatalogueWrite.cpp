@@ -63,7 +63,8 @@ class Writing {
     proc_.waits.CancelRequested = false;
     bool sent = false;
     bool connected = true;
-    for (int attempt = 1; attempt <= kAttempts && !sent && connected; ++attempt) {
+    for (int attempt = 1; attempt <= kAttempts && !sent && connected && !proc_.waits.Stopped();
+         ++attempt) {
       proc_.status.SetTransfer(AttemptText(proc_, text::kSending, attempt));
       connected = Open();
       sent = connected && Attempt() && proc_.transfer.Kind != TransferKind::Idle;
@@ -72,7 +73,7 @@ class Writing {
     Pause("DelayG");
     // An answer to the last line may come as late as this; it counts.
     sent = sent && proc_.transfer.Kind != TransferKind::Idle && IsLinkWhole() &&
-           proc_.connection.IsLinkUp();
+           proc_.connection.AwaitAllSent();
     proc_.connection.Disconnect();
     Pause("DelayH");
     proc_.transfer.Kind = TransferKind::Idle;

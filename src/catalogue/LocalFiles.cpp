@@ -62,7 +62,7 @@ LocalCopy ReadLocalCopy(std::string_view file) {
   while (!file.empty()) {
     const std::string_view line = TakeLine(file);
     if (line.find(".DFV") != std::string_view::npos) {
-      copy.dfv = DfvValue(line);
+      if (line.find('=') != std::string_view::npos) copy.dfv = DfvValue(line);
     } else if (copy.lines.size() == kMaxCatalogueLines) {
       copy.tooLong = true;
       break;

@@ -6,8 +6,10 @@
 #include <wx/weakref.h>
 
 #include "catalogue/ZV_TSCForm.h"
+#include "editors/weekday/ZV_WDC.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
+#include "ui/Forms.h"
 #include "ui/InputBlock.h"
 #include "ui/StatusChain.h"
 #include "ui/WxText.h"
@@ -27,8 +29,7 @@ ZV_TSC::ZV_TSC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn)
     : wxFrame(parent, wxID_ANY, ToWx(proc.Text(text::kBrowserTitle))),
       proc_(proc),
       turn_(turn),
-      TreeView(new ObjectTreeView(this)),
-      refresh_([this] { ShowStatus(); }) {
+      TreeView(new ObjectTreeView(this)) {
   BuildMenus();
   BuildStatusBar();
   auto* const whole = new wxBoxSizer(wxVERTICAL);
@@ -59,7 +60,11 @@ void ZV_TSC::BindEvents() {
   onMenu(Menu_EraseOVC, [this] { Erase(Catalogue::Ovc); });
   TreeView->Bind(wxEVT_TREE_SEL_CHANGED, [this](wxTreeEvent&) { OnSelected(); });
   TreeView->Bind(wxEVT_TREE_ITEM_ACTIVATED, &ZV_TSC::OnActivated, this);
-  TreeView->Bind(wxEVT_TREE_ITEM_MENU, &ZV_TSC::OnContextMenu, this);
+  TreeView->Bind(wxEVT_TREE_ITEM_MENU, [this](wxTreeEvent& event) {
+    TreeView->SelectItem(event.GetItem());
+    ShowContextMenu();
+  });
+  TreeView->Bind(wxEVT_CONTEXT_MENU, &ZV_TSC::OnContextMenu, this);
   cancel_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { proc_.waits.CancelRequested = busy_; });
   GetStatusBar()->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     PlaceCancel();
@@ -125,12 +130,20 @@ void ZV_TSC::OnActivated(wxTreeEvent& event) {
   }
 }
 
-void ZV_TSC::OnContextMenu(wxTreeEvent& event) {
+// Shift+F10; the mouse comes with an event of the tree.
+void ZV_TSC::OnContextMenu(wxContextMenuEvent& event) {
+  if (event.GetPosition() == wxDefaultPosition && TreeView->Selected()) {
+    ShowContextMenu();
+  } else {
+    event.Skip();
+  }
+}
+
+void ZV_TSC::ShowContextMenu() {
   if (busy_) return;
-  TreeView->SelectItem(event.GetItem());
   const std::unique_ptr<wxMenu> menu = TSCMenu();
   UpdateMenu(*menu);
-  TreeView->PopupMenu(menu.get(), event.GetPoint());
+  TreeView->PopupMenu(menu.get(), TreeView->MenuPlace());
 }
 
 void ZV_TSC::OnKey(wxKeyEvent& event) {
@@ -156,6 +169,7 @@ void ZV_TSC::Get(Catalogue catalogue, const std::function<void()>& showEditor) {
   const wxWeakRef<ZV_TSC> alive(this);
   bool fetched = false;
   bool close = false;
+  fetching_ = true;
   {
     const InputBlock block([this] { proc_.waits.CancelRequested = true; }, cancel_);
     fetched = GetCatalogue(proc_, catalogue);
@@ -164,13 +178,16 @@ void ZV_TSC::Get(Catalogue catalogue, const std::function<void()>& showEditor) {
   // A cancel that came after the last wait of the read must not end the waits of others.
   proc_.waits.CancelRequested = false;
   if (!alive) return;
+  fetching_ = false;
   ShowStatus();
   UpdateMenu(*menuTSC_);
   if (close) {
     Close();
   } else if (fetched) {
     showEditor();
-    if (alive) UpdateMenu(*menuTSC_);
+    if (!alive) return;
+    Raise();
+    UpdateMenu(*menuTSC_);
   }
 }
 
@@ -187,15 +204,17 @@ void ZV_TSC::Erase(Catalogue catalogue) {
 }
 
 void ZV_TSC::GetWDC() {
-  Get(Catalogue::Wdc, [] {});
+  Get(Catalogue::Wdc, [this] { ShowWeekdayForm(this, proc_, turn_); });
 }
 
 void ShowBrowser(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
   const wxWeakRef<ZV_TSC> form(new ZV_TSC(parent, proc, turn));
   const StatusChain chain(proc.status, [form] {
-    if (form) form->RequestStatus();
+    if (form) form->ShowStatus();
   });
+  const wxWeakRef<wxWindow> below(parent);
   form->RunModal();
+  if (below) below->Raise();
 }
 
 }  // namespace zek

@@ -12,7 +12,6 @@
 #include "app/ZV_Proc.h"
 #include "catalogue/Catalogue.h"
 #include "catalogue/ZV_TSCTree.h"
-#include "ui/Forms.h"
 
 namespace zek {
 
@@ -26,15 +25,14 @@ class ZV_TSC final : public wxFrame {
   /// Shows the form until it is closed. The form may be gone afterwards, with its parent.
   void RunModal();
 
-  /// The status has changed; it is shown at the next frame.
-  void RequestStatus() { refresh_.Request(); }
+  /// Shows what is transferred and waited for.
+  void ShowStatus();
 
  private:
   void BuildMenus();
   void BuildStatusBar();
   void BindEvents();
   void ShowTree();
-  void ShowStatus();
   void ShowBusy(bool busy);
   void PlaceCancel();
   void UpdateMenu(wxMenu& menu) const;
@@ -42,7 +40,8 @@ class ZV_TSC final : public wxFrame {
 
   void OnSelected();
   void OnActivated(wxTreeEvent& event);
-  void OnContextMenu(wxTreeEvent& event);
+  void OnContextMenu(wxContextMenuEvent& event);
+  void ShowContextMenu();
   void OnKey(wxKeyEvent& event);
   void OnClose(wxCloseEvent& event);
   void OnIconize(wxIconizeEvent& event);
@@ -57,9 +56,9 @@ class ZV_TSC final : public wxFrame {
   ObjectTreeView* TreeView;
   wxMenu* menuTSC_ = nullptr;
   wxButton* cancel_ = nullptr;
-  bool busy_ = false;
+  bool fetching_ = false;  // a fetch that was begun here; the editor shows its own writes
+  bool busy_ = false;      // what the form looks like
   wxEventLoopBase* loop_ = nullptr;
-  FrameRefresh refresh_;
 };
 
 }  // namespace zek

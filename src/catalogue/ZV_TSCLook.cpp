@@ -17,6 +17,7 @@ constexpr int kWaitingPanel = 0;
 constexpr int kTransferPanel = 1;
 constexpr int kCancelPanel = 2;
 constexpr int kCancelMargin = 2;
+constexpr int kCancelPadding = 12;
 }  // namespace
 
 wxString ZV_TSC::Label(std::int32_t number, const char* key) const {
@@ -62,7 +63,7 @@ void ZV_TSC::BuildStatusBar() {
   cancel_ = new wxButton(bar, wxID_CANCEL, Label(text::kCancelTransfer), wxDefaultPosition,
                          wxDefaultSize, wxBU_EXACTFIT);
   const wxSize button = cancel_->GetBestSize();
-  const std::array widths{-2, -3, button.x + 2 * FromDIP(kCancelMargin)};
+  const std::array widths{-2, -3, button.x + 2 * FromDIP(kCancelPadding)};
   bar->SetStatusWidths(static_cast<int>(widths.size()), widths.data());
   bar->SetMinHeight(button.y + 2 * FromDIP(kCancelMargin));
   cancel_->Hide();
@@ -76,7 +77,8 @@ void ZV_TSC::PlaceCancel() {
 void ZV_TSC::ShowStatus() {
   SetStatusText(ToWx(proc_.status.Waiting), kWaitingPanel);
   SetStatusText(ToWx(proc_.status.Transfer), kTransferPanel);
-  if (busy_ != (proc_.status.Busy > 0)) ShowBusy(!busy_);
+  const bool busy = fetching_ && proc_.status.Busy > 0;
+  if (busy_ != busy) ShowBusy(busy);
 }
 
 void ZV_TSC::ShowBusy(bool busy) {

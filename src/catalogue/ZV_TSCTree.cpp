@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include <wx/utils.h>
 #include <wx/wupdlock.h>
 
 #include "ui/NodePictures.h"
@@ -10,8 +11,9 @@
 namespace zek {
 
 ObjectTreeView::ObjectTreeView(wxWindow* parent)
-    : wxTreeCtrl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                 wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT | wxTR_HIDE_ROOT | wxTR_SINGLE) {
+    : wxTreeCtrl(
+          parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+          wxTR_HAS_BUTTONS | wxTR_NO_LINES | wxTR_LINES_AT_ROOT | wxTR_HIDE_ROOT | wxTR_SINGLE) {
   SetName("TreeView");
   SetImages(NodePictures());
 }
@@ -40,6 +42,13 @@ void ObjectTreeView::SelectPlace(std::size_t place) {
   SelectItem(item);
   if (ItemHasChildren(item)) Expand(item);
   EnsureVisible(item);
+}
+
+wxPoint ObjectTreeView::MenuPlace() const {
+  const wxPoint mouse = ScreenToClient(wxGetMousePosition());
+  wxRect node;
+  if (!GetBoundingRect(GetSelection(), node, true) || node.Contains(mouse)) return mouse;
+  return node.GetBottomLeft();
 }
 
 void ObjectTreeView::ExpandObjects() {

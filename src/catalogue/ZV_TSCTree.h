@@ -24,6 +24,9 @@ class ObjectTreeView final : public wxTreeCtrl {
   /// Selects a node, opens it when it is an object, and scrolls to it.
   void SelectPlace(std::size_t place);
 
+  /// Where a menu for the selected node belongs.
+  wxPoint MenuPlace() const;
+
   void ExpandObjects();
   void CollapseObjects();
 

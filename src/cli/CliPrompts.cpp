@@ -20,8 +20,7 @@ std::string OnOneLine(std::string_view message) {
 
 }  // namespace
 
-void CliPrompts::Show(Icon icon, const std::string& message, const std::string& /*caption*/) {
-  if (icon == Icon::Exclamation || icon == Icon::Critical) ++refusals;
+void CliPrompts::Show(Icon /*icon*/, const std::string& message, const std::string& /*caption*/) {
   err_ << OnOneLine(message) << '\n' << std::flush;
 }
 

@@ -13,7 +13,6 @@ class CliPrompts final : public Prompts {
 
   bool answerYes = false;  // to every question
   int asked = 0;           // questions so far
-  int refusals = 0;        // messages so far that were more than a notice
 
   using Prompts::Show;
   void Show(Icon icon, const std::string& message, const std::string& caption) override;

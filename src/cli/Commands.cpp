@@ -117,6 +117,7 @@ ExitStatus RunCatalogueCommand(Console& console, const Arguments& arguments) {
 
 ExitStatus StartSession(Console& console) {
   ZV_Proc& proc = console.proc;
+  if (!CheckSettingsFile(proc)) return kWrongUsage;
   if (!LoadLanguage(proc)) {
     console.err << "zekview-cli: no language file: setting Language in [General] of "
                 << proc.settings.IniPath << "ZEKView.INI names none in "

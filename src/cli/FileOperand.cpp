@@ -1,6 +1,8 @@
 #include "cli/FileOperand.h"
 
 #include <array>
+#include <filesystem>
+#include <fstream>
 
 #include "lang/Message.h"
 #include "text/Windows1252.h"
@@ -24,7 +26,16 @@ FileContent ReadInput(std::istream& in) {
 }  // namespace
 
 std::optional<std::string> ReadFileOperand(Console& console, const std::string& file) {
-  FileContent content = file == "-" ? ReadInput(console.in) : console.proc.outside.files.Read(file);
+  FileContent content;
+  std::error_code error;
+  if (file == "-") {
+    content = ReadInput(console.in);
+  } else if (std::filesystem::is_fifo(file, error)) {  // as a shell's <(COMMAND) is
+    std::ifstream pipe(file, std::ios::binary);
+    content = ReadInput(pipe);
+  } else {
+    content = console.proc.outside.files.Read(file);
+  }
   if (!content.error) return std::move(content.bytes);
   console.err << "zekview-cli: "
               << Utf8FromWindows1252(FileMessage(console.proc.texts, *content.error)) << '\n';

@@ -24,8 +24,8 @@ namespace {
 // Shows what a transfer waits for on one line of the terminal, written over by the next.
 class TerminalProgress {
  public:
-  explicit TerminalProgress(StatusPanels& status) : status_(status) {
-    if (::isatty(STDERR_FILENO) == 0) return;
+  TerminalProgress(StatusPanels& status, bool wanted) : status_(status) {
+    if (!wanted || ::isatty(STDERR_FILENO) == 0) return;
     shows_ = true;
     status_.Changed = [this] { Show(); };
   }
@@ -86,10 +86,14 @@ class Application final : public wxAppConsole {
     proc.settings.IniPath = iniPath;
     WxTick tick([&proc] { proc.connection.Tick(); });
     tick.Begin();
-    const TerminalProgress progress(proc.status);
+    // The answers of `send` come while it waits and would stand behind what it shows.
+    const TerminalProgress progress(proc.status, arguments_.command != "send");
     Console console{proc, prompts, std::cin, std::cout, std::cerr};
     const ExitStatus started = StartSession(console);
-    return started == kDone ? RunCommand(console, arguments_) : started;
+    const ExitStatus status = started == kDone ? RunCommand(console, arguments_) : started;
+    if (std::cout.flush()) return status;
+    std::cerr << "zekview-cli: standard output could not be written\n";
+    return status == kDone ? kFailed : status;
   }
 
   static std::string ExecutableDirectory() {

@@ -26,8 +26,8 @@ Connection::Connection(const ConnectionParts& parts) : p_(parts) {
 
 void Connection::Connect(std::int16_t index) {
   if (p_.settings.LocalMode || index == CurrentTopic || !p_.topics.Has(index)) return;
-  if (!Disconnect()) return;
-  const std::uint32_t attempt = ++attempt_;
+  const std::uint32_t attempt = attempt_ + 1;  // of this Disconnect; one that came in its wait wins
+  if (!Disconnect() || attempt != attempt_) return;
   Topic& topic = p_.topics[index];
   p_.status.SetProgress(Text(text::kConnecting) + " " + topic.TopicName);
   const ShowWaiting waiting(p_.status, Text(text::kWaitConnect));
@@ -210,8 +210,16 @@ void Connection::CloseAllTags() {
 bool Connection::IsLinkUp() const {
   if (CurrentTopic < 0) return false;
   if (p_.settings.TagMode) return true;
-  const Link& link = CurrentLink();
-  return link.State() == LinkState::Connected && link.AllSent();
+  return CurrentLink().State() == LinkState::Connected;
+}
+
+bool Connection::AwaitAllSent() {
+  if (p_.settings.TagMode || !IsLinkUp()) return IsLinkUp();
+  const auto seconds = ReadSeconds(p_.profile, p_.texts, p_.prompts, "TCPIP", "SendTimeOut", "15");
+  p_.countdowns.WaitCountdown = TicksOf(seconds.value_or(0));
+  p_.waits.While(
+      [this] { return IsLinkUp() && !CurrentLink().AllSent() && p_.countdowns.WaitCountdown > 0; });
+  return IsLinkUp() && CurrentLink().AllSent();
 }
 
 void Connection::OnLinkText(std::string_view bytes) {
@@ -270,7 +278,8 @@ void Connection::Tick() {
 
 void Connection::TickIdle() {
   std::int16_t& left = p_.countdowns.IdleCountdown;
-  if (p_.transfer.Kind != TransferKind::Idle) left = 0;
+  // Also in the pauses of a transfer, in which no line is expected.
+  if (p_.transfer.Kind != TransferKind::Idle || p_.status.Busy > 0) left = 0;
   if (p_.settings.LocalMode || left == 0 || --left > 0) return;
   Disconnect();
   const int seconds = p_.settings.DisconnectTicks / kTicksPerSecond;

@@ -63,8 +63,12 @@ class Connection final : private LinkEvents, private ReplyEvents {
   /// A tick of `Timer_Comm`: counts down, disconnects when idle, polls the reply tag.
   void Tick();
 
-  /// True while the link of the connected topic is up and has passed on all it was given.
+  /// True while the link of the connected topic is up.
   bool IsLinkUp() const;
+
+  /// Waits, at most "SendTimeOut" seconds, until the other side has confirmed every byte; false
+  /// when it did not, or the link is down.
+  bool AwaitAllSent();
 
   /// How often a link was lost or a command could not be handed to it, so far. A transfer
   /// compares it before and after.

@@ -47,7 +47,8 @@ class Link {
   /// Hands over the bytes as they stand; false when the link is not connected or refuses them.
   virtual bool Send(std::string_view bytes) = 0;
 
-  /// False while bytes that were handed over still wait for the system to take them.
+  /// False while the other side has not confirmed all bytes that were handed over, as far as the
+  /// system tells (TCP acknowledgements).
   virtual bool AllSent() const = 0;
 
   /// Starts to close; nothing is reported for a link that was closed by this call.

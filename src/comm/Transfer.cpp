@@ -17,6 +17,7 @@ void Transfer::Collect(TransferKind kind) {
   CatalogueLines.clear();
   CatalogueDfv = ".";
   DfvKnown = true;
+  LinesDropped = 0;
   ExitSeen = false;
   ErrorSeen = false;
 }
@@ -43,7 +44,10 @@ void Transfer::TakeReplyLine(std::string_view line, Countdowns& countdowns,
 void Transfer::TakeListingLine(std::string_view line, Countdowns& countdowns,
                                std::int16_t timeoutTicks) {
   if (Kind != TransferKind::ReadWdcExceptions && Val(GetField(line, 0, "!")) > 0) {
-    if (CatalogueLines.size() >= kMaxCatalogueLines) return;
+    if (CatalogueLines.size() >= kMaxCatalogueLines) {
+      ++LinesDropped;
+      return;
+    }
     CatalogueLines.emplace_back(line);
     countdowns.ReplyCountdown = timeoutTicks;
   }

@@ -33,6 +33,7 @@ struct Transfer {
   /// False when the lines came from a local copy that does not tell the controller's value.
   bool DfvKnown = true;
 
+  int LinesDropped = 0;    // numbered lines beyond the places there are, since `Collect`
   bool ExitSeen = false;   // a listing has ended with "EXIT" since `Collect`
   bool ErrorSeen = false;  // the controller has answered "ERROR" since `Collect`
 

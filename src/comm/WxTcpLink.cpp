@@ -3,6 +3,7 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <sys/ioctl.h>
 #include <sys/socket.h>
 #include <vector>
 
@@ -16,20 +17,6 @@ constexpr std::size_t kReadSize = std::size_t{64} << 10;
 // One event reads at most so much, so that a flood leaves the window its turn.
 constexpr std::size_t kReadPerEvent = std::size_t{1} << 20;
 constexpr std::size_t kMostUnsent = std::size_t{1} << 20;
-
-std::int32_t TextOfError(int code) {
-  switch (code) {
-    case ECONNREFUSED:
-      return text::kRefused;
-    case ETIMEDOUT:
-      return text::kTimedOut;
-    case EHOSTUNREACH:
-    case ENETUNREACH:
-      return text::kUnreachable;
-    default:
-      return 0;
-  }
-}
 
 int PendingError(const wxSocketBase& socket) {
   int code = 0;
@@ -94,6 +81,14 @@ bool WxTcpLink::Send(std::string_view bytes) {
   return state_ == LinkState::Connected;
 }
 
+bool WxTcpLink::AllSent() const {
+  if (socket_ == nullptr || !unsent_.empty()) return false;
+  int unacknowledged = 0;
+  const bool known =
+      ::ioctl(static_cast<int>(socket_->GetSocket()), TIOCOUTQ, &unacknowledged) == 0;
+  return known && unacknowledged == 0;
+}
+
 void WxTcpLink::FlushUnsent() {
   while (!unsent_.empty()) {
     socket_->Write(unsent_.data(), static_cast<wxUint32>(unsent_.size()));
@@ -149,9 +144,8 @@ void WxTcpLink::OnLost() {
     Events().OnLinkClosed();
     return;
   }
-  // A refused connect has no pending error any more: the toolkit has taken it.
-  const std::int32_t number = code == 0 ? text::kRefused : TextOfError(code);
-  Events().OnLinkError({number, code == 0 ? std::string() : std::strerror(code)});
+  // The toolkit keeps to itself why a connect failed.
+  Events().OnLinkError({code == 0 ? text::kUnreachable : 0, std::strerror(code)});
 }
 
 }  // namespace zek

@@ -19,7 +19,7 @@ class WxTcpLink final : public wxEvtHandler, public Link {
 
   void Open(const LinkTarget& target) override;
   bool Send(std::string_view bytes) override;
-  bool AllSent() const override { return unsent_.empty(); }
+  bool AllSent() const override;
   void Close() override;
   LinkState State() const override { return state_; }
 

@@ -27,6 +27,7 @@ Object* Given(Arguments&&... arguments) {
   return std::make_unique<Object>(std::forward<Arguments>(arguments)...).release();
 }
 
+// NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks): what is given away is not lost.
 // Where the windows' sizes are remembered: the user's configuration directory, or nowhere.
 void UseConfiguration(bool remember) {
   if (!remember) {
@@ -43,6 +44,10 @@ void UseConfiguration(bool remember) {
                                                wxString(), wxCONFIG_USE_LOCAL_FILE));
 }
 
+// The toolkit's own troubles are no business of message boxes.
+void UseErrorOutput() { delete wxLog::SetActiveTarget(Given<wxLogStderr>()); }
+// NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
+
 class Program final : public wxApp {
  public:
   explicit Program(const std::vector<std::string>& arguments)
@@ -53,8 +58,7 @@ class Program final : public wxApp {
 
   int OnRun() override {
     SetAppName("zekview");
-    // The toolkit's own troubles are no business of message boxes.
-    delete wxLog::SetActiveTarget(Given<wxLogStderr>());
+    UseErrorOutput();
     const std::string programPath = line_.dir ? WithSeparator(*line_.dir) : ExecutableDirectory();
     if (const std::string complaint = Complaint(line_, programPath); !complaint.empty()) {
       std::cerr << "zekview: " << complaint << '\n';
@@ -63,6 +67,7 @@ class Program final : public wxApp {
     UseConfiguration(!line_.tour);
     Prompts* const prompts = line_.tour ? static_cast<Prompts*>(&tourPrompts_) : &prompts_;
     desktop_ = std::make_unique<Desktop>(programPath, IniPathOf(line_, programPath), *prompts);
+    prompts_.Speak(desktop_->proc.texts);
     if (const auto ended = StartUp(*desktop_, line_, instance_)) return *ended;
     ShowMain();
     wxApp::OnRun();
@@ -93,8 +98,6 @@ class Program final : public wxApp {
       tour_ = std::make_unique<Tour>(*line_.tour, desktop_->proc, desktop_->turn, tourPrompts_);
       tour_->Begin();
     }
-    // Waits must start from inside the running event loop.
-    main->CallAfter([main] { main->FirstActivation(); });
   }
 
   CommandLine line_;

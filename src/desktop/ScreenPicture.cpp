@@ -33,7 +33,8 @@ void ForgetOldScreen([[maybe_unused]] const wxDC& screen) {
 bool SaveScreenPicture(const wxWindow& window, const std::string& path) {
   const wxRect place =
       wxRect(window.GetScreenPosition(), window.GetSize()).Intersect(wxRect(wxGetDisplaySize()));
-  wxBitmap picture(place.GetSize());
+  wxBitmap picture;
+  picture.CreateWithDIPSize(place.GetSize(), window.GetContentScaleFactor());
   {
     wxScreenDC screen;
     ForgetOldScreen(screen);

@@ -40,7 +40,7 @@ std::string Complaint(const CommandLine& line, const std::string& programPath) {
   if (!std::filesystem::is_directory(programPath, error)) {
     return "There is no directory " + programPath + (error ? " (" + error.message() + ")" : "");
   }
-  std::filesystem::directory_iterator(programPath, error);
+  const std::filesystem::directory_iterator readable(programPath, error);
   if (error) return "The directory " + programPath + " can't be read (" + error.message() + ")";
   return {};
 }
@@ -60,6 +60,7 @@ char SystemDecimalSeparator() {
 std::optional<int> StartUp(Desktop& desktop, const CommandLine& line,
                            wxSingleInstanceChecker& instance) {
   ZV_Proc& proc = desktop.proc;
+  if (!CheckSettingsFile(proc)) return kFailed;
   if (!ChooseLanguage(desktop, !line.tour)) return kFailed;
   if (IsAnotherRunning(instance, proc.settings.ProgramPath)) {
     desktop.prompts.Show(Icon::Information, proc.Text(text::kAlreadyRunning));

@@ -67,10 +67,8 @@ inline constexpr std::int32_t kTextDropped = 516;
 inline constexpr std::int32_t kSocketError = 517;
 inline constexpr std::int32_t kInvalidTopic = 518;
 inline constexpr std::int32_t kHostUnknown = 519;
-inline constexpr std::int32_t kRefused = 520;
-inline constexpr std::int32_t kUnreachable = 521;
+inline constexpr std::int32_t kUnreachable = 520;
 inline constexpr std::int32_t kPortInvalid = 522;
-inline constexpr std::int32_t kTimedOut = 523;
 inline constexpr std::int32_t kConnectionBroken = 524;
 // What a wait waits for
 inline constexpr std::int32_t kWaitConnect = 530;
@@ -84,6 +82,11 @@ inline constexpr std::int32_t kAttempt = 536;      // %1 of 3
 inline constexpr std::int32_t kLocalCopyTooLong = 540;
 inline constexpr std::int32_t kNoSuchCatalogue = 541;
 inline constexpr std::int32_t kSending = 542;
+inline constexpr std::int32_t kListingTooLong = 543;  // %1 lines at most, %2 left out
+// Buttons of questions
+inline constexpr std::int32_t kCommandUnfit = 544;
+inline constexpr std::int32_t kYes = 545;
+inline constexpr std::int32_t kNo = 546;
 // All three editors
 inline constexpr std::int32_t kLinesLost = 650;  // %1 lines
 inline constexpr std::int32_t kLinesLostTitle = 651;

@@ -28,6 +28,14 @@ ZV_Lang::ZV_Lang(ZV_Proc& proc)
   CenterForm(*this);
   Bind(
       wxEVT_BUTTON, [this](wxCommandEvent&) { OnOk(); }, wxID_OK);
+  // Where the list would take Enter for itself and drop down.
+  Combo_Language->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+    if (event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER) {
+      OnOk();
+    } else {
+      event.Skip();
+    }
+  });
 }
 
 void ZV_Lang::Build() {

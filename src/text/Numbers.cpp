@@ -49,8 +49,9 @@ Leading LeadingNumber(std::string_view text) {
   if (error == std::errc::invalid_argument) return {};
   if (error == std::errc::result_out_of_range) {
     const std::string_view digits(first, static_cast<std::size_t>(end - first));
-    const bool tiny =
-        digits.find("e-") != std::string_view::npos || digits.find("E-") != std::string_view::npos;
+    const bool tiny = digits.find_first_of("123456789") > digits.find('.') ||
+                      digits.find("e-") != std::string_view::npos ||
+                      digits.find("E-") != std::string_view::npos;
     magnitude = tiny ? 0 : std::numeric_limits<double>::max();
   }
   return {negative ? -magnitude : magnitude, static_cast<std::size_t>(end - text.data())};

@@ -58,11 +58,14 @@ int InputBlock::FilterEvent(wxEvent& event) {
     if (!request.CanVeto()) return Event_Skip;
     request.Veto();
     closeRequested_ = true;
+    onEscape_();
   }
   if (IsEscape(event)) onEscape_();
   // A key that began the work may still be held down and must not press the free button.
   const bool key = dynamic_cast<const wxKeyEvent*>(&event) != nullptr;
-  if (free_ != nullptr && event.GetEventObject() == free_ && !key) return Event_Skip;
+  const bool held = key && !keyReleased_;
+  if (type == wxEVT_KEY_UP) keyReleased_ = true;
+  if (free_ != nullptr && event.GetEventObject() == free_ && !held) return Event_Skip;
   return Event_Processed;
 }
 

@@ -9,9 +9,9 @@
 namespace zek {
 
 /// For its own life it keeps the user's keys, clicks, menu choices and close requests from every
-/// window of the program, while the windows go on painting. Escape calls `onEscape` instead.
-/// A dialog or message box that is opened meanwhile works as usual, and so does the mouse on
-/// `free`, the button that cancels.
+/// window of the program, while the windows go on painting. Escape and a wish to close call
+/// `onEscape`. A dialog or message box that is opened meanwhile works as usual, and so does the
+/// mouse on `free`, the button that cancels.
 ///
 /// Disabled windows would not do: a text box in one still takes keys on some systems.
 class InputBlock final : private wxEventFilter {
@@ -33,6 +33,7 @@ class InputBlock final : private wxEventFilter {
   const wxWindow* free_;
   std::set<const wxDialog*> dialogsBefore_;  // modal already when the block began
   bool closeRequested_ = false;
+  bool keyReleased_ = false;  // since the block began
 };
 
 }  // namespace zek

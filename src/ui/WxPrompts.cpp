@@ -2,6 +2,7 @@
 
 #include <wx/msgdlg.h>
 
+#include "lang/TextNumbers.h"
 #include "ui/WxText.h"
 
 namespace zek {
@@ -23,13 +24,25 @@ long StyleOf(Icon icon) {
   return wxICON_NONE;  // without it the toolkit chooses an icon of its own
 }
 
-int Ask(long style, const std::string& message, const std::string& caption) {
-  wxMessageDialog box(wxGetActiveWindow(), ToWx(message),
+}  // namespace
+
+namespace {
+// A line of a controller or a file can be longer than any screen.
+wxString Readable(const std::string& message) {
+  constexpr std::size_t longest = 1000;
+  if (message.size() <= longest) return ToWx(message);
+  return ToWx(message.substr(0, longest)) + wxString(wxUniChar(0x2026));
+}
+}  // namespace
+
+int WxPrompts::Ask(long style, const std::string& message, const std::string& caption) const {
+  wxMessageDialog box(wxGetActiveWindow(), Readable(message),
                       caption.empty() ? "ZekView" : ToWx(caption), style);
+  if (texts_ != nullptr && (style & wxYES_NO) == wxYES_NO) {
+    box.SetYesNoLabels(ToWx(texts_->Text(text::kYes)), ToWx(texts_->Text(text::kNo)));
+  }
   return box.ShowModal();
 }
-
-}  // namespace
 
 void WxPrompts::Show(Icon icon, const std::string& message, const std::string& caption) {
   Ask(wxOK | StyleOf(icon), message, caption);

@@ -3,15 +3,24 @@
 #include <wx/window.h>
 
 #include "app/Prompts.h"
+#include "lang/LanguageTexts.h"
 
 namespace zek {
 
 /// Message boxes of the window system, above the window that is active.
 class WxPrompts final : public Prompts {
  public:
+  /// The language of the buttons; until it is told they are in the system's own.
+  void Speak(const LanguageTexts& texts) { texts_ = &texts; }
+
   using Prompts::Show;
   void Show(Icon icon, const std::string& message, const std::string& caption) override;
   bool AskYesNo(Icon icon, const std::string& question, const std::string& caption) override;
+
+ private:
+  int Ask(long style, const std::string& message, const std::string& caption) const;
+
+  const LanguageTexts* texts_ = nullptr;
 };
 
 }  // namespace zek

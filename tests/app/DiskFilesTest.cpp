@@ -1,6 +1,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "app/DiskFiles.h"
 
@@ -42,6 +43,23 @@ TEST_F(DiskFilesTest, ErrorsNameTheFileAndTheReason) {
   const auto noFolder = files.Write(folder + "nix/file", "x");
   ASSERT_TRUE(noFolder);
   EXPECT_EQ(noFolder->reason, FileError::Reason::Missing);
+}
+
+TEST_F(DiskFilesTest, AReplacedFileKeepsItsPermissionsAndLinksHold) {
+  using std::filesystem::perms;
+  EXPECT_FALSE(files.Write(folder + "secret", "old"));
+  std::filesystem::permissions(folder + "secret", perms::owner_read | perms::owner_write);
+  std::filesystem::create_symlink("secret", folder + "link");
+  EXPECT_FALSE(files.Write(folder + "link", "new"));
+  EXPECT_EQ(files.Read(folder + "secret").bytes, "new");
+  EXPECT_TRUE(std::filesystem::is_symlink(folder + "link"));
+  EXPECT_EQ(std::filesystem::status(folder + "secret").permissions(),
+            perms::owner_read | perms::owner_write);
+}
+
+TEST_F(DiskFilesTest, APipeIsRefusedInsteadOfWaitedFor) {
+  ASSERT_EQ(::mkfifo((folder + "pipe").c_str(), 0600), 0);
+  EXPECT_TRUE(files.Read(folder + "pipe").error);
 }
 
 TEST_F(DiskFilesTest, AFailedWriteLeavesTheOldFileAndNothingElse) {

@@ -138,6 +138,15 @@ TEST_F(CatalogueReadTest, CancelEndsItQuietlyAtAnyMoment) {
   }
 }
 
+TEST_F(CatalogueReadTest, LinesThatDoNotFitAreTold) {
+  SelectOne();
+  for (int i = 1; i <= 203; ++i) answers["LIST WDC"] += std::to_string(i) + " !x\r\n";
+  answers["LIST WDC"] += "EXIT\r\n";
+  EXPECT_TRUE(Get());
+  EXPECT_EQ(proc.transfer.CatalogueLineCount(), 201);
+  EXPECT_EQ(prompts.shown, Shown{"x T543"});
+}
+
 TEST_F(CatalogueReadTest, ChoosesTheSource) {
   SelectOne();
   files.files[kCopyOne] = " 7 !local\r\n.DFV = 3\r\n 8 !more";

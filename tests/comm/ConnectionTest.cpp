@@ -154,6 +154,23 @@ TEST_F(ConnectionTest, IdleTimeDisconnectsAndEveryCommandRestartsIt) {
   EXPECT_EQ(prompts.shown, Shown{"i T62 60 T63"});
 }
 
+TEST_F(ConnectionTest, ThePausesOfATransferAreNotIdle) {
+  connection.Connect(kOne);
+  const CountedUp busy(proc.status, &StatusPanels::Busy);
+  proc.waits.WaitSeconds(100);
+  EXPECT_EQ(connection.CurrentTopic, kOne);
+}
+
+TEST_F(ConnectionTest, AConnectThatCameWhileAnOlderOneDisconnectsWins) {
+  proc.settings.TagMode = true;
+  proc.settings.DisconnectDelayTime = 2;
+  connection.Connect(kNet);
+  turn.After(1000, [this] { connection.Connect(kOne); });
+  connection.Connect(kLocal);
+  EXPECT_EQ(connection.CurrentTopic, kOne);
+  EXPECT_EQ(proc.status.Connection, "First (ONE)");
+}
+
 TEST_F(ConnectionTest, LocalModeTouchesNoLink) {
   proc.settings.LocalMode = true;
   connection.Connect(kOne);

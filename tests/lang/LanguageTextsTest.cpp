@@ -56,6 +56,9 @@ TEST(LanguageTexts, TheSettingNamesTheFile) {
   session.files.files["/zek/zek_lang.046"] = "1=one";
   EXPECT_TRUE(LoadLanguage(session.proc));
   EXPECT_EQ(session.proc.Text(1), "one");
+  test::TestSession capitals("Language=046\r\n");
+  capitals.files.files["/zek/ZEK_LANG.046"] = "1=one";
+  EXPECT_TRUE(LoadLanguage(capitals.proc));
   test::TestSession evil("Language=../secret\r\n");
   evil.files.files["/zek/zek_lang.../secret"] = "1=one";
   EXPECT_FALSE(LoadLanguage(evil.proc));

@@ -16,7 +16,8 @@ struct Exchange {
 const Lines kOk = {"OK"};
 const Lines kRefused = {"(refused)"};
 const Lines kMissing = {"ERROR SAKNAS"};
-const Lines kUnknown = {std::string("OKÄNT KOMMANDO"_w1252)};
+constexpr std::string_view kUnknownText = "OKÄNT KOMMANDO"_w1252;
+const Lines kUnknown = {std::string(kUnknownText)};
 
 void Replay(Outstation& outstation, const std::vector<Exchange>& dialogue) {
   PlantSession session(outstation);

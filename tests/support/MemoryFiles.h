@@ -39,7 +39,9 @@ class MemoryFiles final : public Files {
   std::vector<std::string> List(const std::string& directory) const override {
     std::vector<std::string> names;
     for (const auto& [path, bytes] : files) {
-      if (path.starts_with(directory)) names.push_back(path.substr(directory.size()));
+      if (!path.starts_with(directory)) continue;
+      const std::string name = path.substr(directory.size());
+      if (name.find('/') == std::string::npos) names.push_back(name);
     }
     return names;
   }

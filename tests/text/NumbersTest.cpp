@@ -23,6 +23,8 @@ TEST(Numbers, ValReadsTheLeadingNumber) {
       {"1e-999", 0},  {"1e999", std::numeric_limits<double>::max()},
   });
   for (const auto& [text, value] : cases) EXPECT_EQ(Val(text), value) << text;
+  EXPECT_EQ(Val("0." + std::string(400, '0') + "1"), 0);
+  EXPECT_EQ(Val(std::string(400, '9') + ".1"), std::numeric_limits<double>::max());
 }
 
 TEST(Numbers, ToInt16RoundsHalfToEvenAndRefusesTheRest) {

@@ -179,6 +179,7 @@ class TestApp final : public wxApp {
   int OnRun() override {
     SetExitOnFrameDelete(false);
     wxStringInputStream nothing{wxString()};
+    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): given to the toolkit
     wxConfigBase::Set(std::make_unique<wxFileConfig>(nothing).release());  // the toolkit's own
     CallAfter([this] {
       result_ = RUN_ALL_TESTS();

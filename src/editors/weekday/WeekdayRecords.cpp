@@ -8,6 +8,9 @@
 namespace zek {
 namespace {
 
+constexpr std::string_view kValueOnHead = ";;;Startvärde;"_w1252;
+constexpr std::string_view kValueOffHead = ";;;Stoppvärde;"_w1252;
+
 // Adds `head` and the 14 cells as a line; true when one of the cells holds text.
 template <class CellText>
 bool AddRecord(std::vector<std::string>& records, std::string head, CellText cellText) {
@@ -36,9 +39,9 @@ std::vector<std::string> WeekdayRecords(const WeekdayTable& table, const RecordL
                             [&](std::size_t day) { return TimeText(cells(day).start); });
     filled |=
         AddRecord(records, ";;;Stopp;", [&](std::size_t day) { return TimeText(cells(day).stop); });
-    filled |= AddRecord(records, std::string(";;;Startvärde;"_w1252),
+    filled |= AddRecord(records, std::string(kValueOnHead),
                         [&](std::size_t day) { return ValueOnText(cells(day), decimalSeparator); });
-    filled |= AddRecord(records, std::string(";;;Stoppvärde;"_w1252), [&](std::size_t day) {
+    filled |= AddRecord(records, std::string(kValueOffHead), [&](std::size_t day) {
       return ValueOffText(cells(day), decimalSeparator);
     });
     if (!filled) records.resize(before);

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <wx/string.h>
+#include <wx/window.h>
+
+namespace zek {
+
+/// What a screen reader says for a control that has no caption of its own. Where the toolkit
+/// offers no way to say it, nothing happens.
+void SetAccessibleName(wxWindow& window, const wxString& name);
+
+}  // namespace zek

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <wx/toplevel.h>
+#include <wx/uiaction.h>
+
+#include "WindowApp.h"
+
+namespace zek::window {
+
+/// What a test does with forms that are shown modally: each action runs once its condition holds,
+/// from inside whatever loop runs then. An action may open a form that a later step closes.
+struct Step {
+  std::function<bool()> when;
+  std::function<void()> act;
+};
+
+inline void Play(std::vector<Step> steps) {
+  if (steps.empty()) return;
+  const Step first = steps.front();
+  steps.erase(steps.begin());
+  When(first.when, [first, rest = std::move(steps)] {
+    Play(rest);
+    first.act();
+  });
+}
+
+/// True when the form with that name takes keys.
+inline bool IsActive(const std::string& name) {
+  auto* const form = dynamic_cast<wxTopLevelWindow*>(Shown(name));
+  return form != nullptr && form->IsActive() && form->IsEnabled();
+}
+
+inline bool HasFocus(const std::string& name) {
+  const wxWindow* const window = Shown(name);
+  return window != nullptr && window->HasFocus();
+}
+
+inline void Press(int key, int modifiers = 0) { wxUIActionSimulator().Char(key, modifiers); }
+
+inline void Click(const wxWindow& window) {
+  wxUIActionSimulator mouse;
+  mouse.MouseMove(window.GetScreenRect().GetPosition() + window.GetSize() / 2);
+  mouse.MouseClick();
+}
+
+}  // namespace zek::window
