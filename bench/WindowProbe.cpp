@@ -27,7 +27,7 @@
 namespace {
 
 using Clock = std::chrono::steady_clock;
-constexpr int kLongestWait = 30'000;  // ms
+constexpr int kLongestWait = 60'000;  // ms
 constexpr int kPause = 10'000;        // microseconds between an answer and the next question
 
 double MillisecondsSince(Clock::time_point start) {

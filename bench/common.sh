@@ -16,15 +16,20 @@ end_started() {
 
 # verdict WHAT VALUE LIMIT: a line of the table of limits. An exceeded limit fails the script in the
 # end, so that the figures behind it are seen too.
+# shellcheck disable=SC2034 # the scripts end with it
 exceeded=0
 verdict() {
   local ok
   ok="$(awk -v value="$2" -v limit="$3" 'BEGIN { print value <= limit ? "ok" : "EXCEEDED" }')"
   printf '%s: %.2f (limit %s) %s\n' "$1" "$2" "$3" "$ok"
+  # shellcheck disable=SC2034
   [[ $ok == ok ]] || exceeded=1
 }
 
 ratio() { awk -v a="$1" -v b="$2" 'BEGIN { print a / b }'; }
+
+# fastest VALUE...: the run that other work on the machine disturbed least
+fastest() { printf '%s\n' "$@" | sort -g | head -n 1; }
 
 # median VALUE...
 median() {

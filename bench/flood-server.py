@@ -5,6 +5,7 @@ Prints its port, waits for one client, greets it, and prints the seconds that th
 read all of it: until nothing is left on its way or in the client's receive queue.
 """
 
+import os
 import socket
 import sys
 import time
@@ -13,13 +14,10 @@ SETTLE = 2.0  # seconds between greeting and flood: windows open, and the client
 LINES_OF_PIECE = 4
 
 
-def stream(length):
+def megabyte():
     line = b"%-60s\r\n" % b"  1000 !TSC1        !MO..FR       !07:00..16:30"
-    pieces = []
-    while length > 0:
-        pieces.append(b"%04d>%s\xff" % (len(pieces) % 10000, line * LINES_OF_PIECE))
-        length -= len(pieces[-1])
-    return b"".join(pieces)
+    pieces = [b"%04d>%s\xff" % (number, line * LINES_OF_PIECE) for number in range(3937)]
+    return b"".join(pieces)  # each of them is 254 characters
 
 
 def waiting(client_port, server_port):
@@ -38,22 +36,25 @@ def waiting(client_port, server_port):
 
 
 def main():
-    text = stream(int(sys.argv[1]) * 1_000_000)
+    text = megabyte()
     with socket.create_server(("127.0.0.1", 0)) as server:
         server.settimeout(30)
         port = server.getsockname()[1]
         print(port, flush=True)
         client, (_, client_port) = server.accept()
     with client:
-        client.settimeout(300)
+        client.settimeout(120)
         time.sleep(0.3)  # the greeting is heard only after the client knows it is connected
         client.sendall(b"<TRANSPARENT>")
         time.sleep(SETTLE)
         start = time.monotonic()
-        client.sendall(text)
+        for _ in range(int(sys.argv[1])):
+            client.sendall(text)
         while waiting(client_port, port) > 0:
             time.sleep(0.001)
         print(f"{time.monotonic() - start:.3f}", flush=True)
+        os.close(sys.stdout.fileno())
+        client.recv(1)  # a client may end with its connection: it ends first
 
 
 if __name__ == "__main__":

@@ -19,7 +19,8 @@ measure() {
   read -r milliseconds pid <&"$probe" || die "No window: $*"
   started=("$pid")
   sleep 1.5 # the about box has come and gone
-  kilobytes="$(awk '/^Pss:/ { print $2 }' "/proc/$pid/smaps_rollup")"
+  # Not PSS, of which other programs on the machine that use the same libraries take their share.
+  kilobytes="$(awk '/^VmRSS:/ { print $2 }' "/proc/$pid/status")"
   kill "$pid"
   started=()
   read -r <&"$probe" || true # until it is gone
@@ -37,9 +38,9 @@ for ((run = 0; run < runs; ++run)); do
   ours+=("$milliseconds") our_memory+=("$kilobytes")
 done
 echo "First frame (ms): zekview ${ours[*]}; minimal window ${theirs[*]}"
-echo "Memory (PSS, kB): zekview ${our_memory[*]}; minimal window ${their_memory[*]}"
+echo "Memory (RSS, kB): zekview ${our_memory[*]}; minimal window ${their_memory[*]}"
 verdict "first frame / minimal wxWidgets window" \
-  "$(ratio "$(median "${ours[@]}")" "$(median "${theirs[@]}")")" "$limit"
+  "$(ratio "$(fastest "${ours[@]}")" "$(fastest "${theirs[@]}")")" "$limit"
 verdict "memory / minimal wxWidgets window" \
   "$(ratio "$(median "${our_memory[@]}")" "$(median "${their_memory[@]}")")" "$limit"
 exit "$exceeded"
