@@ -1,17 +1,24 @@
 #!/usr/bin/env bash
 # bench.sh [OPTION...]: the benchmarks in the program zekview-bench, with these options, and then
-# those that are scripts, bench/*.sh, each with a screen of its own.
+# those that are scripts, bench/*.sh, each with a screen of its own. What has a limit stands once
+# more in the end, in one table; a limit that is exceeded is a failure.
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
 
 scripts/build.sh
-scripts/headless.sh build/bin/zekview-bench "$@"
+log=build/bench.log
 failed=()
-for script in bench/*.sh; do
-  [[ -x $script ]] || continue
+: >"$log"
+run() {
+  echo "== ${*: -1}"
+  "$@" 2>&1 | tee -a "$log" || failed+=("$1")
   echo
-  echo "== $script"
-  scripts/headless.sh "$script" || failed+=("$script")
+}
+run build/bin/zekview-bench "$@"
+for script in bench/*.sh; do
+  if [[ -x $script ]]; then run scripts/headless.sh "$script"; fi
 done
+echo "== Limits"
+grep -F ' (limit ' "$log" || true
 [[ ${#failed[@]} -eq 0 ]] || die "Failed: ${failed[*]}"

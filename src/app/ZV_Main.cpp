@@ -30,7 +30,6 @@ ZV_Main::ZV_Main(ZV_Proc& proc, WxTurn& turn)
       turn_(turn),
       Timer_Comm([this] { OnTick(); }),
       refresh_([this] { ShowState(); }) {
-  SetIcons(ProgramIcons());
   BuildMenus();
   BuildToolbar();
   BuildControls();
@@ -41,7 +40,6 @@ ZV_Main::ZV_Main(ZV_Proc& proc, WxTurn& turn)
   if (proc_.status.Connection.empty()) proc_.status.Connection = proc_.Text(text::kNotConnected);
   proc_.status.Changed = [this] { refresh_.Request(); };
   ShowState();
-  Combo_Topics->SetFocus();
   Timer_Comm.Begin();
 }
 
@@ -105,13 +103,16 @@ void ZV_Main::OnFirstPaint(wxPaintEvent& event) {
   CallAfter([this] { FirstActivation(); });  // it waits, so not from inside the painting
 }
 
-// What follows once: the topics, the start switches, the about box.
+// What follows once: the topics, the start switches, the about box. And what the first frame need
+// not wait for.
 void ZV_Main::FirstActivation() {
+  SetIcons(ProgramIcons());
   {
     const Working working(*this);
     proc_.topics.LoadTopics(proc_.outside.profile, proc_.settings, proc_.texts,
                             proc_.outside.prompts);
     FillTopics();
+    Combo_Topics->SetFocus();
     ShowState();
     if (!proc_.settings.StartTopic.empty()) {
       OpenBrowser();

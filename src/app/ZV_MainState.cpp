@@ -37,6 +37,7 @@ void ZV_Main::FillTopics() {
     texts.Add(ToWx(TopicText(proc_.topics[index])));
   }
   if (!texts.empty()) Combo_Topics->Append(texts);
+  Combo_Topics->Show();
 }
 
 void ZV_Main::ShowState() {

@@ -58,6 +58,9 @@ class Program final : public wxApp {
 
   int OnRun() override {
     SetAppName("zekview");
+    // No window here asks for these events, which would go to all of them after every tick.
+    wxIdleEvent::SetMode(wxIDLE_PROCESS_SPECIFIED);
+    wxUpdateUIEvent::SetMode(wxUPDATE_UI_PROCESS_SPECIFIED);
     const std::string programPath = line_.dir ? WithSeparator(*line_.dir) : ExecutableDirectory();
     if (const std::string complaint = Complaint(line_, programPath); !complaint.empty()) {
       std::cerr << "zekview: " << complaint << '\n';

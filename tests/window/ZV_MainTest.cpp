@@ -35,7 +35,7 @@ class ZV_MainTest : public testing::Test {
     world_ = std::make_unique<World>(ini, commandLine);
     form_ = new ZV_Main(world_->proc, world_->turn);  // deleted when it closes
     form_->Show();
-    EXPECT_TRUE(PumpUntil([this] { return topics().GetCount() > 0 && Shown("ZV_Info"); }));
+    EXPECT_TRUE(PumpUntil([this] { return Shown("ZV_Info") && topics().GetCount() > 0; }));
   }
 
   // Without a window manager the keys go to the window under the pointer: not to the about box.
