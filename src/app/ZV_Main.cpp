@@ -106,6 +106,7 @@ void ZV_Main::OnFirstPaint(wxPaintEvent& event) {
 // What follows once: the topics, the start switches, the about box. And what the first frame need
 // not wait for.
 void ZV_Main::FirstActivation() {
+  Raise();  // without a window manager nobody else makes it the active window
   SetIcons(ProgramIcons());
   {
     const Working working(*this);

@@ -26,6 +26,8 @@ ZV_Lang::ZV_Lang(ZV_Proc& proc)
   SetIcons(ProgramIcons());
   Build();
   CenterForm(*this);
+  // Without a window manager nobody else makes it the active window.
+  CallAfter([this] { Raise(); });
   Bind(
       wxEVT_BUTTON, [this](wxCommandEvent&) { OnOk(); }, wxID_OK);
   // Where the list would take Enter for itself and drop down.

@@ -23,6 +23,8 @@ class ZV_LangTest : public testing::Test {
     ZV_Lang form(world_.proc);
     When([] { return Shown("ZV_Lang") != nullptr; },
          [&] {
+           // Keys go where the focus is, which the system gives when it comes to it.
+           EXPECT_TRUE(PumpUntil([&] { return form.IsActive() && wxWindow::FindFocus(); }));
            Pump(100);
            for (const int key : presses) {
              wxUIActionSimulator().Char(key);
