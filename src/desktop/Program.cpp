@@ -44,7 +44,7 @@ void UseConfiguration(bool remember) {
                                                wxString(), wxCONFIG_USE_LOCAL_FILE));
 }
 
-// The toolkit's own troubles are no business of message boxes.
+// The toolkit's own troubles, a missing display among them, are no business of message boxes.
 void UseErrorOutput() { delete wxLog::SetActiveTarget(Given<wxLogStderr>()); }
 // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
 
@@ -61,7 +61,6 @@ class Program final : public wxApp {
     // No window here asks for these events, which would go to all of them after every tick.
     wxIdleEvent::SetMode(wxIDLE_PROCESS_SPECIFIED);
     wxUpdateUIEvent::SetMode(wxUPDATE_UI_PROCESS_SPECIFIED);
-    UseErrorOutput();
     const std::string programPath = line_.dir ? WithSeparator(*line_.dir) : ExecutableDirectory();
     if (const std::string complaint = Complaint(line_, programPath); !complaint.empty()) {
       std::cerr << "zekview: " << complaint << '\n';
@@ -116,6 +115,7 @@ class Program final : public wxApp {
 
 int main(int argc, char** argv) {
   const std::vector<std::string> arguments(argv + 1, argv + argc);
+  zek::UseErrorOutput();
   wxApp::SetInstance(new zek::Program(arguments));  // the toolkit deletes it
   int noArguments = 1;  // ours are parsed already; the toolkit would convert them by the locale
   return wxEntry(noArguments, argv);

@@ -19,7 +19,7 @@ class InputBlockTest : public testing::Test {
     EXPECT_TRUE(PumpUntil([this] { return text_->HasFocus(); }));
     Pump(50);
   }
-  ~InputBlockTest() override { frame_->Destroy(); }
+  void TearDown() override { frame_->Destroy(); }
 
   void Press(int key) {
     wxUIActionSimulator keys;

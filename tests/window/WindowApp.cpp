@@ -34,6 +34,10 @@ void RunEvents() {
   wxTheApp->ProcessIdle();  // deletes closed windows
 }
 
+const testing::TestInfo* CurrentTest() {
+  return testing::UnitTest::GetInstance()->current_test_info();
+}
+
 class Watch final : public wxTimer {
  public:
   Watch(std::function<bool()> condition, std::function<void()> action)
@@ -45,15 +49,27 @@ class Watch final : public wxTimer {
 
  private:
   void Notify() override {
+    if (test_ != CurrentTest()) return Finish();
     const bool holds = condition_();
     if (!holds && Clock::now() < end_) return;
-    Stop();
     EXPECT_TRUE(holds) << "what a test waited for did not happen";
-    // The action may run a loop of its own, so it must not run inside the timer.
-    if (holds) wxTheApp->CallAfter(action_);
+    // The action may run a loop of its own, so it must run neither inside the timer nor be part
+    // of it, since the timer goes meanwhile.
+    if (holds) {
+      wxTheApp->CallAfter([test = test_, action = action_] {
+        if (test == CurrentTest()) action();
+      });
+    }
+    Finish();
+  }
+
+  void Finish() {
+    Stop();
     wxTheApp->CallAfter([this] { delete this; });
   }
 
+  // What a test planned and did not live to see is nothing for the next one.
+  const testing::TestInfo* test_ = CurrentTest();
   std::function<bool()> condition_;
   std::function<void()> action_;
   Clock::time_point end_;
@@ -176,10 +192,10 @@ class TestApp final : public wxApp {
  public:
   bool OnInit() override { return true; }
 
+  // NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks): the toolkit keeps the configuration
   int OnRun() override {
     SetExitOnFrameDelete(false);
     wxStringInputStream nothing{wxString()};
-    // NOLINTNEXTLINE(clang-analyzer-cplusplus.NewDeleteLeaks): given to the toolkit
     wxConfigBase::Set(std::make_unique<wxFileConfig>(nothing).release());  // the toolkit's own
     CallAfter([this] {
       result_ = RUN_ALL_TESTS();
@@ -189,6 +205,7 @@ class TestApp final : public wxApp {
     for (const std::string& each : Directories()) std::filesystem::remove_all(each);
     return result_;
   }
+  // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
 
   void OnAssertFailure(const wxChar* file, int line, const wxChar* /*function*/,
                        const wxChar* condition, const wxChar* message) override {
