@@ -6,19 +6,21 @@ set -euo pipefail
 source bench/common.sh
 trap end_started EXIT
 
-runs="${1:-9}"
+starts="${1:-21}"
+memory_runs=3
 limit=1.25
 program_directory="$bench_directory/startup"
 mkdir -p "$program_directory"
 cp data/lang/zek_lang.* data/demo/ZEKView.INI "$program_directory/"
 
-# measure COMMAND...: sets `milliseconds` and `kilobytes`.
+# measure SECONDS COMMAND...: sets `milliseconds` to the first frame, and `kilobytes` after SECONDS.
 measure() {
-  local pid probe
+  local seconds="$1" pid probe
+  shift
   exec {probe}< <(exec build/bin/zekview-window-probe first-frame "$@")
   read -r milliseconds pid <&"$probe" || die "No window: $*"
   started=("$pid")
-  sleep 1.5 # the about box has come and gone
+  sleep "$seconds"
   # Not PSS, of which other programs on the machine that use the same libraries take their share.
   kilobytes="$(awk '/^VmRSS:/ { print $2 }' "/proc/$pid/status")"
   kill "$pid"
@@ -29,13 +31,19 @@ measure() {
 
 minimal=("$PWD/build/bin/zekview-minimal-window")
 zekview=("$PWD/build/bin/zekview" --dir "$program_directory")
-measure "${minimal[@]}" # the first one on a screen finds things out for all others
+measure 1 "${minimal[@]}" # the first one on a screen finds things out for all others
 ours=() our_memory=() theirs=() their_memory=()
-for ((run = 0; run < runs; ++run)); do
-  measure "${minimal[@]}"
-  theirs+=("$milliseconds") their_memory+=("$kilobytes")
-  measure "${zekview[@]}"
-  ours+=("$milliseconds") our_memory+=("$kilobytes")
+for ((run = 0; run < starts; ++run)); do
+  measure 0.2 "${minimal[@]}"
+  theirs+=("$milliseconds")
+  measure 0.2 "${zekview[@]}"
+  ours+=("$milliseconds")
+done
+for ((run = 0; run < memory_runs; ++run)); do
+  measure 1.5 "${minimal[@]}"
+  their_memory+=("$kilobytes")
+  measure 1.5 "${zekview[@]}" # the about box has come and gone
+  our_memory+=("$kilobytes")
 done
 echo "First frame (ms): zekview ${ours[*]}; minimal window ${theirs[*]}"
 echo "Memory (RSS, kB): zekview ${our_memory[*]}; minimal window ${their_memory[*]}"

@@ -11,13 +11,13 @@ log=build/bench.log
 failed=()
 : >"$log"
 run() {
-  echo "== ${*: -1}"
-  "$@" 2>&1 | tee -a "$log" || failed+=("$1")
+  echo "== $1"
+  "${@:2}" 2>&1 | tee -a "$log" || failed+=("$1")
   echo
 }
-run build/bin/zekview-bench "$@"
+run zekview-bench build/bin/zekview-bench "$@"
 for script in bench/*.sh; do
-  if [[ -x $script ]]; then run scripts/headless.sh "$script"; fi
+  if [[ -x $script ]]; then run "$script" scripts/headless.sh "$script"; fi
 done
 echo "== Limits"
 grep -F ' (limit ' "$log" || true
