@@ -15,6 +15,8 @@ namespace {
 constexpr std::string_view kGeneral = "general";
 constexpr int kShortestDisconnectTime = 60;  // seconds
 constexpr int kShortestGetTSCTimeout = 5;    // seconds
+constexpr int kLastTwoDigitYear = 93;        // 94 to 99 are of the last century
+constexpr int kLastYear = 9999;              // four digits
 
 std::int16_t ReadDialogMode(const Profile& profile) {
   const std::string mode = UpperCase(profile.ReadIni(kGeneral, "DialogMode", "1"));
@@ -25,32 +27,31 @@ std::int16_t ReadDialogMode(const Profile& profile) {
 // Reads the numeric settings of start-up; the first that does not fit is told and ends it.
 class StartNumbers {
  public:
-  StartNumbers(const Profile& profile, const LanguageTexts& texts, Prompts& prompts)
-      : profile_(profile), texts_(texts), prompts_(prompts) {}
+  explicit StartNumbers(const NumberReader& reader) : reader_(reader) {}
 
   bool Ok() const { return ok_; }
 
-  std::int16_t Seconds(std::string_view key) {
+  std::int16_t Seconds(std::string_view key) { return Number(key, "0", kLongestWaitSeconds); }
+
+  std::int16_t Number(std::string_view key, std::string_view fallback, int largest) {
     if (!ok_) return 0;
-    const auto seconds = ReadSeconds(profile_, texts_, prompts_, kGeneral, key, "0");
-    ok_ = seconds.has_value();
-    return seconds.value_or(0);
+    const auto number = reader_.Read(kGeneral, key, fallback, largest);
+    ok_ = number.has_value();
+    return number.value_or(0);
   }
 
   // Seconds as ticks; a value below `least` shows text `tooLow` and is replaced by it.
   std::int16_t Ticks(std::string_view key, int least, std::int32_t tooLow) {
     int seconds = Seconds(key);
     if (ok_ && seconds < least) {
-      prompts_.Show(Icon::None, texts_.Text(tooLow));
+      reader_.prompts.Show(Icon::None, reader_.texts.Text(tooLow));
       seconds = least;
     }
     return static_cast<std::int16_t>(seconds * kTicksPerSecond);
   }
 
  private:
-  const Profile& profile_;
-  const LanguageTexts& texts_;
-  Prompts& prompts_;
+  const NumberReader& reader_;
   bool ok_ = true;
 };
 
@@ -89,7 +90,8 @@ bool LoadSettings(Settings& settings, std::string_view commandLine, const Profil
   if (!tag.empty()) settings.StartTopic = tag;
   settings.StartDialog = SwitchValue(commandLine, "/DIALOG:");
 
-  StartNumbers numbers(profile, texts, prompts);
+  const NumberReader reader{profile, texts, prompts};
+  StartNumbers numbers(reader);
   settings.DisconnectTicks =
       numbers.Ticks("DisconnectTime", kShortestDisconnectTime, text::kDisconnectTimeLow);
   const double closing = Val(profile.ReadIni(kGeneral, "DisconnectDelay", "0"));
@@ -100,6 +102,9 @@ bool LoadSettings(Settings& settings, std::string_view commandLine, const Profil
   settings.GetTSCTimeoutTicks =
       numbers.Ticks("GetTSCTimeout", kShortestGetTSCTimeout, text::kGetTSCTimeoutLow);
 
+  settings.SDCLastTwoDigitYear = numbers.Number("SDCLastTwoDigitYear", "20", kLastTwoDigitYear);
+  settings.SDCLastYear = numbers.Number("SDCLastYear", "2030", kLastYear);
+
   settings.HideDialogOnTSC = ReadYesNo(profile, kGeneral, "HideDialogOnTSC", "yes");
   settings.PreventMinimize = ReadYesNo(profile, kGeneral, "PreventMinimize", "no");
   settings.AlwaysUseLocal = ReadYesNo(profile, kGeneral, "AlwaysUseLocal", "yes");
@@ -108,15 +113,13 @@ bool LoadSettings(Settings& settings, std::string_view commandLine, const Profil
   return numbers.Ok();
 }
 
-std::optional<std::int16_t> ReadSeconds(const Profile& profile, const LanguageTexts& texts,
-                                        Prompts& prompts, std::string_view section,
-                                        std::string_view key, std::string_view fallback) {
+std::optional<std::int16_t> NumberReader::Read(std::string_view section, std::string_view key,
+                                               std::string_view fallback, int largest) const {
   const std::string value = profile.ReadIni(section, key, fallback);
-  const std::optional<std::int16_t> seconds = ToInt16(Val(value));
-  if (seconds && *seconds <= kLongestWaitSeconds) return seconds;
-  prompts.Show(Icon::Exclamation,
-               Message(texts.Text(text::kSettingTooLarge),
-                       {section, key, value, std::to_string(kLongestWaitSeconds)}));
+  const std::optional<std::int16_t> number = ToInt16(Val(value));
+  if (number && *number <= largest) return number;
+  prompts.Show(Icon::Exclamation, Message(texts.Text(text::kSettingTooLarge),
+                                          {section, key, value, std::to_string(largest)}));
   return std::nullopt;
 }
 

@@ -38,8 +38,10 @@ struct Settings {
   bool PreventMinimize = false;
   bool AlwaysUseLocal = true;
   bool AlwaysUseDSS = true;
-  std::int16_t DialogMode = 0;  // 0 not set, 1 "DEFAULT", 2 "ALL"
-  char DecimalSeparator = '.';  // of printed values
+  std::int16_t DialogMode = 0;            // 0 not set, 1 "DEFAULT", 2 "ALL"
+  std::int16_t SDCLastTwoDigitYear = 20;  // of the calendar: up to here two digits mean 2000 and on
+  std::int16_t SDCLastYear = 2030;        // the calendar's last year of four digits
+  char DecimalSeparator = '.';            // of printed values
 };
 
 /// `directory` with the system's separator at its end.
@@ -54,10 +56,24 @@ std::string IniPathOf(const CommandLine& line, const std::string& programPath);
 bool LoadSettings(Settings& settings, std::string_view commandLine, const Profile& profile,
                   const LanguageTexts& texts, Prompts& prompts);
 
-/// A setting in whole seconds (rounded half to even) that a countdown can hold. A larger one
-/// shows a message with section, key, value and the largest allowed value, and gives nothing.
-std::optional<std::int16_t> ReadSeconds(const Profile& profile, const LanguageTexts& texts,
-                                        Prompts& prompts, std::string_view section,
-                                        std::string_view key, std::string_view fallback);
+/// Reads settings that are whole numbers (rounded half to even). What is larger than allowed, or
+/// no 16-bit number, shows a message with section, key, value and the largest allowed value, and
+/// gives nothing.
+struct NumberReader {
+  const Profile& profile;
+  const LanguageTexts& texts;
+  Prompts& prompts;
+
+  std::optional<std::int16_t> Read(std::string_view section, std::string_view key,
+                                   std::string_view fallback, int largest = kLargestNumber) const;
+
+  /// The same for seconds that a countdown can hold.
+  std::optional<std::int16_t> ReadSeconds(std::string_view section, std::string_view key,
+                                          std::string_view fallback) const {
+    return Read(section, key, fallback, kLongestWaitSeconds);
+  }
+
+  static constexpr int kLargestNumber = 32767;  // 16 bits
+};
 
 }  // namespace zek

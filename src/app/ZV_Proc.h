@@ -54,6 +54,7 @@ struct ZV_Proc {
   Selection selection;
 
   std::string Text(std::int32_t number) const { return texts.Text(number); }
+  NumberReader Numbers() const { return {outside.profile, texts, outside.prompts}; }
 };
 
 /// False when ZEKView.INI is there but can't be read, which was told: nothing would be as set.

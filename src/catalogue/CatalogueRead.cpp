@@ -18,8 +18,7 @@ struct ReadDelays {
 
 std::optional<ReadDelays> ReadDelaysOf(ZV_Proc& proc) {
   const auto read = [&proc](std::string_view key, std::string_view fallback) {
-    return ReadSeconds(proc.outside.profile, proc.texts, proc.outside.prompts, "GetDelay", key,
-                       fallback);
+    return proc.Numbers().ReadSeconds("GetDelay", key, fallback);
   };
   const auto a = read("DelayA", "3");
   const auto b = a ? read("DelayB", "2") : a;

@@ -49,8 +49,7 @@ constexpr auto kDelays = std::to_array<DelaySetting>({
 std::optional<std::int16_t> ReadDelay(ZV_Proc& proc, std::string_view key) {
   const auto* const delay = std::find_if(
       kDelays.begin(), kDelays.end(), [key](const DelaySetting& each) { return each.key == key; });
-  return ReadSeconds(proc.outside.profile, proc.texts, proc.outside.prompts, "SaveDelay", key,
-                     delay->seconds);
+  return proc.Numbers().ReadSeconds("SaveDelay", key, delay->seconds);
 }
 
 class Writing {

@@ -59,10 +59,8 @@ void Connection::Connect(std::int16_t index) {
 
 void Connection::OpenSocket(const Topic& topic) {
   const std::uint32_t attempt = attempt_;
-  const auto sendTimeOut =
-      ReadSeconds(p_.profile, p_.texts, p_.prompts, "TCPIP", "SendTimeOut", "15");
-  const auto pause =
-      ReadSeconds(p_.profile, p_.texts, p_.prompts, "TCPIP", "DelayAfterConnect", "0");
+  const auto sendTimeOut = Numbers().ReadSeconds("TCPIP", "SendTimeOut", "15");
+  const auto pause = Numbers().ReadSeconds("TCPIP", "DelayAfterConnect", "0");
   if (!sendTimeOut || !pause) return;
   if (p_.socket.State() != LinkState::Closed) {
     p_.socket.Close();
@@ -215,7 +213,7 @@ bool Connection::IsLinkUp() const {
 
 bool Connection::AwaitAllSent() {
   if (p_.settings.TagMode || !IsLinkUp()) return IsLinkUp();
-  const auto seconds = ReadSeconds(p_.profile, p_.texts, p_.prompts, "TCPIP", "SendTimeOut", "15");
+  const auto seconds = Numbers().ReadSeconds("TCPIP", "SendTimeOut", "15");
   p_.countdowns.WaitCountdown = TicksOf(seconds.value_or(0));
   p_.waits.While(
       [this] { return IsLinkUp() && !CurrentLink().AllSent() && p_.countdowns.WaitCountdown > 0; });

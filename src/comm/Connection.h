@@ -85,6 +85,7 @@ class Connection final : private LinkEvents, private ReplyEvents {
   void OnReplyLine(std::string_view line) override;
   void OnTextDropped() override;
 
+  NumberReader Numbers() const { return {p_.profile, p_.texts, p_.prompts}; }
   void OpenSocket(const Topic& topic);
   void OpenDde(const Topic& topic);
   void OpenTag(Topic& topic, std::int16_t index);

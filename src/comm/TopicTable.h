@@ -10,6 +10,7 @@
 #include "app/Profile.h"
 #include "app/Prompts.h"
 #include "app/Settings.h"
+#include "comm/Generation.h"
 #include "lang/LanguageTexts.h"
 
 namespace zek {
@@ -31,6 +32,9 @@ struct Topic {
   std::int16_t TagState = 0;  // 2 after the tag was opened, 1 after it was closed
   bool HasDus = false;        // the address has a third field
 
+  Generation ControllerGeneration() const {
+    return TopicType == 2 ? Generation::Zek2 : Generation::Zek1;
+  }
   bool IsTcp() const { return Address.find(':') != std::string::npos; }
 };
 

@@ -7,10 +7,9 @@
 #include <string_view>
 #include <vector>
 
-namespace zek::sim {
+#include "comm/Generation.h"
 
-/// The two controller generations; the values are the kinds of the settings file.
-enum class Generation { Zek1 = 1, Zek2 = 2 };
+namespace zek::sim {
 
 /// A controller holds no longer line and no more lines a catalogue; what goes beyond is refused, so
 /// that no client can make the plant grow without bound.

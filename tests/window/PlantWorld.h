@@ -73,7 +73,7 @@ struct PlantWorld : World {
                      " 1000 !AHU1        !MO..FR       !07:00..16:30             !21"
                      "       !17"}}};
     sim::Outstation modern;
-    modern.generation = sim::Generation::Zek2;
+    modern.generation = Generation::Zek2;
     modern.dus = 3;
     modern.controls = {{"TF2", {"VECKODAGAR", {}}, {"UNDANTAG", {}}, "21.5"}};
     return {{old, modern}};

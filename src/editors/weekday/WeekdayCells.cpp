@@ -15,7 +15,7 @@ std::optional<std::int16_t> TimeOf(double hours, double minutes) {
   if (hours < 0 || hours >= kHoursRefused || minutes < 0 || minutes >= kMinutesRefused) {
     return std::nullopt;
   }
-  return ToInt16(std::min(hours * 60 + minutes, double{kLatestTime}));
+  return ToInt16(std::min(hours * 60 + minutes, double{kMinutesOfDay}));
 }
 
 std::optional<std::int16_t> TimeWithoutSeparator(std::string_view digits) {
@@ -29,22 +29,8 @@ std::optional<std::int16_t> TimeWithoutSeparator(std::string_view digits) {
 
 }  // namespace
 
-void WriteTime(std::int16_t minutes, char* at) {
-  const auto digit = [](int value) { return static_cast<char>('0' + value % 10); };
-  const int hours = minutes / 60;
-  const int rest = minutes % 60;
-  at[0] = digit(hours / 10);
-  at[1] = digit(hours);
-  at[2] = ':';
-  at[3] = digit(rest / 10);
-  at[4] = digit(rest);
-}
-
 std::string TimeText(std::int16_t minutes) {
-  if (minutes == kNoTime) return {};
-  std::string text(kTimeLength, ' ');
-  WriteTime(minutes, text.data());
-  return text;
+  return minutes == kNoTime ? std::string() : ClockText(minutes);
 }
 
 std::string ValueOnText(const WeekdayRow& row, char decimalSeparator) {
@@ -53,8 +39,7 @@ std::string ValueOnText(const WeekdayRow& row, char decimalSeparator) {
 }
 
 std::string ValueOffText(const WeekdayRow& row, char decimalSeparator) {
-  if (row.valueOff == kNoValue) return {};
-  return FormatNumber(row.valueOff, decimalSeparator);
+  return BoxValue(row.valueOff, decimalSeparator);
 }
 
 std::optional<std::int16_t> TypedTime(std::string_view text) {
@@ -68,9 +53,7 @@ std::optional<std::int16_t> TypedTime(std::string_view text) {
 float TypedValueOn(std::string_view text) { return ToSingle(ParseNumber(text)); }
 
 float TypedValueOff(std::string_view text) {
-  text = Trim(text);
-  if (text.empty() || text == "." || text == ",") return kNoValue;
-  return ToSingle(ParseNumber(text));
+  return Trim(text).empty() ? kNoValue : TypedValue(text);
 }
 
 }  // namespace zek

@@ -13,10 +13,6 @@ namespace zek {
 /// Hours and minutes as two digits each ("07:05"); `kNoTime` gives "".
 std::string TimeText(std::int16_t minutes);
 
-/// Writes those five characters to `at`; not for `kNoTime`.
-inline constexpr std::size_t kTimeLength = 5;
-void WriteTime(std::int16_t minutes, char* at);
-
 /// A start value; "" for 0 in a row without a start time, which is an empty row.
 std::string ValueOnText(const WeekdayRow& row, char decimalSeparator);
 

@@ -4,16 +4,17 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "editors/CatalogueTime.h"
+#include "editors/CatalogueValue.h"
+
 namespace zek {
 
 inline constexpr std::size_t kWeekdayDays = 14;  // Monday to Sunday, then SD1 to SD7
 inline constexpr std::size_t kWeekdayRows = 16;  // switch rows a day
 inline constexpr std::size_t kDaysOfType = 7;    // days 0 to 6 are type 0, days 7 to 13 type 1
 inline constexpr std::int16_t kNoTime = -1;
-inline constexpr std::int16_t kLatestTime = 1440;  // 24:00, the end of the day
-inline constexpr float kNoValue = 999999.F;
 
-/// One switch row of a day. Times are minutes after midnight, 0 to `kLatestTime`.
+/// One switch row of a day. Times are minutes after midnight, 0 to `kMinutesOfDay`.
 struct WeekdayRow {
   std::int16_t start = kNoTime;
   std::int16_t stop = kNoTime;  // none in a used row: it switches on and has no interval

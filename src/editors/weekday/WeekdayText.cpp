@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "editors/CatalogueLimits.h"
+#include "editors/CatalogueLine.h"
+#include "editors/DayKeys.h"
 #include "editors/LineNumbers.h"
 #include "editors/weekday/WeekdayCells.h"
 #include "lang/TextNumbers.h"
@@ -18,37 +20,27 @@
 namespace zek {
 namespace {
 
-constexpr std::string_view kField = "!";
-constexpr std::string_view kRange = "..";
-constexpr std::string_view kNone = ".";
 constexpr std::string_view kDigits = "0123456789";
-constexpr std::size_t kNameLength = 12;
 constexpr std::size_t kPltDayColumn = 6;  // from 0
-constexpr std::array<std::string_view, kWeekdayDays> kDayKeys = {
-    "MO", "TU", "WE", "TH", "FR", "SA", "SU", "SD1", "SD2", "SD3", "SD4", "SD5", "SD6", "SD7"};
+static_assert(kDayKeys.size() == kWeekdayDays);
 
 // Whose lines are meant: all lines of a "PLT" control, else those with its name.
 struct Owner {
   bool plt;
   std::string_view name;  // as much of it as a line holds
 
-  explicit Owner(std::string_view fullName)
-      : plt(IsPltName(fullName)), name(Trim(Trim(fullName).substr(0, kNameLength))) {}
+  explicit Owner(std::string_view fullName) : plt(IsPltName(fullName)), name(LineName(fullName)) {}
 
-  bool IsNamedIn(std::string_view line) const { return Trim(GetField(line, 1, kField)) == name; }
+  bool IsNamedIn(std::string_view line) const {
+    return Trim(GetField(line, 1, kFieldMark)) == name;
+  }
 };
 
 // --- Reading ---
 
-std::string_view TakeField(std::string_view& rest) {
-  const std::string_view field = GetField(rest, 0, kField);
-  rest.remove_prefix(std::min(rest.size(), field.size() + kField.size()));
-  return Trim(field);
-}
-
 // What follows the number and the name; nothing when the line is another control's.
 std::optional<std::string_view> OwnPart(std::string_view line, const Owner& owner) {
-  if (owner.plt) return line.substr(std::min(line.size(), kPltDayColumn));
+  if (owner.plt) return FromColumn(line, kPltDayColumn);
   TakeField(line);  // the number
   if (TakeField(line) != owner.name) return std::nullopt;
   return line;
@@ -86,8 +78,8 @@ std::optional<std::size_t> TakeDay(std::string_view& text) {
 std::optional<DayRange> ParseDays(std::string_view text) {
   const std::optional<std::size_t> first = TakeDay(text);
   if (!first) return std::nullopt;
-  if (!text.starts_with(kRange)) return DayRange{*first, *first};
-  text.remove_prefix(kRange.size());
+  if (!text.starts_with(kRangeMark)) return DayRange{*first, *first};
+  text.remove_prefix(kRangeMark.size());
   const std::optional<std::size_t> last = TakeDay(text);
   if (!last || *last < *first || (*last < kDaysOfType) != (*first < kDaysOfType)) {
     return std::nullopt;
@@ -97,18 +89,8 @@ std::optional<DayRange> ParseDays(std::string_view text) {
 
 // The time HH:MM at column `start` (from 0) of the time field.
 std::int16_t ParseTime(std::string_view field, std::size_t start) {
-  const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
-  const auto number = [field, isDigit](std::size_t column) -> double {
-    if (column >= field.size()) return 0;
-    const std::string_view text = field.substr(column, 2);
-    // Nearly every number of a catalogue is one of these: worth a way of its own.
-    if (text.size() == 2 && isDigit(text[0]) && isDigit(text[1])) {
-      return (text[0] - '0') * 10 + (text[1] - '0');
-    }
-    return Val(text);
-  };
-  const double minutes = number(start) * 60 + number(start + 3);
-  return ToInt16(std::clamp(minutes, 0.0, double{kLatestTime})).value_or(0);
+  const double minutes = NumberAt(field, start, 2) * 60 + NumberAt(field, start + 3, 2);
+  return ToInt16(std::clamp(minutes, 0.0, double{kMinutesOfDay})).value_or(0);
 }
 
 // `rest` begins with the times.
@@ -120,8 +102,7 @@ WeekdayRow ParseRow(std::string_view rest, bool plt) {
   if (times.size() > stopColumn) row.stop = ParseTime(times, stopColumn);
   row.valueOn = ToSingle(ParseNumber(TakeField(rest)));
   if (plt) return row;
-  const std::string_view valueOff = TakeField(rest);
-  if (valueOff != kNone) row.valueOff = ToSingle(ParseNumber(valueOff));
+  row.valueOff = ReadValue(TakeField(rest));
   return row;
 }
 
@@ -156,7 +137,6 @@ std::optional<std::int32_t> StoreLine(WeekdayTable& table, std::string_view rest
 
 // --- Building ---
 
-constexpr std::size_t kNumberWidth = 5;
 constexpr std::size_t kValueWidth = 9;
 constexpr std::size_t kPltValueWidth = 6;
 
@@ -165,29 +145,16 @@ constexpr std::string_view kOrdinaryBlank =
     "      !            !             !                         !         !";
 constexpr std::string_view kPltBlank = "                               !             !      ";
 
-// The Put functions write over the blanks of a line from `column` (from 0) on and give the column
-// behind. Nothing is put together elsewhere first: that would take half the time of building.
-std::size_t Put(std::string& line, std::size_t column, std::string_view text) {
-  return column + text.copy(line.data() + column, line.size() - column);
-}
-
 std::size_t PutDays(std::string& line, std::size_t column, DayRange range) {
   column = Put(line, column, kDayKeys[range.first]);
   if (range.last == range.first) return column;
-  return Put(line, Put(line, column, kRange), kDayKeys[range.last]);
+  return Put(line, Put(line, column, kRangeMark), kDayKeys[range.last]);
 }
 
 std::size_t PutTimes(std::string& line, std::size_t column, const WeekdayRow& row) {
-  WriteTime(row.start, line.data() + column);
-  column += kTimeLength;
+  column = PutTime(line, column, row.start);
   if (row.stop == kNoTime) return column;
-  column = Put(line, column, kRange);
-  WriteTime(row.stop, line.data() + column);
-  return column + kTimeLength;
-}
-
-void PutNumberBefore(std::string& line, std::size_t column, int number) {
-  for (; number > 0; number /= 10) line[--column] = static_cast<char>('0' + number % 10);
+  return PutTime(line, Put(line, column, kRangeMark), row.stop);
 }
 
 // "MO..FR 07:00..16:30", for messages.
@@ -238,8 +205,7 @@ class WeekdayBuilder {
 
   void AddOrdinaryLine(DayRange days, const WeekdayRow& row, const std::string& valueOn,
                        int number) {
-    const std::string valueOff =
-        row.valueOff == kNoValue ? std::string(kNone) : ValueOffText(row, decimalSeparator_);
+    const std::string valueOff = LineValue(row.valueOff, decimalSeparator_);
     std::string& line = lines_.emplace_back();
     line.reserve(kOrdinaryBlank.size() + valueOff.size());
     line += kOrdinaryBlank;

@@ -1,0 +1,8 @@
+#pragma once
+
+namespace zek {
+
+/// The two generations of controllers; the values are the types of the settings file.
+enum class Generation { Zek1 = 1, Zek2 = 2 };
+
+}  // namespace zek

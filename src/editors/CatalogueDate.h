@@ -1,0 +1,42 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "comm/Generation.h"
+#include "editors/CatalogueLine.h"
+
+namespace zek {
+
+/// Months in catalogue lines, January first.
+inline constexpr std::string_view kMonthNames = "JANFEBMARAPRMAYJUNJULAUGSEPOCTNOVDEC";
+
+/// The month 0 to 11 whose three letters stand at a column of `text`; nothing for others.
+inline std::optional<int> MonthAt(std::string_view text, std::size_t column) {
+  const std::string_view name = FromColumn(text, column).substr(0, 3);
+  for (int month = 0; month < 12 && name.size() == 3; ++month)
+    if (kMonthNames.substr(static_cast<std::size_t>(month) * 3, 3) == name) return month;
+  return std::nullopt;
+}
+
+/// Characters of DD-MON-YY (ZEK1) and DD-MON-YYYY (ZEK2).
+constexpr std::size_t DateLength(Generation generation) {
+  return generation == Generation::Zek2 ? 11 : 9;
+}
+
+/// Writes a date with the month 0 to 11; the year has its last two digits on a ZEK1, four on a
+/// ZEK2. Returns the column behind.
+inline std::size_t PutDate(std::string& line, std::size_t column, int year, int month, int day,
+                           Generation generation) {
+  PutTwoDigits(line, column, day);
+  line[column + 2] = '-';
+  Put(line, column + 3, kMonthNames.substr(static_cast<std::size_t>(month) * 3, 3));
+  line[column + 6] = '-';
+  column += 7;
+  if (generation == Generation::Zek2) column = PutTwoDigits(line, column, year / 100);
+  return PutTwoDigits(line, column, year % 100);
+}
+
+}  // namespace zek
