@@ -3,16 +3,10 @@
 #include <string>
 #include <vector>
 
+#include "editors/RecordLabels.h"
 #include "editors/weekday/WeekdayTable.h"
 
 namespace zek {
-
-/// The first columns of an export record: `BatchObject`, `BatchDuc` and `BatchDestination`.
-struct RecordLabels {
-  std::string object;
-  std::string duc;
-  std::string destination;
-};
 
 /// The table as lines of the batch export, without their line ends: for every row index with a
 /// cell that is not empty four lines (start and stop times, start and stop values), each with the
