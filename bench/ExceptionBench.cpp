@@ -28,7 +28,7 @@ ExceptionTable TableOf(std::size_t control) {
   for (std::size_t i = 0; i < kExceptionRows; ++i) {
     const auto nth = static_cast<double>(control * kExceptionRows + i);
     const Moment start = DateMoment(2027, 12, 31 - nth) + 480;
-    table.rows.at(i) = {true, start, start + 2 * kMinutesOfDay + 540,
+    table.rows.at(i) = {true, start, start + Moment{2} * kMinutesOfDay + 540,
                         valuesOn.at(i % valuesOn.size()), 16.F};
   }
   return table;
