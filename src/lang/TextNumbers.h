@@ -152,7 +152,7 @@ inline constexpr std::int32_t kSpecialDay = 619;  // %1 the number 1 to 7
 inline constexpr std::int32_t kBrowserGetSDC = 620;
 inline constexpr std::int32_t kBrowserGetOVC = 621;
 // The exception editor
-inline constexpr std::int32_t kMonthUnknown = 670;        // %1 lines; the lines follow
+inline constexpr std::int32_t kNoDate = 670;        // %1 lines; the lines follow
 inline constexpr std::int32_t kDateWrong = 671;           // %1 what was typed
 inline constexpr std::int32_t kTimeWrong = 672;           // %1 what was typed
 inline constexpr std::int32_t kYearUnfit = 673;           // %1 the date, %2 first, %3 last year
