@@ -109,6 +109,9 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kMonday + 5, "Lör"_w1252},
     {text::kMonday + 6, "Sön"_w1252},
     {text::kSpecialDay, "SD %1"_w1252},
+    {text::kBrowserGetSDC, "Hämta specialda&gskalender"_w1252},
+    {text::kBrowserGetOVC, "Hämta undantags&katalog"_w1252},
+    {text::kPickListHint, "Klicka eller tryck Alt+Nedpil för att välja ett värde"_w1252},
 });
 
 }  // namespace

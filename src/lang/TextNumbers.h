@@ -103,6 +103,7 @@ inline constexpr std::int32_t kLinesLostTitle = 651;
 inline constexpr std::int32_t kCatalogueFull = 652;       // %1 lines at most, %2 the line left out
 inline constexpr std::int32_t kLineNumberTooLarge = 653;  // %1 the number, %2 the largest
 inline constexpr std::int32_t kValueTooLong = 654;  // %1 the value, %2 its line, %3 characters
+inline constexpr std::int32_t kPickListHint = 655;
 // The calendar editor
 inline constexpr std::int32_t kDatesWrong = 660;    // %1 the line's number
 inline constexpr std::int32_t kCalendarCut = 661;   // %1 dates at most, %2 the line's number
@@ -146,5 +147,8 @@ inline constexpr std::int32_t kCancelTransfer = 611;
 // Columns of the weekday editor
 inline constexpr std::int32_t kMonday = 612;      // 612 to 618: Monday to Sunday
 inline constexpr std::int32_t kSpecialDay = 619;  // %1 the number 1 to 7
+// The browser's other catalogues
+inline constexpr std::int32_t kBrowserGetSDC = 620;
+inline constexpr std::int32_t kBrowserGetOVC = 621;
 
 }  // namespace zek::text
