@@ -49,6 +49,9 @@ void Turn(const std::string& month, const std::function<void()>& by) {
 
 struct CalendarFormTest : testing::Test {
   explicit CalendarFormTest(std::string_view commandLine = {}) : world(commandLine) {
+    world.session.texts.Read(
+        "201=&Helgdagar\n202=&Year\n203=&Manad\n204=&Dagtyp\n212=Januari\n223=December\n"
+        "225=Next\n226=Last\n227=Spara\n228=Avbryt\n229=type\n");
     world.session.settings.SDCLastTwoDigitYear = 93;
     world.session.settings.SDCLastYear = 2099;
     world.plant.outstations[0].calendar.header = "SPECIALDAGAR";

@@ -12,7 +12,8 @@ constexpr Rgb kLightRed{255, 0, 0};
 constexpr Rgb kLighterRed{255, 128, 128};
 constexpr Rgb kLightBlue{0, 0, 255};
 constexpr Rgb kLighterBlue{144, 180, 255};
-constexpr double kReadable = 3;  // what large or bold text needs
+constexpr double kReadable = 4.5;       // the contrast that text needs
+constexpr double kReadableOnLight = 3;  // the wanted colours on white are what users know
 constexpr double kShareOfHighlight = 0.2;
 
 // Relative luminance, 0 to 1, as the accessibility guidelines of the web define it.
@@ -25,9 +26,11 @@ double Luminance(const Rgb& colour) {
 }
 
 Rgb FirstReadable(std::initializer_list<Rgb> wanted, const Rgb& background, const Rgb& otherwise) {
-  const auto* const found = std::find_if(
-      wanted.begin(), wanted.end(),
-      [&background](const Rgb& each) { return Contrast(each, background) >= kReadable; });
+  constexpr double light = 0.5;
+  const double needed = Luminance(background) > light ? kReadableOnLight : kReadable;
+  const auto* const found = std::find_if(wanted.begin(), wanted.end(), [&](const Rgb& each) {
+    return Contrast(each, background) >= needed;
+  });
   return found == wanted.end() ? otherwise : *found;
 }
 
@@ -50,7 +53,8 @@ Rgb Blend(const Rgb& ground, const Rgb& colour, double share) {
 CalendarColours ColoursOn(const Rgb& background, const Rgb& text, const Rgb& highlight) {
   const Rgb selected = Blend(background, highlight, kShareOfHighlight);
   return {FirstReadable({kLightRed, kLighterRed}, background, text),
-          FirstReadable({kLightBlue, kLighterBlue}, selected, text), selected};
+          FirstReadable({kLightBlue, kLighterBlue}, selected, text), selected,
+          FirstReadable({highlight}, background, text)};
 }
 
 }  // namespace zek

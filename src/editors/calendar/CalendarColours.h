@@ -23,8 +23,9 @@ Rgb Blend(const Rgb& ground, const Rgb& colour, double share);
 /// must be able to read them on the background that the system's theme gives.
 struct CalendarColours {
   Rgb free;                // of Sundays and holidays
-  Rgb selected;            // text of the selected days
-  Rgb selectedBackground;  // and what it stands on
+  Rgb selected;            // text and frames of the selected days
+  Rgb selectedBackground;  // and what they stand on
+  Rgb cursor;              // frame of the cursor's day
 };
 
 /// Light red and light blue, in a lighter shade on a dark background, in the colour of other text

@@ -30,6 +30,7 @@ namespace {
 constexpr int kPadding = 6;  // at each side of a cell's text
 constexpr int kRowPadding = 4;
 constexpr int kFrame = 2;
+constexpr int kTodayInset = 3;
 constexpr int kRows = kMonthRows + 1;  // the headings stand above the days
 
 wxColour System(wxSystemColour colour) { return wxSystemSettings::GetColour(colour); }
@@ -42,7 +43,7 @@ DayColours ColoursNow() {
       ColoursOn(ToRgb(System(wxSYS_COLOUR_WINDOW)), ToRgb(System(wxSYS_COLOUR_WINDOWTEXT)),
                 ToRgb(System(wxSYS_COLOUR_HIGHLIGHT)));
   return {System(wxSYS_COLOUR_WINDOWTEXT), System(wxSYS_COLOUR_GRAYTEXT),
-          System(wxSYS_COLOUR_HIGHLIGHT),  ToColour(colours.free),
+          ToColour(colours.cursor),        ToColour(colours.free),
           ToColour(colours.selected),      ToColour(colours.selectedBackground)};
 }
 
@@ -171,14 +172,14 @@ void DayGrid::DrawHeadings(wxDC& dc) const {
   }
 }
 
-// Selected days have a ground of their own and free ones are bold, so that nobody needs to see the
-// colours; today is framed by a thin line and the cursor by a thick one.
+// Selected days have a frame and a ground of their own and free ones are bold, so that nobody needs
+// to see the colours; today has a frame within its cell, the cursor a thick one.
 void DayGrid::DrawDay(wxDC& dc, const wxRect& place, int day, const DayColours& colours) const {
   const CalendarCell cell = editor_.Cell(day, texts_);
   if (cell.selected) {
-    dc.SetPen(*wxTRANSPARENT_PEN);
+    dc.SetPen(colours.selected);
     dc.SetBrush(colours.selectedBackground);
-    dc.DrawRectangle(place);
+    dc.DrawRectangle(wxRect(place).Deflate(1));
   }
   dc.SetFont(cell.free ? GetFont().Bold() : GetFont());
   const DayColour colour = cell.Colour();
@@ -191,7 +192,7 @@ void DayGrid::DrawDay(wxDC& dc, const wxRect& place, int day, const DayColours& 
   dc.SetBrush(*wxTRANSPARENT_BRUSH);
   if (cell.today) {
     dc.SetPen(colours.text);
-    dc.DrawRectangle(wxRect(place).Deflate(FromDIP(kFrame)));
+    dc.DrawRectangle(wxRect(place).Deflate(FromDIP(kTodayInset)));
   }
   if (day == editor_.Cursor() && HasFocus()) {
     const int width = FromDIP(kFrame);

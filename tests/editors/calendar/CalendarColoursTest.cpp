@@ -12,6 +12,8 @@ TEST(CalendarColours, AreTheWantedOnesOnLightGround) {
   const CalendarColours colours = ColoursOn(kWhite, kBlack, {53, 132, 228});
   EXPECT_EQ(colours.free, (Rgb{255, 0, 0}));
   EXPECT_EQ(colours.selected, (Rgb{0, 0, 255}));
+  EXPECT_EQ(colours.cursor, (Rgb{53, 132, 228}));
+  EXPECT_NE(ColoursOn({45, 45, 45}, kWhite, {21, 83, 158}).free, colours.free);
   EXPECT_NEAR(Contrast(kWhite, kBlack), 21, 0.01);
 }
 
@@ -24,6 +26,7 @@ TEST(CalendarColours, CanBeReadOnAnyGround) {
         const Rgb text = Contrast(ground, kWhite) > Contrast(ground, kBlack) ? kWhite : kBlack;
         const CalendarColours colours = ColoursOn(ground, text, {255, 255, 0});
         EXPECT_GE(Contrast(colours.free, ground), 3) << red << " " << green << " " << blue;
+        EXPECT_GE(Contrast(colours.cursor, ground), 3) << red << " " << green << " " << blue;
         EXPECT_GE(Contrast(colours.selected, colours.selectedBackground), 3)
             << red << " " << green << " " << blue;
       }
