@@ -46,5 +46,6 @@ void AddBenchmark(const std::string& name, double units, Function function) {
 void AddReplyHandler(std::vector<Limit>& limits);
 void AddWeekday(std::vector<Limit>& limits);
 void AddCalendar(std::vector<Limit>& limits);
+void AddException(std::vector<Limit>& limits);
 
 }  // namespace zek::bench

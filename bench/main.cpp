@@ -22,6 +22,7 @@ int main(int argc, char** argv) {
   zek::bench::AddReplyHandler(limits);
   zek::bench::AddWeekday(limits);
   zek::bench::AddCalendar(limits);
+  zek::bench::AddException(limits);
   zek::bench::FastestReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   std::cout << '\n';

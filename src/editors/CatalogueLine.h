@@ -21,12 +21,15 @@ inline std::string_view LineName(std::string_view name) {
   return Trim(Trim(name).substr(0, kLineNameLength));
 }
 
-/// Takes the first field off the front of `rest`, with its "!", and returns it without blanks.
-inline std::string_view TakeField(std::string_view& rest) {
+/// Takes the first field off the front of `rest`, with its "!", and returns it with its blanks.
+inline std::string_view TakeColumns(std::string_view& rest) {
   const std::string_view field = GetField(rest, 0, kFieldMark);
   rest.remove_prefix(std::min(rest.size(), field.size() + kFieldMark.size()));
-  return Trim(field);
+  return field;
 }
+
+/// The same without the blanks around the field.
+inline std::string_view TakeField(std::string_view& rest) { return Trim(TakeColumns(rest)); }
 
 /// `text` from a column on; "" beyond its end.
 inline std::string_view FromColumn(std::string_view text, std::size_t column) {

@@ -112,6 +112,17 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kBrowserGetSDC, "Hämta specialda&gskalender"_w1252},
     {text::kBrowserGetOVC, "Hämta undantags&katalog"_w1252},
     {text::kPickListHint, "Klicka eller tryck Alt+Nedpil för att välja ett värde"_w1252},
+    {text::kNoDate, "Undantag med ett datum som inte finns, som inte kunde läsas: %1"_w1252},
+    {text::kDateWrong, "Felaktigt datum %1"_w1252},
+    {text::kTimeWrong, "Felaktig tid %1"_w1252},
+    {text::kYearUnfit,
+     "Datumet %1 får inte plats i katalogen, som har åren %2 till %3. Inget har sparats."_w1252},
+    {text::kLineNumberTooSmall,
+     "Radnumret %1 är för litet, se OVCStartRow och OVCMultiplyPLT. Inget har sparats."_w1252},
+    {text::kExceptionTitle, "Tidsstyrningar"_w1252},
+    {text::kExceptionFrame, "&Undantagskatalog"_w1252},
+    {text::kTimeHeading, "tid"_w1252},
+    {text::kRowHeading, "Rad"_w1252},
 });
 
 }  // namespace

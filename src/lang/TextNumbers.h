@@ -29,6 +29,10 @@ inline constexpr std::int32_t kCalendarOk = 227;
 inline constexpr std::int32_t kCalendarCancel = 228;
 inline constexpr std::int32_t kDayTypeUnknown = 229;  // text (line)
 inline constexpr std::int32_t kDayTypesShort = 230;   // 15 groups of three characters
+inline constexpr std::int32_t kExceptionCaption = 150;  // 150 to 158: captions of that editor
+inline constexpr std::int32_t kExceptionRetry = 159;
+inline constexpr std::int32_t kExceptionRetryTitle = 160;
+inline constexpr std::int32_t kExceptionsFull = 161;  // a ninth line of one time control
 inline constexpr std::int32_t kWeekdayCaption = 250;  // 250 to 266: captions of the weekday editor
 inline constexpr std::int32_t kWeekdayRetry = 267;
 inline constexpr std::int32_t kWeekdayRetryTitle = 268;
@@ -150,5 +154,15 @@ inline constexpr std::int32_t kSpecialDay = 619;  // %1 the number 1 to 7
 // The browser's other catalogues
 inline constexpr std::int32_t kBrowserGetSDC = 620;
 inline constexpr std::int32_t kBrowserGetOVC = 621;
+// The exception editor
+inline constexpr std::int32_t kNoDate = 670;        // %1 lines; the lines follow
+inline constexpr std::int32_t kDateWrong = 671;           // %1 what was typed
+inline constexpr std::int32_t kTimeWrong = 672;           // %1 what was typed
+inline constexpr std::int32_t kYearUnfit = 673;           // %1 the date, %2 first, %3 last year
+inline constexpr std::int32_t kLineNumberTooSmall = 674;  // %1 the number
+inline constexpr std::int32_t kExceptionTitle = 675;
+inline constexpr std::int32_t kExceptionFrame = 676;
+inline constexpr std::int32_t kTimeHeading = 677;
+inline constexpr std::int32_t kRowHeading = 678;
 
 }  // namespace zek::text

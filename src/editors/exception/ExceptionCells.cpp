@@ -1,0 +1,52 @@
+#include "editors/exception/ExceptionCells.h"
+
+#include "editors/CatalogueLine.h"
+
+namespace zek {
+namespace {
+
+constexpr double kLargestYear = 9999;
+
+bool IsBetween(double number, double least, double most) {
+  return number >= least && number <= most;
+}
+
+}  // namespace
+
+std::string DateText(Moment moment) {
+  const DateParts date = DateOf(moment);
+  std::string text = "-00-00";
+  PutTwoDigits(text, 1, date.month);
+  PutTwoDigits(text, 4, date.day);
+  const std::string year = std::to_string(date.year);
+  return std::string(year.size() < 4 ? 4 - year.size() : 0, '0') + year + text;
+}
+
+ExceptionTexts TextsOf(const OvcRow& row, char decimalSeparator) {
+  if (!row.used) return {};
+  return {{DateText(row.start), ClockText(TimeOfDay(row.start)),
+           BoxValue(row.valueOn, decimalSeparator),
+           row.HasStopDate() ? DateText(row.stop) : std::string(),
+           row.stop == 0 ? std::string() : ClockText(row.StopTime()),
+           BoxValue(row.valueOff, decimalSeparator)}};
+}
+
+std::optional<Moment> TypedExceptionDate(std::string_view text) {
+  const bool dashes = text.find('-') != std::string_view::npos;
+  const double year = NumberAt(text, 0, 4);
+  const double month = NumberAt(text, dashes ? 5 : 4, 2);
+  const double day = NumberAt(text, dashes ? 8 : 6, 2);
+  const bool yearFits = IsBetween(year, 0, 20) || IsBetween(year, 90, kLargestYear);
+  if (!yearFits || !IsBetween(month, 1, 12) || !IsBetween(day, 1, 31)) return std::nullopt;
+  return DateMoment(year, month, day);
+}
+
+std::optional<Moment> TypedExceptionTime(std::string_view text) {
+  const bool colon = text.find(':') != std::string_view::npos;
+  const double hours = NumberAt(text, 0, 2);
+  const double minutes = NumberAt(text, colon ? 3 : 2, 2);
+  if (!IsBetween(hours, 0, 24) || !IsBetween(minutes, 0, 59)) return std::nullopt;
+  return TimeMoment(hours, minutes);
+}
+
+}  // namespace zek

@@ -1,0 +1,129 @@
+#include "editors/exception/ExceptionEditor.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "editors/exception/ExceptionOptions.h"
+#include "lang/Message.h"
+#include "lang/TextNumbers.h"
+
+namespace zek {
+namespace {
+
+// What a message box shows of lines without growing off the screen.
+constexpr std::size_t kLinesShown = 10;
+constexpr std::size_t kCharactersShown = 100;
+
+std::size_t NextRow(std::size_t row) { return (row + 1) % kExceptionRows; }
+
+struct DateAndTime {
+  ExceptionBox date;
+  ExceptionBox time;
+};
+constexpr DateAndTime kStartBoxes{ExceptionBox::DateOn, ExceptionBox::Start};
+constexpr DateAndTime kStopBoxes{ExceptionBox::DateOff, ExceptionBox::Stop};
+
+}  // namespace
+
+ExceptionFocus NextFocus(ExceptionFocus from) {
+  if (from.box == ExceptionBox::ValueOff) return {ExceptionBox::DateOn, NextRow(from.row)};
+  return {static_cast<ExceptionBox>(static_cast<int>(from.box) + 1), from.row};
+}
+
+void ShowRefused(const std::vector<RefusedException>& refused, Prompts& prompts,
+                 const LanguageTexts& texts) {
+  std::string months;
+  std::size_t unknown = 0;
+  bool full = false;
+  for (const RefusedException& each : refused) {
+    full = full || each.text == text::kExceptionsFull;
+    if (each.text != text::kNoDate || ++unknown > kLinesShown) continue;
+    months += "\r\n" + each.line.substr(0, kCharactersShown);
+  }
+  if (unknown > kLinesShown) months += "\r\n...";
+  if (unknown > 0) {
+    const std::string count = std::to_string(unknown);
+    prompts.Show(Icon::Information, Message(texts.Text(text::kNoDate), {count}) + months);
+  }
+  if (full) prompts.Show(Icon::Information, texts.Text(text::kExceptionsFull));
+}
+
+void ShowWrong(const std::vector<WrongEntry>& wrong, Prompts& prompts, const LanguageTexts& texts) {
+  for (const WrongEntry& each : wrong)
+    prompts.Show(Icon::Information, Message(texts.Text(each.text), {each.typed}));
+}
+
+ExceptionEditor::ExceptionEditor(std::span<const std::string> lines, ExceptionOwner owner,
+                                 char decimalSeparator, Access access, Clock now)
+    : lines_(lines.begin(), lines.end()),
+      owner_(std::move(owner)),
+      decimalSeparator_(decimalSeparator),
+      access_(owner_.name.empty() ? Access::ViewOnly : access),
+      now_(std::move(now)) {
+  ExceptionReading reading = ReadExceptions(lines_, owner_);
+  table_ = reading.table;
+  refused_ = std::move(reading.refused);
+  linesLost_ = reading.linesLost;
+}
+
+void ExceptionEditor::FocusRow(std::size_t row) { row_ = std::min(row, kExceptionRows - 1); }
+
+ExceptionTexts ExceptionEditor::RowTexts(std::size_t row) const {
+  return TextsOf(table_.rows.at(row), decimalSeparator_);
+}
+
+Moment ExceptionEditor::TakeMoment(const std::string& date, const std::string& time,
+                                   std::vector<WrongEntry>& wrong) const {
+  const std::optional<Moment> day = TypedExceptionDate(date);
+  const std::optional<Moment> timeOfDay = TypedExceptionTime(time);
+  if (!day) wrong.push_back({text::kDateWrong, date});
+  if (!timeOfDay) wrong.push_back({text::kTimeWrong, time});
+  if (day && timeOfDay) return *day + *timeOfDay;
+  const Moment now = now_();
+  const int currentTime = TimeOfDay(now);
+  return day.value_or(now - currentTime) + timeOfDay.value_or(currentTime);
+}
+
+std::vector<WrongEntry> ExceptionEditor::Enter(ExceptionFocus at, const ExceptionTexts& typed) {
+  if (ViewOnly()) return {};
+  const ExceptionTexts shown = RowTexts(at.row);
+  const auto changed = [&](ExceptionBox box) { return typed[box] != shown[box]; };
+  OvcRow& row = table_.rows.at(at.row);
+  // Walking over a row must never change it: a value may have more digits than are shown.
+  if (at.box == ExceptionBox::ValueOn || at.box == ExceptionBox::ValueOff) {
+    float& value = at.box == ExceptionBox::ValueOn ? row.valueOn : row.valueOff;
+    if (changed(at.box)) value = TypedValue(typed[at.box]);
+    return {};
+  }
+  const bool isStart = at.box == kStartBoxes.date || at.box == kStartBoxes.time;
+  const auto [date, time] = isStart ? kStartBoxes : kStopBoxes;
+  if (!changed(date) && !changed(time)) return {};
+  if (isStart && typed[date].empty()) {
+    row = {};
+    return {};
+  }
+  std::vector<WrongEntry> wrong;
+  Moment& moment = isStart ? row.start : row.stop;
+  moment = TakeMoment(typed[date], typed[time], wrong);
+  row.used = true;
+  if (isStart && row.stop == 0) row.stop = row.start;
+  return wrong;
+}
+
+std::size_t ExceptionEditor::Erase() {
+  if (ViewOnly()) return row_;
+  table_.rows.at(row_).used = false;
+  row_ = NextRow(row_);
+  return row_;
+}
+
+bool ExceptionEditor::Save(const CatalogueWriter& writer, const NumberReader& numbers) const {
+  if (ViewOnly()) return false;
+  const auto options = ReadExceptionOptions(numbers, owner_.generation);
+  if (!options) return false;
+  const BuiltLines built = BuildExceptions(table_, owner_, lines_, *options, decimalSeparator_);
+  constexpr RetryTexts retry{text::kExceptionRetry, text::kExceptionRetryTitle};
+  return SaveWithRetry(built, linesLost_, writer, retry, numbers.prompts, numbers.texts);
+}
+
+}  // namespace zek
