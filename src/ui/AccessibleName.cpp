@@ -29,6 +29,7 @@ class Named final : public wxAccessible {
 
 void SetAccessibleName(wxWindow& window, const wxString& name) {
   window.SetAccessible(std::make_unique<Named>(window, name).release());  // the window's own
+  wxAccessible::NotifyEvent(wxACC_EVENT_OBJECT_NAMECHANGE, &window, wxOBJID_CLIENT, wxACC_SELF);
 }
 
 #elif defined(__WXGTK__)
