@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "lang/Message.h"
 #include "lang/TextNumbers.h"
 #include "text/Fields.h"
 #include "text/Numbers.h"
@@ -81,10 +82,7 @@ ObjectTree BuildObjectTree(const TopicTable& topics, const Profile& profile,
     // The platform's calls must not be asked for a section without a name.
     if (!topic.TopicName.empty()) section = profile.ReadSection(topic.TopicName, kObjectBuffer);
     if (section.cut) {
-      prompts.Show(Icon::Information, texts.Text(text::kSectionCut) + " " + topic.TopicName + " " +
-                                          texts.Text(text::kSectionCutLength) + " " +
-                                          std::to_string(section.length) + " " +
-                                          texts.Text(text::kSectionCutAdvice));
+      prompts.Show(Icon::Information, SectionCutMessage(texts, topic.TopicName, section.length));
     }
     ObjectReader reader(tree, topic, index);
     for (const std::string& entry : section.entries) {

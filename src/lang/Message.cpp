@@ -46,4 +46,10 @@ std::string FileMessage(const LanguageTexts& texts, const FileError& error) {
                  {Windows1252FromUtf8(error.path), ReasonText(texts, error)});
 }
 
+std::string SectionCutMessage(const LanguageTexts& texts, const std::string& section,
+                              std::size_t length) {
+  return texts.Text(text::kSectionCut) + " " + section + " " + texts.Text(text::kSectionCutLength) +
+         " " + std::to_string(length) + " " + texts.Text(text::kSectionCutAdvice);
+}
+
 }  // namespace zek

@@ -97,6 +97,7 @@ inline constexpr std::int32_t kLinesLostTitle = 651;
 inline constexpr std::int32_t kCatalogueFull = 652;       // %1 lines at most, %2 the line left out
 inline constexpr std::int32_t kLineNumberTooLarge = 653;  // %1 the number, %2 the largest
 inline constexpr std::int32_t kValueTooLong = 654;  // %1 the value, %2 its line, %3 characters
+inline constexpr std::int32_t kPickListHint = 655;
 // Main window, log and language form
 inline constexpr std::int32_t kMenuDebug = 550;
 inline constexpr std::int32_t kMenuDebugSave = 551;
@@ -127,6 +128,9 @@ inline constexpr std::int32_t kCancelTransfer = 611;
 // Columns of the weekday editor
 inline constexpr std::int32_t kMonday = 612;      // 612 to 618: Monday to Sunday
 inline constexpr std::int32_t kSpecialDay = 619;  // %1 the number 1 to 7
+// The browser's other catalogues
+inline constexpr std::int32_t kBrowserGetSDC = 620;
+inline constexpr std::int32_t kBrowserGetOVC = 621;
 // The exception editor
 inline constexpr std::int32_t kMonthUnknown = 670;        // %1 lines; the lines follow
 inline constexpr std::int32_t kDateWrong = 671;           // %1 what was typed

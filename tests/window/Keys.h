@@ -1,11 +1,13 @@
 #pragma once
 
 #include <functional>
+#include <gtest/gtest.h>
 #include <memory>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include <wx/time.h>
 #include <wx/toplevel.h>
 #include <wx/uiaction.h>
 
@@ -47,6 +49,20 @@ inline void Click(const wxWindow& window) {
   wxUIActionSimulator mouse;
   mouse.MouseMove(window.GetScreenRect().GetPosition() + window.GetSize() / 2);
   mouse.MouseClick();
+}
+
+/// Opens a pick-list and presses keys in it. The menu has a loop of its own, and nothing tells when
+/// it takes keys: by then the time has come.
+inline void InPickList(const std::function<void()>& open, std::vector<int> keys) {
+  const wxLongLong begin = wxGetLocalTimeMillis();
+  bool done = false;
+  When([begin] { return wxGetLocalTimeMillis() - begin > 400; },
+       [keys = std::move(keys), &done] {
+         for (const int key : keys) Press(key);
+         done = true;
+       });
+  open();
+  EXPECT_TRUE(PumpUntil([&done] { return done; }));
 }
 
 }  // namespace zek::window

@@ -87,7 +87,7 @@ struct PlantWorld : World {
       "DelayH=0\n"
       "[Topics]\nSKOLA=YES,ZEK1,plant:5100,Bj\xF6rkskolan\nKONTOR=YES,ZEK2,plant:5100:3,Kontoret\n"
       "[SKOLA]\nAHU1=Skolan/DUC 1/Ventilation aula;1\nVS1=Skolan/DUC 1/V\xE4rme\n"
-      "[KONTOR]\nTF2=Kontoret/DUC 3/Till\xE4gg\n";
+      "[KONTOR]\nTF2=Kontoret/DUC 3/Till\xE4gg;1\n[TXI_1]\nAv=0\nDag=20.5\n";
 
   sim::Plant plant = SmallPlant();
   PlantLink plantLink{plant};

@@ -90,7 +90,7 @@ TEST_F(WeekdayFormTest, ByMouseFromTheTreeToThePlant) {
           Reach("Text_Stop0", [] { Click(Box("Text_Stop0")); });
           EXPECT_TRUE(PumpUntil([] { return Box("Text_Stop0").GetStringSelection() == "16:30"; }));
           Type("17.30");
-          Reach("Text_ValueOn0", [] { Click(Box("Text_ValueOn0")); });
+          InPickList([] { Click(Box("Text_ValueOn0")); }, {WXK_ESCAPE});
           Type("22,5");
           Click(*Shown("Command_Ok"));
         }},
@@ -126,6 +126,27 @@ TEST_F(WeekdayFormTest, EnterRowsCopyEraseAndTypes) {
         }},
        {InBrowser, Escape}});
   EXPECT_EQ(PlantLines(), PlantWorld::SmallPlant().outstations[0].weekday.lines);
+}
+
+TEST_F(WeekdayFormTest, ValuesComeFromAPickListByClickAndByKey) {
+  Run({{InBrowser, FetchFirstTimeControl},
+       {InEditor,
+        [] {
+          const auto holds = [](const std::string& box, const std::string& value) {
+            EXPECT_TRUE(PumpUntil([&] { return Value(box) == value; })) << Value(box);
+          };
+          const auto byKey = [] { Press(WXK_DOWN, wxMOD_ALT); };
+          InPickList([] { Click(Box("Text_ValueOn0")); },
+                     {WXK_DOWN, WXK_DOWN, WXK_DOWN, WXK_RETURN});
+          holds("Text_ValueOn0", "20.5");
+          Enter("Text_ValueOff0");
+          InPickList(byKey, {WXK_DOWN, WXK_RETURN});
+          holds("Text_ValueOff0", "");
+          InPickList(byKey, {WXK_DOWN, WXK_DOWN, WXK_RETURN});
+          holds("Text_ValueOff0", "0");
+          Escape();
+        }},
+       {InBrowser, Escape}});
 }
 
 TEST_F(WeekdayFormTest, AFailedSaveLeavesItOpenAndUnreadLinesAreTold) {

@@ -79,11 +79,12 @@ bool ZV_OVC::SaveTable(const CatalogueWriter& write) {
 
 void ShowExceptionForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
   using Access = ExceptionEditor::Access;
-  const TopicRecord& object = proc.topics[proc.selection.CurrentObject];
+  const Topic& object = proc.topics[proc.selection.CurrentObject];
   const char separator = proc.settings.DecimalSeparator;
   // The editor outlives its form, which may go with its parent in the middle of a save.
-  ExceptionEditor editor(proc.transfer.CatalogueLines, {proc.selection.TscName, object.TopicType},
-                         separator, proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit, Now);
+  ExceptionEditor editor(proc.transfer.CatalogueLines,
+                         {proc.selection.TscName, object.ControllerGeneration()}, separator,
+                         proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit, Now);
   const PickList pickList =
       ReadPickList(proc.outside.profile, proc.selection.PickListTable, separator);
   ShowEditorForm(new ZV_OVC(parent, proc, turn, editor, pickList), proc,

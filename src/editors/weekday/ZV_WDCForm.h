@@ -2,44 +2,37 @@
 
 #include <array>
 
-#include <wx/button.h>
-#include <wx/dialog.h>
 #include <wx/radiobut.h>
 #include <wx/statbox.h>
-#include <wx/stattext.h>
 
-#include "app/WxTurn.h"
-#include "app/ZV_Proc.h"
 #include "editors/weekday/WeekdayEditor.h"
 #include "editors/weekday/ZV_WDCGrid.h"
+#include "ui/EditorForm.h"
 #include "ui/Mnemonics.h"
 
 namespace zek {
 
 /// The weekday editor's window. The rules are the editor's, which it borrows.
-class ZV_WDC final : public wxDialog {
+class ZV_WDC final : public EditorForm {
  public:
-  ZV_WDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, WeekdayEditor& editor);
-
-  /// Shows what is transferred and waited for.
-  void ShowStatus();
+  ZV_WDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, WeekdayEditor& editor,
+         const PickList& pickList);
 
  private:
-  void Build();
-  void BuildFrames(Mnemonics& letters);
+  void Build(const PickList& pickList);
+  void BuildFrames(Mnemonics& letters, const PickList& pickList);
   void BuildCommands(Mnemonics& letters);
-  void LayOut();
-  wxString Caption(int number) const;
+  void Arrange();
   wxString TypeCaption(std::size_t type) const;
   void BindEvents();
   void ShowTypeCaptions();
-  void ShowBusy(bool busy);
   void Change(std::size_t (WeekdayEditor::*change)());
-  void OnKey(wxKeyEvent& event);
-  void Save();
 
-  ZV_Proc& proc_;
-  WxTurn& turn_;
+  void TakeEntry() override { grid_->TakeEntry(); }
+  bool SaveTable(const CatalogueWriter& write) override;
+  void FocusEntry() override { grid_->FocusStart(editor_.Column()); }
+  bool TakeKey(int key) override { return grid_->TakeKey(key); }
+
   WeekdayEditor& editor_;
   wxStaticBox* Frame_WDC = nullptr;
   WeekdayGrid* grid_ = nullptr;
@@ -50,8 +43,6 @@ class ZV_WDC final : public wxDialog {
   wxButton* Command_Erase = nullptr;
   wxButton* Command_Ok = nullptr;
   wxButton* Command_Cancel = nullptr;
-  wxStaticText* status_ = nullptr;
-  bool busy_ = false;
 };
 
 }  // namespace zek

@@ -3,10 +3,11 @@
 #include <wx/settings.h>
 #include <wx/sizer.h>
 
+#include "editors/picklist/ZV_PickList.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
 #include "ui/AccessibleName.h"
-#include "ui/Forms.h"
+#include "ui/EntryBox.h"
 #include "ui/WxText.h"
 
 namespace zek {
@@ -17,17 +18,17 @@ constexpr int kInfoCaption = text::kWeekdayCaption + 2;  // the first of four
 constexpr int kRowCaption = text::kWeekdayCaption + 11;
 constexpr int kRowOfCaption = text::kWeekdayCaption + 12;
 constexpr int kGap = 4;
-constexpr unsigned long kLongestEntry = 20;
 
 std::size_t Place(WeekdayBox box) { return static_cast<std::size_t>(box); }
 
 }  // namespace
 
 WeekdayGrid::WeekdayGrid(wxWindow* parent, WeekdayEditor& editor, const LanguageTexts& texts,
-                         std::function<void()> changed)
+                         const PickList& pickList, std::function<void()> changed)
     : wxPanel(parent),
       editor_(editor),
       texts_(texts),
+      pickList_(pickList),
       changed_(std::move(changed)),
       rowLabel_(new wxStaticText(this, wxID_ANY, {})),
       strip_(new RowStrip(this, [this](std::size_t row) { GoToRow(row); })) {
@@ -65,30 +66,21 @@ void WeekdayGrid::BuildBoxes() {
 }
 
 wxTextCtrl* WeekdayGrid::NewBox(WeekdayFocus at) {
-  auto* const box = new wxTextCtrl(this, wxID_ANY);
-  box->SetName(kBoxNames.at(Place(at.box)) + std::to_string(at.column));
-  box->SetFont(FixedFont());
-  box->SetMaxLength(kLongestEntry);
-  box->SetMinSize(box->GetSizeFromTextSize(box->GetTextExtent("-9999.99")));
-  if (editor_.ViewOnly()) {
-    box->SetEditable(false);
-    box->SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNFACE));
-  }
+  auto* const box = NewEntryBox(this, kBoxNames.at(Place(at.box)) + std::to_string(at.column),
+                                "-9999.99", !editor_.ViewOnly());
   if (at.box == WeekdayBox::ValueOff && !editor_.HasStopValues()) box->Disable();
-  box->Bind(wxEVT_SET_FOCUS, [this, at, box](wxFocusEvent& event) {
+  box->Bind(wxEVT_SET_FOCUS, [this, at](wxFocusEvent& event) {
     if (IsShownOnScreen()) OnEntered(at.column);
-    box->SelectAll();
-    event.Skip();
-  });
-  // A click that brings the focus would take the selection away again.
-  box->Bind(wxEVT_LEFT_DOWN, [box](wxMouseEvent& event) {
-    if (!box->HasFocus()) box->CallAfter([box] { box->SelectAll(); });
     event.Skip();
   });
   box->Bind(wxEVT_KILL_FOCUS, [this, at](wxFocusEvent& event) {
-    if (IsShownOnScreen()) Enter(at);  // a closed form has no editor any more
+    if (IsShownOnScreen()) TakeText(at);  // a closed form has no editor any more
     event.Skip();
   });
+  if (at.box == WeekdayBox::ValueOn || at.box == WeekdayBox::ValueOff) {
+    OfferPickList(*box, pickList_, texts_,
+                  [this, at](const std::string& typed) { Enter(at, typed); });
+  }
   return box;
 }
 
@@ -145,9 +137,12 @@ std::string WeekdayGrid::CellText(WeekdayFocus at) const {
   return editor_.ValueOffText(at.column);
 }
 
-void WeekdayGrid::Enter(WeekdayFocus at) {
+void WeekdayGrid::TakeText(WeekdayFocus at) {
   const std::string typed = FromWx(Box(at).GetValue());
-  if (typed == CellText(at)) return;
+  if (typed != CellText(at)) Enter(at, typed);
+}
+
+void WeekdayGrid::Enter(WeekdayFocus at, const std::string& typed) {
   switch (at.box) {
     case WeekdayBox::Start:
       editor_.EnterStart(at.column, typed);
@@ -167,7 +162,7 @@ void WeekdayGrid::Enter(WeekdayFocus at) {
 }
 
 void WeekdayGrid::TakeEntry() {
-  if (const auto at = FocusedBox()) Enter(*at);
+  if (const auto at = FocusedBox()) TakeText(*at);
 }
 
 void WeekdayGrid::OnEntered(std::size_t column) {

@@ -10,6 +10,7 @@
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
 
+#include "editors/picklist/PickList.h"
 #include "editors/weekday/WeekdayEditor.h"
 #include "editors/weekday/ZV_WDCRows.h"
 
@@ -19,9 +20,9 @@ namespace zek {
 /// entries on to the editor and shows what that makes of them.
 class WeekdayGrid final : public wxPanel {
  public:
-  /// `changed` is called after every change of the table.
+  /// `pickList` is offered on the value boxes. `changed` is called after every change of the table.
   WeekdayGrid(wxWindow* parent, WeekdayEditor& editor, const LanguageTexts& texts,
-              std::function<void()> changed);
+              const PickList& pickList, std::function<void()> changed);
 
   /// Shows the editor's type, row and focused column.
   void ShowCells();
@@ -46,7 +47,8 @@ class WeekdayGrid final : public wxPanel {
   wxTextCtrl& Box(WeekdayFocus at) const;
   std::optional<WeekdayFocus> FocusedBox() const;
   std::string CellText(WeekdayFocus at) const;
-  void Enter(WeekdayFocus at);
+  void TakeText(WeekdayFocus at);
+  void Enter(WeekdayFocus at, const std::string& typed);
   void OnEntered(std::size_t column);
   void OnScroll(wxScrollEvent& event);
   void ShowHeaders();
@@ -55,6 +57,7 @@ class WeekdayGrid final : public wxPanel {
 
   WeekdayEditor& editor_;
   const LanguageTexts& texts_;
+  const PickList& pickList_;
   std::function<void()> changed_;
   wxStaticText* rowLabel_;
   RowStrip* strip_;

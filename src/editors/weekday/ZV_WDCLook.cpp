@@ -2,46 +2,38 @@
 
 #include "editors/weekday/ZV_WDCForm.h"
 #include "lang/TextNumbers.h"
-#include "ui/Forms.h"
 #include "ui/WxText.h"
 
-// The weekday editor's controls, their captions and how they look while a catalogue is written.
+// The weekday editor's controls and their captions.
 namespace zek {
 namespace {
 
-constexpr int kTitle = 0;  // of the captions that begin at text::kWeekdayCaption
-constexpr int kFrameWdc = 1;
-constexpr int kFrameType = 6;
-constexpr int kCopy = 7;
-constexpr int kErase = 8;
-constexpr int kOk = 9;
-constexpr int kCancel = 10;
-constexpr int kToolTips = 13;  // of copy, erase, save, cancel
+constexpr int kFrameWdc = text::kWeekdayCaption + 1;
+constexpr int kFrameType = text::kWeekdayCaption + 6;
+constexpr int kCopy = text::kWeekdayCaption + 7;
+constexpr int kErase = text::kWeekdayCaption + 8;
+constexpr int kOk = text::kWeekdayCaption + 9;
+constexpr int kCancel = text::kWeekdayCaption + 10;
+constexpr int kToolTips = text::kWeekdayCaption + 13;  // of copy, erase, save, cancel
 constexpr int kGap = 8;
 
 }  // namespace
 
-wxString ZV_WDC::Caption(int number) const {
-  return ToWx(proc_.Text(text::kWeekdayCaption + number));
-}
-
-void ZV_WDC::Build() {
-  const std::string& tsc = proc_.selection.TscName;
-  const std::string& object = proc_.topics[proc_.selection.CurrentObject].TopicName;
-  SetTitle(Caption(kTitle) + " - " + ToWx(tsc.empty() ? object : tsc));
+void ZV_WDC::Build(const PickList& pickList) {
   Mnemonics letters;
-  BuildFrames(letters);
+  BuildFrames(letters, pickList);
   BuildCommands(letters);
   for (std::size_t type = 0; type < Option_Type.size(); ++type)
     optionLetters_.at(type) = letters.Give(ToWx(editor_.TypeCaption(type, proc_.texts))).find('&');
   ShowTypeCaptions();
-  LayOut();
+  Arrange();
 }
 
-void ZV_WDC::BuildFrames(Mnemonics& letters) {
+void ZV_WDC::BuildFrames(Mnemonics& letters, const PickList& pickList) {
   Frame_WDC = new wxStaticBox(this, wxID_ANY, letters.Give(Caption(kFrameWdc)));
   Frame_WDC->SetName("Frame_WDC");
-  grid_ = new WeekdayGrid(Frame_WDC, editor_, proc_.texts, [this] { ShowTypeCaptions(); });
+  grid_ =
+      new WeekdayGrid(Frame_WDC, editor_, proc_.texts, pickList, [this] { ShowTypeCaptions(); });
   Frame_Type = new wxStaticBox(this, wxID_ANY, Caption(kFrameType));
   Frame_Type->SetName("Frame_Type");
   for (std::size_t type = 0; type < Option_Type.size(); ++type) {
@@ -49,27 +41,22 @@ void ZV_WDC::BuildFrames(Mnemonics& letters) {
                                              wxDefaultSize, type == 0 ? wxRB_GROUP : 0);
     Option_Type.at(type)->SetName("Option_Type" + std::to_string(type));
   }
+  BlockWhileBusy(Frame_WDC);
+  BlockWhileBusy(Frame_Type);
 }
 
 void ZV_WDC::BuildCommands(Mnemonics& letters) {
-  const auto command = [&](int id, const char* name, int caption) {
-    auto* const button = new wxButton(this, id, letters.Give(Caption(caption)));
-    button->SetName(name);
-    button->SetToolTip(Caption(caption - kCopy + kToolTips));
-    return button;
+  const auto command = [&](int id, const char* name, int caption, bool changes) {
+    return NewCommand(id, name, letters.Give(Caption(caption)),
+                      Caption(caption - kCopy + kToolTips), changes);
   };
-  Command_Copy = command(wxID_ANY, "Command_Copy", kCopy);
-  Command_Erase = command(wxID_ANY, "Command_Erase", kErase);
-  Command_Ok = command(wxID_ANY, "Command_Ok", kOk);
-  Command_Cancel = command(wxID_CANCEL, "Command_Cancel", kCancel);
-  for (wxButton* const button : {Command_Copy, Command_Erase, Command_Ok})
-    button->Enable(!editor_.ViewOnly());
-  status_ = new wxStaticText(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
-                             wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
-  status_->SetName("Label_Status");
+  Command_Copy = command(wxID_ANY, "Command_Copy", kCopy, true);
+  Command_Erase = command(wxID_ANY, "Command_Erase", kErase, true);
+  Command_Ok = command(wxID_ANY, "Command_Ok", kOk, true);
+  Command_Cancel = command(wxID_CANCEL, "Command_Cancel", kCancel, false);
 }
 
-void ZV_WDC::LayOut() {
+void ZV_WDC::Arrange() {
   const int gap = FromDIP(kGap);
   auto* const table = new wxStaticBoxSizer(Frame_WDC, wxVERTICAL);
   table->Add(grid_, 1, wxEXPAND | wxALL, gap);
@@ -88,10 +75,7 @@ void ZV_WDC::LayOut() {
   auto* const whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(table, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(lower, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
-  whole->Add(status_, 0, wxEXPAND | wxALL, gap);
-  SetSizerAndFit(whole);
-  RememberPlacement(*this, "ZV_WDC");
-  if (proc_.settings.AlwaysOnTop) SetTopmost(*this, true);
+  LayOut(whole);
 }
 
 wxString ZV_WDC::TypeCaption(std::size_t type) const {
@@ -104,19 +88,6 @@ wxString ZV_WDC::TypeCaption(std::size_t type) const {
 void ZV_WDC::ShowTypeCaptions() {
   for (std::size_t type = 0; type < Option_Type.size(); ++type)
     Option_Type.at(type)->SetLabel(TypeCaption(type));
-}
-
-void ZV_WDC::ShowBusy(bool busy) {
-  busy_ = busy;
-  for (wxWindow* const part :
-       {static_cast<wxWindow*>(Frame_WDC), static_cast<wxWindow*>(Frame_Type),
-        static_cast<wxWindow*>(Command_Cancel)}) {
-    part->Enable(!busy);
-  }
-  for (wxButton* const button : {Command_Copy, Command_Erase, Command_Ok})
-    button->Enable(!busy && !editor_.ViewOnly());
-  SetCursor(busy ? wxCursor(wxCURSOR_WAIT) : wxNullCursor);
-  if (!busy) grid_->FocusStart(editor_.Column());
 }
 
 }  // namespace zek

@@ -1,0 +1,119 @@
+#include "ui/EditorForm.h"
+
+#include <utility>
+
+#include <wx/sizer.h>
+#include <wx/weakref.h>
+
+#include "ui/Forms.h"
+#include "ui/InputBlock.h"
+#include "ui/StatusChain.h"
+#include "ui/WxText.h"
+
+namespace zek {
+namespace {
+constexpr int kGap = 8;
+}  // namespace
+
+EditorForm::EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue catalogue,
+                       const Kind& kind)
+    : wxDialog(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
+               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX, kind.name),
+      proc_(proc),
+      turn_(turn),
+      catalogue_(catalogue),
+      viewOnly_(kind.viewOnly),
+      status_(new wxStaticText(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
+                               wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END)) {
+  const std::string& tsc = proc.selection.TscName;
+  const std::string& object = proc.topics[proc.selection.CurrentObject].TopicName;
+  SetTitle(Caption(kind.titleText) + " - " + ToWx(tsc.empty() ? object : tsc));
+  status_->SetName("Label_Status");
+  Bind(wxEVT_CHAR_HOOK, &EditorForm::OnKey, this);
+}
+
+wxButton* EditorForm::NewCommand(wxWindowID id, const std::string& name, const wxString& caption,
+                                 const wxString& toolTip, bool changes) {
+  auto* const button = new wxButton(this, id, caption);
+  button->SetName(name);
+  if (!toolTip.empty()) button->SetToolTip(toolTip);
+  BlockWhileBusy(button, !changes || !viewOnly_);
+  return button;
+}
+
+void EditorForm::BlockWhileBusy(wxWindow* part, bool usable) {
+  part->Enable(usable);
+  parts_.push_back({part, usable});
+}
+
+void EditorForm::LayOut(wxSizer* content) {
+  const int gap = FromDIP(kGap);
+  auto* const whole = new wxBoxSizer(wxVERTICAL);
+  whole->Add(content, 1, wxEXPAND);
+  whole->Add(status_, 0, wxEXPAND | wxALL, gap);
+  SetSizerAndFit(whole);
+  RememberPlacement(*this, GetName().ToStdString());
+  if (proc_.settings.AlwaysOnTop) SetTopmost(*this, true);
+}
+
+wxString EditorForm::Caption(int number) const { return ToWx(proc_.Text(number)); }
+
+void EditorForm::OnKey(wxKeyEvent& event) {
+  const int key = event.GetKeyCode();
+  if (event.GetModifiers() == wxMOD_CONTROL && key == 'S') {
+    Save();
+  } else if (event.HasAnyModifiers() || !TakeKey(key)) {
+    event.Skip();
+  }
+}
+
+void EditorForm::Save() {
+  if (busy_ || viewOnly_) return;
+  TakeEntry();
+  const wxWeakRef<EditorForm> alive(this);
+  const auto write = [&proc = proc_,
+                      catalogue = catalogue_](const std::vector<std::string>& lines) {
+    proc.transfer.CatalogueLines = lines;
+    return SaveCatalogue(proc, catalogue);
+  };
+  bool saved = false;
+  bool close = false;
+  {
+    // A catalogue that is sent half is worse than either whole one: a write can't be cancelled.
+    const InputBlock block([] {});
+    saved = SaveTable(write);
+    close = block.CloseRequested();
+  }
+  if (!alive) return;
+  ShowStatus();
+  if (saved || close || turn_.Quitting()) EndModal(wxID_CANCEL);
+}
+
+void EditorForm::ShowStatus() {
+  const std::string& waiting = proc_.status.Waiting;
+  const std::string both = proc_.status.Transfer + (waiting.empty() ? "" : "  " + waiting);
+  status_->SetLabel(ToWx(both));
+  if (busy_ != (proc_.status.Busy > 0)) ShowBusy(!busy_);
+}
+
+void EditorForm::ShowBusy(bool busy) {
+  busy_ = busy;
+  for (const Part& part : parts_) part.window->Enable(!busy && part.usable);
+  SetCursor(busy ? wxCursor(wxCURSOR_WAIT) : wxNullCursor);
+  if (!busy) FocusEntry();
+}
+
+void ShowEditorForm(EditorForm* form, ZV_Proc& proc, std::function<void()> opened) {
+  const wxWeakRef<EditorForm> alive(form);
+  const StatusChain chain(proc.status, [alive] {
+    if (alive) alive->ShowStatus();
+  });
+  form->CallAfter([form, opened = std::move(opened)] {
+    form->Raise();
+    opened();
+  });
+  form->ShowModal();
+  if (alive) form->Destroy();
+}
+
+}  // namespace zek

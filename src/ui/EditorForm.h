@@ -1,0 +1,79 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <wx/button.h>
+#include <wx/dialog.h>
+#include <wx/stattext.h>
+
+#include "app/WxTurn.h"
+#include "app/ZV_Proc.h"
+#include "catalogue/Catalogue.h"
+#include "editors/SaveWithRetry.h"
+#include "ui/Mnemonics.h"
+
+namespace zek {
+
+/// What the windows of the three catalogue editors share: a status line that shows what is
+/// transferred, "Spara" (and Ctrl+S) with the window blocked while a catalogue is written, Escape.
+class EditorForm : public wxDialog {
+ public:
+  /// Shows what is transferred and waited for.
+  void ShowStatus();
+
+ protected:
+  /// A form's own name ("ZV_WDC"), the text of its title (the time control is added), and whether
+  /// it is for viewing only.
+  struct Kind {
+    std::string name;
+    int titleText = 0;
+    bool viewOnly = false;
+  };
+
+  EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue catalogue, const Kind& kind);
+
+  /// Takes what was typed into the box that has the focus.
+  virtual void TakeEntry() {}
+  /// Builds the lines and has them written by `write`; true when they were written.
+  virtual bool SaveTable(const CatalogueWriter& write) = 0;
+  /// Where the focus belongs when the form can be used again.
+  virtual void FocusEntry() = 0;
+  /// A key without modifiers; false for one that means nothing to the form.
+  virtual bool TakeKey(int /*key*/) { return false; }
+
+  /// A button of the form; `changes` tells that it has no use in a form that is for viewing only.
+  wxButton* NewCommand(wxWindowID id, const std::string& name, const wxString& caption,
+                       const wxString& toolTip, bool changes);
+  /// `part` can't be used while a catalogue is written.
+  void BlockWhileBusy(wxWindow* part, bool usable = true);
+  /// Lays out the form with the status line below `content`, at its remembered place.
+  void LayOut(wxSizer* content);
+
+  wxString Caption(int number) const;
+  void Save();
+
+  ZV_Proc& proc_;
+
+ private:
+  struct Part {
+    wxWindow* window;
+    bool usable;  // when nothing is written
+  };
+
+  void ShowBusy(bool busy);
+  void OnKey(wxKeyEvent& event);
+
+  WxTurn& turn_;
+  Catalogue catalogue_;
+  bool viewOnly_;
+  std::vector<Part> parts_;
+  wxStaticText* status_;
+  bool busy_ = false;
+};
+
+/// Shows the form until it is closed and destroys it. `opened` is called when it is on the screen.
+void ShowEditorForm(EditorForm* form, ZV_Proc& proc, std::function<void()> opened);
+
+}  // namespace zek

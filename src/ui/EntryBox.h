@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include <wx/textctrl.h>
+
+namespace zek {
+
+/// A text box of an editor's grid: fixed pitch, wide enough for `widest`, its whole text selected
+/// when it gets the focus. A box that is not editable shows that it is not.
+wxTextCtrl* NewEntryBox(wxWindow* parent, const std::string& name, const wxString& widest,
+                        bool editable);
+
+}  // namespace zek

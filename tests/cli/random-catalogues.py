@@ -1,0 +1,187 @@
+#!/usr/bin/env python3
+"""The program's reading and rebuilding of catalogues against a second reading of the same rules.
+
+Usage: random-catalogues.py BIN_DIRECTORY DATA_DIRECTORY [COUNT] [SEED] [KIND...]
+
+Makes COUNT random catalogues of the KINDs (wdc, sdc, ovc; all by default) and compares what
+`zekview-cli check --rebuild` prints, and its exit status, with the rules in catalogue_rules.py.
+Then it gives the program texts that no controller sends: it must survive them, name what it
+refuses and leave no traces.
+"""
+
+import difflib
+import pathlib
+import random
+import shutil
+import subprocess
+import sys
+import tempfile
+from typing import NamedTuple
+
+sys.dont_write_bytecode = True  # the sources' directory stays as it is
+import catalogue_rules as rules
+import random_lines
+from hostile_catalogues import check_hostile, check_named
+
+KINDS = ["wdc", "sdc", "ovc"]
+ORDINARY_NAMES = ["AHU1", "KYLA GÅRDEN", "LONGERTHANTWELVE"]
+PLT_NAMES = ["PLT1", "PLT7", "PLT12X", "PLT", "PLT99"]
+TOO_LARGE_NAMES = ["PLT100", "PLT400"]  # their line numbers do not fit everywhere
+
+
+class Mismatch(Exception):
+    pass
+
+
+class Settings(NamedTuple):
+    """What of ZEKView.INI the catalogues depend on."""
+
+    years: tuple  # the last two-digit and the last four-digit year
+    rows: dict  # by section: the RowNumbers of exceptions
+
+    def text(self):
+        lines = ["[General]", "Language=046", "DisconnectTime=300", "GetTSCTimeout=5"]
+        if self.years != (20, 2030):
+            lines += [f"SDCLastTwoDigitYear={self.years[0]}", f"SDCLastYear={self.years[1]}"]
+        lines += ["[Topics]", "OLD=YES,ZEK1,127.0.0.1:1,Old plant",
+                  "NEW=YES,ZEK2,127.0.0.1:1:3,New plant"]
+        names = ORDINARY_NAMES + PLT_NAMES + TOO_LARGE_NAMES
+        for topic in ("OLD", "NEW"):
+            lines.append(f"[{topic}]")
+            lines += [f"{name}=Plant/Unit/{name};1" for name in names]
+        for section, numbers in self.rows.items():
+            lines += [f"[{section}]", f"OVCStartRow={numbers.start}",
+                      f"OVCMultiplyPLT={numbers.multiply}"]
+        return "\n".join(lines) + "\n"
+
+
+DEFAULT_SETTINGS = Settings((93, 2099), {})
+DEFAULT_ROWS = {"SaveOptionsZEK1": rules.RowNumbers(1, 100),
+                "SaveOptionsZEK2": rules.RowNumbers(1, 0)}
+
+
+class Program:
+    """zekview-cli with a directory of its own."""
+
+    def __init__(self, binaries, data, home):
+        self.cli = pathlib.Path(binaries, "zekview-cli")
+        self.home = pathlib.Path(home, "program")
+        self.file = pathlib.Path(home, "catalogue.txt")
+        self.home.mkdir()
+        shutil.copy(pathlib.Path(data, "lang", "zek_lang.046"), self.home)
+        self.configure(DEFAULT_SETTINGS)
+
+    def configure(self, settings):
+        (self.home / "ZEKView.INI").write_bytes(settings.text().encode("cp1252"))
+
+    def run(self, command, kind, node, content, *options):
+        self.file.write_bytes(content)
+        return subprocess.run(
+            [self.cli, "--dir", self.home, command, kind, node, self.file, *options],
+            capture_output=True, timeout=20, check=False)
+
+
+class Case(NamedTuple):
+    kind: str
+    new: bool
+    name: str
+    settings: Settings
+    lines: list
+
+    @property
+    def node(self):
+        return ("NEW/" if self.new else "OLD/") + self.name
+
+    def expected(self):
+        if self.kind == "wdc":
+            return rules.weekday(self.lines, self.name)
+        if self.kind == "sdc":
+            year_rule = rules.YearRule(self.new, self.settings.years[self.new])
+            return rules.calendar(self.lines, self.name, year_rule)
+        section = "SaveOptionsZEK2" if self.new else "SaveOptionsZEK1"
+        numbers = self.settings.rows.get(section, DEFAULT_ROWS[section])
+        return rules.exceptions(self.lines, self.name, self.new, numbers)
+
+
+def random_settings(rng):
+    years = (20, 2030) if rng.random() < 0.2 else (93, 2099)
+    if rng.random() < 0.7:
+        return Settings(years, {})
+    rows = {section: rules.RowNumbers(rng.choice([1, 5, 1000]), rng.choice([0, 10, 100]))
+            for section in DEFAULT_ROWS}
+    return Settings(years, rows)
+
+
+def random_name(rng):
+    if rng.random() < 0.05:
+        return rng.choice(TOO_LARGE_NAMES)
+    return rng.choice(ORDINARY_NAMES if rng.random() < 0.5 else PLT_NAMES)
+
+
+def random_case(rng, kind):
+    new, name, settings = rng.random() < 0.5, random_name(rng), random_settings(rng)
+    if kind == "wdc":
+        lines = random_lines.weekday_catalogue(rng, name, new)
+    elif kind == "sdc":
+        last_year = settings.years[1] if new else 2000 + settings.years[0]
+        lines = random_lines.calendar_catalogue(rng, name, new, last_year)
+    else:
+        lines = random_lines.exception_catalogue(rng, name, new)
+    return Case(kind, new, name, settings, lines)
+
+
+def with_dfv(rng, lines):
+    """A ".DFV" line anywhere in a file is not a line of the catalogue."""
+    if rng.random() < 0.8:
+        return lines
+    at = rng.randint(0, len(lines))
+    return lines[:at] + [".DFV = 21"] + lines[at:]
+
+
+def check_case(program, case, file_lines):
+    program.configure(case.settings)
+    content = "".join(line + "\r\n" for line in file_lines).encode("cp1252")
+    result = program.run("check", case.kind, case.node, content, "--rebuild")
+    expected = case.expected()
+    got = result.stdout.decode().splitlines()
+    silent = expected.status == 1 and not result.stderr.strip()
+    if got == (expected.lines or []) and result.returncode == expected.status and not silent:
+        return
+    difference = difflib.unified_diff(expected.lines or [], got, "by the rules", "by the program",
+                                      lineterm="")
+    raise Mismatch("\n".join(
+        [f"{case.kind} {case.node}, years {case.settings.years}, rows {case.settings.rows}",
+         *file_lines, "", *difference,
+         f"exit status {result.returncode}, by the rules {expected.status}",
+         result.stderr.decode(errors="replace")]))
+
+
+def check_random(program, count, seed, kinds):
+    for number in range(count):
+        rng = random.Random(f"{seed}/{number}")
+        case = random_case(rng, kinds[number % len(kinds)])
+        try:
+            check_case(program, case, with_dfv(rng, case.lines))
+        except Mismatch as mismatch:
+            raise Mismatch(f"catalogue {number} of seed {seed}: {mismatch}") from None
+
+
+def main(binaries, data, count="600", seed="1", *kinds):
+    kinds = kinds or KINDS
+    with tempfile.TemporaryDirectory() as home:
+        program = Program(binaries, data, home)
+        try:
+            check_random(program, int(count), int(seed), kinds)
+            program.configure(DEFAULT_SETTINGS)
+            check_named(program, kinds)
+            check_hostile(program, kinds)
+        except (Mismatch, AssertionError, subprocess.TimeoutExpired) as fault:
+            print(fault)
+            return 1
+    return 0
+
+
+if __name__ == "__main__":
+    if len(sys.argv) < 3:
+        sys.exit(__doc__)
+    sys.exit(main(*sys.argv[1:]))
