@@ -28,10 +28,10 @@ struct Kind {
 };
 constexpr std::array<Kind, kExceptionBoxes> kKinds{{{"Text_DateOn", "2026-12-24 ", 6, 9},
                                                     {"Text_Start", "00:00 ", 6, 5},
-                                                    {"Text_ValueOn", "-9999.99", 6, 8},
+                                                    {"Text_ValueOn", "-1234.567 ", 6, 8},
                                                     {"Text_DateOff", "2026-12-24 ", 7, 4},
                                                     {"Text_Stop", "00:00 ", 7, 3},
-                                                    {"Text_ValueOff", "-9999.99", 7, 2}}};
+                                                    {"Text_ValueOff", "-1234.567 ", 7, 2}}};
 
 // The texts of `Label_Info`(0) to (10).
 constexpr std::array<int, 11> kLabelTexts{
