@@ -40,7 +40,7 @@ void ZV_OVC::Build(const PickList& pickList) {
   Frame_OVC = new wxStaticBox(this, wxID_ANY, letters.Give(Caption(text::kExceptionFrame)));
   Frame_OVC->SetName("Frame_OVC");
   BlockWhileBusy(Frame_OVC);
-  grid_ = new ExceptionGrid(Frame_OVC, editor_, {proc_.texts, proc_.outside.prompts, pickList});
+  grid_ = new OvcGrid(Frame_OVC, editor_, {proc_.texts, proc_.outside.prompts, pickList});
   Command_Erase = NewCommand(wxID_ANY, "Command_Erase", letters.Give(Caption(kErase)),
                              Caption(text::kEraseHint), true);
   Command_Ok =

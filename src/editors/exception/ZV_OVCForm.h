@@ -27,7 +27,7 @@ class ZV_OVC final : public EditorForm {
 
   ExceptionEditor& editor_;
   wxStaticBox* Frame_OVC = nullptr;
-  ExceptionGrid* grid_ = nullptr;
+  OvcGrid* grid_ = nullptr;
   wxButton* Command_Erase = nullptr;
   wxButton* Command_Ok = nullptr;
   wxButton* Command_Cancel = nullptr;

@@ -48,7 +48,7 @@ bool IsValue(ExceptionBox box) {
 
 }  // namespace
 
-ExceptionGrid::ExceptionGrid(wxWindow* parent, ExceptionEditor& editor, const Parts& parts)
+OvcGrid::OvcGrid(wxWindow* parent, ExceptionEditor& editor, const Parts& parts)
     : wxPanel(parent), editor_(editor), parts_(parts) {
   BuildLabels();
   BuildBoxes();
@@ -56,7 +56,7 @@ ExceptionGrid::ExceptionGrid(wxWindow* parent, ExceptionEditor& editor, const Pa
   for (std::size_t row = 0; row < kExceptionRows; ++row) ShowRow(row);
 }
 
-void ExceptionGrid::BuildLabels() {
+void OvcGrid::BuildLabels() {
   for (std::size_t i = 0; i < kLabels; ++i) {
     Label_Info.at(i) = new wxStaticText(this, wxID_ANY, ToWx(parts_.texts.Text(kLabelTexts.at(i))));
     Label_Info.at(i)->SetName("Label_Info" + std::to_string(i));
@@ -65,7 +65,7 @@ void ExceptionGrid::BuildLabels() {
 }
 
 // Created row by row: that is the order of the Tab key.
-void ExceptionGrid::BuildBoxes() {
+void OvcGrid::BuildBoxes() {
   for (std::size_t row = 0; row < kExceptionRows; ++row) {
     auto*& label = rowLabels_.at(row);
     label = new wxStaticText(this, wxID_ANY, std::to_string(row + 1), wxDefaultPosition,
@@ -77,7 +77,7 @@ void ExceptionGrid::BuildBoxes() {
   }
 }
 
-wxTextCtrl* ExceptionGrid::NewBox(ExceptionFocus at) {
+wxTextCtrl* OvcGrid::NewBox(ExceptionFocus at) {
   const Kind& kind = KindOf(at.box);
   auto* const box =
       NewEntryBox(this, kind.name + std::to_string(at.row), kind.widest, !editor_.ViewOnly());
@@ -100,7 +100,7 @@ wxTextCtrl* ExceptionGrid::NewBox(ExceptionFocus at) {
 }
 
 // "Start-" and "datum" are one word.
-void ExceptionGrid::NameBoxes(std::size_t row) {
+void OvcGrid::NameBoxes(std::size_t row) {
   for (std::size_t i = 0; i < kExceptionBoxes; ++i) {
     wxString name = Label_Info.at(kKinds.at(i).group)->GetLabel();
     if (!name.EndsWith("-", &name)) name += " ";
@@ -109,7 +109,7 @@ void ExceptionGrid::NameBoxes(std::size_t row) {
   }
 }
 
-void ExceptionGrid::LayOut() {
+void OvcGrid::LayOut() {
   constexpr int headings = 2;
   constexpr int stopColumn = 5;  // column 4 keeps start and stop apart
   const int gap = FromDIP(kGap);
@@ -136,11 +136,11 @@ void ExceptionGrid::LayOut() {
   SetSizer(whole);
 }
 
-wxTextCtrl& ExceptionGrid::Box(ExceptionFocus at) const {
+wxTextCtrl& OvcGrid::Box(ExceptionFocus at) const {
   return *boxes_.at(at.row).at(static_cast<std::size_t>(at.box));
 }
 
-std::optional<ExceptionFocus> ExceptionGrid::FocusedBox() const {
+std::optional<ExceptionFocus> OvcGrid::FocusedBox() const {
   const wxWindow* const focused = FindFocus();
   for (std::size_t row = 0; row < kExceptionRows; ++row) {
     for (std::size_t i = 0; i < kExceptionBoxes; ++i)
@@ -149,14 +149,14 @@ std::optional<ExceptionFocus> ExceptionGrid::FocusedBox() const {
   return std::nullopt;
 }
 
-ExceptionTexts ExceptionGrid::Typed(std::size_t row) const {
+ExceptionTexts OvcGrid::Typed(std::size_t row) const {
   ExceptionTexts typed;
   for (std::size_t i = 0; i < kExceptionBoxes; ++i)
     typed.texts.at(i) = FromWx(boxes_.at(row).at(i)->GetValue());
   return typed;
 }
 
-void ExceptionGrid::ShowRow(std::size_t row) {
+void OvcGrid::ShowRow(std::size_t row) {
   const ExceptionTexts shown = editor_.RowTexts(row);
   for (std::size_t i = 0; i < kExceptionBoxes; ++i) {
     wxTextCtrl& box = *boxes_.at(row).at(i);
@@ -165,7 +165,7 @@ void ExceptionGrid::ShowRow(std::size_t row) {
   }
 }
 
-void ExceptionGrid::Enter(ExceptionFocus at, const ExceptionTexts& typed) {
+void OvcGrid::Enter(ExceptionFocus at, const ExceptionTexts& typed) {
   const std::vector<WrongEntry> wrong = editor_.Enter(at, typed);
   ShowRow(at.row);
   if (wrong.empty()) return;
@@ -176,19 +176,19 @@ void ExceptionGrid::Enter(ExceptionFocus at, const ExceptionTexts& typed) {
   });
 }
 
-void ExceptionGrid::TakeEntry() {
+void OvcGrid::TakeEntry() {
   if (const auto at = FocusedBox()) Enter(*at, Typed(at->row));
 }
 
-bool ExceptionGrid::TellWrong() {
+bool OvcGrid::TellWrong() {
   const std::vector<WrongEntry> wrong = std::exchange(wrong_, {});
   ShowWrong(wrong, parts_.prompts, parts_.texts);
   return !wrong.empty();
 }
 
-void ExceptionGrid::Focus(ExceptionFocus at) { Box(at).SetFocus(); }
+void OvcGrid::Focus(ExceptionFocus at) { Box(at).SetFocus(); }
 
-bool ExceptionGrid::TakeKey(int key) {
+bool OvcGrid::TakeKey(int key) {
   if (key != WXK_RETURN && key != WXK_NUMPAD_ENTER) return false;
   const std::optional<ExceptionFocus> at = FocusedBox();
   if (!at) return false;
@@ -196,7 +196,7 @@ bool ExceptionGrid::TakeKey(int key) {
   return true;
 }
 
-void ExceptionGrid::OnEntered(ExceptionFocus at) {
+void OvcGrid::OnEntered(ExceptionFocus at) {
   last_ = at;
   editor_.FocusRow(at.row);
   if (marked_ == at.row) return;
@@ -206,7 +206,7 @@ void ExceptionGrid::OnEntered(ExceptionFocus at) {
 }
 
 // The current row, on which Erase works, keeps its mark while a button has the focus.
-void ExceptionGrid::Mark(std::size_t row, bool marked) {
+void OvcGrid::Mark(std::size_t row, bool marked) {
   const auto colour = [marked](wxSystemColour of) {
     return marked ? wxSystemSettings::GetColour(of) : wxNullColour;
   };

@@ -16,7 +16,7 @@ namespace zek {
 
 /// The grid of the exception editor: all eight rows, six boxes each. It passes entries on to the
 /// editor and shows what that makes of them.
-class ExceptionGrid final : public wxPanel {
+class OvcGrid final : public wxPanel {
  public:
   struct Parts {
     const LanguageTexts& texts;
@@ -24,7 +24,7 @@ class ExceptionGrid final : public wxPanel {
     const PickList& pickList;  // offered on the value boxes
   };
 
-  ExceptionGrid(wxWindow* parent, ExceptionEditor& editor, const Parts& parts);
+  OvcGrid(wxWindow* parent, ExceptionEditor& editor, const Parts& parts);
 
   void ShowRow(std::size_t row);
 
