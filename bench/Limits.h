@@ -45,6 +45,7 @@ void AddBenchmark(const std::string& name, double units, Function function) {
 /// Each adds its benchmarks and their limits.
 void AddReplyHandler(std::vector<Limit>& limits);
 void AddWeekday(std::vector<Limit>& limits);
+void AddCalendar(std::vector<Limit>& limits);
 void AddException(std::vector<Limit>& limits);
 
 }  // namespace zek::bench

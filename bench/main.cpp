@@ -21,6 +21,7 @@ int main(int argc, char** argv) {
   std::vector<zek::bench::Limit> limits;
   zek::bench::AddReplyHandler(limits);
   zek::bench::AddWeekday(limits);
+  zek::bench::AddCalendar(limits);
   zek::bench::AddException(limits);
   zek::bench::FastestReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);

@@ -19,6 +19,13 @@ inline constexpr std::int32_t kIdleBefore = 62;  // text, seconds, text 63
 inline constexpr std::int32_t kIdleAfter = 63;
 inline constexpr std::int32_t kAboutLine1 = 100;
 inline constexpr std::int32_t kAboutLine2 = 101;
+inline constexpr std::int32_t kCalendarCaption = 200;  // window title, then the four frames
+inline constexpr std::int32_t kWeekdayNames = 205;     // 205 to 211: Monday to Sunday
+inline constexpr std::int32_t kMonthNamesShown = 212;  // 212 to 223: January to December
+inline constexpr std::int32_t kNoDayTypeCaption = 224;
+inline constexpr std::int32_t kCalendarNext = 225;    // 225 to 228: the four buttons
+inline constexpr std::int32_t kDayTypeUnknown = 229;  // text (line)
+inline constexpr std::int32_t kDayTypesShort = 230;   // 15 groups of three characters
 inline constexpr std::int32_t kExceptionCaption = 150;  // 150 to 158: captions of that editor
 inline constexpr std::int32_t kExceptionRetry = 159;
 inline constexpr std::int32_t kExceptionRetryTitle = 160;
@@ -98,6 +105,19 @@ inline constexpr std::int32_t kCatalogueFull = 652;       // %1 lines at most, %
 inline constexpr std::int32_t kLineNumberTooLarge = 653;  // %1 the number, %2 the largest
 inline constexpr std::int32_t kValueTooLong = 654;  // %1 the value, %2 its line, %3 characters
 inline constexpr std::int32_t kPickListHint = 655;
+// The calendar editor
+inline constexpr std::int32_t kDatesWrong = 660;    // %1 the line's number
+inline constexpr std::int32_t kCalendarCut = 661;   // %1 dates at most, %2 the line's number
+inline constexpr std::int32_t kCalendarFull = 662;  // %1 dates at most
+inline constexpr std::int32_t kCalendarYear =
+    663;                                          // %1 the year, %2 to %3, %4 setting, %5 its value
+inline constexpr std::int32_t kMonthShown = 664;  // %1 month, %2 year
+inline constexpr std::int32_t kSpokenDate =
+    665;                                        // %1 weekday, %2 day, %3 month, %4 year, %5 and %6
+inline constexpr std::int32_t kSpokenAs = 666;  // %1 weekday, %2 the same with a small initial
+inline constexpr std::int32_t kSpokenHoliday = 667;
+inline constexpr std::int32_t kSpokenSelected = 668;
+inline constexpr std::int32_t kSpokenToday = 669;
 // Main window, log and language form
 inline constexpr std::int32_t kMenuDebug = 550;
 inline constexpr std::int32_t kMenuDebugSave = 551;
