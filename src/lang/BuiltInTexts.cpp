@@ -123,6 +123,7 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kExceptionFrame, "&Undantagskatalog"_w1252},
     {text::kTimeHeading, "tid"_w1252},
     {text::kRowHeading, "Rad"_w1252},
+    {text::kEraseHint, "Raderar undantaget på den markerade raden"_w1252},
 });
 
 }  // namespace

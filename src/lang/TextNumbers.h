@@ -164,5 +164,6 @@ inline constexpr std::int32_t kExceptionTitle = 675;
 inline constexpr std::int32_t kExceptionFrame = 676;
 inline constexpr std::int32_t kTimeHeading = 677;
 inline constexpr std::int32_t kRowHeading = 678;
+inline constexpr std::int32_t kEraseHint = 679;
 
 }  // namespace zek::text

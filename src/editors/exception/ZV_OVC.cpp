@@ -1,0 +1,97 @@
+#include "editors/exception/ZV_OVC.h"
+
+#include <wx/datetime.h>
+#include <wx/sizer.h>
+
+#include "editors/exception/ZV_OVCForm.h"
+#include "lang/TextNumbers.h"
+
+namespace zek {
+namespace {
+
+constexpr int kErase = text::kExceptionCaption + 5;
+constexpr int kOk = text::kExceptionCaption + 6;
+constexpr int kCancel = text::kExceptionCaption + 7;
+constexpr int kOkToolTip = text::kExceptionCaption + 8;
+constexpr int kGap = 8;
+
+Moment Now() {
+  const wxDateTime now = wxDateTime::Now();
+  return DateMoment(now.GetYear(), now.GetMonth() + 1, now.GetDay()) +
+         TimeMoment(now.GetHour(), now.GetMinute());
+}
+
+}  // namespace
+
+ZV_OVC::ZV_OVC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, ExceptionEditor& editor,
+               const PickList& pickList)
+    : EditorForm(parent, proc, turn, Catalogue::Ovc,
+                 {"ZV_OVC", text::kExceptionTitle, editor.ViewOnly()}),
+      editor_(editor) {
+  Build(pickList);
+  Arrange();
+  Command_Erase->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Erase(); });
+  Command_Ok->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Save(); });
+  grid_->Focus({});
+}
+
+void ZV_OVC::Build(const PickList& pickList) {
+  Mnemonics letters;
+  Frame_OVC = new wxStaticBox(this, wxID_ANY, letters.Give(Caption(text::kExceptionFrame)));
+  Frame_OVC->SetName("Frame_OVC");
+  BlockWhileBusy(Frame_OVC);
+  grid_ = new OvcGrid(Frame_OVC, editor_, {proc_.texts, proc_.outside.prompts, pickList});
+  Command_Erase = NewCommand(wxID_ANY, "Command_Erase", letters.Give(Caption(kErase)),
+                             Caption(text::kEraseHint), true);
+  Command_Ok =
+      NewCommand(wxID_ANY, "Command_Ok", letters.Give(Caption(kOk)), Caption(kOkToolTip), true);
+  Command_Cancel =
+      NewCommand(wxID_CANCEL, "Command_Cancel", letters.Give(Caption(kCancel)), {}, false);
+}
+
+void ZV_OVC::Arrange() {
+  const int gap = FromDIP(kGap);
+  auto* const table = new wxStaticBoxSizer(Frame_OVC, wxVERTICAL);
+  table->Add(grid_, 1, wxEXPAND | wxALL, gap);
+  auto* const commands = new wxBoxSizer(wxHORIZONTAL);
+  commands->Add(Command_Erase, 0, wxRIGHT, 3 * gap);
+  commands->AddStretchSpacer();
+  commands->Add(Command_Ok, 0, wxRIGHT, gap);
+  commands->Add(Command_Cancel);
+  auto* const whole = new wxBoxSizer(wxVERTICAL);
+  whole->Add(table, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
+  whole->Add(commands, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
+  LayOut(whole);
+}
+
+void ZV_OVC::Erase() {
+  grid_->TakeEntry();
+  const std::size_t erased = editor_.Row();
+  const std::size_t next = editor_.Erase();
+  grid_->ShowRow(erased);
+  grid_->Focus({ExceptionBox::DateOn, next});
+}
+
+bool ZV_OVC::SaveTable(const CatalogueWriter& write) {
+  // What has taken the place of a wrong date is to be seen before it is sent.
+  return !grid_->TellWrong() && editor_.Save(write, proc_.Numbers());
+}
+
+void ShowExceptionForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
+  using Access = ExceptionEditor::Access;
+  const Topic& object = proc.topics[proc.selection.CurrentObject];
+  const char separator = proc.settings.DecimalSeparator;
+  // The editor outlives its form, which may go with its parent in the middle of a save.
+  ExceptionEditor editor(proc.transfer.CatalogueLines,
+                         {proc.selection.TscName, object.ControllerGeneration()}, separator,
+                         proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit, Now);
+  const PickList pickList =
+      ReadPickList(proc.outside.profile, proc.selection.PickListTable, separator);
+  ShowEditorForm(new ZV_OVC(parent, proc, turn, editor, pickList), proc,
+                 [&proc, pickList, refused = editor.Refused()] {
+                   TellCut(pickList, proc.outside.prompts, proc.texts);
+                   ShowRefused(refused, proc.outside.prompts, proc.texts);
+                 });
+}
+
+}  // namespace zek

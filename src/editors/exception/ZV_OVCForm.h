@@ -1,0 +1,36 @@
+#pragma once
+
+#include <wx/statbox.h>
+
+#include "editors/exception/ExceptionEditor.h"
+#include "editors/exception/ZV_OVCGrid.h"
+#include "ui/EditorForm.h"
+#include "ui/Mnemonics.h"
+
+namespace zek {
+
+/// The exception editor's window. The rules are the editor's, which it borrows.
+class ZV_OVC final : public EditorForm {
+ public:
+  ZV_OVC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, ExceptionEditor& editor,
+         const PickList& pickList);
+
+ private:
+  void Build(const PickList& pickList);
+  void Arrange();
+  void Erase();
+
+  void TakeEntry() override { grid_->TakeEntry(); }
+  bool SaveTable(const CatalogueWriter& write) override;
+  void FocusEntry() override { grid_->FocusLast(); }
+  bool TakeKey(int key) override { return grid_->TakeKey(key); }
+
+  ExceptionEditor& editor_;
+  wxStaticBox* Frame_OVC = nullptr;
+  OvcGrid* grid_ = nullptr;
+  wxButton* Command_Erase = nullptr;
+  wxButton* Command_Ok = nullptr;
+  wxButton* Command_Cancel = nullptr;
+};
+
+}  // namespace zek
