@@ -6,6 +6,8 @@
 #include <wx/weakref.h>
 
 #include "catalogue/ZV_TSCForm.h"
+#include "editors/calendar/ZV_SDC.h"
+#include "editors/exception/ZV_OVC.h"
 #include "editors/weekday/ZV_WDC.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
@@ -54,7 +56,9 @@ void ZV_TSC::BindEvents() {
   onMenu(Menu_Exit, [this] { Close(); });
   onMenu(Menu_ExpandAll, [this] { TreeView->ExpandObjects(); });
   onMenu(Menu_CollapseAll, [this] { TreeView->CollapseObjects(); });
-  onMenu(Menu_GetWDC, [this] { GetWDC(); });
+  onMenu(Menu_GetWDC, [this] { Get(Catalogue::Wdc, ShowWeekdayForm); });
+  onMenu(Menu_GetSDC, [this] { Get(Catalogue::Sdc, ShowCalendarForm); });
+  onMenu(Menu_GetOVC, [this] { Get(Catalogue::Ovc, ShowExceptionForm); });
   onMenu(Menu_EraseWDC, [this] { Erase(Catalogue::Wdc); });
   onMenu(Menu_EraseSDC, [this] { Erase(Catalogue::Sdc); });
   onMenu(Menu_EraseOVC, [this] { Erase(Catalogue::Ovc); });
@@ -124,7 +128,7 @@ void ZV_TSC::OnActivated(wxTreeEvent& event) {
   const std::optional<std::size_t> place = TreeView->PlaceOf(event.GetItem());
   if (!place) return;
   if (proc_.tree.at(*place).IsTimeControl()) {
-    GetWDC();
+    Get(Catalogue::Wdc, ShowWeekdayForm);
   } else {
     TreeView->Toggle(event.GetItem());
   }
@@ -164,7 +168,7 @@ void ZV_TSC::OnIconize(wxIconizeEvent& event) {
   event.Skip();
 }
 
-void ZV_TSC::Get(Catalogue catalogue, const std::function<void()>& showEditor) {
+void ZV_TSC::Get(Catalogue catalogue, ShowEditor showEditor) {
   if (busy_ || LocalFileOf(proc_.selection, catalogue).empty()) return;
   const wxWeakRef<ZV_TSC> alive(this);
   bool fetched = false;
@@ -184,7 +188,7 @@ void ZV_TSC::Get(Catalogue catalogue, const std::function<void()>& showEditor) {
   if (close) {
     Close();
   } else if (fetched) {
-    showEditor();
+    showEditor(this, proc_, turn_);
     if (!alive) return;
     Raise();
     UpdateMenu(*menuTSC_);
@@ -201,10 +205,6 @@ void ZV_TSC::Erase(Catalogue catalogue) {
   }
   EraseLocalCopy(proc_, catalogue);
   if (alive) UpdateMenu(*menuTSC_);
-}
-
-void ZV_TSC::GetWDC() {
-  Get(Catalogue::Wdc, [this] { ShowWeekdayForm(this, proc_, turn_); });
 }
 
 void ShowBrowser(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {

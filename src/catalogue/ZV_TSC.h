@@ -14,6 +14,8 @@ enum Menu : int {
   Menu_ExpandAll,
   Menu_CollapseAll,
   Menu_GetWDC,
+  Menu_GetSDC,
+  Menu_GetOVC,
   Menu_EraseWDC,
   Menu_EraseSDC,
   Menu_EraseOVC,

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <memory>
 
 #include <wx/button.h>
@@ -45,8 +44,8 @@ class ZV_TSC final : public wxFrame {
   void OnKey(wxKeyEvent& event);
   void OnClose(wxCloseEvent& event);
   void OnIconize(wxIconizeEvent& event);
-  void Get(Catalogue catalogue, const std::function<void()>& showEditor);
-  void GetWDC();
+  using ShowEditor = void (*)(wxWindow* parent, ZV_Proc& proc, WxTurn& turn);
+  void Get(Catalogue catalogue, ShowEditor showEditor);
   void Erase(Catalogue catalogue);
 
   wxString Label(std::int32_t number, const char* key = "") const;

@@ -31,6 +31,8 @@ std::unique_ptr<wxMenu> ZV_TSC::TSCMenu() const {
   menu->Append(Menu_CollapseAll, Label(text::kBrowserCollapseAll));
   menu->AppendSeparator();
   menu->Append(Menu_GetWDC, Label(text::kBrowserGetWDC, "F5"));
+  menu->Append(Menu_GetSDC, Label(text::kBrowserGetSDC, "F6"));
+  menu->Append(Menu_GetOVC, Label(text::kBrowserGetOVC, "F7"));
   menu->AppendSeparator();
   menu->Append(Menu_EraseWDC, Label(text::kBrowserEraseWDC, "Del"));
   menu->Append(Menu_EraseSDC, Label(text::kBrowserEraseSDC));
@@ -51,7 +53,12 @@ void ZV_TSC::BuildMenus() {
 void ZV_TSC::UpdateMenu(wxMenu& menu) const {
   const bool selected = TreeView->Selected().has_value();
   const auto has = [&](Catalogue catalogue) { return selected && HasLocalCopy(proc_, catalogue); };
-  menu.Enable(Menu_GetWDC, selected && !LocalFileOf(proc_.selection, Catalogue::Wdc).empty());
+  const auto exists = [&](Catalogue catalogue) {
+    return selected && !LocalFileOf(proc_.selection, catalogue).empty();
+  };
+  menu.Enable(Menu_GetWDC, exists(Catalogue::Wdc));
+  menu.Enable(Menu_GetSDC, exists(Catalogue::Sdc));
+  menu.Enable(Menu_GetOVC, exists(Catalogue::Ovc));
   menu.Enable(Menu_EraseWDC, has(Catalogue::Wdc));
   menu.Enable(Menu_EraseSDC, has(Catalogue::Sdc));
   menu.Enable(Menu_EraseOVC, has(Catalogue::Ovc));

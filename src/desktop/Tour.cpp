@@ -91,8 +91,20 @@ void Tour::Plan() {
                       TakePicture("ZV_TSC", "browser");
                       Post(*Shown("ZV_TSC"), wxEVT_MENU, browser::Menu_GetWDC);
                     }});
-  steps_.push_back({"the weekday editor", shown("ZV_WDC"),
-                    [this] { TakePicture("ZV_WDC", "weekday"); }, kFetchSeconds});
+  const auto editor = [&](const char* what, const char* form, const char* picture, int next) {
+    steps_.push_back({what, shown(form),
+                      [this, form, picture] {
+                        TakePicture(form, picture);
+                        CloseLater(*Shown(form));
+                      },
+                      kFetchSeconds});
+    if (next == wxID_NONE) return;
+    steps_.push_back({std::string(what) + " closed", [form] { return Shown(form) == nullptr; },
+                      [next] { Post(*Shown("ZV_TSC"), wxEVT_MENU, next); }});
+  };
+  editor("the weekday editor", "ZV_WDC", "weekday", browser::Menu_GetSDC);
+  editor("the calendar editor", "ZV_SDC", "calendar", browser::Menu_GetOVC);
+  editor("the exception editor", "ZV_OVC", "exception", wxID_NONE);
 }
 
 void Tour::Notify() {
@@ -129,7 +141,7 @@ void Tour::Fail(const std::string& reason) {
 
 // Closes one form after the other, the innermost first, as long as there is one.
 void Tour::Leave() {
-  for (const char* const form : {"ZV_WDC", "ZV_TSC", "ZV_Info", "ZV_Main"}) {
+  for (const char* const form : {"ZV_WDC", "ZV_SDC", "ZV_OVC", "ZV_TSC", "ZV_Info", "ZV_Main"}) {
     wxWindow* const window = Shown(form);
     if (window == nullptr) continue;
     CloseLater(*window);
