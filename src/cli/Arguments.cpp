@@ -103,7 +103,7 @@ std::string Usage() {
          "  send TOPIC TEXT                  send one command, print the answer\n"
          "  get KIND NODE [--local]          fetch a catalogue, keep its local copy, print it\n"
          "  put KIND NODE FILE [--no-send]   store a catalogue locally and send it\n"
-         "  check wdc NODE FILE [--rebuild]  read a catalogue and print its table\n"
+         "  check KIND NODE FILE [--rebuild] read a catalogue and print its table\n"
          "\n"
          "  --dir DIR  language files and local copies (default: the program's directory)\n"
          "  --ini DIR  the directory of ZEKView.INI (default: the same)\n"

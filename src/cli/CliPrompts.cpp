@@ -1,5 +1,6 @@
 #include "cli/CliPrompts.h"
 
+#include "text/Controls.h"
 #include "text/Lines.h"
 #include "text/Windows1252.h"
 
@@ -10,8 +11,9 @@ namespace {
 std::string OnOneLine(std::string_view message) {
   std::string joined;
   while (!message.empty()) {
-    const std::string_view line = TakeLine(message);
+    std::string line(TakeLine(message));
     if (line.empty()) continue;
+    ShowControls(line);
     if (!joined.empty()) joined += ' ';
     joined += line;
   }

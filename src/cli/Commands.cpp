@@ -96,9 +96,6 @@ ExitStatus RunCatalogueCommand(Console& console, const Arguments& arguments) {
   const std::string& name = arguments.operands[1];
   const std::optional<Catalogue> catalogue = CatalogueOf(kind);
   if (!catalogue) return Refuse(console, "unknown kind " + kind + " (wdc, sdc or ovc)");
-  if (arguments.command == "check" && *catalogue != Catalogue::Wdc) {
-    return Refuse(console, "check reads weekday catalogues (wdc), not " + kind);
-  }
   const auto node = FindNode(console.proc.tree, console.proc.topics, Windows1252FromUtf8(name));
   if (!node) return Refuse(console, "unknown node " + name);
   SelectNode(console.proc, *node);
@@ -110,7 +107,7 @@ ExitStatus RunCatalogueCommand(Console& console, const Arguments& arguments) {
   if (arguments.command == "put") {
     return Put(console, *catalogue, arguments.operands[2], arguments.noSend);
   }
-  return Check(console, *node, arguments);
+  return Check(console, *catalogue, *node, arguments);
 }
 
 }  // namespace

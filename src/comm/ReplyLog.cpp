@@ -5,23 +5,6 @@
 #include "text/Controls.h"
 
 namespace zek {
-namespace {
-
-// Control characters as "<" code ">".
-void MakeShown(std::string& line) {
-  std::size_t at = FindControl(line);
-  if (at == std::string::npos) return;
-  std::string shown;
-  std::size_t from = 0;
-  for (; at != std::string::npos; at = FindControl(line, from)) {
-    shown.append(line, from, at - from).append("<").append(std::to_string(int{line[at]})) += '>';
-    from = at + 1;
-  }
-  line = shown.append(line, from);
-}
-
-}  // namespace
-
 void ReplyLog::Add(std::string_view line) {
   if (lines_.size() < kLines) {
     lines_.emplace_back(line);
@@ -38,7 +21,7 @@ const std::vector<std::string>& ReplyLog::Lines() const {
   std::rotate(lines_.begin(), lines_.begin() + static_cast<std::ptrdiff_t>(first_), lines_.end());
   first_ = 0;
   std::for_each(lines_.end() - static_cast<std::ptrdiff_t>(std::min(raw_, lines_.size())),
-                lines_.end(), MakeShown);
+                lines_.end(), ShowControls);
   raw_ = 0;
   return lines_;
 }

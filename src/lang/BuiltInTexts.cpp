@@ -112,7 +112,7 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kBrowserGetSDC, "Hämta specialda&gskalender"_w1252},
     {text::kBrowserGetOVC, "Hämta undantags&katalog"_w1252},
     {text::kPickListHint, "Klicka eller tryck Alt+Nedpil för att välja ett värde"_w1252},
-    {text::kMonthUnknown, "Undantag med okänd månad, som inte kunde läsas: %1"_w1252},
+    {text::kNoDate, "Undantag med ett datum som inte finns, som inte kunde läsas: %1"_w1252},
     {text::kDateWrong, "Felaktigt datum %1"_w1252},
     {text::kTimeWrong, "Felaktig tid %1"_w1252},
     {text::kYearUnfit,

@@ -31,4 +31,16 @@ std::size_t FindControl(std::string_view text, std::size_t from) {
   return std::string_view::npos;
 }
 
+void ShowControls(std::string& line) {
+  std::size_t at = FindControl(line);
+  if (at == std::string::npos) return;
+  std::string shown;
+  std::size_t from = 0;
+  for (; at != std::string::npos; at = FindControl(line, from)) {
+    shown.append(line, from, at - from).append("<").append(std::to_string(int{line[at]})) += '>';
+    from = at + 1;
+  }
+  line = shown.append(line, from);
+}
+
 }  // namespace zek

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace zek {
@@ -8,5 +9,9 @@ namespace zek {
 /// The place of the first control character (below 32) of `text` from place `from` on, or npos.
 /// Looks at eight characters at a time: all that arrives goes through here.
 std::size_t FindControl(std::string_view text, std::size_t from = 0);
+
+/// Replaces control characters by "<" code ">": what comes from outside must neither hide in a
+/// message nor steer a terminal.
+void ShowControls(std::string& line);
 
 }  // namespace zek

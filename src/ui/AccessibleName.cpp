@@ -3,6 +3,9 @@
 #include <memory>
 
 #include <wx/access.h>
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+#endif
 
 namespace zek {
 
@@ -26,6 +29,15 @@ class Named final : public wxAccessible {
 
 void SetAccessibleName(wxWindow& window, const wxString& name) {
   window.SetAccessible(std::make_unique<Named>(window, name).release());  // the window's own
+  wxAccessible::NotifyEvent(wxACC_EVENT_OBJECT_NAMECHANGE, &window, wxOBJID_CLIENT, wxACC_SELF);
+}
+
+#elif defined(__WXGTK__)
+
+// The toolkit has no call for it here; the library below has.
+void SetAccessibleName(wxWindow& window, const wxString& name) {
+  AtkObject* const accessible = gtk_widget_get_accessible(window.GetHandle());
+  if (accessible != nullptr) atk_object_set_name(accessible, name.utf8_str());
 }
 
 #else

@@ -5,8 +5,8 @@
 
 namespace zek {
 
-/// What a screen reader says for a control that has no caption of its own. Where the toolkit
-/// offers no way to say it, nothing happens.
+/// What a screen reader says for a control that has no caption of its own; a new name is said at
+/// once when the control has the focus. Where the toolkit offers no way to say it, nothing happens.
 void SetAccessibleName(wxWindow& window, const wxString& name);
 
 }  // namespace zek

@@ -3,6 +3,8 @@
 #include <wx/msgdlg.h>
 
 #include "lang/TextNumbers.h"
+#include "text/Controls.h"
+#include "text/Lines.h"
 #include "ui/WxText.h"
 
 namespace zek {
@@ -27,11 +29,18 @@ long StyleOf(Icon icon) {
 }  // namespace
 
 namespace {
-// A line of a controller or a file can be longer than any screen.
-wxString Readable(const std::string& message) {
+// A line of a controller or a file can be longer than any screen and hold anything.
+wxString Readable(std::string_view message) {
   constexpr std::size_t longest = 1000;
-  if (message.size() <= longest) return ToWx(message);
-  return ToWx(message.substr(0, longest)) + wxString(wxUniChar(0x2026));
+  const bool cut = message.size() > longest;
+  message = message.substr(0, longest);
+  wxString readable;
+  while (!message.empty()) {
+    std::string line(TakeLine(message));
+    ShowControls(line);
+    readable += ToWx(line) + (message.empty() ? "" : "\n");
+  }
+  return cut ? readable + wxString(wxUniChar(0x2026)) : readable;
 }
 }  // namespace
 

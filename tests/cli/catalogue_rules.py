@@ -261,7 +261,7 @@ def day_after(date):
 
 
 def calendar_date(text, year_text, rule):
-    year = rule.year(round(val(year_text)))
+    year = rule.year(round(val(year_text))) if year_text.strip(" ")[:1].isdigit() else None
     day, month = round(val(columns(text, 1, 2))), columns(text, 4, 6)
     if year is None or month not in MONTHS:
         return None
@@ -355,19 +355,19 @@ class RowNumbers(NamedTuple):
     multiply: int
 
 
-class UnknownMonth(Exception):
+class NoDate(Exception):
     pass
 
 
 def date_minutes(text, year):
     """A day beyond the end of its month rolls over into the next."""
-    if columns(text, 4, 6) not in MONTHS:
-        raise UnknownMonth
-    month = MONTHS.index(columns(text, 4, 6)) + 1
-    if not datetime.MINYEAR <= year <= datetime.MAXYEAR:
-        return year * 366 * DAY  # far outside of what any line can hold
-    first = datetime.date(year, month, 1).toordinal()
-    return (first + round(val(columns(text, 1, 2))) - 1 - EPOCH) * DAY
+    day = val(columns(text, 1, 2))
+    if columns(text, 4, 6) not in MONTHS or not 1 <= day <= 31 or not 1900 <= year <= 9999:
+        raise NoDate
+    if not columns(text, 8, 8).isdigit():
+        raise NoDate
+    first = datetime.date(year, MONTHS.index(columns(text, 4, 6)) + 1, 1).toordinal()
+    return (first + round(day) - 1 - EPOCH) * DAY
 
 
 def time_minutes(text):
@@ -419,7 +419,7 @@ def read_exceptions(lines, name, new):
         number = number or round(val(line[:6]))
         try:
             rows.append(new_exception(line) if new else old_exception(line))
-        except UnknownMonth:
+        except NoDate:
             lost = True
     return sorted(rows, key=lambda row: -row.start), number, lost
 
@@ -438,7 +438,9 @@ def date_of(minutes, new):
 def exception_values(row, width):
     start = "."
     if row.start_value != NO_VALUE:
-        start = pad_or_cut(format_value(row.start_value), width)
+        start = format_value(row.start_value).ljust(width)
+        if len(start) > width:  # cut, it would be another value
+            raise CannotBuild
     return f"!{start}!{format_optional_value(row.stop_value)}"
 
 

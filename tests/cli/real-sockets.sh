@@ -20,21 +20,27 @@ fail() {
   exit 1
 }
 
-# CHANGE KIND NODE COPY: fetches, changes a time, sends, fetches again, and looks at the copy.
+# change KIND NODE COPY FROM TO: fetches, changes a line, sends, fetches again, and looks at the copy.
 change() {
-  local node=$1 copy=$2 from=$3 to=$4
-  cli get wdc "$node" >"$home/before" || fail "$node: get"
-  grep -q "$from" "$home/before" || fail "$node: nothing to change"
+  local kind=$1 node=$2 copy=$3 from=$4 to=$5
+  cli get "$kind" "$node" >"$home/before" || fail "$kind $node: get"
+  grep -q "$from" "$home/before" || fail "$kind $node: nothing to change"
   sed "s/$from/$to/" "$home/before" >"$home/after"
-  cli put wdc "$node" "$home/after" || fail "$node: put"
-  cli get wdc "$node" >"$home/again" || fail "$node: get again"
-  diff "$home/after" "$home/again" || fail "$node: the change did not come back"
-  sed 's/$/\r/' "$home/after" | cmp - "$home/$copy" || fail "$node: the local copy differs"
+  cli check "$kind" "$node" "$home/after" >/dev/null || fail "$kind $node: check"
+  cli put "$kind" "$node" "$home/after" || fail "$kind $node: put"
+  cli get "$kind" "$node" >"$home/again" || fail "$kind $node: get again"
+  diff "$home/after" "$home/again" || fail "$kind $node: the change did not come back"
+  sed 's/$/\r/' "$home/after" | cmp - "$home/$copy" || fail "$kind $node: the local copy differs"
 }
 
-change SKOLA/AHU1 "f127_0_0_1_$port Björkängsskolan WDC.TXT" '07:00\.\.12:00' '07:15..12:45'
-change KONTOR/AHU1 "f127_0_0_1_${port}_3 Kontorshuset vid Ågatan AHU1.TXT" \
-  '06:00\.\.18:00' '05:45..18:30'
+school="f127_0_0_1_$port Björkängsskolan"
+office="f127_0_0_1_${port}_3 Kontorshuset vid Ågatan"
+change wdc SKOLA/AHU1 "$school WDC.TXT" '07:00\.\.12:00' '07:15..12:45'
+change wdc KONTOR/AHU1 "$office AHU1.TXT" '06:00\.\.18:00' '05:45..18:30'
+change sdc SKOLA/PLT1 "$school SDC.TXT" '05-NOV-27 ' '06-NOV-27 '
+change sdc KONTOR "$office SDC.TXT" '\.\.26-DEC-2026' '..27-DEC-2026'
+change ovc SKOLA/PLT1 "$school OVC.TXT" '26-DEC-26,17:00' '27-DEC-26,18:30'
+change ovc KONTOR/VS1 "$office VS1 EXC.TXT" '!16    !21' '!15.5  !.'
 
 # A line that the controller refuses is told, after three attempts, by both framings.
 for node in SKOLA/AHU1 KONTOR/AHU1; do
@@ -47,9 +53,9 @@ done
 # Without its server the program says so and keeps the old copy.
 kill "$plant_pid"
 wait "$plant_pid" || true
-cp "$home/f127_0_0_1_$port Björkängsskolan WDC.TXT" "$home/old"
+cp "$home/$school WDC.TXT" "$home/old"
 status=0
 cli get wdc SKOLA/AHU1 || status=$?
 [[ $status -eq 1 ]] || fail "without a server: $status"
 grep -q SKOLA "$home/messages" || fail "without a server nothing was said"
-cmp "$home/old" "$home/f127_0_0_1_$port Björkängsskolan WDC.TXT" || fail "the old copy changed"
+cmp "$home/old" "$home/$school WDC.TXT" || fail "the old copy changed"

@@ -37,13 +37,13 @@ void ShowRefused(const std::vector<RefusedException>& refused, Prompts& prompts,
   bool full = false;
   for (const RefusedException& each : refused) {
     full = full || each.text == text::kExceptionsFull;
-    if (each.text != text::kMonthUnknown || ++unknown > kLinesShown) continue;
+    if (each.text != text::kNoDate || ++unknown > kLinesShown) continue;
     months += "\r\n" + each.line.substr(0, kCharactersShown);
   }
   if (unknown > kLinesShown) months += "\r\n...";
   if (unknown > 0) {
     const std::string count = std::to_string(unknown);
-    prompts.Show(Icon::Information, Message(texts.Text(text::kMonthUnknown), {count}) + months);
+    prompts.Show(Icon::Information, Message(texts.Text(text::kNoDate), {count}) + months);
   }
   if (full) prompts.Show(Icon::Information, texts.Text(text::kExceptionsFull));
 }

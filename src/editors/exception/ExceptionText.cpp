@@ -18,6 +18,13 @@ namespace {
 
 bool IsModern(const ExceptionOwner& owner) { return owner.generation == Generation::Zek2; }
 
+struct Years {
+  int first;
+  int last;
+};
+constexpr Years kOldYears{1990, 2089};
+constexpr Years kModernYears{1900, 9999};
+
 // --- Reading ---
 
 enum class Fate {
@@ -37,16 +44,20 @@ Fate FateOf(std::string_view line, const ExceptionOwner& owner) {
   return starred ? Fate::Dropped : Fate::Kept;
 }
 
-// The date at a column (from 0) of a field: DD-MON-YY (ZEK1) or DD-MON-YYYY (ZEK2).
+// The date at a column (from 0) of a field: DD-MON-YY (ZEK1) or DD-MON-YYYY (ZEK2). The 31st of a
+// shorter month is a day of the next one; what is no date must not become some other date.
 std::optional<Moment> DateAt(std::string_view field, std::size_t column, Generation generation) {
+  constexpr double longestMonth = 31;
+  const bool modern = generation == Generation::Zek2;
+  const std::string_view yearText = FromColumn(field, column + 7);
   const std::optional<int> month = MonthAt(field, column + 3);
-  if (!month) return std::nullopt;
   const double day = NumberAt(field, column, 2);
-  if (generation == Generation::Zek2) {
-    return DateMoment(NumberAt(field, column + 7, 4), *month + 1, day);
-  }
-  const double year = NumberAt(field, column + 7, 2);
-  return DateMoment(year + (year < 90 ? 2000 : 1900), *month + 1, day);
+  double year = NumberAt(yearText, 0, modern ? 4 : 2);
+  if (!month || day < 1 || day > longestMonth || yearText.empty()) return std::nullopt;
+  if (yearText[0] < '0' || yearText[0] > '9') return std::nullopt;
+  if (!modern) year += year < 90 ? 2000 : 1900;
+  if (modern && year < kModernYears.first) return std::nullopt;
+  return DateMoment(year, *month + 1, day);
 }
 
 Moment TimeAt(std::string_view field, std::size_t column) {
@@ -58,7 +69,7 @@ bool HasRangeAt(std::string_view field, std::size_t column) {
   return FromColumn(field, column).starts_with(kRangeMark);
 }
 
-// The moments of a line from its field 2 on; nothing when a month is unknown.
+// The moments of a line from its field 2 on; nothing when a date is none.
 std::optional<OvcRow> OldMoments(std::string_view field) {
   constexpr std::size_t timeColumn = 10;  // of DD-MON-YY,HH:MM
   constexpr std::size_t rangeColumn = 15;
@@ -90,7 +101,7 @@ std::optional<OvcRow> ModernMoments(std::string_view dates, std::string_view tim
   return row;
 }
 
-// The exception in one of the owner's lines; nothing when a month is unknown.
+// The exception in one of the owner's lines; nothing when a date is none.
 std::optional<OvcRow> ParseLine(std::string_view line, Generation generation) {
   constexpr std::size_t modernDateColumn = 6;
   std::string_view rest = line;
@@ -119,13 +130,6 @@ constexpr std::size_t kModernValueWidth = 6;
 constexpr std::string_view kOldBlank =
     "      !            !                                       ";
 constexpr std::string_view kModernBlank = "                               !             ";
-
-struct Years {
-  int first;
-  int last;
-};
-constexpr Years kOldYears{1990, 2089};
-constexpr Years kModernYears{1900, 9999};
 
 // Where the line numbers start.
 int FirstNumber(const ExceptionOwner& owner, std::span<const std::string> lines,
@@ -258,7 +262,7 @@ ExceptionReading ReadExceptions(std::span<const std::string> lines, const Except
         reading.table.rows.at(used++) = *row;
         continue;
       }
-      const std::int32_t reason = full ? text::kExceptionsFull : text::kMonthUnknown;
+      const std::int32_t reason = full ? text::kExceptionsFull : text::kNoDate;
       reading.refused.push_back({reason, line, index});
     }
     ++reading.linesLost;

@@ -130,7 +130,7 @@ TEST(ExceptionText, RefusesUnknownMonths) {
     const std::string good =
         generation == kZek1 ? "2!T!24-DEC-26,08:00!1!." : "2     24-DEC-2026!08:00!1!.";
     const ExceptionReading reading = ReadExceptions(Lines{line, good}, {"T", generation});
-    EXPECT_EQ(reading.refused, (std::vector<RefusedException>{{text::kMonthUnknown, line, 0}}));
+    EXPECT_EQ(reading.refused, (std::vector<RefusedException>{{text::kNoDate, line, 0}}));
     EXPECT_EQ(reading.linesLost, 1U);
     EXPECT_TRUE(reading.table.rows[0].used);
   }

@@ -1,0 +1,118 @@
+#include "editors/calendar/ZV_SDC.h"
+
+#include <utility>
+
+#include <wx/datetime.h>
+#include <wx/weakref.h>
+#include <wx/wxcrt.h>
+
+#include "editors/calendar/ZV_SDCForm.h"
+#include "lang/TextNumbers.h"
+#include "ui/WxText.h"
+
+namespace zek {
+namespace {
+
+CalendarDate Today() {
+  const wxDateTime today = wxDateTime::Today();
+  return {today.GetYear(), static_cast<int>(today.GetMonth()), today.GetDay()};
+}
+
+// The letter behind the "&" of a frame's caption, folded; 0 without one.
+int LetterOf(const wxStaticBox& frame) {
+  const wxString caption = frame.GetLabel();
+  const std::size_t mark = caption.find('&');
+  if (mark == wxString::npos || mark + 1 == caption.length()) return 0;
+  return wxToupper(static_cast<int>(caption[mark + 1].GetValue()));
+}
+
+}  // namespace
+
+ZV_SDC::ZV_SDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, CalendarEditor& editor)
+    : EditorForm(parent, proc, turn, Catalogue::Sdc,
+                 {"ZV_SDC", text::kCalendarCaption, editor.ViewOnly()}),
+      editor_(editor) {
+  Build();
+  BindEvents();
+  ShowAll();
+  FocusEntry();
+}
+
+bool ZV_SDC::SaveTable(const CatalogueWriter& write) {
+  return editor_.Save(write, proc_.outside.prompts, proc_.texts);
+}
+
+void ZV_SDC::BindEvents() {
+  const auto choose = [this](auto& options, void (CalendarEditor::*take)(int)) {
+    for (std::size_t i = 0; i < options.size(); ++i) {
+      options.at(i)->Bind(wxEVT_RADIOBUTTON, [this, take, i](wxCommandEvent&) {
+        (editor_.*take)(static_cast<int>(i));
+        ShowAll();
+      });
+    }
+  };
+  choose(Option_Year, &CalendarEditor::ShowYear);
+  choose(Option_Month, &CalendarEditor::ShowMonth);
+  choose(Option_Day, &CalendarEditor::ChooseType);
+  const auto step = [this](wxButton* button, int months) {
+    button->Bind(wxEVT_BUTTON, [this, months](wxCommandEvent&) {
+      editor_.Step(months);
+      ShowAll();
+    });
+  };
+  step(Command_Last, -1);
+  step(Command_Next, 1);
+  Command_Ok->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Save(); });
+  Bind(wxEVT_CHAR_HOOK, &ZV_SDC::OnAltKey, this);
+}
+
+// The frames' letters lead to what is in them: to the days and to the option that is chosen.
+void ZV_SDC::OnAltKey(wxKeyEvent& event) {
+  const int key =
+      wxToupper(event.GetUnicodeKey() != WXK_NONE ? static_cast<int>(event.GetUnicodeKey())
+                                                  : event.GetKeyCode());
+  const auto place = [](int number) { return static_cast<std::size_t>(number); };
+  const auto roads = std::to_array<std::pair<const wxStaticBox*, wxWindow*>>({
+      {Frame_SDC, Picture_Days},
+      {Frame_Day, Option_Day.at(place(editor_.DayType()))},
+      {Frame_Year, Option_Year.at(place(editor_.Year()))},
+      {Frame_Month, Option_Month.at(place(editor_.Month()))},
+  });
+  if (event.GetModifiers() == wxMOD_ALT) {
+    for (const auto& [frame, target] : roads) {
+      if (LetterOf(*frame) != key || !target->IsEnabled()) continue;
+      target->SetFocus();
+      return;
+    }
+  }
+  event.Skip();
+}
+
+void ZV_SDC::ShowAll() {
+  const auto check = [](auto& options, int number) {
+    wxRadioButton& option = *options.at(static_cast<std::size_t>(number));
+    if (!option.GetValue()) option.SetValue(true);
+  };
+  check(Option_Year, editor_.Year());
+  check(Option_Month, editor_.Month());
+  check(Option_Day, editor_.DayType());
+  month_->SetLabel(ToWx(editor_.MonthText(proc_.texts)));
+  Picture_Days->ShowDays();
+}
+
+void ShowCalendarForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
+  using Access = CalendarEditor::Access;
+  const Topic& topic = proc.topics[proc.selection.CurrentObject];
+  // The editor outlives its form, which may go with its parent in the middle of a save.
+  CalendarEditor editor(proc.transfer.CatalogueLines, proc.selection.TscName,
+                        YearsOf(proc.settings, topic.ControllerGeneration()), Today(),
+                        proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit);
+  auto* const form = new ZV_SDC(parent, proc, turn, editor);
+  const wxWeakRef<ZV_SDC> alive(form);
+  ShowEditorForm(form, proc, [alive, &proc, refused = editor.Refused()] {
+    for (const RefusedDates& each : refused) ShowRefused(each, proc.outside.prompts, proc.texts);
+    if (alive) alive->FocusEntry();
+  });
+}
+
+}  // namespace zek
