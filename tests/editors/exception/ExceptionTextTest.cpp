@@ -88,19 +88,19 @@ const std::vector<Case> kCases = {
      kZek2,
      {"1     31-FEB-2026              !00:00..24:00 !1     !.",
       "2     29-FEB-2024              !24:00..99:99 !1     !.",
-      "3     01-JAN-0020..01-JAN-0095 !00:00..24:00 !1     !."},
+      "3     01-JAN-2020..01-JAN-1995 !00:00..24:00 !1     !."},
      "2026-03-03 00:00.. 24:00 1/999999; 2024-03-01 00:00.. 24:00 1/999999; "
      "2020-01-01 00:00..1995-01-02 00:00 1/999999; ",
      {"1     03-MAR-2026              !00:00..24:00 !1     !.",
       "2     01-MAR-2024              !00:00..24:00 !1     !.",
       "3     01-JAN-2020..02-JAN-1995 !00:00..00:00 !1     !."}},
-    // What is no number reads as 0, day 0 is the day before the first.
+    // A time or value that is no number reads as 0.
     {"T",
      kZek1,
-     {"1!T!xx-MAR-yy,ab:-5..00-JAN-9", "2 !T!01-JAN-26"},
-     "2026-01-01 00:00..  0/0; 2000-02-29 00:00..2008-12-31 00:00 0/0; ",
+     {"1!T!29-FEB-00,ab:-5..31-DEC-9,x", "2 !T!01-JAN-26!x!y"},
+     "2026-01-01 00:00..  0/0; 2000-02-29 00:00..2009-12-31 00:00 0/0; ",
      {"    1 !T           !01-JAN-26,00:00                        !0        !0",
-      "    2 !T           !29-FEB-00,00:00..31-DEC-08,00:00       !0        !0"}},
+      "    2 !T           !29-FEB-00,00:00..31-DEC-09,00:00       !0        !0"}},
 };
 
 TEST(ExceptionText, ReadsAndBuildsBack) {
@@ -115,7 +115,7 @@ TEST(ExceptionText, ReadsAndBuildsBack) {
   }
 }
 
-TEST(ExceptionText, RefusesUnknownMonths) {
+TEST(ExceptionText, RefusesDatesThatAreNone) {
   const std::vector<std::tuple<Generation, std::string>> cases = {
       {kZek1, "1!T!24-dec-26,08:00!1!."},
       {kZek1, "1!T!"},
@@ -124,6 +124,11 @@ TEST(ExceptionText, RefusesUnknownMonths) {
       {kZek2, "1     24-MAJ-2026!08:00..09:00!1!."},
       {kZek2, "1     24-MAY-2026..24-!08:00..09:00!1!."},
       {kZek2, ""},
+      {kZek1, "1!T!00-DEC-26,08:00!1!."},
+      {kZek1, "1!T!24-DEC-xx,08:00!1!."},
+      {kZek1, "1!T!24-DEC-26,08:00..32-DEC-26,09:00!1!."},
+      {kZek2, "1     24-DEC-!08:00..09:00!1!."},
+      {kZek2, "1     24-DEC-2026..24-DEC-1899!08:00..09:00!1!."},
   };
   for (const auto& [generation, line] : cases) {
     SCOPED_TRACE(line);
