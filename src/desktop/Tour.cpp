@@ -6,6 +6,7 @@
 #include <wx/choice.h>
 #include <wx/frame.h>
 #include <wx/image.h>
+#include <wx/radiobut.h>
 #include <wx/textctrl.h>
 #include <wx/treectrl.h>
 
@@ -103,6 +104,14 @@ void Tour::Plan() {
                       [next] { Post(*Shown("ZV_TSC"), wxEVT_MENU, next); }});
   };
   editor("the weekday editor", "ZV_WDC", "weekday", browser::Menu_GetSDC);
+  // Most days have a type in the last month of a year.
+  steps_.push_back({"the calendar", shown("ZV_SDC"),
+                    [] {
+                      auto* const december = ControlOf<wxRadioButton>("ZV_SDC", "Option_Month11");
+                      december->SetValue(true);
+                      Post(*december, wxEVT_RADIOBUTTON, december->GetId(), 1);
+                    },
+                    kFetchSeconds});
   editor("the calendar editor", "ZV_SDC", "calendar", browser::Menu_GetOVC);
   editor("the exception editor", "ZV_OVC", "exception", wxID_NONE);
 }

@@ -75,6 +75,8 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kSpokenHoliday, "helgdag"_w1252},
     {text::kSpokenSelected, "markerad"_w1252},
     {text::kSpokenToday, "i dag"_w1252},
+    {text::kCalendarHint,
+     "Välj dagtyp och dra över dagarna, eller Skift+pilar och Retur. Rött: helgdag."_w1252},
     {text::kMenuDebug, "&Debug"_w1252},
     {text::kMenuDebugSave, "&Spara som..."_w1252},
     {text::kMenuDebugOpen, "&Öppna..."_w1252},

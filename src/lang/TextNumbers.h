@@ -121,6 +121,7 @@ inline constexpr std::int32_t kSpokenAs = 666;  // %1 weekday, %2 the same with 
 inline constexpr std::int32_t kSpokenHoliday = 667;
 inline constexpr std::int32_t kSpokenSelected = 668;
 inline constexpr std::int32_t kSpokenToday = 669;
+inline constexpr std::int32_t kCalendarHint = 680;
 // Main window, log and language form
 inline constexpr std::int32_t kMenuDebug = 550;
 inline constexpr std::int32_t kMenuDebugSave = 551;

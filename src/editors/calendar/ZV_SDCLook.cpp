@@ -58,13 +58,17 @@ void ZV_SDC::Build() {
   auto* const lower = new wxBoxSizer(wxHORIZONTAL);
   lower->Add(InRows(Option_Year, Frame_Year, kYearColumns), 0, wxEXPAND | wxRIGHT, gap);
   lower->Add(InRows(Option_Month, Frame_Month, kMonthColumns), 1, wxEXPAND);
+  auto* const hint = new wxStaticText(
+      this, wxID_ANY, editor_.ViewOnly() ? wxString() : Caption(text::kCalendarHint),
+      wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_END);
   auto* const commands = new wxBoxSizer(wxHORIZONTAL);
+  commands->Add(hint, 1, wxALIGN_CENTER_VERTICAL | wxRIGHT, gap);
   commands->Add(Command_Ok, 0, wxRIGHT, gap);
   commands->Add(Command_Cancel);
   auto* const whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(upper, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(lower, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
-  whole->Add(commands, 0, wxALIGN_RIGHT | wxLEFT | wxRIGHT | wxTOP, gap);
+  whole->Add(commands, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   LayOut(whole);
 }
 
