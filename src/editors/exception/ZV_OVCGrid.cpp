@@ -4,6 +4,7 @@
 
 #include <wx/settings.h>
 #include <wx/sizer.h>
+#include <wx/weakref.h>
 
 #include "editors/picklist/ZV_PickList.h"
 #include "lang/TextNumbers.h"
@@ -172,8 +173,15 @@ void OvcGrid::Enter(ExceptionFocus at, const ExceptionTexts& typed) {
   wrong_.insert(wrong_.end(), wrong.begin(), wrong.end());
   // The focus is on its way: a message would get into that way.
   CallAfter([this] {
-    if (IsShownOnScreen()) TellWrong();
+    if (!IsShownOnScreen()) return;
+    const wxWeakRef<OvcGrid> alive(this);
+    if (TellWrong() && alive) CallAfter([this] { SelectFocused(); });
   });
+}
+
+// What is typed after a message replaces the text, as it would have without the message.
+void OvcGrid::SelectFocused() {
+  if (const auto at = FocusedBox()) Box(*at).SelectAll();
 }
 
 void OvcGrid::TakeEntry() {

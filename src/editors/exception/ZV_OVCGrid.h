@@ -50,6 +50,7 @@ class OvcGrid final : public wxPanel {
   void NameBoxes(std::size_t row);
   void LayOut();
   wxTextCtrl& Box(ExceptionFocus at) const;
+  void SelectFocused();
   std::optional<ExceptionFocus> FocusedBox() const;
   ExceptionTexts Typed(std::size_t row) const;
   void Enter(ExceptionFocus at, const ExceptionTexts& typed);
