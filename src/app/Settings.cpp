@@ -102,8 +102,12 @@ bool LoadSettings(Settings& settings, std::string_view commandLine, const Profil
   settings.GetTSCTimeoutTicks =
       numbers.Ticks("GetTSCTimeout", kShortestGetTSCTimeout, text::kGetTSCTimeoutLow);
 
-  settings.SDCLastTwoDigitYear = numbers.Number("SDCLastTwoDigitYear", "20", kLastTwoDigitYear);
-  settings.SDCLastYear = numbers.Number("SDCLastYear", "2030", kLastYear);
+  // Only a higher value moves a limit.
+  const Settings builtIn;
+  settings.SDCLastTwoDigitYear = std::max(
+      builtIn.SDCLastTwoDigitYear, numbers.Number("SDCLastTwoDigitYear", "20", kLastTwoDigitYear));
+  settings.SDCLastYear =
+      std::max(builtIn.SDCLastYear, numbers.Number("SDCLastYear", "2030", kLastYear));
 
   settings.HideDialogOnTSC = ReadYesNo(profile, kGeneral, "HideDialogOnTSC", "yes");
   settings.PreventMinimize = ReadYesNo(profile, kGeneral, "PreventMinimize", "no");

@@ -58,6 +58,7 @@ bool TakeLocalCopy(ZV_Proc& proc, std::string_view file, const std::string& name
     return false;
   }
   proc.transfer.CatalogueLines = std::move(copy.lines);
+  proc.transfer.LinesDropped = 0;
   proc.transfer.DfvKnown = copy.dfv.has_value();
   proc.transfer.CatalogueDfv = copy.dfv.value_or(std::string(1, '.'));
   return true;

@@ -67,7 +67,8 @@ std::optional<Checked> CheckExceptions(Console& console, const RecordLabels& lab
   const auto options = ReadExceptionOptions(proc.Numbers(), owner.generation);
   if (!options) return std::nullopt;
   const ExceptionReading reading = ReadExceptions(lines, owner);
-  ShowRefused(reading.refused, console.prompts, proc.texts);
+  for (const RefusedException& refused : reading.refused)
+    ShowRefused(refused, console.prompts, proc.texts);
   return Checked{reading.linesLost, ExceptionRecords(reading.table, labels, separator),
                  BuildExceptions(reading.table, owner, lines, *options, separator)};
 }

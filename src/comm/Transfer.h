@@ -33,7 +33,7 @@ struct Transfer {
   /// False when the lines came from a local copy that does not tell the controller's value.
   bool DfvKnown = true;
 
-  int LinesDropped = 0;    // numbered lines beyond the places there are, since `Collect`
+  int LinesDropped = 0;    // numbered lines of the catalogue beyond the places there are
   bool ExitSeen = false;   // a listing has ended with "EXIT" since `Collect`
   bool ErrorSeen = false;  // the controller has answered "ERROR" since `Collect`
 

@@ -14,20 +14,21 @@ bool MayLose(std::size_t lines, Prompts& prompts, const LanguageTexts& texts) {
 
 }  // namespace
 
-bool SaveWithRetry(const BuiltLines& built, std::size_t linesLost, const CatalogueWriter& writer,
-                   RetryTexts retry, Prompts& prompts, const LanguageTexts& texts) {
+SaveOutcome SaveWithRetry(const BuiltLines& built, std::size_t linesLost,
+                          const CatalogueWriter& writer, RetryTexts retry, Prompts& prompts,
+                          const LanguageTexts& texts) {
   if (const auto* error = std::get_if<BuildError>(&built)) {
     prompts.Show(Icon::Exclamation, error->MessageIn(texts));
-    return false;
+    return SaveOutcome::NotTried;
   }
-  if (!MayLose(linesLost, prompts, texts)) return false;
+  if (!MayLose(linesLost, prompts, texts)) return SaveOutcome::NotTried;
   const auto& lines = std::get<std::vector<std::string>>(built);
   while (!writer(lines)) {
     const bool again =
         prompts.AskYesNo(Icon::Question, texts.Text(retry.question), texts.Text(retry.title));
-    if (!again) return false;
+    if (!again) return SaveOutcome::GivenUp;
   }
-  return true;
+  return SaveOutcome::Written;
 }
 
 }  // namespace zek

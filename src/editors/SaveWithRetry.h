@@ -21,10 +21,18 @@ struct RetryTexts {
   std::int32_t title;
 };
 
-/// Saves what an editor has built, and true only when it was written. Lines that can't be built
-/// are reported and nothing is written. When saving loses lines that could not be read, the user
-/// is asked first; a failed write is repeated as often as the user wants it.
-bool SaveWithRetry(const BuiltLines& built, std::size_t linesLost, const CatalogueWriter& writer,
-                   RetryTexts retry, Prompts& prompts, const LanguageTexts& texts);
+/// How a save ended.
+enum class SaveOutcome {
+  NotTried,  // the lines can't be built, or would lose others: nothing was written
+  GivenUp,   // the write failed, and the user did not want another one
+  Written,
+};
+
+/// Saves what an editor has built. Lines that can't be built are reported and nothing is written.
+/// When saving loses lines that could not be read, the user is asked first; a failed write is
+/// repeated as often as the user wants it.
+SaveOutcome SaveWithRetry(const BuiltLines& built, std::size_t linesLost,
+                          const CatalogueWriter& writer, RetryTexts retry, Prompts& prompts,
+                          const LanguageTexts& texts);
 
 }  // namespace zek

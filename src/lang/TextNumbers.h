@@ -108,6 +108,7 @@ inline constexpr std::int32_t kCatalogueFull = 652;       // %1 lines at most, %
 inline constexpr std::int32_t kLineNumberTooLarge = 653;  // %1 the number, %2 the largest
 inline constexpr std::int32_t kValueTooLong = 654;  // %1 the value, %2 its line, %3 characters
 inline constexpr std::int32_t kPickListHint = 655;
+inline constexpr std::int32_t kLineIncomplete = 656;  // text (line)
 // The calendar editor
 inline constexpr std::int32_t kDatesWrong = 660;    // %1 the line's number
 inline constexpr std::int32_t kCalendarCut = 661;   // %1 dates at most, %2 the line's number
@@ -156,7 +157,7 @@ inline constexpr std::int32_t kSpecialDay = 619;  // %1 the number 1 to 7
 inline constexpr std::int32_t kBrowserGetSDC = 620;
 inline constexpr std::int32_t kBrowserGetOVC = 621;
 // The exception editor
-inline constexpr std::int32_t kNoDate = 670;              // %1 lines; the lines follow
+inline constexpr std::int32_t kExceptionRefused = 670;    // text (line)
 inline constexpr std::int32_t kDateWrong = 671;           // %1 what was typed
 inline constexpr std::int32_t kTimeWrong = 672;           // %1 what was typed
 inline constexpr std::int32_t kYearUnfit = 673;           // %1 the date, %2 first, %3 last year

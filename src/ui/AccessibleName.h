@@ -9,4 +9,8 @@ namespace zek {
 /// once when the control has the focus. Where the toolkit offers no way to say it, nothing happens.
 void SetAccessibleName(wxWindow& window, const wxString& name);
 
+/// The same for a control that draws a grid of its own: the cell under its cursor, and whether
+/// that is selected.
+void SetAccessibleCell(wxWindow& grid, const wxString& name, bool selected);
+
 }  // namespace zek

@@ -23,6 +23,7 @@ EditorForm::EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue 
       turn_(turn),
       catalogue_(catalogue),
       viewOnly_(kind.viewOnly),
+      closesWhenGivenUp_(kind.closesWhenGivenUp),
       status_(new wxStaticText(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
                                wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END)) {
   const std::string& tsc = proc.selection.TscName;
@@ -76,17 +77,19 @@ void EditorForm::Save() {
     proc.transfer.CatalogueLines = lines;
     return SaveCatalogue(proc, catalogue);
   };
-  bool saved = false;
+  SaveOutcome outcome = SaveOutcome::NotTried;
   bool close = false;
   {
     // A catalogue that is sent half is worse than either whole one: a write can't be cancelled.
     const InputBlock block([] {});
-    saved = SaveTable(write);
+    outcome = SaveTable(write);
     close = block.CloseRequested();
   }
   if (!alive) return;
   ShowStatus();
-  if (saved || close || turn_.Quitting()) EndModal(wxID_CANCEL);
+  const bool done =
+      outcome == SaveOutcome::Written || (outcome == SaveOutcome::GivenUp && closesWhenGivenUp_);
+  if (done || close || turn_.Quitting()) EndModal(wxID_CANCEL);
 }
 
 void EditorForm::ShowStatus() {

@@ -30,14 +30,15 @@ class EditorForm : public wxDialog {
     std::string name;
     int titleText = 0;
     bool viewOnly = false;
+    bool closesWhenGivenUp = false;  // the form, after a write that failed for good
   };
 
   EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue catalogue, const Kind& kind);
 
   /// Takes what was typed into the box that has the focus.
   virtual void TakeEntry() {}
-  /// Builds the lines and has them written by `write`; true when they were written.
-  virtual bool SaveTable(const CatalogueWriter& write) = 0;
+  /// Builds the lines and has them written by `write`.
+  virtual SaveOutcome SaveTable(const CatalogueWriter& write) = 0;
   /// Where the focus belongs when the form can be used again.
   virtual void FocusEntry() = 0;
   /// A key without modifiers; false for one that means nothing to the form.
@@ -68,6 +69,7 @@ class EditorForm : public wxDialog {
   WxTurn& turn_;
   Catalogue catalogue_;
   bool viewOnly_;
+  bool closesWhenGivenUp_;
   std::vector<Part> parts_;
   wxStaticText* status_;
   bool busy_ = false;

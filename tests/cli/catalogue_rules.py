@@ -171,7 +171,9 @@ def read_weekday(own, plt):
     table = [[] for _ in DAY_KEYS]
     for line in own:
         days = days_of((columns(field(line, 0), 7) if plt else field(line, 2)).strip(" "))
-        if days is None or any(len(table[day]) == WEEKDAY_ROWS for day in days):
+        complete = line.count("!") >= (2 if plt else 5)
+        if days is None or not complete or any(
+                len(table[day]) == WEEKDAY_ROWS for day in days):
             return table, False
         for day in days:
             table[day].append(weekday_row(line, plt))
@@ -261,7 +263,8 @@ def day_after(date):
 
 
 def calendar_date(text, year_text, rule):
-    year = rule.year(round(val(year_text))) if year_text.strip(" ")[:1].isdigit() else None
+    year_text = year_text.strip(" ")
+    year = rule.year(int(year_text)) if year_text.isdigit() else None
     day, month = round(val(columns(text, 1, 2))), columns(text, 4, 6)
     if year is None or month not in MONTHS:
         return None
@@ -271,17 +274,17 @@ def calendar_date(text, year_text, rule):
 
 def calendar_run(text, rule):
     """The first and the last date; None when one of them does not exist or they run backwards."""
-    first = last = calendar_date(text, columns(text, 8), rule)
-    if ".." in text:
-        second = text[text.index("..") + 2 :]
-        last = calendar_date(second, columns(second, 8, 11 if rule.four_digits else 9), rule)
+    begin, joined, end = text.partition("..")
+    first = last = calendar_date(begin, columns(begin, 8), rule)
+    if joined:
+        last = calendar_date(end, columns(end, 8), rule)
     return (first, last) if first and last and first <= last else None
 
 
 def calendar_entry(line, rule):
     """The run of dates and the day type of a line, None when it is not read."""
     beyond_number = columns(field(line, 0), 7).strip(" ")
-    plt = beyond_number != ""
+    plt = beyond_number != "" and columns(line, 6, 6) == " "
     dates = beyond_number if plt else trimmed_field(line, 1)
     day_type = (trimmed_field(line, 1 if plt else 2) + " ")[:3].strip(" ")
     run = None if "*" in dates else calendar_run(dates, rule)
@@ -355,7 +358,7 @@ class RowNumbers(NamedTuple):
     multiply: int
 
 
-class NoDate(Exception):
+class NoException(Exception):
     pass
 
 
@@ -363,15 +366,25 @@ def date_minutes(text, year):
     """A day beyond the end of its month rolls over into the next."""
     day = val(columns(text, 1, 2))
     if columns(text, 4, 6) not in MONTHS or not 1 <= day <= 31 or not 1900 <= year <= 9999:
-        raise NoDate
+        raise NoException
     if not columns(text, 8, 8).isdigit():
-        raise NoDate
+        raise NoException
     first = datetime.date(year, MONTHS.index(columns(text, 4, 6)) + 1, 1).toordinal()
     return (first + round(day) - 1 - EPOCH) * DAY
 
 
 def time_minutes(text):
-    return round(val(columns(text, 1, 2)) * 60 + val(columns(text, 4, 5)))
+    hours, minutes = val(columns(text, 1, 2)), val(columns(text, 4, 5))
+    if hours > 24 or minutes >= 60:
+        raise NoException
+    return round(max(hours, 0)) * 60 + round(max(minutes, 0))
+
+
+def has_stop(text, first):
+    """Whether ".." stands in this column; nothing else may."""
+    if columns(text, first).strip(" ") and columns(text, first, first + 1) != "..":
+        raise NoException
+    return columns(text, first, first + 1) == ".."
 
 
 def old_moment(text):
@@ -381,19 +394,31 @@ def old_moment(text):
 
 
 def old_exception(line):
+    if line.count("!") < 4:
+        raise NoException
     text = field(line, 2)
-    stop = old_moment(columns(text, 18)) if columns(text, 16, 17) == ".." else 0
+    stop = 0
+    if has_stop(text, 16):
+        stop = old_moment(columns(text, 18))
+        if columns(text, 33).strip(" "):
+            raise NoException
     return Exceptional(old_moment(text), stop, parse_optional_value(field(line, 3)),
                        parse_optional_value(field(line, 4)))
 
 
 def new_exception(line):
+    if line.count("!") < 3:
+        raise NoException
     fields = columns(line, 7)
     dates, times = field(fields, 0), field(fields, 1)
     start = date_minutes(dates, round(val(columns(dates, 8, 11)))) + time_minutes(times)
-    stop = time_minutes(columns(times, 8))
-    if columns(dates, 12, 13) == "..":
+    has_stop(times, 6)
+    stop = min(time_minutes(columns(times, 8)), DAY)
+    if has_stop(dates, 12):
         second = columns(dates, 14)
+        if columns(second, 12).strip(" "):
+            raise NoException
+        stop = time_minutes(columns(times, 8))
         stop += date_minutes(second, round(val(columns(second, 8, 11))))
     return Exceptional(start, stop, parse_optional_value(field(fields, 2)),
                        parse_optional_value(field(fields, 3)))
@@ -419,7 +444,7 @@ def read_exceptions(lines, name, new):
         number = number or round(val(line[:6]))
         try:
             rows.append(new_exception(line) if new else old_exception(line))
-        except NoDate:
+        except NoException:
             lost = True
     return sorted(rows, key=lambda row: -row.start), number, lost
 

@@ -136,8 +136,7 @@ TEST_F(WeekdayFormTest, ValuesComeFromAPickListByClickAndByKey) {
             EXPECT_TRUE(PumpUntil([&] { return Value(box) == value; })) << Value(box);
           };
           const auto byKey = [] { Press(WXK_DOWN, wxMOD_ALT); };
-          InPickList([] { Click(Box("Text_ValueOn0")); },
-                     {WXK_DOWN, WXK_DOWN, WXK_DOWN, WXK_RETURN});
+          InPickList([] { Click(Box("Text_ValueOn0")); }, {WXK_DOWN, WXK_DOWN, WXK_RETURN});
           holds("Text_ValueOn0", "20.5");
           Enter("Text_ValueOff0");
           InPickList(byKey, {WXK_DOWN, WXK_RETURN});

@@ -223,9 +223,9 @@ void CalendarEditor::TellYear(Prompts& prompts, const LanguageTexts& texts) cons
                std::to_string(fourDigits ? years_.lastYear : years_.lastTwoDigitYear)}));
 }
 
-bool CalendarEditor::Save(const CatalogueWriter& writer, Prompts& prompts,
-                          const LanguageTexts& texts) const {
-  if (ViewOnly()) return false;
+SaveOutcome CalendarEditor::Save(const CatalogueWriter& writer, Prompts& prompts,
+                                 const LanguageTexts& texts) const {
+  if (ViewOnly()) return SaveOutcome::NotTried;
   constexpr RetryTexts retry{text::kWeekdayRetry, text::kWeekdayRetryTitle};
   return SaveWithRetry(BuildCalendar(table_, name_, years_.generation), linesLost_, writer, retry,
                        prompts, texts);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/Prompts.h"
+#include "editors/Access.h"
 #include "editors/SaveWithRetry.h"
 #include "editors/calendar/CalendarTable.h"
 #include "editors/calendar/CalendarText.h"
@@ -55,8 +56,6 @@ void ShowRefused(const RefusedDates& refused, Prompts& prompts, const LanguageTe
 /// and a selection in it, and the day type that days are given.
 class CalendarEditor {
  public:
-  enum class Access { Edit, ViewOnly };
-
   /// `lines` is the calendar as fetched, `name` the time control's name ("" for a root node, whose
   /// calendar has the ordinary layout). The year of `today` is the base year, its month is shown.
   /// With `ViewOnly` nothing can be changed or saved.
@@ -67,6 +66,8 @@ class CalendarEditor {
   /// The lines that were not read, to be shown with `ShowRefused` when the editor opens.
   const std::vector<RefusedDates>& Refused() const { return refused_; }
   bool ViewOnly() const { return access_ == Access::ViewOnly; }
+  /// Counts lines that did not even arrive among those that saving would lose.
+  void CountLost(std::size_t lines) { linesLost_ += lines; }
 
   int Year() const { return year_; }    // 0 to 5, from the base year on
   int Month() const { return month_; }  // 0 to 11
@@ -115,8 +116,9 @@ class CalendarEditor {
   /// All of a day in words, for those who don't see it: "torsdag 24 december 2026, SD1, markerad".
   std::string CellName(int day, const LanguageTexts& texts) const;
 
-  /// Builds the lines and has them written (see `SaveWithRetry`); true when they were written.
-  bool Save(const CatalogueWriter& writer, Prompts& prompts, const LanguageTexts& texts) const;
+  /// Builds the lines and has them written (see `SaveWithRetry`).
+  SaveOutcome Save(const CatalogueWriter& writer, Prompts& prompts,
+                   const LanguageTexts& texts) const;
 
  private:
   CalendarDate DateOf(int day) const { return {table_.BaseYear() + year_, month_, day}; }

@@ -9,6 +9,7 @@
 #include "editors/CatalogueLimits.h"
 #include "editors/CatalogueLine.h"
 #include "editors/DayKeys.h"
+#include "editors/LineChecks.h"
 #include "editors/LineNumbers.h"
 #include "lang/TextNumbers.h"
 
@@ -34,7 +35,8 @@ CalendarLine Cut(std::string_view line) {
   std::string_view rest = line;
   CalendarLine cut;
   cut.number = TakeField(rest);
-  if (const auto text = Trim(FromColumn(head, kPltDateColumn)); !text.empty()) {
+  const std::string_view text = Trim(FromColumn(head, kPltDateColumn));
+  if (!text.empty() && head[kPltDateColumn - 1] == ' ') {
     cut.number = Trim(head.substr(kPltNumberColumn, kNumberWidth - kPltNumberColumn));
     cut.dates = text;
   } else {
@@ -49,9 +51,12 @@ std::optional<int> ParseYear(std::string_view text, const CalendarYears& years) 
   constexpr int twoDigits = 100;
   constexpr int firstTwoDigits = CalendarYears::kFirst % twoDigits;
   text = Trim(text);
-  if (text.empty() || text[0] < '0' || text[0] > '9') return std::nullopt;
+  // Digits alone: behind them could stand a second date that lacks its "..".
+  if (text.empty() || text.find_first_not_of("0123456789") != std::string_view::npos) {
+    return std::nullopt;
+  }
   const double number = Val(text);
-  if (number != std::floor(number) || number > years.Last()) return std::nullopt;
+  if (number > years.Last()) return std::nullopt;
   int year = static_cast<int>(number);
   if (years.generation == Generation::Zek1) {
     if (year >= twoDigits) return std::nullopt;
@@ -146,16 +151,13 @@ class CalendarBuilder {
 
   std::optional<BuildError> Add(const KeyRun& run) {
     const int number = numbers_.Next();
-    if (lines_.size() >= kMaxCatalogueLines) {
-      std::string place(kOrdinaryBlank.size(), ' ');
-      place.resize(PutRun(place, 0, run));
-      return BuildError{text::kCatalogueFull, {std::to_string(kMaxCatalogueLines), place, {}}};
-    }
+    const auto place = [&] {
+      std::string text(kOrdinaryBlank.size(), ' ');
+      text.resize(PutRun(text, 0, run));
+      return text;
+    };
     const int largest = plt_ ? kLargestPltLineNumber : kLargestLineNumber;
-    if (number > largest) {
-      return BuildError{text::kLineNumberTooLarge,
-                        {std::to_string(number), std::to_string(largest), {}}};
-    }
+    if (auto error = CheckLine(lines_.size(), number, largest, place)) return error;
     AddLine(run, number);
     return std::nullopt;
   }

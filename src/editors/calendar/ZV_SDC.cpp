@@ -38,7 +38,7 @@ ZV_SDC::ZV_SDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, CalendarEditor& ed
   FocusEntry();
 }
 
-bool ZV_SDC::SaveTable(const CatalogueWriter& write) {
+SaveOutcome ZV_SDC::SaveTable(const CatalogueWriter& write) {
   return editor_.Save(write, proc_.outside.prompts, proc_.texts);
 }
 
@@ -101,12 +101,12 @@ void ZV_SDC::ShowAll() {
 }
 
 void ShowCalendarForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
-  using Access = CalendarEditor::Access;
   const Topic& topic = proc.topics[proc.selection.CurrentObject];
   // The editor outlives its form, which may go with its parent in the middle of a save.
   CalendarEditor editor(proc.transfer.CatalogueLines, proc.selection.TscName,
                         YearsOf(proc.settings, topic.ControllerGeneration()), Today(),
                         proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit);
+  editor.CountLost(static_cast<std::size_t>(proc.transfer.LinesDropped));
   auto* const form = new ZV_SDC(parent, proc, turn, editor);
   const wxWeakRef<ZV_SDC> alive(form);
   ShowEditorForm(form, proc, [alive, &proc, refused = editor.Refused()] {

@@ -111,7 +111,8 @@ void DayGrid::BindEvents() {
 }
 
 void DayGrid::ShowDays() {
-  SetAccessibleName(*this, ToWx(editor_.CellName(editor_.Cursor(), texts_)));
+  const int day = editor_.Cursor();
+  SetAccessibleCell(*this, ToWx(editor_.CellName(day, texts_)), editor_.Cell(day, texts_).selected);
   Refresh();
 }
 
@@ -240,7 +241,7 @@ bool DayGrid::TakeKey(int key, int modifiers) {
   const bool shift = modifiers == wxMOD_SHIFT;
   const bool control = modifiers == wxMOD_CONTROL;
   if (modifiers != wxMOD_NONE && !shift && !control) return false;
-  if (TakeStep(key, control)) return true;
+  if (!shift && TakeStep(key, control)) return true;
   if (control) return false;
   if (TakeMove(key, shift)) return true;
   if (shift) return false;

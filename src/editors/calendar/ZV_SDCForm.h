@@ -26,7 +26,7 @@ class ZV_SDC final : public EditorForm {
  private:
   static constexpr std::size_t kDayTypes = kCalendarDayTypes + 1;
 
-  bool SaveTable(const CatalogueWriter& write) override;
+  SaveOutcome SaveTable(const CatalogueWriter& write) override;
 
   void Build();
   void BuildGrid();

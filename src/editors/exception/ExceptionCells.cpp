@@ -42,11 +42,17 @@ std::optional<Moment> TypedExceptionDate(std::string_view text) {
 }
 
 std::optional<Moment> TypedExceptionTime(std::string_view text) {
-  const bool colon = text.find(':') != std::string_view::npos;
-  const double hours = NumberAt(text, 0, 2);
-  const double minutes = NumberAt(text, colon ? 3 : 2, 2);
-  if (!IsBetween(hours, 0, 24) || !IsBetween(minutes, 0, 59)) return std::nullopt;
-  return TimeMoment(hours, minutes);
+  constexpr std::size_t digits = 2;
+  const std::size_t colon = text.find(':');
+  const bool together = colon == std::string_view::npos;
+  const std::string_view hours = text.substr(0, together ? digits : colon);
+  const std::string_view minutes = FromColumn(text, together ? digits : colon + 1);
+  const auto fits = [](std::string_view part, double most) {
+    return part.size() <= digits &&
+           part.find_first_not_of("0123456789") == std::string_view::npos && Val(part) <= most;
+  };
+  if (!fits(hours, 24) || !fits(minutes, 59)) return std::nullopt;
+  return TimeMoment(Val(hours), Val(minutes));
 }
 
 }  // namespace zek

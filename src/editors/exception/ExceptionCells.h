@@ -36,8 +36,8 @@ ExceptionTexts TextsOf(const OvcRow& row, char decimalSeparator);
 /// year must be 0 to 20 or 90 to 9999, the month 1 to 12, the day 1 to 31 in any month.
 std::optional<Moment> TypedExceptionDate(std::string_view text);
 
-/// A time as it is typed, "07:05" or "0705"; nothing when it is refused: the hours must be 0 to 24,
-/// the minutes 0 to 59. What is no number is 0.
+/// A time as it is typed, "07:05", "7:05" or "0705"; nothing when it is refused: hours and minutes
+/// must be digits, at most two each, 0 to 24 and 0 to 59. What is missing is 0.
 std::optional<Moment> TypedExceptionTime(std::string_view text);
 
 }  // namespace zek

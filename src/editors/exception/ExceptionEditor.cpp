@@ -10,10 +10,6 @@
 namespace zek {
 namespace {
 
-// What a message box shows of lines without growing off the screen.
-constexpr std::size_t kLinesShown = 10;
-constexpr std::size_t kCharactersShown = 100;
-
 std::size_t NextRow(std::size_t row) { return (row + 1) % kExceptionRows; }
 
 struct DateAndTime {
@@ -30,22 +26,10 @@ ExceptionFocus NextFocus(ExceptionFocus from) {
   return {static_cast<ExceptionBox>(static_cast<int>(from.box) + 1), from.row};
 }
 
-void ShowRefused(const std::vector<RefusedException>& refused, Prompts& prompts,
-                 const LanguageTexts& texts) {
-  std::string months;
-  std::size_t unknown = 0;
-  bool full = false;
-  for (const RefusedException& each : refused) {
-    full = full || each.text == text::kExceptionsFull;
-    if (each.text != text::kNoDate || ++unknown > kLinesShown) continue;
-    months += "\r\n" + each.line.substr(0, kCharactersShown);
-  }
-  if (unknown > kLinesShown) months += "\r\n...";
-  if (unknown > 0) {
-    const std::string count = std::to_string(unknown);
-    prompts.Show(Icon::Information, Message(texts.Text(text::kNoDate), {count}) + months);
-  }
-  if (full) prompts.Show(Icon::Information, texts.Text(text::kExceptionsFull));
+void ShowRefused(const RefusedException& refused, Prompts& prompts, const LanguageTexts& texts) {
+  const std::string message = texts.Text(refused.text);
+  const bool full = refused.text == text::kExceptionsFull;
+  prompts.Show(Icon::Information, full ? message : message + " (" + refused.line + ")");
 }
 
 void ShowWrong(const std::vector<WrongEntry>& wrong, Prompts& prompts, const LanguageTexts& texts) {
@@ -117,10 +101,11 @@ std::size_t ExceptionEditor::Erase() {
   return row_;
 }
 
-bool ExceptionEditor::Save(const CatalogueWriter& writer, const NumberReader& numbers) const {
-  if (ViewOnly()) return false;
+SaveOutcome ExceptionEditor::Save(const CatalogueWriter& writer,
+                                  const NumberReader& numbers) const {
+  if (ViewOnly()) return SaveOutcome::NotTried;
   const auto options = ReadExceptionOptions(numbers, owner_.generation);
-  if (!options) return false;
+  if (!options) return SaveOutcome::NotTried;
   const BuiltLines built = BuildExceptions(table_, owner_, lines_, *options, decimalSeparator_);
   constexpr RetryTexts retry{text::kExceptionRetry, text::kExceptionRetryTitle};
   return SaveWithRetry(built, linesLost_, writer, retry, numbers.prompts, numbers.texts);

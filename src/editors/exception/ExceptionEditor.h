@@ -9,6 +9,7 @@
 
 #include "app/Prompts.h"
 #include "app/Settings.h"
+#include "editors/Access.h"
 #include "editors/SaveWithRetry.h"
 #include "editors/exception/ExceptionCells.h"
 #include "editors/exception/ExceptionTable.h"
@@ -29,10 +30,8 @@ struct ExceptionFocus {
 /// back to the first.
 ExceptionFocus NextFocus(ExceptionFocus from);
 
-/// The messages about lines that were not read: one for all unknown months, with the lines, and
-/// one for too many lines.
-void ShowRefused(const std::vector<RefusedException>& refused, Prompts& prompts,
-                 const LanguageTexts& texts);
+/// The message of a refused line, with the information icon.
+void ShowRefused(const RefusedException& refused, Prompts& prompts, const LanguageTexts& texts);
 
 /// A date or time that was refused; something else was stored in its place.
 struct WrongEntry {
@@ -49,7 +48,6 @@ void ShowWrong(const std::vector<WrongEntry>& wrong, Prompts& prompts, const Lan
 /// of the boxes are windows-1252.
 class ExceptionEditor {
  public:
-  enum class Access { Edit, ViewOnly };
   using Clock = std::function<Moment()>;  // the local date and time
 
   /// `lines` is the catalogue as fetched. With `ViewOnly`, and for an owner without a name (a root
@@ -61,6 +59,8 @@ class ExceptionEditor {
   /// The lines that were not read, to be shown with `ShowRefused` when the editor opens.
   const std::vector<RefusedException>& Refused() const { return refused_; }
   bool ViewOnly() const { return access_ == Access::ViewOnly; }
+  /// Counts lines that did not even arrive among those that saving would lose.
+  void CountLost(std::size_t lines) { linesLost_ += lines; }
 
   std::size_t Row() const { return row_; }  // the one that Erase works on, 0 to 7
   void FocusRow(std::size_t row);
@@ -79,8 +79,8 @@ class ExceptionEditor {
   std::size_t Erase();
 
   /// Builds the lines by the settings that `numbers` reads and has them written (see
-  /// `SaveWithRetry`); true when they were written.
-  bool Save(const CatalogueWriter& writer, const NumberReader& numbers) const;
+  /// `SaveWithRetry`).
+  SaveOutcome Save(const CatalogueWriter& writer, const NumberReader& numbers) const;
 
  private:
   Moment TakeMoment(const std::string& date, const std::string& time,

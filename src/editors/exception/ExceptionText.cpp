@@ -9,6 +9,7 @@
 #include "editors/CatalogueDate.h"
 #include "editors/CatalogueLimits.h"
 #include "editors/CatalogueLine.h"
+#include "editors/LineChecks.h"
 #include "editors/LineNumbers.h"
 #include "editors/exception/ExceptionCells.h"
 #include "lang/TextNumbers.h"
@@ -36,7 +37,7 @@ enum class Fate {
 Fate FateOf(std::string_view line, const ExceptionOwner& owner) {
   const std::size_t star = line.find('*');
   const bool starred = star != std::string_view::npos;
-  // Column 8 is where a name begins on a ZEK1, which is why a "*" there is let through.
+  // In columns 8, 16 and so on it is let through: a name on a ZEK1 begins in one of them.
   if (starred && (star + 1) % 8 != 0) return Fate::Dropped;
   if (IsModern(owner) || Trim(GetField(line, 1, kFieldMark)) == LineName(owner.name)) {
     return Fate::Own;
@@ -56,57 +57,82 @@ std::optional<Moment> DateAt(std::string_view field, std::size_t column, Generat
   if (!month || day < 1 || day > longestMonth || yearText.empty()) return std::nullopt;
   if (yearText[0] < '0' || yearText[0] > '9') return std::nullopt;
   if (!modern) year += year < 90 ? 2000 : 1900;
-  if (modern && year < kModernYears.first) return std::nullopt;
+  const auto [first, last] = modern ? kModernYears : kOldYears;
+  if (year < first || year > last) return std::nullopt;
   return DateMoment(year, *month + 1, day);
 }
 
-Moment TimeAt(std::string_view field, std::size_t column) {
-  const auto number = [field](std::size_t from) { return std::max(NumberAt(field, from, 2), 0.0); };
-  return TimeMoment(number(column), number(column + 3));
+// The time HH:MM at a column; text that is no number reads as 0, a time that no day has is none.
+std::optional<Moment> TimeAt(std::string_view field, std::size_t column) {
+  constexpr double lastHour = 24;
+  constexpr double minutesOfHour = 60;
+  const double hours = NumberAt(field, column, 2);
+  const double minutes = NumberAt(field, column + 3, 2);
+  if (hours > lastHour || minutes >= minutesOfHour) return std::nullopt;
+  return TimeMoment(std::max(hours, 0.0), std::max(minutes, 0.0));
 }
 
-bool HasRangeAt(std::string_view field, std::size_t column) {
-  return FromColumn(field, column).starts_with(kRangeMark);
+// Whether a second date or time stands behind the first one, which ends before a column. Nothing
+// when something else stands there: moved by a column, a stop would be lost without a word.
+std::optional<bool> HasRangeAt(std::string_view field, std::size_t column) {
+  const std::string_view rest = FromColumn(field, column);
+  if (rest.starts_with(kRangeMark)) return true;
+  if (Trim(rest).empty()) return false;
+  return std::nullopt;
 }
 
-// The moments of a line from its field 2 on; nothing when a date is none.
-std::optional<OvcRow> OldMoments(std::string_view field) {
+std::optional<Moment> OldMomentAt(std::string_view field, std::size_t column) {
   constexpr std::size_t timeColumn = 10;  // of DD-MON-YY,HH:MM
+  const auto date = DateAt(field, column, Generation::Zek1);
+  const auto time = TimeAt(field, column + timeColumn);
+  return date && time ? std::optional(*date + *time) : std::nullopt;
+}
+
+// The moments of a ZEK1 line's field 2; nothing when one of them is none.
+std::optional<OvcRow> OldMoments(std::string_view field) {
   constexpr std::size_t rangeColumn = 15;
   constexpr std::size_t stopColumn = 17;
-  OvcRow row{true};
-  const auto start = DateAt(field, 0, Generation::Zek1);
-  if (!start) return std::nullopt;
-  row.start = *start + TimeAt(field, timeColumn);
-  if (!HasRangeAt(field, rangeColumn)) return row;
-  const auto stop = DateAt(field, stopColumn, Generation::Zek1);
-  if (!stop) return std::nullopt;
-  row.stop = *stop + TimeAt(field, stopColumn + timeColumn);
+  const auto start = OldMomentAt(field, 0);
+  const auto hasStop = HasRangeAt(field, rangeColumn);
+  if (!start || !hasStop) return std::nullopt;
+  OvcRow row{true, *start};
+  if (!*hasStop) return row;
+  const auto stop = OldMomentAt(field, stopColumn);
+  if (!stop || !Trim(FromColumn(field, stopColumn + rangeColumn)).empty()) return std::nullopt;
+  row.stop = *stop;
   return row;
 }
 
+// The same of a ZEK2 line's dates and times.
 std::optional<OvcRow> ModernMoments(std::string_view dates, std::string_view times) {
   constexpr std::size_t rangeColumn = 11;
   constexpr std::size_t stopColumn = 13;
-  constexpr std::size_t stopTimeColumn = 7;
-  OvcRow row{true};
+  constexpr std::size_t stopTimeColumn = kTimeLength + kRangeMark.size();
   const auto start = DateAt(dates, 0, Generation::Zek2);
-  if (!start) return std::nullopt;
-  row.start = *start + TimeAt(times, 0);
-  row.stop = std::min(TimeAt(times, stopTimeColumn), Moment{kMinutesOfDay});
-  if (!HasRangeAt(dates, rangeColumn)) return row;
+  const auto startTime = TimeAt(times, 0);
+  const auto stopTime = TimeAt(times, stopTimeColumn);
+  const auto hasStop = HasRangeAt(dates, rangeColumn);
+  if (!start || !startTime || !stopTime || !hasStop || !HasRangeAt(times, kTimeLength)) {
+    return std::nullopt;
+  }
+  OvcRow row{true, *start + *startTime, std::min(*stopTime, Moment{kMinutesOfDay})};
+  if (!*hasStop) return row;
   const auto stop = DateAt(dates, stopColumn, Generation::Zek2);
-  if (!stop) return std::nullopt;
-  row.stop = *stop + TimeAt(times, stopTimeColumn);
+  if (!stop || !Trim(FromColumn(dates, stopColumn + rangeColumn)).empty()) return std::nullopt;
+  row.stop = *stop + *stopTime;
   return row;
 }
 
-// The exception in one of the owner's lines; nothing when a date is none.
+// The exception in one of the owner's lines; nothing when a date or time is none, or a field is
+// missing: a stop value that was cut off must not be sent as 0.
 std::optional<OvcRow> ParseLine(std::string_view line, Generation generation) {
   constexpr std::size_t modernDateColumn = 6;
+  const bool modern = generation == Generation::Zek2;
+  const auto marks = std::count(line.begin(), line.end(), kFieldMark.front());
+  if (marks < (modern ? 3 : 4)) return std::nullopt;
   std::string_view rest = line;
   std::optional<OvcRow> row;
-  if (generation == Generation::Zek2) {
+  if (modern) {
     rest = FromColumn(rest, modernDateColumn);
     const std::string_view dates = TakeColumns(rest);
     row = ModernMoments(dates, TakeColumns(rest));
@@ -192,8 +218,7 @@ class ExceptionBuilder {
 
   std::string OldPart(const OvcRow& row, int number) const {
     std::string line(kOldBlank);
-    const std::string digits = std::to_string(number);
-    Put(line, kNumberWidth - digits.size(), digits);
+    PutNumberBefore(line, kNumberWidth, number);
     Put(line, 7, LineName(owner_.name));
     const std::size_t column = PutMoment(line, 20, row.start);
     if (row.HasStopDate()) PutMoment(line, Put(line, column, kRangeMark), row.stop);
@@ -213,17 +238,9 @@ class ExceptionBuilder {
     const auto place = [&row] {
       return DateText(row.start) + " " + ClockText(TimeOfDay(row.start));
     };
-    if (lines_.size() >= kMaxCatalogueLines) {
-      return BuildError{text::kCatalogueFull, {std::to_string(kMaxCatalogueLines), place(), {}}};
-    }
-    if (number > kLargestLineNumber) {
-      return BuildError{text::kLineNumberTooLarge,
-                        {std::to_string(number), std::to_string(kLargestLineNumber), {}}};
-    }
-    if (number < 0) return BuildError{text::kLineNumberTooSmall, {std::to_string(number), {}, {}}};
-    if (valueOn.size() > ValueWidth()) {
-      return BuildError{text::kValueTooLong, {valueOn, place(), std::to_string(ValueWidth())}};
-    }
+    if (auto error = CheckLine(lines_.size(), number, kLargestLineNumber, place)) return error;
+    if (number < 1) return BuildError{text::kLineNumberTooSmall, {std::to_string(number), {}, {}}};
+    if (auto error = CheckValue(valueOn, ValueWidth(), place)) return error;
     // A stop below 0 is a date as well, one that the boxes can't show.
     const bool hasStop = row.HasStopDate() || row.stop < 0;
     if (auto error = CheckYear(row.start)) return error;
@@ -251,8 +268,7 @@ ExceptionReading ReadExceptions(std::span<const std::string> lines, const Except
   ExceptionReading reading;
   std::size_t used = 0;
   bool full = false;
-  for (std::size_t index = 0; index < lines.size(); ++index) {
-    const std::string& line = lines[index];
+  for (const std::string& line : lines) {
     const Fate fate = FateOf(line, owner);
     if (fate == Fate::Kept) continue;
     if (fate == Fate::Own && !full) {
@@ -262,8 +278,8 @@ ExceptionReading ReadExceptions(std::span<const std::string> lines, const Except
         reading.table.rows.at(used++) = *row;
         continue;
       }
-      const std::int32_t reason = full ? text::kExceptionsFull : text::kNoDate;
-      reading.refused.push_back({reason, line, index});
+      const std::int32_t reason = full ? text::kExceptionsFull : text::kExceptionRefused;
+      reading.refused.push_back({reason, line});
     }
     ++reading.linesLost;
   }

@@ -44,9 +44,9 @@ struct ExceptionOwner {
 
 /// A line that was not read.
 struct RefusedException {
-  std::int32_t text = 0;  // text::kNoDate or, for the one that was too many, kExceptionsFull
+  std::int32_t text =
+      0;  // text::kExceptionRefused or, for the one that was too many, kExceptionsFull
   std::string line;
-  std::size_t index = 0;
 
   bool operator==(const RefusedException&) const = default;
 };
@@ -60,9 +60,9 @@ struct ExceptionReading {
 };
 
 /// Reads the owner's lines. A line whose first "*" stands in a column that is no multiple of 8 is
-/// not read; a line with a date that is none (an unknown month, a day 0, no year) is refused. The
-/// line after the eighth ends the reading. Text that is no number reads as 0, a stop time without a
-/// date beyond 24:00 as 24:00.
+/// not read; a line that lacks a field or has a date or time that is none (an unknown month, a day
+/// 0, no year) is refused. The line after the eighth ends the reading. Text that is no number reads
+/// as 0, a stop time without a date beyond 24:00 as 24:00.
 ExceptionReading ReadExceptions(std::span<const std::string> lines, const ExceptionOwner& owner);
 
 /// The catalogue that follows on `lines`, the old one: on a ZEK1 first the lines of the others,

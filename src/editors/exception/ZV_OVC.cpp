@@ -26,7 +26,7 @@ Moment Now() {
 ZV_OVC::ZV_OVC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, ExceptionEditor& editor,
                const PickList& pickList)
     : EditorForm(parent, proc, turn, Catalogue::Ovc,
-                 {"ZV_OVC", text::kExceptionTitle, editor.ViewOnly()}),
+                 {"ZV_OVC", text::kExceptionTitle, editor.ViewOnly(), true}),
       editor_(editor) {
   Build(pickList);
   Arrange();
@@ -72,25 +72,27 @@ void ZV_OVC::Erase() {
   grid_->Focus({ExceptionBox::DateOn, next});
 }
 
-bool ZV_OVC::SaveTable(const CatalogueWriter& write) {
+SaveOutcome ZV_OVC::SaveTable(const CatalogueWriter& write) {
   // What has taken the place of a wrong date is to be seen before it is sent.
-  return !grid_->TellWrong() && editor_.Save(write, proc_.Numbers());
+  if (grid_->TellWrong()) return SaveOutcome::NotTried;
+  return editor_.Save(write, proc_.Numbers());
 }
 
 void ShowExceptionForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
-  using Access = ExceptionEditor::Access;
   const Topic& object = proc.topics[proc.selection.CurrentObject];
   const char separator = proc.settings.DecimalSeparator;
   // The editor outlives its form, which may go with its parent in the middle of a save.
   ExceptionEditor editor(proc.transfer.CatalogueLines,
                          {proc.selection.TscName, object.ControllerGeneration()}, separator,
                          proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit, Now);
+  editor.CountLost(static_cast<std::size_t>(proc.transfer.LinesDropped));
   const PickList pickList =
       ReadPickList(proc.outside.profile, proc.selection.PickListTable, separator);
   ShowEditorForm(new ZV_OVC(parent, proc, turn, editor, pickList), proc,
                  [&proc, pickList, refused = editor.Refused()] {
                    TellCut(pickList, proc.outside.prompts, proc.texts);
-                   ShowRefused(refused, proc.outside.prompts, proc.texts);
+                   for (const RefusedException& each : refused)
+                     ShowRefused(each, proc.outside.prompts, proc.texts);
                  });
 }
 

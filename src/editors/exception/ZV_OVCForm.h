@@ -21,7 +21,7 @@ class ZV_OVC final : public EditorForm {
   void Erase();
 
   void TakeEntry() override { grid_->TakeEntry(); }
-  bool SaveTable(const CatalogueWriter& write) override;
+  SaveOutcome SaveTable(const CatalogueWriter& write) override;
   void FocusEntry() override { grid_->FocusLast(); }
   bool TakeKey(int key) override { return grid_->TakeKey(key); }
 

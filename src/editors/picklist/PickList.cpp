@@ -35,6 +35,11 @@ PickList ReadPickList(const Profile& profile, std::int32_t table, char decimalSe
   return list;
 }
 
+PickList WithoutDefault(PickList list) {
+  if (!list.items.empty()) list.items.erase(list.items.begin());
+  return list;
+}
+
 void TellCut(const PickList& list, Prompts& prompts, const LanguageTexts& texts) {
   if (list.cutLength == 0) return;
   prompts.Show(Icon::Information, SectionCutMessage(texts, list.section, list.cutLength));

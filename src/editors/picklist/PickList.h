@@ -40,6 +40,9 @@ struct PickList {
 /// number is 0. Table 0 is none.
 PickList ReadPickList(const Profile& profile, std::int32_t table, char decimalSeparator);
 
+/// The list for a value that is never none.
+PickList WithoutDefault(PickList list);
+
 /// Tells of a section that was cut.
 void TellCut(const PickList& list, Prompts& prompts, const LanguageTexts& texts);
 

@@ -25,14 +25,13 @@ void ShowPickList(wxTextCtrl& box, const PickList& list, const Choose& choose,
                   const wxPoint& place) {
   wxMenu Menu_Popup;
   const std::string text = FromWx(box.GetValue());
-  const int first = wxWindow::NewControlId(static_cast<int>(list.items.size()));
+  constexpr int first = wxID_HIGHEST + 1;
   for (std::size_t i = 0; i < list.items.size(); ++i) {
     const PickListItem& item = list.items[i];
     Menu_Popup.AppendCheckItem(first + static_cast<int>(i), Label(item))->Check(item.IsIn(text));
   }
   const wxWeakRef<wxTextCtrl> alive(&box);
   const int chosen = box.GetPopupMenuSelectionFromUser(Menu_Popup, place);
-  wxWindow::UnreserveControlId(first, static_cast<int>(list.items.size()));
   if (!alive || chosen == wxID_NONE) return;
   choose(list.items.at(static_cast<std::size_t>(chosen - first)).value);
   if (alive) box.SelectAll();
@@ -49,10 +48,10 @@ bool IsPickListKey(const wxKeyEvent& event) {
 
 void OfferPickList(wxTextCtrl& box, const PickList& list, const LanguageTexts& texts,
                    Choose choose) {
-  if (list.items.empty()) return;
+  if (list.items.empty() || !box.IsEditable()) return;
   box.SetToolTip(ToWx(texts.Text(text::kPickListHint)));
   const auto show = [&box, &list, choose = std::move(choose)](const wxPoint& place) {
-    if (box.IsEditable()) ShowPickList(box, list, choose, place);
+    ShowPickList(box, list, choose, place);
   };
   // Once the click has been handled: it moves the text cursor, and the mouse is still caught.
   box.Bind(wxEVT_LEFT_UP, [&box, show](wxMouseEvent& event) {
@@ -66,6 +65,9 @@ void OfferPickList(wxTextCtrl& box, const PickList& list, const LanguageTexts& t
       event.Skip();
     }
   });
+  // The menu key would bring the box's own menu as well; the mouse still does.
+  box.Bind(wxEVT_CONTEXT_MENU,
+           [](wxContextMenuEvent& event) { event.Skip(event.GetPosition() != wxDefaultPosition); });
 }
 
 }  // namespace zek

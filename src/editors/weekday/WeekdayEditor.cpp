@@ -30,10 +30,10 @@ WeekdayFocus NextFocus(WeekdayFocus from) {
 
 void ShowRefused(const RefusedLine& refused, Prompts& prompts, const LanguageTexts& texts) {
   const std::string message = texts.Text(refused.text);
-  if (refused.text == text::kDayUnknown) {
-    prompts.Show(Icon::Information, message + " (" + refused.line + ")");
-  } else {
+  if (refused.text == text::kDayFull) {
     prompts.Show(Icon::None, message);
+  } else {
+    prompts.Show(Icon::Information, message + " (" + refused.line + ")");
   }
 }
 
@@ -115,9 +115,9 @@ std::size_t WeekdayEditor::Erase() {
   return column_;
 }
 
-bool WeekdayEditor::Save(const CatalogueWriter& writer, Prompts& prompts,
-                         const LanguageTexts& texts) const {
-  if (ViewOnly()) return false;
+SaveOutcome WeekdayEditor::Save(const CatalogueWriter& writer, Prompts& prompts,
+                                const LanguageTexts& texts) const {
+  if (ViewOnly()) return SaveOutcome::NotTried;
   const BuiltLines built =
       BuildWeekday(table_, name_, lines_, BuildStart::Afresh, decimalSeparator_);
   constexpr RetryTexts retry{text::kWeekdayRetry, text::kWeekdayRetryTitle};

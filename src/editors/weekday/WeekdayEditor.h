@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/Prompts.h"
+#include "editors/Access.h"
 #include "editors/SaveWithRetry.h"
 #include "editors/weekday/WeekdayTable.h"
 #include "editors/weekday/WeekdayText.h"
@@ -36,8 +37,6 @@ void ShowRefused(const RefusedLine& refused, Prompts& prompts, const LanguageTex
 /// seven days of a type. Texts of the boxes are windows-1252.
 class WeekdayEditor {
  public:
-  enum class Access { Edit, ViewOnly };
-
   /// `lines` is the catalogue as fetched, `name` the time control's name; a root node has none,
   /// and its editor shows the lines without a name. With `ViewOnly` nothing can be changed or
   /// saved.
@@ -48,6 +47,8 @@ class WeekdayEditor {
   /// The line at which reading stopped, to be shown with `ShowRefused` when the editor opens.
   const std::optional<RefusedLine>& Refused() const { return refused_; }
   bool ViewOnly() const { return access_ == Access::ViewOnly; }
+  /// Counts lines that did not even arrive among those that saving would lose.
+  void CountLost(std::size_t lines) { linesLost_ += lines; }
   /// False for "PLT" time controls, whose lines hold no stop value: entries are not taken.
   bool HasStopValues() const;
 
@@ -81,8 +82,9 @@ class WeekdayEditor {
   /// Empties the focused column's row and makes the next column the focused one, as `Copy` does.
   std::size_t Erase();
 
-  /// Builds the lines and has them written (see `SaveWithRetry`); true when they were written.
-  bool Save(const CatalogueWriter& writer, Prompts& prompts, const LanguageTexts& texts) const;
+  /// Builds the lines and has them written (see `SaveWithRetry`).
+  SaveOutcome Save(const CatalogueWriter& writer, Prompts& prompts,
+                   const LanguageTexts& texts) const;
 
  private:
   WeekdayRow& Cells(std::size_t column) { return table_.days[type_ * kDaysOfType + column][row_]; }

@@ -11,6 +11,7 @@
 #include "editors/CatalogueLimits.h"
 #include "editors/CatalogueLine.h"
 #include "editors/DayKeys.h"
+#include "editors/LineChecks.h"
 #include "editors/LineNumbers.h"
 #include "editors/weekday/WeekdayCells.h"
 #include "lang/TextNumbers.h"
@@ -125,6 +126,10 @@ std::optional<std::array<std::size_t, kWeekdayDays>> FreeRows(const WeekdayTable
 std::optional<std::int32_t> StoreLine(WeekdayTable& table, std::string_view rest, bool plt) {
   const std::optional<DayRange> range = ParseDays(TakeField(rest));
   if (!range) return text::kDayUnknown;
+  // Times and values; a stop value that was cut off must not be sent as 0.
+  if (std::count(rest.begin(), rest.end(), kFieldMark.front()) < (plt ? 1 : 2)) {
+    return text::kLineIncomplete;
+  }
   // All days are looked at before one is filled: a line is stored whole or not at all.
   const auto rows = FreeRows(table, *range);
   if (!rows) return text::kDayFull;
@@ -227,20 +232,10 @@ class WeekdayBuilder {
 
   std::optional<BuildError> Check(DayRange days, const WeekdayRow& row, const std::string& valueOn,
                                   int number) const {
-    if (lines_.size() >= kMaxCatalogueLines) {
-      return BuildError{text::kCatalogueFull,
-                        {std::to_string(kMaxCatalogueLines), PlaceOf(days, row), {}}};
-    }
+    const auto place = [&] { return PlaceOf(days, row); };
     const int largest = owner_.plt ? kLargestPltLineNumber : kLargestLineNumber;
-    if (number > largest) {
-      return BuildError{text::kLineNumberTooLarge,
-                        {std::to_string(number), std::to_string(largest), {}}};
-    }
-    const std::size_t width = owner_.plt ? kPltValueWidth : kValueWidth;
-    if (valueOn.size() > width) {
-      return BuildError{text::kValueTooLong, {valueOn, PlaceOf(days, row), std::to_string(width)}};
-    }
-    return std::nullopt;
+    if (auto error = CheckLine(lines_.size(), number, largest, place)) return error;
+    return CheckValue(valueOn, owner_.plt ? kPltValueWidth : kValueWidth, place);
   }
 
   Owner owner_;
@@ -256,14 +251,13 @@ WeekdayReading ReadWeekday(std::span<const std::string> lines, std::string_view 
   const Owner owner(name);
   WeekdayReading reading;
   std::optional<int> firstNumber;
-  for (std::size_t index = 0; index < lines.size(); ++index) {
-    const std::string& line = lines[index];
+  for (const std::string& line : lines) {
     const std::optional<std::string_view> rest = OwnPart(line, owner);
     if (!rest) continue;
     if (!firstNumber) firstNumber = LineNumber(line);
     if (!reading.refused) {
       const auto reason = StoreLine(reading.table, *rest, owner.plt);
-      if (reason) reading.refused = RefusedLine{*reason, line, index};
+      if (reason) reading.refused = RefusedLine{*reason, line};
     }
     if (reading.refused) ++reading.linesLost;
   }

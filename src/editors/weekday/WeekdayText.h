@@ -35,9 +35,8 @@ namespace zek {
 
 /// The line at which reading stopped.
 struct RefusedLine {
-  std::int32_t text = 0;  // text::kDayUnknown or text::kDayFull
+  std::int32_t text = 0;  // text::kDayUnknown, text::kLineIncomplete or text::kDayFull
   std::string line;
-  std::size_t index = 0;
 
   bool operator==(const RefusedLine&) const = default;
 };

@@ -36,17 +36,17 @@ void ZV_WDC::Change(std::size_t (WeekdayEditor::*change)()) {
   grid_->FocusStart(column);
 }
 
-bool ZV_WDC::SaveTable(const CatalogueWriter& write) {
+SaveOutcome ZV_WDC::SaveTable(const CatalogueWriter& write) {
   return editor_.Save(write, proc_.outside.prompts, proc_.texts);
 }
 
 void ShowWeekdayForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
-  using Access = WeekdayEditor::Access;
   // The node of a whole object has no name: its editor owns none of the lines it would replace.
   const bool viewOnly = proc.settings.ViewOnly || proc.selection.TscName.empty();
   // The editor outlives its form, which may go with its parent in the middle of a save.
   WeekdayEditor editor(proc.transfer.CatalogueLines, proc.selection.TscName,
                        proc.settings.DecimalSeparator, viewOnly ? Access::ViewOnly : Access::Edit);
+  editor.CountLost(static_cast<std::size_t>(proc.transfer.LinesDropped));
   const PickList pickList = ReadPickList(proc.outside.profile, proc.selection.PickListTable,
                                          proc.settings.DecimalSeparator);
   ShowEditorForm(new ZV_WDC(parent, proc, turn, editor, pickList), proc,

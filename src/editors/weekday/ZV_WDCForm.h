@@ -29,7 +29,7 @@ class ZV_WDC final : public EditorForm {
   void Change(std::size_t (WeekdayEditor::*change)());
 
   void TakeEntry() override { grid_->TakeEntry(); }
-  bool SaveTable(const CatalogueWriter& write) override;
+  SaveOutcome SaveTable(const CatalogueWriter& write) override;
   void FocusEntry() override { grid_->FocusStart(editor_.Column()); }
   bool TakeKey(int key) override { return grid_->TakeKey(key); }
 

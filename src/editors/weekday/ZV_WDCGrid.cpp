@@ -1,5 +1,7 @@
 #include "editors/weekday/ZV_WDCGrid.h"
 
+#include <utility>
+
 #include <wx/settings.h>
 #include <wx/sizer.h>
 
@@ -24,11 +26,12 @@ std::size_t Place(WeekdayBox box) { return static_cast<std::size_t>(box); }
 }  // namespace
 
 WeekdayGrid::WeekdayGrid(wxWindow* parent, WeekdayEditor& editor, const LanguageTexts& texts,
-                         const PickList& pickList, std::function<void()> changed)
+                         PickList pickList, std::function<void()> changed)
     : wxPanel(parent),
       editor_(editor),
       texts_(texts),
-      pickList_(pickList),
+      startValues_(WithoutDefault(pickList)),
+      stopValues_(std::move(pickList)),
       changed_(std::move(changed)),
       rowLabel_(new wxStaticText(this, wxID_ANY, {})),
       strip_(new RowStrip(this, [this](std::size_t row) { GoToRow(row); })) {
@@ -77,10 +80,11 @@ wxTextCtrl* WeekdayGrid::NewBox(WeekdayFocus at) {
     if (IsShownOnScreen()) TakeText(at);  // a closed form has no editor any more
     event.Skip();
   });
-  if (at.box == WeekdayBox::ValueOn || at.box == WeekdayBox::ValueOff) {
-    OfferPickList(*box, pickList_, texts_,
-                  [this, at](const std::string& typed) { Enter(at, typed); });
-  }
+  const auto offer = [&](const PickList& list) {
+    OfferPickList(*box, list, texts_, [this, at](const std::string& typed) { Enter(at, typed); });
+  };
+  if (at.box == WeekdayBox::ValueOn) offer(startValues_);
+  if (at.box == WeekdayBox::ValueOff) offer(stopValues_);
   return box;
 }
 

@@ -22,7 +22,7 @@ class WeekdayGrid final : public wxPanel {
  public:
   /// `pickList` is offered on the value boxes. `changed` is called after every change of the table.
   WeekdayGrid(wxWindow* parent, WeekdayEditor& editor, const LanguageTexts& texts,
-              const PickList& pickList, std::function<void()> changed);
+              PickList pickList, std::function<void()> changed);
 
   /// Shows the editor's type, row and focused column.
   void ShowCells();
@@ -57,7 +57,8 @@ class WeekdayGrid final : public wxPanel {
 
   WeekdayEditor& editor_;
   const LanguageTexts& texts_;
-  const PickList& pickList_;
+  PickList startValues_;  // a start value is never none
+  PickList stopValues_;
   std::function<void()> changed_;
   wxStaticText* rowLabel_;
   RowStrip* strip_;

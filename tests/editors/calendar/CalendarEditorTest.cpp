@@ -13,7 +13,6 @@ namespace zek {
 namespace {
 
 using Lines = std::vector<std::string>;
-using Access = CalendarEditor::Access;
 using test::ScriptedPrompts;
 
 constexpr CalendarYears kYears{Generation::Zek1, 30, 2030};
@@ -215,7 +214,7 @@ struct CalendarSaveTest : CalendarEditorTest {
       written.push_back(lines);
       return written.size() > failures;
     };
-    return editor.Save(writer, prompts, texts);
+    return editor.Save(writer, prompts, texts) == SaveOutcome::Written;
   }
 
   std::vector<Lines> written;

@@ -14,7 +14,7 @@ namespace {
 using Lines = std::vector<std::string>;
 using Box = ExceptionBox;
 using test::ScriptedPrompts;
-constexpr auto kEdit = ExceptionEditor::Access::Edit;
+constexpr auto kEdit = Access::Edit;
 
 const Lines kLines = {"    1 !T           !24-DEC-26,08:00..26-DEC-26,17:00       !21       !16"};
 
@@ -22,7 +22,7 @@ const Lines kLines = {"    1 !T           !24-DEC-26,08:00..26-DEC-26,17:00     
 Moment Now() { return DateMoment(2026, 8, 1) + TimeMoment(13, 30); }
 
 ExceptionEditor Editor(const Lines& lines = kLines, Generation generation = Generation::Zek1,
-                       const std::string& name = "T", ExceptionEditor::Access access = kEdit) {
+                       const std::string& name = "T", Access access = kEdit) {
   return {lines, {name, generation}, '.', access, Now};
 }
 
@@ -80,7 +80,7 @@ TEST(ExceptionCells, TimesAsTyped) {
   const std::vector<std::pair<std::string, int>> cases = {
       {"08:15", 495}, {"0815", 495}, {"24:00", 1440}, {"24:59", 1499}, {"24:60", -1},
       {"25:00", -1},  {"2500", -1},  {"", 0},         {"8", 480},      {"07", 420},
-      {"ab:cd", 0},   {"815", -1},   {"-1:30", -1},   {"1e99", -1}};
+      {"ab:cd", -1},  {"7:30", 450}, {"815", -1},     {"-1:30", -1},   {"1e99", -1}};
   for (const auto& [typed, minutes] : cases)
     EXPECT_EQ(TypedExceptionTime(typed).value_or(-1), minutes) << typed;
 }
@@ -124,17 +124,12 @@ TEST(ExceptionEditor, MessagesNameWhatWasTyped) {
 
   prompts.shown.clear();
   LanguageTexts texts;
-  texts.Read("161=full\n670=months %1\n");
-  Lines lines = {"1!T!24-XXX-26!", "2!T!24-DEC-26!"};
-  ShowRefused(Editor(lines).Refused(), prompts, texts);
-  EXPECT_EQ(prompts.shown, Lines{"i months 1\r\n" + lines[0]});
-  lines.insert(lines.end(), 11, lines[0]);
+  texts.Read("161=full\n670=refused\n");
+  Lines lines = {"1!T!24-XXX-26!1!0", "2!T!24-DEC-26!1!0"};
   lines.insert(lines.end(), 8, lines[1]);
-  ShowRefused(Editor(lines).Refused(), prompts, texts);
-  EXPECT_EQ(prompts.shown.size(), 3U);
-  EXPECT_EQ(prompts.shown[1].substr(0, 13), "i months 12\r\n");
-  EXPECT_EQ(prompts.shown[1].substr(prompts.shown[1].size() - 5), "\r\n...");
-  EXPECT_EQ(prompts.shown[2], "i full");
+  const ExceptionEditor editor = Editor(lines);
+  for (const RefusedException& each : editor.Refused()) ShowRefused(each, prompts, texts);
+  EXPECT_EQ(prompts.shown, (Lines{"i refused (" + lines[0] + ")", "i full"}));
 }
 
 TEST(ExceptionEditor, AnEmptyStartDateClearsTheRow) {
@@ -189,7 +184,7 @@ TEST(ExceptionEditor, WalkingOverTheRowsChangesNothing) {
 }
 
 struct SaveExceptionsTest : testing::Test {
-  bool Save(const ExceptionEditor& editor, int failures = 0) {
+  SaveOutcome Save(const ExceptionEditor& editor, int failures = 0) {
     const auto writer = [this, failures](const Lines& lines) {
       written.push_back(lines);
       return written.size() > static_cast<std::size_t>(failures);
@@ -204,19 +199,19 @@ struct SaveExceptionsTest : testing::Test {
 
 TEST_F(SaveExceptionsTest, RepeatsAFailedWriteAsLongAsWanted) {
   prompts.answers = {true, true};
-  EXPECT_TRUE(Save(Editor(), 2));
+  EXPECT_EQ(Save(Editor(), 2), SaveOutcome::Written);
   EXPECT_EQ(written, (std::vector<Lines>{kLines, kLines, kLines}));
   EXPECT_EQ(prompts.shown, (Lines{"q? T159", "q? T159"}));
   prompts.answers = {false};
-  EXPECT_FALSE(Save(Editor(), 9));
+  EXPECT_EQ(Save(Editor(), 9), SaveOutcome::GivenUp);
 }
 
 TEST_F(SaveExceptionsTest, AsksBeforeLinesAreLost) {
   const Lines lines = {kLines[0], "2!T!24-XXX-26!", "3!U!24-DEC-26! *"};
   prompts.answers = {false, true};
-  EXPECT_FALSE(Save(Editor(lines)));
+  EXPECT_EQ(Save(Editor(lines)), SaveOutcome::NotTried);
   EXPECT_TRUE(written.empty());
-  EXPECT_TRUE(Save(Editor(lines)));
+  EXPECT_EQ(Save(Editor(lines)), SaveOutcome::Written);
   EXPECT_EQ(written, std::vector<Lines>{kLines});
   EXPECT_EQ(prompts.shown, (Lines{"x? T650", "x? T650"}));
 }
@@ -224,9 +219,9 @@ TEST_F(SaveExceptionsTest, AsksBeforeLinesAreLost) {
 TEST_F(SaveExceptionsTest, WritesNothingThatCannotBeBuiltOrNumbered) {
   ExceptionEditor editor = Editor();
   Type(editor, 0, {{Box::DateOn, "2090-01-01"}});
-  EXPECT_FALSE(Save(editor));
+  EXPECT_EQ(Save(editor), SaveOutcome::NotTried);
   ASSERT_FALSE(session.profile.WriteIni("SaveOptionsZEK1", "OVCStartRow", "40000"));
-  EXPECT_FALSE(Save(Editor()));
+  EXPECT_EQ(Save(Editor()), SaveOutcome::NotTried);
   EXPECT_TRUE(written.empty());
   EXPECT_EQ(prompts.shown.size(), 2U);
   EXPECT_EQ(prompts.shown[0], "x T673");
@@ -235,15 +230,14 @@ TEST_F(SaveExceptionsTest, WritesNothingThatCannotBeBuiltOrNumbered) {
 TEST_F(SaveExceptionsTest, ClearedRowsAreDropped) {
   ExceptionEditor editor = Editor(Lines{"1     24-DEC-2026!08:00..09:00!1!."}, Generation::Zek2);
   Type(editor, 0, {{Box::DateOn, ""}});
-  EXPECT_TRUE(Save(editor));
+  EXPECT_EQ(Save(editor), SaveOutcome::Written);
   EXPECT_EQ(written, std::vector<Lines>{Lines{}});
 }
 
 TEST_F(SaveExceptionsTest, ViewOnlyAndRootNodesChangeNothing) {
   const Lines unnamed = {"1!!24-DEC-26,08:00!1!."};
-  for (ExceptionEditor editor :
-       {Editor(kLines, Generation::Zek1, "T", ExceptionEditor::Access::ViewOnly),
-        Editor(unnamed, Generation::Zek1, "")}) {
+  for (ExceptionEditor editor : {Editor(kLines, Generation::Zek1, "T", Access::ViewOnly),
+                                 Editor(unnamed, Generation::Zek1, "")}) {
     const ExceptionTable before = editor.Table();
     EXPECT_TRUE(before.rows[0].used);
     Type(editor, 0, {{Box::DateOn, ""}});
@@ -251,7 +245,7 @@ TEST_F(SaveExceptionsTest, ViewOnlyAndRootNodesChangeNothing) {
     Type(editor, 0, {{Box::ValueOn, "5"}});
     EXPECT_EQ(editor.Erase(), 0U);
     EXPECT_EQ(editor.Table(), before);
-    EXPECT_FALSE(Save(editor));
+    EXPECT_EQ(Save(editor), SaveOutcome::NotTried);
   }
   EXPECT_TRUE(written.empty() && prompts.shown.empty());
 }

@@ -87,7 +87,7 @@ const std::vector<Case> kCases = {
     {"x",
      kZek2,
      {"1     31-FEB-2026              !00:00..24:00 !1     !.",
-      "2     29-FEB-2024              !24:00..99:99 !1     !.",
+      "2     29-FEB-2024              !24:00..24:00 !1     !.",
       "3     01-JAN-2020..01-JAN-1995 !00:00..24:00 !1     !."},
      "2026-03-03 00:00.. 24:00 1/999999; 2024-03-01 00:00.. 24:00 1/999999; "
      "2020-01-01 00:00..1995-01-02 00:00 1/999999; ",
@@ -97,7 +97,7 @@ const std::vector<Case> kCases = {
     // A time or value that is no number reads as 0.
     {"T",
      kZek1,
-     {"1!T!29-FEB-00,ab:-5..31-DEC-9,x", "2 !T!01-JAN-26!x!y"},
+     {"1!T!29-FEB-00,ab:-5..31-DEC-9,x!x!y", "2 !T!01-JAN-26!x!y"},
      "2026-01-01 00:00..  0/0; 2000-02-29 00:00..2009-12-31 00:00 0/0; ",
      {"    1 !T           !01-JAN-26,00:00                        !0        !0",
       "    2 !T           !29-FEB-00,00:00..31-DEC-09,00:00       !0        !0"}},
@@ -115,7 +115,7 @@ TEST(ExceptionText, ReadsAndBuildsBack) {
   }
 }
 
-TEST(ExceptionText, RefusesDatesThatAreNone) {
+TEST(ExceptionText, RefusesWhatIsNoException) {
   const std::vector<std::tuple<Generation, std::string>> cases = {
       {kZek1, "1!T!24-dec-26,08:00!1!."},
       {kZek1, "1!T!"},
@@ -124,6 +124,14 @@ TEST(ExceptionText, RefusesDatesThatAreNone) {
       {kZek2, "1     24-MAJ-2026!08:00..09:00!1!."},
       {kZek2, "1     24-MAY-2026..24-!08:00..09:00!1!."},
       {kZek2, ""},
+      {kZek1, "1!T!24-DEC-26,08:00!1"},  // without its stop value
+      {kZek2, "1     24-DEC-2026!08:00..09:00!1"},
+      {kZek1, "1!T!24-DEC-26,08:00 ..26-DEC-26,17:00!1!."},  // moved by a column
+      {kZek1, "1!T!24-DEC-26,08:00..26-DEC-26,17:000!1!."},
+      {kZek2, "1     24-DEC-2026 ..26-DEC-2026!08:00..09:00!1!."},
+      {kZek2, "1     24-DEC-2026!08:00 ..09:00!1!."},
+      {kZek1, "1!T!24-DEC-26,25:00!1!."},
+      {kZek2, "1     24-DEC-2026!08:00..09:60!1!."},
       {kZek1, "1!T!00-DEC-26,08:00!1!."},
       {kZek1, "1!T!24-DEC-xx,08:00!1!."},
       {kZek1, "1!T!24-DEC-26,08:00..32-DEC-26,09:00!1!."},
@@ -135,7 +143,7 @@ TEST(ExceptionText, RefusesDatesThatAreNone) {
     const std::string good =
         generation == kZek1 ? "2!T!24-DEC-26,08:00!1!." : "2     24-DEC-2026!08:00!1!.";
     const ExceptionReading reading = ReadExceptions(Lines{line, good}, {"T", generation});
-    EXPECT_EQ(reading.refused, (std::vector<RefusedException>{{text::kNoDate, line, 0}}));
+    EXPECT_EQ(reading.refused, (std::vector<RefusedException>{{text::kExceptionRefused, line}}));
     EXPECT_EQ(reading.linesLost, 1U);
     EXPECT_TRUE(reading.table.rows[0].used);
   }
@@ -171,8 +179,7 @@ TEST(ExceptionText, NinthLineEndsTheReadingUnsorted) {
     lines.push_back(lines[0]);
     lines.emplace_back("1!U!x");  // another's on a ZEK1, of an unknown month on a ZEK2
     const ExceptionReading reading = ReadExceptions(lines, owner);
-    EXPECT_EQ(reading.refused,
-              (std::vector<RefusedException>{{text::kExceptionsFull, lines[8], 8}}));
+    EXPECT_EQ(reading.refused, (std::vector<RefusedException>{{text::kExceptionsFull, lines[8]}}));
     EXPECT_EQ(reading.linesLost, generation == kZek1 ? 3U : 4U);
     EXPECT_EQ(DateOf(reading.table.rows[0].start).day, 1);
     EXPECT_EQ(DateOf(reading.table.rows[7].start).day, 8);
@@ -194,7 +201,7 @@ TEST(ExceptionText, NumbersStart) {
       {{"T", kZek1}, {1, 100}, {"7 !U!", "0 !T!", "-3 !T!", "12 !T!", "5 !T!"}, 12},
       {{"T", kZek1}, {1, 100}, {"7 !T!*"}, 1},
       {{"T", kZek2}, {30, 0}, {"17    x", "4     x"}, 17},
-      {{"T", kZek2}, {0, 0}, {}, 0},
+      {{"T", kZek2}, {0, 0}, {}, -1},  // a line 0 would not be read again
       {{"PLT3", kZek1}, {1, 100}, {"7 !PLT3!"}, 301},
       {{"plt 12", kZek1}, {5, 10}, {}, 125},
       {{"PLT", kZek1}, {1, 100}, {}, 1},

@@ -12,7 +12,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 using test::ScriptedPrompts;
-constexpr auto kEdit = WeekdayEditor::Access::Edit;
+constexpr auto kEdit = Access::Edit;
 
 const Lines kLines = {" 1000 !T           !MO..WE       !07:00..16:30             !21       !17"};
 
@@ -114,7 +114,7 @@ struct SaveTest : testing::Test {
       written.push_back(lines);
       return written.size() > static_cast<std::size_t>(failures);
     };
-    return editor.Save(writer, prompts, texts);
+    return editor.Save(writer, prompts, texts) == SaveOutcome::Written;
   }
 
   LanguageTexts texts;
@@ -161,7 +161,7 @@ TEST_F(SaveTest, EmptyTableWritesAnEmptyCatalogue) {
 }
 
 TEST_F(SaveTest, ViewOnlyChangesNothing) {
-  WeekdayEditor editor(kLines, "T", '.', WeekdayEditor::Access::ViewOnly);
+  WeekdayEditor editor(kLines, "T", '.', Access::ViewOnly);
   const WeekdayTable before = editor.Table();
   editor.EnterStart(0, "8:00");
   editor.EnterStop(0, "");

@@ -78,11 +78,10 @@ const std::vector<Case> kCases = {
       " 2001 !T           !SD1          !07:00                    !1        !."}},
     // What is no number reads as 0; times are kept within the day.
     {"T",
-     {"1!T!MO!ab:cd!x!y", "2!T!TU!99:99..-9:00!1", "3!T!WE"},
-     "MO 0--1 0/0; TU 1440-0 1/0; WE 0--1 0/0; ",
+     {"1!T!MO!ab:cd!x!y", "2!T!TU!99:99..-9:00!1!"},
+     "MO 0--1 0/0; TU 1440-0 1/0; ",
      {"    1 !T           !MO           !00:00                    !0        !0",
-      "    2 !T           !TU           !24:00..00:00             !1        !0",
-      "    3 !T           !WE           !00:00                    !0        !0"}},
+      "    2 !T           !TU           !24:00..00:00             !1        !0"}},
     // A root node has no name, and its lines have none.
     {"",
      {"1!!MO!07:00!1!.", "2!T!MO!07:00!1!."},
@@ -108,9 +107,18 @@ TEST(WeekdayText, RefusesDayKeys) {
     const Lines lines = {"1!T!MO!07:00!1!.", "2!T!" + key + "!07:00!1!.", "3!U!MO!07:00!1!.",
                          "4!T!TU!07:00!1!."};
     const WeekdayReading reading = ReadWeekday(lines, "T");
-    EXPECT_EQ(reading.refused, (RefusedLine{text::kDayUnknown, lines[1], 1}));
+    EXPECT_EQ(reading.refused, (RefusedLine{text::kDayUnknown, lines[1]}));
     EXPECT_EQ(reading.linesLost, 2U);
     EXPECT_EQ(Dump(reading.table), "MO 420--1 1/999999; ");
+  }
+}
+
+TEST(WeekdayText, RefusesLinesWithoutAllTheirFields) {
+  for (const auto& [name, line] : std::vector<std::pair<std::string, std::string>>{
+           {"T", "1!T!WE"}, {"T", "1!T!WE!07:00!1"}, {"PLT1", " 101  MO!07:00"}}) {
+    const WeekdayReading reading = ReadWeekday(Lines{line}, name);
+    EXPECT_EQ(reading.refused, (RefusedLine{text::kLineIncomplete, line}));
+    EXPECT_EQ(reading.table, WeekdayTable());
   }
 }
 
@@ -119,7 +127,7 @@ TEST(WeekdayText, SeventeenthRowIsStoredForNoDay) {
   EXPECT_FALSE(ReadWeekday(lines, "T").refused);
   lines.emplace_back("1!T!MO..WE!08:00!1!.");
   const WeekdayReading reading = ReadWeekday(lines, "T");
-  EXPECT_EQ(reading.refused, (RefusedLine{text::kDayFull, lines.back(), kWeekdayRows}));
+  EXPECT_EQ(reading.refused, (RefusedLine{text::kDayFull, lines.back()}));
   EXPECT_EQ(reading.table.UsedRows(0), kWeekdayRows);
   EXPECT_EQ(reading.linesLost, 1U);
 }
