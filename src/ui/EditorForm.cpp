@@ -111,9 +111,10 @@ void ShowEditorForm(EditorForm* form, ZV_Proc& proc, std::function<void()> opene
   const StatusChain chain(proc.status, [alive] {
     if (alive) alive->ShowStatus();
   });
-  form->CallAfter([form, opened = std::move(opened)] {
-    form->Raise();
+  form->CallAfter([alive, opened = std::move(opened)] {
+    alive->Raise();
     opened();
+    if (alive) alive->FocusEntry();
   });
   form->ShowModal();
   if (alive) form->Destroy();

@@ -22,6 +22,8 @@ class EditorForm : public wxDialog {
  public:
   /// Shows what is transferred and waited for.
   void ShowStatus();
+  /// Puts the focus where it belongs when the form can be used again, ready for an entry.
+  virtual void FocusEntry() = 0;
 
  protected:
   /// A form's own name ("ZV_WDC"), the text of its title (the time control is added), and whether
@@ -39,8 +41,6 @@ class EditorForm : public wxDialog {
   virtual void TakeEntry() {}
   /// Builds the lines and has them written by `write`.
   virtual SaveOutcome SaveTable(const CatalogueWriter& write) = 0;
-  /// Where the focus belongs when the form can be used again.
-  virtual void FocusEntry() = 0;
   /// A key without modifiers; false for one that means nothing to the form.
   virtual bool TakeKey(int /*key*/) { return false; }
 

@@ -32,4 +32,15 @@ wxTextCtrl* NewEntryBox(wxWindow* parent, const std::string& name, const wxStrin
   return box;
 }
 
+void MarkLabel(wxStaticText& heading, bool current) {
+  const auto colour = [current](wxSystemColour of) {
+    return current ? wxSystemSettings::GetColour(of) : wxNullColour;
+  };
+  const wxFont font = heading.GetParent()->GetFont();
+  heading.SetFont(current ? font.Bold() : font);
+  heading.SetForegroundColour(colour(wxSYS_COLOUR_HIGHLIGHTTEXT));
+  heading.SetBackgroundColour(colour(wxSYS_COLOUR_HIGHLIGHT));
+  heading.Refresh();
+}
+
 }  // namespace zek

@@ -58,7 +58,9 @@ void WxPrompts::Show(Icon icon, const std::string& message, const std::string& c
 }
 
 bool WxPrompts::AskYesNo(Icon icon, const std::string& question, const std::string& caption) {
-  return Ask(wxYES_NO | StyleOf(icon), question, caption) == wxID_YES;
+  // Who presses Enter through a row of messages must not agree to a warning.
+  const long standard = icon == Icon::Exclamation ? wxNO_DEFAULT : wxYES_DEFAULT;
+  return Ask(wxYES_NO | standard | StyleOf(icon), question, caption) == wxID_YES;
 }
 
 }  // namespace zek

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include <wx/textctrl.h>
 #include <wx/time.h>
 #include <wx/toplevel.h>
 #include <wx/uiaction.h>
@@ -50,6 +51,20 @@ inline void Click(const wxWindow& window) {
   mouse.MouseMove(window.GetScreenRect().GetPosition() + window.GetSize() / 2);
   mouse.MouseClick();
 }
+
+inline wxTextCtrl& Box(const std::string& name) { return dynamic_cast<wxTextCtrl&>(*Shown(name)); }
+inline std::string Value(const std::string& name) { return Box(name).GetValue().ToStdString(); }
+
+/// A key or click, and the box that has the focus when it has been handled.
+inline void Reach(const std::string& box, const std::function<void()>& by) {
+  by();
+  EXPECT_TRUE(PumpUntil([&] { return HasFocus(box); })) << box;
+}
+inline void Enter(const std::string& next) {
+  Reach(next, [] { Press(WXK_RETURN); });
+}
+inline void Type(const std::string& text) { wxUIActionSimulator().Text(text.c_str()); }
+inline void Escape() { Press(WXK_ESCAPE); }
 
 /// Opens a pick-list and presses keys in it. The menu has a loop of its own, and nothing tells when
 /// it takes keys: by then the time has come.

@@ -11,9 +11,6 @@
 namespace zek::window {
 namespace {
 
-wxTextCtrl& Box(const std::string& name) { return dynamic_cast<wxTextCtrl&>(*Shown(name)); }
-std::string Value(const std::string& name) { return Box(name).GetValue().ToStdString(); }
-
 std::string Row(int row) {
   std::string all;
   for (const char* box :
@@ -22,21 +19,11 @@ std::string Row(int row) {
   return all;
 }
 
-// A key or click, and the box that has the focus when it has been handled.
-void Reach(const std::string& box, const std::function<void()>& by) {
-  by();
-  EXPECT_TRUE(PumpUntil([&] { return HasFocus(box); })) << box;
-}
-void Enter(const std::string& next) {
-  Reach(next, [] { Press(WXK_RETURN); });
-}
-void Type(const std::string& text) { wxUIActionSimulator().Text(text.c_str()); }
 void TypeInto(const std::string& box, const std::string& text) {
   Reach(box, [&] { Click(Box(box)); });
   EXPECT_TRUE(PumpUntil([&] { return Box(box).GetStringSelection() == Box(box).GetValue(); }));
   Type(text);
 }
-void Escape() { Press(WXK_ESCAPE); }
 
 bool InEditor() { return IsActive("ZV_OVC") && HasFocus("Text_DateOn0"); }
 

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <gtk/gtk.h>
 
 #include <wx/datetime.h>
 #include <wx/dialog.h>
@@ -18,6 +19,11 @@ bool InEditor() { return IsActive("ZV_SDC") && HasFocus("Picture_Days"); }
 std::string Label(const std::string& name) { return Shown(name)->GetLabel().ToStdString(); }
 bool IsChosen(const std::string& name) {
   return dynamic_cast<const wxRadioButton&>(*Shown(name)).GetValue();
+}
+// What a screen reader is told of a control.
+std::string Spoken(const std::string& name) {
+  const char* const text = atk_object_get_name(gtk_widget_get_accessible(Shown(name)->GetHandle()));
+  return text == nullptr ? std::string() : text;
 }
 int ThisYear() { return wxDateTime::Today().GetYear(); }
 
@@ -94,6 +100,9 @@ TEST_F(CalendarFormTest, ByMouse) {
           Choose("Option_Day8");
           const int year = ThisYear();
           Drag(PlaceOf(24, 11, year), PlaceOf(26, 11, year));
+          const std::string spoken = Spoken("Picture_Days");
+          EXPECT_NE(spoken.find(" 26 december "), std::string::npos) << spoken;
+          EXPECT_NE(spoken.find("SD1"), std::string::npos) << spoken;
           Choose("Option_Day0");
           Drag(PlaceOf(26, 11, year), PlaceOf(26, 11, year));
           Turn(january, [] { Click(*Shown("Command_Next")); });

@@ -13,19 +13,6 @@
 namespace zek::window {
 namespace {
 
-wxTextCtrl& Box(const std::string& name) { return dynamic_cast<wxTextCtrl&>(*Shown(name)); }
-std::string Value(const std::string& name) { return Box(name).GetValue().ToStdString(); }
-
-// A key or click, and the box that has the focus when it has been handled.
-void Reach(const std::string& box, const std::function<void()>& by) {
-  by();
-  EXPECT_TRUE(PumpUntil([&] { return HasFocus(box); })) << box;
-}
-void Enter(const std::string& next) {
-  Reach(next, [] { Press(WXK_RETURN); });
-}
-void Type(const std::string& text) { wxUIActionSimulator().Text(text.c_str()); }
-
 bool InBrowser() {
   const auto* const tree = dynamic_cast<wxTreeCtrl*>(Shown("TreeView"));
   return IsActive("ZV_TSC") && HasFocus("TreeView") && tree->GetSelection().IsOk();
@@ -36,7 +23,6 @@ void FetchFirstTimeControl() {
   Press(WXK_DOWN);
   Press(WXK_RETURN);
 }
-void Escape() { Press(WXK_ESCAPE); }
 
 struct WeekdayFormTest : testing::Test {
   explicit WeekdayFormTest(std::string_view commandLine = {}) : world(commandLine) {}

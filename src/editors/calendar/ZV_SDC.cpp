@@ -3,7 +3,6 @@
 #include <utility>
 
 #include <wx/datetime.h>
-#include <wx/weakref.h>
 #include <wx/wxcrt.h>
 
 #include "editors/calendar/ZV_SDCForm.h"
@@ -107,11 +106,8 @@ void ShowCalendarForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
                         YearsOf(proc.settings, topic.ControllerGeneration()), Today(),
                         proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit);
   editor.CountLost(static_cast<std::size_t>(proc.transfer.LinesDropped));
-  auto* const form = new ZV_SDC(parent, proc, turn, editor);
-  const wxWeakRef<ZV_SDC> alive(form);
-  ShowEditorForm(form, proc, [alive, &proc, refused = editor.Refused()] {
+  ShowEditorForm(new ZV_SDC(parent, proc, turn, editor), proc, [&proc, refused = editor.Refused()] {
     for (const RefusedDates& each : refused) ShowRefused(each, proc.outside.prompts, proc.texts);
-    if (alive) alive->FocusEntry();
   });
 }
 

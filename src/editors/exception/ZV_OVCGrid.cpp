@@ -194,7 +194,10 @@ bool OvcGrid::TellWrong() {
   return !wrong.empty();
 }
 
-void OvcGrid::Focus(ExceptionFocus at) { Box(at).SetFocus(); }
+void OvcGrid::Focus(ExceptionFocus at) {
+  Box(at).SetFocus();
+  Box(at).SelectAll();
+}
 
 bool OvcGrid::TakeKey(int key) {
   if (key != WXK_RETURN && key != WXK_NUMPAD_ENTER) return false;
@@ -208,21 +211,10 @@ void OvcGrid::OnEntered(ExceptionFocus at) {
   last_ = at;
   editor_.FocusRow(at.row);
   if (marked_ == at.row) return;
-  if (marked_) Mark(*marked_, false);
-  Mark(at.row, true);
+  // It keeps its mark while a button has the focus, since the buttons work on it.
+  if (marked_) MarkLabel(*rowLabels_.at(*marked_), false);
+  MarkLabel(*rowLabels_.at(at.row), true);
   marked_ = at.row;
-}
-
-// The current row, on which Erase works, keeps its mark while a button has the focus.
-void OvcGrid::Mark(std::size_t row, bool marked) {
-  const auto colour = [marked](wxSystemColour of) {
-    return marked ? wxSystemSettings::GetColour(of) : wxNullColour;
-  };
-  wxStaticText& label = *rowLabels_.at(row);
-  label.SetFont(marked ? GetFont().Bold() : GetFont());
-  label.SetForegroundColour(colour(wxSYS_COLOUR_HIGHLIGHTTEXT));
-  label.SetBackgroundColour(colour(wxSYS_COLOUR_HIGHLIGHT));
-  label.Refresh();
 }
 
 }  // namespace zek

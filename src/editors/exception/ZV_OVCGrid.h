@@ -55,7 +55,6 @@ class OvcGrid final : public wxPanel {
   ExceptionTexts Typed(std::size_t row) const;
   void Enter(ExceptionFocus at, const ExceptionTexts& typed);
   void OnEntered(ExceptionFocus at);
-  void Mark(std::size_t row, bool marked);
 
   ExceptionEditor& editor_;
   Parts parts_;

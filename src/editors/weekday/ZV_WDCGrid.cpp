@@ -185,7 +185,11 @@ void WeekdayGrid::GoToRow(std::size_t row) {
   if (const auto at = FocusedBox()) Box(*at).SelectAll();
 }
 
-void WeekdayGrid::FocusStart(std::size_t column) { Box({WeekdayBox::Start, column}).SetFocus(); }
+void WeekdayGrid::FocusStart(std::size_t column) {
+  wxTextCtrl& box = Box({WeekdayBox::Start, column});
+  box.SetFocus();
+  box.SelectAll();
+}
 
 bool WeekdayGrid::TakeKey(int key) {
   if (key == WXK_PAGEDOWN || key == WXK_NUMPAD_PAGEDOWN) {
@@ -235,21 +239,10 @@ void WeekdayGrid::ShowHeaders() {
       SetAccessibleName(*boxes_.at(i).at(column), Label_Info.at(i)->GetLabel() + " " + day);
   }
   if (marked_ == editor_.Column()) return;
-  if (marked_) Mark(*marked_, false);
-  Mark(editor_.Column(), true);
+  // It keeps its mark while a button has the focus, since the buttons work on it.
+  if (marked_) MarkLabel(*Label_Weekdays.at(*marked_), false);
+  MarkLabel(*Label_Weekdays.at(editor_.Column()), true);
   marked_ = editor_.Column();
-}
-
-// The focused column, on which Copy and Erase work, keeps its mark while a button has the focus.
-void WeekdayGrid::Mark(std::size_t column, bool marked) {
-  const auto colour = [marked](wxSystemColour of) {
-    return marked ? wxSystemSettings::GetColour(of) : wxNullColour;
-  };
-  wxStaticText& label = *Label_Weekdays.at(column);
-  label.SetFont(marked ? GetFont().Bold() : GetFont());
-  label.SetForegroundColour(colour(wxSYS_COLOUR_HIGHLIGHTTEXT));
-  label.SetBackgroundColour(colour(wxSYS_COLOUR_HIGHLIGHT));
-  label.Refresh();
 }
 
 }  // namespace zek

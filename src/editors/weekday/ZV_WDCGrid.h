@@ -52,7 +52,6 @@ class WeekdayGrid final : public wxPanel {
   void OnEntered(std::size_t column);
   void OnScroll(wxScrollEvent& event);
   void ShowHeaders();
-  void Mark(std::size_t column, bool marked);
   wxString DayName(std::size_t column) const;
 
   WeekdayEditor& editor_;
