@@ -1,5 +1,6 @@
 #include "editors/calendar/ZV_SDC.h"
 
+#include <functional>
 #include <utility>
 
 #include <wx/datetime.h>
@@ -42,17 +43,24 @@ SaveOutcome ZV_SDC::SaveTable(const CatalogueWriter& write) {
 }
 
 void ZV_SDC::BindEvents() {
-  const auto choose = [this](auto& options, void (CalendarEditor::*take)(int)) {
+  const auto choose = [](auto& options, const std::function<void(int)>& take) {
     for (std::size_t i = 0; i < options.size(); ++i) {
-      options.at(i)->Bind(wxEVT_RADIOBUTTON, [this, take, i](wxCommandEvent&) {
-        (editor_.*take)(static_cast<int>(i));
-        ShowAll();
-      });
+      options.at(i)->Bind(wxEVT_RADIOBUTTON,
+                          [take, i](wxCommandEvent&) { take(static_cast<int>(i)); });
     }
   };
-  choose(Option_Year, &CalendarEditor::ShowYear);
-  choose(Option_Month, &CalendarEditor::ShowMonth);
-  choose(Option_Day, &CalendarEditor::ChooseType);
+  choose(Option_Year, [this](int year) {
+    editor_.ShowYear(year);
+    ShowAll();
+  });
+  choose(Option_Month, [this](int month) {
+    editor_.ShowMonth(month);
+    ShowAll();
+  });
+  choose(Option_Day, [this](int type) {
+    editor_.ChooseType(type);
+    ShowAll();
+  });
   const auto step = [this](wxButton* button, int months) {
     button->Bind(wxEVT_BUTTON, [this, months](wxCommandEvent&) {
       editor_.Step(months);
