@@ -40,7 +40,17 @@ change wdc KONTOR/AHU1 "$office AHU1.TXT" '06:00\.\.18:00' '05:45..18:30'
 change sdc SKOLA/PLT1 "$school SDC.TXT" '05-NOV-27 ' '06-NOV-27 '
 change sdc KONTOR "$office SDC.TXT" '\.\.26-DEC-2026' '..27-DEC-2026'
 change ovc SKOLA/PLT1 "$school OVC.TXT" '26-DEC-26,17:00' '27-DEC-26,18:30'
+change ovc KONTOR/PLT1 "$office PLT1 EXC.TXT" '19-DEC-2026 ' '20-DEC-2026 '
 change ovc KONTOR/VS1 "$office VS1 EXC.TXT" '!16    !21' '!15.5  !.'
+
+# A "PLT" control sends the calendar in its own layout, and everybody can read it after that.
+for node in SKOLA/PLT2 KONTOR/PLT7; do
+  cli get sdc "$node" >"$home/before" || fail "$node: get"
+  cli check sdc "$node" "$home/before" --rebuild >"$home/rebuilt" || fail "$node: rebuild"
+  cli put sdc "$node" "$home/rebuilt" || fail "$node: put"
+  cli get sdc "$node" >"$home/again" || fail "$node: get again"
+  cli check sdc "${node%/*}/AHU1" "$home/again" >/dev/null || fail "$node: both layouts"
+done
 
 # A line that the controller refuses is told, after three attempts, by both framings.
 for node in SKOLA/AHU1 KONTOR/AHU1; do
