@@ -125,7 +125,7 @@ TEST(ExceptionEditor, MessagesNameWhatWasTyped) {
   prompts.shown.clear();
   LanguageTexts texts;
   texts.Read("161=full\n670=refused\n");
-  Lines lines = {"1!T!24-XXX-26!1!0", "2!T!24-DEC-26!1!0"};
+  Lines lines = {"1!T!24-MAJ-26!1!0", "2!T!24-DEC-26!1!0"};
   lines.insert(lines.end(), 8, lines[1]);
   const ExceptionEditor editor = Editor(lines);
   for (const RefusedException& each : editor.Refused()) ShowRefused(each, prompts, texts);
@@ -207,7 +207,7 @@ TEST_F(SaveExceptionsTest, RepeatsAFailedWriteAsLongAsWanted) {
 }
 
 TEST_F(SaveExceptionsTest, AsksBeforeLinesAreLost) {
-  const Lines lines = {kLines[0], "2!T!24-XXX-26!", "3!U!24-DEC-26! *"};
+  const Lines lines = {kLines[0], "2!T!24-MAJ-26!", "3!U!24-DEC-26! *"};
   prompts.answers = {false, true};
   EXPECT_EQ(Save(Editor(lines)), SaveOutcome::NotTried);
   EXPECT_TRUE(written.empty());
