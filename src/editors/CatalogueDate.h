@@ -21,11 +21,6 @@ inline std::optional<int> MonthAt(std::string_view text, std::size_t column) {
   return std::nullopt;
 }
 
-/// Characters of DD-MON-YY (ZEK1) and DD-MON-YYYY (ZEK2).
-constexpr std::size_t DateLength(Generation generation) {
-  return generation == Generation::Zek2 ? 11 : 9;
-}
-
 /// Writes a date with the month 0 to 11; the year has its last two digits on a ZEK1, four on a
 /// ZEK2. Returns the column behind.
 inline std::size_t PutDate(std::string& line, std::size_t column, int year, int month, int day,

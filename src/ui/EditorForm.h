@@ -26,13 +26,11 @@ class EditorForm : public wxDialog {
   virtual void FocusEntry() = 0;
 
  protected:
-  /// A form's own name ("ZV_WDC"), the text of its title (the time control is added), and whether
-  /// it is for viewing only.
   struct Kind {
-    std::string name;
-    int titleText = 0;
-    bool viewOnly = false;
-    bool closesWhenGivenUp = false;  // the form, after a write that failed for good
+    std::string name;                // the form's own ("ZV_WDC")
+    int titleText = 0;               // of its title; the time control is added
+    bool viewOnly = false;           // nothing can be saved
+    bool closesWhenGivenUp = false;  // after a write that failed and was not wanted again
   };
 
   EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue catalogue, const Kind& kind);

@@ -32,6 +32,7 @@ ExceptionTexts TextsOf(const OvcRow& row, char decimalSeparator) {
 }
 
 std::optional<Moment> TypedExceptionDate(std::string_view text) {
+  text = Trim(text);
   const bool dashes = text.find('-') != std::string_view::npos;
   const double year = NumberAt(text, 0, 4);
   const double month = NumberAt(text, dashes ? 5 : 4, 2);
@@ -43,6 +44,7 @@ std::optional<Moment> TypedExceptionDate(std::string_view text) {
 
 std::optional<Moment> TypedExceptionTime(std::string_view text) {
   constexpr std::size_t digits = 2;
+  text = Trim(text);
   const std::size_t colon = text.find(':');
   const bool together = colon == std::string_view::npos;
   const std::string_view hours = text.substr(0, together ? digits : colon);

@@ -44,8 +44,8 @@ struct ExceptionOwner {
 
 /// A line that was not read.
 struct RefusedException {
-  std::int32_t text =
-      0;  // text::kExceptionRefused or, for the one that was too many, kExceptionsFull
+  /// text::kExceptionRefused or, for the one that was too many, text::kExceptionsFull.
+  std::int32_t text = 0;
   std::string line;
 
   bool operator==(const RefusedException&) const = default;

@@ -22,8 +22,6 @@ struct PickListItem {
   /// True when a box that holds `boxText` holds this value, or its name in any case. An empty box
   /// holds no value.
   bool IsIn(std::string_view boxText) const;
-
-  bool operator==(const PickListItem&) const = default;
 };
 
 /// The values that a start or stop value of a time control usually has.

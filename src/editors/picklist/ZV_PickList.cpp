@@ -23,6 +23,8 @@ wxString Label(const PickListItem& item) {
 
 void ShowPickList(wxTextCtrl& box, const PickList& list, const Choose& choose,
                   const wxPoint& place) {
+  // A message about the box that was left may have come first.
+  if (!box.HasFocus()) return;
   wxMenu Menu_Popup;
   const std::string text = FromWx(box.GetValue());
   constexpr int first = wxID_HIGHEST + 1;

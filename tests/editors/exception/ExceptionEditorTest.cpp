@@ -78,9 +78,10 @@ TEST(ExceptionCells, DatesAsTyped) {
 TEST(ExceptionCells, TimesAsTyped) {
   // What is typed and its minutes, -1 when it is refused.
   const std::vector<std::pair<std::string, int>> cases = {
-      {"08:15", 495}, {"0815", 495}, {"24:00", 1440}, {"24:59", 1499}, {"24:60", -1},
-      {"25:00", -1},  {"2500", -1},  {"", 0},         {"8", 480},      {"07", 420},
-      {"ab:cd", -1},  {"7:30", 450}, {"815", -1},     {"-1:30", -1},   {"1e99", -1}};
+      {"08:15", 495},   {"0815", 495}, {"24:00", 1440}, {"24:59", 1499},
+      {"24:60", -1},    {"25:00", -1}, {"2500", -1},    {"", 0},
+      {"8", 480},       {"07", 420},   {"ab:cd", -1},   {"7:30", 450},
+      {" 07:30 ", 450}, {"815", -1},   {"-1:30", -1},   {"1e99", -1}};
   for (const auto& [typed, minutes] : cases)
     EXPECT_EQ(TypedExceptionTime(typed).value_or(-1), minutes) << typed;
 }

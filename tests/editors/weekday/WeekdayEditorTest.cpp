@@ -135,14 +135,15 @@ TEST_F(SaveTest, RepeatsAFailedWriteAsLongAsWanted) {
 
 TEST_F(SaveTest, AsksBeforeLinesAreLost) {
   const Lines lines = {kLines[0], "2!T!XX!", "3!T!MO!07:00!1!."};
-  const WeekdayEditor editor(lines, "T", '.', kEdit);
+  WeekdayEditor editor(lines, "T", '.', kEdit);
   ShowRefused(*editor.Refused(), prompts, texts);
   prompts.answers = {false, true};
   EXPECT_FALSE(Save(editor, 0));
   EXPECT_TRUE(written.empty());
+  editor.CountLost(3);  // of a listing that was cut
   EXPECT_TRUE(Save(editor, 0));
   EXPECT_EQ(written, std::vector<Lines>{kLines});
-  EXPECT_EQ(prompts.shown, (Lines{"i day (2!T!XX!)", "x? lost 2", "x? lost 2"}));
+  EXPECT_EQ(prompts.shown, (Lines{"i day (2!T!XX!)", "x? lost 2", "x? lost 5"}));
 }
 
 TEST_F(SaveTest, WritesNothingThatCannotBeBuilt) {
