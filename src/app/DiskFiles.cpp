@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace zek {
 namespace {
@@ -66,6 +67,52 @@ void FlushDirectoryOf(const std::string& path) {
   if (opened.IsOpen()) ::fsync(opened.Number());
 }
 
+class DiskOutputFile final : public OutputFile {
+ public:
+  // `path` is what messages name, `beside` is what is written until it replaces `target`.
+  DiskOutputFile(int file, std::string path, std::string target, std::string beside)
+      : file_(file),
+        path_(std::move(path)),
+        target_(std::move(target)),
+        beside_(std::move(beside)) {}
+  DiskOutputFile(const DiskOutputFile&) = delete;
+  DiskOutputFile& operator=(const DiskOutputFile&) = delete;
+  ~DiskOutputFile() override {
+    if (!inPlace_) ::unlink(beside_.c_str());
+  }
+
+  std::optional<FileError> Append(std::string_view bytes) override {
+    if (!torn_ && WriteAll(file_.Number(), bytes)) {
+      size_ += static_cast<off_t>(bytes.size());
+      return std::nullopt;
+    }
+    const int code = torn_ ? EIO : errno;
+    // What was written of these bytes goes again.
+    torn_ = ::ftruncate(file_.Number(), size_) != 0 || ::lseek(file_.Number(), size_, SEEK_SET) < 0;
+    return ErrorOf(path_, code);
+  }
+
+  std::optional<FileError> Commit() override {
+    if (torn_) return ErrorOf(path_, EIO);
+    if (::fsync(file_.Number()) != 0 || !file_.Close() ||
+        ::rename(beside_.c_str(), target_.c_str()) != 0) {
+      return ErrorOf(path_, errno);
+    }
+    inPlace_ = true;
+    FlushDirectoryOf(target_);
+    return std::nullopt;
+  }
+
+ private:
+  Descriptor file_;
+  std::string path_;
+  std::string target_;
+  std::string beside_;
+  off_t size_ = 0;
+  bool torn_ = false;  // it ends in bytes that could not be taken back
+  bool inPlace_ = false;
+};
+
 }  // namespace
 
 bool DiskFiles::Exists(const std::string& path) const {
@@ -98,20 +145,28 @@ FileContent DiskFiles::Read(const std::string& path) const {
 }
 
 std::optional<FileError> DiskFiles::Write(const std::string& path, std::string_view bytes) {
+  const CreatedFile created = Create(path);
+  if (created.error) return created.error;
+  if (auto error = created.file->Append(bytes)) return error;
+  return created.file->Commit();
+}
+
+CreatedFile DiskFiles::Create(const std::string& path) {
   const std::string target = BehindLinks(path);
   const std::string beside = target + ".zvtmp" + std::to_string(::getpid());
-  Descriptor file(::open(beside.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
-  if (!file.IsOpen()) return ErrorOf(path, errno);
+  const int file = ::open(beside.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  if (file < 0) return {nullptr, ErrorOf(path, errno)};
   struct stat old = {};
-  if (::stat(target.c_str(), &old) == 0) ::fchmod(file.Number(), old.st_mode & 07777);
-  if (!WriteAll(file.Number(), bytes) || ::fsync(file.Number()) != 0 || !file.Close() ||
-      ::rename(beside.c_str(), target.c_str()) != 0) {
-    const int code = errno;
-    ::unlink(beside.c_str());
-    return ErrorOf(path, code);
-  }
-  FlushDirectoryOf(target);
-  return std::nullopt;
+  if (::stat(target.c_str(), &old) == 0) ::fchmod(file, old.st_mode & 07777);
+  return {std::make_unique<DiskOutputFile>(file, path, target, beside), std::nullopt};
+}
+
+std::optional<FileError> DiskFiles::MakeDirectory(const std::string& path) {
+  if (::mkdir(path.c_str(), 0777) == 0) return std::nullopt;
+  const int code = errno;
+  std::error_code error;
+  if (code == EEXIST && std::filesystem::is_directory(path, error)) return std::nullopt;
+  return ErrorOf(path, code);
 }
 
 std::optional<FileError> DiskFiles::Remove(const std::string& path) {

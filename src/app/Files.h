@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -24,6 +25,25 @@ struct FileContent {
 /// No file the program reads is larger; one that is gives `TooLarge`.
 inline constexpr std::size_t kLargestFile = std::size_t{64} << 20;
 
+/// A file that is written piece by piece. It stands beside its place until `Commit`; without one
+/// nothing is left of it, and a file of that name stays as it was.
+class OutputFile {
+ public:
+  virtual ~OutputFile() = default;
+
+  /// Adds the bytes, all of them or on failure none: the file can still be gone on with.
+  virtual std::optional<FileError> Append(std::string_view bytes) = 0;
+
+  /// Flushes the file to the disk and puts it in its place. The last call, once.
+  virtual std::optional<FileError> Commit() = 0;
+};
+
+/// What `Create` gave: the file, or why there is none.
+struct CreatedFile {
+  std::unique_ptr<OutputFile> file;
+  std::optional<FileError> error;
+};
+
 /// The disk. Paths are in the system's own encoding (UTF-8 where paths use "/").
 class Files {
  public:
@@ -36,6 +56,12 @@ class Files {
   /// Replaces the file as a whole: written beside, flushed to the disk, renamed over. On failure
   /// the old file is still there, whole.
   virtual std::optional<FileError> Write(const std::string& path, std::string_view bytes) = 0;
+
+  /// Begins to write a file, which replaces one of the same name when it is committed.
+  virtual CreatedFile Create(const std::string& path) = 0;
+
+  /// A directory that is there already is no error; the one above it has to be there.
+  virtual std::optional<FileError> MakeDirectory(const std::string& path) = 0;
 
   /// Deleting what is not there is no error.
   virtual std::optional<FileError> Remove(const std::string& path) = 0;

@@ -8,7 +8,9 @@
 namespace zek {
 
 ZV_Proc::ZV_Proc(const Outside& world)
-    : outside(world),
+    : prompts(world.prompts),
+      outside{world.files,  world.profile, world.turn, prompts,
+              world.socket, world.dde,     world.tags, world.now},
       waits(world.turn, countdowns),
       connection(ConnectionParts{settings, texts, outside.profile, outside.prompts, topics,
                                  countdowns, waits, transfer, log, status, outside.socket,

@@ -1,14 +1,18 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "app/CommandLine.h"
 #include "app/Files.h"
+#include "app/LocalTime.h"
 #include "app/Profile.h"
+#include "app/PromptSwitch.h"
 #include "app/Prompts.h"
 #include "app/Settings.h"
 #include "app/Turn.h"
+#include "catalogue/BatchState.h"
 #include "catalogue/LocalFiles.h"
 #include "catalogue/ObjectTree.h"
 #include "comm/Connection.h"
@@ -25,6 +29,7 @@ struct Outside {
   Link& socket;
   Link& dde;
   TagServer& tags;
+  std::function<LocalTime()> now = SystemTime;
 };
 
 /// The node of the browser on which Get, Erase, the transfers and the connection work.
@@ -40,6 +45,7 @@ struct Selection {
 struct ZV_Proc {
   explicit ZV_Proc(const Outside& world);
 
+  PromptSwitch prompts;  // `outside.prompts` is this one
   Outside outside;
   Settings settings;
   LanguageTexts texts;
@@ -52,6 +58,7 @@ struct ZV_Proc {
   Connection connection;
   ObjectTree tree;
   Selection selection;
+  Batch batch;
 
   std::string Text(std::int32_t number) const { return texts.Text(number); }
   NumberReader Numbers() const { return {outside.profile, texts, outside.prompts}; }

@@ -151,7 +151,11 @@ class Reading {
     const auto error =
         proc_.outside.files.Write(LocalPath(proc_.settings.ProgramPath, name),
                                   BuildLocalCopy(proc_.transfer.CatalogueLines, dfv));
-    if (!error) return true;
+    if (!error) {
+      proc_.transfer.CatalogueLoaded = proc_.transfer.LinesDropped == 0;
+      proc_.transfer.LoadedTopic = proc_.selection.CurrentObject;
+      return true;
+    }
     proc_.outside.prompts.Show(Icon::Exclamation, FileMessage(proc_.texts, *error));
     return false;
   }
@@ -161,8 +165,16 @@ class Reading {
   ReadDelays delays_;
 };
 
+// A batch fetches afresh, but not the same catalogue twice, and nothing in local mode.
+bool UseLocalCopyInBatch(const ZV_Proc& proc) {
+  const bool loaded =
+      proc.transfer.CatalogueLoaded && proc.transfer.LoadedTopic == proc.selection.CurrentObject;
+  return loaded || proc.settings.LocalMode;
+}
+
 bool UseLocalCopy(ZV_Proc& proc, Catalogue catalogue) {
   if (proc.settings.AlwaysUseDSS || !HasLocalCopy(proc, catalogue)) return false;
+  if (proc.batch.IsRunning()) return UseLocalCopyInBatch(proc);
   if (proc.settings.AlwaysUseLocal) return true;
   return proc.outside.prompts.AskYesNo(Icon::Question,
                                        proc.Text(text::kUseLocalCopy) + " (" +

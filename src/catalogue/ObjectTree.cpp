@@ -100,15 +100,17 @@ std::string FullPath(const ObjectTree& tree, std::size_t node) {
   return leaf.Parent ? tree[*leaf.Parent].Text + "\\" + leaf.Text : leaf.Text;
 }
 
+std::string NodeName(const ObjectTree& tree, const TopicTable& topics, std::size_t node) {
+  const TreeNode& named = tree.at(node);
+  const std::string& topic = topics[named.Object].TopicName;
+  return named.IsTimeControl() ? topic + "/" + named.TscName : topic;
+}
+
 std::optional<std::size_t> FindNode(const ObjectTree& tree, const TopicTable& topics,
                                     std::string_view name) {
-  const auto found = std::find_if(tree.begin(), tree.end(), [&](const TreeNode& node) {
-    std::string full = topics[node.Object].TopicName;
-    if (node.IsTimeControl()) full += "/" + node.TscName;
-    return EqualNoCase(full, name);
-  });
-  if (found == tree.end()) return std::nullopt;
-  return static_cast<std::size_t>(found - tree.begin());
+  for (std::size_t node = 0; node < tree.size(); ++node)
+    if (EqualNoCase(NodeName(tree, topics, node), name)) return node;
+  return std::nullopt;
 }
 
 }  // namespace zek

@@ -48,6 +48,9 @@ ObjectTree BuildObjectTree(const TopicTable& topics, const Profile& profile,
 /// "root" or "root\child".
 std::string FullPath(const ObjectTree& tree, std::size_t node);
 
+/// "TOPIC" or "TOPIC/TSC": the name by which `FindNode` finds the node.
+std::string NodeName(const ObjectTree& tree, const TopicTable& topics, std::size_t node);
+
 /// The place of the node that "TOPIC" or "TOPIC/TSC" names, in any case.
 std::optional<std::size_t> FindNode(const ObjectTree& tree, const TopicTable& topics,
                                     std::string_view name);

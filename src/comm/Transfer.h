@@ -33,6 +33,11 @@ struct Transfer {
   /// False when the lines came from a local copy that does not tell the controller's value.
   bool DfvKnown = true;
 
+  /// A catalogue was fetched whole and stored as the local copy of `LoadedTopic`; a batch export
+  /// clears it and takes the copy instead of fetching the same catalogue twice.
+  bool CatalogueLoaded = false;
+  std::int16_t LoadedTopic = -1;  // index in the topic table
+
   int LinesDropped = 0;    // numbered lines of the catalogue beyond the places there are
   bool ExitSeen = false;   // a listing has ended with "EXIT" since `Collect`
   bool ErrorSeen = false;  // the controller has answered "ERROR" since `Collect`

@@ -156,6 +156,23 @@ inline constexpr std::int32_t kSpecialDay = 619;  // %1 the number 1 to 7
 // The browser's other catalogues
 inline constexpr std::int32_t kBrowserGetSDC = 620;
 inline constexpr std::int32_t kBrowserGetOVC = 621;
+// The batch export
+inline constexpr std::int32_t kMenuBatch = 622;
+inline constexpr std::int32_t kMenuBatchRun = 623;
+inline constexpr std::int32_t kMenuBatchWDC = 624;
+inline constexpr std::int32_t kMenuBatchSDC = 625;
+inline constexpr std::int32_t kMenuBatchOVC = 626;
+inline constexpr std::int32_t kBatchCancel = 627;
+inline constexpr std::int32_t kBatchFinished = 628;
+inline constexpr std::int32_t kBatchProgress = 629;  // %1 node, %2 kind, %3 of %4, %5 are left
+inline constexpr std::int32_t kBatchAllDone = 630;   // 630 to 632: %1 of %2 exported, %3 failed
+inline constexpr std::int32_t kBatchSomeDone = 631;
+inline constexpr std::int32_t kBatchStopped = 632;
+inline constexpr std::int32_t kBatchNothing = 633;
+inline constexpr std::int32_t kBatchFiles = 634;
+inline constexpr std::int32_t kBatchNoFiles = 635;
+inline constexpr std::int32_t kBatchTitle = 636;
+inline constexpr std::int32_t kBatchDetails = 637;
 // The exception editor
 inline constexpr std::int32_t kExceptionRefused = 670;    // text (line)
 inline constexpr std::int32_t kDateWrong = 671;           // %1 what was typed

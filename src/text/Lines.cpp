@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "text/Controls.h"
+
 namespace zek {
 
 std::string_view TakeLine(std::string_view& text) {
@@ -10,6 +12,18 @@ std::string_view TakeLine(std::string_view& text) {
   text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
   if (end != std::string_view::npos && line.ends_with('\r')) line.remove_suffix(1);
   return line;
+}
+
+std::string OnOneLine(std::string_view message) {
+  std::string joined;
+  while (!message.empty()) {
+    std::string line(TakeLine(message));
+    if (line.empty()) continue;
+    ShowControls(line);
+    if (!joined.empty()) joined += ' ';
+    joined += line;
+  }
+  return joined;
 }
 
 }  // namespace zek

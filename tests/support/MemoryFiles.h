@@ -1,7 +1,9 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/Files.h"
@@ -36,6 +38,16 @@ class MemoryFiles final : public Files {
     return std::nullopt;
   }
 
+  CreatedFile Create(const std::string& path) override {
+    if (failWrites) return {nullptr, FileError{path, *failWrites, "create failed"}};
+    return {std::make_unique<Output>(*this, path), std::nullopt};
+  }
+
+  std::optional<FileError> MakeDirectory(const std::string& path) override {
+    if (failWrites) return FileError{path, *failWrites, "no directory"};
+    return std::nullopt;
+  }
+
   std::vector<std::string> List(const std::string& directory) const override {
     std::vector<std::string> names;
     for (const auto& [path, bytes] : files) {
@@ -45,6 +57,24 @@ class MemoryFiles final : public Files {
     }
     return names;
   }
+
+ private:
+  class Output final : public OutputFile {
+   public:
+    Output(MemoryFiles& disk, std::string path) : disk_(disk), path_(std::move(path)) {}
+
+    std::optional<FileError> Append(std::string_view bytes) override {
+      if (disk_.failWrites) return FileError{path_, *disk_.failWrites, "write failed"};
+      bytes_ += bytes;
+      return std::nullopt;
+    }
+    std::optional<FileError> Commit() override { return disk_.Write(path_, bytes_); }
+
+   private:
+    MemoryFiles& disk_;
+    std::string path_;
+    std::string bytes_;
+  };
 };
 
 }  // namespace zek::test

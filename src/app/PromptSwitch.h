@@ -1,0 +1,41 @@
+#pragma once
+
+#include "app/Prompts.h"
+
+namespace zek {
+
+/// The message boxes of a session, or for a while something else in their place.
+class PromptSwitch final : public Prompts {
+ public:
+  explicit PromptSwitch(Prompts& box) : target_(&box) {}
+
+  using Prompts::Show;
+  void Show(Icon icon, const std::string& message, const std::string& caption) override {
+    target_->Show(icon, message, caption);
+  }
+  bool AskYesNo(Icon icon, const std::string& question, const std::string& caption) override {
+    return target_->AskYesNo(icon, question, caption);
+  }
+
+ private:
+  friend class PromptsInstead;
+  Prompts* target_;
+};
+
+/// For its own life messages and questions go to `other`.
+class PromptsInstead {
+ public:
+  PromptsInstead(PromptSwitch& prompts, Prompts& other)
+      : prompts_(prompts), before_(prompts.target_) {
+    prompts_.target_ = &other;
+  }
+  PromptsInstead(const PromptsInstead&) = delete;
+  PromptsInstead& operator=(const PromptsInstead&) = delete;
+  ~PromptsInstead() { prompts_.target_ = before_; }
+
+ private:
+  PromptSwitch& prompts_;
+  Prompts* before_;
+};
+
+}  // namespace zek
