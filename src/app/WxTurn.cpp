@@ -3,8 +3,6 @@
 #include <wx/app.h>
 #include <wx/evtloop.h>
 
-#include "app/Settings.h"
-
 namespace zek {
 namespace {
 constexpr unsigned long kRestMilliseconds = kTickMilliseconds;  // the next tick ends a rest anyway
@@ -29,7 +27,7 @@ void WxTurn::Once() {
   RunPending();
 }
 
-void WxTick::Begin() { Start(kTickMilliseconds); }
+void WxTick::Begin(int milliseconds) { Start(milliseconds); }
 
 void WxTick::Notify() {
   if (waiting_) return;

@@ -5,6 +5,7 @@
 #include <wx/event.h>
 #include <wx/timer.h>
 
+#include "app/Settings.h"
 #include "app/Turn.h"
 
 namespace zek {
@@ -23,12 +24,12 @@ class WxTurn final : public Turn {
   bool quitting_ = false;
 };
 
-/// `Timer_Comm`: calls `tick` every 200 ms, also inside waits. The call is posted as an event: a
-/// handler that waits inside the timer's own call would stop the timer.
+/// `Timer_Comm` and `Timer_Batch`: calls `tick` at its interval, also inside waits. The call is
+/// posted as an event: a handler that waits inside the timer's own call would stop the timer.
 class WxTick final : public wxTimer {
  public:
   explicit WxTick(std::function<void()> tick) : tick_(std::move(tick)) {}
-  void Begin();
+  void Begin(int milliseconds = kTickMilliseconds);
 
  private:
   void Notify() override;

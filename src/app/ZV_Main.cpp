@@ -115,7 +115,7 @@ void ZV_Main::FirstActivation() {
     FillTopics();
     Combo_Topics->SetFocus();
     ShowState();
-    if (!proc_.settings.StartTopic.empty()) {
+    if (StartsWithBrowser()) {
       OpenBrowser();
       return;
     }
@@ -215,7 +215,7 @@ void ZV_Main::OpenBrowser() {
     const bool hide = proc_.settings.HideDialogOnTSC;
     if (hide) Hide();
     ShowBrowser(hide ? nullptr : this, proc_, turn_);
-    if (!proc_.settings.StartTopic.empty()) closeRequested_ = true;
+    if (StartsWithBrowser()) closeRequested_ = true;
     if (hide && !closeRequested_) Show();
   }
   ShowState();

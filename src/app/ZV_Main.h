@@ -91,6 +91,10 @@ class ZV_Main final : public wxFrame {
   void StartDialog();
   void Unload();
 
+  // The browser opens at once, and the program ends with it.
+  bool StartsWithBrowser() const {
+    return !proc_.settings.StartTopic.empty() || proc_.settings.BatchMode;
+  }
   bool IsConnected() const { return proc_.connection.CurrentTopic >= 0; }
   wxString Label(std::int32_t number, const char* key = "") const;
 

@@ -9,6 +9,9 @@
 #include "text/Windows1252.h"
 
 namespace zek {
+namespace {
+std::string BatchDirectory(const Settings& settings) { return settings.ProgramPath + "Batch"; }
+}  // namespace
 
 BatchExport::~BatchExport() {
   if (!IsRunning()) return;
@@ -27,7 +30,7 @@ void BatchExport::Start() {
   if (batch.Kinds.SDC) passes_.push_back({BatchState::SdcPass, BatchFile(Catalogue::Sdc)});
   if (batch.Kinds.OVC) passes_.push_back({BatchState::OvcPass, BatchFile(Catalogue::Ovc)});
   for (Pass& pass : passes_) {
-    pass.file.Open(proc_.outside.files, proc_.settings.ProgramPath + "Batch", proc_.outside.now());
+    pass.file.Open(proc_.outside.files, BatchDirectory(proc_.settings), proc_.outside.now());
     if (batch.IncludeBatchHeader) pass.file.WriteHeader(proc_.outside.now());
   }
   proc_.transfer.CatalogueLoaded = false;
@@ -171,6 +174,26 @@ void BatchExport::Finish() {
   proc_.batch.BatchBusy = false;
   proc_.batch.Succeeded = report_.Succeeded();
   proc_.status.SetTransfer(Text(text::kBatchFinished));
+}
+
+void BatchExport::StoreReport() {
+  std::string text;
+  const auto add = [&text](const std::string& line) { text.append(line).append("\r\n"); };
+  for (const std::string& note : proc_.batch.Notes) add(note);
+  add(report_.Headline(proc_.texts));
+  for (const std::string& line : report_.Details(proc_.texts)) add(line);
+  const std::string path = WithSeparator(BatchDirectory(proc_.settings)) + "BATCH" +
+                           FileStamp(proc_.outside.now()) + ".TXT";
+  const auto error = proc_.outside.files.Write(path, text);
+  if (error) proc_.outside.prompts.Show(Icon::Exclamation, FileMessage(proc_.texts, *error));
+}
+
+std::string BatchProgress(const ZV_Proc& proc) {
+  const Batch& batch = proc.batch;
+  if (!batch.IsRunning() || batch.Step == 0) return {};
+  return Message(proc.Text(text::kBatchProgress),
+                 {batch.Node, batch.Kind, std::to_string(batch.Step), std::to_string(batch.Steps),
+                  std::to_string(batch.Steps - batch.Step)});
 }
 
 }  // namespace zek

@@ -43,6 +43,10 @@ class BatchExport {
 
   bool IsRunning() const { return proc_.batch.IsRunning(); }
 
+  /// Stores notes and report as "BATCH", time and ".TXT" beside the exported files, for who looks
+  /// after a run that nobody watched. A failure is told.
+  void StoreReport();
+
   /// Of the last batch, whole when it is no longer running.
   const BatchReport& Report() const { return report_; }
 
@@ -69,5 +73,8 @@ class BatchExport {
   BatchReport report_;
   bool stepping_ = false;
 };
+
+/// Text 629 of the catalogue that is being exported; "" when none is.
+std::string BatchProgress(const ZV_Proc& proc);
 
 }  // namespace zek

@@ -49,6 +49,8 @@ std::string LineStamp(const LocalTime& t) { return Stamp(t, "-", " ", ":"); }
 
 }  // namespace
 
+std::string FileStamp(const LocalTime& now) { return Stamp(now, "", "_", ""); }
+
 std::string_view KindName(Catalogue kind) {
   switch (kind) {
     case Catalogue::Wdc:
@@ -62,8 +64,7 @@ std::string_view KindName(Catalogue kind) {
 }
 
 void BatchFile::Open(Files& files, const std::string& directory, const LocalTime& now) {
-  path_ =
-      WithSeparator(directory) + std::string(KindName(kind_)) + Stamp(now, "", "_", "") + ".SKV";
+  path_ = WithSeparator(directory) + std::string(KindName(kind_)) + FileStamp(now) + ".SKV";
   error_ = files.MakeDirectory(directory);
   if (error_) return;
   CreatedFile created = files.Create(path_);

@@ -54,6 +54,9 @@ class BatchFile {
   bool inPlace_ = false;
 };
 
+/// "YYMMDD_HHNNSS", as it stands in the names of the files.
+std::string FileStamp(const LocalTime& now);
+
 /// "WDC", "SDC" or "OVC".
 std::string_view KindName(Catalogue kind);
 

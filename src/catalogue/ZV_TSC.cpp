@@ -27,15 +27,18 @@ constexpr int kSmallestWidth = 380;
 constexpr int kSmallestHeight = 260;
 }  // namespace
 
-ZV_TSC::ZV_TSC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn)
+ZV_TSC::ZV_TSC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, BatchExport& batch)
     : wxFrame(parent, wxID_ANY, ToWx(proc.Text(text::kBrowserTitle))),
       proc_(proc),
       turn_(turn),
-      TreeView(new ObjectTreeView(this)) {
+      batch_(batch),
+      TreeView(new ObjectTreeView(this)),
+      Timer_Batch([this] { OnBatchTick(); }) {
   BuildMenus();
   BuildStatusBar();
   auto* const whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(TreeView, 1, wxEXPAND);
+  whole->Add(BatchRow(), 0, wxEXPAND);
   SetSizer(whole);
   SetMinSize(FromDIP(wxSize(kSmallestWidth, kSmallestHeight)));
   SetSize(FromDIP(wxSize(kWidth, kHeight)));
@@ -62,6 +65,10 @@ void ZV_TSC::BindEvents() {
   onMenu(Menu_EraseWDC, [this] { Erase(Catalogue::Wdc); });
   onMenu(Menu_EraseSDC, [this] { Erase(Catalogue::Sdc); });
   onMenu(Menu_EraseOVC, [this] { Erase(Catalogue::Ovc); });
+  onMenu(Menu_Batch_Run, [this] { StartBatch(); });
+  onMenu(Menu_Batch_GetWDC, [this] { ToggleBatch(&BatchKinds::WDC); });
+  onMenu(Menu_Batch_GetSDC, [this] { ToggleBatch(&BatchKinds::SDC); });
+  onMenu(Menu_Batch_GetOVC, [this] { ToggleBatch(&BatchKinds::OVC); });
   TreeView->Bind(wxEVT_TREE_SEL_CHANGED, [this](wxTreeEvent&) { OnSelected(); });
   TreeView->Bind(wxEVT_TREE_ITEM_ACTIVATED, &ZV_TSC::OnActivated, this);
   TreeView->Bind(wxEVT_TREE_ITEM_MENU, [this](wxTreeEvent& event) {
@@ -69,7 +76,7 @@ void ZV_TSC::BindEvents() {
     ShowContextMenu();
   });
   TreeView->Bind(wxEVT_CONTEXT_MENU, &ZV_TSC::OnContextMenu, this);
-  cancel_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { proc_.waits.CancelRequested = busy_; });
+  cancel_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OnCancel(); });
   GetStatusBar()->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     PlaceCancel();
     event.Skip();
@@ -116,6 +123,9 @@ void ZV_TSC::ShowTree() {
   // A tree without a selection takes no arrow keys.
   if (!place && !proc_.tree.empty()) place = 0;
   if (place) TreeView->SelectPlace(*place);
+  if (!proc_.settings.BatchMode) return;
+  proc_.batch.Kinds = {};
+  StartBatch();
 }
 
 void ZV_TSC::OnSelected() {
@@ -208,7 +218,11 @@ void ZV_TSC::Erase(Catalogue catalogue) {
 }
 
 void ShowBrowser(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
-  const wxWeakRef<ZV_TSC> form(new ZV_TSC(parent, proc, turn));
+  BatchExport batch(proc);  // outlives the form, which may go in the middle of a fetch
+  const wxWeakRef<ZV_TSC> form(new ZV_TSC(parent, proc, turn, batch));
+  batch.Selected = [form](std::size_t node) {
+    if (form) form->ShowNode(node);
+  };
   const StatusChain chain(proc.status, [form] {
     if (form) form->ShowStatus();
   });

@@ -5,12 +5,16 @@
 #include <wx/button.h>
 #include <wx/evtloop.h>
 #include <wx/frame.h>
+#include <wx/gauge.h>
 #include <wx/menu.h>
+#include <wx/stattext.h>
 
 #include "app/WxTurn.h"
 #include "app/ZV_Proc.h"
+#include "catalogue/BatchExport.h"
 #include "catalogue/Catalogue.h"
 #include "catalogue/ZV_TSCTree.h"
+#include "ui/InputBlock.h"
 
 namespace zek {
 
@@ -18,18 +22,22 @@ namespace zek {
 /// has no menu bar on every system.
 class ZV_TSC final : public wxFrame {
  public:
-  ZV_TSC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn);
+  ZV_TSC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, BatchExport& batch);
   ~ZV_TSC() override;
 
   /// Shows the form until it is closed. The form may be gone afterwards, with its parent.
   void RunModal();
 
-  /// Shows what is transferred and waited for.
+  /// Shows what is transferred and waited for, and where a batch stands.
   void ShowStatus();
+
+  /// Selects the node that a batch visits.
+  void ShowNode(std::size_t place) { TreeView->SelectPlace(place); }
 
  private:
   void BuildMenus();
   void BuildStatusBar();
+  wxSizer* BatchRow();
   void BindEvents();
   void ShowTree();
   void ShowBusy(bool busy);
@@ -48,16 +56,29 @@ class ZV_TSC final : public wxFrame {
   void Get(Catalogue catalogue, ShowEditor showEditor);
   void Erase(Catalogue catalogue);
 
+  void StartBatch();
+  void ToggleBatch(bool BatchKinds::*kind);
+  void OnBatchTick();
+  void FinishBatch();
+  void OnCancel();
+  void ShowBatch();
+
   wxString Label(std::int32_t number, const char* key = "") const;
 
   ZV_Proc& proc_;
   WxTurn& turn_;
+  BatchExport& batch_;
   ObjectTreeView* TreeView;
   wxMenu* menuTSC_ = nullptr;
+  wxMenu* menuBatch_ = nullptr;
+  wxStaticText* batchText_ = nullptr;
+  wxGauge* batchGauge_ = nullptr;
   wxButton* cancel_ = nullptr;
   bool fetching_ = false;  // a fetch that was begun here; the editor shows its own writes
   bool busy_ = false;      // what the form looks like
   wxEventLoopBase* loop_ = nullptr;
+  std::unique_ptr<InputBlock> batchBlock_;  // while a batch runs
+  WxTick Timer_Batch;
 };
 
 }  // namespace zek

@@ -44,9 +44,17 @@ void ZV_TSC::BuildMenus() {
   auto* const file = new wxMenu;
   file->Append(Menu_Exit, Label(text::kBrowserClose, "Alt+F4"));
   menuTSC_ = TSCMenu().release();
+  menuBatch_ = new wxMenu;
+  menuBatch_->Append(Menu_Batch_Run, Label(text::kMenuBatchRun));
+  menuBatch_->AppendSeparator();
+  const BatchKinds& kinds = proc_.batch.Kinds;
+  menuBatch_->AppendCheckItem(Menu_Batch_GetWDC, Label(text::kMenuBatchWDC))->Check(kinds.WDC);
+  menuBatch_->AppendCheckItem(Menu_Batch_GetSDC, Label(text::kMenuBatchSDC))->Check(kinds.SDC);
+  menuBatch_->AppendCheckItem(Menu_Batch_GetOVC, Label(text::kMenuBatchOVC))->Check(kinds.OVC);
   auto* const bar = new wxMenuBar;
   bar->Append(file, Label(text::kMenuFile));
   bar->Append(menuTSC_, Label(text::kBrowserTSC));
+  bar->Append(menuBatch_, Label(text::kMenuBatch));
   SetMenuBar(bar);
 }
 
@@ -67,9 +75,11 @@ void ZV_TSC::UpdateMenu(wxMenu& menu) const {
 void ZV_TSC::BuildStatusBar() {
   wxStatusBar* const bar = CreateStatusBar(kCancelPanel + 1);
   bar->SetName("StatusBar");
-  cancel_ = new wxButton(bar, wxID_CANCEL, Label(text::kCancelTransfer), wxDefaultPosition,
+  cancel_ = new wxButton(bar, wxID_CANCEL, Label(text::kBatchCancel), wxDefaultPosition,
                          wxDefaultSize, wxBU_EXACTFIT);
-  const wxSize button = cancel_->GetBestSize();
+  wxSize button = cancel_->GetBestSize();
+  cancel_->SetLabel(Label(text::kCancelTransfer));
+  button.IncTo(cancel_->GetBestSize());  // either label fits
   const std::array widths{-2, -3, button.x + 2 * FromDIP(kCancelPadding)};
   bar->SetStatusWidths(static_cast<int>(widths.size()), widths.data());
   bar->SetMinHeight(button.y + 2 * FromDIP(kCancelMargin));
@@ -84,12 +94,14 @@ void ZV_TSC::PlaceCancel() {
 void ZV_TSC::ShowStatus() {
   SetStatusText(ToWx(proc_.status.Waiting), kWaitingPanel);
   SetStatusText(ToWx(proc_.status.Transfer), kTransferPanel);
-  const bool busy = fetching_ && proc_.status.Busy > 0;
+  const bool busy = batch_.IsRunning() || (fetching_ && proc_.status.Busy > 0);
   if (busy_ != busy) ShowBusy(busy);
+  ShowBatch();
 }
 
 void ZV_TSC::ShowBusy(bool busy) {
   busy_ = busy;
+  cancel_->SetLabel(Label(batch_.IsRunning() ? text::kBatchCancel : text::kCancelTransfer));
   cancel_->Show(busy);
   PlaceCancel();
   // The focus leaves the tree before it is disabled, so that Escape still has a way in.

@@ -10,17 +10,19 @@ namespace {
 
 struct CommandShape {
   std::string_view name;
-  std::size_t operands;
+  std::size_t fewest;  // operands
+  std::size_t most;
   std::string_view option;  // the one option it knows, if any
 };
 
 constexpr auto kCommands = std::to_array<CommandShape>({
-    {"topics", 0, ""},
-    {"objects", 0, ""},
-    {"send", 2, ""},
-    {"get", 2, "--local"},
-    {"put", 3, "--no-send"},
-    {"check", 3, "--rebuild"},
+    {"topics", 0, 0, ""},
+    {"objects", 0, 0, ""},
+    {"send", 2, 2, ""},
+    {"get", 2, 2, "--local"},
+    {"put", 3, 3, "--no-send"},
+    {"check", 3, 3, "--rebuild"},
+    {"export", 0, 3, "--local"},
 });
 
 const CommandShape* ShapeOf(std::string_view name) {
@@ -63,9 +65,10 @@ void TakeOperands(Arguments& parsed, const std::vector<std::string>& arguments, 
       parsed.operands.push_back(argument);
     }
   }
-  if (parsed.error.empty() && parsed.operands.size() != shape.operands) {
-    parsed.error = parsed.command + ": takes " + std::to_string(shape.operands) +
-                   " arguments, got " + std::to_string(parsed.operands.size());
+  const std::size_t given = parsed.operands.size();
+  if (parsed.error.empty() && (given < shape.fewest || given > shape.most)) {
+    parsed.error = parsed.command + ": takes " + (shape.fewest == shape.most ? "" : "at most ") +
+                   std::to_string(shape.most) + " arguments, got " + std::to_string(given);
   }
 }
 
@@ -104,6 +107,9 @@ std::string Usage() {
          "  get KIND NODE [--local]          fetch a catalogue, keep its local copy, print it\n"
          "  put KIND NODE FILE [--no-send]   store a catalogue locally and send it\n"
          "  check KIND NODE FILE [--rebuild] read a catalogue and print its table\n"
+         "  export [KIND...] [--local]       fetch the catalogues of all time controls (all kinds\n"
+         "                                   when none is named) into files in DIR/Batch; --local\n"
+         "                                   takes the local copies instead\n"
          "\n"
          "  --dir DIR  language files and local copies (default: the program's directory)\n"
          "  --ini DIR  the directory of ZEKView.INI (default: the same)\n"

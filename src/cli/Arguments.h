@@ -17,7 +17,7 @@ struct Arguments {
   std::optional<std::string> ini;  // --ini
   std::string command;
   std::vector<std::string> operands;  // UTF-8
-  bool local = false;                 // get --local
+  bool local = false;                 // get --local, export --local
   bool noSend = false;                // put --no-send
   bool rebuild = false;               // check --rebuild
   bool help = false;

@@ -3,6 +3,7 @@
 #include <iterator>
 
 #include "cli/CheckCommand.h"
+#include "cli/ExportCommand.h"
 #include "cli/FileOperand.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
@@ -140,6 +141,7 @@ ExitStatus RunCommand(Console& console, const Arguments& arguments) {
   console.proc.tree = BuildObjectTree(console.proc.topics, console.proc.outside.profile,
                                       console.proc.texts, console.proc.outside.prompts);
   if (arguments.command == "objects") return Objects(console);
+  if (arguments.command == "export") return Export(console, arguments);
   return RunCatalogueCommand(console, arguments);
 }
 

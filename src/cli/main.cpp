@@ -13,6 +13,7 @@
 #include "app/DiskFiles.h"
 #include "app/FileProfile.h"
 #include "app/WxTurn.h"
+#include "catalogue/BatchExport.h"
 #include "cli/Commands.h"
 #include "comm/WithoutWindows.h"
 #include "comm/WxTcpLink.h"
@@ -24,7 +25,7 @@ namespace {
 // Shows what a transfer waits for on one line of the terminal, written over by the next.
 class TerminalProgress {
  public:
-  TerminalProgress(StatusPanels& status, bool wanted) : status_(status) {
+  TerminalProgress(ZV_Proc& proc, bool wanted) : proc_(proc), status_(proc.status) {
     if (!wanted || ::isatty(STDERR_FILENO) == 0) return;
     shows_ = true;
     status_.Changed = [this] { Show(); };
@@ -39,13 +40,16 @@ class TerminalProgress {
 
  private:
   void Show() {
-    std::string text = status_.Transfer.empty() ? status_.Progress : status_.Transfer;
+    std::string text = BatchProgress(proc_);
+    if (!text.empty()) text += "  ";
+    text += status_.Transfer.empty() ? status_.Progress : status_.Transfer;
     if (!status_.Waiting.empty()) text += "  " + status_.Waiting;
     if (text == last_) return;
     last_ = text;
     std::cerr << '\r' << Utf8FromWindows1252(text) << "\x1B[K" << std::flush;
   }
 
+  const ZV_Proc& proc_;
   StatusPanels& status_;
   bool shows_ = false;
   std::string last_;
@@ -87,13 +91,31 @@ class Application final : public wxAppConsole {
     WxTick tick([&proc] { proc.connection.Tick(); });
     tick.Begin();
     // The answers of `send` come while it waits and would stand behind what it shows.
-    const TerminalProgress progress(proc.status, arguments_.command != "send");
+    const TerminalProgress progress(proc, arguments_.command != "send");
     Console console{proc, prompts, std::cin, std::cout, std::cerr};
+    if (arguments_.command == "export") CatchSignals(console);
     const ExitStatus started = StartSession(console);
     const ExitStatus status = started == kDone ? RunCommand(console, arguments_) : started;
+    console_ = nullptr;
     if (std::cout.flush()) return status;
     std::cerr << "zekview-cli: standard output could not be written\n";
     return status == kDone ? kFailed : status;
+  }
+
+  // Ctrl+C, and the end that a scheduler puts to a job. A blocked program would not see them, so
+  // only the command that has something to put in order waits for them.
+  void CatchSignals(Console& console) {
+    console_ = &console;
+#ifndef _WIN32
+    const SignalHandler interrupt = [](int) {
+      const Application& program = *static_cast<const Application*>(wxAppConsole::GetInstance());
+      if (program.console_ != nullptr && program.console_->Interrupted) {
+        program.console_->Interrupted();
+      }
+    };
+    SetSignalHandler(SIGINT, interrupt);
+    SetSignalHandler(SIGTERM, interrupt);
+#endif
   }
 
   static std::string ExecutableDirectory() {
@@ -102,6 +124,7 @@ class Application final : public wxAppConsole {
 
   Arguments arguments_;
   ExitStatus status_ = kFailed;
+  const Console* console_ = nullptr;  // of a command that can be interrupted
 };
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,7 @@
 #include "desktop/Desktop.h"
 #include "desktop/StartUp.h"
 #include "desktop/Tour.h"
+#include "desktop/Unattended.h"
 #include "ui/WxPrompts.h"
 
 namespace zek {
@@ -70,15 +72,18 @@ class Program final : public wxApp {
     Prompts* const prompts = line_.tour ? static_cast<Prompts*>(&tourPrompts_) : &prompts_;
     desktop_ = std::make_unique<Desktop>(programPath, IniPathOf(line_, programPath), *prompts);
     prompts_.Speak(desktop_->proc.texts);
+    if (HasSwitch(line_.text, "/BATCH")) unattended_.emplace(desktop_->proc);
     if (const auto ended = StartUp(*desktop_, line_, instance_)) return *ended;
     ShowMain();
     wxApp::OnRun();
-    return tour_ && !tour_->Succeeded() ? kFailed : kDone;
+    if (tour_ && !tour_->Succeeded()) return kFailed;
+    return unattended_ && !desktop_->proc.batch.Succeeded ? kFailed : kDone;
   }
 
   int OnExit() override {
     DeleteAllTLWs();  // none of them outlives the session
     tour_.reset();
+    unattended_.reset();
     desktop_.reset();
     const wxLogNull quiet;
     delete wxConfigBase::Set(nullptr);
@@ -107,6 +112,7 @@ class Program final : public wxApp {
   TourPrompts tourPrompts_;
   wxSingleInstanceChecker instance_;
   std::unique_ptr<Desktop> desktop_;
+  std::optional<Unattended> unattended_;
   std::unique_ptr<Tour> tour_;
 };
 

@@ -3,12 +3,14 @@
 #include <clocale>
 #include <filesystem>
 #include <functional>
+#include <iostream>
 #include <system_error>
 
 #include <wx/log.h>
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
 
+#include "app/CommandLine.h"
 #include "lang/TextNumbers.h"
 #include "lang/ZV_Lang.h"
 
@@ -61,17 +63,21 @@ std::optional<int> StartUp(Desktop& desktop, const CommandLine& line,
                            wxSingleInstanceChecker& instance) {
   ZV_Proc& proc = desktop.proc;
   if (!CheckSettingsFile(proc)) return kFailed;
-  if (!ChooseLanguage(desktop, !line.tour)) return kFailed;
-  if (IsAnotherRunning(instance, proc.settings.ProgramPath)) {
-    desktop.prompts.Show(Icon::Information, proc.Text(text::kAlreadyRunning));
-    return kDone;
+  const bool attended = !line.tour && !HasSwitch(line.text, "/BATCH");
+  if (!ChooseLanguage(desktop, attended)) {
+    if (!attended) std::cerr << "zekview: setting Language names no language file\n";
+    return kFailed;
   }
-  if (!LoadSettings(proc.settings, line.text, desktop.profile, proc.texts, desktop.prompts)) {
+  if (IsAnotherRunning(instance, proc.settings.ProgramPath)) {
+    proc.outside.prompts.Show(Icon::Information, proc.Text(text::kAlreadyRunning));
+    return attended ? kDone : kFailed;
+  }
+  if (!LoadSettings(proc.settings, line.text, desktop.profile, proc.texts, proc.outside.prompts)) {
     return kFailed;
   }
   proc.settings.DecimalSeparator = SystemDecimalSeparator();
   if (proc.settings.TagMode && !desktop.tags.Create()) {
-    desktop.prompts.Show(Icon::None, proc.Text(text::kNoTagObject));
+    proc.outside.prompts.Show(Icon::None, proc.Text(text::kNoTagObject));
     return kFailed;
   }
   return std::nullopt;

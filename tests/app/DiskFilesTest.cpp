@@ -1,6 +1,8 @@
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include "app/DiskFiles.h"
@@ -69,6 +71,48 @@ TEST_F(DiskFilesTest, AFailedWriteLeavesTheOldFileAndNothingElse) {
   EXPECT_EQ(files.List(folder), std::vector<std::string>{"taken"});
   const auto full = files.Write("/dev/full/x", "x");
   EXPECT_TRUE(full);
+}
+
+TEST_F(DiskFilesTest, AFileWrittenInPiecesIsThereOnlyWhenCommitted) {
+  EXPECT_FALSE(files.Write(folder + "x", "old"));
+  {
+    const CreatedFile dropped = files.Create(folder + "x");
+    ASSERT_TRUE(dropped.file);
+    EXPECT_FALSE(dropped.file->Append("half"));
+    EXPECT_EQ(files.Read(folder + "x").bytes, "old");
+  }
+  EXPECT_EQ(files.List(folder), std::vector<std::string>{"x"}) << "nothing left beside";
+  const CreatedFile created = files.Create(folder + "x");
+  EXPECT_FALSE(created.file->Append("one "));
+  EXPECT_FALSE(created.file->Append("two"));
+  EXPECT_FALSE(created.file->Commit());
+  EXPECT_EQ(files.Read(folder + "x").bytes, "one two");
+  EXPECT_TRUE(files.Create(folder + "nix/x").error);
+}
+
+TEST_F(DiskFilesTest, APieceThatDoesNotFitLeavesThoseBefore) {
+  const auto before = std::signal(SIGXFSZ, SIG_IGN);  // a write beyond the limit fails then
+  rlimit old = {};
+  ::getrlimit(RLIMIT_FSIZE, &old);
+  const CreatedFile created = files.Create(folder + "x");
+  EXPECT_FALSE(created.file->Append(std::string(3000, 'a')));
+  rlimit small = old;
+  small.rlim_cur = 4096;
+  ::setrlimit(RLIMIT_FSIZE, &small);
+  EXPECT_TRUE(created.file->Append(std::string(3000, 'b')));
+  ::setrlimit(RLIMIT_FSIZE, &old);
+  std::signal(SIGXFSZ, before);
+  EXPECT_FALSE(created.file->Append("c"));
+  EXPECT_FALSE(created.file->Commit());
+  EXPECT_EQ(files.Read(folder + "x").bytes, std::string(3000, 'a') + "c");
+}
+
+TEST_F(DiskFilesTest, ADirectoryIsMadeOnce) {
+  EXPECT_FALSE(files.MakeDirectory(folder + "Batch"));
+  EXPECT_FALSE(files.MakeDirectory(folder + "Batch"));
+  EXPECT_FALSE(files.Write(folder + "file", ""));
+  EXPECT_TRUE(files.MakeDirectory(folder + "file"));
+  EXPECT_TRUE(files.MakeDirectory(folder + "nix/Batch"));
 }
 
 }  // namespace

@@ -1,0 +1,105 @@
+#include <algorithm>
+
+#include <wx/gauge.h>
+#include <wx/sizer.h>
+#include <wx/stopwatch.h>
+#include <wx/weakref.h>
+
+#include "catalogue/ZV_TSC.h"
+#include "catalogue/ZV_TSCForm.h"
+#include "catalogue/ZV_TSCSummary.h"
+#include "lang/TextNumbers.h"
+#include "ui/AccessibleName.h"
+#include "ui/WxText.h"
+
+// The batch export as the browser drives and shows it.
+namespace zek {
+
+using namespace browser;
+
+namespace {
+constexpr int kTimerBatch = 10;  // milliseconds
+constexpr long kSlice = 20;      // milliseconds of steps in one tick: most fetch nothing
+constexpr int kRowGap = 6;
+}  // namespace
+
+wxSizer* ZV_TSC::BatchRow() {
+  batchText_ = new wxStaticText(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
+                                wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
+  batchText_->SetName("Label_Batch");
+  batchGauge_ = new wxGauge(this, wxID_ANY, 1);
+  batchGauge_->SetName("Gauge_Batch");
+  SetAccessibleName(*batchGauge_, Label(text::kBatchTitle));
+  const int gap = FromDIP(kRowGap);
+  auto* const row = new wxBoxSizer(wxVERTICAL);
+  row->Add(batchText_, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
+  row->Add(batchGauge_, 0, wxEXPAND | wxALL, gap);
+  row->ShowItems(false);
+  return row;
+}
+
+void ZV_TSC::ToggleBatch(bool BatchKinds::*kind) {
+  BatchKinds& kinds = proc_.batch.Kinds;
+  kinds.*kind = !(kinds.*kind);
+  menuBatch_->Enable(Menu_Batch_Run, kinds.Count() > 0);
+}
+
+void ZV_TSC::StartBatch() {
+  if (busy_ || proc_.batch.Kinds.Count() == 0) return;
+  TreeView->ExpandObjects();
+  batch_.Start();
+  batchBlock_ = std::make_unique<InputBlock>([this] { OnCancel(); }, cancel_);
+  cancel_->Enable();
+  ShowStatus();
+  Timer_Batch.Begin(kTimerBatch);
+}
+
+void ZV_TSC::OnBatchTick() {
+  const wxWeakRef<ZV_TSC> alive(this);
+  const wxStopWatch watch;
+  do {
+    batch_.Tick();
+    // A tick from inside a fetch is not the one that finishes.
+    if (!alive || !batchBlock_) return;
+  } while (batch_.IsRunning() && watch.Time() < kSlice);
+  if (!batch_.IsRunning()) FinishBatch();
+}
+
+void ZV_TSC::FinishBatch() {
+  Timer_Batch.Stop();
+  const bool close = batchBlock_->CloseRequested() || turn_.Quitting() || proc_.settings.BatchMode;
+  batchBlock_.reset();
+  ShowStatus();
+  UpdateMenu(*menuTSC_);
+  const wxWeakRef<ZV_TSC> alive(this);
+  if (proc_.settings.BatchMode) {
+    batch_.StoreReport();
+  } else if (!turn_.Quitting()) {
+    ShowBatchSummary(this, proc_, batch_.Report());
+  }
+  if (alive && close) Close();
+}
+
+void ZV_TSC::OnCancel() {
+  if (batch_.IsRunning()) {
+    batch_.Cancel();
+    cancel_->Disable();
+  } else {
+    proc_.waits.CancelRequested = busy_;
+  }
+}
+
+void ZV_TSC::ShowBatch() {
+  const Batch& batch = proc_.batch;
+  if (batchGauge_->IsShown() != batch.IsRunning()) {
+    batchText_->Show(batch.IsRunning());
+    batchGauge_->Show(batch.IsRunning());
+    Layout();
+  }
+  if (!batch.IsRunning()) return;
+  batchText_->SetLabel(ToWx(BatchProgress(proc_)));
+  batchGauge_->SetRange(std::max(static_cast<int>(batch.Steps), 1));
+  batchGauge_->SetValue(std::max(static_cast<int>(batch.Step) - 1, 0));
+}
+
+}  // namespace zek

@@ -1,0 +1,59 @@
+#include "cli/ExportCommand.h"
+
+#include "catalogue/BatchExport.h"
+#include "text/Windows1252.h"
+
+namespace zek::cli {
+namespace {
+
+// Nothing for an operand that is no kind, which was told.
+std::optional<BatchKinds> KindsOf(Console& console, const std::vector<std::string>& operands) {
+  if (operands.empty()) return BatchKinds{};
+  BatchKinds kinds{false, false, false};
+  for (const std::string& operand : operands) {
+    const std::optional<Catalogue> kind = CatalogueOf(operand);
+    if (!kind) {
+      console.err << "zekview-cli: unknown kind " << operand << " (wdc, sdc or ovc)\n";
+      return std::nullopt;
+    }
+    kinds.WDC = kinds.WDC || *kind == Catalogue::Wdc;
+    kinds.SDC = kinds.SDC || *kind == Catalogue::Sdc;
+    kinds.OVC = kinds.OVC || *kind == Catalogue::Ovc;
+  }
+  return kinds;
+}
+
+void PrintReport(Console& console, const BatchReport& report) {
+  for (const std::string& error : report.fileErrors)
+    console.err << Utf8FromWindows1252(error) << '\n';
+  for (const BatchFailure& failure : report.failures)
+    console.err << Utf8FromWindows1252(failure.Line()) << '\n';
+  console.err << Utf8FromWindows1252(report.Headline(console.proc.texts)) << '\n';
+  for (const std::string& file : report.files) console.out << file << '\n';
+}
+
+}  // namespace
+
+ExitStatus Export(Console& console, const Arguments& arguments) {
+  ZV_Proc& proc = console.proc;
+  const std::optional<BatchKinds> kinds = KindsOf(console, arguments.operands);
+  if (!kinds) return kWrongUsage;
+  if (arguments.local) {
+    proc.settings.LocalMode = true;
+    proc.settings.AlwaysUseDSS = false;  // it would keep the local copies from being used
+  }
+  proc.batch.Kinds = *kinds;
+  BatchExport batch(proc);
+  console.Interrupted = [&batch] { batch.Cancel(); };
+  batch.Start();
+  while (batch.IsRunning()) {
+    if (proc.outside.turn.Quitting()) batch.Cancel();
+    batch.Tick();
+    proc.waits.RunPending();
+  }
+  console.Interrupted = nullptr;
+  PrintReport(console, batch.Report());
+  return batch.Report().Succeeded() ? kDone : kFailed;
+}
+
+}  // namespace zek::cli

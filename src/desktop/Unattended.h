@@ -1,0 +1,29 @@
+#pragma once
+
+#include <iostream>
+#include <string>
+
+#include "app/LogPrompts.h"
+#include "app/ZV_Proc.h"
+#include "text/Windows1252.h"
+
+namespace zek {
+
+/// For its own life nobody sits in front of the program: no message box waits for an answer, each
+/// is a line of the log, of the batch export's notes and of standard error.
+class Unattended {
+ public:
+  explicit Unattended(ZV_Proc& proc)
+      : log_([&proc](const std::string& line) {
+          proc.log.Add(line);
+          proc.batch.Notes.push_back(line);
+          std::cerr << "zekview: " << Utf8FromWindows1252(line) << std::endl;
+        }),
+        noBoxes_(proc.prompts, log_) {}
+
+ private:
+  LogPrompts log_;
+  PromptsInstead noBoxes_;
+};
+
+}  // namespace zek
