@@ -43,13 +43,14 @@ void BatchExport::Start() {
   proc_.status.Changed();
 }
 
-void BatchExport::Tick() {
-  if (stepping_ || !IsRunning()) return;
+bool BatchExport::Tick() {
+  if (stepping_ || !IsRunning()) return false;
   stepping_ = true;
   Step();
   stepping_ = false;
   // A cancel that came after the last wait of a fetch must not end the waits of others.
   proc_.waits.CancelRequested = false;
+  return IsRunning();
 }
 
 void BatchExport::Step() {

@@ -35,8 +35,9 @@ class BatchExport {
   void Start();
 
   /// One step (`Timer_Batch`): visits the next node, fetching its catalogue with all the waits
-  /// that takes, or finishes. May be called from inside those waits, and does nothing then.
-  void Tick();
+  /// that takes, or finishes. May be called from inside those waits, and does nothing then. True
+  /// when there is another step to take.
+  bool Tick();
 
   /// Ends a fetch that is running, as soon as its wait sees it, and the batch with the next tick.
   void Cancel();

@@ -57,12 +57,10 @@ void ZV_TSC::StartBatch() {
 void ZV_TSC::OnBatchTick() {
   const wxWeakRef<ZV_TSC> alive(this);
   const wxStopWatch watch;
-  do {
-    batch_.Tick();
-    // A tick from inside a fetch is not the one that finishes.
-    if (!alive || !batchBlock_) return;
-  } while (batch_.IsRunning() && watch.Time() < kSlice);
-  if (!batch_.IsRunning()) FinishBatch();
+  while (batch_.Tick() && alive && watch.Time() < kSlice) {
+  }
+  // The tick that comes from inside a fetch is not the one that finishes.
+  if (alive && batchBlock_ && !batch_.IsRunning()) FinishBatch();
 }
 
 void ZV_TSC::FinishBatch() {
@@ -77,7 +75,13 @@ void ZV_TSC::FinishBatch() {
   } else if (!turn_.Quitting()) {
     ShowBatchSummary(this, proc_, batch_.Report());
   }
-  if (alive && close) Close();
+  if (!alive) return;
+  if (close) {
+    Close();
+  } else {
+    Raise();
+    TreeView->SetFocus();
+  }
 }
 
 void ZV_TSC::OnCancel() {

@@ -43,7 +43,9 @@ class Summary final : public wxDialog {
     SetSizerAndFit(whole);
     CenterForm(*this);
     if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
-    FindWindow(wxID_OK)->SetFocus();
+    SetEscapeId(wxID_OK);
+    // Once it is on the screen: before, the text would get the focus and keep the Enter key.
+    CallAfter([this] { FindWindow(wxID_OK)->SetFocus(); });
   }
 
  private:
@@ -52,7 +54,7 @@ class Summary final : public wxDialog {
     wxString text;
     for (const std::string& line : lines) text += ToWx(line) + "\n";
     auto* const box = new wxTextCtrl(this, wxID_ANY, text.Trim(), wxDefaultPosition, wxDefaultSize,
-                                     wxTE_MULTILINE | wxTE_READONLY | wxTE_DONTWRAP);
+                                     wxTE_MULTILINE | wxTE_READONLY);
     box->SetName("Text_Details");
     box->SetFont(FixedFont());
     const wxSize letter = box->GetTextExtent("0");

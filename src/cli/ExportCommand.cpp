@@ -46,9 +46,8 @@ ExitStatus Export(Console& console, const Arguments& arguments) {
   BatchExport batch(proc);
   console.Interrupted = [&batch] { batch.Cancel(); };
   batch.Start();
-  while (batch.IsRunning()) {
+  while (batch.Tick()) {
     if (proc.outside.turn.Quitting()) batch.Cancel();
-    batch.Tick();
     proc.waits.RunPending();
   }
   console.Interrupted = nullptr;

@@ -52,7 +52,8 @@ class BatchExportTest : public ::testing::Test, protected test::TransferSession 
   const BatchReport& Run(BatchKinds kinds = {}) {
     proc.batch.Kinds = kinds;
     batch.Start();
-    while (batch.IsRunning()) batch.Tick();
+    while (batch.Tick()) {
+    }
     return batch.Report();
   }
 
@@ -204,7 +205,8 @@ TEST_F(BatchExportTest, CancelEndsAFetchThatWaitsForADeadController) {
   turn.After(500, [this] { batch.Cancel(); });
   turn.After(700, [this] { batch.Tick(); });  // the timer goes on ticking inside the wait
   batch.Start();
-  while (batch.IsRunning()) batch.Tick();
+  while (batch.Tick()) {
+  }
   EXPECT_LT(turn.Now(), 1000);
   EXPECT_TRUE(batch.Report().stopped);
   EXPECT_TRUE(batch.Report().failures.empty()) << "what was cancelled did not fail";
