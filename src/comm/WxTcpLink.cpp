@@ -3,8 +3,10 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <memory>
 #include <sys/ioctl.h>
 #include <sys/socket.h>
+#include <utility>
 #include <vector>
 
 #include "lang/TextNumbers.h"
@@ -37,8 +39,11 @@ void WxTcpLink::Drop() {
   unsent_.clear();
   if (socket_ == nullptr) return;
   socket_->Notify(false);
-  socket_->Destroy();
-  socket_ = nullptr;
+  socket_->Close();
+  // It goes behind the events that it has posted already, so that none of them is taken for one of
+  // the next socket. The toolkit's own Destroy() would wait for an idle program, and thousands of
+  // transfers can follow one another without one.
+  CallAfter([dropped = std::move(socket_)] {});
 }
 
 void WxTcpLink::Close() { Drop(); }
@@ -57,7 +62,7 @@ void WxTcpLink::Open(const LinkTarget& target) {
     FailLater(text::kHostUnknown);
     return;
   }
-  socket_ = new wxSocketClient(wxSOCKET_NOWAIT);  // Destroy() deletes it
+  socket_ = std::make_shared<wxSocketClient>(wxSOCKET_NOWAIT);
   socket_->SetEventHandler(*this);
   socket_->SetNotify(wxSOCKET_CONNECTION_FLAG | wxSOCKET_INPUT_FLAG | wxSOCKET_OUTPUT_FLAG |
                      wxSOCKET_LOST_FLAG);
@@ -103,7 +108,7 @@ void WxTcpLink::FlushUnsent() {
 }
 
 void WxTcpLink::OnSocket(wxSocketEvent& event) {
-  if (socket_ == nullptr || event.GetSocket() != socket_) return;
+  if (socket_ == nullptr || event.GetSocket() != socket_.get()) return;
   switch (event.GetSocketEvent()) {
     case wxSOCKET_CONNECTION:
       state_ = LinkState::Connected;

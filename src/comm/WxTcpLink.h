@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include <wx/event.h>
@@ -31,7 +32,7 @@ class WxTcpLink final : public wxEvtHandler, public Link {
   void FailLater(std::int32_t textNumber);
   void Drop();
 
-  wxSocketClient* socket_ = nullptr;  // destroyed by itself, once its events are through
+  std::shared_ptr<wxSocketClient> socket_;  // shared with the event that ends it, see Drop
   LinkState state_ = LinkState::Closed;
   std::string unsent_;   // handed over, not yet taken by the system
   unsigned serial_ = 0;  // counts the sockets: events of an older one are late

@@ -99,7 +99,6 @@ void Tour::Plan() {
                         CloseLater(*Shown(form));
                       },
                       kFetchSeconds});
-    if (next == wxID_NONE) return;
     steps_.push_back({std::string(what) + " closed", [form] { return Shown(form) == nullptr; },
                       [next] { Post(*Shown("ZV_TSC"), wxEVT_MENU, next); }});
   };
@@ -113,7 +112,11 @@ void Tour::Plan() {
                     },
                     kFetchSeconds});
   editor("the calendar editor", "ZV_SDC", "calendar", browser::Menu_GetOVC);
-  editor("the exception editor", "ZV_OVC", "exception", wxID_NONE);
+  editor("the exception editor", "ZV_OVC", "exception", browser::Menu_Batch_Run);
+  steps_.push_back(
+      {"the batch export", shown("Gauge_Batch"), [this] { TakePicture("ZV_TSC", "export"); }});
+  steps_.push_back({"the summary of the export", shown("ZV_TSCSummary"),
+                    [] { CloseLater(*Shown("ZV_TSCSummary")); }, kFetchSeconds});
 }
 
 void Tour::Notify() {
@@ -150,7 +153,8 @@ void Tour::Fail(const std::string& reason) {
 
 // Closes one form after the other, the innermost first, as long as there is one.
 void Tour::Leave() {
-  for (const char* const form : {"ZV_WDC", "ZV_SDC", "ZV_OVC", "ZV_TSC", "ZV_Info", "ZV_Main"}) {
+  for (const char* const form :
+       {"ZV_WDC", "ZV_SDC", "ZV_OVC", "ZV_TSCSummary", "ZV_TSC", "ZV_Info", "ZV_Main"}) {
     wxWindow* const window = Shown(form);
     if (window == nullptr) continue;
     CloseLater(*window);

@@ -28,8 +28,8 @@ class TourPrompts final : public Prompts {
 };
 
 /// Shows the program by itself: connects to a topic, sends a command, opens the browser, fetches a
-/// weekday catalogue and opens its editor, all through the events that a user's hand would cause.
-/// Leaves about.png, main.png, browser.png and weekday.png in `directory` (UTF-8) and closes the
+/// catalogue of each kind and opens its editor, and exports the plant, all through the events that
+/// a user's hand would cause. Leaves a picture of each form in `directory` (UTF-8) and closes the
 /// program.
 class Tour final : private wxTimer {
  public:
