@@ -47,5 +47,6 @@ void AddReplyHandler(std::vector<Limit>& limits);
 void AddWeekday(std::vector<Limit>& limits);
 void AddCalendar(std::vector<Limit>& limits);
 void AddException(std::vector<Limit>& limits);
+void AddBatch(std::vector<Limit>& limits);
 
 }  // namespace zek::bench

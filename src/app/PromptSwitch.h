@@ -11,15 +11,20 @@ class PromptSwitch final : public Prompts {
 
   using Prompts::Show;
   void Show(Icon icon, const std::string& message, const std::string& caption) override {
+    ++shown_;
     target_->Show(icon, message, caption);
   }
   bool AskYesNo(Icon icon, const std::string& question, const std::string& caption) override {
     return target_->AskYesNo(icon, question, caption);
   }
 
+  /// How many messages there were so far.
+  unsigned Shown() const { return shown_; }
+
  private:
   friend class PromptsInstead;
   Prompts* target_;
+  unsigned shown_ = 0;
 };
 
 /// For its own life messages and questions go to `other`.

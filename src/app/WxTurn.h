@@ -5,6 +5,7 @@
 #include <wx/event.h>
 #include <wx/timer.h>
 
+#include "app/Interrupt.h"
 #include "app/Settings.h"
 #include "app/Turn.h"
 
@@ -15,7 +16,7 @@ class WxTurn final : public Turn {
  public:
   void RunPending() override;
   void Once() override;
-  bool Quitting() const override { return quitting_; }
+  bool Quitting() const override { return quitting_ || Interrupted(); }
 
   /// Ends every wait, now and from now on.
   void Quit() { quitting_ = true; }

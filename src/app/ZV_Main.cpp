@@ -41,6 +41,8 @@ ZV_Main::ZV_Main(ZV_Proc& proc, WxTurn& turn)
   proc_.status.Changed = [this] { refresh_.Request(); };
   ShowState();
   Timer_Comm.Begin();
+  // A window that nobody looks at may never be painted.
+  if (proc_.settings.BatchMode) Activate();
 }
 
 ZV_Main::~ZV_Main() {
@@ -98,6 +100,10 @@ void ZV_Main::BindEvents() {
 // Shown is not yet visible: only a window that has been painted can be hidden again.
 void ZV_Main::OnFirstPaint(wxPaintEvent& event) {
   event.Skip();
+  Activate();
+}
+
+void ZV_Main::Activate() {
   if (activated_) return;
   activated_ = true;
   CallAfter([this] { FirstActivation(); });  // it waits, so not from inside the painting
@@ -110,8 +116,7 @@ void ZV_Main::FirstActivation() {
   SetIcons(ProgramIcons());
   {
     const Working working(*this);
-    proc_.topics.LoadTopics(proc_.outside.profile, proc_.settings, proc_.texts,
-                            proc_.outside.prompts);
+    LoadTopics(proc_);
     FillTopics();
     Combo_Topics->SetFocus();
     ShowState();

@@ -66,6 +66,7 @@ class ZV_Main final : public wxFrame {
   void BuildAccelerators();
   void BindEvents();
   void OnFirstPaint(wxPaintEvent& event);
+  void Activate();
   void FirstActivation();
   void FillTopics();
 

@@ -54,6 +54,18 @@ bool LoadLanguage(ZV_Proc& proc) {
   return false;
 }
 
+void LoadTopics(ZV_Proc& proc) {
+  const unsigned before = proc.prompts.Shown();
+  proc.topics.LoadTopics(proc.outside.profile, proc.settings, proc.texts, proc.prompts);
+  proc.batch.PlantCut = proc.prompts.Shown() != before;
+}
+
+void LoadTree(ZV_Proc& proc) {
+  const unsigned before = proc.prompts.Shown();
+  proc.tree = BuildObjectTree(proc.topics, proc.outside.profile, proc.texts, proc.prompts);
+  if (proc.prompts.Shown() != before) proc.batch.PlantCut = true;
+}
+
 void SelectNode(ZV_Proc& proc, std::size_t index) {
   const TreeNode& node = proc.tree.at(index);
   proc.selection.CurrentObject = node.Object;

@@ -71,6 +71,11 @@ bool CheckSettingsFile(ZV_Proc& proc);
 /// is there and can't be read is told.
 bool LoadLanguage(ZV_Proc& proc);
 
+/// Loads the topics and builds the tree of their time controls. Every message on the way is about
+/// a part of the plant that is left out, see `Batch::PlantCut`.
+void LoadTopics(ZV_Proc& proc);
+void LoadTree(ZV_Proc& proc);
+
 /// Makes a node of `proc.tree` the one that everything works on (a click on it in the browser).
 void SelectNode(ZV_Proc& proc, std::size_t index);
 

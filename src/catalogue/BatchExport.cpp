@@ -40,6 +40,7 @@ void BatchExport::Start() {
   report_.planned = static_cast<std::size_t>(controls) * passes_.size();
   batch.Steps = report_.planned;
   batch.Step = 0;
+  report_.plantCut = batch.PlantCut;
   proc_.status.Changed();
 }
 
@@ -55,6 +56,7 @@ bool BatchExport::Tick() {
 
 void BatchExport::Step() {
   Batch& batch = proc_.batch;
+  if (proc_.outside.turn.Quitting()) Cancel();
   if (batch.State == BatchState::Started) {
     batch.BatchNodeIndex = 0;
     batch.State = BatchState::WdcPass;
@@ -116,17 +118,18 @@ void BatchExport::Export(Pass& pass, std::size_t node) {
     ++pass.exported;
     return;
   }
-  std::string why = told_.front();
-  if (told_.size() > 1) why += " (+" + std::to_string(told_.size() - 1) + ")";
+  constexpr std::size_t longest = 300;  // a controller's line can have any length
+  std::string why = told_.front().substr(0, longest);
+  if (told_.size() > 1) {
+    why = Message(Text(text::kBatchMoreMessages), {why, std::to_string(told_.size() - 1)});
+  }
   report_.failures.push_back({batch.Node, batch.Kind, std::move(why)});
 }
 
-// What went wrong is in `told_` afterwards. False for a fetch that was cancelled.
+// What went wrong is in `told_` afterwards. False when the catalogue was not tried for: after a
+// cancel, and where there is no file to write it to, which the report says once for all nodes.
 bool BatchExport::FetchAndWrite(Pass& pass) {
-  if (!pass.file.IsOpen()) {
-    TakeMessage(FileMessage(proc_.texts, *pass.file.Error()));
-    return true;
-  }
+  if (!pass.file.IsOpen()) return false;
   const Catalogue kind = pass.file.Kind();
   if (!GetCatalogue(proc_, kind)) {
     if (proc_.batch.State == BatchState::Finishing || proc_.outside.turn.Quitting()) return false;
@@ -186,7 +189,10 @@ void BatchExport::StoreReport() {
   const std::string path = WithSeparator(BatchDirectory(proc_.settings)) + "BATCH" +
                            FileStamp(proc_.outside.now()) + ".TXT";
   const auto error = proc_.outside.files.Write(path, text);
-  if (error) proc_.outside.prompts.Show(Icon::Exclamation, FileMessage(proc_.texts, *error));
+  if (!error) return;
+  proc_.outside.prompts.Show(Icon::Exclamation, FileMessage(proc_.texts, *error));
+  for (const std::string& line : report_.Details(proc_.texts))
+    proc_.outside.prompts.Show(Icon::None, line);
 }
 
 std::string BatchProgress(const ZV_Proc& proc) {

@@ -45,7 +45,7 @@ class BatchExport {
   bool IsRunning() const { return proc_.batch.IsRunning(); }
 
   /// Stores notes and report as "BATCH", time and ".TXT" beside the exported files, for who looks
-  /// after a run that nobody watched. A failure is told.
+  /// after a run that nobody watched. When that fails, it is told with the whole report.
   void StoreReport();
 
   /// Of the last batch, whole when it is no longer running.

@@ -76,7 +76,7 @@ void BatchFile::Close() {
   if (!IsOpen()) return;
   auto error = file_->Commit();
   inPlace_ = !error;
-  if (error) error_ = std::move(error);
+  if (error && !error_) error_ = std::move(error);
   file_.reset();
 }
 

@@ -19,6 +19,8 @@ namespace zek {
 ///     Batch påbörjad 26-11-21 08:30:00/Objekt;DUC;...    with `IncludeBatchHeader`
 ///     Skolan;DUC 1;...                                   records
 ///     Batch avslutad 26-11-21 08:45:12                   with it; or "Batch stoppad " in any case
+///
+/// The records of a node that was complete when the export was cancelled follow behind that.
 class BatchFile {
  public:
   explicit BatchFile(Catalogue kind) : kind_(kind) {}

@@ -26,16 +26,20 @@ struct BatchReport {
   std::vector<std::string> files;       // that are in their place
   std::vector<std::string> fileErrors;  // what went wrong with whole files
   bool stopped = false;                 // the user cancelled, or the program ended
+  bool plantCut = false;                // the settings name more than could be taken
 
   /// An export of nothing is no success: more likely the settings name no time controls.
   bool Succeeded() const {
-    return planned > 0 && exported == planned && fileErrors.empty() && !stopped;
+    return planned > 0 && exported == planned && fileErrors.empty() && !stopped && !plantCut;
   }
 
   /// In one sentence how it ended: how many of how many.
   std::string Headline(const LanguageTexts& texts) const;
 
-  /// The failures, then where the files are, in lines.
+  /// What is not exported and why, in lines.
+  std::vector<std::string> Failures(const LanguageTexts& texts) const;
+
+  /// The same, and then where the files are.
   std::vector<std::string> Details(const LanguageTexts& texts) const;
 };
 

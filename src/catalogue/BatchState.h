@@ -43,6 +43,10 @@ struct Batch {
   std::size_t Steps = 0;  // of the whole batch
   std::size_t Step = 0;   // the present one, from 1; 0 before the first
 
+  /// The settings name more objects or time controls than were taken: sections that were cut,
+  /// topics beyond the largest number, labels that were refused.
+  bool PlantCut = false;
+
   /// What a program without anybody in front of it had to say, in lines (see `LogPrompts`).
   std::vector<std::string> Notes;
   /// The last batch exported every node. A batch that was never run did not.

@@ -165,16 +165,18 @@ class Reading {
   ReadDelays delays_;
 };
 
-// A batch fetches afresh, but not the same catalogue twice, and nothing in local mode.
+// A batch fetches afresh, but not the same catalogue twice; in local mode it takes what there is.
 bool UseLocalCopyInBatch(const ZV_Proc& proc) {
+  if (proc.settings.LocalMode) return true;
   const bool loaded =
       proc.transfer.CatalogueLoaded && proc.transfer.LoadedTopic == proc.selection.CurrentObject;
-  return loaded || proc.settings.LocalMode;
+  return loaded && !proc.settings.AlwaysUseDSS;
 }
 
 bool UseLocalCopy(ZV_Proc& proc, Catalogue catalogue) {
-  if (proc.settings.AlwaysUseDSS || !HasLocalCopy(proc, catalogue)) return false;
+  if (!HasLocalCopy(proc, catalogue)) return false;
   if (proc.batch.IsRunning()) return UseLocalCopyInBatch(proc);
+  if (proc.settings.AlwaysUseDSS) return false;
   if (proc.settings.AlwaysUseLocal) return true;
   return proc.outside.prompts.AskYesNo(Icon::Question,
                                        proc.Text(text::kUseLocalCopy) + " (" +

@@ -13,7 +13,7 @@ namespace zek {
 
 /// A catalogue as its editor has read it.
 struct LoadedCatalogue {
-  std::size_t linesLost = 0;         // lines that the table does not hold, each told of
+  std::size_t linesLost = 0;         // lines that the table does not hold, those with "*" too
   std::vector<std::string> records;  // the table as lines of the batch export
   /// The lines that saving the unchanged table would send; nothing when a setting that they are
   /// numbered by can't be used, which was told. Valid as long as `proc` is and its catalogue stays.

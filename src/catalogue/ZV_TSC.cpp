@@ -101,13 +101,13 @@ void ZV_TSC::RunModal() {
   }
   if (!alive) return;
   loop_ = nullptr;
+  EndBatch();
   Destroy();
 }
 
 void ZV_TSC::ShowTree() {
   const wxWeakRef<ZV_TSC> alive(this);
-  proc_.tree =
-      BuildObjectTree(proc_.topics, proc_.outside.profile, proc_.texts, proc_.outside.prompts);
+  LoadTree(proc_);
   if (!alive) return;
   TreeView->ShowNodes(proc_.tree);
   OnSelected();
@@ -170,6 +170,7 @@ void ZV_TSC::OnKey(wxKeyEvent& event) {
 
 // The loop that shows the form ends and destroys it: a handler of the form may still be running.
 void ZV_TSC::OnClose(wxCloseEvent& /*event*/) {
+  if (busy_) OnCancel();  // the end of the user's session gets past the block of input
   if (loop_ != nullptr) loop_->ScheduleExit();
 }
 

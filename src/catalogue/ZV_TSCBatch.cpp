@@ -49,12 +49,12 @@ void ZV_TSC::StartBatch() {
   TreeView->ExpandObjects();
   batch_.Start();
   batchBlock_ = std::make_unique<InputBlock>([this] { OnCancel(); }, cancel_);
-  cancel_->Enable();
   ShowStatus();
   Timer_Batch.Begin(kTimerBatch);
 }
 
 void ZV_TSC::OnBatchTick() {
+  if (!batchBlock_) return;  // a last tick that was on its way when the batch ended
   const wxWeakRef<ZV_TSC> alive(this);
   const wxStopWatch watch;
   while (batch_.Tick() && alive && watch.Time() < kSlice) {
@@ -64,9 +64,8 @@ void ZV_TSC::OnBatchTick() {
 }
 
 void ZV_TSC::FinishBatch() {
-  Timer_Batch.Stop();
   const bool close = batchBlock_->CloseRequested() || turn_.Quitting() || proc_.settings.BatchMode;
-  batchBlock_.reset();
+  EndBatch();
   ShowStatus();
   UpdateMenu(*menuTSC_);
   const wxWeakRef<ZV_TSC> alive(this);
@@ -82,6 +81,12 @@ void ZV_TSC::FinishBatch() {
     Raise();
     TreeView->SetFocus();
   }
+}
+
+// The batch is over for this form, or the form for the batch, which ends with `ShowBrowser` then.
+void ZV_TSC::EndBatch() {
+  Timer_Batch.Stop();
+  batchBlock_.reset();
 }
 
 void ZV_TSC::OnCancel() {

@@ -60,6 +60,7 @@ class ZV_TSC final : public wxFrame {
   void ToggleBatch(bool BatchKinds::*kind);
   void OnBatchTick();
   void FinishBatch();
+  void EndBatch();
   void OnCancel();
   void ShowBatch();
 

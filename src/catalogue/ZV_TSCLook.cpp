@@ -102,6 +102,7 @@ void ZV_TSC::ShowStatus() {
 void ZV_TSC::ShowBusy(bool busy) {
   busy_ = busy;
   cancel_->SetLabel(Label(batch_.IsRunning() ? text::kBatchCancel : text::kCancelTransfer));
+  cancel_->Enable();
   cancel_->Show(busy);
   PlaceCancel();
   // The focus leaves the tree before it is disabled, so that Escape still has a way in.

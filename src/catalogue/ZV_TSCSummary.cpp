@@ -34,7 +34,7 @@ class Summary final : public wxDialog {
     auto* const whole = new wxBoxSizer(wxVERTICAL);
     whole->Add(head, 0, wxEXPAND | wxALL, gap);
     // The label comes before its box, which takes its name from there.
-    if (!report.failures.empty() || !report.fileErrors.empty()) {
+    if (!report.Failures(proc.texts).empty()) {
       whole->Add(new wxStaticText(this, wxID_ANY, ToWx(proc.Text(text::kBatchDetails))), 0,
                  wxLEFT | wxRIGHT, gap);
     }

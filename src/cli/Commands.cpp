@@ -129,7 +129,7 @@ ExitStatus StartSession(Console& console) {
     proc.outside.prompts.Show(Icon::None, proc.Text(text::kNoTagObject));
     return kFailed;
   }
-  proc.topics.LoadTopics(proc.outside.profile, proc.settings, proc.texts, proc.outside.prompts);
+  LoadTopics(proc);
   return kDone;
 }
 
@@ -138,8 +138,7 @@ ExitStatus RunCommand(Console& console, const Arguments& arguments) {
   if (arguments.command == "send") {
     return Send(console, arguments.operands[0], arguments.operands[1]);
   }
-  console.proc.tree = BuildObjectTree(console.proc.topics, console.proc.outside.profile,
-                                      console.proc.texts, console.proc.outside.prompts);
+  LoadTree(console.proc);
   if (arguments.command == "objects") return Objects(console);
   if (arguments.command == "export") return Export(console, arguments);
   return RunCatalogueCommand(console, arguments);

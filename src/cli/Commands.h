@@ -1,6 +1,5 @@
 #pragma once
 
-#include <functional>
 #include <istream>
 #include <ostream>
 
@@ -17,9 +16,6 @@ struct Console {
   std::istream& in;
   std::ostream& out;
   std::ostream& err;
-  /// Set by a command that has something to put in order when it is interrupted (Ctrl+C). Called
-  /// from the event loop.
-  std::function<void()> Interrupted = nullptr;
 };
 
 /// Start-up as the desktop program does it: language, settings, tag object, topics.

@@ -24,10 +24,8 @@ std::optional<BatchKinds> KindsOf(Console& console, const std::vector<std::strin
 }
 
 void PrintReport(Console& console, const BatchReport& report) {
-  for (const std::string& error : report.fileErrors)
-    console.err << Utf8FromWindows1252(error) << '\n';
-  for (const BatchFailure& failure : report.failures)
-    console.err << Utf8FromWindows1252(failure.Line()) << '\n';
+  for (const std::string& line : report.Failures(console.proc.texts))
+    console.err << Utf8FromWindows1252(line) << '\n';
   console.err << Utf8FromWindows1252(report.Headline(console.proc.texts)) << '\n';
   for (const std::string& file : report.files) console.out << file << '\n';
 }
@@ -38,19 +36,11 @@ ExitStatus Export(Console& console, const Arguments& arguments) {
   ZV_Proc& proc = console.proc;
   const std::optional<BatchKinds> kinds = KindsOf(console, arguments.operands);
   if (!kinds) return kWrongUsage;
-  if (arguments.local) {
-    proc.settings.LocalMode = true;
-    proc.settings.AlwaysUseDSS = false;  // it would keep the local copies from being used
-  }
+  if (arguments.local) proc.settings.LocalMode = true;
   proc.batch.Kinds = *kinds;
   BatchExport batch(proc);
-  console.Interrupted = [&batch] { batch.Cancel(); };
   batch.Start();
-  while (batch.Tick()) {
-    if (proc.outside.turn.Quitting()) batch.Cancel();
-    proc.waits.RunPending();
-  }
-  console.Interrupted = nullptr;
+  while (batch.Tick()) proc.waits.RunPending();
   PrintReport(console, batch.Report());
   return batch.Report().Succeeded() ? kDone : kFailed;
 }

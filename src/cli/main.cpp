@@ -1,5 +1,6 @@
 // zekview-cli: the catalogues without a window, for scripts and scheduled jobs.
 
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 #include <unistd.h>
@@ -12,6 +13,7 @@
 
 #include "app/DiskFiles.h"
 #include "app/FileProfile.h"
+#include "app/Interrupt.h"
 #include "app/WxTurn.h"
 #include "catalogue/BatchExport.h"
 #include "cli/Commands.h"
@@ -44,10 +46,13 @@ class TerminalProgress {
     if (!text.empty()) text += "  ";
     text += status_.Transfer.empty() ? status_.Progress : status_.Transfer;
     if (!status_.Waiting.empty()) text += "  " + status_.Waiting;
+    text.resize(std::min(text.size(), kColumns));
     if (text == last_) return;
     last_ = text;
     std::cerr << '\r' << Utf8FromWindows1252(text) << "\x1B[K" << std::flush;
   }
+
+  static constexpr std::size_t kColumns = 79;  // a longer one would begin a second line
 
   const ZV_Proc& proc_;
   StatusPanels& status_;
@@ -93,29 +98,13 @@ class Application final : public wxAppConsole {
     // The answers of `send` come while it waits and would stand behind what it shows.
     const TerminalProgress progress(proc, arguments_.command != "send");
     Console console{proc, prompts, std::cin, std::cout, std::cerr};
-    if (arguments_.command == "export") CatchSignals(console);
+    // A blocked program would not see them, so only what has files to put in order waits for them.
+    if (arguments_.command == "export") CatchInterrupts();
     const ExitStatus started = StartSession(console);
     const ExitStatus status = started == kDone ? RunCommand(console, arguments_) : started;
-    console_ = nullptr;
     if (std::cout.flush()) return status;
     std::cerr << "zekview-cli: standard output could not be written\n";
     return status == kDone ? kFailed : status;
-  }
-
-  // Ctrl+C, and the end that a scheduler puts to a job. A blocked program would not see them, so
-  // only the command that has something to put in order waits for them.
-  void CatchSignals(Console& console) {
-    console_ = &console;
-#ifndef _WIN32
-    const SignalHandler interrupt = [](int) {
-      const Application& program = *static_cast<const Application*>(wxAppConsole::GetInstance());
-      if (program.console_ != nullptr && program.console_->Interrupted) {
-        program.console_->Interrupted();
-      }
-    };
-    SetSignalHandler(SIGINT, interrupt);
-    SetSignalHandler(SIGTERM, interrupt);
-#endif
   }
 
   static std::string ExecutableDirectory() {
@@ -124,7 +113,6 @@ class Application final : public wxAppConsole {
 
   Arguments arguments_;
   ExitStatus status_ = kFailed;
-  const Console* console_ = nullptr;  // of a command that can be interrupted
 };
 
 }  // namespace

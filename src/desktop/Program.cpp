@@ -13,6 +13,7 @@
 #include <wx/sstream.h>
 #include <wx/stdpaths.h>
 
+#include "app/Interrupt.h"
 #include "app/ZV_Main.h"
 #include "desktop/Desktop.h"
 #include "desktop/StartUp.h"
@@ -72,7 +73,10 @@ class Program final : public wxApp {
     Prompts* const prompts = line_.tour ? static_cast<Prompts*>(&tourPrompts_) : &prompts_;
     desktop_ = std::make_unique<Desktop>(programPath, IniPathOf(line_, programPath), *prompts);
     prompts_.Speak(desktop_->proc.texts);
-    if (HasSwitch(line_.text, "/BATCH")) unattended_.emplace(desktop_->proc);
+    if (HasSwitch(line_.text, "/BATCH")) {
+      unattended_.emplace(desktop_->proc);
+      CatchInterrupts();
+    }
     if (const auto ended = StartUp(*desktop_, line_, instance_)) return *ended;
     ShowMain();
     wxApp::OnRun();

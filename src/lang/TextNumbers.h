@@ -173,6 +173,9 @@ inline constexpr std::int32_t kBatchFiles = 634;
 inline constexpr std::int32_t kBatchNoFiles = 635;
 inline constexpr std::int32_t kBatchTitle = 636;
 inline constexpr std::int32_t kBatchDetails = 637;
+inline constexpr std::int32_t kBatchFaulty = 638;
+inline constexpr std::int32_t kBatchPlantCut = 639;
+inline constexpr std::int32_t kBatchMoreMessages = 640;  // %1 the first, %2 the number of others
 // The exception editor
 inline constexpr std::int32_t kExceptionRefused = 670;    // text (line)
 inline constexpr std::int32_t kDateWrong = 671;           // %1 what was typed

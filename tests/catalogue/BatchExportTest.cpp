@@ -153,7 +153,7 @@ TEST_F(BatchExportTest, TheWalkGoesOnPastWhatFails) {
   EXPECT_EQ(report.planned, 12U);
   EXPECT_EQ(report.exported, 4U) << "what is left of the modern controller";
   EXPECT_EQ(Failures().size(), 8U);
-  EXPECT_EQ(Failures()[2], "TWO/TSC1 WDC: T400 ERROR 5 (+3)");
+  EXPECT_EQ(Failures()[2], "TWO/TSC1 WDC: T640");
   EXPECT_EQ(Failures().back(), "TWO/PLT7 OVC: T422");
   EXPECT_TRUE(prompts.shown.empty()) << "nobody has to press a button for the walk to go on";
   EXPECT_EQ(files.files[kWdc], std::string(kWeekdayHeader) + kFinished);
@@ -193,8 +193,8 @@ TEST_F(BatchExportTest, ADiskThatIsFullForAWhileCostsTheNodesOfThatTime) {
 TEST_F(BatchExportTest, AFolderThatCannotBeWrittenFailsEveryNodeWithoutFetching) {
   files.failWrites = FileError::Reason::ReadOnly;
   const BatchReport& report = Run();
-  EXPECT_EQ(report.failures.size(), 12U);
-  EXPECT_EQ(report.fileErrors.size(), 1U) << "said once, not for each file";
+  EXPECT_EQ(report.exported, 0U);
+  EXPECT_EQ(report.Failures(proc.texts).size(), 1U) << "said once, not for each file and node";
   EXPECT_TRUE(report.files.empty());
   EXPECT_TRUE(commands.empty());
 }
@@ -246,6 +246,50 @@ TEST_F(BatchExportTest, TheReportOfAnUnwatchedRunIsStoredBesideTheFiles) {
   batch.StoreReport();
   EXPECT_EQ(files.files["/zek/Batch/BATCH" + kStamp + ".TXT"],
             "a setting\r\n3 of 4, 1\r\nTWO/TSC1 WDC: T422\r\nFiles:\r\n  " + kWdc + "\r\n");
+}
+
+TEST_F(BatchExportTest, WhatIsCompleteWhenItIsCancelledIsWrittenBehindThat) {
+  ReplaceInSettings("DelayD=1", "DelayD=9");  // seconds after the listing
+  answers["\x05"] = "ZEK READY\r\n";
+  turn.After(5000, [this] { batch.Cancel(); });
+  Run({true, false, false});
+  EXPECT_TRUE(batch.Report().stopped);
+  EXPECT_EQ(files.files[kWdc].find(kStopped), kWeekdayHeader.size());
+  EXPECT_GT(files.files[kWdc].size(), kWeekdayHeader.size() + kStopped.size());
+}
+
+TEST_F(BatchExportTest, AFileThatIsLostInTheEndTakesItsNodesWithIt) {
+  proc.texts.Read("631=%1 of %2, %3 are not\r\n638=faulty\r\n");
+  batch.Selected = [this](std::size_t node) {
+    Answer(node);
+    if (proc.batch.State == BatchState::OvcPass) files.failWrites = FileError::Reason::Full;
+  };
+  EXPECT_EQ(Run({true, false, false}).Headline(proc.texts), "0 of 4, 4 are not");
+  EXPECT_TRUE(batch.Report().files.empty());
+  files.failWrites.reset();
+  batch.Selected = [this](std::size_t node) { Answer(node); };
+  proc.batch.PlantCut = true;
+  EXPECT_EQ(Run({true, false, false}).Headline(proc.texts), "faulty");
+  EXPECT_FALSE(proc.batch.Succeeded);
+}
+
+TEST_F(BatchExportTest, AProgramThatEndsStopsIt) {
+  batch.Selected = [this](std::size_t node) {
+    Answer(node);
+    if (proc.tree[node].TscName == "VS1") turn.Quit();
+  };
+  EXPECT_TRUE(Run().stopped);
+  EXPECT_NE(files.files[kWdc].find(kStopped), std::string::npos);
+}
+
+TEST(BatchExport, TopicsAndLabelsThatAreLeftOutAreNoSuccess) {
+  test::TestSession session;
+  LoadTopics(session.proc);
+  LoadTree(session.proc);
+  EXPECT_FALSE(session.proc.batch.PlantCut);
+  session.files.files["/ini/ZEKView.INI"] += "[LOC]\r\nAHU1=a [b]\r\n";
+  LoadTree(session.proc);
+  EXPECT_TRUE(session.proc.batch.PlantCut);
 }
 
 }  // namespace

@@ -129,7 +129,6 @@ def main():
         finally:
             plant.kill()
             plant.wait()
-        print(growth(watch.memory), growth(watch.files), len(watch.memory))
         check(home, export.returncode, out, err)
         assert len(watch.memory) > 8, "too few looks at the program"
         # What failed is kept for the report: less than half a kilobyte each.

@@ -22,6 +22,8 @@ bool SummaryIsUp() {
          wxWindow::FindWindowById(wxID_OK, Shown("ZV_TSCSummary"))->HasFocus();
 }
 
+bool HasFocusOnCancel() { return wxWindow::FindWindowById(wxID_CANCEL, &Browser())->HasFocus(); }
+
 void StartBatch() { Command(Browser(), wxEVT_MENU, Menu_Batch_Run); }
 
 struct BatchTest : testing::Test {
@@ -93,6 +95,10 @@ TEST_F(BatchTest, IsCancelledByMouseWhileAControllerIsDead) {
           Click(*wxWindow::FindWindowById(wxID_CANCEL, &Browser()));
         }},
        {SummaryIsUp, [] { Press(WXK_RETURN); }},
+       {IsReady, [] { Command(Browser(), wxEVT_MENU, Menu_GetSDC); }},
+       {[this] { return world.session.status.Busy > 0; },
+        [] { EXPECT_TRUE(wxWindow::FindWindowById(wxID_CANCEL, &Browser())->IsEnabled()); }},
+       {[] { return HasFocusOnCancel(); }, [] { Press(WXK_ESCAPE); }},
        {IsReady, [] { Press(WXK_ESCAPE); }}});
   EXPECT_EQ(Files(), (std::vector<std::string>{"OVC", "SDC", "WDC"})) << "what there is is kept";
   EXPECT_FALSE(world.session.batch.Succeeded);
@@ -113,6 +119,15 @@ TEST_F(BatchTest, RunsAndClosesByItselfWithTheBatchSwitch) {
   EXPECT_TRUE(world.session.batch.Succeeded);
   EXPECT_EQ(Files(), (std::vector<std::string>{"BAT", "OVC", "SDC", "WDC"}));
   EXPECT_TRUE(world.prompts.shown.empty());
+}
+
+// The end of the user's session asks nobody.
+TEST_F(BatchTest, AFormThatIsClosedByForceLeavesABatchThatIsWhole) {
+  world.plantLink.silent = true;
+  Run({{IsReady, StartBatch}, {waits, [] { Browser().Close(true); }}});
+  EXPECT_FALSE(world.session.batch.IsRunning());
+  Pump(100);
+  EXPECT_EQ(Files().size(), 3U);
 }
 
 }  // namespace
