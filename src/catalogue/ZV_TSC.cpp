@@ -170,6 +170,7 @@ void ZV_TSC::OnKey(wxKeyEvent& event) {
 
 // The loop that shows the form ends and destroys it: a handler of the form may still be running.
 void ZV_TSC::OnClose(wxCloseEvent& /*event*/) {
+  closing_ = true;
   if (busy_) OnCancel();  // the end of the user's session gets past the block of input
   if (loop_ != nullptr) loop_->ScheduleExit();
 }

@@ -71,7 +71,7 @@ void ZV_TSC::FinishBatch() {
   const wxWeakRef<ZV_TSC> alive(this);
   if (proc_.settings.BatchMode) {
     batch_.StoreReport();
-  } else if (!turn_.Quitting()) {
+  } else if (!closing_ && !turn_.Quitting()) {
     ShowBatchSummary(this, proc_, batch_.Report());
   }
   if (!alive) return;
