@@ -78,7 +78,7 @@ class ZV_TSC final : public wxFrame {
   bool fetching_ = false;  // a fetch that was begun here; the editor shows its own writes
   bool busy_ = false;      // what the form looks like
   wxEventLoopBase* loop_ = nullptr;
-  bool closing_ = false;  // it will be gone soon
+  bool closing_ = false;                    // it will be gone soon
   std::unique_ptr<InputBlock> batchBlock_;  // while a batch runs
   WxTick Timer_Batch;
 };
