@@ -11,7 +11,6 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 # Small programs: what nobody calls is left out when linking.
 foreach(language C CXX)
   set(CMAKE_${language}_FLAGS_INIT "-ffunction-sections -fdata-sections")
-  set(CMAKE_${language}_FLAGS_RELEASE_INIT "-Os -DNDEBUG")
 endforeach()
 # Nothing but the program itself has to be installed.
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -Wl,--gc-sections")

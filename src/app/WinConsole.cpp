@@ -1,7 +1,7 @@
 #include "app/WinConsole.h"
 
-#include <algorithm>
 #include <windows.h>
+#include <algorithm>
 
 #include "app/WinText.h"
 

@@ -25,7 +25,6 @@ FileError WinFileError(const std::string& path, unsigned long code) {
       break;
     case ERROR_DISK_FULL:
     case ERROR_HANDLE_DISK_FULL:
-    case ERROR_DISK_QUOTA_EXCEEDED:
       reason = Reason::Full;
       break;
     case ERROR_WRITE_PROTECT:

@@ -1,5 +1,5 @@
-#include <algorithm>
 #include <windows.h>
+#include <algorithm>
 
 #include "app/DiskFiles.h"
 #include "app/WinFileError.h"

@@ -1,3 +1,4 @@
+#include <windows.h>
 #include <array>
 #include <cstdio>
 #include <fcntl.h>
@@ -5,7 +6,6 @@
 #include <iostream>
 #include <memory>
 #include <shellapi.h>
-#include <windows.h>
 
 #include "app/Paths.h"
 #include "app/Process.h"

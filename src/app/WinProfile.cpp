@@ -1,43 +1,35 @@
 #include "app/WinProfile.h"
 
+#include <windows.h>
+#include <algorithm>
 #include <array>
 #include <vector>
-#include <windows.h>
 
 #include "app/FileProfile.h"
+#include "app/ProfileText.h"
 #include "app/SettingsFile.h"
 #include "app/WinFileError.h"
 #include "app/WinText.h"
 
 namespace zek {
 namespace {
-constexpr std::size_t kValueBuffer = 128;  // one character of it is the end
-
-// An empty section or key name means something else to the calls, and can crash them.
-bool IsName(std::string_view name) {
-  return !name.empty() && name.find_first_not_of(" \t") != std::string_view::npos;
+constexpr DWORD kValueBuffer = 128;  // one character of it is the end
 }
-}  // namespace
 
 std::string WinProfile::ReadIni(std::string_view section, std::string_view key,
                                 std::string_view fallback) const {
+  if (!IsProfileName(section) || !IsProfileName(key)) return ProfileDefault(fallback);
   std::array<char, kValueBuffer> value{};
-  // A section that no file has gives the default by the calls' own rules.
-  const bool named = IsName(section) && IsName(key);
   const DWORD length = ::GetPrivateProfileStringA(
-      named ? std::string(section).c_str() : "]", named ? std::string(key).c_str() : "=",
-      std::string(fallback).c_str(), value.data(), kValueBuffer, ansiPath_.c_str());
+      std::string(section).c_str(), std::string(key).c_str(), std::string(fallback).c_str(),
+      value.data(), kValueBuffer, ansiPath_.c_str());
   return {value.data(), length};
 }
 
 std::optional<FileError> WinProfile::WriteIni(std::string_view section, std::string_view key,
                                               std::string_view value) {
-  if (!IsName(section) || !IsName(key)) {
-    return FileError{path_, FileError::Reason::Other, "a value needs a section and a key"};
-  }
-  if (value.find_first_of(std::string_view("\r\n\0", 3)) != std::string_view::npos) {
-    return FileError{path_, FileError::Reason::Other, "a value can't hold a line end"};
-  }
+  const std::string refusal = ProfileRefusal(section, key, value);
+  if (!refusal.empty()) return FileError{path_, FileError::Reason::Other, refusal};
   if (::WritePrivateProfileStringA(std::string(section).c_str(), std::string(key).c_str(),
                                    std::string(value).c_str(), ansiPath_.c_str()) != 0) {
     return std::nullopt;  // the error code is noise then
@@ -47,11 +39,10 @@ std::optional<FileError> WinProfile::WriteIni(std::string_view section, std::str
 
 ProfileSection WinProfile::ReadSection(std::string_view section, std::size_t bufferSize) const {
   ProfileSection result;
-  if (!IsName(section)) return result;
+  if (!IsProfileName(section)) return result;
   std::vector<char> buffer(bufferSize);
-  result.length =
-      ::GetPrivateProfileSectionA(std::string(section).c_str(), buffer.data(),
-                                  static_cast<DWORD>(bufferSize), ansiPath_.c_str());
+  result.length = ::GetPrivateProfileSectionA(std::string(section).c_str(), buffer.data(),
+                                              static_cast<DWORD>(bufferSize), ansiPath_.c_str());
   result.cut = result.length >= bufferSize - 2;
   std::string_view rest(buffer.data(), result.length);
   while (!rest.empty()) {
@@ -66,13 +57,13 @@ std::optional<std::string> ProfileCallPath(const std::string& path) {
   if (::GetACP() == CP_UTF8) return std::nullopt;
   const std::wstring given = WideFromUtf8(path);
   std::wstring full(32768, L'\0');  // no path is longer
-  full.resize(::GetFullPathNameW(given.c_str(), static_cast<DWORD>(full.size()), full.data(),
-                                 nullptr));
+  full.resize(
+      ::GetFullPathNameW(given.c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr));
   BOOL lost = FALSE;
   std::string ansi(full.size() * 4, '\0');
-  const int length = ::WideCharToMultiByte(
-      CP_ACP, WC_NO_BEST_FIT_CHARS, full.data(), static_cast<int>(full.size()), ansi.data(),
-      static_cast<int>(ansi.size()), nullptr, &lost);
+  const int length = ::WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, full.data(),
+                                           static_cast<int>(full.size()), ansi.data(),
+                                           static_cast<int>(ansi.size()), nullptr, &lost);
   if (length == 0 || lost != FALSE) return std::nullopt;
   ansi.resize(static_cast<std::size_t>(length));
   return ansi;

@@ -1,7 +1,7 @@
 #include "app/WinText.h"
 
-#include <array>
 #include <windows.h>
+#include <array>
 
 namespace zek {
 

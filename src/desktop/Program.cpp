@@ -116,7 +116,8 @@ class Program final : public wxApp {
 
 int main(int argc, char** argv) {
   zek::UseErrorOutput();
-  wxApp::SetInstance(new zek::Program(zek::ProgramArguments(argc, argv)));  // the toolkit deletes it
+  wxApp::SetInstance(
+      new zek::Program(zek::ProgramArguments(argc, argv)));  // the toolkit deletes it
   int noArguments = 1;  // ours are parsed already; the toolkit would convert them by the locale
   return wxEntry(noArguments, argv);
 }

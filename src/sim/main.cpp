@@ -25,17 +25,16 @@ int Fail(const std::string& message) {
   return kWrongUsage;
 }
 
-void EndOnSignal(int /*signal*/) { wxAppConsole::GetInstance()->ExitMainLoop(); }
-
 class PlantApp : public wxAppConsole {
  public:
   PlantApp(zek::sim::Plant plant, PlantOptions options)
       : plant_(std::move(plant)), options_(std::move(options)) {}
 
   bool OnInit() override {  // the toolkit's own command line is not ours
-#ifdef __UNIX__
-    SetSignalHandler(SIGINT, EndOnSignal);
-    SetSignalHandler(SIGTERM, EndOnSignal);
+#ifdef __UNIX__  // elsewhere it ends at once: what a client finished is kept already
+    const auto end = [](int /*signal*/) { wxAppConsole::GetInstance()->ExitMainLoop(); };
+    SetSignalHandler(SIGINT, end);
+    SetSignalHandler(SIGTERM, end);
 #endif
     return true;
   }
