@@ -116,7 +116,7 @@ TEST_P(ProfileCases, Writes) {
   } cases[] = {
       {"", "v", "v", {"k=v"}},
       {"x=1", "v", "v", {"k=v"}},
-      {"[S]\n K = old\nK=2\n", "v", "v", {"k=v", "K=2"}},
+      {"[S]\n k = old\nK=2\n", "v", "v", {"k=v", "K=2"}},
       {"; c\n[s]\na=1\n\n\n[t]\nk=3\n", "v", "v", {"a=1", "k=v"}},
       {"[s]", "v", "v", {"k=v"}},
       {"[s]\na=1", "v", "v", {"a=1", "k=v"}},

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,8 @@ struct ProfileKind {
   std::function<std::unique_ptr<Profile>(Files& files, const std::string& path)> open;
   bool ours = true;  // else the system's own
 };
+
+inline void PrintTo(const ProfileKind& kind, std::ostream* out) { *out << kind.name; }
 
 std::vector<ProfileKind> ProfileKinds();
 
