@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# windows.sh: builds the Windows programs, 64-bit and 32-bit, and packs each with all it takes into
-# dist/zekview-VERSION-win64.zip and -win32.zip.
+# windows.sh [win64|win32]: builds the Windows programs, 64-bit and 32-bit or one of them, and packs
+# each with all it takes into dist/zekview-VERSION-win64.zip and -win32.zip.
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
@@ -16,12 +16,13 @@ lay_out() {
   mkdir -p "$folder/demo"
   for program in "${programs[@]}"; do "$strip" -o "$folder/$program.exe" "$bin/$program.exe"; done
   cp data/lang/zek_lang.* data/ZEKView.INI "$folder/"
-  cp -r data/demo/. "$folder/demo/"
+  cp -r data/demo/* "$folder/demo/"
+  find "$folder" -name '.*' -type f -delete
   for text in packaging/windows/*; do sed 's/$/\r/' "$text" >"$folder/${text##*/}"; done
 }
 
 mkdir -p dist
-for word in win64 win32; do
+for word in ${1:-win64 win32}; do
   configure "$word"
   cmake --build --preset "$word" --target "${programs[@]}"
   name="zekview-$version-$word"

@@ -31,7 +31,7 @@ class PlantApp : public wxAppConsole {
       : plant_(std::move(plant)), options_(std::move(options)) {}
 
   bool OnInit() override {  // the toolkit's own command line is not ours
-#ifdef __UNIX__  // elsewhere it ends at once: what a client finished is kept already
+#ifdef __UNIX__             // elsewhere it ends at once: what a client finished is kept already
     const auto end = [](int /*signal*/) { wxAppConsole::GetInstance()->ExitMainLoop(); };
     SetSignalHandler(SIGINT, end);
     SetSignalHandler(SIGTERM, end);
