@@ -44,7 +44,7 @@ struct CreatedFile {
   std::optional<FileError> error;
 };
 
-/// The disk. Paths are in the system's own encoding (UTF-8 where paths use "/").
+/// The disk. Paths are UTF-8.
 class Files {
  public:
   virtual ~Files() = default;

@@ -1,7 +1,5 @@
 #include "desktop/StartUp.h"
 
-#include <clocale>
-#include <filesystem>
 #include <functional>
 #include <iostream>
 #include <system_error>
@@ -11,6 +9,8 @@
 #include <wx/utils.h>
 
 #include "app/CommandLine.h"
+#include "app/Paths.h"
+#include "app/Process.h"
 #include "lang/TextNumbers.h"
 #include "lang/ZV_Lang.h"
 
@@ -39,24 +39,12 @@ bool ChooseLanguage(Desktop& desktop, bool mayAsk) {
 std::string Complaint(const CommandLine& line, const std::string& programPath) {
   if (!line.missingValue.empty()) return line.missingValue + " needs a directory behind it.";
   std::error_code error;
-  if (!std::filesystem::is_directory(programPath, error)) {
+  if (!std::filesystem::is_directory(PathOf(programPath), error)) {
     return "There is no directory " + programPath + (error ? " (" + error.message() + ")" : "");
   }
-  const std::filesystem::directory_iterator readable(programPath, error);
+  const std::filesystem::directory_iterator readable(PathOf(programPath), error);
   if (error) return "The directory " + programPath + " can't be read (" + error.message() + ")";
   return {};
-}
-
-std::string ExecutableDirectory() {
-  const wxString file = wxStandardPaths::Get().GetExecutablePath();
-  return WithSeparator(std::filesystem::path(std::string(file.utf8_str())).parent_path().string());
-}
-
-char SystemDecimalSeparator() {
-  std::setlocale(LC_NUMERIC, "");
-  const char separator = *std::localeconv()->decimal_point == ',' ? ',' : '.';
-  std::setlocale(LC_NUMERIC, "C");
-  return separator;
 }
 
 std::optional<int> StartUp(Desktop& desktop, const CommandLine& line,
@@ -72,7 +60,7 @@ std::optional<int> StartUp(Desktop& desktop, const CommandLine& line,
     proc.outside.prompts.Show(Icon::Information, proc.Text(text::kAlreadyRunning));
     return attended ? kDone : kFailed;
   }
-  if (!LoadSettings(proc.settings, line.text, desktop.profile, proc.texts, proc.outside.prompts)) {
+  if (!LoadSettings(proc.settings, line.text, *desktop.profile, proc.texts, proc.outside.prompts)) {
     return kFailed;
   }
   proc.settings.DecimalSeparator = SystemDecimalSeparator();
