@@ -12,9 +12,10 @@
 
 #include "app/DiskFiles.h"
 #include "app/FileProfile.h"
+#include "app/WxLater.h"
 #include "app/WxTurn.h"
 #include "cli/Commands.h"
-#include "comm/WithoutWindows.h"
+#include "comm/SystemLinks.h"
 #include "comm/WxTcpLink.h"
 #include "text/Windows1252.h"
 
@@ -78,8 +79,9 @@ class Application final : public wxAppConsole {
     FileProfile profile(files, iniPath + "ZEKView.INI");
     WxTurn turn;
     CliPrompts prompts(std::cerr);
-    WithoutDde dde;
-    WithoutTags tags;
+    WxLater later;
+    SystemDde dde(later.Post());
+    SystemTags tags;
     WxTcpLink socket;
     ZV_Proc proc({files, profile, turn, prompts, socket, dde, tags});
     proc.settings.ProgramPath = programPath;

@@ -1,0 +1,269 @@
+#include "comm/WinDdeLink.h"
+
+#include <algorithm>
+#include <deque>
+#include <string>
+#include <utility>
+#include <vector>
+#include <windows.h>
+
+#include "lang/TextNumbers.h"
+
+namespace zek {
+namespace {
+
+constexpr const char* kItem = "TRANSPARENT";
+
+/// A name as DDE keeps it; wrong for an empty or too long one.
+class DdeName {
+ public:
+  DdeName(DWORD instance, const std::string& text)
+      : instance_(instance),
+        handle_(text.empty() ? nullptr
+                             : ::DdeCreateStringHandleA(instance, text.c_str(), CP_WINANSI)) {}
+  DdeName(const DdeName&) = delete;
+  DdeName& operator=(const DdeName&) = delete;
+  ~DdeName() {
+    if (handle_ != nullptr) ::DdeFreeStringHandle(instance_, handle_);
+  }
+
+  HSZ Get() const { return handle_; }
+
+ private:
+  DWORD instance_;
+  HSZ handle_;
+};
+
+// What a text that waits costs.
+std::size_t Load(const std::string& text) { return text.size() + sizeof text; }
+
+std::string TextOf(HDDEDATA data) {
+  // One byte more than can be used tells that there was too much.
+  const DWORD size = std::min<DWORD>(::DdeGetData(data, nullptr, 0, 0),
+                                     static_cast<DWORD>(WinDdeLink::kMostUnread) + 1);
+  std::string text(size, '\0');
+  text.resize(::DdeGetData(data, reinterpret_cast<BYTE*>(text.data()), size, 0));
+  return text.substr(0, text.find('\0'));
+}
+
+}  // namespace
+
+/// The one conversation of a link, and what it has heard and not yet told.
+class WinDdeLink::Conversation : public std::enable_shared_from_this<Conversation> {
+ public:
+  Conversation(WinDdeLink& owner, Later later) : owner_(&owner), later_(std::move(later)) {
+    All().push_back(this);
+  }
+  Conversation(const Conversation&) = delete;
+  Conversation& operator=(const Conversation&) = delete;
+  ~Conversation() {
+    std::erase(All(), this);
+    Drop();
+    if (instance_ != 0) ::DdeUninitialize(instance_);
+  }
+
+  void Open(const LinkTarget& target);
+  bool Send(std::string_view bytes);
+  void Drop();
+  /// The link is going: what is posted finds nobody to tell.
+  void Leave() { owner_ = nullptr; }
+  bool AllSent() const { return outstanding_ == 0 && !ended_; }
+  LinkState State();
+
+ private:
+  struct Ending {
+    bool closed = false;  // by the other side, without a fault
+    LinkFault fault;
+  };
+
+  // DDE hands its callback nothing but the conversation: this finds whose it is.
+  static std::vector<Conversation*>& All() {
+    static std::vector<Conversation*> all;
+    return all;
+  }
+  static HDDEDATA CALLBACK Callback(UINT type, UINT format, HCONV conversation, HSZ topic, HSZ item,
+                                    HDDEDATA data, ULONG_PTR data1, ULONG_PTR data2);
+
+  bool Start(UINT type, std::string_view bytes);
+  void TakeText(HDDEDATA data);
+  void TakeCompletion(bool taken, ULONG_PTR status);
+  void End(Ending ending);
+  void Lost() { End({state_ == LinkState::Connected, {text::kDdeNoServer, {}}}); }
+  void HandOverLater();
+  void HandOver();
+
+  WinDdeLink* owner_;
+  Later later_;
+  DWORD instance_ = 0;
+  HCONV handle_ = nullptr;
+  HWND partner_ = nullptr;  // the server's window of this conversation
+  LinkState state_ = LinkState::Closed;
+  int outstanding_ = 0;  // transactions the server has not answered
+  unsigned serial_ = 0;  // counts the conversations: what an older one left is late
+  std::deque<std::string> heard_;
+  std::size_t unread_ = 0;  // what heard_ costs
+  bool ended_ = false;
+  Ending ending_;  // told once everything heard is handed over
+  bool posted_ = false;
+};
+
+void WinDdeLink::Conversation::Open(const LinkTarget& target) {
+  Drop();
+  state_ = LinkState::Opening;
+  const bool ready = instance_ != 0 || ::DdeInitializeA(&instance_, &Conversation::Callback,
+                                                        APPCMD_CLIENTONLY, 0) == DMLERR_NO_ERROR;
+  const DdeName service(instance_, target.server);
+  const DdeName topic(instance_, target.service);
+  // A missing name would stand for any.
+  if (ready && service.Get() != nullptr && topic.Get() != nullptr) {
+    handle_ = ::DdeConnect(instance_, service.Get(), topic.Get(), nullptr);
+  }
+  if (handle_ == nullptr) {
+    End({false, {text::kDdeNoServer, {}}});
+    return;
+  }
+  CONVINFO info{};
+  info.cb = sizeof info;
+  if (::DdeQueryConvInfo(handle_, QID_SYNC, &info) != 0) partner_ = info.hwndPartner;
+  if (!Start(XTYP_ADVSTART, {})) End({false, {text::kDdeNoAdvise, {}}});
+}
+
+bool WinDdeLink::Conversation::Start(UINT type, std::string_view bytes) {
+  const DdeName item(instance_, kItem);
+  std::string text(bytes);  // DDE text ends in a NUL, which is counted
+  const bool poke = type == XTYP_POKE;
+  DWORD id = 0;
+  if (::DdeClientTransaction(poke ? reinterpret_cast<BYTE*>(text.data()) : nullptr,
+                             poke ? static_cast<DWORD>(text.size() + 1) : 0, handle_, item.Get(),
+                             CF_TEXT, type, TIMEOUT_ASYNC, &id) == nullptr) {
+    return false;
+  }
+  ++outstanding_;
+  return true;
+}
+
+bool WinDdeLink::Conversation::Send(std::string_view bytes) {
+  if (State() != LinkState::Connected || ended_ || outstanding_ >= kMostOutstanding) return false;
+  if (Start(XTYP_POKE, bytes.substr(0, bytes.find('\0')))) return true;
+  Lost();
+  return false;
+}
+
+void WinDdeLink::Conversation::Drop() {
+  ++serial_;
+  state_ = LinkState::Closed;
+  outstanding_ = 0;
+  heard_.clear();
+  unread_ = 0;
+  ended_ = false;
+  partner_ = nullptr;
+  if (handle_ != nullptr) ::DdeDisconnect(std::exchange(handle_, nullptr));
+}
+
+LinkState WinDdeLink::Conversation::State() {
+  // A server that died says nothing.
+  if (partner_ != nullptr && ::IsWindow(partner_) == FALSE) Lost();
+  return state_;
+}
+
+// The first of all causes counts; what comes after it is its consequence. The conversation itself
+// is ended from the event loop: DDE goes on working on it when this was called by its callback.
+void WinDdeLink::Conversation::End(Ending ending) {
+  if (ended_) return;
+  ended_ = true;
+  ending_ = std::move(ending);
+  HandOverLater();
+}
+
+void WinDdeLink::Conversation::HandOverLater() {
+  if (std::exchange(posted_, true)) return;
+  later_([self = weak_from_this()] {
+    if (const std::shared_ptr<Conversation> conversation = self.lock()) conversation->HandOver();
+  });
+}
+
+void WinDdeLink::Conversation::HandOver() {
+  posted_ = false;
+  const unsigned serial = serial_;
+  while (serial == serial_ && owner_ != nullptr && !heard_.empty()) {
+    const std::string text = std::move(heard_.front());
+    heard_.pop_front();
+    unread_ -= Load(text);
+    owner_->Events().OnLinkText(text);
+  }
+  if (serial != serial_ || owner_ == nullptr || !ended_) return;
+  const Ending ending = std::move(ending_);
+  Drop();
+  if (ending.closed) {
+    owner_->Events().OnLinkClosed();
+  } else {
+    owner_->Events().OnLinkError(ending.fault);
+  }
+}
+
+void WinDdeLink::Conversation::TakeText(HDDEDATA data) {
+  std::string text = TextOf(data);
+  if (ended_ || text.empty()) return;
+  if (unread_ + Load(text) > kMostUnread) {
+    End({false, {text::kDdeFlooded, {}}});
+    return;
+  }
+  state_ = LinkState::Connected;  // a server may well talk before it confirms the link
+  unread_ += Load(text);
+  heard_.push_back(std::move(text));
+  HandOverLater();
+}
+
+// Transactions are answered in their order: the first answer is that to the link. Their numbers
+// are no help, since one system gives all of them the same.
+void WinDdeLink::Conversation::TakeCompletion(bool taken, ULONG_PTR status) {
+  if (outstanding_ > 0) --outstanding_;
+  if (taken) {
+    state_ = LinkState::Connected;
+  } else if (state_ == LinkState::Opening) {
+    End({false, {text::kDdeNoAdvise, {}}});
+  } else {
+    End({false, {(status & DDE_FBUSY) != 0 ? text::kDdeBusy : text::kDdeRefused, {}}});
+  }
+}
+
+HDDEDATA CALLBACK WinDdeLink::Conversation::Callback(UINT type, UINT format, HCONV conversation,
+                                                     HSZ /*topic*/, HSZ /*item*/, HDDEDATA data,
+                                                     ULONG_PTR /*data1*/, ULONG_PTR data2) {
+  const auto found = std::find_if(All().begin(), All().end(), [conversation](const auto* each) {
+    return conversation != nullptr && each->handle_ == conversation;
+  });
+  if (found == All().end()) return nullptr;
+  Conversation& self = **found;
+  switch (type) {
+    case XTYP_ADVDATA:
+      if (format == CF_TEXT && data != nullptr) self.TakeText(data);
+      return reinterpret_cast<HDDEDATA>(static_cast<ULONG_PTR>(DDE_FACK));
+    case XTYP_XACT_COMPLETE:
+      self.TakeCompletion(data != nullptr, data2);
+      return nullptr;
+    case XTYP_DISCONNECT:
+      self.handle_ = nullptr;  // it is gone
+      self.Lost();
+      return nullptr;
+    default:
+      return nullptr;
+  }
+}
+
+WinDdeLink::WinDdeLink(Later later)
+    : conversation_(std::make_shared<Conversation>(*this, std::move(later))) {}
+
+WinDdeLink::~WinDdeLink() { conversation_->Leave(); }
+
+void WinDdeLink::Open(const LinkTarget& target) { conversation_->Open(target); }
+
+bool WinDdeLink::Send(std::string_view bytes) { return conversation_->Send(bytes); }
+
+bool WinDdeLink::AllSent() const { return conversation_->AllSent(); }
+
+void WinDdeLink::Close() { conversation_->Drop(); }
+
+LinkState WinDdeLink::State() const { return conversation_->State(); }
+
+}  // namespace zek

@@ -1,0 +1,16 @@
+#include "sim/PlantDde.h"
+
+namespace zek::sim {
+
+class PlantDde::Server {};
+
+PlantDde::PlantDde(Plant& /*plant*/, std::function<void()> /*settled*/) {}
+
+PlantDde::~PlantDde() = default;
+
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): there is a server elsewhere
+std::string PlantDde::Serve(const std::vector<std::string>& services) {
+  return services.empty() ? std::string() : "--dde: this system has no DDE";
+}
+
+}  // namespace zek::sim
