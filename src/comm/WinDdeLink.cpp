@@ -84,6 +84,7 @@ class WinDdeLink::Conversation : public std::enable_shared_from_this<Conversatio
   static HDDEDATA CALLBACK Callback(UINT type, UINT format, HCONV conversation, HSZ topic, HSZ item,
                                     HDDEDATA data, ULONG_PTR data1, ULONG_PTR data2);
 
+  bool IsAlive() const;
   bool Start(UINT type, std::string_view bytes);
   void TakeText(HDDEDATA data);
   void TakeCompletion(bool taken, ULONG_PTR status);
@@ -96,7 +97,6 @@ class WinDdeLink::Conversation : public std::enable_shared_from_this<Conversatio
   Later later_;
   DWORD instance_ = 0;
   HCONV handle_ = nullptr;
-  HWND partner_ = nullptr;  // the server's window of this conversation
   LinkState state_ = LinkState::Closed;
   int outstanding_ = 0;  // transactions the server has not answered
   unsigned serial_ = 0;  // counts the conversations: what an older one left is late
@@ -122,9 +122,6 @@ void WinDdeLink::Conversation::Open(const LinkTarget& target) {
     End({false, {text::kDdeNoServer, {}}});
     return;
   }
-  CONVINFO info{};
-  info.cb = sizeof info;
-  if (::DdeQueryConvInfo(handle_, QID_SYNC, &info) != 0) partner_ = info.hwndPartner;
   if (!Start(XTYP_ADVSTART, {})) End({false, {text::kDdeNoAdvise, {}}});
 }
 
@@ -156,13 +153,19 @@ void WinDdeLink::Conversation::Drop() {
   heard_.clear();
   unread_ = 0;
   ended_ = false;
-  partner_ = nullptr;
   if (handle_ != nullptr) ::DdeDisconnect(std::exchange(handle_, nullptr));
 }
 
+// A server that died says nothing, and not every system tells of one that hung up.
+bool WinDdeLink::Conversation::IsAlive() const {
+  CONVINFO info{};
+  info.cb = sizeof info;
+  return ::DdeQueryConvInfo(handle_, QID_SYNC, &info) != 0 && (info.wStatus & ST_CONNECTED) != 0 &&
+         ::IsWindow(info.hwndPartner) != FALSE;
+}
+
 LinkState WinDdeLink::Conversation::State() {
-  // A server that died says nothing.
-  if (partner_ != nullptr && ::IsWindow(partner_) == FALSE) Lost();
+  if (handle_ != nullptr && !IsAlive()) Lost();
   return state_;
 }
 
