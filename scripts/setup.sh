@@ -1,16 +1,17 @@
 #!/usr/bin/env bash
-# Installs the packages of scripts/packages.txt that are missing. Every subcommand begins with
-# this, so it has to be quick when nothing is.
+# setup.sh [LIST...]: installs the packages of scripts/packages.txt, and of these lists, that are
+# missing. Every subcommand begins with this, so it has to be quick when nothing is.
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
 
 log=build/setup.log
+lists=(scripts/packages.txt "$@")
 
 command -v dpkg-query >/dev/null || die "This is no Debian system. Install what matches these" \
-  "packages yourself and build with the CMake presets:" "$(grep -v '^#' scripts/packages.txt)"
+  "packages yourself and build with the CMake presets:" "$(grep -hv '^#' "${lists[@]}")"
 
-mapfile -t wanted < <(sed -E 's/#.*//; s/[[:space:]]+//g; /^$/d' scripts/packages.txt)
+mapfile -t wanted < <(sed -E 's/#.*//; s/[[:space:]]+//g; /^$/d' "${lists[@]}")
 # dpkg-query fails for packages that it never heard of; those are just missing.
 installed="$(dpkg-query -W -f='${Package} ${db:Status-Status}\n' "${wanted[@]}" 2>/dev/null || true)"
 missing=()

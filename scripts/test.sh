@@ -1,9 +1,12 @@
 #!/usr/bin/env bash
 # test.sh [--asan|--debug] [FILTER]: builds and runs the tests on a screen of their own. The last
-# line is "N passed, N failed"; nothing run at all is a failure.
+# line is "N passed, N failed"; nothing run at all is a failure. With --windows as the first
+# argument: those of the Windows programs (test-windows.sh).
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
+
+if [[ ${1:-} == --windows ]]; then exec scripts/test-windows.sh "${@:2}"; fi
 
 preset=release
 filter=()

@@ -16,15 +16,13 @@ program_directory=build/tour/program  # afresh each time, so that the pictures a
 scripts/build.sh
 rm -rf "$program_directory"
 mkdir -p "$pictures"
-rm -f "$pictures"/*.png
+rm -f "$pictures"/*.{png,bmp}
 prepare_demo "$program_directory"
 sed -i "s/^Language=.*/Language=$language\r/" "$program_directory/ZEKView.INI"
 start_plant "$program_directory"
 scripts/headless.sh timeout 300 build/bin/zekview --dir "$PWD/$program_directory/" \
   --tour "$PWD/$pictures" </dev/null || die "The tour ended with an error."
 
-shopt -s nullglob
-taken=("$pictures"/*.png)
-[[ ${#taken[@]} -gt 0 ]] || die "The tour took no pictures."
+keep_pictures "$pictures"
 echo "The tour's screenshots:"
 printf '  %s\n' "${taken[@]}"

@@ -11,7 +11,7 @@ namespace zek {
 /// their values, and everything else joined by single blanks, in which the switches are searched.
 struct CommandLine {
   std::string text;                 // windows-1252
-  std::optional<std::string> dir;   // --dir DIR: the program directory, the system's encoding
+  std::optional<std::string> dir;   // --dir DIR: the program directory, UTF-8
   std::optional<std::string> ini;   // --ini DIR: the directory of ZEKView.INI
   std::optional<std::string> tour;  // --tour DIR: take the screenshots of the documentation
   std::string missingValue;         // an option that came last, without its value; else empty

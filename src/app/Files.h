@@ -24,7 +24,7 @@ struct FileContent {
 /// No file the program reads is larger; one that is gives `TooLarge`.
 inline constexpr std::size_t kLargestFile = std::size_t{64} << 20;
 
-/// The disk. Paths are in the system's own encoding (UTF-8 where paths use "/").
+/// The disk. Paths are UTF-8.
 class Files {
  public:
   virtual ~Files() = default;

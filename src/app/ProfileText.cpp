@@ -9,6 +9,7 @@ namespace zek {
 namespace {
 
 constexpr std::string_view kBlanks = " \t";
+constexpr std::size_t kLongestValue = 127;  // the platform's buffer of 128 less its end
 
 std::string_view Strip(std::string_view text) {
   const std::size_t first = text.find_first_not_of(kBlanks);
@@ -108,6 +109,23 @@ std::string Utf8FromUtf16(std::string_view littleEndian) {
 }
 
 }  // namespace
+
+bool IsProfileName(std::string_view name) { return !Strip(name).empty(); }
+
+std::string ProfileCut(std::string value) {
+  value.resize(std::min(value.size(), kLongestValue));
+  return value;
+}
+
+std::string ProfileDefault(std::string_view fallback) {
+  return ProfileCut(std::string(fallback.substr(0, fallback.find_last_not_of(' ') + 1)));
+}
+
+std::string ProfileRefusal(std::string_view section, std::string_view key, std::string_view value) {
+  if (!IsProfileName(section) || !IsProfileName(key)) return "a value needs a section and a key";
+  const bool oneLine = value.find_first_of(std::string_view("\r\n\0", 3)) == std::string_view::npos;
+  return oneLine ? "" : "a value can't hold a line end";
+}
 
 std::optional<std::string> ProfileValue(std::string_view text, std::string_view section,
                                         std::string_view key) {

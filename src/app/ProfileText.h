@@ -16,6 +16,18 @@ namespace zek {
 /// - one pair of equal quotes (" or ') around a value goes when a single value is read;
 /// - lines that begin with ";" are comments of a section; a ";" inside a value is data.
 
+/// An empty name is none; the platform's calls can crash of it.
+bool IsProfileName(std::string_view name);
+
+/// What a read of one value gives: at most 127 characters.
+std::string ProfileCut(std::string value);
+
+/// What it gives for a missing key: the default without blanks at its end.
+std::string ProfileDefault(std::string_view fallback);
+
+/// What keeps a value from being written; "" when nothing does.
+std::string ProfileRefusal(std::string_view section, std::string_view key, std::string_view value);
+
 /// The value of a key; nothing when it is missing or its line has no "=".
 std::optional<std::string> ProfileValue(std::string_view text, std::string_view section,
                                         std::string_view key);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
@@ -58,22 +59,15 @@ class StartNumbers {
 }  // namespace
 
 std::string WithSeparator(std::string directory) {
-#ifdef _WIN32
-  if (!directory.ends_with('\\')) directory += '\\';
-#else
-  if (!directory.ends_with('/')) directory += '/';
-#endif
+  constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
+  if (!directory.ends_with('/') && !directory.ends_with(kSeparator)) directory += kSeparator;
   return directory;
 }
 
 std::string IniPathOf(const CommandLine& line, const std::string& programPath) {
   if (line.ini) return WithSeparator(*line.ini);
   const std::string value = SwitchValue(line.text, "/INI:");
-#ifdef _WIN32
-  return value.empty() ? programPath : WithSeparator(value);
-#else
   return value.empty() ? programPath : WithSeparator(Utf8FromWindows1252(value));
-#endif
 }
 
 bool LoadSettings(Settings& settings, std::string_view commandLine, const Profile& profile,

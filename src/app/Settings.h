@@ -19,7 +19,7 @@ inline constexpr int kLongestWaitSeconds = 32767 / kTicksPerSecond;
 
 /// What start-up reads from the command line and ZEKView.INI; fixed for the life of the process.
 struct Settings {
-  std::string ProgramPath;  // ends in "/" (or "\"), the system's encoding
+  std::string ProgramPath;  // UTF-8, ends in the system's separator
   std::string IniPath;      // the same; holds ZEKView.INI
   bool LocalMode = false;   // "/LOCAL": no controller traffic
   bool BatchMode = false;   // "/BATCH"

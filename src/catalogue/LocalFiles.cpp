@@ -50,11 +50,7 @@ LocalFileNames LocalFilesOf(const Topic& topic, const TreeNode& node) {
 }
 
 std::string LocalPath(const std::string& programPath, std::string_view name) {
-#ifdef _WIN32
-  return programPath + FileName(name);
-#else
   return programPath + Utf8FromWindows1252(FileName(name));
-#endif
 }
 
 LocalCopy ReadLocalCopy(std::string_view file) {

@@ -20,7 +20,7 @@ struct LocalFileNames {
 
 LocalFileNames LocalFilesOf(const Topic& topic, const TreeNode& node);
 
-/// The path of a file in the program directory, in the system's encoding. Characters that a file
+/// The path of a file in the program directory, in UTF-8. Characters that a file
 /// name can't hold become "_", so that no name leads out of the directory.
 std::string LocalPath(const std::string& programPath, std::string_view name);
 

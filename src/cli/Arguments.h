@@ -13,7 +13,7 @@ enum ExitStatus { kDone = 0, kFailed = 1, kWrongUsage = 2 };
 
 /// The command line: options of the program first, then a command with its own.
 struct Arguments {
-  std::optional<std::string> dir;  // --dir, the system's encoding
+  std::optional<std::string> dir;  // --dir, UTF-8
   std::optional<std::string> ini;  // --ini
   std::string command;
   std::vector<std::string> operands;  // UTF-8

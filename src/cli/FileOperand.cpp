@@ -1,9 +1,9 @@
 #include "cli/FileOperand.h"
 
 #include <array>
-#include <filesystem>
 #include <fstream>
 
+#include "app/Paths.h"
 #include "lang/Message.h"
 #include "text/Windows1252.h"
 
@@ -30,8 +30,8 @@ std::optional<std::string> ReadFileOperand(Console& console, const std::string& 
   std::error_code error;
   if (file == "-") {
     content = ReadInput(console.in);
-  } else if (std::filesystem::is_fifo(file, error)) {  // as a shell's <(COMMAND) is
-    std::ifstream pipe(file, std::ios::binary);
+  } else if (std::filesystem::is_fifo(PathOf(file), error)) {  // as a shell's <(COMMAND) is
+    std::ifstream pipe(PathOf(file), std::ios::binary);
     content = ReadInput(pipe);
   } else {
     content = console.proc.outside.files.Read(file);

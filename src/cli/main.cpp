@@ -1,8 +1,7 @@
 // zekview-cli: the catalogues without a window, for scripts and scheduled jobs.
 
-#include <filesystem>
 #include <iostream>
-#include <unistd.h>
+#include <memory>
 
 #include <wx/app.h>
 #include <wx/evtloop.h>
@@ -11,7 +10,9 @@
 #include <wx/stdpaths.h>
 
 #include "app/DiskFiles.h"
-#include "app/FileProfile.h"
+#include "app/Paths.h"
+#include "app/Process.h"
+#include "app/SettingsFile.h"
 #include "app/WxLater.h"
 #include "app/WxTurn.h"
 #include "cli/Commands.h"
@@ -26,7 +27,7 @@ namespace {
 class TerminalProgress {
  public:
   TerminalProgress(StatusPanels& status, bool wanted) : status_(status) {
-    if (!wanted || ::isatty(STDERR_FILENO) == 0) return;
+    if (!wanted || !IsErrorTerminal()) return;
     shows_ = true;
     status_.Changed = [this] { Show(); };
   }
@@ -69,21 +70,21 @@ class Application final : public wxAppConsole {
  private:
   ExitStatus Run() {
     const std::string programPath =
-        WithSeparator(arguments_.dir ? *arguments_.dir : ExecutableDirectory());
-    if (!std::filesystem::is_directory(programPath)) {
+        arguments_.dir ? WithSeparator(*arguments_.dir) : ExecutableDirectory();
+    if (!std::filesystem::is_directory(PathOf(programPath))) {
       std::cerr << "zekview-cli: no directory " << programPath << '\n';
       return kWrongUsage;
     }
     const std::string iniPath = arguments_.ini ? WithSeparator(*arguments_.ini) : programPath;
     DiskFiles files;
-    FileProfile profile(files, iniPath + "ZEKView.INI");
+    const std::unique_ptr<Profile> profile = OpenSettingsFile(files, iniPath + "ZEKView.INI");
     WxTurn turn;
     CliPrompts prompts(std::cerr);
     WxLater later;
     SystemDde dde(later.Post());
     SystemTags tags;
     WxTcpLink socket;
-    ZV_Proc proc({files, profile, turn, prompts, socket, dde, tags});
+    ZV_Proc proc({files, *profile, turn, prompts, socket, dde, tags});
     proc.settings.ProgramPath = programPath;
     proc.settings.IniPath = iniPath;
     WxTick tick([&proc] { proc.connection.Tick(); });
@@ -98,10 +99,6 @@ class Application final : public wxAppConsole {
     return status == kDone ? kFailed : status;
   }
 
-  static std::string ExecutableDirectory() {
-    return std::filesystem::read_symlink("/proc/self/exe").parent_path().string();
-  }
-
   Arguments arguments_;
   ExitStatus status_ = kFailed;
 };
@@ -110,8 +107,8 @@ class Application final : public wxAppConsole {
 }  // namespace zek::cli
 
 int main(int argc, char** argv) {
-  zek::cli::Arguments arguments =
-      zek::cli::ParseArguments(std::vector<std::string>(argv + 1, argv + argc));
+  zek::PrepareStandardStreams();
+  zek::cli::Arguments arguments = zek::cli::ParseArguments(zek::ProgramArguments(argc, argv));
   if (arguments.help) {
     std::cout << zek::cli::Usage();
     return zek::cli::kDone;

@@ -1,12 +1,9 @@
 #include "comm/WxTcpLink.h"
 
 #include <array>
-#include <cerrno>
-#include <cstring>
-#include <sys/ioctl.h>
-#include <sys/socket.h>
 #include <vector>
 
+#include "comm/SocketState.h"
 #include "lang/TextNumbers.h"
 #include "text/Numbers.h"
 
@@ -17,13 +14,6 @@ constexpr std::size_t kReadSize = std::size_t{64} << 10;
 // One event reads at most so much, so that a flood leaves the window its turn.
 constexpr std::size_t kReadPerEvent = std::size_t{1} << 20;
 constexpr std::size_t kMostUnsent = std::size_t{1} << 20;
-
-int PendingError(const wxSocketBase& socket) {
-  int code = 0;
-  socklen_t size = sizeof code;
-  ::getsockopt(static_cast<int>(socket.GetSocket()), SOL_SOCKET, SO_ERROR, &code, &size);
-  return code;
-}
 
 }  // namespace
 
@@ -83,10 +73,7 @@ bool WxTcpLink::Send(std::string_view bytes) {
 
 bool WxTcpLink::AllSent() const {
   if (socket_ == nullptr || !unsent_.empty()) return false;
-  int unacknowledged = 0;
-  const bool known =
-      ::ioctl(static_cast<int>(socket_->GetSocket()), TIOCOUTQ, &unacknowledged) == 0;
-  return known && unacknowledged == 0;
+  return IsAllAcknowledged(socket_->GetSocket());
 }
 
 void WxTcpLink::FlushUnsent() {
@@ -136,7 +123,7 @@ void WxTcpLink::OnInput() {
 void WxTcpLink::OnLost() {
   const bool opening = state_ == LinkState::Opening;
   const unsigned serial = serial_;
-  const int code = PendingError(*socket_);
+  const int code = PendingSocketError(socket_->GetSocket());
   if (!opening) OnInput();  // what came before the end still counts
   if (serial != serial_) return;
   Drop();
@@ -145,7 +132,7 @@ void WxTcpLink::OnLost() {
     return;
   }
   // The toolkit keeps to itself why a connect failed.
-  Events().OnLinkError({code == 0 ? text::kUnreachable : 0, std::strerror(code)});
+  Events().OnLinkError({code == 0 ? text::kUnreachable : 0, SocketErrorText(code)});
 }
 
 }  // namespace zek

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "app/DiskFiles.h"
-#include "app/FileProfile.h"
+#include "app/SettingsFile.h"
 #include "app/WxLater.h"
 #include "app/WxTurn.h"
 #include "app/ZV_Proc.h"
@@ -16,20 +16,20 @@ namespace zek {
 struct Desktop {
   /// Both directories end in the system's separator; `box` shows the messages.
   Desktop(const std::string& programPath, const std::string& iniPath, Prompts& box)
-      : profile(files, iniPath + "ZEKView.INI"), prompts(box) {
+      : profile(OpenSettingsFile(files, iniPath + "ZEKView.INI")), prompts(box) {
     proc.settings.ProgramPath = programPath;
     proc.settings.IniPath = iniPath;
   }
 
   DiskFiles files;
-  FileProfile profile;
+  std::unique_ptr<Profile> profile;
   WxTurn turn;
   Prompts& prompts;
   WxTcpLink socket;
   WxLater later;
   SystemDde dde{later.Post()};
   SystemTags tags;
-  ZV_Proc proc{Outside{files, profile, turn, prompts, socket, dde, tags}};
+  ZV_Proc proc{Outside{files, *profile, turn, prompts, socket, dde, tags}};
 };
 
 }  // namespace zek

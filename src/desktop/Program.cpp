@@ -12,6 +12,7 @@
 #include <wx/sstream.h>
 #include <wx/stdpaths.h>
 
+#include "app/Process.h"
 #include "app/ZV_Main.h"
 #include "desktop/Desktop.h"
 #include "desktop/StartUp.h"
@@ -63,7 +64,7 @@ class Program final : public wxApp {
     wxUpdateUIEvent::SetMode(wxUPDATE_UI_PROCESS_SPECIFIED);
     const std::string programPath = line_.dir ? WithSeparator(*line_.dir) : ExecutableDirectory();
     if (const std::string complaint = Complaint(line_, programPath); !complaint.empty()) {
-      std::cerr << "zekview: " << complaint << '\n';
+      Complain("zekview: " + complaint);
       return kWrongUsage;
     }
     UseConfiguration(!line_.tour);
@@ -114,9 +115,9 @@ class Program final : public wxApp {
 }  // namespace zek
 
 int main(int argc, char** argv) {
-  const std::vector<std::string> arguments(argv + 1, argv + argc);
   zek::UseErrorOutput();
-  wxApp::SetInstance(new zek::Program(arguments));  // the toolkit deletes it
+  wxApp::SetInstance(
+      new zek::Program(zek::ProgramArguments(argc, argv)));  // the toolkit deletes it
   int noArguments = 1;  // ours are parsed already; the toolkit would convert them by the locale
   return wxEntry(noArguments, argv);
 }

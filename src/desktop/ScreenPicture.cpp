@@ -41,7 +41,7 @@ bool SaveScreenPicture(const wxWindow& window, const std::string& path) {
     wxMemoryDC memory(picture);
     memory.Blit({0, 0}, place.GetSize(), &screen, place.GetPosition());
   }
-  return picture.ConvertToImage().SaveFile(wxString::FromUTF8(path), wxBITMAP_TYPE_PNG);
+  return picture.ConvertToImage().SaveFile(wxString::FromUTF8(path), wxBITMAP_TYPE_BMP);
 }
 
 }  // namespace zek

@@ -1,7 +1,5 @@
 #include "desktop/StartUp.h"
 
-#include <clocale>
-#include <filesystem>
 #include <functional>
 #include <system_error>
 
@@ -9,6 +7,8 @@
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
 
+#include "app/Paths.h"
+#include "app/Process.h"
 #include "lang/TextNumbers.h"
 #include "lang/ZV_Lang.h"
 
@@ -37,24 +37,12 @@ bool ChooseLanguage(Desktop& desktop, bool mayAsk) {
 std::string Complaint(const CommandLine& line, const std::string& programPath) {
   if (!line.missingValue.empty()) return line.missingValue + " needs a directory behind it.";
   std::error_code error;
-  if (!std::filesystem::is_directory(programPath, error)) {
+  if (!std::filesystem::is_directory(PathOf(programPath), error)) {
     return "There is no directory " + programPath + (error ? " (" + error.message() + ")" : "");
   }
-  const std::filesystem::directory_iterator readable(programPath, error);
+  const std::filesystem::directory_iterator readable(PathOf(programPath), error);
   if (error) return "The directory " + programPath + " can't be read (" + error.message() + ")";
   return {};
-}
-
-std::string ExecutableDirectory() {
-  const wxString file = wxStandardPaths::Get().GetExecutablePath();
-  return WithSeparator(std::filesystem::path(std::string(file.utf8_str())).parent_path().string());
-}
-
-char SystemDecimalSeparator() {
-  std::setlocale(LC_NUMERIC, "");
-  const char separator = *std::localeconv()->decimal_point == ',' ? ',' : '.';
-  std::setlocale(LC_NUMERIC, "C");
-  return separator;
 }
 
 std::optional<int> StartUp(Desktop& desktop, const CommandLine& line,
@@ -66,7 +54,7 @@ std::optional<int> StartUp(Desktop& desktop, const CommandLine& line,
     desktop.prompts.Show(Icon::Information, proc.Text(text::kAlreadyRunning));
     return kDone;
   }
-  if (!LoadSettings(proc.settings, line.text, desktop.profile, proc.texts, desktop.prompts)) {
+  if (!LoadSettings(proc.settings, line.text, *desktop.profile, proc.texts, desktop.prompts)) {
     return kFailed;
   }
   proc.settings.DecimalSeparator = SystemDecimalSeparator();

@@ -16,13 +16,6 @@ enum ExitStatus : int { kDone = 0, kFailed = 1, kWrongUsage = 2 };
 /// What is wrong with the command line, for standard error; "" when nothing is.
 std::string Complaint(const CommandLine& line, const std::string& programPath);
 
-/// The directory of the executable, the system's separator at its end.
-std::string ExecutableDirectory();
-
-/// "." or ",", whichever the system's locale prints in numbers. The number functions of the C
-/// library keep to "." afterwards.
-char SystemDecimalSeparator();
-
 /// Everything ahead of the main window, in this order: the language, one instance only, the
 /// switches and settings, the tag object. The exit status when the program ends here.
 /// `instance` stands for this instance as long as it lives.

@@ -5,7 +5,6 @@
 
 #include <wx/choice.h>
 #include <wx/frame.h>
-#include <wx/image.h>
 #include <wx/radiobut.h>
 #include <wx/textctrl.h>
 #include <wx/treectrl.h>
@@ -63,7 +62,6 @@ Tour::Tour(std::string directory, ZV_Proc& proc, WxTurn& turn, const TourPrompts
     : directory_(std::move(directory)), proc_(proc), turn_(turn), prompts_(prompts) {}
 
 void Tour::Begin() {
-  wxImage::AddHandler(std::make_unique<wxPNGHandler>().release());  // the toolkit's own
   Plan();
   Start(kTickMs);
 }
@@ -159,7 +157,7 @@ void Tour::Leave() {
 }
 
 void Tour::TakePicture(const std::string& form, const std::string& name) {
-  const std::string path = WithSeparator(directory_) + name + ".png";
+  const std::string path = WithSeparator(directory_) + name + ".bmp";
   if (!SaveScreenPicture(*Shown(form.c_str()), path)) Fail("could not write " + path);
 }
 

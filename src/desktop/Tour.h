@@ -29,7 +29,7 @@ class TourPrompts final : public Prompts {
 
 /// Shows the program by itself: connects to a topic, sends a command, opens the browser, fetches a
 /// weekday catalogue and opens its editor, all through the events that a user's hand would cause.
-/// Leaves about.png, main.png, browser.png and weekday.png in `directory` (UTF-8) and closes the
+/// Leaves about.bmp, main.bmp, browser.bmp and so on in `directory` (UTF-8) and closes the
 /// program.
 class Tour final : private wxTimer {
  public:

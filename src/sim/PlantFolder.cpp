@@ -1,12 +1,12 @@
 #include "sim/PlantFolder.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <system_error>
 #include <utility>
 
+#include "app/Paths.h"
 #include "sim/PlantCatalogueText.h"
 #include "sim/PlantLine.h"
 #include "text/Fields.h"
@@ -21,13 +21,6 @@ namespace fs = std::filesystem;
 constexpr std::size_t kLargestCatalogue = std::size_t{1} << 20;
 constexpr std::string_view kWeekdayEnd = ".WDC.TXT";
 constexpr std::string_view kExceptionEnd = ".EXC.TXT";
-
-fs::path PathOf(const std::string& utf8) { return {std::u8string(utf8.begin(), utf8.end())}; }
-
-std::string Utf8Of(const fs::path& path) {
-  const std::u8string utf8 = path.u8string();
-  return {utf8.begin(), utf8.end()};
-}
 
 std::string About(const fs::path& path, const std::string& what) {
   return Utf8Of(path) + ": " + what;

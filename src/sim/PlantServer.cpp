@@ -1,6 +1,6 @@
 #include "sim/PlantServer.h"
 
-#include <cstdio>
+#include <iostream>
 #include <utility>
 
 #include "sim/PlantFolder.h"
@@ -21,9 +21,8 @@ void PrintTraffic(int client, ServerClient::Direction direction, std::string_vie
       shown.append("<").append(std::to_string(code)).append(">");
     }
   }
-  std::fprintf(stderr, "%d %c %s\n", client,
-               direction == ServerClient::Direction::Received ? '<' : '>',
-               Utf8FromWindows1252(shown).c_str());
+  std::cerr << client << (direction == ServerClient::Direction::Received ? " < " : " > ")
+            << Utf8FromWindows1252(shown) << '\n';
 }
 
 }  // namespace
@@ -90,7 +89,7 @@ void PlantServer::SaveChanges() {
   for (Outstation& outstation : plant_.outstations) {
     if (!options_.keep || !std::exchange(outstation.changed, false)) continue;
     const std::string error = SavePlantOutstation(options_.folder, outstation);
-    if (!error.empty()) std::fprintf(stderr, "zekview-sim: not kept: %s\n", error.c_str());
+    if (!error.empty()) std::cerr << "zekview-sim: not kept: " << error << '\n';
   }
 }
 

@@ -1,7 +1,7 @@
 // The simulated plant as a program.
 
 #include <csignal>
-#include <cstdio>
+#include <iostream>
 #include <memory>
 #include <string>
 #include <utility>
@@ -9,6 +9,7 @@
 
 #include <wx/app.h>
 
+#include "app/Process.h"
 #include "sim/PlantDde.h"
 #include "sim/PlantFolder.h"
 #include "sim/PlantOptions.h"
@@ -21,11 +22,9 @@ using zek::sim::PlantOptions;
 constexpr int kWrongUsage = 2;
 
 int Fail(const std::string& message) {
-  std::fprintf(stderr, "zekview-sim: %s\n", message.c_str());
+  std::cerr << "zekview-sim: " << message << '\n';
   return kWrongUsage;
 }
-
-void EndOnSignal(int /*signal*/) { wxAppConsole::GetInstance()->ExitMainLoop(); }
 
 class PlantApp : public wxAppConsole {
  public:
@@ -33,9 +32,10 @@ class PlantApp : public wxAppConsole {
       : plant_(std::move(plant)), options_(std::move(options)) {}
 
   bool OnInit() override {  // the toolkit's own command line is not ours
-#ifdef __UNIX__
-    SetSignalHandler(SIGINT, EndOnSignal);
-    SetSignalHandler(SIGTERM, EndOnSignal);
+#ifdef __UNIX__             // elsewhere it ends at once: what a client finished is kept already
+    const auto end = [](int /*signal*/) { wxAppConsole::GetInstance()->ExitMainLoop(); };
+    SetSignalHandler(SIGINT, end);
+    SetSignalHandler(SIGTERM, end);
 #endif
     return true;
   }
@@ -48,8 +48,7 @@ class PlantApp : public wxAppConsole {
     zek::sim::PlantDde dde(plant_, [&server] { server.SaveChanges(); });
     const std::string error = dde.Serve(options_.ddeServices);
     if (!error.empty()) return Fail(error);
-    std::printf("%d\n", server.Port());
-    std::fflush(stdout);
+    std::cout << server.Port() << std::endl;
     return wxAppConsole::OnRun();
   }
 
@@ -61,10 +60,11 @@ class PlantApp : public wxAppConsole {
 }  // namespace
 
 int main(int argc, char** argv) {
-  PlantOptions options = zek::sim::ReadPlantOptions({argv + 1, argv + argc});
+  zek::PrepareStandardStreams();
+  PlantOptions options = zek::sim::ReadPlantOptions(zek::ProgramArguments(argc, argv));
   if (!options.error.empty()) return Fail(options.error + " (--help shows the options)");
   if (options.help) {
-    std::fputs(zek::sim::PlantUsage().c_str(), stdout);
+    std::cout << zek::sim::PlantUsage();
     return 0;
   }
   zek::sim::LoadedPlant loaded = zek::sim::LoadPlant(options.folder);

@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <gtest/gtest.h>
 
 #include "app/CommandLine.h"
@@ -81,9 +82,12 @@ TEST(CommandLine, OptionsAreTakenOutBeforeTheSwitches) {
       ParseCommandLine({"/LOCAL", "--dir", "/srv/LOCAL/batch", "x", "--ini", "/etc/\xC3\xA5"});
   EXPECT_EQ(line.text, "/LOCAL x");
   EXPECT_EQ(line.dir, "/srv/LOCAL/batch");
-  EXPECT_EQ(IniPathOf(line, "/p/"), "/etc/\xC3\xA5/");
-  EXPECT_EQ(IniPathOf(ParseCommandLine({"/ini:c:\\data"}), "/p/"), "C:\\DATA/");
+  const auto separator = static_cast<char>(std::filesystem::path::preferred_separator);
+  EXPECT_EQ(IniPathOf(line, "/p/"), std::string("/etc/\xC3\xA5") + separator);
+  EXPECT_EQ(IniPathOf(ParseCommandLine({"/ini:c:\\data"}), "/p/"),
+            std::string("C:\\DATA") + separator);
   EXPECT_EQ(IniPathOf(ParseCommandLine({}), "/p/"), "/p/");
+  EXPECT_EQ(WithSeparator("c:/data/"), "c:/data/");
   EXPECT_EQ(ParseCommandLine({"--dir"}).missingValue, "--dir");
 }
 

@@ -6,37 +6,28 @@
 #include "sim/PlantFolder.h"
 #include "sim/PlantLine.h"
 #include "sim/PlantOptions.h"
+#include "support/TemporaryFolder.h"
 
 namespace zek::sim {
 namespace {
 
 namespace fs = std::filesystem;
 
-// A folder of this test's own, gone at its end.
 class PlantFolder : public testing::Test {
- public:
-  PlantFolder()
-      : root_(fs::path(testing::TempDir()) /
-              testing::UnitTest::GetInstance()->current_test_info()->name()) {
-    fs::remove_all(root_);
-    fs::create_directories(root_);
-  }
-  ~PlantFolder() override { fs::remove_all(root_); }
-  PlantFolder(const PlantFolder&) = delete;
-  PlantFolder& operator=(const PlantFolder&) = delete;
-
  protected:
   void Write(const std::string& name, const std::string& text) const {
-    fs::create_directories((root_ / name).parent_path());
-    std::ofstream(root_ / name, std::ios::binary) << text;
+    const fs::path path = root_ / PathOf(name);
+    fs::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << text;
   }
   std::string Read(const std::string& name) const {
-    std::ifstream file(root_ / name, std::ios::binary);
+    std::ifstream file(root_ / PathOf(name), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
   }
-  LoadedPlant Load() const { return LoadPlant(root_.string()); }
+  LoadedPlant Load() const { return LoadPlant(Utf8Of(root_)); }
 
-  fs::path root_;
+  test::TemporaryFolder temporary_;
+  fs::path root_ = temporary_.Path();
 };
 
 TEST_F(PlantFolder, DemoPlantHoldsOnlyLinesItWouldTake) {
@@ -77,7 +68,7 @@ TEST_F(PlantFolder, ChangesAreKept) {
       "PLT7.DFV=18\rEXIT\r");
   Outstation& outstation = loaded.plant.outstations[0];
   EXPECT_TRUE(outstation.changed);
-  EXPECT_EQ(SavePlantOutstation(root_.string(), outstation), "");
+  EXPECT_EQ(SavePlantOutstation(Utf8Of(root_), outstation), "");
   EXPECT_EQ(Read("HUS/PLT7.WDC.TXT"),
             "VECKODAGAR\r\n 701  SU                       !07:00..16:30 !21    \r\n"
             ".DFV = 18\r\nEXIT\r\n");
@@ -115,11 +106,12 @@ TEST_F(PlantFolder, FaultsNameTheFileAndThePlace) {
     Write("HUS/OUTSTATION.TXT", "Kind = 1\n");
     Write(each.file, each.text);
     const LoadedPlant loaded = Load();
-    EXPECT_NE(loaded.error.find(each.wanted), std::string::npos) << loaded.error;
+    const std::string wanted = Utf8Of(PathOf(each.wanted).make_preferred());
+    EXPECT_NE(loaded.error.find(wanted), std::string::npos) << loaded.error;
     EXPECT_TRUE(loaded.plant.outstations.empty());
   }
   fs::remove_all(root_);
-  EXPECT_NE(Load().error.find(root_.string()), std::string::npos);
+  EXPECT_NE(Load().error.find(Utf8Of(root_)), std::string::npos);
   Write("A/OUTSTATION.TXT", "Dus = 3\n");
   Write("B/OUTSTATION.TXT", "Dus = 3\n");
   EXPECT_NE(Load().error.find("B: its DUS number"), std::string::npos);

@@ -1,9 +1,8 @@
 #include "WindowApp.h"
 
 #include <chrono>
-#include <cstdlib>
-#include <filesystem>
 #include <gtest/gtest.h>
+#include <list>
 #include <memory>
 
 #include <wx/app.h>
@@ -12,14 +11,16 @@
 #include <wx/sstream.h>
 #include <wx/timer.h>
 
+#include "support/TemporaryFolder.h"
+
 namespace zek::window {
 namespace {
 
 using Clock = std::chrono::steady_clock;
 constexpr auto kPatience = std::chrono::seconds(10);
 
-std::vector<std::string>& Directories() {
-  static std::vector<std::string> directories;
+std::list<test::TemporaryFolder>& Directories() {
+  static std::list<test::TemporaryFolder> directories;
   return directories;
 }
 
@@ -106,12 +107,7 @@ void Command(wxWindow& window, wxEventType type, int id) {
   window.GetEventHandler()->QueueEvent(event.release());
 }
 
-std::string TemporaryDirectory() {
-  std::string name = (std::filesystem::temp_directory_path() / "zekview-XXXXXX").string();
-  if (mkdtemp(name.data()) == nullptr) std::abort();
-  Directories().push_back(name);
-  return name + "/";
-}
+std::string TemporaryDirectory() { return Directories().emplace_back().Name(); }
 
 void FakeLink::Post(std::function<void()> event) {
   wxTheApp->CallAfter([this, opened = opened_, event = std::move(event)] {
@@ -202,7 +198,7 @@ class TestApp final : public wxApp {
       ExitMainLoop();
     });
     wxApp::OnRun();
-    for (const std::string& each : Directories()) std::filesystem::remove_all(each);
+    Directories().clear();
     return result_;
   }
   // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)

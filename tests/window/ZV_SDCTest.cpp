@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <gtk/gtk.h>
 
 #include <wx/datetime.h>
 #include <wx/dialog.h>
@@ -7,6 +6,7 @@
 
 #include "Keys.h"
 #include "PlantWorld.h"
+#include "SpokenName.h"
 #include "catalogue/Catalogue.h"
 #include "editors/calendar/ZV_SDC.h"
 
@@ -21,10 +21,7 @@ bool IsChosen(const std::string& name) {
   return dynamic_cast<const wxRadioButton&>(*Shown(name)).GetValue();
 }
 // What a screen reader is told of a control.
-std::string Spoken(const std::string& name) {
-  const char* const text = atk_object_get_name(gtk_widget_get_accessible(Shown(name)->GetHandle()));
-  return text == nullptr ? std::string() : text;
-}
+std::string Spoken(const std::string& name) { return SpokenName(*Shown(name)); }
 int ThisYear() { return wxDateTime::Today().GetYear(); }
 
 // The middle of a day's cell on the screen: a row of headings and six of days, seven columns.

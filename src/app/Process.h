@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace zek {
+
+/// The arguments in UTF-8, without the program's own name.
+std::vector<std::string> ProgramArguments(int argc, char** argv);
+
+/// The directory of the executable in UTF-8, the system's separator at its end.
+std::string ExecutableDirectory();
+
+/// "." or ",", whichever the user's system prints in numbers. The number functions of the C
+/// library keep to "." afterwards.
+char SystemDecimalSeparator();
+
+/// Standard input and output carry the same bytes on every system, and a console shows the UTF-8
+/// text of std::cout and std::cerr as what it means. Called once, first of all.
+void PrepareStandardStreams();
+
+/// Standard error is a terminal that knows the escape sequences for its lines.
+bool IsErrorTerminal();
+
+/// Tells whoever started a program with windows what is wrong with that: on standard error, or in
+/// a message box where a program with windows has none.
+void Complain(const std::string& utf8);
+
+}  // namespace zek

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <chrono>
+#include <filesystem>
+#include <string>
+
+#include "app/Paths.h"
+
+namespace zek::test {
+
+/// A new, empty folder of a test's own, gone at its end.
+class TemporaryFolder {
+ public:
+  TemporaryFolder() {
+    // Nobody else starts in the same moment with the same count.
+    static int count = 0;
+    const auto now = std::chrono::system_clock::now().time_since_epoch().count();
+    path_ = std::filesystem::temp_directory_path() /
+            ("zekview-" + std::to_string(now) + "-" + std::to_string(++count));
+    std::filesystem::create_directory(path_);
+  }
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  ~TemporaryFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(path_, ignored);
+  }
+
+  const std::filesystem::path& Path() const { return path_; }
+  /// UTF-8, "/" at its end.
+  std::string Name() const { return Utf8Of(path_) + "/"; }
+
+ private:
+  std::filesystem::path path_;
+};
+
+}  // namespace zek::test
