@@ -1,7 +1,7 @@
 #include "windows/ServerProcess.h"
 
-#include <stdexcept>
 #include <windows.h>
+#include <stdexcept>
 
 namespace zek::test {
 

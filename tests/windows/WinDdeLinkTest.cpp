@@ -1,9 +1,9 @@
+#include <windows.h>
 #include <deque>
 #include <functional>
 #include <gtest/gtest.h>
 #include <string>
 #include <vector>
-#include <windows.h>
 
 #include "comm/WinDdeLink.h"
 #include "lang/TextNumbers.h"

@@ -12,13 +12,13 @@
 // Any other topic is refused. Arguments: the services. It says "ready" when it serves, and ends
 // with its standard input.
 
+#include <windows.h>
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <deque>
 #include <map>
 #include <string>
-#include <windows.h>
 
 namespace {
 
