@@ -1,11 +1,14 @@
 #include "comm/WinDdeLink.h"
 
+#include <windows.h>
 #include <algorithm>
+
+#include <ddeml.h>
+
 #include <deque>
 #include <string>
 #include <utility>
 #include <vector>
-#include <windows.h>
 
 #include "lang/TextNumbers.h"
 

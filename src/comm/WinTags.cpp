@@ -1,9 +1,10 @@
 #include "comm/WinTags.h"
 
 #include <initializer_list>
+#include <ole2.h>
+#include <oleauto.h>
 #include <utility>
 #include <vector>
-#include <windows.h>
 
 #include "text/Fields.h"
 

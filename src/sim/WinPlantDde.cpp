@@ -1,8 +1,11 @@
+#include <windows.h>
 #include <algorithm>
+
+#include <ddeml.h>
+
 #include <deque>
 #include <map>
 #include <utility>
-#include <windows.h>
 
 #include <wx/timer.h>
 

@@ -16,6 +16,10 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <dde.h>
+
+#include <ddeml.h>
+
 #include <deque>
 #include <map>
 #include <string>

@@ -6,10 +6,11 @@
 // "Open" remembers the user's name and raises with the password in the words for user "raise".
 // The tag "TYPE" answers a write with a value of the type that is written: "I4", "BSTR" ...
 
-#include <windows.h>
 #include <cstdlib>
 #include <map>
 #include <memory>
+#include <ole2.h>
+#include <oleauto.h>
 #include <optional>
 #include <string>
 
@@ -110,6 +111,10 @@ class TaggedPlant {
     }
     if (!value.empty() && value.back() == '\r') value.pop_back();
     const zek::sim::PlantReply reply = session->second.Answer(value);
+    // The next program that creates the object gets a plant of its own from there.
+    if (outstation.changed && !session->second.TakingLines()) {
+      outstation.changed = !SavePlantOutstation(Variable("ZEKVIEW_TAG_PLANT"), outstation).empty();
+    }
     std::string& text = waiting_[outstation.name];
     for (const std::string& line : reply.lines) text += line + "\r\n";
     if (reply.refused) text += "\x02\r\n";
