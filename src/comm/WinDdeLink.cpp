@@ -11,11 +11,20 @@
 #include <vector>
 
 #include "lang/TextNumbers.h"
+#include "text/Fields.h"
 
 namespace zek {
 namespace {
 
 constexpr const char* kItem = "TRANSPARENT";
+// Where the server may call back.
+constexpr const char* kOwnService = "ZEKView";
+constexpr std::string_view kOwnTopic = "ZV_Main";
+constexpr std::string_view kOwnItem = "Text_CTServCallBack";
+constexpr DWORD kOwnKind = APPCLASS_STANDARD | CBF_FAIL_SELFCONNECTIONS | CBF_FAIL_ADVISES |
+                           CBF_FAIL_EXECUTES | CBF_FAIL_REQUESTS | CBF_SKIP_ALLNOTIFICATIONS;
+
+HDDEDATA Code(UINT code) { return reinterpret_cast<HDDEDATA>(static_cast<ULONG_PTR>(code)); }
 
 /// A name as DDE keeps it; wrong for an empty or too long one.
 class DdeName {
@@ -87,9 +96,12 @@ class WinDdeLink::Conversation : public std::enable_shared_from_this<Conversatio
   static HDDEDATA CALLBACK Callback(UINT type, UINT format, HCONV conversation, HSZ topic, HSZ item,
                                     HDDEDATA data, ULONG_PTR data1, ULONG_PTR data2);
 
+  static HDDEDATA AnswerCaller(UINT type, HSZ topic, HSZ item, HDDEDATA data);
+  bool Prepare();
+  bool Names(HSZ name, std::string_view text) const;
   bool IsAlive() const;
   bool Start(UINT type, std::string_view bytes);
-  void TakeText(HDDEDATA data);
+  void TakeText(std::string text);
   void TakeCompletion(bool taken, ULONG_PTR status);
   void End(Ending ending);
   void Lost() { End({state_ == LinkState::Connected, {text::kDdeNoServer, {}}}); }
@@ -113,8 +125,7 @@ class WinDdeLink::Conversation : public std::enable_shared_from_this<Conversatio
 void WinDdeLink::Conversation::Open(const LinkTarget& target) {
   Drop();
   state_ = LinkState::Opening;
-  const bool ready = instance_ != 0 || ::DdeInitializeA(&instance_, &Conversation::Callback,
-                                                        APPCMD_CLIENTONLY, 0) == DMLERR_NO_ERROR;
+  const bool ready = Prepare();
   const DdeName service(instance_, target.server);
   const DdeName topic(instance_, target.service);
   // A missing name would stand for any.
@@ -126,6 +137,23 @@ void WinDdeLink::Conversation::Open(const LinkTarget& target) {
     return;
   }
   if (!Start(XTYP_ADVSTART, {})) End({false, {text::kDdeNoAdvise, {}}});
+}
+
+bool WinDdeLink::Conversation::Prepare() {
+  if (instance_ != 0) return true;
+  if (::DdeInitializeA(&instance_, &Conversation::Callback, kOwnKind, 0) != DMLERR_NO_ERROR) {
+    return false;
+  }
+  const DdeName own(instance_, kOwnService);
+  ::DdeNameService(instance_, own.Get(), nullptr, DNS_REGISTER);  // hardly any server calls back
+  return true;
+}
+
+bool WinDdeLink::Conversation::Names(HSZ name, std::string_view text) const {
+  std::string known(256, '\0');
+  known.resize(::DdeQueryStringA(instance_, name, known.data(), static_cast<DWORD>(known.size()),
+                                 CP_WINANSI));
+  return EqualNoCase(known, text);
 }
 
 bool WinDdeLink::Conversation::Start(UINT type, std::string_view bytes) {
@@ -207,8 +235,7 @@ void WinDdeLink::Conversation::HandOver() {
   }
 }
 
-void WinDdeLink::Conversation::TakeText(HDDEDATA data) {
-  std::string text = TextOf(data);
+void WinDdeLink::Conversation::TakeText(std::string text) {
   if (ended_ || text.empty()) return;
   if (unread_ + Load(text) > kMostUnread) {
     End({false, {text::kDdeFlooded, {}}});
@@ -233,9 +260,23 @@ void WinDdeLink::Conversation::TakeCompletion(bool taken, ULONG_PTR status) {
   }
 }
 
+// A program has one link, so the first one that is connected is meant.
+HDDEDATA WinDdeLink::Conversation::AnswerCaller(UINT type, HSZ topic, HSZ item, HDDEDATA data) {
+  for (Conversation* const each : All()) {
+    if (each->state_ != LinkState::Connected || !each->Names(topic, kOwnTopic)) continue;
+    if (type == XTYP_CONNECT) return Code(1);
+    if (!each->Names(item, kOwnItem)) continue;
+    each->TakeText(TextOf(data) + '\n');
+    return Code(DDE_FACK);
+  }
+  return Code(DDE_FNOTPROCESSED);
+}
+
 HDDEDATA CALLBACK WinDdeLink::Conversation::Callback(UINT type, UINT format, HCONV conversation,
-                                                     HSZ /*topic*/, HSZ /*item*/, HDDEDATA data,
+                                                     HSZ topic, HSZ item, HDDEDATA data,
                                                      ULONG_PTR /*data1*/, ULONG_PTR data2) {
+  const bool poke = type == XTYP_POKE && format == CF_TEXT;
+  if (type == XTYP_CONNECT || poke) return AnswerCaller(type, topic, item, data);
   const auto found = std::find_if(All().begin(), All().end(), [conversation](const auto* each) {
     return conversation != nullptr && each->handle_ == conversation;
   });
@@ -243,8 +284,8 @@ HDDEDATA CALLBACK WinDdeLink::Conversation::Callback(UINT type, UINT format, HCO
   Conversation& self = **found;
   switch (type) {
     case XTYP_ADVDATA:
-      if (format == CF_TEXT && data != nullptr) self.TakeText(data);
-      return reinterpret_cast<HDDEDATA>(static_cast<ULONG_PTR>(DDE_FACK));
+      if (format == CF_TEXT && data != nullptr) self.TakeText(TextOf(data));
+      return Code(DDE_FACK);
     case XTYP_XACT_COMPLETE:
       self.TakeCompletion(data != nullptr, data2);
       return nullptr;

@@ -12,6 +12,10 @@ namespace zek {
 /// the same item carry the commands. All transactions are asynchronous, and what the system reports
 /// inside a message is posted to the event loop, so that no handler ever runs inside a DDE call.
 ///
+/// The communication server may also call back: what it pokes into item "Text_CTServCallBack" of
+/// our own service "ZEKView", topic "ZV_Main", is reply text like any other, a line by itself. It
+/// counts while the link is connected.
+///
 /// A transaction that the server refuses, or text that comes faster than it is read
 /// (`kMostUnread`), ends the conversation with OnLinkError: a command that was taken in part must
 /// not be followed by others, and no text may be lost unnoticed.

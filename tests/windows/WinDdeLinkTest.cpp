@@ -1,4 +1,7 @@
 #include <windows.h>
+
+#include <ddeml.h>
+
 #include <deque>
 #include <functional>
 #include <gtest/gtest.h>
@@ -209,6 +212,48 @@ TEST_F(WinDdeLinkTest, NothingIsToldOfALinkThatWasClosed) {
   EXPECT_TRUE(link.Send("last"));
   ASSERT_TRUE(AwaitEvent());
   EXPECT_EQ(events, std::vector<std::string>{"0001>last\r\n"});
+}
+
+/// A server that calls back: the system serves it in this process as in another one.
+class Caller {
+ public:
+  Caller() {
+    const PFNCALLBACK nothing = [](UINT, UINT, HCONV, HSZ, HSZ, HDDEDATA, ULONG_PTR,
+                                   ULONG_PTR) -> HDDEDATA { return nullptr; };
+    ::DdeInitializeA(&instance_, nothing, APPCMD_CLIENTONLY, 0);
+  }
+  Caller(const Caller&) = delete;
+  Caller& operator=(const Caller&) = delete;
+  ~Caller() { ::DdeUninitialize(instance_); }
+
+  bool Call(const char* topic, const char* item, std::string text) {
+    const HCONV conversation = ::DdeConnect(instance_, Name("ZEKView"), Name(topic), nullptr);
+    if (conversation == nullptr) return false;
+    DWORD flags = 0;
+    const HDDEDATA done = ::DdeClientTransaction(reinterpret_cast<BYTE*>(text.data()),
+                                                 static_cast<DWORD>(text.size() + 1), conversation,
+                                                 Name(item), CF_TEXT, XTYP_POKE, 5000, &flags);
+    ::DdeDisconnect(conversation);
+    return done != nullptr && (flags & DDE_FACK) != 0;
+  }
+
+ private:
+  HSZ Name(const char* text) { return ::DdeCreateStringHandleA(instance_, text, CP_WINANSI); }
+
+  DWORD instance_ = 0;
+};
+
+TEST_F(WinDdeLinkTest, TheServerMayCallBackWhileTheLinkIsOpen) {
+  Caller caller;
+  OpenAndAwait("GOOD");
+  EXPECT_TRUE(caller.Call("ZV_Main", "Text_CTServCallBack", "0007>called"));
+  EXPECT_TRUE(events.empty()) << "not from inside the call";
+  ASSERT_TRUE(AwaitEvent());
+  EXPECT_EQ(events, std::vector<std::string>{"0007>called\n"});
+  EXPECT_FALSE(caller.Call("ZV_Main", "Text_Input", "0007>no"));
+  EXPECT_FALSE(caller.Call("ZV_TSC", "Text_CTServCallBack", "0007>no"));
+  link.Close();
+  EXPECT_FALSE(caller.Call("ZV_Main", "Text_CTServCallBack", "0007>late"));
 }
 
 TEST_F(WinDdeLinkTest, ATextEndsAtItsNulOrAtItsEnd) {
