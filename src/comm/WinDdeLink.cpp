@@ -24,6 +24,7 @@ constexpr std::string_view kOwnItem = "Text_CTServCallBack";
 constexpr DWORD kOwnKind = APPCLASS_STANDARD | CBF_FAIL_SELFCONNECTIONS | CBF_FAIL_ADVISES |
                            CBF_FAIL_EXECUTES | CBF_FAIL_REQUESTS | CBF_SKIP_ALLNOTIFICATIONS;
 
+// NOLINTNEXTLINE(performance-no-int-to-ptr): an answer is a handle or a number
 HDDEDATA Code(UINT code) { return reinterpret_cast<HDDEDATA>(static_cast<ULONG_PTR>(code)); }
 
 /// A name as DDE keeps it; wrong for an empty or too long one.
@@ -46,8 +47,9 @@ class DdeName {
   HSZ handle_;
 };
 
-// What a text that waits costs.
-std::size_t Load(const std::string& text) { return text.size() + sizeof text; }
+// What a text that waits costs, its place in the queue included.
+constexpr std::size_t kLoad = 32;
+std::size_t Load(const std::string& text) { return text.size() + kLoad; }
 
 std::string TextOf(HDDEDATA data) {
   // One byte more than can be used tells that there was too much.

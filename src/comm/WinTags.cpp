@@ -62,7 +62,7 @@ class Value {
   std::string Text() const { return OurText(value_.bstrVal); }
 
  private:
-  VARIANT value_;
+  VARIANT value_{};
 };
 
 // "Unknown name. (80020006)"

@@ -3,9 +3,9 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "sim/Plant.h"
+#include "sim/PlantOptions.h"
 
 namespace zek::sim {
 
@@ -21,9 +21,9 @@ class PlantDde {
   PlantDde(const PlantDde&) = delete;
   PlantDde& operator=(const PlantDde&) = delete;
 
-  /// Serves under these names, "ZEK" when there are none. "" or what is wrong, which is nothing on
-  /// a system without DDE that is asked for none.
-  std::string Serve(const std::vector<std::string>& services);
+  /// Serves under the names of the options, "ZEK" when there are none, and shows the traffic with
+  /// `verbose`. "" or what is wrong; nothing is when there is no DDE and no name was given.
+  std::string Serve(const PlantOptions& options);
 
  private:
   class Server;

@@ -9,8 +9,8 @@ PlantDde::PlantDde(Plant& /*plant*/, std::function<void()> /*settled*/) {}
 PlantDde::~PlantDde() = default;
 
 // NOLINTNEXTLINE(readability-convert-member-functions-to-static): there is a server elsewhere
-std::string PlantDde::Serve(const std::vector<std::string>& services) {
-  return services.empty() ? std::string() : "--dde: this system has no DDE";
+std::string PlantDde::Serve(const PlantOptions& options) {
+  return options.ddeServices.empty() ? std::string() : "--dde: this system has no DDE";
 }
 
 }  // namespace zek::sim

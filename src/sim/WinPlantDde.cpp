@@ -11,6 +11,7 @@
 
 #include "sim/PlantConversation.h"
 #include "sim/PlantDde.h"
+#include "sim/Traffic.h"
 #include "text/Fields.h"
 #include "text/Windows1252.h"
 
@@ -27,6 +28,7 @@ constexpr int kAnswerDelay = 50;  // ms
 constexpr const char* kItem = "TRANSPARENT";
 constexpr std::string_view kReturn = "{13}";
 
+// NOLINTNEXTLINE(performance-no-int-to-ptr): an answer is a handle or a number
 HDDEDATA Code(UINT code) { return reinterpret_cast<HDDEDATA>(static_cast<ULONG_PTR>(code)); }
 
 // A poked text as the controller gets it.
@@ -44,6 +46,7 @@ std::string CommandOf(HDDEDATA data) {
 
 struct Client {
   HSZ topic = nullptr;
+  std::string name;  // of the outstation
   PlantConversation conversation;
   bool linked = false;  // on the item
   std::deque<std::string> pieces;
@@ -73,7 +76,7 @@ class PlantDde::Server : public wxTimer {
     Current() = nullptr;
   }
 
-  std::string Serve(const std::vector<std::string>& services);
+  std::string Serve(const std::vector<std::string>& services, bool verbose);
 
  private:
   // DDE hands its callback nothing to find the server by; a program has one.
@@ -94,16 +97,18 @@ class PlantDde::Server : public wxTimer {
   std::function<void()> settled_;
   DWORD instance_ = 0;
   HSZ item_ = nullptr;
+  bool verbose_ = false;
   std::map<HCONV, Client> clients_;
 };
 
-std::string PlantDde::Server::Serve(const std::vector<std::string>& services) {
+std::string PlantDde::Server::Serve(const std::vector<std::string>& services, bool verbose) {
+  verbose_ = verbose;
   if (::DdeInitializeA(&instance_, &Server::Callback, APPCLASS_STANDARD, 0) != DMLERR_NO_ERROR) {
     return "DDE is not to be had";
   }
   item_ = ::DdeCreateStringHandleA(instance_, kItem, CP_WINANSI);
   for (const std::string& service : services) {
-    const HSZ name =
+    auto* const name =
         ::DdeCreateStringHandleA(instance_, Windows1252FromUtf8(service).c_str(), CP_WINANSI);
     if (name == nullptr || ::DdeNameService(instance_, name, nullptr, DNS_REGISTER) == nullptr) {
       return "DDE service \"" + service + "\" is not to be had";
@@ -143,7 +148,8 @@ HDDEDATA PlantDde::Server::Answer(UINT type, HCONV client, HSZ topic, HDDEDATA d
     Outstation* const outstation = FindOutstation(topic);
     if (outstation == nullptr) return nullptr;
     ::DdeKeepStringHandle(instance_, topic);
-    clients_.insert_or_assign(client, Client{topic, PlantConversation(*outstation), false, {}});
+    clients_.insert_or_assign(
+        client, Client{topic, outstation->name, PlantConversation(*outstation), false, {}});
     return nullptr;
   }
   const auto found = clients_.find(client);
@@ -173,14 +179,17 @@ HDDEDATA PlantDde::Server::Answer(UINT type, HCONV client, HSZ topic, HDDEDATA d
 }
 
 void PlantDde::Server::Take(Client& client, HDDEDATA data) {
-  client.Say(client.conversation.Receive(CommandOf(data)));
+  const std::string command = CommandOf(data);
+  if (verbose_) PrintTraffic(client.name, true, command);
+  client.Say(client.conversation.Receive(command));
   if (!IsRunning()) StartOnce(kAnswerDelay);
   if (!client.conversation.TakingLines()) settled_();
 }
 
 HDDEDATA PlantDde::Server::NextPiece(HCONV client, HSZ item) {
-  std::deque<std::string>& pieces = clients_.at(client).pieces;
+  auto& [topic, name, conversation, linked, pieces] = clients_.at(client);
   if (pieces.empty()) return nullptr;
+  if (verbose_) PrintTraffic(name, false, pieces.front());
   std::string piece = std::move(pieces.front());
   pieces.pop_front();
   return ::DdeCreateDataHandle(instance_, reinterpret_cast<BYTE*>(piece.data()),
@@ -194,7 +203,7 @@ void PlantDde::Server::Notify() {
     const std::size_t count = std::min<std::size_t>(client.pieces.size(), kPiecesAtOnce);
     if (client.linked) topics.insert(topics.end(), count, client.topic);
   }
-  for (const HSZ topic : topics) ::DdePostAdvise(instance_, topic, item_);
+  for (auto* const topic : topics) ::DdePostAdvise(instance_, topic, item_);
   const bool more = std::any_of(clients_.begin(), clients_.end(), [](const auto& each) {
     return each.second.linked && !each.second.pieces.empty();
   });
@@ -206,11 +215,11 @@ PlantDde::PlantDde(Plant& plant, std::function<void()> settled)
 
 PlantDde::~PlantDde() = default;
 
-std::string PlantDde::Serve(const std::vector<std::string>& services) {
-  const std::string error =
-      server_->Serve(services.empty() ? std::vector<std::string>{"ZEK"} : services);
-  // A demonstration over TCP/IP needs none.
-  return services.empty() ? std::string() : error;
+std::string PlantDde::Serve(const PlantOptions& options) {
+  const bool asked = !options.ddeServices.empty();
+  const std::string error = server_->Serve(
+      asked ? options.ddeServices : std::vector<std::string>{"ZEK"}, options.verbose);
+  return asked ? error : std::string();  // a demonstration over TCP/IP needs none
 }
 
 }  // namespace zek::sim

@@ -46,7 +46,7 @@ class PlantApp : public wxAppConsole {
       return Fail("port " + std::to_string(options_.port) + " on 127.0.0.1 is not to be had");
     }
     zek::sim::PlantDde dde(plant_, [&server] { server.SaveChanges(); });
-    const std::string error = dde.Serve(options_.ddeServices);
+    const std::string error = dde.Serve(options_);
     if (!error.empty()) return Fail(error);
     std::cout << server.Port() << std::endl;
     return wxAppConsole::OnRun();

@@ -16,7 +16,7 @@ namespace zek {
 namespace {
 
 constexpr const char* kService = "ZEKDOUBLE";
-constexpr const char* kNetService = "\\\\PLANT2\\NDDE$";
+constexpr const char* kNetService = R"(\\PLANT2\NDDE$)";
 constexpr ULONGLONG kLongestWait = 20'000;  // ms, for a machine that does much else
 
 class WinDdeLinkTest : public ::testing::Test, protected LinkEvents {
@@ -108,7 +108,7 @@ TEST_F(WinDdeLinkTest, AComputersServiceIsANameLikeAnyOther) {
 TEST_F(WinDdeLinkTest, WhatCannotBeOpenedIsTold) {
   struct Case {
     LinkTarget target;
-    std::int32_t number;
+    std::int32_t number = 0;
   };
   const Case cases[] = {{{"NOBODY", "GOOD"}, text::kDdeNoServer},
                         {{kService, "UNKNOWN"}, text::kDdeNoServer},
@@ -227,12 +227,12 @@ class Caller {
   ~Caller() { ::DdeUninitialize(instance_); }
 
   bool Call(const char* topic, const char* item, std::string text) {
-    const HCONV conversation = ::DdeConnect(instance_, Name("ZEKView"), Name(topic), nullptr);
+    auto* const conversation = ::DdeConnect(instance_, Name("ZEKView"), Name(topic), nullptr);
     if (conversation == nullptr) return false;
     DWORD flags = 0;
-    const HDDEDATA done = ::DdeClientTransaction(reinterpret_cast<BYTE*>(text.data()),
-                                                 static_cast<DWORD>(text.size() + 1), conversation,
-                                                 Name(item), CF_TEXT, XTYP_POKE, 5000, &flags);
+    auto* const done = ::DdeClientTransaction(reinterpret_cast<BYTE*>(text.data()),
+                                              static_cast<DWORD>(text.size() + 1), conversation,
+                                              Name(item), CF_TEXT, XTYP_POKE, 5000, &flags);
     ::DdeDisconnect(conversation);
     return done != nullptr && (flags & DDE_FACK) != 0;
   }

@@ -34,7 +34,7 @@ class WinTagsTest : public ::testing::Test {
     ::SetEnvironmentVariableA("ZEKVIEW_TAG_PLANT", ZEKVIEW_DATA "/demo/plant");
     Register(test::ProgramFolder() + "zekview-tag-double.dll");
   }
-  ~WinTagsTest() override {
+  void TearDown() override {
     Fault(nullptr);
     Unregister();
   }

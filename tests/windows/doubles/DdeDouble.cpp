@@ -51,6 +51,7 @@ Server& TheServer() {
   return server;
 }
 
+// NOLINTNEXTLINE(performance-no-int-to-ptr): an answer is a handle or a number
 HDDEDATA Code(UINT code) { return reinterpret_cast<HDDEDATA>(static_cast<ULONG_PTR>(code)); }
 
 std::string NameOf(HSZ name) {
@@ -77,7 +78,8 @@ UINT Poke(Client& client, const std::string& text) {
   if (client.topic == "VANISH") std::_Exit(0);
   client.endless = client.topic == "FLOOD";
   client.ends = client.topic == "HANGUP";
-  const int count = client.topic == "COUNT" ? std::atoi(text.c_str()) : 1;
+  const int count =
+      client.topic == "COUNT" ? static_cast<int>(std::strtol(text.c_str(), nullptr, 10)) : 1;
   for (int i = 0; i < count; ++i) {
     client.texts.push_back("0001>" + (count == 1 ? text : std::to_string(i)) + "\r\n");
   }
@@ -163,7 +165,7 @@ int main(int argc, char** argv) {
   }
   server.item = ::DdeCreateStringHandleA(server.instance, "TRANSPARENT", CP_WINANSI);
   for (int i = 1; i < argc; ++i) {
-    const HSZ name = ::DdeCreateStringHandleA(server.instance, argv[i], CP_WINANSI);
+    auto* const name = ::DdeCreateStringHandleA(server.instance, argv[i], CP_WINANSI);
     if (::DdeNameService(server.instance, name, nullptr, DNS_REGISTER) == nullptr) return 1;
   }
   ::CloseHandle(::CreateThread(nullptr, 0, &EndWithInput, nullptr, 0, nullptr));
