@@ -1,7 +1,6 @@
 #pragma once
 
 #include <functional>
-#include <utility>
 
 #include <wx/event.h>
 
@@ -13,7 +12,7 @@ namespace zek {
 class WxLater {
  public:
   Later Post() {
-    return [this](std::function<void()> call) { handler_.CallAfter(std::move(call)); };
+    return [this](const std::function<void()>& call) { handler_.CallAfter(call); };
   }
 
  private:

@@ -4,6 +4,7 @@ namespace zek::sim {
 
 class PlantDde::Server {};
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): as elsewhere
 PlantDde::PlantDde(Plant& /*plant*/, std::function<void()> /*settled*/) {}
 
 PlantDde::~PlantDde() = default;
