@@ -1,9 +1,8 @@
-# Gives a program its icon, manifest and version resource.
+# Gives a program its icon, manifest and version resource. The toolkit's pieces, on which ours rest,
+# are found where its headers are.
 enable_language(RC)
 function(add_windows_resources target description)
   set(file ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc)
   configure_file(${PROJECT_SOURCE_DIR}/src/desktop/windows/program.rc.in ${file} @ONLY)
-  # The toolkit's pieces, on which ours rest, are found where its headers are.
-  set_source_files_properties(${file} PROPERTIES INCLUDE_DIRECTORIES "${wxWidgets_INCLUDE_DIRS}")
   target_sources(${target} PRIVATE ${file})
 endfunction()

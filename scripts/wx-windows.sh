@@ -9,7 +9,7 @@ source scripts/common.sh
 word="$1" # win64 or win32
 toolchain="$PWD/cmake/mingw${word#win}.cmake"
 # What no form of ours uses.
-options=(-DCMAKE_BUILD_TYPE=MinSizeRel -DwxBUILD_SHARED=OFF -DwxBUILD_PRECOMP=OFF -DwxBUILD_INSTALL=ON)
+options=(-DCMAKE_BUILD_TYPE=MinSizeRel -DwxBUILD_SHARED=OFF -DwxBUILD_INSTALL=ON)
 for feature in AUI HTML PROPGRID RIBBON RICHTEXT STC WEBVIEW MEDIACTRL OPENGL XRC XML LIBTIFF \
   LIBJPEG LIBPNG EXPAT LIBLZMA ZLIB REGEX ARTPROVIDER_TANGO WXHTML_HELP SVG; do
   options+=("-DwxUSE_$feature=OFF")

@@ -21,6 +21,7 @@ constexpr int kGap = 16;
 ZV_Info::ZV_Info(wxWindow* parent, const LanguageTexts& texts)
     : wxDialog(parent, wxID_ANY, "ZekView") {
   SetName("ZV_Info");
+  SetIcons(ProgramIcons());
   Build(texts);
   CenterForm(*this);
   Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { Destroy(); });

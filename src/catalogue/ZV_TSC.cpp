@@ -13,6 +13,7 @@
 #include "lang/TextNumbers.h"
 #include "ui/Forms.h"
 #include "ui/InputBlock.h"
+#include "ui/Pictures.h"
 #include "ui/StatusChain.h"
 #include "ui/WxText.h"
 
@@ -39,6 +40,7 @@ ZV_TSC::ZV_TSC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn)
   SetSizer(whole);
   SetMinSize(FromDIP(wxSize(kSmallestWidth, kSmallestHeight)));
   SetSize(FromDIP(wxSize(kWidth, kHeight)));
+  SetIcons(ProgramIcons());
   RememberPlacement(*this, "ZV_TSC");
   if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
   BindEvents();

@@ -7,6 +7,7 @@
 
 #include "ui/Forms.h"
 #include "ui/InputBlock.h"
+#include "ui/Pictures.h"
 #include "ui/StatusChain.h"
 #include "ui/WxText.h"
 
@@ -53,6 +54,7 @@ void EditorForm::LayOut(wxSizer* content) {
   whole->Add(content, 1, wxEXPAND);
   whole->Add(status_, 0, wxEXPAND | wxALL, gap);
   SetSizerAndFit(whole);
+  SetIcons(ProgramIcons());
   RememberPlacement(*this, GetName().ToStdString());
   if (proc_.settings.AlwaysOnTop) SetTopmost(*this, true);
 }

@@ -15,7 +15,8 @@ wxString Mnemonics::Give(const wxString& caption) {
   }
   for (std::size_t i = 0; i < caption.length(); ++i) {
     const wxUniChar letter = caption[i];
-    if (!wxIsalpha(letter) || !taken_.insert(Folded(letter)).second) continue;
+    // Beyond ASCII the systems differ in which keys they know.
+    if (!letter.IsAscii() || !wxIsalpha(letter) || !taken_.insert(Folded(letter)).second) continue;
     return caption.Left(i) + "&" + caption.Mid(i);
   }
   return caption;

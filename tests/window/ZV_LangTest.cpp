@@ -30,7 +30,7 @@ class ZV_LangTest : public testing::Test {
              wxUIActionSimulator().Char(key);
              Pump(100);
            }
-           if (form.IsModal()) form.EndModal(wxID_NONE);  // a test that fails must end
+           if (form.GetReturnCode() == 0) form.EndModal(wxID_NONE);  // a test that fails must end
          });
     return form.ShowModal();
   }

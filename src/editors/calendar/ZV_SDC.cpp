@@ -1,8 +1,9 @@
 #include "editors/calendar/ZV_SDC.h"
 
 #include <functional>
-#include <utility>
+#include <vector>
 
+#include <wx/accel.h>
 #include <wx/datetime.h>
 #include <wx/wxcrt.h>
 
@@ -70,29 +71,30 @@ void ZV_SDC::BindEvents() {
   step(Command_Last, -1);
   step(Command_Next, 1);
   Command_Ok->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Save(); });
-  Bind(wxEVT_CHAR_HOOK, &ZV_SDC::OnAltKey, this);
+  BuildAccelerators();
 }
 
 // The frames' letters lead to what is in them: to the days and to the option that is chosen.
-void ZV_SDC::OnAltKey(wxKeyEvent& event) {
-  const int key =
-      wxToupper(event.GetUnicodeKey() != WXK_NONE ? static_cast<int>(event.GetUnicodeKey())
-                                                  : event.GetKeyCode());
+void ZV_SDC::BuildAccelerators() {
+  std::vector<wxAcceleratorEntry> keys;
+  const auto lead = [&](const wxStaticBox* frame, const std::function<wxWindow*()>& target) {
+    const int letter = LetterOf(*frame);
+    if (letter == 0) return;
+    const int id = wxID_HIGHEST + 1 + static_cast<int>(keys.size());  // no control's own
+    keys.emplace_back(wxACCEL_ALT, letter, id);
+    Bind(
+        wxEVT_MENU,
+        [target](wxCommandEvent&) {
+          if (target()->IsEnabled()) target()->SetFocus();
+        },
+        id);
+  };
   const auto place = [](int number) { return static_cast<std::size_t>(number); };
-  const auto roads = std::to_array<std::pair<const wxStaticBox*, wxWindow*>>({
-      {Frame_SDC, Picture_Days},
-      {Frame_Day, Option_Day.at(place(editor_.DayType()))},
-      {Frame_Year, Option_Year.at(place(editor_.Year()))},
-      {Frame_Month, Option_Month.at(place(editor_.Month()))},
-  });
-  if (event.GetModifiers() == wxMOD_ALT) {
-    for (const auto& [frame, target] : roads) {
-      if (LetterOf(*frame) != key || !target->IsEnabled()) continue;
-      target->SetFocus();
-      return;
-    }
-  }
-  event.Skip();
+  lead(Frame_SDC, [this] { return Picture_Days; });
+  lead(Frame_Day, [=, this] { return Option_Day.at(place(editor_.DayType())); });
+  lead(Frame_Year, [=, this] { return Option_Year.at(place(editor_.Year())); });
+  lead(Frame_Month, [=, this] { return Option_Month.at(place(editor_.Month())); });
+  SetAcceleratorTable(wxAcceleratorTable(static_cast<int>(keys.size()), keys.data()));
 }
 
 void ZV_SDC::ShowAll() {

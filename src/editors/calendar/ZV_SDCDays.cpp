@@ -230,8 +230,9 @@ void DayGrid::OnRelease(wxMouseEvent& event) {
 void DayGrid::OnKey(wxKeyEvent& event) {
   const int key = Plain(event.GetKeyCode());
   if (key == WXK_TAB) {
-    Navigate(event.ShiftDown() ? wxNavigationKeyEvent::IsBackward
-                               : wxNavigationKeyEvent::IsForward);
+    // Not just forward: from the Tab key it goes to the option that is chosen.
+    Navigate(wxNavigationKeyEvent::FromTab | (event.ShiftDown() ? wxNavigationKeyEvent::IsBackward
+                                                                : wxNavigationKeyEvent::IsForward));
   } else if (!TakeKey(key, event.GetModifiers())) {
     event.Skip();
   }

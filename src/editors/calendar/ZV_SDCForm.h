@@ -36,7 +36,7 @@ class ZV_SDC final : public EditorForm {
   wxSizer* GridContent();
   wxSizer* DayTypeContent();
   void BindEvents();
-  void OnAltKey(wxKeyEvent& event);
+  void BuildAccelerators();
   /// Shows what the editor has, in the grid and in the choices beside it.
   void ShowAll();
 

@@ -196,6 +196,7 @@ bool OvcGrid::TellWrong() {
 
 void OvcGrid::Focus(ExceptionFocus at) {
   Box(at).SetFocus();
+  OnEntered(at);  // some systems tell it at once, of a form that is not to be seen yet
   Box(at).SelectAll();
 }
 

@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# windows.sh: builds the Windows programs, 64-bit and 32-bit, and packs each with all it takes into
+# dist/zekview-VERSION-win64.zip and -win32.zip.
+set -euo pipefail
+# shellcheck source=scripts/common.sh
+source scripts/common.sh
+
+scripts/setup.sh scripts/packages-windows.txt
+version="$(sed -nE 's/^project\(ZekView VERSION ([0-9.]+).*/\1/p' CMakeLists.txt)"
+programs=(zekview zekview-cli zekview-sim)
+
+# lay_out FOLDER BIN STRIP: what a user finds in the zip.
+lay_out() {
+  local folder="$1" bin="$2" strip="$3" program text
+  rm -rf "$folder"
+  mkdir -p "$folder/demo"
+  for program in "${programs[@]}"; do "$strip" -o "$folder/$program.exe" "$bin/$program.exe"; done
+  cp data/lang/zek_lang.* data/ZEKView.INI "$folder/"
+  cp -r data/demo/. "$folder/demo/"
+  for text in packaging/windows/*; do sed 's/$/\r/' "$text" >"$folder/${text##*/}"; done
+}
+
+mkdir -p dist
+for word in win64 win32; do
+  configure "$word"
+  cmake --build --preset "$word" --target "${programs[@]}"
+  name="zekview-$version-$word"
+  strip=x86_64-w64-mingw32-strip
+  [[ $word == win64 ]] || strip=i686-w64-mingw32-strip
+  lay_out "build/$word/$name" "build/$word/bin" "$strip"
+  scripts/pack.py "build/$word/$name" "dist/$name.zip"
+  echo "dist/$name.zip: $(stat -c %s "dist/$name.zip") bytes"
+done
