@@ -15,7 +15,7 @@ reports="$PWD/build/win64/reports"
 # run_programs: all that runs under Wine; called by this script itself, inside scripts/wine.sh.
 run_programs() {
   local program
-  for program in zekview-tests zekview-window-tests; do
+  for program in zekview-tests zekview-windows-tests zekview-window-tests; do
     [[ -f $bin/$program.exe ]] || continue
     echo "== $program"
     timeout 900 wine "$bin/$program.exe" --gtest_brief=1 --gtest_filter="*$filter*" \
@@ -61,7 +61,7 @@ mkdir -p "$reports"
 ZEKVIEW_INSIDE_WINE=1 scripts/wine.sh "$0" "$filter" || true # the reports tell
 status=0
 wanted=("$reports/scripts.xml")
-for program in zekview-tests zekview-window-tests; do
+for program in zekview-tests zekview-windows-tests zekview-window-tests; do
   if [[ -f $bin/$program.exe ]]; then wanted+=("$reports/$program.xml"); fi
 done
 counts="$(scripts/test-counts.py "${wanted[@]}")" || status=1

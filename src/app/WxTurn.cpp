@@ -6,12 +6,14 @@
 namespace zek {
 namespace {
 constexpr unsigned long kRestMilliseconds = kTickMilliseconds;  // the next tick ends a rest anyway
-}
+constexpr int kMostAtOnce = 1000;  // events: a flood of them must not keep posted calls waiting
+}  // namespace
 
 void WxTurn::RunPending() {
   wxAppConsole::GetInstance()->ProcessPendingEvents();
   wxEventLoopBase* const loop = wxEventLoopBase::GetActive();
-  while (loop != nullptr && loop->Pending() && loop->Dispatch()) {
+  for (int i = 0; i < kMostAtOnce && loop != nullptr && loop->Pending(); ++i) {
+    if (!loop->Dispatch()) break;
   }
   wxAppConsole::GetInstance()->ProcessPendingEvents();
 }

@@ -16,10 +16,11 @@
 #include "app/Paths.h"
 #include "app/Process.h"
 #include "app/SettingsFile.h"
+#include "app/WxLater.h"
 #include "app/WxTurn.h"
 #include "catalogue/BatchExport.h"
 #include "cli/Commands.h"
-#include "comm/WithoutWindows.h"
+#include "comm/SystemLinks.h"
 #include "comm/WxTcpLink.h"
 #include "text/Windows1252.h"
 
@@ -89,8 +90,9 @@ class Application final : public wxAppConsole {
     const std::unique_ptr<Profile> profile = OpenSettingsFile(files, iniPath + "ZEKView.INI");
     WxTurn turn;
     CliPrompts prompts(std::cerr);
-    WithoutDde dde;
-    WithoutTags tags;
+    WxLater later;
+    SystemDde dde(later.Post());
+    SystemTags tags;
     WxTcpLink socket;
     ZV_Proc proc({files, *profile, turn, prompts, socket, dde, tags});
     proc.settings.ProgramPath = programPath;

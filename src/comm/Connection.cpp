@@ -1,5 +1,7 @@
 #include "comm/Connection.h"
 
+#include <utility>
+
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
 #include "text/Fields.h"
@@ -127,6 +129,8 @@ void Connection::Succeeded(const Topic& topic) {
   p_.countdowns.IdleCountdown = p_.settings.DisconnectTicks;
   p_.status.Connection = topic.Description + " (" + topic.TopicName + ")";
   p_.status.SetProgress({});
+  pollFaultTold_ = false;
+  TellTagFault();
 }
 
 void Connection::Failed(Topic& topic) {
@@ -143,6 +147,7 @@ void Connection::Failed(Topic& topic) {
     CurrentLink().Close();
   }
   SettleDisconnected();
+  TellTagFault();
   if (!p_.waits.Stopped()) p_.prompts.Show(Icon::Critical, Text(text::kConnectFailed) + what);
 }
 
@@ -153,12 +158,16 @@ bool Connection::Disconnect() {
     return true;
   }
   if (CurrentTopic >= 0 && p_.settings.TagMode) {
-    if (!CloseTag(p_.topics[CurrentTopic])) return false;
+    if (!CloseTag(p_.topics[CurrentTopic])) {
+      TellTagFault();
+      return false;
+    }
   } else if (CurrentTopic >= 0 || !PendingTopic.empty()) {
     CurrentLink().Close();
     if (CurrentTopic >= 0 && IsTcp()) AwaitClosed(p_.settings.DisconnectDelay);
   }
   if (attempt == attempt_) SettleDisconnected();
+  TellTagFault();
   return true;
 }
 
@@ -192,6 +201,14 @@ bool Connection::TagOpen() {
   return p_.tags.Open(profile.ReadIni("General", "ComputerName", ""),
                       profile.ReadIni("General", "UserName", ""),
                       profile.ReadIni("General", "Password", "")) != 0;
+}
+
+// A call that the object answered with zero is told by whoever made it; why another one failed only
+// the object knows.
+void Connection::TellTagFault() {
+  const std::string fault = p_.settings.TagMode ? p_.tags.TakeFault() : std::string();
+  if (fault.empty() || p_.waits.Stopped()) return;
+  p_.prompts.Show(Icon::Critical, Message(Text(text::kTagError), {fault}));
 }
 
 void Connection::CloseAllTags() {
@@ -259,7 +276,8 @@ void Connection::OnLinkError(const LinkFault& fault) {
   LinkLost();
   const std::string reason =
       fault.textNumber != 0 ? Text(fault.textNumber) : Windows1252FromUtf8(fault.systemMessage);
-  p_.prompts.Show(Icon::Critical, Message(Text(text::kSocketError), {reason}));
+  p_.prompts.Show(Icon::Critical,
+                  Message(Text(IsTcp() ? text::kSocketError : text::kDdeError), {reason}));
 }
 
 void Connection::LinkLost() {
@@ -285,9 +303,18 @@ void Connection::TickIdle() {
                                          Text(text::kIdleAfter));
 }
 
+void Connection::TellPollFault() {
+  const std::string fault = p_.tags.TakeFault();
+  if (fault.empty() || std::exchange(pollFaultTold_, true)) return;
+  p_.prompts.Show(Icon::Critical, Message(Text(text::kTagError), {fault}));
+}
+
 void Connection::TagReadPoll() {
   const std::string reply = p_.tags.TagRead(p_.topics[CurrentTopic].TopicName);
-  if (reply.empty()) return;
+  if (reply.empty()) {
+    TellPollFault();
+    return;
+  }
   reader_.HandleReplyText(reply + "\n", *this);
   p_.status.Sequence = reader_.Sequence();
   p_.status.Changed();

@@ -95,6 +95,8 @@ class Connection final : private LinkEvents, private ReplyEvents {
   void Failed(Topic& topic);
   bool CloseTag(Topic& topic);
   bool TagOpen();
+  void TellTagFault();
+  void TellPollFault();
   void LinkLost();
   void SettleDisconnected();
   bool WriteCommand(std::string_view command, bool printable);
@@ -111,6 +113,7 @@ class Connection final : private LinkEvents, private ReplyEvents {
   std::uint32_t attempt_ = 0;  // counts Connect and Disconnect
   std::uint32_t command_ = 0;  // counts commands
   std::uint32_t linkFaults_ = 0;
+  bool pollFaultTold_ = false;  // of this connection: five messages a second help nobody
 };
 
 }  // namespace zek

@@ -24,7 +24,10 @@ bool Connection::SendCommand(std::string_view command) {
     const bool taken =
         CurrentTopic >= 0 && p_.tags.TagWrite(p_.topics[CurrentTopic].TopicName,
                                               std::string(command) + (printable ? "\r" : "")) != 0;
-    if (!taken) ++linkFaults_;
+    if (!taken) {
+      ++linkFaults_;
+      TellTagFault();
+    }
     return taken;
   }
   if (CurrentLink().State() != LinkState::Connected) {

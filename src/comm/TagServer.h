@@ -17,6 +17,10 @@ class TagServer {
   virtual std::int16_t TagWrite(const std::string& tag, const std::string& value) = 0;
   virtual std::string TagRead(const std::string& tag) = 0;
   virtual std::int16_t Close() = 0;
+  /// The first call that failed other than by answering zero since this was asked last, and why, in
+  /// the object's or the system's words (windows-1252); "" when there is none. It never holds the
+  /// password.
+  virtual std::string TakeFault() { return {}; }
 };
 
 }  // namespace zek

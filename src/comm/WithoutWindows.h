@@ -1,18 +1,40 @@
 #pragma once
 
+#include <utility>
+
+#include "comm/Later.h"
 #include "comm/Link.h"
 #include "comm/TagServer.h"
+#include "lang/TextNumbers.h"
 
 namespace zek {
 
-/// The DDE link of a system that has no DDE: it stays closed, so that a connect fails.
+/// The DDE link of a system that has no DDE: opening it fails.
 class WithoutDde final : public Link {
  public:
-  void Open(const LinkTarget& /*target*/) override {}
+  /// What is posted must not run after the link is gone.
+  explicit WithoutDde(Later later) : later_(std::move(later)) {}
+
+  void Open(const LinkTarget& /*target*/) override {
+    state_ = LinkState::Opening;
+    later_([this, serial = ++serial_] {
+      if (serial != serial_) return;
+      Close();
+      Events().OnLinkError({text::kNoDde, {}});
+    });
+  }
   bool Send(std::string_view /*bytes*/) override { return false; }
   bool AllSent() const override { return true; }
-  void Close() override {}
-  LinkState State() const override { return LinkState::Closed; }
+  void Close() override {
+    ++serial_;
+    state_ = LinkState::Closed;
+  }
+  LinkState State() const override { return state_; }
+
+ private:
+  Later later_;
+  LinkState state_ = LinkState::Closed;
+  unsigned serial_ = 0;  // counts Open and Close
 };
 
 /// The tag object of a system that has no COM: it can't be created.

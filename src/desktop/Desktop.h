@@ -4,9 +4,10 @@
 
 #include "app/DiskFiles.h"
 #include "app/SettingsFile.h"
+#include "app/WxLater.h"
 #include "app/WxTurn.h"
 #include "app/ZV_Proc.h"
-#include "comm/WithoutWindows.h"
+#include "comm/SystemLinks.h"
 #include "comm/WxTcpLink.h"
 
 namespace zek {
@@ -25,8 +26,9 @@ struct Desktop {
   WxTurn turn;
   Prompts& prompts;
   WxTcpLink socket;
-  WithoutDde dde;
-  WithoutTags tags;
+  WxLater later;
+  SystemDde dde{later.Post()};
+  SystemTags tags;
   ZV_Proc proc{Outside{files, *profile, turn, prompts, socket, dde, tags}};
 };
 

@@ -148,6 +148,14 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kExceptionFrame, "&Undantagskatalog"_w1252},
     {text::kTimeHeading, "tid"_w1252},
     {text::kRowHeading, "Rad"_w1252},
+    {text::kDdeError, "DDE-anslutningsfel (%1)"_w1252},
+    {text::kNoDde, "DDE finns bara i Windows"_w1252},
+    {text::kDdeNoServer, "servern finns inte eller nekar förbindelsen"_w1252},
+    {text::kDdeNoAdvise, "servern lämnar inga svar"_w1252},
+    {text::kDdeRefused, "servern tog inte emot kommandot"_w1252},
+    {text::kDdeBusy, "servern är upptagen"_w1252},
+    {text::kDdeFlooded, "servern skickar mer text än vad som hinner läsas"_w1252},
+    {text::kTagError, "Taggservern svarade med fel (%1)"_w1252},
     {text::kEraseHint, "Raderar undantaget på den markerade raden"_w1252},
 });
 

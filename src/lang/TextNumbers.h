@@ -84,6 +84,14 @@ inline constexpr std::int32_t kHostUnknown = 519;
 inline constexpr std::int32_t kUnreachable = 520;
 inline constexpr std::int32_t kPortInvalid = 522;
 inline constexpr std::int32_t kConnectionBroken = 524;
+inline constexpr std::int32_t kDdeError = 681;     // %1 one of 682 to 687
+inline constexpr std::int32_t kNoDde = 682;        // this system has none
+inline constexpr std::int32_t kDdeNoServer = 683;  // none of that name, or it refuses
+inline constexpr std::int32_t kDdeNoAdvise = 684;  // the server gives no link on the item
+inline constexpr std::int32_t kDdeRefused = 685;   // the server does not take a command
+inline constexpr std::int32_t kDdeBusy = 686;
+inline constexpr std::int32_t kDdeFlooded = 687;
+inline constexpr std::int32_t kTagError = 688;  // %1 the call and what the object says
 // What a wait waits for
 inline constexpr std::int32_t kWaitConnect = 530;
 inline constexpr std::int32_t kWaitClose = 531;

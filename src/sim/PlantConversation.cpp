@@ -11,7 +11,6 @@ namespace {
 
 // Pieces end where the line to the outstation happened to pause, not where its lines end.
 constexpr std::size_t kLongestPiece = 50;
-constexpr char kPieceEnd = '\xFF';
 constexpr int kSequences = 10000;
 
 bool IsStray(char byte) { return byte == 0 || byte == 2 || byte == 3; }

@@ -32,6 +32,12 @@ class PlantConversation {
 
   explicit PlantConversation(Plant& plant);
 
+  /// A connection that was made to this outstation: transparent from the start, without "DUS:".
+  explicit PlantConversation(Outstation& outstation) : session_(outstation), first_(false) {}
+
+  /// The character behind each transparent piece.
+  static constexpr char kPieceEnd = '\xFF';
+
   /// "<TRANSPARENT>", as it stands and once only; "" when it was sent or the client has a DUS.
   std::string Greeting();
 
@@ -49,7 +55,7 @@ class PlantConversation {
   std::string Framed(const PlantReply& reply);
   std::string InPieces(std::string_view text);
 
-  Plant* plant_;
+  Plant* plant_ = nullptr;               // to choose an outstation from
   std::optional<PlantSession> session_;  // nothing: no such outstation
   std::string command_;                  // what has come of the next one
   bool tooLong_ = false;                 // the next one is being dropped

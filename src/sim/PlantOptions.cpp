@@ -19,6 +19,10 @@ bool TakeValue(const std::string& option, const std::string& value, PlantOptions
     options.folder = value;
     return true;
   }
+  if (option == "--dde") {
+    options.ddeServices.push_back(value);
+    return true;
+  }
   if (option != "--port") return false;
   const std::optional<std::uint16_t> port = PortOf(value);
   options.port = port.value_or(0);
@@ -52,15 +56,17 @@ PlantOptions ReadPlantOptions(const std::vector<std::string>& arguments) {
 }
 
 std::string PlantUsage() {
-  return "Usage: zekview-sim [--port N] [--plant FOLDER] [--keep] [--verbose]\n"
+  return "Usage: zekview-sim [--port N] [--plant FOLDER] [--keep] [--verbose] [--dde NAME]\n"
          "\n"
          "Plays a communication server and its controllers on 127.0.0.1. The first line of\n"
-         "standard output is the port. Ctrl+C ends it.\n"
+         "standard output is the port. Ctrl+C ends it. On Windows the plant is served over DDE\n"
+         "as well: service ZEK, the outstations' names as topics, item TRANSPARENT.\n"
          "\n"
          "  --port N        listen on port N; 0, the default, takes a free one\n"
          "  --plant FOLDER  the plant, one sub-folder an outstation (default: data/demo/plant)\n"
          "  --keep          write changed catalogues back into the plant folder\n"
          "  --verbose       show the traffic on standard error\n"
+         "  --dde NAME      serve over DDE as NAME instead of ZEK; may be given several times\n"
          "  --help          show this text\n";
 }
 

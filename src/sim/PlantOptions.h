@@ -13,7 +13,8 @@ struct PlantOptions {
   bool keep = false;     // write changes back
   bool verbose = false;  // traffic to standard error
   bool help = false;
-  std::string error;  // "" or what is wrong with the command line
+  std::vector<std::string> ddeServices;  // names to serve under; none: "ZEK", where there is DDE
+  std::string error;                     // "" or what is wrong with the command line
 };
 
 /// Reads the arguments without the program's own name.

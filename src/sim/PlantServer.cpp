@@ -4,29 +4,9 @@
 #include <utility>
 
 #include "sim/PlantFolder.h"
-#include "text/Windows1252.h"
+#include "sim/Traffic.h"
 
 namespace zek::sim {
-namespace {
-
-// "3 < DUS:3<13>": control characters, and the piece end 255, as their codes.
-void PrintTraffic(int client, ServerClient::Direction direction, std::string_view bytes) {
-  std::string shown;
-  for (const char byte : bytes) {
-    const auto code = static_cast<unsigned char>(byte);
-    const bool printable = code >= 32 && code != 127 && code != 255;
-    if (printable) {
-      shown += byte;
-    } else {
-      shown.append("<").append(std::to_string(code)).append(">");
-    }
-  }
-  std::cerr << client << (direction == ServerClient::Direction::Received ? " < " : " > ")
-            << Utf8FromWindows1252(shown) << '\n';
-}
-
-}  // namespace
-
 PlantServer::PlantServer(Plant& plant, PlantOptions options)
     : plant_(plant), options_(std::move(options)) {}
 
@@ -64,7 +44,7 @@ void PlantServer::OnConnection() {
     ServerClient::Trace trace = [](ServerClient::Direction, std::string_view) {};
     if (options_.verbose) {
       trace = [number](ServerClient::Direction direction, std::string_view bytes) {
-        PrintTraffic(number, direction, bytes);
+        PrintTraffic(std::to_string(number), direction == ServerClient::Direction::Received, bytes);
       };
     }
     socket->SetFlags(wxSOCKET_NOWAIT);

@@ -10,6 +10,7 @@
 #include <wx/app.h>
 
 #include "app/Process.h"
+#include "sim/PlantDde.h"
 #include "sim/PlantFolder.h"
 #include "sim/PlantOptions.h"
 #include "sim/PlantServer.h"
@@ -44,6 +45,9 @@ class PlantApp : public wxAppConsole {
     if (!server.Listen()) {
       return Fail("port " + std::to_string(options_.port) + " on 127.0.0.1 is not to be had");
     }
+    zek::sim::PlantDde dde(plant_, [&server] { server.SaveChanges(); });
+    const std::string error = dde.Serve(options_);
+    if (!error.empty()) return Fail(error);
     std::cout << server.Port() << std::endl;
     return wxAppConsole::OnRun();
   }

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "comm/Connection.h"
+#include "comm/WithoutWindows.h"
 #include "support/TestSession.h"
 
 namespace zek {
@@ -95,6 +96,20 @@ TEST_F(ConnectionTest, DdeTargets) {
   connection.Connect(kNet);
   EXPECT_EQ(dde.opened.back().server, "\\\\PLANT2\\NDDE$");
   EXPECT_EQ(connection.CurrentTopic, kNet);
+}
+
+TEST_F(ConnectionTest, WithoutDdeTheReasonIsToldAndTheProgramGoesOn) {
+  WithoutDde none([this](std::function<void()> call) { turn.After(0, std::move(call)); });
+  ZV_Proc without(Outside{files, profile, turn, prompts, socket, none, tags});
+  without.settings = proc.settings;
+  without.texts.Read("512=T512\r\n681=DDE (%1)\r\n682=not here\r\n");
+  without.topics = proc.topics;
+  turn.tick = [&] { without.connection.Tick(); };
+  without.connection.Connect(kNet);
+  EXPECT_EQ(prompts.shown, (Shown{"c DDE (not here)", "c T512 Topic 'NET'"}));
+  EXPECT_LT(turn.Now(), 1000);
+  without.connection.Connect(kOne);
+  EXPECT_EQ(without.connection.CurrentTopic, kOne);
 }
 
 TEST_F(ConnectionTest, DdeCommandsArePokedWithTheirReturnBehind) {
@@ -197,6 +212,29 @@ TEST_F(ConnectionTest, TagModeOpensAndClosesInOrder) {
   tags.calls.clear();
   connection.CloseAllTags();
   EXPECT_EQ(tags.calls, (Shown{"Open  ", "NETTAG=0", "Close"}));
+}
+
+TEST_F(ConnectionTest, WhatTheTagObjectSaysIsTold) {
+  proc.texts.Read("688=Tag (%1)\r\n512=T512\r\n");
+  proc.settings.TagMode = true;
+  tags.opens = false;
+  tags.fault = "Open: no licence";
+  connection.Connect(kNet);
+  EXPECT_EQ(prompts.shown, (Shown{"c Tag (Open: no licence)", "c T512 Tag 'NETTAG'"}));
+
+  prompts.shown.clear();
+  tags.opens = true;
+  connection.Connect(kNet);
+  tags.refused = {"LIST\r"};
+  tags.fault = "TagWrite: no such method";
+  EXPECT_FALSE(connection.SendCommand("LIST"));
+  EXPECT_EQ(prompts.shown, Shown{"c Tag (TagWrite: no such method)"});
+
+  prompts.shown.clear();
+  tags.faultInReading = "TagRead: gone";
+  proc.waits.WaitSeconds(5);
+  EXPECT_EQ(prompts.shown, Shown{"c Tag (TagRead: gone)"}) << "once, not at every poll";
+  EXPECT_EQ(connection.CurrentTopic, kNet);
 }
 
 TEST_F(ConnectionTest, TagModeFailures) {

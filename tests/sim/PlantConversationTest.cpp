@@ -28,6 +28,14 @@ TEST(PlantConversation, TransparentTextComesInNumberedPieces) {
             "0000>OK\r\n\xFF");
 }
 
+TEST(PlantConversation, AConnectionToAnOutstationIsTransparentFromTheStart) {
+  Plant plant = SmallPlant();
+  PlantConversation named(plant.outstations.back());
+  EXPECT_EQ(named.Greeting(), "<TRANSPARENT>");
+  EXPECT_EQ(named.Receive("\x05"), "0000>ZEK2\r\n\xFF");
+  EXPECT_EQ(named.Receive("DUS:0\r"), "0001>OK\xC4NT KOMMANDO\r\n\xFF") << "a command like any";
+}
+
 TEST(PlantConversation, DusTextIsPlainWithStrays) {
   Plant plant = SmallPlant();
   PlantConversation conversation(plant);

@@ -118,7 +118,8 @@ TEST_F(PlantFolder, FaultsNameTheFileAndThePlace) {
 }
 
 TEST(PlantOptions, AreReadOrRefused) {
-  const PlantOptions options = ReadPlantOptions({"--keep", "--port", "65535", "--plant", "x y"});
+  const PlantOptions options =
+      ReadPlantOptions({"--keep", "--port", "65535", "--plant", "x y", "--dde", "A", "--dde", "B"});
   EXPECT_EQ(options.error, "");
   EXPECT_EQ(options.port, 65535);
   EXPECT_EQ(options.folder, "x y");

@@ -3,6 +3,7 @@
 #include <deque>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "comm/TagServer.h"
@@ -16,6 +17,8 @@ class FakeTags final : public TagServer {
   std::set<std::string> refused;
   bool opens = true;
   std::deque<std::string> replies;
+  std::string fault;           // why the next call fails
+  std::string faultInReading;  // why every read fails
 
   bool Create() override { return true; }
   std::int16_t Open(const std::string& computer, const std::string& user,
@@ -28,6 +31,7 @@ class FakeTags final : public TagServer {
     return refused.contains(value) ? std::int16_t{0} : std::int16_t{1};
   }
   std::string TagRead(const std::string& /*tag*/) override {
+    if (!faultInReading.empty()) fault = faultInReading;
     if (replies.empty()) return {};
     std::string reply = replies.front();
     replies.pop_front();
@@ -37,6 +41,7 @@ class FakeTags final : public TagServer {
     calls.emplace_back("Close");
     return 1;
   }
+  std::string TakeFault() override { return std::exchange(fault, {}); }
 };
 
 }  // namespace zek::test

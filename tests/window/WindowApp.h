@@ -11,6 +11,7 @@
 
 #include "app/DiskFiles.h"
 #include "app/FileProfile.h"
+#include "app/WxLater.h"
 #include "app/WxTurn.h"
 #include "app/ZV_Proc.h"
 #include "comm/WithoutWindows.h"
@@ -91,7 +92,8 @@ class World {
   WxTurn turn;
   ScriptedPrompts prompts;
   FakeLink link;
-  WithoutDde dde;
+  WxLater later;
+  WithoutDde dde{later.Post()};
   WithoutTags tags;
   ZV_Proc proc{Outside{files, profile, turn, prompts, link, dde, tags}};
 };

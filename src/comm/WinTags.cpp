@@ -1,0 +1,228 @@
+#include "comm/WinTags.h"
+
+#include <initializer_list>
+#include <ole2.h>
+#include <oleauto.h>
+#include <utility>
+#include <vector>
+
+#include "text/Fields.h"
+
+namespace zek {
+namespace {
+
+constexpr UINT kCodePage = 1252;  // of all text of ours, whatever the system's is
+
+// Null stands for the empty text.
+class SystemText {
+ public:
+  explicit SystemText(const std::string& text) {
+    const int size = static_cast<int>(text.size());
+    text_ = ::SysAllocStringLen(nullptr, static_cast<UINT>(::MultiByteToWideChar(
+                                             kCodePage, 0, text.data(), size, nullptr, 0)));
+    if (text_ != nullptr) {
+      ::MultiByteToWideChar(kCodePage, 0, text.data(), size, text_,
+                            static_cast<int>(::SysStringLen(text_)));
+    }
+  }
+  SystemText(const SystemText&) = delete;
+  SystemText& operator=(const SystemText&) = delete;
+  ~SystemText() { ::SysFreeString(text_); }
+
+  BSTR Get() const { return text_; }
+
+ private:
+  BSTR text_ = nullptr;
+};
+
+std::string OurText(const wchar_t* text, UINT length) {
+  const int size = static_cast<int>(length);
+  const auto convert = [text, size](char* bytes, int room) {
+    return ::WideCharToMultiByte(kCodePage, 0, text, size, bytes, room, "?", nullptr);
+  };
+  std::string bytes(static_cast<std::size_t>(convert(nullptr, 0)), '\0');
+  convert(bytes.data(), static_cast<int>(bytes.size()));
+  return bytes;
+}
+
+std::string OurText(BSTR text) { return OurText(text, ::SysStringLen(text)); }
+
+/// A value that the object gave.
+class Value {
+ public:
+  Value() { ::VariantInit(&value_); }
+  Value(const Value&) = delete;
+  Value& operator=(const Value&) = delete;
+  ~Value() { ::VariantClear(&value_); }
+
+  VARIANT* Place() { return &value_; }
+  /// Turns it into the type that is wanted, whatever the object chose.
+  HRESULT Change(VARTYPE type) { return ::VariantChangeType(&value_, &value_, 0, type); }
+  std::int16_t Number() const { return value_.iVal; }
+  std::string Text() const { return OurText(value_.bstrVal); }
+
+ private:
+  VARIANT value_{};
+};
+
+// "Unknown name. (80020006)"
+std::string SystemWords(HRESULT result) {
+  wchar_t* words = nullptr;
+  const DWORD length = ::FormatMessageW(
+      FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS,
+      nullptr, static_cast<DWORD>(result), 0, reinterpret_cast<wchar_t*>(&words), 0, nullptr);
+  std::string text = length == 0 ? std::string() : OurText(words, length) + " ";
+  ::LocalFree(words);
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  text += '(';
+  for (int shift = 28; shift >= 0; shift -= 4) {
+    text += kDigits[(static_cast<unsigned long>(result) >> shift) & 0xF];
+  }
+  return text + ')';
+}
+
+// What the object says about its own failure; frees it.
+std::string RaisedWords(EXCEPINFO& raised) {
+  if (raised.pfnDeferredFillIn != nullptr) raised.pfnDeferredFillIn(&raised);
+  std::string words = OurText(raised.bstrDescription);
+  if (words.empty()) words = SystemWords(raised.scode != 0 ? raised.scode : DISP_E_EXCEPTION);
+  ::SysFreeString(raised.bstrSource);
+  ::SysFreeString(raised.bstrDescription);
+  ::SysFreeString(raised.bstrHelpFile);
+  return words;
+}
+
+// One line for a message, and no secret in it.
+std::string Cleaned(std::string words, const std::string& secret) {
+  constexpr std::size_t kLongest = 300;
+  constexpr std::string_view kHidden = "***";
+  if (!secret.empty()) {
+    for (std::size_t at = words.find(secret); at != std::string::npos;
+         at = words.find(secret, at + kHidden.size())) {
+      words.replace(at, secret.size(), kHidden);
+    }
+  }
+  for (char& character : words) {
+    if (static_cast<unsigned char>(character) < 32) character = ' ';
+  }
+  return std::string(Trim(words.substr(0, kLongest)));
+}
+
+}  // namespace
+
+class WinTags::Object {
+ public:
+  Object() : initialized_(SUCCEEDED(::CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
+  Object(const Object&) = delete;
+  Object& operator=(const Object&) = delete;
+  ~Object() {
+    Release();
+    if (initialized_) ::CoUninitialize();
+  }
+
+  bool Create() {
+    Release();
+    CLSID id{};
+    if (FAILED(::CLSIDFromProgID(L"CTAPIX.CTAPI", &id))) return false;
+    void* made = nullptr;
+    if (FAILED(::CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
+                                  IID_IDispatch, &made))) {
+      return false;
+    }
+    object_ = static_cast<IDispatch*>(made);
+    return object_ != nullptr;
+  }
+
+  void Hide(const std::string& secret) { secret_ = secret; }
+
+  std::int16_t Status(const char* method, std::initializer_list<std::string> arguments) {
+    Value value;
+    if (!Call(method, arguments, value)) return 0;
+    const HRESULT changed = value.Change(VT_I2);
+    if (changed == DISP_E_OVERFLOW) return 1;  // a number, and not zero
+    if (SUCCEEDED(changed)) return value.Number();
+    Note(method, SystemWords(changed));
+    return 0;
+  }
+
+  std::string Text(const char* method, std::initializer_list<std::string> arguments) {
+    Value value;
+    if (!Call(method, arguments, value)) return {};
+    const HRESULT changed = value.Change(VT_BSTR);
+    if (SUCCEEDED(changed)) return value.Text();
+    Note(method, SystemWords(changed));
+    return {};
+  }
+
+  std::string TakeFault() { return std::exchange(fault_, {}); }
+
+ private:
+  void Release() {
+    if (object_ != nullptr) std::exchange(object_, nullptr)->Release();
+  }
+
+  void Note(const std::string& method, const std::string& words) {
+    if (fault_.empty()) fault_ = Cleaned(method + ": " + words, secret_);
+  }
+
+  bool Call(const char* method, std::initializer_list<std::string> arguments, Value& value) {
+    const HRESULT done = object_ == nullptr ? E_POINTER : Invoke(method, arguments, value);
+    if (FAILED(done) && done != DISP_E_EXCEPTION) Note(method, SystemWords(done));
+    return SUCCEEDED(done);
+  }
+
+  HRESULT Invoke(const char* method, std::initializer_list<std::string> arguments, Value& value) {
+    const SystemText name(method);
+    LPOLESTR names = name.Get();
+    DISPID id = 0;
+    const HRESULT found = object_->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id);
+    if (FAILED(found)) return found;
+    std::vector<std::unique_ptr<SystemText>> texts;
+    std::vector<VARIANT> values(arguments.size());  // the last argument comes first
+    auto place = values.rbegin();
+    for (const std::string& argument : arguments) {
+      texts.push_back(std::make_unique<SystemText>(argument));
+      place->vt = VT_BSTR;
+      place->bstrVal = texts.back()->Get();
+      ++place;
+    }
+    DISPPARAMS parameters{};
+    parameters.rgvarg = values.data();
+    parameters.cArgs = static_cast<UINT>(values.size());
+    EXCEPINFO raised{};
+    UINT wrong = 0;
+    const HRESULT done = object_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
+                                         &parameters, value.Place(), &raised, &wrong);
+    if (done == DISP_E_EXCEPTION) Note(method, RaisedWords(raised));
+    return done;
+  }
+
+  bool initialized_;
+  IDispatch* object_ = nullptr;
+  std::string secret_;
+  std::string fault_;
+};
+
+WinTags::WinTags() : object_(std::make_unique<Object>()) {}
+
+WinTags::~WinTags() = default;
+
+bool WinTags::Create() { return object_->Create(); }
+
+std::int16_t WinTags::Open(const std::string& computer, const std::string& user,
+                           const std::string& password) {
+  object_->Hide(password);
+  return object_->Status("Open", {computer, user, password});
+}
+
+std::int16_t WinTags::TagWrite(const std::string& tag, const std::string& value) {
+  return object_->Status("TagWrite", {tag, value});
+}
+
+std::string WinTags::TagRead(const std::string& tag) { return object_->Text("TagRead", {tag}); }
+
+std::int16_t WinTags::Close() { return object_->Status("Close", {}); }
+
+std::string WinTags::TakeFault() { return object_->TakeFault(); }
+
+}  // namespace zek

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "comm/TagServer.h"
+
+namespace zek {
+
+/// The object `CTAPIX.CTAPI` of the system, late bound: every method is found by its name at every
+/// call, so an object that lacks one fails that call only. Belongs to the thread that created it.
+class WinTags final : public TagServer {
+ public:
+  WinTags();
+  WinTags(const WinTags&) = delete;
+  WinTags& operator=(const WinTags&) = delete;
+  ~WinTags() override;
+
+  bool Create() override;
+  std::int16_t Open(const std::string& computer, const std::string& user,
+                    const std::string& password) override;
+  std::int16_t TagWrite(const std::string& tag, const std::string& value) override;
+  std::string TagRead(const std::string& tag) override;
+  std::int16_t Close() override;
+  std::string TakeFault() override;
+
+ private:
+  class Object;
+  std::unique_ptr<Object> object_;
+};
+
+}  // namespace zek
