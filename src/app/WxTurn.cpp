@@ -14,8 +14,10 @@ void WxTurn::RunPending() {
   wxEventLoopBase* const loop = wxEventLoopBase::GetActive();
   for (int i = 0; i < kMostAtOnce && loop != nullptr && loop->Pending(); ++i) {
     if (!loop->Dispatch()) break;
+    // A socket posts its event and stays readable until the event has been handled: without this
+    // a peer that hangs up would be dispatched for ever, and its events would pile up.
+    wxAppConsole::GetInstance()->ProcessPendingEvents();
   }
-  wxAppConsole::GetInstance()->ProcessPendingEvents();
 }
 
 void WxTurn::Once() {

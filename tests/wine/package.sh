@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # What is handed to users, unpacked in a Wine that has seen nothing of ours, fetches, changes and
-# sends catalogues. Arguments: the folder of the programs, the data folder.
+# sends catalogues over every link. Arguments: the folder of the programs, the data folder.
 set -euo pipefail
 scripts/windows.sh win64
 unpacked="$(mktemp -d)"
@@ -11,4 +11,4 @@ folder=("$unpacked"/zekview-*)
 for file in LÄSMIG.txt README.txt ZEKView.INI demo.cmd zek_lang.046 zekview.exe; do
   [[ -s ${folder[0]}/$file ]] || { echo "The package lacks $file."; exit 1; }
 done
-tests/wine/sockets.sh "${folder[0]}" "$2"
+tests/windows/real-links.sh "${folder[0]}" "$2" "$1"

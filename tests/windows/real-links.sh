@@ -1,10 +1,12 @@
 #!/usr/bin/env bash
 # The Windows command line program over every link: DDE, network DDE, TCP/IP and the tag object.
 # Over each, what is fetched, changed and sent comes back, from a ZEK1 and from a ZEK2 controller;
-# and what fails is told. Arguments: the folder of the programs, the data folder.
+# and what fails is told. Arguments: the folder of the programs, the data folder, the folder of the
+# tag object that stands in for a real one.
 set -euo pipefail
 bin=$1
 data=$2
+doubles=$3
 home=$(mktemp -d)
 cp -R "$data/demo/plant" "$home/plant"
 cp "$data"/lang/zek_lang.* "$home"
@@ -87,7 +89,7 @@ link="tags without an object"
 settings "" "" "TagMode=yes"
 refused SKOLA/AHU1 CTAPIX
 wine reg add "$object\\CLSID" /ve /d "$class" /f >/dev/null
-wine reg add "$library\\InprocServer32" /ve /d "Z:${bin//\//\\}\\zekview-tag-double.dll" /f >/dev/null
+wine reg add "$library\\InprocServer32" /ve /d "Z:${doubles//\//\\}\\zekview-tag-double.dll" /f >/dev/null
 there_and_back "tags"
 link="a tag object that fails"
 ZEKVIEW_TAG_FAULT="raise TagWrite" refused SKOLA/AHU1 "the plant is on fire"
