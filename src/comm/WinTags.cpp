@@ -11,6 +11,7 @@
 namespace zek {
 namespace {
 
+constexpr IID kNoInterface{};     // the calls want one and use none
 constexpr UINT kCodePage = 1252;  // of all text of ours, whatever the system's is
 
 // Null stands for the empty text.
@@ -126,7 +127,7 @@ class WinTags::Object {
     if (FAILED(::CLSIDFromProgID(L"CTAPIX.CTAPI", &id))) return false;
     void* made = nullptr;
     if (FAILED(::CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
-                                  IID_IDispatch, &made))) {
+                                  __uuidof(IDispatch), &made))) {
       return false;
     }
     object_ = static_cast<IDispatch*>(made);
@@ -175,7 +176,7 @@ class WinTags::Object {
     const SystemText name(method);
     LPOLESTR names = name.Get();
     DISPID id = 0;
-    const HRESULT found = object_->GetIDsOfNames(IID_NULL, &names, 1, LOCALE_USER_DEFAULT, &id);
+    const HRESULT found = object_->GetIDsOfNames(kNoInterface, &names, 1, LOCALE_USER_DEFAULT, &id);
     if (FAILED(found)) return found;
     std::vector<std::unique_ptr<SystemText>> texts;
     std::vector<VARIANT> values(arguments.size());  // the last argument comes first
@@ -191,7 +192,7 @@ class WinTags::Object {
     parameters.cArgs = static_cast<UINT>(values.size());
     EXCEPINFO raised{};
     UINT wrong = 0;
-    const HRESULT done = object_->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
+    const HRESULT done = object_->Invoke(id, kNoInterface, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
                                          &parameters, value.Place(), &raised, &wrong);
     if (done == DISP_E_EXCEPTION) Note(method, RaisedWords(raised));
     return done;

@@ -11,9 +11,10 @@ namespace {
 using Shown = std::vector<std::string>;
 
 const std::string kStamp = "261121_083059";
-const std::string kWdc = "/zek/Batch/WDC" + kStamp + ".SKV";
-const std::string kSdc = "/zek/Batch/SDC" + kStamp + ".SKV";
-const std::string kOvc = "/zek/Batch/OVC" + kStamp + ".SKV";
+const std::string kFolder = WithSeparator("/zek/Batch");
+const std::string kWdc = kFolder + "WDC" + kStamp + ".SKV";
+const std::string kSdc = kFolder + "SDC" + kStamp + ".SKV";
+const std::string kOvc = kFolder + "OVC" + kStamp + ".SKV";
 const std::string kFinished = "Batch avslutad 26-11-21 08:30:59\r\n";
 const std::string kStopped = "Batch stoppad 26-11-21 08:30:59\r\n";
 
@@ -244,7 +245,7 @@ TEST_F(BatchExportTest, TheReportOfAnUnwatchedRunIsStoredBesideTheFiles) {
   answers.erase("LIST TSC1");
   Run({true, false, false});
   batch.StoreReport();
-  EXPECT_EQ(files.files["/zek/Batch/BATCH" + kStamp + ".TXT"],
+  EXPECT_EQ(files.files[kFolder + "BATCH" + kStamp + ".TXT"],
             "a setting\r\n3 of 4, 1\r\nTWO/TSC1 WDC: T422\r\nFiles:\r\n  " + kWdc + "\r\n");
 }
 

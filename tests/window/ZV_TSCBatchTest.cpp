@@ -59,7 +59,8 @@ TEST_F(BatchTest, ExportsFromTheMenuAndSaysWhatCameOfIt) {
         }},
        {SummaryIsUp,
         [this] {
-          EXPECT_NE(Value("Text_Details").find(world.directory + "Batch/WDC"), std::string::npos);
+          EXPECT_NE(Value("Text_Details").find(WithSeparator(world.directory + "Batch") + "WDC"),
+                    std::string::npos);
           EXPECT_EQ(Browser().GetStatusBar()->GetStatusText(1), "Batch avslutad");
           EXPECT_EQ(Files(), (std::vector<std::string>{"OVC", "WDC"}));
           Press(WXK_RETURN);
