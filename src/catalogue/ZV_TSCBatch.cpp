@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include <wx/gauge.h>
+#include <wx/panel.h>
 #include <wx/sizer.h>
 #include <wx/stopwatch.h>
 #include <wx/weakref.h>
@@ -23,19 +24,22 @@ constexpr long kSlice = 20;      // milliseconds of steps in one tick: most fetc
 constexpr int kRowGap = 6;
 }  // namespace
 
-wxSizer* ZV_TSC::BatchRow() {
-  batchText_ = new wxStaticText(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
+// On a panel: the ground of a bare frame is that of a work space, dark on some systems.
+wxWindow* ZV_TSC::BatchRow() {
+  batchRow_ = new wxPanel(this);
+  batchText_ = new wxStaticText(batchRow_, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
                                 wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
   batchText_->SetName("Label_Batch");
-  batchGauge_ = new wxGauge(this, wxID_ANY, 1);
+  batchGauge_ = new wxGauge(batchRow_, wxID_ANY, 1);
   batchGauge_->SetName("Gauge_Batch");
   SetAccessibleName(*batchGauge_, Label(text::kBatchTitle));
   const int gap = FromDIP(kRowGap);
   auto* const row = new wxBoxSizer(wxVERTICAL);
   row->Add(batchText_, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   row->Add(batchGauge_, 0, wxEXPAND | wxALL, gap);
-  row->ShowItems(false);
-  return row;
+  batchRow_->SetSizer(row);
+  batchRow_->Hide();
+  return batchRow_;
 }
 
 void ZV_TSC::ToggleBatch(bool BatchKinds::*kind) {
@@ -100,11 +104,7 @@ void ZV_TSC::OnCancel() {
 
 void ZV_TSC::ShowBatch() {
   const Batch& batch = proc_.batch;
-  if (batchGauge_->IsShown() != batch.IsRunning()) {
-    batchText_->Show(batch.IsRunning());
-    batchGauge_->Show(batch.IsRunning());
-    Layout();
-  }
+  if (batchRow_->Show(batch.IsRunning())) Layout();
   if (!batch.IsRunning()) return;
   batchText_->SetLabel(ToWx(BatchProgress(proc_)));
   batchGauge_->SetRange(std::max(static_cast<int>(batch.Steps), 1));

@@ -7,6 +7,7 @@
 #include <wx/frame.h>
 #include <wx/gauge.h>
 #include <wx/menu.h>
+#include <wx/panel.h>
 #include <wx/stattext.h>
 
 #include "app/WxTurn.h"
@@ -37,7 +38,7 @@ class ZV_TSC final : public wxFrame {
  private:
   void BuildMenus();
   void BuildStatusBar();
-  wxSizer* BatchRow();
+  wxWindow* BatchRow();
   void BindEvents();
   void ShowTree();
   void ShowBusy(bool busy);
@@ -72,6 +73,7 @@ class ZV_TSC final : public wxFrame {
   ObjectTreeView* TreeView;
   wxMenu* menuTSC_ = nullptr;
   wxMenu* menuBatch_ = nullptr;
+  wxPanel* batchRow_ = nullptr;
   wxStaticText* batchText_ = nullptr;
   wxGauge* batchGauge_ = nullptr;
   wxButton* cancel_ = nullptr;
