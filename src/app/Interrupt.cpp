@@ -10,7 +10,10 @@ namespace {
 std::atomic<bool> interrupted{false};
 static_assert(std::atomic<bool>::is_always_lock_free);
 
-extern "C" void OnSignal(int /*number*/) { interrupted = true; }
+extern "C" void OnSignal(int number) {
+  interrupted = true;
+  std::signal(number, SIG_DFL);  // who asks twice does not want to wait
+}
 
 }  // namespace
 

@@ -99,9 +99,12 @@ void WxTcpLink::OnSocket(wxSocketEvent& event) {
   switch (event.GetSocketEvent()) {
     case wxSOCKET_CONNECTION:
       state_ = LinkState::Connected;
+      OnInput();
       break;
     case wxSOCKET_INPUT:
-      OnInput();
+      // The greeting of a quick server can come before the news of the connection, which brings the
+      // toolkit round to it again. A read before that finds nothing, and asks to be told for ever.
+      if (state_ == LinkState::Connected) OnInput();
       break;
     case wxSOCKET_OUTPUT:
       FlushUnsent();

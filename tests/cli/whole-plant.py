@@ -121,8 +121,13 @@ def main():
                 path.rmdir() if path.is_dir() else path.unlink()
             plant_folder.rmdir()
             write_plant(home, data, living, breaking_server(), unused_port())
+            # Built with a sanitizer it would keep what was freed for a while.
+            sanitizer = os.environ.get("ASAN_OPTIONS", "") + ":quarantine_size_mb=0"
+            environment = {**os.environ, "ASAN_OPTIONS": sanitizer.lstrip(":")
+                           + ":thread_local_quarantine_size_kb=0"}
             export = subprocess.Popen([programs / "zekview-cli", "--dir", home, "export", *KINDS],
-                                      stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+                                      stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                      env=environment)
             watch = Watch(export)
             watch.start()
             out, err = (stream.decode() for stream in export.communicate())
