@@ -1,7 +1,7 @@
 # What every target of ours is compiled with; a warning is an error.
 add_library(zekview-options INTERFACE)
 if(MSVC)
-  target_compile_options(zekview-options INTERFACE /W4 /permissive- /utf-8 /EHsc)
+  target_compile_options(zekview-options INTERFACE /W4 /WX /permissive- /utf-8 /EHsc)
 else()
   target_compile_options(zekview-options INTERFACE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor

@@ -1,11 +1,26 @@
 #include "app/DiskFiles.h"
 
 #include <algorithm>
+#include <exception>
+#include <optional>
 #include <system_error>
 
 #include "app/Paths.h"
 
 namespace zek {
+
+namespace {
+
+// Windows allows names that are no Unicode text; none of ours is.
+std::optional<std::string> Utf8If(const std::filesystem::path& path) {
+  try {
+    return Utf8Of(path);
+  } catch (const std::exception&) {
+    return std::nullopt;
+  }
+}
+
+}  // namespace
 
 bool DiskFiles::Exists(const std::string& path) const {
   std::error_code error;
@@ -24,7 +39,7 @@ std::vector<std::string> DiskFiles::List(const std::string& directory) const {
   std::error_code error;
   for (std::filesystem::directory_iterator at(PathOf(directory), error), end; !error && at != end;
        at.increment(error)) {
-    names.push_back(Utf8Of(at->path().filename()));
+    if (auto name = Utf8If(at->path().filename())) names.push_back(std::move(*name));
   }
   std::sort(names.begin(), names.end());
   return names;

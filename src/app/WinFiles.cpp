@@ -157,7 +157,7 @@ std::optional<FileError> DiskFiles::MakeDirectory(const std::string& path) {
 std::optional<FileError> DiskFiles::Remove(const std::string& path) {
   if (::DeleteFileW(WideFromUtf8(path).c_str()) != 0) return std::nullopt;
   const DWORD code = ::GetLastError();
-  if (code == ERROR_FILE_NOT_FOUND) return std::nullopt;
+  if (code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND) return std::nullopt;
   return WinFileError(path, code);
 }
 

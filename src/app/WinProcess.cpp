@@ -16,14 +16,14 @@
 namespace zek {
 namespace {
 
-// The streams use them until the process ends.
+// The streams use them until the process ends, after every static object is gone: they stay.
 ConsoleBuffer& Output() {
-  static ConsoleBuffer buffer(STD_OUTPUT_HANDLE);
-  return buffer;
+  static ConsoleBuffer* const buffer = new ConsoleBuffer(STD_OUTPUT_HANDLE);
+  return *buffer;
 }
 ConsoleBuffer& ErrorOutput() {
-  static ConsoleBuffer buffer(STD_ERROR_HANDLE);
-  return buffer;
+  static ConsoleBuffer* const buffer = new ConsoleBuffer(STD_ERROR_HANDLE);
+  return *buffer;
 }
 
 }  // namespace

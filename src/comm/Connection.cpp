@@ -289,6 +289,8 @@ void Connection::LinkLost() {
 void Connection::Tick() {
   p_.countdowns.Tick();
   TickIdle();
+  // Not every link tells by itself that the other side has died: it looks when it is asked.
+  if (!p_.settings.TagMode && CurrentTopic >= 0) static_cast<void>(IsLinkUp());
   if (p_.settings.TagMode && CurrentTopic >= 0) TagReadPoll();
 }
 

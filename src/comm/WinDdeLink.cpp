@@ -22,7 +22,8 @@ constexpr const char* kOwnService = "ZEKView";
 constexpr std::string_view kOwnTopic = "ZV_Main";
 constexpr std::string_view kOwnItem = "Text_CTServCallBack";
 constexpr DWORD kOwnKind = APPCLASS_STANDARD | CBF_FAIL_SELFCONNECTIONS | CBF_FAIL_ADVISES |
-                           CBF_FAIL_EXECUTES | CBF_FAIL_REQUESTS | CBF_SKIP_ALLNOTIFICATIONS;
+                           CBF_FAIL_EXECUTES | CBF_FAIL_REQUESTS | CBF_SKIP_CONNECT_CONFIRMS |
+                           CBF_SKIP_REGISTRATIONS | CBF_SKIP_UNREGISTRATIONS;
 
 // NOLINTNEXTLINE(performance-no-int-to-ptr): an answer is a handle or a number
 HDDEDATA Code(UINT code) { return reinterpret_cast<HDDEDATA>(static_cast<ULONG_PTR>(code)); }
@@ -255,6 +256,8 @@ void WinDdeLink::Conversation::TakeCompletion(bool taken, ULONG_PTR status) {
   if (outstanding_ > 0) --outstanding_;
   if (taken) {
     state_ = LinkState::Connected;
+  } else if (handle_ == nullptr || !IsAlive()) {
+    Lost();  // who is gone can't have refused
   } else if (state_ == LinkState::Opening) {
     End({false, {text::kDdeNoAdvise, {}}});
   } else {

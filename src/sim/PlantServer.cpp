@@ -3,20 +3,31 @@
 #include <iostream>
 #include <utility>
 
+#include <wx/platinfo.h>
+
 #include "sim/PlantFolder.h"
 #include "sim/Traffic.h"
 
 namespace zek::sim {
+
 PlantServer::PlantServer(Plant& plant, PlantOptions options)
     : plant_(plant), options_(std::move(options)) {}
 
 PlantServer::~PlantServer() { SaveChanges(); }
 
+namespace {
+// A port that was just left can be taken again; on Windows the flag would let two plants share one.
+wxSocketFlags ListenerFlags() {
+  const bool windows = wxPlatformInfo::Get().GetOperatingSystemId() & wxOS_WINDOWS;
+  return windows ? wxSOCKET_NOWAIT : wxSOCKET_NOWAIT | wxSOCKET_REUSEADDR;
+}
+}  // namespace
+
 bool PlantServer::Listen() {
   wxIPV4address address;
   address.Hostname("127.0.0.1");
   address.Service(options_.port);
-  listener_ = std::make_unique<wxSocketServer>(address, wxSOCKET_NOWAIT | wxSOCKET_REUSEADDR);
+  listener_ = std::make_unique<wxSocketServer>(address, ListenerFlags());
   if (!listener_->IsOk()) return false;
   listener_->SetEventHandler(*this);
   listener_->SetNotify(wxSOCKET_CONNECTION_FLAG);

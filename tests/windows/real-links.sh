@@ -26,7 +26,7 @@ coproc plant {
 }
 plant_pid=$!
 trap 'kill "$plant_pid" 2>/dev/null || true; unregister || true; rm -rf "$home"' EXIT
-read -r port <&"${plant[0]}"
+read -r -t 60 port <&"${plant[0]}"
 port="${port%$'\r'}"
 
 cli() { wine "$bin/zekview-cli.exe" --dir "Z:$home" "$@" 2>"$home/messages" </dev/null; }
