@@ -54,7 +54,7 @@ bool Connection::WriteCommand(std::string_view command, bool printable) {
   bool taken = CurrentLink().Send(text);
   runPending();
   // The DDE server turns "{13}" into the carriage return that a poked text can't hold.
-  if (!IsTcp() && printable) taken = CurrentLink().Send("{13}") && taken;
+  if (!IsTcp() && printable) taken = taken && CurrentLink().Send("{13}");
   runPending();
   return taken;
 }

@@ -67,14 +67,18 @@ class Program final : public wxApp {
     wxUpdateUIEvent::SetMode(wxUPDATE_UI_PROCESS_SPECIFIED);
     const std::string programPath = line_.dir ? WithSeparator(*line_.dir) : ExecutableDirectory();
     if (const std::string complaint = Complaint(line_, programPath); !complaint.empty()) {
-      Complain("zekview: " + complaint);
+      if (IsUnattended(line_)) {
+        std::cerr << "zekview: " << complaint << '\n';
+      } else {
+        Complain("zekview: " + complaint);
+      }
       return kWrongUsage;
     }
     UseConfiguration(!line_.tour);
     Prompts* const prompts = line_.tour ? static_cast<Prompts*>(&tourPrompts_) : &prompts_;
     desktop_ = std::make_unique<Desktop>(programPath, IniPathOf(line_, programPath), *prompts);
     prompts_.Speak(desktop_->proc.texts);
-    if (HasSwitch(line_.text, "/BATCH")) {
+    if (IsUnattended(line_)) {
       unattended_.emplace(desktop_->proc);
       CatchInterrupts();
     }

@@ -8,9 +8,9 @@
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
 
-#include "app/CommandLine.h"
 #include "app/Paths.h"
 #include "app/Process.h"
+#include "desktop/Unattended.h"
 #include "lang/TextNumbers.h"
 #include "lang/ZV_Lang.h"
 
@@ -51,7 +51,7 @@ std::optional<int> StartUp(Desktop& desktop, const CommandLine& line,
                            wxSingleInstanceChecker& instance) {
   ZV_Proc& proc = desktop.proc;
   if (!CheckSettingsFile(proc)) return kFailed;
-  const bool attended = !line.tour && !HasSwitch(line.text, "/BATCH");
+  const bool attended = !line.tour && !IsUnattended(line);
   if (!ChooseLanguage(desktop, attended)) {
     if (!attended) std::cerr << "zekview: setting Language names no language file\n";
     return kFailed;

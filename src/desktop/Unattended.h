@@ -3,11 +3,15 @@
 #include <iostream>
 #include <string>
 
+#include "app/CommandLine.h"
 #include "app/LogPrompts.h"
 #include "app/ZV_Proc.h"
 #include "text/Windows1252.h"
 
 namespace zek {
+
+/// The program was started by a task scheduler: no box of any kind may wait for an answer.
+inline bool IsUnattended(const CommandLine& line) { return HasSwitch(line.text, "/BATCH"); }
 
 /// For its own life nobody sits in front of the program: no message box waits for an answer, each
 /// is a line of the log, of the batch export's notes and of standard error.
