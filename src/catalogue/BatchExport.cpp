@@ -6,7 +6,6 @@
 #include "catalogue/LoadedCatalogue.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
-#include "text/Windows1252.h"
 
 namespace zek {
 namespace {

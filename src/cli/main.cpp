@@ -9,7 +9,6 @@
 #include <wx/evtloop.h>
 #include <wx/log.h>
 #include <wx/socket.h>
-#include <wx/stdpaths.h>
 
 #include "app/DiskFiles.h"
 #include "app/Interrupt.h"
