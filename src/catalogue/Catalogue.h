@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -35,6 +36,10 @@ bool LoadLocalCopy(ZV_Proc& proc, Catalogue catalogue);
 /// Puts a catalogue text by the rules of a local copy into `proc.transfer`. False when it has too
 /// many lines, which was told with `name`.
 bool TakeLocalCopy(ZV_Proc& proc, std::string_view file, const std::string& name);
+
+/// Stores `transfer.CatalogueLines` as the selected node's local copy, below a line with `dfv` when
+/// there is one. False when that failed, which was told; the old copy is then still there.
+bool StoreLocalCopy(ZV_Proc& proc, Catalogue catalogue, const std::optional<std::string>& dfv);
 
 /// Deletes the selected node's local copy. False when that failed, which was told.
 bool EraseLocalCopy(ZV_Proc& proc, Catalogue catalogue);

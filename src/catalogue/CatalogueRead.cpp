@@ -147,17 +147,10 @@ class Reading {
   bool Store() {
     std::optional<std::string> dfv;
     if (catalogue_ != Catalogue::Sdc && HasNamedControls(proc_)) dfv = proc_.transfer.CatalogueDfv;
-    const std::string& name = LocalFileOf(proc_.selection, catalogue_);
-    const auto error =
-        proc_.outside.files.Write(LocalPath(proc_.settings.ProgramPath, name),
-                                  BuildLocalCopy(proc_.transfer.CatalogueLines, dfv));
-    if (!error) {
-      proc_.transfer.CatalogueLoaded = proc_.transfer.LinesDropped == 0;
-      proc_.transfer.LoadedTopic = proc_.selection.CurrentObject;
-      return true;
-    }
-    proc_.outside.prompts.Show(Icon::Exclamation, FileMessage(proc_.texts, *error));
-    return false;
+    if (!StoreLocalCopy(proc_, catalogue_, dfv)) return false;
+    proc_.transfer.CatalogueLoaded = proc_.transfer.LinesDropped == 0;
+    proc_.transfer.LoadedTopic = proc_.selection.CurrentObject;
+    return true;
   }
 
   ZV_Proc& proc_;

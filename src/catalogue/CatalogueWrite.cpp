@@ -152,12 +152,7 @@ class Writing {
 bool Store(ZV_Proc& proc, Catalogue catalogue) {
   std::optional<std::string> dfv;
   if (catalogue == Catalogue::Wdc && HasNamedControls(proc)) dfv = proc.transfer.CatalogueDfv;
-  const std::string path =
-      LocalPath(proc.settings.ProgramPath, LocalFileOf(proc.selection, catalogue));
-  const auto error =
-      proc.outside.files.Write(path, BuildLocalCopy(proc.transfer.CatalogueLines, dfv));
-  if (error) proc.outside.prompts.Show(Icon::Exclamation, FileMessage(proc.texts, *error));
-  return !error;
+  return StoreLocalCopy(proc, catalogue, dfv);
 }
 
 std::string WithFile(const ZV_Proc& proc, std::int32_t first, std::int32_t second,

@@ -58,10 +58,18 @@ bool TakeLocalCopy(ZV_Proc& proc, std::string_view file, const std::string& name
     return false;
   }
   proc.transfer.CatalogueLines = std::move(copy.lines);
+  proc.transfer.From = LinesFrom::LocalCopy;
   proc.transfer.LinesDropped = 0;
   proc.transfer.DfvKnown = copy.dfv.has_value();
   proc.transfer.CatalogueDfv = copy.dfv.value_or(std::string(1, '.'));
   return true;
+}
+
+bool StoreLocalCopy(ZV_Proc& proc, Catalogue catalogue, const std::optional<std::string>& dfv) {
+  const auto error = proc.outside.files.Write(PathOf(proc, catalogue),
+                                              BuildLocalCopy(proc.transfer.CatalogueLines, dfv));
+  if (error) proc.outside.prompts.Show(Icon::Exclamation, FileMessage(proc.texts, *error));
+  return !error;
 }
 
 bool EraseLocalCopy(ZV_Proc& proc, Catalogue catalogue) {

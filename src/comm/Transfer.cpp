@@ -16,6 +16,7 @@ void Transfer::Collect(TransferKind kind) {
   Kind = kind;
   CatalogueLines.clear();
   CatalogueDfv = ".";
+  From = LinesFrom::Controller;
   DfvKnown = true;
   LinesDropped = 0;
   ExitSeen = false;

@@ -23,11 +23,15 @@ enum class TransferKind : std::int16_t {
   ReadWdcExceptions = 7,  // a weekday listing that has reached its ".EXC" part: no line is stored
 };
 
+/// Where the lines of a catalogue come from: what stands in a local copy may never have been sent.
+enum class LinesFrom { Nowhere, Controller, LocalCopy };
+
 /// The shared state of catalogue transfers, filled by reply lines while one is running.
 struct Transfer {
   TransferKind Kind = TransferKind::Idle;  // `TransferKind`
   /// The numbered lines of a catalogue exactly as received, at most `kMaxCatalogueLines`.
   std::vector<std::string> CatalogueLines;
+  LinesFrom From = LinesFrom::Nowhere;
   /// The value of the catalogue's ".DFV" line; "." for none.
   std::string CatalogueDfv = ".";
   /// False when the lines came from a local copy that does not tell the controller's value.
