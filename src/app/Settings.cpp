@@ -18,6 +18,7 @@ constexpr int kShortestDisconnectTime = 60;  // seconds
 constexpr int kShortestGetTSCTimeout = 5;    // seconds
 constexpr int kLastTwoDigitYear = 93;        // 94 to 99 are of the last century
 constexpr int kLastYear = 9999;              // four digits
+constexpr int kLargestHistory = 9999;        // copies of each catalogue
 
 std::int16_t ReadDialogMode(const Profile& profile) {
   const std::string mode = UpperCase(profile.ReadIni(kGeneral, "DialogMode", "1"));
@@ -102,6 +103,7 @@ bool LoadSettings(Settings& settings, std::string_view commandLine, const Profil
       builtIn.SDCLastTwoDigitYear, numbers.Number("SDCLastTwoDigitYear", "20", kLastTwoDigitYear));
   settings.SDCLastYear =
       std::max(builtIn.SDCLastYear, numbers.Number("SDCLastYear", "2030", kLastYear));
+  settings.HistoryCount = numbers.Number("HistoryCount", "50", kLargestHistory);
 
   settings.HideDialogOnTSC = ReadYesNo(profile, kGeneral, "HideDialogOnTSC", "yes");
   settings.PreventMinimize = ReadYesNo(profile, kGeneral, "PreventMinimize", "no");

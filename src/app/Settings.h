@@ -41,6 +41,7 @@ struct Settings {
   std::int16_t DialogMode = 0;            // 0 not set, 1 "DEFAULT", 2 "ALL"
   std::int16_t SDCLastTwoDigitYear = 20;  // of the calendar: up to here two digits mean 2000 and on
   std::int16_t SDCLastYear = 2030;        // the calendar's last year of four digits
+  std::int16_t HistoryCount = 50;         // earlier local copies kept of each catalogue; 0: none
   char DecimalSeparator = '.';            // of printed values
 };
 

@@ -3,8 +3,10 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/ZV_Proc.h"
+#include "catalogue/History.h"
 
 namespace zek {
 
@@ -38,11 +40,25 @@ bool LoadLocalCopy(ZV_Proc& proc, Catalogue catalogue);
 bool TakeLocalCopy(ZV_Proc& proc, std::string_view file, const std::string& name);
 
 /// Stores `transfer.CatalogueLines` as the selected node's local copy, below a line with `dfv` when
-/// there is one. False when that failed, which was told; the old copy is then still there.
+/// there is one. The old copy is kept in its history first. False when that failed, which was told;
+/// the old copy is then still there.
 bool StoreLocalCopy(ZV_Proc& proc, Catalogue catalogue, const std::optional<std::string>& dfv);
 
-/// Deletes the selected node's local copy. False when that failed, which was told.
+/// Deletes the selected node's local copy, after it was kept in its history. False when that
+/// failed, which was told.
 bool EraseLocalCopy(ZV_Proc& proc, Catalogue catalogue);
+
+/// The earlier local copies of the selected node's catalogue.
+History HistoryOf(ZV_Proc& proc, Catalogue catalogue);
+
+/// Puts an earlier copy in the place of the local copy, which is kept first. Nothing is sent. False
+/// when that failed, which was told.
+bool RestoreLocalCopy(ZV_Proc& proc, Catalogue catalogue, const KeptCopy& kept);
+
+/// `DifferencesOf` an earlier copy and the local copy, which may have been erased; nothing when one
+/// of them can't be read, which was told.
+std::optional<std::vector<std::string>> CompareWithKept(const ZV_Proc& proc, Catalogue catalogue,
+                                                        const KeptCopy& kept);
 
 /// True when the selected node's local copy exists.
 bool HasLocalCopy(const ZV_Proc& proc, Catalogue catalogue);

@@ -65,15 +65,59 @@ bool TakeLocalCopy(ZV_Proc& proc, std::string_view file, const std::string& name
   return true;
 }
 
-bool StoreLocalCopy(ZV_Proc& proc, Catalogue catalogue, const std::optional<std::string>& dfv) {
-  const auto error = proc.outside.files.Write(PathOf(proc, catalogue),
-                                              BuildLocalCopy(proc.transfer.CatalogueLines, dfv));
+History HistoryOf(ZV_Proc& proc, Catalogue catalogue) {
+  return {proc.outside.files, proc.settings.ProgramPath, LocalFileOf(proc.selection, catalogue),
+          proc.settings.HistoryCount};
+}
+
+namespace {
+
+// What stands in the local copy is kept before it changes; when that fails, it does not change.
+bool Keep(ZV_Proc& proc, Catalogue catalogue, std::optional<std::string_view> next) {
+  const auto error = HistoryOf(proc, catalogue).Keep(next, proc.outside.now());
+  if (!error) return true;
+  proc.outside.prompts.Show(Icon::Exclamation, Message(proc.Text(text::kHistoryFailed),
+                                                       {LocalFileOf(proc.selection, catalogue)}) +
+                                                   "\r\n\r\n" + FileMessage(proc.texts, *error));
+  return false;
+}
+
+bool Replace(ZV_Proc& proc, Catalogue catalogue, std::string_view file) {
+  if (!Keep(proc, catalogue, file)) return false;
+  const auto error = proc.outside.files.Write(PathOf(proc, catalogue), file);
   if (error) proc.outside.prompts.Show(Icon::Exclamation, FileMessage(proc.texts, *error));
   return !error;
 }
 
+}  // namespace
+
+bool StoreLocalCopy(ZV_Proc& proc, Catalogue catalogue, const std::optional<std::string>& dfv) {
+  return Replace(proc, catalogue, BuildLocalCopy(proc.transfer.CatalogueLines, dfv));
+}
+
+bool RestoreLocalCopy(ZV_Proc& proc, Catalogue catalogue, const KeptCopy& kept) {
+  const FileContent file = proc.outside.files.Read(kept.path);
+  if (!file.error) return Replace(proc, catalogue, file.bytes);
+  proc.outside.prompts.Show(Icon::Exclamation, FileMessage(proc.texts, *file.error));
+  return false;
+}
+
+std::optional<std::vector<std::string>> CompareWithKept(const ZV_Proc& proc, Catalogue catalogue,
+                                                        const KeptCopy& kept) {
+  const FileContent before = proc.outside.files.Read(kept.path);
+  const FileContent now = proc.outside.files.Read(PathOf(proc, catalogue));
+  const bool missing = now.error && now.error->reason == FileError::Reason::Missing;
+  const FileError* const error = before.error            ? &*before.error
+                                 : now.error && !missing ? &*now.error
+                                                         : nullptr;
+  if (error == nullptr) return DifferencesOf(before.bytes, now.bytes);
+  proc.outside.prompts.Show(Icon::Exclamation, FileMessage(proc.texts, *error));
+  return std::nullopt;
+}
+
 bool EraseLocalCopy(ZV_Proc& proc, Catalogue catalogue) {
   if (LocalFileOf(proc.selection, catalogue).empty()) return true;
+  if (!Keep(proc, catalogue, std::nullopt)) return false;
   const auto error = proc.outside.files.Remove(PathOf(proc, catalogue));
   if (error) proc.outside.prompts.Show(Icon::Exclamation, FileMessage(proc.texts, *error));
   return !error;

@@ -6,6 +6,7 @@
 #include <wx/weakref.h>
 
 #include "catalogue/ZV_TSCForm.h"
+#include "catalogue/ZV_TSCHistory.h"
 #include "editors/calendar/ZV_SDC.h"
 #include "editors/exception/ZV_OVC.h"
 #include "editors/weekday/ZV_WDC.h"
@@ -67,6 +68,7 @@ void ZV_TSC::BindEvents() {
   onMenu(Menu_EraseWDC, [this] { Erase(Catalogue::Wdc); });
   onMenu(Menu_EraseSDC, [this] { Erase(Catalogue::Sdc); });
   onMenu(Menu_EraseOVC, [this] { Erase(Catalogue::Ovc); });
+  onMenu(Menu_History, [this] { OnHistory(); });
   onMenu(Menu_Batch_Run, [this] { StartBatch(); });
   onMenu(Menu_Batch_GetWDC, [this] { ToggleBatch(&BatchKinds::WDC); });
   onMenu(Menu_Batch_GetSDC, [this] { ToggleBatch(&BatchKinds::SDC); });
@@ -218,6 +220,13 @@ void ZV_TSC::Erase(Catalogue catalogue) {
     return;
   }
   EraseLocalCopy(proc_, catalogue);
+  if (alive) UpdateMenu(*menuTSC_);
+}
+
+void ZV_TSC::OnHistory() {
+  if (busy_ || !TreeView->Selected()) return;
+  const wxWeakRef<ZV_TSC> alive(this);
+  ShowHistory(this, proc_);
   if (alive) UpdateMenu(*menuTSC_);
 }
 

@@ -19,6 +19,7 @@ enum Menu : int {
   Menu_EraseWDC,
   Menu_EraseSDC,
   Menu_EraseOVC,
+  Menu_History,
   Menu_Batch_Run,
   Menu_Batch_GetWDC,
   Menu_Batch_GetSDC,

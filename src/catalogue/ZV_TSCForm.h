@@ -56,6 +56,7 @@ class ZV_TSC final : public wxFrame {
   using ShowEditor = void (*)(wxWindow* parent, ZV_Proc& proc, WxTurn& turn);
   void Get(Catalogue catalogue, ShowEditor showEditor);
   void Erase(Catalogue catalogue);
+  void OnHistory();
 
   void StartBatch();
   void ToggleBatch(bool BatchKinds::*kind);

@@ -37,6 +37,7 @@ std::unique_ptr<wxMenu> ZV_TSC::TSCMenu() const {
   menu->Append(Menu_EraseWDC, Label(text::kBrowserEraseWDC, "Del"));
   menu->Append(Menu_EraseSDC, Label(text::kBrowserEraseSDC));
   menu->Append(Menu_EraseOVC, Label(text::kBrowserEraseOVC));
+  menu->Append(Menu_History, Label(text::kHistoryMenu, "F8"));
   return menu;
 }
 
@@ -70,6 +71,7 @@ void ZV_TSC::UpdateMenu(wxMenu& menu) const {
   menu.Enable(Menu_EraseWDC, has(Catalogue::Wdc));
   menu.Enable(Menu_EraseSDC, has(Catalogue::Sdc));
   menu.Enable(Menu_EraseOVC, has(Catalogue::Ovc));
+  menu.Enable(Menu_History, selected);
 }
 
 void ZV_TSC::BuildStatusBar() {

@@ -23,6 +23,7 @@ constexpr auto kCommands = std::to_array<CommandShape>({
     {"put", 3, 3, "--no-send"},
     {"check", 3, 3, "--rebuild"},
     {"export", 0, 3, "--local"},
+    {"history", 2, 4, ""},
 });
 
 const CommandShape* ShapeOf(std::string_view name) {
@@ -110,6 +111,9 @@ std::string Usage() {
          "  export [KIND...] [--local]       fetch the catalogues of all time controls (all kinds\n"
          "                                   when none is named) into files in DIR/Batch; --local\n"
          "                                   takes the local copies instead\n"
+         "  history KIND NODE                the earlier local copies of a catalogue, by ID\n"
+         "  history KIND NODE compare ID     how one of them and the local copy differ\n"
+         "  history KIND NODE restore ID     make it the local copy again, send nothing\n"
          "\n"
          "  --dir DIR  language files and local copies (default: the program's directory)\n"
          "  --ini DIR  the directory of ZEKView.INI (default: the same)\n"

@@ -5,6 +5,7 @@
 #include "cli/CheckCommand.h"
 #include "cli/ExportCommand.h"
 #include "cli/FileOperand.h"
+#include "cli/HistoryCommand.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
 #include "text/Windows1252.h"
@@ -108,6 +109,7 @@ ExitStatus RunCatalogueCommand(Console& console, const Arguments& arguments) {
   if (arguments.command == "put") {
     return Put(console, *catalogue, arguments.operands[2], arguments.noSend);
   }
+  if (arguments.command == "history") return HistoryOfCatalogue(console, *catalogue, arguments);
   return Check(console, *catalogue, *node, arguments);
 }
 

@@ -157,6 +157,21 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kDdeFlooded, "servern skickar mer text än vad som hinner läsas"_w1252},
     {text::kTagError, "Taggservern svarade med fel (%1)"_w1252},
     {text::kEraseHint, "Raderar undantaget på den markerade raden"_w1252},
+    {text::kHistoryMenu, "&Historik..."_w1252},
+    {text::kHistoryTitle, "Historik"_w1252},
+    {text::kHistoryKept, "&Sparade kopior (ersatta):"_w1252},
+    {text::kHistoryDifferences,
+     "&Skillnad: - bara i den sparade kopian, + bara i den lokala kopian"_w1252},
+    {text::kHistoryRestore, "&Återställ"_w1252},
+    {text::kAskRestore,
+     "Ska kopian från %1 ersätta den lokala kopian? Den nuvarande lokala kopian sparas först i historiken. Inget skickas till DUC."_w1252},
+    {text::kRestored,
+     "Den lokala kopian är återställd från %1. Inget har skickats till DUC."_w1252},
+    {text::kHistoryEmpty, "Det finns inga sparade kopior av katalogen."_w1252},
+    {text::kHistorySame, "Kopiorna är lika."_w1252},
+    {text::kHistoryFailed,
+     "Den lokala kopian %1 kunde inte sparas i historiken och är därför inte ändrad."_w1252},
+    {text::kHistoryKind, "&Katalog:"_w1252},
 });
 
 }  // namespace

@@ -195,5 +195,17 @@ inline constexpr std::int32_t kExceptionFrame = 676;
 inline constexpr std::int32_t kTimeHeading = 677;
 inline constexpr std::int32_t kRowHeading = 678;
 inline constexpr std::int32_t kEraseHint = 679;
+// The history of local copies
+inline constexpr std::int32_t kHistoryMenu = 760;
+inline constexpr std::int32_t kHistoryTitle = 761;
+inline constexpr std::int32_t kHistoryKept = 762;
+inline constexpr std::int32_t kHistoryDifferences = 763;
+inline constexpr std::int32_t kHistoryRestore = 764;
+inline constexpr std::int32_t kAskRestore = 765;  // %1 the time
+inline constexpr std::int32_t kRestored = 766;  // %1 the time
+inline constexpr std::int32_t kHistoryEmpty = 767;
+inline constexpr std::int32_t kHistorySame = 768;
+inline constexpr std::int32_t kHistoryFailed = 769;  // %1 the name of the local copy
+inline constexpr std::int32_t kHistoryKind = 770;
 
 }  // namespace zek::text

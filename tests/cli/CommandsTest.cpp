@@ -140,5 +140,29 @@ TEST(Commands, ExportNamesTheFilesAndWhatIsMissing) {
   EXPECT_EQ(program.Run({"export", "wdc", "sdc", "ovc", "wdc"}), kWrongUsage);
 }
 
+TEST(Commands, HistoryListsComparesAndRestores) {
+  Program program;
+  const std::string local = "/zek/f127_0_0_1_5100_3 Second TSC1";
+  program.session.files.files[local + ".TXT"] = "1001 now\r\n";
+  program.session.files.files["/zek/History" + local.substr(4) + " 20261121-083000.TXT"] =
+      "1001 then\r\n";
+  const std::vector<std::string> history{"history", "wdc", "TWO/TSC1"};
+  const auto with = [&](const std::vector<std::string>& more) {
+    std::vector<std::string> words = history;
+    words.insert(words.end(), more.begin(), more.end());
+    return words;
+  };
+  EXPECT_EQ(program.Run(history), kDone);
+  EXPECT_EQ(program.out.str(), "20261121-083000\t2026-11-21 08:30:00\n");
+  EXPECT_EQ(program.Run(with({"compare", "20261121-083000"})), kDone);
+  EXPECT_EQ(program.out.str(), "- 1001 then\n+ 1001 now\n");
+  EXPECT_EQ(program.Run(with({"restore", "20261121-083000"})), kDone);
+  EXPECT_EQ(program.session.files.files[local + ".TXT"], "1001 then\r\n");
+  for (const auto& wrong : {with({"restore", "20261121-083001"}), with({"restore"}),
+                            with({"remove", "20261121-083000"})}) {
+    EXPECT_EQ(program.Run(wrong), kWrongUsage) << wrong.back();
+  }
+}
+
 }  // namespace
 }  // namespace zek::cli

@@ -1,0 +1,147 @@
+#include "catalogue/History.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "app/Settings.h"
+#include "catalogue/LocalFiles.h"
+#include "text/Numbers.h"
+
+namespace zek {
+namespace {
+
+constexpr std::string_view kEnding = ".TXT";
+constexpr std::string_view kStampShape = "dddddddd-dddddd";  // "d" stands for a digit
+
+bool IsDigit(char character) { return character >= '0' && character <= '9'; }
+
+// "YYYYMMDD-HHNNSS", and perhaps "-" and a number.
+bool IsId(std::string_view id) {
+  if (id.size() < kStampShape.size()) return false;
+  for (std::size_t i = 0; i < kStampShape.size(); ++i) {
+    if (kStampShape[i] == 'd' ? !IsDigit(id[i]) : id[i] != kStampShape[i]) return false;
+  }
+  id.remove_prefix(kStampShape.size());
+  constexpr std::size_t longest = 5;  // "-9999"
+  return id.empty() || (id.size() > 1 && id.size() <= longest && id.front() == '-' &&
+                        std::all_of(id.begin() + 1, id.end(), IsDigit));
+}
+
+int SerialOf(std::string_view id) {
+  id.remove_prefix(kStampShape.size());
+  return id.empty() ? 1 : static_cast<int>(Val(id.substr(1)));
+}
+
+// Older copies first.
+bool IsOlder(const KeptCopy& one, const KeptCopy& other) {
+  const auto key = [](const KeptCopy& copy) {
+    return std::pair(copy.id.substr(0, kStampShape.size()), SerialOf(copy.id));
+  };
+  return key(one) < key(other);
+}
+
+std::string Digits(int number, std::size_t width) {
+  std::string digits = std::to_string(std::max(number, 0));
+  if (digits.size() < width) digits.insert(0, width - digits.size(), '0');
+  return digits;
+}
+
+std::string StampOf(const LocalTime& t) {
+  constexpr std::size_t year = 4;
+  return Digits(t.year, year) + Digits(t.month, 2) + Digits(t.day, 2) + "-" + Digits(t.hour, 2) +
+         Digits(t.minute, 2) + Digits(t.second, 2);
+}
+
+std::string TimeOf(std::string_view id) {
+  std::string time(id.substr(0, kStampShape.size()));
+  time[time.find('-')] = ' ';
+  constexpr std::pair<std::size_t, const char*> marks[] = {
+      {13, ":"}, {11, ":"}, {6, "-"}, {4, "-"}};  // from behind: places stay as they are
+  for (const auto& [place, mark] : marks) time.insert(place, mark);
+  return time;
+}
+
+std::vector<std::string> LinesOf(std::string_view file) {
+  LocalCopy copy = ReadLocalCopy(file);
+  if (copy.dfv) copy.lines.insert(copy.lines.begin(), ".DFV = " + *copy.dfv);
+  return std::move(copy.lines);
+}
+
+}  // namespace
+
+History::History(Files& files, const std::string& programPath, std::string_view name, int count)
+    : files_(files),
+      folder_(WithSeparator(programPath + "History")),
+      stem_(LocalPath({}, name)),
+      local_(LocalPath(programPath, name)),
+      count_(count) {
+  if (stem_.ends_with(kEnding)) stem_.resize(stem_.size() - kEnding.size());
+}
+
+std::vector<KeptCopy> History::Kept() const {
+  std::vector<KeptCopy> kept;
+  const std::string start = stem_ + " ";
+  for (const std::string& name : files_.List(folder_)) {
+    if (!name.starts_with(start) || !name.ends_with(kEnding)) continue;
+    std::string id = name.substr(start.size());
+    id.resize(id.size() - std::min(id.size(), kEnding.size()));
+    if (IsId(id)) kept.push_back({id, TimeOf(id), folder_ + name});
+  }
+  std::sort(kept.rbegin(), kept.rend(), IsOlder);
+  return kept;
+}
+
+std::string History::NewId(const LocalTime& now) const {
+  const std::string stamp = StampOf(now);
+  int serial = 0;
+  for (const KeptCopy& copy : Kept()) {
+    if (copy.id.starts_with(stamp)) serial = std::max(serial, SerialOf(copy.id));
+  }
+  return serial == 0 ? stamp : stamp + "-" + std::to_string(serial + 1);
+}
+
+std::optional<FileError> History::Keep(std::optional<std::string_view> next, const LocalTime& now) {
+  if (count_ <= 0) return std::nullopt;
+  const FileContent old = files_.Read(local_);
+  if (old.error && old.error->reason == FileError::Reason::Missing) return std::nullopt;
+  if (old.error) return old.error;
+  if (next && *next == old.bytes) return std::nullopt;
+  if (auto error = files_.MakeDirectory(folder_)) return error;
+  const std::string path = folder_ + stem_ + " " + NewId(now) + std::string(kEnding);
+  if (auto error = files_.Write(path, old.bytes)) return error;
+  // One that can't be removed is only one too many; the next time tries again.
+  const std::vector<KeptCopy> kept = Kept();
+  for (std::size_t i = static_cast<std::size_t>(count_); i < kept.size(); ++i) {
+    static_cast<void>(files_.Remove(kept[i].path));
+  }
+  return std::nullopt;
+}
+
+// The longest common part of both, by the usual table; a local copy has some 200 lines.
+std::vector<std::string> DifferencesOf(std::string_view before, std::string_view after) {
+  const std::vector<std::string> a = LinesOf(before);
+  const std::vector<std::string> b = LinesOf(after);
+  std::vector<std::vector<int>> common(a.size() + 1, std::vector<int>(b.size() + 1));
+  for (std::size_t i = a.size(); i-- > 0;) {
+    for (std::size_t j = b.size(); j-- > 0;) {
+      common[i][j] =
+          a[i] == b[j] ? common[i + 1][j + 1] + 1 : std::max(common[i + 1][j], common[i][j + 1]);
+    }
+  }
+  std::vector<std::string> differences;
+  std::size_t i = 0;
+  std::size_t j = 0;
+  while (i < a.size() || j < b.size()) {
+    if (i < a.size() && j < b.size() && a[i] == b[j]) {
+      ++i;
+      ++j;
+    } else if (j == b.size() || (i < a.size() && common[i + 1][j] >= common[i][j + 1])) {
+      differences.push_back("- " + a[i++]);
+    } else {
+      differences.push_back("+ " + b[j++]);
+    }
+  }
+  return differences;
+}
+
+}  // namespace zek

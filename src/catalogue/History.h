@@ -1,0 +1,50 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/Files.h"
+#include "app/LocalTime.h"
+
+namespace zek {
+
+/// An earlier local copy: "History\NAME YYYYMMDD-HHNNSS.TXT" in the program directory, where NAME
+/// is that of the local copy. The time is when the copy was replaced or erased.
+struct KeptCopy {
+  std::string id;    // "20261121-083000"; "20261121-083000-2" for the second one of that second
+  std::string time;  // "2026-11-21 08:30:00"
+  std::string path;  // UTF-8
+};
+
+/// The earlier copies of one local copy.
+class History {
+ public:
+  /// `name` is that of the local copy, as in `LocalFileNames`; `count` is how many are kept.
+  History(Files& files, const std::string& programPath, std::string_view name, int count);
+
+  /// The newest first.
+  std::vector<KeptCopy> Kept() const;
+
+  /// Keeps what stands in the local copy now, before it is replaced by `next` (or erased, without
+  /// one). Nothing is kept when there is no local copy, or when it would not change. Copies beyond
+  /// `count` go, the oldest first. With an error the local copy must stay as it is.
+  std::optional<FileError> Keep(std::optional<std::string_view> next, const LocalTime& now);
+
+ private:
+  std::string NewId(const LocalTime& now) const;
+
+  Files& files_;
+  std::string folder_;  // with a separator at its end
+  std::string stem_;    // of the file names, UTF-8: the local copy's without ".TXT"
+  std::string local_;   // path of the local copy
+  int count_;
+};
+
+/// What stands in two local copies and only in one of them, in the order of the lines: "- " and
+/// the line for `before`, "+ " and the line for `after`. Only the part that is read of a local copy
+/// is compared.
+std::vector<std::string> DifferencesOf(std::string_view before, std::string_view after);
+
+}  // namespace zek

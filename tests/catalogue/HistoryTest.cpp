@@ -1,0 +1,118 @@
+#include <gtest/gtest.h>
+
+#include "catalogue/Catalogue.h"
+#include "catalogue/History.h"
+#include "support/TransferSession.h"
+
+namespace zek {
+namespace {
+
+constexpr LocalTime kMorning{2026, 11, 21, 8, 30, 0};
+const std::string kLocal = "/zek/f1 WDC.TXT";
+
+// The ids of what is kept of "f1 WDC.TXT", the newest first.
+std::vector<std::string> Ids(Files& files, int count = 50) {
+  std::vector<std::string> ids;
+  for (const KeptCopy& copy : History(files, "/zek/", "f1 WDC.TXT", count).Kept()) {
+    ids.push_back(copy.id);
+  }
+  return ids;
+}
+
+TEST(History, KeepsWhatIsReplacedUnderItsTime) {
+  test::MemoryFiles files;
+  History history(files, "/zek/", "f1 WDC.TXT", 50);
+  EXPECT_FALSE(history.Keep("first", kMorning));  // nothing to keep
+  files.files[kLocal] = "first";
+  EXPECT_FALSE(history.Keep("first", kMorning));  // nothing would change
+  EXPECT_TRUE(history.Kept().empty());
+  EXPECT_FALSE(history.Keep("second", kMorning));
+  const std::vector<KeptCopy> kept = history.Kept();
+  ASSERT_EQ(kept.size(), 1U);
+  EXPECT_EQ(kept[0].time, "2026-11-21 08:30:00");
+  EXPECT_EQ(kept[0].path, "/zek/History/f1 WDC 20261121-083000.TXT");
+  EXPECT_EQ(files.files[kept[0].path], "first");
+  EXPECT_FALSE(history.Keep(std::nullopt, kMorning));  // erased in the same second
+  EXPECT_EQ(Ids(files), (std::vector<std::string>{"20261121-083000-2", "20261121-083000"}));
+}
+
+TEST(History, TheOldestGoAndOnlyOnesOfItsOwn) {
+  test::MemoryFiles files;
+  files.files[kLocal] = "x";
+  for (const char* const name :
+       {"f1 WDC 2 20261121-083000.TXT", "f1 WDC.TXT", "f1 WDC 20261121-083000-.TXT",
+        "f1 WDC 20261121-083000-12345.TXT", "f1 WDC 20261121.TXT", "f1 WDC .TXT",
+        "f1 WDC 20261121-083000.TXT.zvtmp12"}) {
+    files.files[std::string("/zek/History/") + name] = "foreign";
+  }
+  const std::size_t foreign = files.files.size();
+  LocalTime now = kMorning;
+  for (int second = 0; second < 5; ++second) {
+    now.second = second;
+    EXPECT_FALSE(History(files, "/zek/", "f1 WDC.TXT", 3).Keep(std::nullopt, now));
+  }
+  for (int more = 0; more < 10; ++more) {  // ten in one second: "-10" is newer than "-9"
+    EXPECT_FALSE(History(files, "/zek/", "f1 WDC.TXT", 3).Keep(std::nullopt, now));
+  }
+  EXPECT_EQ(Ids(files), (std::vector<std::string>{"20261121-083004-11", "20261121-083004-10",
+                                                  "20261121-083004-9"}));
+  EXPECT_EQ(files.files.size(), foreign + 3);
+  EXPECT_FALSE(History(files, "/zek/", "f1 WDC.TXT", 0).Keep(std::nullopt, now));
+  EXPECT_EQ(files.files.size(), foreign + 3);
+}
+
+TEST(History, DifferencesAreThoseOfTheLines) {
+  struct Case {
+    const char* before;
+    const char* after;
+    std::vector<std::string> differences;
+  };
+  const std::vector<Case> cases = {
+      {"", "", {}},
+      {"a\r\nb\r\n", "a\nb", {}},
+      {"a\r\nb\r\nc\r\n", "a\r\nx\r\nc\r\nd\r\n", {"- b", "+ x", "+ d"}},
+      {"a\r\n", "", {"- a"}},
+      {".DFV = 1\r\na\r\n", ".DFV = 2\r\na\r\n", {"- .DFV = 1", "+ .DFV = 2"}},
+  };
+  for (const Case& c : cases) EXPECT_EQ(DifferencesOf(c.before, c.after), c.differences);
+}
+
+// The selected node's weekday copy is "f127_0_0_1_5100_3 Second TSC1.TXT".
+class HistoryOfTransfers : public testing::Test, public test::TransferSession {
+ public:
+  HistoryOfTransfers() {
+    SelectTwo();
+    path = LocalPath("/zek/", LocalFileOf(proc.selection, Catalogue::Wdc));
+    files.files[path] = "old\r\n";
+    proc.transfer.CatalogueLines = {"new"};
+  }
+
+  std::vector<KeptCopy> Kept() { return HistoryOf(proc, Catalogue::Wdc).Kept(); }
+
+  std::string path;
+};
+
+TEST_F(HistoryOfTransfers, StoreEraseAndRestoreKeepFirst) {
+  EXPECT_TRUE(StoreLocalCopy(proc, Catalogue::Wdc, std::nullopt));
+  EXPECT_EQ(files.files[path], "new\r\n");
+  EXPECT_TRUE(EraseLocalCopy(proc, Catalogue::Wdc));
+  EXPECT_FALSE(files.files.contains(path));
+  ASSERT_EQ(Kept().size(), 2U);
+  EXPECT_EQ(files.files[Kept()[0].path], "new\r\n");
+  EXPECT_EQ(CompareWithKept(proc, Catalogue::Wdc, Kept()[1]), std::vector<std::string>{"- old"});
+  EXPECT_TRUE(RestoreLocalCopy(proc, Catalogue::Wdc, Kept()[1]));
+  EXPECT_EQ(files.files[path], "old\r\n");
+  EXPECT_TRUE(prompts.shown.empty());
+}
+
+TEST_F(HistoryOfTransfers, WhatCanNotBeKeptStays) {
+  files.failWrites = FileError::Reason::Full;
+  EXPECT_FALSE(StoreLocalCopy(proc, Catalogue::Wdc, std::nullopt));
+  EXPECT_FALSE(EraseLocalCopy(proc, Catalogue::Wdc));
+  EXPECT_EQ(files.files[path], "old\r\n");
+  ASSERT_EQ(prompts.shown.size(), 2U);
+  EXPECT_NE(prompts.shown[0].find("T769"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace zek
