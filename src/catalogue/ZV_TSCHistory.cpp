@@ -32,12 +32,18 @@ constexpr std::array<std::pair<Catalogue, std::int32_t>, 3> kKinds{{
     {Catalogue::Ovc, text::kMenuBatchOVC},
 }};
 
+wxString TitleOf(const ZV_Proc& proc) {
+  const Selection& node = proc.selection;
+  const std::string& name =
+      node.TscName.empty() ? proc.topics[node.CurrentObject].TopicName : node.TscName;
+  return ToWx(proc.Text(text::kHistoryTitle) + " - " + name);
+}
+
 class HistoryForm final : public wxDialog {
  public:
   HistoryForm(wxWindow* parent, ZV_Proc& proc)
-      : wxDialog(parent, wxID_ANY, ToWx(proc.Text(text::kHistoryTitle)), wxDefaultPosition,
-                 wxDefaultSize, wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX,
-                 "ZV_TSCHistory"),
+      : wxDialog(parent, wxID_ANY, TitleOf(proc), wxDefaultPosition, wxDefaultSize,
+                 wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX, "ZV_TSCHistory"),
         proc_(proc) {
     for (const auto& [catalogue, caption] : kKinds) {
       if (!LocalFileOf(proc.selection, catalogue).empty()) kinds_.push_back({catalogue, caption});
@@ -49,7 +55,11 @@ class HistoryForm final : public wxDialog {
     ShowKept();
     RememberPlacement(*this, "ZV_TSCHistory");
     if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
-    List_Kept->SetFocus();
+    // Once it is on the screen: before, nothing can have the focus.
+    CallAfter([this] {
+      Raise();
+      List_Kept->SetFocus();
+    });
   }
 
  private:

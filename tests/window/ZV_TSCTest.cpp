@@ -133,5 +133,30 @@ TEST_F(BrowserTest, AFetchCanBeCancelled) {
   EXPECT_TRUE(world.prompts.shown.empty());
 }
 
+TEST_F(BrowserTest, AnEarlierCopyIsRestoredFromTheHistory) {
+  const std::string name = "PLANT_5100_3 Kontoret TF2";
+  const std::string path = world.directory + name + ".TXT";
+  EXPECT_FALSE(world.files.Write(path, "now\r\n"));
+  EXPECT_FALSE(world.files.MakeDirectory(world.directory + "History"));
+  EXPECT_FALSE(
+      world.files.Write(world.directory + "History/" + name + " 20261121-083000.TXT", "then\r\n"));
+  world.prompts.answers = {true};
+  Run({{IsReady,
+        [] {
+          Select("[TF2]");
+          Press(WXK_F8);
+        }},
+       {[] { return IsActive("ZV_TSCHistory"); },
+        [&] {
+          EXPECT_EQ(Value("Text_Differences"), "- then\n+ now\n");
+          Click(*Shown("Command_Restore"));
+          EXPECT_TRUE(PumpUntil([&] { return world.prompts.shown.size() == 2; }));
+          EXPECT_EQ(world.files.Read(path).bytes, "then\r\n");
+          EXPECT_EQ(Value("Text_Differences"), "- now\n+ then\n");  // the copy it replaced
+          Press(WXK_ESCAPE);
+        }},
+       {IsReady, [] { Press(WXK_ESCAPE); }}});
+}
+
 }  // namespace
 }  // namespace zek::window
