@@ -157,6 +157,12 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kDdeFlooded, "servern skickar mer text än vad som hinner läsas"_w1252},
     {text::kTagError, "Taggservern svarade med fel (%1)"_w1252},
     {text::kEraseHint, "Raderar undantaget på den markerade raden"_w1252},
+    {text::kUndo, "Ångra"_w1252},
+    {text::kRedo, "Gör om"_w1252},
+    {text::kUndoHint, "Tar tillbaka den senaste ändringen (Ctrl+Z)"_w1252},
+    {text::kRedoHint, "Gör om den ändring som togs tillbaka (Ctrl+Y)"_w1252},
+    {text::kAskClose, "Ändringarna är inte sparade. Stänga ändå?"_w1252},
+    {text::kAskCloseTitle, "Stäng"_w1252},
 });
 
 }  // namespace

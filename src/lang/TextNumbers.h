@@ -195,5 +195,12 @@ inline constexpr std::int32_t kExceptionFrame = 676;
 inline constexpr std::int32_t kTimeHeading = 677;
 inline constexpr std::int32_t kRowHeading = 678;
 inline constexpr std::int32_t kEraseHint = 679;
+// What the three editors share
+inline constexpr std::int32_t kUndo = 750;
+inline constexpr std::int32_t kRedo = 751;
+inline constexpr std::int32_t kUndoHint = 752;
+inline constexpr std::int32_t kRedoHint = 753;
+inline constexpr std::int32_t kAskClose = 754;
+inline constexpr std::int32_t kAskCloseTitle = 755;
 
 }  // namespace zek::text
