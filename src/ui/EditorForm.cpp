@@ -63,6 +63,13 @@ wxSizer* EditorForm::NewUndoAndRedo(Mnemonics& letters) {
   };
   undo_ = command("Command_Undo", text::kUndo, text::kUndoHint);
   redo_ = command("Command_Redo", text::kRedo, text::kRedoHint);
+  // By a button that takes the focus the box would have been left: what was typed would be a step,
+  // or be refused and leave the click to the step before.
+  undo_->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
+    const bool typed = HasEntry();
+    if (typed) StepBack();
+    event.Skip(!typed);
+  });
   undo_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { StepBack(); });
   redo_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { StepForward(); });
   auto* const both = new wxBoxSizer(wxHORIZONTAL);
@@ -187,10 +194,7 @@ void EditorForm::CloseOrStay() {
         Icon::Exclamation, proc_.Text(text::kAskClose), proc_.Text(text::kAskCloseTitle));
     if (!alive) return;
     asking_ = false;
-    if (!close) {
-      FocusEntry();
-      return;
-    }
+    if (!close) return;
   }
   End();
 }

@@ -85,6 +85,13 @@ TEST_P(EditorFormTest, UndoAndRedoByKeyAndByMouse) {
     Becomes("*SU", "while it is typed");
     Control('Z');
     Becomes(GetParam().end == 0 ? "R" : "", "taken back");
+    if (GetParam().end != 0) {
+      BeginChange();
+      Becomes("*SU", "while it is typed again");
+      Click(*Shown("Command_Undo"));
+      Becomes("", "taken back by mouse");
+      EXPECT_TRUE(HasFocus(GetParam().first));
+    }
     MakeChange();
     Becomes("*SU", "changed");
     Control('Z');
