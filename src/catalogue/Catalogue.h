@@ -25,7 +25,8 @@ std::string AttemptText(const ZV_Proc& proc, std::int32_t number, int attempt);
 
 /// Fetches a catalogue of the selected node, or takes its local copy, as settings and user say.
 /// True when `transfer.CatalogueLines` holds the catalogue; the user was told otherwise. A read
-/// that the user cancelled is false without a message.
+/// that the user cancelled is false without a message, and so is one that is begun while another
+/// catalogue is transferred.
 bool GetCatalogue(ZV_Proc& proc, Catalogue catalogue);
 
 /// Stores `transfer.CatalogueLines` (and `CatalogueDfv`) as the local copy and, when the user

@@ -89,11 +89,11 @@ class Reading {
     if (connection.CurrentTopic == -1) return Outcome::NoConnection;
     proc_.status.Dot();
     Pause(delays_.a);
-    if (proc_.waits.Stopped()) return Outcome::Failed;
+    if (proc_.waits.Stopped() || !IsConnected()) return Outcome::Failed;
     connection.SendCommand(kEnq);
     proc_.status.Dot();
     Pause(delays_.b);
-    if (proc_.waits.Stopped() || !connection.IsLinkUp()) return Outcome::Failed;
+    if (proc_.waits.Stopped() || !IsConnected()) return Outcome::Failed;
     proc_.transfer.Collect(KindOf(catalogue_));
     connection.SendCommand(ListCommand(proc_, catalogue_));
     proc_.status.Dot();
@@ -108,7 +108,13 @@ class Reading {
 
   bool IsOver() const {
     return proc_.transfer.Kind == TransferKind::Idle || proc_.transfer.ErrorSeen ||
-           proc_.connection.CurrentTopic == -1;
+           proc_.connection.CurrentTopic != proc_.selection.CurrentObject;
+  }
+
+  // To the object whose catalogue this is, whatever came during a wait.
+  bool IsConnected() const {
+    return proc_.connection.IsLinkUp() &&
+           proc_.connection.CurrentTopic == proc_.selection.CurrentObject;
   }
 
   // The reply handler loads the countdown again with every line: a time-out of silence.
@@ -188,6 +194,8 @@ void RefuseLocalMode(ZV_Proc& proc, Catalogue catalogue) {
 }  // namespace
 
 bool GetCatalogue(ZV_Proc& proc, Catalogue catalogue) {
+  // From inside a wait of another transfer, whose lines it would replace.
+  if (proc.status.Busy > 0) return false;
   if (LocalFileOf(proc.selection, catalogue).empty()) {
     proc.outside.prompts.Show(Icon::Information, proc.Text(text::kNoSuchCatalogue));
     return false;

@@ -172,6 +172,12 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kHistoryFailed,
      "Den lokala kopian %1 kunde inte sparas i historiken och är därför inte ändrad."_w1252},
     {text::kHistoryKind, "&Katalog:"_w1252},
+    {text::kUndo, "Ångra"_w1252},
+    {text::kRedo, "Gör om"_w1252},
+    {text::kUndoHint, "Tar tillbaka den senaste ändringen (Ctrl+Z)"_w1252},
+    {text::kRedoHint, "Gör om den ändring som togs tillbaka (Ctrl+Y)"_w1252},
+    {text::kAskClose, "Ändringarna är inte sparade. Stänga ändå?"_w1252},
+    {text::kAskCloseTitle, "Stäng"_w1252},
 });
 
 }  // namespace

@@ -207,5 +207,12 @@ inline constexpr std::int32_t kHistoryEmpty = 767;
 inline constexpr std::int32_t kHistorySame = 768;
 inline constexpr std::int32_t kHistoryFailed = 769;  // %1 the name of the local copy
 inline constexpr std::int32_t kHistoryKind = 770;
+// What the three editors share
+inline constexpr std::int32_t kUndo = 750;
+inline constexpr std::int32_t kRedo = 751;
+inline constexpr std::int32_t kUndoHint = 752;
+inline constexpr std::int32_t kRedoHint = 753;
+inline constexpr std::int32_t kAskClose = 754;
+inline constexpr std::int32_t kAskCloseTitle = 755;
 
 }  // namespace zek::text

@@ -12,12 +12,14 @@
 #include "app/ZV_Proc.h"
 #include "catalogue/Catalogue.h"
 #include "editors/SaveWithRetry.h"
+#include "editors/UndoHistory.h"
 #include "ui/Mnemonics.h"
 
 namespace zek {
 
 /// What the windows of the three catalogue editors share: a status line that shows what is
-/// transferred, "Spara" (and Ctrl+S) with the window blocked while a catalogue is written, Escape.
+/// transferred, "Spara" (and Ctrl+S) with the window blocked while a catalogue is written, undo and
+/// redo (Ctrl+Z, Ctrl+Y), "*" before the title of what is not saved, a question before it is lost.
 class EditorForm : public wxDialog {
  public:
   /// Shows what is transferred and waited for.
@@ -35,8 +37,15 @@ class EditorForm : public wxDialog {
 
   EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue catalogue, const Kind& kind);
 
-  /// Takes what was typed into the box that has the focus.
+  /// Takes what was typed into the box that has the focus, or shows there again what it held.
   virtual void TakeEntry() {}
+  virtual void DropEntry() {}
+  /// True when something was typed there that is not taken yet.
+  virtual bool HasEntry() const { return false; }
+  /// What the editor has, and its undo and redo, shown with the focus where the change was.
+  virtual EditState State() const = 0;
+  virtual void Undo() = 0;
+  virtual void Redo() = 0;
   /// Builds the lines and has them written by `write`.
   virtual SaveOutcome SaveTable(const CatalogueWriter& write) = 0;
   /// A key without modifiers; false for one that means nothing to the form.
@@ -45,6 +54,12 @@ class EditorForm : public wxDialog {
   /// A button of the form; `changes` tells that it has no use in a form that is for viewing only.
   wxButton* NewCommand(wxWindowID id, const std::string& name, const wxString& caption,
                        const wxString& toolTip, bool changes);
+  /// The buttons for saving, undo and redo.
+  wxButton* NewSave(const wxString& caption, const wxString& toolTip);
+  wxSizer* NewUndoAndRedo(Mnemonics& letters);
+  /// Shows by title and buttons what there is to be saved, undone and redone. To be called after
+  /// every change of the table; typing in a box is seen without.
+  void ShowChanges();
   /// `part` can't be used while a catalogue is written.
   void BlockWhileBusy(wxWindow* part, bool usable = true);
   /// Lays out the form with the status line below `content`, at its remembered place.
@@ -62,7 +77,15 @@ class EditorForm : public wxDialog {
   };
 
   void ShowBusy(bool busy);
+  void Allow(wxWindow* part, bool usable);
   void OnKey(wxKeyEvent& event);
+  void OnClose(wxCloseEvent& event);
+  void StepBack();
+  void StepForward();
+  bool IsUnsaved() const;
+  bool CanSave() const;
+  void CloseOrStay();
+  void End();
 
   WxTurn& turn_;
   Catalogue catalogue_;
@@ -70,7 +93,14 @@ class EditorForm : public wxDialog {
   bool closesWhenGivenUp_;
   std::vector<Part> parts_;
   wxStaticText* status_;
+  wxString title_;
+  wxButton* save_ = nullptr;
+  wxButton* undo_ = nullptr;
+  wxButton* redo_ = nullptr;
   bool busy_ = false;
+  bool fromCopy_;         // the controller may never have got what the form was opened on
+  bool givenUp_ = false;  // a write was; the local copy has what the controller lacks
+  bool asking_ = false;   // whether to close
 };
 
 /// Shows the form until it is closed and destroys it. `opened` is called when it is on the screen.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -17,6 +18,8 @@ class MemoryLink final : public Link {
   bool reachable = true;  // false: opening fails at once
   bool silent = false;    // opening never ends
   int openMilliseconds = 20;
+  int closeMilliseconds = 0;
+  int confirmMilliseconds = 0;  // until the peer has confirmed what was sent
   bool takesBytes = true;  // false: Send fails
   std::vector<LinkTarget> opened;
   std::string sent;                           // all bytes, of all connections
@@ -42,15 +45,21 @@ class MemoryLink final : public Link {
   bool Send(std::string_view bytes) override {
     if (state_ != LinkState::Connected || !takesBytes) return false;
     sent += bytes;
+    confirmed_ = turn_.Now() + confirmMilliseconds;
     onSent(bytes);
     return true;
   }
 
-  bool AllSent() const override { return true; }
+  bool AllSent() const override { return turn_.Now() >= confirmed_; }
 
   void Close() override {
-    ++serial_;
-    state_ = LinkState::Closed;
+    const unsigned serial = ++serial_;
+    const bool slowly = state_ == LinkState::Connected && closeMilliseconds > 0;
+    state_ = slowly ? LinkState::Closing : LinkState::Closed;
+    if (!slowly) return;
+    turn_.After(closeMilliseconds, [this, serial] {
+      if (serial == serial_) state_ = LinkState::Closed;
+    });
   }
 
   LinkState State() const override { return state_; }
@@ -84,6 +93,7 @@ class MemoryLink final : public Link {
   VirtualTurn& turn_;
   LinkState state_ = LinkState::Closed;
   unsigned serial_ = 0;
+  std::int64_t confirmed_ = 0;
 };
 
 }  // namespace zek::test

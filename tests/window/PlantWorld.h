@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include <wx/app.h>
 
@@ -18,12 +19,16 @@ class PlantLink final : public Link {
  public:
   explicit PlantLink(sim::Plant& plant) : plant_(plant) {}
 
-  bool silent = false;  // takes commands and answers none
+  bool silent = false;            // takes commands and answers none
+  bool answersOpen = true;        // else a connect waits in vain
+  std::vector<std::string> sent;  // all bytes of each connection
 
   void Open(const LinkTarget& /*target*/) override {
     ++opened_;
     state_ = LinkState::Opening;
     conversation_.emplace(plant_);
+    sent.emplace_back();
+    if (!answersOpen) return;
     Post([this] {
       state_ = LinkState::Connected;
       Events().OnLinkText(conversation_->Greeting());
@@ -31,6 +36,7 @@ class PlantLink final : public Link {
   }
   bool Send(std::string_view bytes) override {
     if (state_ != LinkState::Connected) return false;
+    sent.back() += bytes;
     if (silent) return true;
     Post([this, reply = conversation_->Receive(bytes)] {
       if (!reply.empty()) Events().OnLinkText(reply);

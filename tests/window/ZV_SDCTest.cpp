@@ -135,9 +135,15 @@ TEST_F(CalendarFormTest, ByKeyboardAndFetchedAgain) {
   const std::map<int, std::string> saved = PlantLines();
   PlantLines().at(1001).replace(7, 2, "02");  // as if somebody else had changed it
   world.prompts.answers = {true};
-  Run({{InEditor, [] { Press('S', wxMOD_CONTROL); }}});
+  Run({{InEditor, [this, press] {
+          for (int month = static_cast<int>(wxDateTime::Today().GetMonth()); month < 12; ++month)
+            Press(WXK_PAGEDOWN);
+          Turn(january, [] {});
+          press({WXK_HOME, WXK_RIGHT, WXK_RIGHT, '2', WXK_RETURN});
+          Press('S', wxMOD_CONTROL);
+        }}});
   EXPECT_EQ(PlantLines().at(1000), saved.at(1000));
-  EXPECT_EQ(PlantLines().at(1001).substr(7, 2), "02");
+  EXPECT_EQ(PlantLines().at(1001).substr(7, 20), Date("02-JAN", 1) + ".." + Date("03-JAN", 1));
 }
 
 TEST_F(CalendarFormTest, TheTypeAndTheFramesHaveKeys) {

@@ -85,6 +85,7 @@ TEST_F(WeekdayFormTest, ByMouseFromTheTreeToThePlant) {
 }
 
 TEST_F(WeekdayFormTest, EnterRowsCopyEraseAndTypes) {
+  world.prompts.answers = {true};  // close without saving
   Run({{InBrowser, FetchFirstTimeControl},
        {InEditor,
         [] {
@@ -115,6 +116,7 @@ TEST_F(WeekdayFormTest, EnterRowsCopyEraseAndTypes) {
 }
 
 TEST_F(WeekdayFormTest, ValuesComeFromAPickListByClickAndByKey) {
+  world.prompts.answers = {true};  // close without saving
   Run({{InBrowser, FetchFirstTimeControl},
        {InEditor,
         [] {
@@ -140,11 +142,24 @@ TEST_F(WeekdayFormTest, AFailedSaveLeavesItOpenAndUnreadLinesAreTold) {
   const auto shown = [this](std::size_t count) {
     return [this, count] { return InEditor() && world.prompts.shown.size() == count; };
   };
-  world.prompts.answers = {true, false, false};  // lines are lost; don't send; don't try again
+  // Lines are lost; don't send; don't try again; close without it.
+  world.prompts.answers = {true, false, false, true};
   Run({{InBrowser, FetchFirstTimeControl},
-       {shown(1), [] { Press('S', wxMOD_CONTROL); }},
-       {shown(4), Escape},
+       {shown(1),
+        [] {
+          Type("8");
+          Press('S', wxMOD_CONTROL);
+        }},
+       {shown(4),
+        [] {
+          EXPECT_TRUE(Shown("Command_Ok")->IsEnabled());
+          Press('Z', wxMOD_CONTROL);  // as fetched again, which the local copy is no longer
+          EXPECT_TRUE(PumpUntil([] { return Value("Text_Start0") == "07:00"; }));
+          EXPECT_TRUE(Shown("Command_Ok")->IsEnabled());
+          Escape();
+        }},
        {InBrowser, Escape}});
+  EXPECT_EQ(world.prompts.shown.size(), 5U);
   EXPECT_NE(world.prompts.shown[0].find("!XX"), std::string::npos);
 }
 

@@ -64,11 +64,11 @@ CalendarEditor::CalendarEditor(std::span<const std::string> lines, std::string n
       years_(years),
       today_(today),
       access_(access),
-      table_(today.year),
+      history_(CalendarTable(today.year)),
       month_(today.month),
       cursor_(today.day) {
   CalendarReading reading = ReadCalendar(lines, years_, today.year);
-  table_ = reading.table;
+  history_ = decltype(history_)(reading.table);
   refused_ = std::move(reading.refused);
   linesLost_ = reading.linesLost;
 }
@@ -116,7 +116,7 @@ CalendarCell CalendarEditor::Cell(int day, const LanguageTexts& texts) const {
   const std::optional<DayRun> selection = Selection();
   CalendarCell cell;
   cell.number = std::to_string(day);
-  cell.type = DayTypeAbbreviation(table_.TypeOn(DateOf(day)), texts);
+  cell.type = DayTypeAbbreviation(Table().TypeOn(DateOf(day)), texts);
   cell.free = IsFree(day);
   cell.selected = selection && day >= selection->first && day <= selection->last;
   cell.today = DateOf(day) == today_;
@@ -132,7 +132,7 @@ std::string CalendarEditor::CellName(int day, const LanguageTexts& texts) const 
   const CalendarDate date = DateOf(day);
   std::string name = DateName(date, ColumnOf(date), texts);
   const auto add = [&name](const std::string& part) { name.append(", ").append(part); };
-  if (const auto type = table_.TypeOn(date); type != kNoDayType) add(SpokenDayType(type, texts));
+  if (const auto type = Table().TypeOn(date); type != kNoDayType) add(SpokenDayType(type, texts));
   if (IsHoliday(date)) add(texts.Text(text::kSpokenHoliday));
   if (cell.today) add(texts.Text(text::kSpokenToday));
   if (cell.selected) add(texts.Text(text::kSpokenSelected));
@@ -208,9 +208,22 @@ void CalendarEditor::Apply(Prompts& prompts, const LanguageTexts& texts) {
   if (ViewOnly()) return;
   if (type_ != kNoDayType && !years_.Has(DateOf(1).year)) return TellYear(prompts, texts);
   const DayRun run = Selection().value_or(DayRun{cursor_, cursor_});
-  if (table_.Give(DateOf(run.first), DateOf(run.last), type_)) return;
+  bool room = true;
+  history_.Change({year_, month_, cursor_, anchor_}, [&](CalendarTable& table) {
+    room = table.Give(DateOf(run.first), DateOf(run.last), type_);
+  });
+  if (room) return;
   prompts.Show(Icon::Information,
                Message(texts.Text(text::kCalendarFull), {std::to_string(kCalendarEntries)}));
+}
+
+bool CalendarEditor::ShowPlace(const std::optional<CalendarPlace>& place) {
+  if (!place) return false;
+  ShowYear(place->year);
+  ShowMonth(place->month);
+  cursor_ = place->cursor;
+  anchor_ = place->anchor;
+  return true;
 }
 
 void CalendarEditor::TellYear(Prompts& prompts, const LanguageTexts& texts) const {
@@ -227,7 +240,7 @@ SaveOutcome CalendarEditor::Save(const CatalogueWriter& writer, Prompts& prompts
                                  const LanguageTexts& texts) const {
   if (ViewOnly()) return SaveOutcome::NotTried;
   constexpr RetryTexts retry{text::kWeekdayRetry, text::kWeekdayRetryTitle};
-  return SaveWithRetry(BuildCalendar(table_, name_, years_.generation), linesLost_, writer, retry,
+  return SaveWithRetry(BuildCalendar(Table(), name_, years_.generation), linesLost_, writer, retry,
                        prompts, texts);
 }
 

@@ -10,6 +10,7 @@
 #include "app/Prompts.h"
 #include "editors/Access.h"
 #include "editors/SaveWithRetry.h"
+#include "editors/UndoHistory.h"
 #include "editors/calendar/CalendarTable.h"
 #include "editors/calendar/CalendarText.h"
 #include "lang/LanguageTexts.h"
@@ -49,6 +50,14 @@ struct CalendarCell {
   DayColour Colour() const;
 };
 
+/// The days that were changed, as they were selected.
+struct CalendarPlace {
+  int year = 0;
+  int month = 0;
+  int cursor = 1;
+  std::optional<int> anchor;  // the other end of the selection
+};
+
 /// The message of a refused line, with the information icon.
 void ShowRefused(const RefusedDates& refused, Prompts& prompts, const LanguageTexts& texts);
 
@@ -62,7 +71,7 @@ class CalendarEditor {
   CalendarEditor(std::span<const std::string> lines, std::string name, const CalendarYears& years,
                  const CalendarDate& today, Access access);
 
-  const CalendarTable& Table() const { return table_; }
+  const CalendarTable& Table() const { return history_.Now(); }
   /// The lines that were not read, to be shown with `ShowRefused` when the editor opens.
   const std::vector<RefusedDates>& Refused() const { return refused_; }
   bool ViewOnly() const { return access_ == Access::ViewOnly; }
@@ -71,7 +80,7 @@ class CalendarEditor {
 
   int Year() const { return year_; }    // 0 to 5, from the base year on
   int Month() const { return month_; }  // 0 to 11
-  int Days() const { return MonthLength(table_.BaseYear() + year_, month_); }
+  int Days() const { return MonthLength(Table().BaseYear() + year_, month_); }
   /// The column, Monday being 0, of the month's first day.
   int FirstColumn() const;
   /// The day in a row (0 to 5) and column (0 to 6) of the grid; nothing in an empty cell.
@@ -110,6 +119,12 @@ class CalendarEditor {
   /// and a calendar without room are told, and nothing changes.
   void Apply(Prompts& prompts, const LanguageTexts& texts);
 
+  /// Giving days a type is one step, if that changes anything. Undo and redo show the month and
+  /// select the days; false when there is no step.
+  bool Undo() { return ShowPlace(history_.Undo()); }
+  bool Redo() { return ShowPlace(history_.Redo()); }
+  EditState State() const { return history_.State(); }
+
   CalendarCell Cell(int day, const LanguageTexts& texts) const;
   /// "December 2026", above the grid.
   std::string MonthText(const LanguageTexts& texts) const;
@@ -121,8 +136,9 @@ class CalendarEditor {
                    const LanguageTexts& texts) const;
 
  private:
-  CalendarDate DateOf(int day) const { return {table_.BaseYear() + year_, month_, day}; }
+  CalendarDate DateOf(int day) const { return {Table().BaseYear() + year_, month_, day}; }
   bool IsFree(int day) const;
+  bool ShowPlace(const std::optional<CalendarPlace>& place);
   void Leave();
   void MoveBeyond(int day);
   void TellYear(Prompts& prompts, const LanguageTexts& texts) const;
@@ -131,7 +147,7 @@ class CalendarEditor {
   CalendarYears years_;
   CalendarDate today_;
   Access access_;
-  CalendarTable table_;
+  UndoHistory<CalendarTable, CalendarPlace, SameCalendar> history_;
   std::vector<RefusedDates> refused_;
   std::size_t linesLost_ = 0;
   int year_ = 0;

@@ -93,4 +93,10 @@ void CalendarTable::Sort() {
   std::stable_sort(entries_.begin(), end, ByDate);
 }
 
+bool SameCalendar::operator()(CalendarTable left, CalendarTable right) const {
+  left.Sort();
+  right.Sort();
+  return left == right;
+}
+
 }  // namespace zek

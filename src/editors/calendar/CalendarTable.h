@@ -82,4 +82,9 @@ class CalendarTable {
   std::array<CalendarEntry, kCalendarEntries> entries_;  // those in use stand first
 };
 
+/// Tables that show and save the same: their entries may stand in another order.
+struct SameCalendar {
+  bool operator()(CalendarTable left, CalendarTable right) const;
+};
+
 }  // namespace zek

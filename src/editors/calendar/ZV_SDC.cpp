@@ -70,7 +70,6 @@ void ZV_SDC::BindEvents() {
   };
   step(Command_Last, -1);
   step(Command_Next, 1);
-  Command_Ok->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Save(); });
   BuildAccelerators();
 }
 
@@ -107,6 +106,19 @@ void ZV_SDC::ShowAll() {
   check(Option_Day, editor_.DayType());
   month_->SetLabel(ToWx(editor_.MonthText(proc_.texts)));
   Picture_Days->ShowDays();
+  ShowChanges();
+}
+
+void ZV_SDC::Undo() {
+  if (!editor_.Undo()) return;
+  ShowAll();
+  FocusEntry();
+}
+
+void ZV_SDC::Redo() {
+  if (!editor_.Redo()) return;
+  ShowAll();
+  FocusEntry();
 }
 
 void ShowCalendarForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {

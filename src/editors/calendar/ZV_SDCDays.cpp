@@ -222,7 +222,7 @@ void DayGrid::OnRelease(wxMouseEvent& event) {
   // A message runs events, and the form may go meanwhile.
   const wxWeakRef<DayGrid> alive(this);
   editor_.Release(DayUnder(event.GetPosition()), prompts_, texts_);
-  if (alive) ShowDays();
+  if (alive) changed_();
 }
 
 // --- Keyboard ---
@@ -294,7 +294,7 @@ bool DayGrid::TakeDigit(int key) {
 void DayGrid::Apply() {
   const wxWeakRef<DayGrid> alive(this);
   editor_.Apply(prompts_, texts_);
-  if (alive) ShowDays();
+  if (alive) changed_();
 }
 
 }  // namespace zek

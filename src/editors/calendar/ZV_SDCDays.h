@@ -21,7 +21,7 @@ struct DayColours;
 /// another year.
 class DayGrid final : public wxControl {
  public:
-  /// `changed` is called when the month shown or the chosen type may be another one.
+  /// `changed` is called when the month shown, the chosen type or the calendar may be another one.
   DayGrid(wxWindow* parent, CalendarEditor& editor, const LanguageTexts& texts, Prompts& prompts,
           std::function<void()> changed);
 

@@ -27,6 +27,9 @@ class ZV_SDC final : public EditorForm {
   static constexpr std::size_t kDayTypes = kCalendarDayTypes + 1;
 
   SaveOutcome SaveTable(const CatalogueWriter& write) override;
+  EditState State() const override { return editor_.State(); }
+  void Undo() override;
+  void Redo() override;
 
   void Build();
   void BuildGrid();
@@ -53,6 +56,7 @@ class ZV_SDC final : public EditorForm {
   std::array<wxRadioButton*, kCalendarYears> Option_Year{};
   wxStaticBox* Frame_Month = nullptr;
   std::array<wxRadioButton*, kMonthsOfYear> Option_Month{};
+  wxSizer* undoAndRedo_ = nullptr;
   wxButton* Command_Ok = nullptr;
   wxButton* Command_Cancel = nullptr;
 };

@@ -47,8 +47,8 @@ void ZV_SDC::Build() {
   BuildGrid();
   BuildDayTypes();
   BuildYearsAndMonths();
-  Command_Ok =
-      NewCommand(wxID_ANY, "Command_Ok", letters_.Give(Caption(text::kCalendarOk)), {}, true);
+  undoAndRedo_ = NewUndoAndRedo(letters_);
+  Command_Ok = NewSave(letters_.Give(Caption(text::kCalendarOk)), {});
   Command_Cancel = NewCommand(wxID_CANCEL, "Command_Cancel",
                               letters_.Give(Caption(text::kCalendarCancel)), {}, false);
   const int gap = FromDIP(kGap);
@@ -63,6 +63,7 @@ void ZV_SDC::Build() {
       wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_END);
   auto* const commands = new wxBoxSizer(wxHORIZONTAL);
   commands->Add(hint, 1, wxALIGN_CENTER_VERTICAL | wxRIGHT, gap);
+  commands->Add(undoAndRedo_, 0, wxRIGHT, 3 * gap);
   commands->Add(Command_Ok, 0, wxRIGHT, gap);
   commands->Add(Command_Cancel);
   auto* const whole = new wxBoxSizer(wxVERTICAL);

@@ -22,6 +22,8 @@ struct ExceptionTexts {
   const std::string& operator[](ExceptionBox box) const {
     return texts.at(static_cast<std::size_t>(box));
   }
+
+  bool operator==(const ExceptionTexts&) const = default;
 };
 
 /// "2026-12-24".

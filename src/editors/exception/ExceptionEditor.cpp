@@ -19,6 +19,10 @@ struct DateAndTime {
 constexpr DateAndTime kStartBoxes{ExceptionBox::DateOn, ExceptionBox::Start};
 constexpr DateAndTime kStopBoxes{ExceptionBox::DateOff, ExceptionBox::Stop};
 
+bool IsOf(const DateAndTime& boxes, ExceptionBox box) {
+  return box == boxes.date || box == boxes.time;
+}
+
 }  // namespace
 
 ExceptionFocus NextFocus(ExceptionFocus from) {
@@ -45,7 +49,7 @@ ExceptionEditor::ExceptionEditor(std::span<const std::string> lines, ExceptionOw
       access_(owner_.name.empty() ? Access::ViewOnly : access),
       now_(std::move(now)) {
   ExceptionReading reading = ReadExceptions(lines_, owner_);
-  table_ = reading.table;
+  history_ = decltype(history_)(reading.table);
   refused_ = std::move(reading.refused);
   linesLost_ = reading.linesLost;
 }
@@ -53,7 +57,7 @@ ExceptionEditor::ExceptionEditor(std::span<const std::string> lines, ExceptionOw
 void ExceptionEditor::FocusRow(std::size_t row) { row_ = std::min(row, kExceptionRows - 1); }
 
 ExceptionTexts ExceptionEditor::RowTexts(std::size_t row) const {
-  return TextsOf(table_.rows.at(row), decimalSeparator_);
+  return TextsOf(Table().rows.at(row), decimalSeparator_);
 }
 
 Moment ExceptionEditor::TakeMoment(const std::string& date, const std::string& time,
@@ -72,31 +76,47 @@ std::vector<WrongEntry> ExceptionEditor::Enter(ExceptionFocus at, const Exceptio
   if (ViewOnly()) return {};
   const ExceptionTexts shown = RowTexts(at.row);
   const auto changed = [&](ExceptionBox box) { return typed[box] != shown[box]; };
-  OvcRow& row = table_.rows.at(at.row);
+  std::vector<WrongEntry> wrong;
   // Walking over a row must never change it: a value may have more digits than are shown.
-  if (at.box == ExceptionBox::ValueOn || at.box == ExceptionBox::ValueOff) {
-    float& value = at.box == ExceptionBox::ValueOn ? row.valueOn : row.valueOff;
-    if (changed(at.box)) value = TypedValue(typed[at.box]);
-    return {};
+  const bool isStart = IsOf(kStartBoxes, at.box);
+  if (isStart || IsOf(kStopBoxes, at.box)) {
+    const auto [date, time] = isStart ? kStartBoxes : kStopBoxes;
+    if (!changed(date) && !changed(time)) return {};
+    history_.Change(at, [&](ExceptionTable& table) {
+      TakeMoments(table.rows.at(at.row), at.box, typed, wrong);
+    });
+  } else if (changed(at.box)) {
+    history_.Change(at, [&](ExceptionTable& table) {
+      OvcRow& row = table.rows.at(at.row);
+      (at.box == ExceptionBox::ValueOn ? row.valueOn : row.valueOff) = TypedValue(typed[at.box]);
+    });
   }
-  const bool isStart = at.box == kStartBoxes.date || at.box == kStartBoxes.time;
+  return wrong;
+}
+
+void ExceptionEditor::TakeMoments(OvcRow& row, ExceptionBox box, const ExceptionTexts& typed,
+                                  std::vector<WrongEntry>& wrong) const {
+  const bool isStart = IsOf(kStartBoxes, box);
   const auto [date, time] = isStart ? kStartBoxes : kStopBoxes;
-  if (!changed(date) && !changed(time)) return {};
   if (isStart && typed[date].empty()) {
     row = {};
-    return {};
+    return;
   }
-  std::vector<WrongEntry> wrong;
-  Moment& moment = isStart ? row.start : row.stop;
-  moment = TakeMoment(typed[date], typed[time], wrong);
+  (isStart ? row.start : row.stop) = TakeMoment(typed[date], typed[time], wrong);
   row.used = true;
   if (isStart && row.stop == 0) row.stop = row.start;
-  return wrong;
+}
+
+std::optional<ExceptionFocus> ExceptionEditor::ShowPlace(
+    const std::optional<ExceptionFocus>& place) {
+  if (place) FocusRow(place->row);
+  return place;
 }
 
 std::size_t ExceptionEditor::Erase() {
   if (ViewOnly()) return row_;
-  table_.rows.at(row_).used = false;
+  history_.Change({ExceptionBox::DateOn, row_},
+                  [this](ExceptionTable& table) { table.rows.at(row_).used = false; });
   row_ = NextRow(row_);
   return row_;
 }
@@ -106,7 +126,7 @@ SaveOutcome ExceptionEditor::Save(const CatalogueWriter& writer,
   if (ViewOnly()) return SaveOutcome::NotTried;
   const auto options = ReadExceptionOptions(numbers, owner_.generation);
   if (!options) return SaveOutcome::NotTried;
-  const BuiltLines built = BuildExceptions(table_, owner_, lines_, *options, decimalSeparator_);
+  const BuiltLines built = BuildExceptions(Table(), owner_, lines_, *options, decimalSeparator_);
   constexpr RetryTexts retry{text::kExceptionRetry, text::kExceptionRetryTitle};
   return SaveWithRetry(built, linesLost_, writer, retry, numbers.prompts, numbers.texts);
 }

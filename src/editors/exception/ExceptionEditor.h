@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -11,6 +12,7 @@
 #include "app/Settings.h"
 #include "editors/Access.h"
 #include "editors/SaveWithRetry.h"
+#include "editors/UndoHistory.h"
 #include "editors/exception/ExceptionCells.h"
 #include "editors/exception/ExceptionTable.h"
 #include "editors/exception/ExceptionText.h"
@@ -55,7 +57,7 @@ class ExceptionEditor {
   ExceptionEditor(std::span<const std::string> lines, ExceptionOwner owner, char decimalSeparator,
                   Access access, Clock now);
 
-  const ExceptionTable& Table() const { return table_; }
+  const ExceptionTable& Table() const { return history_.Now(); }
   /// The lines that were not read, to be shown with `ShowRefused` when the editor opens.
   const std::vector<RefusedException>& Refused() const { return refused_; }
   bool ViewOnly() const { return access_ == Access::ViewOnly; }
@@ -78,11 +80,20 @@ class ExceptionEditor {
   /// row 0) the current one. Returns it.
   std::size_t Erase();
 
+  /// Every entry and erasure that changes what is shown is one step. Undo and redo make its row the
+  /// current one and return its box, or nothing when there is no step.
+  std::optional<ExceptionFocus> Undo() { return ShowPlace(history_.Undo()); }
+  std::optional<ExceptionFocus> Redo() { return ShowPlace(history_.Redo()); }
+  EditState State() const { return history_.State(); }
+
   /// Builds the lines by the settings that `numbers` reads and has them written (see
   /// `SaveWithRetry`).
   SaveOutcome Save(const CatalogueWriter& writer, const NumberReader& numbers) const;
 
  private:
+  std::optional<ExceptionFocus> ShowPlace(const std::optional<ExceptionFocus>& place);
+  void TakeMoments(OvcRow& row, ExceptionBox box, const ExceptionTexts& typed,
+                   std::vector<WrongEntry>& wrong) const;
   Moment TakeMoment(const std::string& date, const std::string& time,
                     std::vector<WrongEntry>& wrong) const;
 
@@ -91,7 +102,7 @@ class ExceptionEditor {
   char decimalSeparator_;
   Access access_;
   Clock now_;
-  ExceptionTable table_;
+  UndoHistory<ExceptionTable, ExceptionFocus, SameExceptions> history_{ExceptionTable{}};
   std::vector<RefusedException> refused_;
   std::size_t linesLost_ = 0;
   std::size_t row_ = 0;

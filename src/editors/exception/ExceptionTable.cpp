@@ -48,4 +48,11 @@ int TimeOfDay(Moment moment) {
   return time < 0 ? time + kMinutesOfDay : time;
 }
 
+bool SameExceptions::operator()(const ExceptionTable& left, const ExceptionTable& right) const {
+  const auto same = [](const OvcRow& one, const OvcRow& other) {
+    return one == other || (!one.used && !other.used);
+  };
+  return std::equal(left.rows.begin(), left.rows.end(), right.rows.begin(), same);
+}
+
 }  // namespace zek

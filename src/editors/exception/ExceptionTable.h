@@ -55,4 +55,10 @@ struct ExceptionTable {
   bool operator==(const ExceptionTable&) const = default;
 };
 
+/// Tables that show and save the same. What is left in an unused row shows only when it is used
+/// again.
+struct SameExceptions {
+  bool operator()(const ExceptionTable& left, const ExceptionTable& right) const;
+};
+
 }  // namespace zek

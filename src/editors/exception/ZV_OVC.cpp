@@ -31,8 +31,8 @@ ZV_OVC::ZV_OVC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, ExceptionEditor& e
   Build(pickList);
   Arrange();
   Command_Erase->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Erase(); });
-  Command_Ok->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Save(); });
   grid_->Focus({});
+  ShowChanges();
 }
 
 void ZV_OVC::Build(const PickList& pickList) {
@@ -40,11 +40,12 @@ void ZV_OVC::Build(const PickList& pickList) {
   Frame_OVC = new wxStaticBox(this, wxID_ANY, letters.Give(Caption(text::kExceptionFrame)));
   Frame_OVC->SetName("Frame_OVC");
   BlockWhileBusy(Frame_OVC);
-  grid_ = new OvcGrid(Frame_OVC, editor_, {proc_.texts, proc_.outside.prompts, pickList});
+  grid_ = new OvcGrid(Frame_OVC, editor_,
+                      {proc_.texts, proc_.outside.prompts, pickList, [this] { ShowChanges(); }});
   Command_Erase = NewCommand(wxID_ANY, "Command_Erase", letters.Give(Caption(kErase)),
                              Caption(text::kEraseHint), true);
-  Command_Ok =
-      NewCommand(wxID_ANY, "Command_Ok", letters.Give(Caption(kOk)), Caption(kOkToolTip), true);
+  undoAndRedo_ = NewUndoAndRedo(letters);
+  Command_Ok = NewSave(letters.Give(Caption(kOk)), Caption(kOkToolTip));
   Command_Cancel =
       NewCommand(wxID_CANCEL, "Command_Cancel", letters.Give(Caption(kCancel)), {}, false);
 }
@@ -55,6 +56,7 @@ void ZV_OVC::Arrange() {
   table->Add(grid_, 1, wxEXPAND | wxALL, gap);
   auto* const commands = new wxBoxSizer(wxHORIZONTAL);
   commands->Add(Command_Erase, 0, wxRIGHT, 3 * gap);
+  commands->Add(undoAndRedo_, 0, wxRIGHT, 3 * gap);
   commands->AddStretchSpacer();
   commands->Add(Command_Ok, 0, wxRIGHT, gap);
   commands->Add(Command_Cancel);
@@ -70,6 +72,13 @@ void ZV_OVC::Erase() {
   const std::size_t next = editor_.Erase();
   grid_->ShowRow(erased);
   grid_->Focus({ExceptionBox::DateOn, next});
+  ShowChanges();
+}
+
+void ZV_OVC::ShowAt(const std::optional<ExceptionFocus>& changed) {
+  if (!changed) return;
+  grid_->ShowRow(changed->row);
+  grid_->Focus(*changed);
 }
 
 SaveOutcome ZV_OVC::SaveTable(const CatalogueWriter& write) {

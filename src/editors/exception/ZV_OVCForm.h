@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include <wx/statbox.h>
 
 #include "editors/exception/ExceptionEditor.h"
@@ -19,8 +21,14 @@ class ZV_OVC final : public EditorForm {
   void Build(const PickList& pickList);
   void Arrange();
   void Erase();
+  void ShowAt(const std::optional<ExceptionFocus>& changed);
 
   void TakeEntry() override { grid_->TakeEntry(); }
+  void DropEntry() override { grid_->DropEntry(); }
+  bool HasEntry() const override { return grid_->HasEntry(); }
+  EditState State() const override { return editor_.State(); }
+  void Undo() override { ShowAt(editor_.Undo()); }
+  void Redo() override { ShowAt(editor_.Redo()); }
   SaveOutcome SaveTable(const CatalogueWriter& write) override;
   void FocusEntry() override { grid_->FocusLast(); }
   bool TakeKey(int key) override { return grid_->TakeKey(key); }
@@ -29,6 +37,7 @@ class ZV_OVC final : public EditorForm {
   wxStaticBox* Frame_OVC = nullptr;
   OvcGrid* grid_ = nullptr;
   wxButton* Command_Erase = nullptr;
+  wxSizer* undoAndRedo_ = nullptr;
   wxButton* Command_Ok = nullptr;
   wxButton* Command_Cancel = nullptr;
 };

@@ -169,6 +169,7 @@ void OvcGrid::ShowRow(std::size_t row) {
 void OvcGrid::Enter(ExceptionFocus at, const ExceptionTexts& typed) {
   const std::vector<WrongEntry> wrong = editor_.Enter(at, typed);
   ShowRow(at.row);
+  parts_.changed();
   if (wrong.empty()) return;
   wrong_.insert(wrong_.end(), wrong.begin(), wrong.end());
   // The focus is on its way: a message would get into that way.
@@ -186,6 +187,16 @@ void OvcGrid::SelectFocused() {
 
 void OvcGrid::TakeEntry() {
   if (const auto at = FocusedBox()) Enter(*at, Typed(at->row));
+}
+
+bool OvcGrid::HasEntry() const {
+  const auto at = FocusedBox();
+  return at && Typed(at->row) != editor_.RowTexts(at->row);
+}
+
+void OvcGrid::DropEntry() {
+  if (const auto at = FocusedBox()) ShowRow(at->row);
+  SelectFocused();
 }
 
 bool OvcGrid::TellWrong() {

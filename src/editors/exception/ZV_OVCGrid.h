@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -21,7 +22,8 @@ class OvcGrid final : public wxPanel {
   struct Parts {
     const LanguageTexts& texts;
     Prompts& prompts;
-    const PickList& pickList;  // offered on the value boxes
+    const PickList& pickList;       // offered on the value boxes
+    std::function<void()> changed;  // called after every entry
   };
 
   OvcGrid(wxWindow* parent, ExceptionEditor& editor, const Parts& parts);
@@ -30,6 +32,11 @@ class OvcGrid final : public wxPanel {
 
   /// Takes what was typed into the focused box before something else is done with the table.
   void TakeEntry();
+
+  /// True when the row of the focused box holds something else than the table; what it held is
+  /// shown again.
+  bool HasEntry() const;
+  void DropEntry();
 
   /// Tells what was wrong in the entries since the last time; false when nothing was.
   bool TellWrong();

@@ -44,7 +44,7 @@ WeekdayEditor::WeekdayEditor(std::span<const std::string> lines, std::string nam
       decimalSeparator_(decimalSeparator),
       access_(access) {
   WeekdayReading reading = ReadWeekday(lines_, name_);
-  table_ = reading.table;
+  history_ = decltype(history_)(reading.table);
   refused_ = std::move(reading.refused);
   linesLost_ = reading.linesLost;
 }
@@ -59,7 +59,7 @@ void WeekdayEditor::FocusColumn(std::size_t column) { column_ = std::min(column,
 
 std::string WeekdayEditor::TypeCaption(std::size_t type, const LanguageTexts& texts) const {
   const auto number = type == 0 ? text::kWeekdays : text::kSpecialDays;
-  return texts.Text(number) + " (" + std::to_string(table_.UsedRows(type)) + ")";
+  return texts.Text(number) + " (" + std::to_string(Table().UsedRows(type)) + ")";
 }
 
 std::string WeekdayEditor::StartText(std::size_t column) const {
@@ -78,39 +78,57 @@ std::string WeekdayEditor::ValueOffText(std::size_t column) const {
   return zek::ValueOffText(Cells(column), decimalSeparator_);
 }
 
+template <class Edit>
+void WeekdayEditor::Change(WeekdayFocus at, Edit edit) {
+  history_.Change({type_, row_, at}, [&](WeekdayTable& table) {
+    edit(table.days[type_ * kDaysOfType + at.column][row_]);
+  });
+}
+
+std::optional<WeekdayFocus> WeekdayEditor::ShowPlace(const std::optional<WeekdayPlace>& place) {
+  if (!place) return std::nullopt;
+  ShowType(place->type);
+  ShowRow(place->row);
+  FocusColumn(place->focus.column);
+  return place->focus;
+}
+
 void WeekdayEditor::EnterStart(std::size_t column, std::string_view text) {
   if (ViewOnly()) return;
-  if (const auto time = TypedTime(text)) Cells(column).start = *time;
+  const auto time = TypedTime(text);
+  if (time) Change({WeekdayBox::Start, column}, [&](WeekdayRow& row) { row.start = *time; });
 }
 
 void WeekdayEditor::EnterStop(std::size_t column, std::string_view text) {
   if (ViewOnly()) return;
-  if (const auto time = TypedTime(text)) Cells(column).stop = *time;
+  const auto time = TypedTime(text);
+  if (time) Change({WeekdayBox::Stop, column}, [&](WeekdayRow& row) { row.stop = *time; });
 }
 
 // A value that was only looked at stays as it is to the last bit: its text may hold fewer digits,
 // and days would stop being equal.
 void WeekdayEditor::EnterValueOn(std::size_t column, std::string_view text) {
   if (ViewOnly() || text == ValueOnText(column)) return;
-  Cells(column).valueOn = TypedValueOn(text);
+  Change({WeekdayBox::ValueOn, column}, [&](WeekdayRow& row) { row.valueOn = TypedValueOn(text); });
 }
 
 void WeekdayEditor::EnterValueOff(std::size_t column, std::string_view text) {
   if (ViewOnly() || !HasStopValues() || text == ValueOffText(column)) return;
-  Cells(column).valueOff = TypedValueOff(text);
+  Change({WeekdayBox::ValueOff, column},
+         [&](WeekdayRow& row) { row.valueOff = TypedValueOff(text); });
 }
 
 std::size_t WeekdayEditor::Copy() {
   if (ViewOnly()) return column_;
-  const WeekdayRow row = Cells(column_);
+  const WeekdayRow copied = Cells(column_);
   column_ = NextColumn(column_);
-  Cells(column_) = row;
+  Change({WeekdayBox::Start, column_}, [&](WeekdayRow& row) { row = copied; });
   return column_;
 }
 
 std::size_t WeekdayEditor::Erase() {
   if (ViewOnly()) return column_;
-  Cells(column_) = {};
+  Change({WeekdayBox::Start, column_}, [](WeekdayRow& row) { row = {}; });
   column_ = NextColumn(column_);
   return column_;
 }
@@ -119,7 +137,7 @@ SaveOutcome WeekdayEditor::Save(const CatalogueWriter& writer, Prompts& prompts,
                                 const LanguageTexts& texts) const {
   if (ViewOnly()) return SaveOutcome::NotTried;
   const BuiltLines built =
-      BuildWeekday(table_, name_, lines_, BuildStart::Afresh, decimalSeparator_);
+      BuildWeekday(Table(), name_, lines_, BuildStart::Afresh, decimalSeparator_);
   constexpr RetryTexts retry{text::kWeekdayRetry, text::kWeekdayRetryTitle};
   return SaveWithRetry(built, linesLost_, writer, retry, prompts, texts);
 }

@@ -10,6 +10,7 @@
 #include "app/Prompts.h"
 #include "editors/Access.h"
 #include "editors/SaveWithRetry.h"
+#include "editors/UndoHistory.h"
 #include "editors/weekday/WeekdayTable.h"
 #include "editors/weekday/WeekdayText.h"
 #include "lang/LanguageTexts.h"
@@ -24,6 +25,13 @@ struct WeekdayFocus {
   std::size_t column = 0;
 
   bool operator==(const WeekdayFocus&) const = default;
+};
+
+/// The box at which the table was changed, and what was shown then.
+struct WeekdayPlace {
+  std::size_t type = 0;
+  std::size_t row = 0;
+  WeekdayFocus focus;
 };
 
 /// Where the Enter key leads: down the column, then to the top of the next one, from the last
@@ -43,7 +51,7 @@ class WeekdayEditor {
   WeekdayEditor(std::span<const std::string> lines, std::string name, char decimalSeparator,
                 Access access);
 
-  const WeekdayTable& Table() const { return table_; }
+  const WeekdayTable& Table() const { return history_.Now(); }
   /// The line at which reading stopped, to be shown with `ShowRefused` when the editor opens.
   const std::optional<RefusedLine>& Refused() const { return refused_; }
   bool ViewOnly() const { return access_ == Access::ViewOnly; }
@@ -82,21 +90,29 @@ class WeekdayEditor {
   /// Empties the focused column's row and makes the next column the focused one, as `Copy` does.
   std::size_t Erase();
 
+  /// Every entry, copy and erasure that changes the table is one step. Undo and redo show the type,
+  /// row and column where it was made and return its box, or nothing when there is no step.
+  std::optional<WeekdayFocus> Undo() { return ShowPlace(history_.Undo()); }
+  std::optional<WeekdayFocus> Redo() { return ShowPlace(history_.Redo()); }
+  EditState State() const { return history_.State(); }
+
   /// Builds the lines and has them written (see `SaveWithRetry`).
   SaveOutcome Save(const CatalogueWriter& writer, Prompts& prompts,
                    const LanguageTexts& texts) const;
 
  private:
-  WeekdayRow& Cells(std::size_t column) { return table_.days[type_ * kDaysOfType + column][row_]; }
   const WeekdayRow& Cells(std::size_t column) const {
-    return table_.days[type_ * kDaysOfType + column][row_];
+    return Table().days[type_ * kDaysOfType + column][row_];
   }
+  template <class Edit>
+  void Change(WeekdayFocus at, Edit edit);
+  std::optional<WeekdayFocus> ShowPlace(const std::optional<WeekdayPlace>& place);
 
   std::vector<std::string> lines_;
   std::string name_;
   char decimalSeparator_;
   Access access_;
-  WeekdayTable table_;
+  UndoHistory<WeekdayTable, WeekdayPlace> history_{WeekdayTable{}};
   std::optional<RefusedLine> refused_;
   std::size_t linesLost_ = 0;
   std::size_t type_ = 0;

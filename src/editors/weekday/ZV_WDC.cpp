@@ -13,6 +13,7 @@ ZV_WDC::ZV_WDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, WeekdayEditor& edi
   Build(pickList);
   BindEvents();
   grid_->FocusStart(0);
+  ShowChanges();
 }
 
 void ZV_WDC::BindEvents() {
@@ -25,7 +26,6 @@ void ZV_WDC::BindEvents() {
   }
   Command_Copy->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Change(&WeekdayEditor::Copy); });
   Command_Erase->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Change(&WeekdayEditor::Erase); });
-  Command_Ok->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Save(); });
 }
 
 void ZV_WDC::Change(std::size_t (WeekdayEditor::*change)()) {
@@ -34,6 +34,15 @@ void ZV_WDC::Change(std::size_t (WeekdayEditor::*change)()) {
   grid_->ShowCells();
   ShowTypeCaptions();
   grid_->FocusStart(column);
+  ShowChanges();
+}
+
+void ZV_WDC::ShowAt(const std::optional<WeekdayFocus>& changed) {
+  if (!changed) return;
+  Option_Type.at(editor_.Type())->SetValue(true);
+  ShowTypeCaptions();
+  grid_->ShowCells();
+  grid_->Focus(*changed);
 }
 
 SaveOutcome ZV_WDC::SaveTable(const CatalogueWriter& write) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 #include <wx/radiobut.h>
 #include <wx/statbox.h>
@@ -27,8 +28,14 @@ class ZV_WDC final : public EditorForm {
   void BindEvents();
   void ShowTypeCaptions();
   void Change(std::size_t (WeekdayEditor::*change)());
+  void ShowAt(const std::optional<WeekdayFocus>& changed);
 
   void TakeEntry() override { grid_->TakeEntry(); }
+  void DropEntry() override { grid_->DropEntry(); }
+  bool HasEntry() const override { return grid_->HasEntry(); }
+  EditState State() const override { return editor_.State(); }
+  void Undo() override { ShowAt(editor_.Undo()); }
+  void Redo() override { ShowAt(editor_.Redo()); }
   SaveOutcome SaveTable(const CatalogueWriter& write) override;
   void FocusEntry() override { grid_->FocusStart(editor_.Column()); }
   bool TakeKey(int key) override { return grid_->TakeKey(key); }
@@ -41,6 +48,7 @@ class ZV_WDC final : public EditorForm {
   std::array<std::size_t, 2> optionLetters_{};  // where the "&" of each caption stands
   wxButton* Command_Copy = nullptr;
   wxButton* Command_Erase = nullptr;
+  wxSizer* undoAndRedo_ = nullptr;
   wxButton* Command_Ok = nullptr;
   wxButton* Command_Cancel = nullptr;
 };

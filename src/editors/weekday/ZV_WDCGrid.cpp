@@ -185,10 +185,19 @@ void WeekdayGrid::GoToRow(std::size_t row) {
   if (const auto at = FocusedBox()) Box(*at).SelectAll();
 }
 
-void WeekdayGrid::FocusStart(std::size_t column) {
-  wxTextCtrl& box = Box({WeekdayBox::Start, column});
-  box.SetFocus();
-  box.SelectAll();
+bool WeekdayGrid::HasEntry() const {
+  const auto at = FocusedBox();
+  return at && FromWx(Box(*at).GetValue()) != CellText(*at);
+}
+
+void WeekdayGrid::DropEntry() {
+  ShowCells();
+  if (const auto at = FocusedBox()) Box(*at).SelectAll();
+}
+
+void WeekdayGrid::Focus(WeekdayFocus at) {
+  Box(at).SetFocus();
+  Box(at).SelectAll();
 }
 
 bool WeekdayGrid::TakeKey(int key) {

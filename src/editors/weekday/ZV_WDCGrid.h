@@ -30,10 +30,15 @@ class WeekdayGrid final : public wxPanel {
   /// Takes what was typed into the focused box before something else is done with the row.
   void TakeEntry();
 
+  /// True when the focused box holds something else than the table; what it held is shown again.
+  bool HasEntry() const;
+  void DropEntry();
+
   void GoToRow(std::size_t row);
 
-  /// Puts the focus into the start time of a column.
-  void FocusStart(std::size_t column);
+  /// Puts the focus into a box, or into the start time of a column.
+  void Focus(WeekdayFocus at);
+  void FocusStart(std::size_t column) { Focus({WeekdayBox::Start, column}); }
 
   /// Enter, PageUp and PageDown; false for any other key.
   bool TakeKey(int key);

@@ -32,8 +32,10 @@ void ZV_WDC::Build(const PickList& pickList) {
 void ZV_WDC::BuildFrames(Mnemonics& letters, const PickList& pickList) {
   Frame_WDC = new wxStaticBox(this, wxID_ANY, letters.Give(Caption(kFrameWdc)));
   Frame_WDC->SetName("Frame_WDC");
-  grid_ =
-      new WeekdayGrid(Frame_WDC, editor_, proc_.texts, pickList, [this] { ShowTypeCaptions(); });
+  grid_ = new WeekdayGrid(Frame_WDC, editor_, proc_.texts, pickList, [this] {
+    ShowTypeCaptions();
+    ShowChanges();
+  });
   Frame_Type = new wxStaticBox(this, wxID_ANY, Caption(kFrameType));
   Frame_Type->SetName("Frame_Type");
   for (std::size_t type = 0; type < Option_Type.size(); ++type) {
@@ -52,7 +54,8 @@ void ZV_WDC::BuildCommands(Mnemonics& letters) {
   };
   Command_Copy = command(wxID_ANY, "Command_Copy", kCopy, true);
   Command_Erase = command(wxID_ANY, "Command_Erase", kErase, true);
-  Command_Ok = command(wxID_ANY, "Command_Ok", kOk, true);
+  undoAndRedo_ = NewUndoAndRedo(letters);
+  Command_Ok = NewSave(letters.Give(Caption(kOk)), Caption(kOk - kCopy + kToolTips));
   Command_Cancel = command(wxID_CANCEL, "Command_Cancel", kCancel, false);
 }
 
@@ -66,6 +69,7 @@ void ZV_WDC::Arrange() {
   auto* const commands = new wxBoxSizer(wxHORIZONTAL);
   commands->Add(Command_Copy, 0, wxRIGHT, gap);
   commands->Add(Command_Erase, 0, wxRIGHT, 3 * gap);
+  commands->Add(undoAndRedo_, 0, wxRIGHT, 3 * gap);
   commands->AddStretchSpacer();
   commands->Add(Command_Ok, 0, wxRIGHT, gap);
   commands->Add(Command_Cancel);
