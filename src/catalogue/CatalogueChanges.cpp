@@ -1,6 +1,7 @@
 #include "catalogue/CatalogueChanges.h"
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <span>
 #include <tuple>
@@ -47,6 +48,7 @@ class Comparison {
     std::stable_sort(before_.begin(), before_.end(), ByKey);
     std::stable_sort(after_.begin(), after_.end(), ByKey);
     Walk();
+    PairByNumber();
     JoinDays();
   }
 
@@ -107,7 +109,8 @@ class Comparison {
 
   void AddGone(const CatalogueEntry& entry) {
     const DropReason reason = ReasonOf(entry);
-    const bool dropped = reason != DropReason::None && reason != DropReason::Overwritten;
+    const bool dropped = reason != DropReason::None && reason != DropReason::Overwritten &&
+                         reason != DropReason::MayStay;
     Add(dropped ? ChangeKind::Dropped : ChangeKind::Removed, reason, &entry, nullptr);
   }
 
@@ -120,13 +123,35 @@ class Comparison {
     }
     if (entry.starred) return DropReason::Starred;
     if (entry.kind == CatalogueEntry::Kind::Unreadable) return DropReason::Unreadable;
-    return entry.tooMany ? DropReason::TooManyExceptions : DropReason::None;
+    if (entry.tooMany) return DropReason::TooManyExceptions;
+    return numbers_.count(entry.number) > 0 ? DropReason::None : DropReason::MayStay;
   }
 
   void Add(ChangeKind kind, DropReason reason, const CatalogueEntry* before,
            const CatalogueEntry* after) {
     found_.push_back({kind, reason, before, after, 0});
     found_.back().lastDay = found_.back().Entry().day;
+  }
+
+  // What is left of a line on a day, and stands in the line of that number now, is the same thing
+  // at another time.
+  void PairByNumber() {
+    const auto placeOf = [](const CatalogueEntry& entry) {
+      return std::tuple(std::string_view(entry.control), entry.kind, entry.day, entry.number);
+    };
+    std::map<decltype(placeOf(before_.front())), std::size_t> removed;
+    for (std::size_t i = 0; i < found_.size(); ++i)
+      if (found_[i].kind == ChangeKind::Removed) removed.emplace(placeOf(*found_[i].before), i);
+    for (Found& each : found_) {
+      if (each.kind != ChangeKind::Added) continue;
+      const auto place = removed.find(placeOf(*each.after));
+      if (place == removed.end()) continue;
+      Found& other = found_[place->second];
+      other = {ChangeKind::Changed, DropReason::None, other.before, each.after, other.lastDay};
+      each.after = nullptr;
+      removed.erase(place);
+    }
+    std::erase_if(found_, [](const Found& each) { return !each.before && !each.after; });
   }
 
   static auto SameChange(const Found& found) {

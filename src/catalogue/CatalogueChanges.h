@@ -11,10 +11,11 @@ namespace zek {
 enum class ChangeKind {
   Changed,
   Added,
-  Removed,  // no longer in what is sent; a controller may keep a line whose number is free
+  Removed,  // no longer in what is sent
   Dropped,  // the table or the lines have no place for it, see `DropReason`
 };
 
+/// Why something is dropped, or what else is to be known of its removal.
 enum class DropReason {
   None,
   Starred,
@@ -24,6 +25,7 @@ enum class DropReason {
   Unreadable,
   OtherControl,  // leaves the local copy; nothing is sent about it
   Overwritten,   // another control's line whose number is used for one of this one's
+  MayStay,       // removed, but a controller may keep a line whose number is not sent again
 };
 
 struct CatalogueChange {
@@ -36,7 +38,8 @@ struct CatalogueChange {
 };
 
 /// What is different in `after` by its meaning: each kind in the order of days and times, equal
-/// changes of consecutive days together. Without a value in `after` none is sent, and it stays.
+/// changes of consecutive days together. What has moved to another time within its day and line is
+/// changed, not removed and added. Without a value in `after` none is sent, and it stays.
 std::vector<CatalogueChange> ChangesBetween(const CatalogueContent& before,
                                             const CatalogueContent& after,
                                             const CatalogueRules& rules);

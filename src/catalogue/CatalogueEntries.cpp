@@ -53,6 +53,7 @@ std::string OwnerOf(std::string_view line, const CatalogueRules& rules) {
 std::string TimesAndValues(const WeekdayRow& row, bool plt, char separator) {
   std::string text = ClockText(row.start);
   if (row.stop != kNoTime) text.append(kRangeMark).append(ClockText(row.stop));
+  text.resize(2 * kTimeLength + kRangeMark.size(), ' ');
   text.append(kGap).append(FormatNumber(row.valueOn, separator));
   if (!plt) text.append(kGap).append(LineValue(row.valueOff, separator));
   return text;
@@ -162,6 +163,12 @@ std::string DayText(std::int64_t day, const CatalogueRules& rules) {
   return text;
 }
 
+// Of the longest range of days.
+std::size_t DaysWidth(const CatalogueRules& rules) {
+  if (rules.kind == Catalogue::Wdc) return std::string_view("SD1..SD7").size();
+  return 2 * DayText(0, rules).size() + kRangeMark.size();
+}
+
 }  // namespace
 
 CatalogueRules RulesOf(const ZV_Proc& proc, Catalogue kind) {
@@ -198,7 +205,6 @@ bool IsNextDay(const CatalogueRules& rules, std::int64_t before, std::int64_t da
 std::string EntryText(const CatalogueEntry& entry, std::int64_t lastDay,
                       const CatalogueRules& rules) {
   constexpr std::size_t nameWidth = 6;
-  constexpr std::size_t daysWidth = 8;  // of "SD1..SD7"
   const auto add = [](std::string& text, const std::string& part, std::size_t width) {
     text.append(part).append(part.size() < width ? width - part.size() : 0, ' ').append(kGap);
   };
@@ -210,7 +216,7 @@ std::string EntryText(const CatalogueEntry& entry, std::int64_t lastDay,
   if (entry.kind == CatalogueEntry::Kind::Entry && rules.kind != Catalogue::Ovc) {
     std::string days = DayText(entry.day, rules);
     if (lastDay != entry.day) days.append(kRangeMark).append(DayText(lastDay, rules));
-    add(text, days, daysWidth);
+    add(text, days, DaysWidth(rules));
   }
   text += entry.says;
   if (!entry.surplus.empty()) text.append(kGap).append(entry.surplus);

@@ -26,7 +26,7 @@ struct Section {
 constexpr auto kChangeSections = std::to_array<Section>({
     {ChangeKind::Changed, false, text::kChangedHeading, 0},
     {ChangeKind::Added, false, text::kAddedHeading, 0},
-    {ChangeKind::Removed, false, text::kRemovedHeading, text::kRemovedNote},
+    {ChangeKind::Removed, false, text::kRemovedHeading, 0},
     {ChangeKind::Dropped, false, text::kDroppedHeading, 0},
     {ChangeKind::Dropped, true, text::kLeavingHeading, text::kLeavingNote},
 });
@@ -53,6 +53,8 @@ std::int32_t ReasonText(DropReason reason) {
       return text::kDropUnreadable;
     case DropReason::Overwritten:
       return text::kDropOverwritten;
+    case DropReason::MayStay:
+      return text::kRemovedMayStay;
     case DropReason::OtherControl:  // its heading says it
     case DropReason::None:
       break;

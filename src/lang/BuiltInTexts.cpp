@@ -164,7 +164,7 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kChangedHeading, "Ändras"_w1252},
     {text::kAddedHeading, "Nytt"_w1252},
     {text::kRemovedHeading, "Skickas inte längre"_w1252},
-    {text::kRemovedNote, "DUC kan ha kvar sådana rader, om radnumret inte används på nytt."_w1252},
+    {text::kRemovedMayStay, "kan finnas kvar i DUC: radnumret skickas inte"_w1252},
     {text::kDroppedHeading, "Följer inte med"_w1252},
     {text::kLeavingHeading, "Lämnar den lokala kopian"_w1252},
     {text::kLeavingNote,
