@@ -17,6 +17,15 @@ class PromptSwitch final : public Prompts {
   bool AskYesNo(Icon icon, const std::string& question, const std::string& caption) override {
     return target_->AskYesNo(icon, question, caption);
   }
+  void ShowDetails(Icon icon, const std::string& message, const std::string& caption,
+                   const PromptDetails& details) override {
+    ++shown_;
+    target_->ShowDetails(icon, message, caption, details);
+  }
+  bool AskWithDetails(Icon icon, const std::string& question, const std::string& caption,
+                      const PromptDetails& details) override {
+    return target_->AskWithDetails(icon, question, caption, details);
+  }
 
   /// How many messages there were so far.
   unsigned Shown() const { return shown_; }

@@ -38,6 +38,7 @@ struct Settings {
   bool PreventMinimize = false;
   bool AlwaysUseLocal = true;
   bool AlwaysUseDSS = true;
+  bool VerifyAfterWrite = false;          // fetch what was sent again and compare
   std::int16_t DialogMode = 0;            // 0 not set, 1 "DEFAULT", 2 "ALL"
   std::int16_t SDCLastTwoDigitYear = 20;  // of the calendar: up to here two digits mean 2000 and on
   std::int16_t SDCLastYear = 2030;        // the calendar's last year of four digits

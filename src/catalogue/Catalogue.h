@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -29,8 +30,27 @@ std::string AttemptText(const ZV_Proc& proc, std::int32_t number, int attempt);
 /// catalogue is transferred.
 bool GetCatalogue(ZV_Proc& proc, Catalogue catalogue);
 
+/// The pauses of a read in seconds.
+struct ReadDelays {
+  std::int16_t a = 0;  // after the connection was made
+  std::int16_t b = 0;  // after ENQ
+  std::int16_t d = 0;  // after the connection was closed
+};
+
+/// Reads them from the settings; nothing when one can't be kept, which was told.
+std::optional<ReadDelays> ReadDelaysOf(ZV_Proc& proc);
+
+/// How a fetch ended. `Complete` means that the listing has arrived whole, up to its "EXIT".
+enum class FetchOutcome { Complete, Failed, NoConnection, Stopped };
+
+/// Fetches a catalogue of the selected node from the controller into `proc.transfer`, past its
+/// local copy, which stays as it is. Only the connection itself tells why it failed.
+FetchOutcome FetchCatalogue(ZV_Proc& proc, Catalogue catalogue, const ReadDelays& delays,
+                            std::int32_t statusText);
+
 /// Stores `transfer.CatalogueLines` (and `CatalogueDfv`) as the local copy and, when the user
-/// agrees, sends them to the controller. True when the controller took them, or in local mode.
+/// agrees to what that changes, sends them to the controller. True when the controller took them
+/// (with `VerifyAfterWrite`: and has them now), or in local mode.
 bool SaveCatalogue(ZV_Proc& proc, Catalogue catalogue);
 
 /// Loads the selected node's local copy into `proc.transfer`; tells why when it can't.

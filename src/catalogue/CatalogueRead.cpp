@@ -1,4 +1,5 @@
 #include "catalogue/Catalogue.h"
+#include "catalogue/LastRead.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
 #include "text/Fields.h"
@@ -9,23 +10,6 @@ namespace {
 constexpr std::string_view kEnq("\x05", 1);
 constexpr int kAttempts = 3;
 constexpr int kTagAnswerSeconds = 3;
-
-struct ReadDelays {
-  std::int16_t a = 0;  // seconds after the connection was made
-  std::int16_t b = 0;  // after ENQ
-  std::int16_t d = 0;  // after the connection was closed
-};
-
-std::optional<ReadDelays> ReadDelaysOf(ZV_Proc& proc) {
-  const auto read = [&proc](std::string_view key, std::string_view fallback) {
-    return proc.Numbers().ReadSeconds("GetDelay", key, fallback);
-  };
-  const auto a = read("DelayA", "3");
-  const auto b = a ? read("DelayB", "2") : a;
-  const auto d = b ? read("DelayD", "2") : b;
-  if (!d) return std::nullopt;
-  return ReadDelays{*a, *b, *d};
-}
 
 TransferKind KindOf(Catalogue catalogue) {
   switch (catalogue) {
@@ -51,49 +35,42 @@ class Reading {
   Reading(ZV_Proc& proc, Catalogue catalogue, const ReadDelays& delays)
       : proc_(proc), catalogue_(catalogue), delays_(delays) {}
 
-  // True when the listing has arrived whole, up to its "EXIT".
-  bool Run() {
+  FetchOutcome Run(std::int32_t statusText) {
     const CountedUp busy(proc_.status, &StatusPanels::Busy);
     proc_.waits.CancelRequested = false;
-    Outcome outcome = Outcome::Failed;
+    FetchOutcome outcome = FetchOutcome::Failed;
     for (int attempt = 1;
-         attempt <= kAttempts && outcome == Outcome::Failed && !proc_.waits.Stopped(); ++attempt) {
-      proc_.status.SetTransfer(AttemptText(proc_, text::kFetching, attempt));
+         attempt <= kAttempts && outcome == FetchOutcome::Failed && !proc_.waits.Stopped();
+         ++attempt) {
+      proc_.status.SetTransfer(AttemptText(proc_, statusText, attempt));
       outcome = Attempt();
     }
     proc_.transfer.Kind = TransferKind::Idle;
     const bool stopped = proc_.waits.Stopped();
     proc_.waits.CancelRequested = false;
-    if (outcome != Outcome::NoConnection) {
+    if (outcome != FetchOutcome::NoConnection) {
       proc_.status.Dot();
       proc_.connection.Disconnect();
       if (!stopped) Pause(delays_.d);
     }
-    const bool stored = outcome == Outcome::Complete && Store();
     proc_.status.SetTransfer({});
-    if (stored) TellDropped();
-    if (outcome == Outcome::Failed && !stopped) {
-      proc_.outside.prompts.Show(Icon::Exclamation, proc_.Text(text::kNoAnswer));
-    }
-    return stored;
+    return outcome == FetchOutcome::Failed && stopped ? FetchOutcome::Stopped : outcome;
   }
 
  private:
-  enum class Outcome { Complete, Failed, NoConnection };
-
-  Outcome Attempt() {
+  FetchOutcome Attempt() {
     Connection& connection = proc_.connection;
     proc_.transfer.CatalogueLines.clear();
-    if (!connection.Disconnect()) return Outcome::NoConnection;
+    if (!connection.Disconnect()) return FetchOutcome::NoConnection;
     connection.Connect(proc_.selection.CurrentObject);
-    if (connection.CurrentTopic == -1) return Outcome::NoConnection;
+    if (connection.CurrentTopic == -1) return FetchOutcome::NoConnection;
     proc_.status.Dot();
     Pause(delays_.a);
-    if (proc_.waits.Stopped() || !IsConnected()) return Outcome::Failed;
+    if (proc_.waits.Stopped() || !IsConnected()) return FetchOutcome::Failed;
     connection.SendCommand(kEnq);
     proc_.status.Dot();
     Pause(delays_.b);
-    if (proc_.waits.Stopped() || !IsConnected()) return Outcome::Failed;
+    if (proc_.waits.Stopped() || !IsConnected()) return FetchOutcome::Failed;
     proc_.transfer.Collect(KindOf(catalogue_));
     connection.SendCommand(ListCommand(proc_, catalogue_));
     proc_.status.Dot();
@@ -102,8 +79,8 @@ class Reading {
       connection.SendCommand("\r");
       AwaitListing(TicksOf(kTagAnswerSeconds));
     }
-    return proc_.transfer.ExitSeen && !proc_.transfer.ErrorSeen ? Outcome::Complete
-                                                                : Outcome::Failed;
+    return proc_.transfer.ExitSeen && !proc_.transfer.ErrorSeen ? FetchOutcome::Complete
+                                                                : FetchOutcome::Failed;
   }
 
   bool IsOver() const {
@@ -141,28 +118,39 @@ class Reading {
     proc_.waits.WaitSeconds(seconds);
   }
 
-  void TellDropped() const {
-    if (proc_.transfer.LinesDropped == 0) return;
-    proc_.outside.prompts.Show(
-        Icon::Exclamation,
-        Message(proc_.Text(text::kListingTooLong),
-                {std::to_string(kMaxCatalogueLines), std::to_string(proc_.transfer.LinesDropped)}));
-  }
-
-  // The local copy of weekdays and exceptions of named time controls begins with the value.
-  bool Store() {
-    std::optional<std::string> dfv;
-    if (catalogue_ != Catalogue::Sdc && HasNamedControls(proc_)) dfv = proc_.transfer.CatalogueDfv;
-    if (!StoreLocalCopy(proc_, catalogue_, dfv)) return false;
-    proc_.transfer.CatalogueLoaded = proc_.transfer.LinesDropped == 0;
-    proc_.transfer.LoadedTopic = proc_.selection.CurrentObject;
-    return true;
-  }
-
   ZV_Proc& proc_;
   Catalogue catalogue_;
   ReadDelays delays_;
 };
+
+// The local copy of weekdays and exceptions of named time controls begins with the value.
+bool Store(ZV_Proc& proc, Catalogue catalogue) {
+  std::optional<std::string> dfv;
+  if (catalogue != Catalogue::Sdc && HasNamedControls(proc)) dfv = proc.transfer.CatalogueDfv;
+  if (!StoreLocalCopy(proc, catalogue, dfv)) return false;
+  proc.transfer.CatalogueLoaded = proc.transfer.LinesDropped == 0;
+  proc.transfer.LoadedTopic = proc.selection.CurrentObject;
+  return true;
+}
+
+void TellDropped(ZV_Proc& proc) {
+  if (proc.transfer.LinesDropped == 0) return;
+  proc.outside.prompts.Show(
+      Icon::Exclamation,
+      Message(proc.Text(text::kListingTooLong),
+              {std::to_string(kMaxCatalogueLines), std::to_string(proc.transfer.LinesDropped)}));
+}
+
+bool FetchAndStore(ZV_Proc& proc, Catalogue catalogue, const ReadDelays& delays) {
+  const CountedUp busy(proc.status, &StatusPanels::Busy);
+  const FetchOutcome outcome = FetchCatalogue(proc, catalogue, delays, text::kFetching);
+  if (outcome == FetchOutcome::Failed) {
+    proc.outside.prompts.Show(Icon::Exclamation, proc.Text(text::kNoAnswer));
+  }
+  if (outcome != FetchOutcome::Complete || !Store(proc, catalogue)) return false;
+  TellDropped(proc);
+  return true;
+}
 
 // A batch fetches afresh, but not the same catalogue twice; in local mode it takes what there is.
 bool UseLocalCopyInBatch(const ZV_Proc& proc) {
@@ -191,11 +179,7 @@ void RefuseLocalMode(ZV_Proc& proc, Catalogue catalogue) {
   proc.outside.prompts.Show(Icon::Information, message);
 }
 
-}  // namespace
-
-bool GetCatalogue(ZV_Proc& proc, Catalogue catalogue) {
-  // From inside a wait of another transfer, whose lines it would replace.
-  if (proc.status.Busy > 0) return false;
+bool GetOrLoad(ZV_Proc& proc, Catalogue catalogue) {
   if (LocalFileOf(proc.selection, catalogue).empty()) {
     proc.outside.prompts.Show(Icon::Information, proc.Text(text::kNoSuchCatalogue));
     return false;
@@ -207,7 +191,33 @@ bool GetCatalogue(ZV_Proc& proc, Catalogue catalogue) {
     return false;
   }
   const std::optional<ReadDelays> delays = ReadDelaysOf(proc);
-  return delays && Reading(proc, catalogue, *delays).Run();
+  return delays && FetchAndStore(proc, catalogue, *delays);
+}
+
+}  // namespace
+
+std::optional<ReadDelays> ReadDelaysOf(ZV_Proc& proc) {
+  const auto read = [&proc](std::string_view key, std::string_view fallback) {
+    return proc.Numbers().ReadSeconds("GetDelay", key, fallback);
+  };
+  const auto a = read("DelayA", "3");
+  const auto b = a ? read("DelayB", "2") : a;
+  const auto d = b ? read("DelayD", "2") : b;
+  if (!d) return std::nullopt;
+  return ReadDelays{*a, *b, *d};
+}
+
+FetchOutcome FetchCatalogue(ZV_Proc& proc, Catalogue catalogue, const ReadDelays& delays,
+                            std::int32_t statusText) {
+  return Reading(proc, catalogue, delays).Run(statusText);
+}
+
+bool GetCatalogue(ZV_Proc& proc, Catalogue catalogue) {
+  // From inside a wait of another transfer, whose lines it would replace.
+  if (proc.status.Busy > 0) return false;
+  if (!GetOrLoad(proc, catalogue)) return false;
+  RememberRead(proc, catalogue);
+  return true;
 }
 
 }  // namespace zek

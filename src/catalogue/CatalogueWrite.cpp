@@ -2,6 +2,9 @@
 #include <array>
 
 #include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueVerify.h"
+#include "catalogue/LastRead.h"
+#include "catalogue/SendQuestion.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
 
@@ -117,11 +120,9 @@ class Writing {
   }
 
   bool SendDfv() {
-    if (catalogue_ == Catalogue::Sdc || !HasNamedControls(proc_)) return true;
-    if (proc_.transfer.Kind == TransferKind::Idle) return true;
-    // A local copy of exceptions holds no value: what the controller has is then left alone.
-    if (catalogue_ == Catalogue::Ovc && !proc_.transfer.DfvKnown) return true;
-    return Send(proc_.selection.TscName + ".DFV=" + proc_.transfer.CatalogueDfv) && Pause("DelayE");
+    const std::optional<std::string> dfv = DfvToSend(proc_, catalogue_);
+    if (!dfv || proc_.transfer.Kind == TransferKind::Idle) return true;
+    return Send(proc_.selection.TscName + ".DFV=" + *dfv) && Pause("DelayE");
   }
 
   bool Send(std::string_view command) {
@@ -160,6 +161,27 @@ std::string WithFile(const ZV_Proc& proc, std::int32_t first, std::int32_t secon
   return proc.Text(first) + "\r\n\r\n" + proc.Text(second) + " '" + name + "'";
 }
 
+void TellSent(ZV_Proc& proc, bool sent) {
+  if (sent) {
+    proc.outside.prompts.Show(Icon::Information, proc.Text(text::kSendDone));
+  } else {
+    proc.outside.prompts.Show(Icon::Exclamation, proc.Text(text::kSendFailed));
+  }
+}
+
+bool SendAndVerify(ZV_Proc& proc, Catalogue catalogue) {
+  const std::optional<ReadDelays> delays = ReadDelaysOf(proc);
+  if (!delays) return false;
+  std::optional<Verification> verification;
+  {
+    const CountedUp busy(proc.status, &StatusPanels::Busy);  // without a gap between the two
+    if (Writing(proc, catalogue).Run()) verification = VerifyCatalogue(proc, catalogue, *delays);
+  }
+  if (verification) return TellVerification(proc, *verification);
+  TellSent(proc, false);
+  return false;
+}
+
 }  // namespace
 
 bool SaveCatalogue(ZV_Proc& proc, Catalogue catalogue) {
@@ -171,8 +193,7 @@ bool SaveCatalogue(ZV_Proc& proc, Catalogue catalogue) {
                  WithFile(proc, text::kSavedLocally, text::kSavedLocallyFile, name));
     return true;
   }
-  if (!prompts.AskYesNo(Icon::Question, WithFile(proc, text::kAskSend, text::kAskSendFile, name),
-                        proc.Text(text::kSendTitle))) {
+  if (!AskSend(proc, catalogue, WithFile(proc, text::kAskSend, text::kAskSendFile, name))) {
     return false;
   }
   // A pause that can't be kept is told before anything is sent.
@@ -180,12 +201,10 @@ bool SaveCatalogue(ZV_Proc& proc, Catalogue catalogue) {
       std::all_of(kDelays.begin(), kDelays.end(),
                   [&proc](const DelaySetting& each) { return ReadDelay(proc, each.key); });
   if (!delaysFit) return false;
+  if (proc.settings.VerifyAfterWrite) return SendAndVerify(proc, catalogue);
   const bool sent = Writing(proc, catalogue).Run();
-  if (sent) {
-    prompts.Show(Icon::Information, proc.Text(text::kSendDone));
-  } else {
-    prompts.Show(Icon::Exclamation, proc.Text(text::kSendFailed));
-  }
+  if (sent) RememberSent(proc, catalogue);
+  TellSent(proc, sent);
   return sent;
 }
 

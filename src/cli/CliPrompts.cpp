@@ -16,4 +16,21 @@ bool CliPrompts::AskYesNo(Icon /*icon*/, const std::string& question,
   return answerYes;
 }
 
+void CliPrompts::Print(std::string_view lines) {
+  while (!lines.empty()) err_ << Utf8FromWindows1252(TakeLine(lines)) << '\n';
+}
+
+void CliPrompts::ShowDetails(Icon icon, const std::string& message, const std::string& caption,
+                             const PromptDetails& details) {
+  Show(icon, message, caption);
+  Print(details.lines);
+  err_ << std::flush;
+}
+
+bool CliPrompts::AskWithDetails(Icon icon, const std::string& question, const std::string& caption,
+                                const PromptDetails& details) {
+  Print(details.lines);
+  return AskYesNo(icon, question, caption);
+}
+
 }  // namespace zek::cli

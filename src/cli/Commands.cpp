@@ -2,6 +2,7 @@
 
 #include <iterator>
 
+#include "catalogue/LastRead.h"
 #include "cli/CheckCommand.h"
 #include "cli/ExportCommand.h"
 #include "cli/FileOperand.h"
@@ -86,6 +87,7 @@ ExitStatus Put(Console& console, Catalogue catalogue, const std::string& file, b
   if (!text) return kWrongUsage;
   if (!TakeLocalCopy(console.proc, *text, Windows1252FromUtf8(file))) return kFailed;
   console.prompts.answerYes = !noSend;
+  RememberLocalCopy(console.proc, catalogue);
   const bool saved = SaveCatalogue(console.proc, catalogue);
   // A question that was answered No comes only after the local copy was stored.
   const bool storedOnly = noSend && console.prompts.asked > 0;

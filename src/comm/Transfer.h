@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,6 +27,15 @@ enum class TransferKind : std::int16_t {
 /// Where the lines of a catalogue come from: what stands in a local copy may never have been sent.
 enum class LinesFrom { Nowhere, Controller, LocalCopy };
 
+/// A catalogue as it was last read, or sent without fault: what a write changes is told against it.
+struct LastRead {
+  LinesFrom From = LinesFrom::Nowhere;
+  std::int16_t Topic = -1;  // index in the topic table
+  std::string LocalFile;    // the name of its local copy, which no two catalogues share
+  std::vector<std::string> Lines;
+  std::optional<std::string> Dfv;  // nothing when there is none, or it is not known
+};
+
 /// The shared state of catalogue transfers, filled by reply lines while one is running.
 struct Transfer {
   TransferKind Kind = TransferKind::Idle;  // `TransferKind`
@@ -36,6 +46,12 @@ struct Transfer {
   std::string CatalogueDfv = ".";
   /// False when the lines came from a local copy that does not tell the controller's value.
   bool DfvKnown = true;
+
+  LastRead Last;
+  /// What the table of an editor holds and its lines can't, in words, while it is saved.
+  std::vector<std::string> NotInLines;
+  /// What was sent is being fetched again; a cancel ends that.
+  bool Verifying = false;
 
   /// A catalogue was fetched whole and stored as the local copy of `LoadedTopic`; a batch export
   /// clears it and takes the copy instead of fetching the same catalogue twice.

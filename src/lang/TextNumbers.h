@@ -214,5 +214,36 @@ inline constexpr std::int32_t kUndoHint = 752;
 inline constexpr std::int32_t kRedoHint = 753;
 inline constexpr std::int32_t kAskClose = 754;
 inline constexpr std::int32_t kAskCloseTitle = 755;
+// What a write changes, and whether it did
+inline constexpr std::int32_t kChangesFetched = 700;
+inline constexpr std::int32_t kChangesLocal = 701;
+inline constexpr std::int32_t kChangesUnknown = 702;
+inline constexpr std::int32_t kChangesNone = 703;
+inline constexpr std::int32_t kChangedHeading = 704;  // 704 to 709, 724 to 726: text (number)
+inline constexpr std::int32_t kAddedHeading = 705;
+inline constexpr std::int32_t kRemovedHeading = 706;
+inline constexpr std::int32_t kRemovedMayStay = 707;
+inline constexpr std::int32_t kDroppedHeading = 708;
+inline constexpr std::int32_t kLeavingHeading = 709;
+inline constexpr std::int32_t kLeavingNote = 710;
+inline constexpr std::int32_t kChangeBefore = 711;
+inline constexpr std::int32_t kChangeAfter = 712;
+inline constexpr std::int32_t kDropStarred = 713;  // 713 to 718: why a line is left out
+inline constexpr std::int32_t kDropTooMany = 714;
+inline constexpr std::int32_t kDropPltStopValue = 715;
+inline constexpr std::int32_t kDropStopTime = 716;
+inline constexpr std::int32_t kDropUnreadable = 717;
+inline constexpr std::int32_t kDropOverwritten = 718;
+inline constexpr std::int32_t kDetailsLabel = 719;
+inline constexpr std::int32_t kVerifying = 720;
+inline constexpr std::int32_t kVerified = 721;
+inline constexpr std::int32_t kNotVerified = 722;
+inline constexpr std::int32_t kVerifyFaults = 723;
+inline constexpr std::int32_t kDiffersHeading = 724;
+inline constexpr std::int32_t kMissingHeading = 725;
+inline constexpr std::int32_t kLeftHeading = 726;
+inline constexpr std::int32_t kSentLine = 727;
+inline constexpr std::int32_t kFetchedLine = 728;
+inline constexpr std::int32_t kFaultsLabel = 729;
 
 }  // namespace zek::text

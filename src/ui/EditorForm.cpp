@@ -126,8 +126,11 @@ void EditorForm::Save() {
   SaveOutcome outcome = SaveOutcome::NotTried;
   bool close = false;
   {
-    // A catalogue that is sent half is worse than either whole one: a write can't be cancelled.
-    const InputBlock block([] {});
+    // A catalogue that is sent half is worse than either whole one: a write can't be cancelled,
+    // only what is done when it has been sent.
+    const InputBlock block([&proc = proc_] {
+      if (proc.transfer.Verifying) proc.waits.CancelRequested = true;
+    });
     outcome = SaveTable(write);
     close = block.CloseRequested();
   }

@@ -5,6 +5,7 @@
 #include "lang/TextNumbers.h"
 #include "text/Controls.h"
 #include "text/Lines.h"
+#include "ui/DetailsBox.h"
 #include "ui/WxText.h"
 
 namespace zek {
@@ -25,6 +26,9 @@ long StyleOf(Icon icon) {
   }
   return wxICON_NONE;  // without it the toolkit chooses an icon of its own
 }
+
+// Who presses Enter through a row of messages must not agree to a warning.
+long Standard(Icon icon) { return icon == Icon::Exclamation ? wxNO_DEFAULT : wxYES_DEFAULT; }
 
 }  // namespace
 
@@ -58,9 +62,29 @@ void WxPrompts::Show(Icon icon, const std::string& message, const std::string& c
 }
 
 bool WxPrompts::AskYesNo(Icon icon, const std::string& question, const std::string& caption) {
-  // Who presses Enter through a row of messages must not agree to a warning.
-  const long standard = icon == Icon::Exclamation ? wxNO_DEFAULT : wxYES_DEFAULT;
-  return Ask(wxYES_NO | standard | StyleOf(icon), question, caption) == wxID_YES;
+  return Ask(wxYES_NO | Standard(icon) | StyleOf(icon), question, caption) == wxID_YES;
+}
+
+int WxPrompts::AskDetails(long style, const std::string& message, const std::string& caption,
+                          const PromptDetails& details) const {
+  DetailsBox box(wxGetActiveWindow(),
+                 {style, caption.empty() ? "ZekView" : ToWx(caption), Readable(message),
+                  ToWx(details.label), ToWx(details.lines)});
+  if (texts_ != nullptr && (style & wxYES_NO) == wxYES_NO) {
+    box.SetYesNoLabels(ToWx(texts_->Text(text::kYes)), ToWx(texts_->Text(text::kNo)));
+  }
+  return box.ShowModal();
+}
+
+void WxPrompts::ShowDetails(Icon icon, const std::string& message, const std::string& caption,
+                            const PromptDetails& details) {
+  AskDetails(wxOK | StyleOf(icon), message, caption, details);
+}
+
+bool WxPrompts::AskWithDetails(Icon icon, const std::string& question, const std::string& caption,
+                               const PromptDetails& details) {
+  const long style = wxYES_NO | Standard(icon) | StyleOf(icon);
+  return AskDetails(style, question, caption, details) == wxID_YES;
 }
 
 }  // namespace zek

@@ -16,9 +16,15 @@ class WxPrompts final : public Prompts {
   using Prompts::Show;
   void Show(Icon icon, const std::string& message, const std::string& caption) override;
   bool AskYesNo(Icon icon, const std::string& question, const std::string& caption) override;
+  void ShowDetails(Icon icon, const std::string& message, const std::string& caption,
+                   const PromptDetails& details) override;
+  bool AskWithDetails(Icon icon, const std::string& question, const std::string& caption,
+                      const PromptDetails& details) override;
 
  private:
   int Ask(long style, const std::string& message, const std::string& caption) const;
+  int AskDetails(long style, const std::string& message, const std::string& caption,
+                 const PromptDetails& details) const;
 
   const LanguageTexts* texts_ = nullptr;
 };

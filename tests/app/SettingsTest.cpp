@@ -36,6 +36,7 @@ TEST(Settings, WithoutAFileTheMinimaHoldAndAreTold) {
   EXPECT_EQ(started.settings.GetTSCTimeoutTicks, 25);
   EXPECT_TRUE(started.settings.AlwaysUseDSS);
   EXPECT_TRUE(started.settings.AlwaysUseLocal);
+  EXPECT_FALSE(started.settings.VerifyAfterWrite);
   EXPECT_TRUE(started.settings.HideDialogOnTSC);
   EXPECT_FALSE(started.settings.PreventMinimize);
   EXPECT_EQ(started.settings.DialogMode, 0);

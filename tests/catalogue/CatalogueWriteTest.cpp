@@ -27,7 +27,8 @@ TEST_F(CatalogueWriteTest, SendsEveryStepAndTellsOfIt) {
   EXPECT_EQ(commands, (Shown{"EXIT", "EXIT", ".WDC", " 1000 !AHU1!MO", " 1001 !AHU1!TU", "EXIT"}));
   EXPECT_EQ(files.files[kCopyOne], " 1000 !AHU1!MO\r\n 1001 !AHU1!TU\r\n");
   EXPECT_EQ(prompts.shown,
-            (Shown{"q? T426\r\n\r\nT427 'f127_0_0_1_5100 First WDC.TXT'", "i T430"}));
+            (Shown{"q? T426\r\n\r\nT427 'f127_0_0_1_5100 First WDC.TXT'\r\n\r\nT702\r\nT705: 2",
+                   "i T430"}));
   EXPECT_EQ(proc.connection.CurrentTopic, -1);
   EXPECT_EQ(proc.status.Busy, 0);
 }

@@ -9,10 +9,11 @@
 namespace zek::test {
 
 /// Message boxes that are answered beforehand; `shown` holds what a user would have read, each
-/// after the letter of its icon (n i x c q) and, for questions, "?".
+/// after the letter of its icon (n i x c q) and, for questions, "?"; `details` what stood below it.
 class ScriptedPrompts final : public Prompts {
  public:
   std::vector<std::string> shown;
+  std::vector<std::string> details;
   std::deque<bool> answers;  // to the questions in their order; No when there is none left
 
   using Prompts::Show;
@@ -26,6 +27,18 @@ class ScriptedPrompts final : public Prompts {
     const bool answer = answers.front();
     answers.pop_front();
     return answer;
+  }
+
+  void ShowDetails(Icon icon, const std::string& message, const std::string& caption,
+                   const PromptDetails& below) override {
+    details.push_back(below.lines);
+    Show(icon, message, caption);
+  }
+
+  bool AskWithDetails(Icon icon, const std::string& question, const std::string& caption,
+                      const PromptDetails& below) override {
+    details.push_back(below.lines);
+    return AskYesNo(icon, question, caption);
   }
 
  private:

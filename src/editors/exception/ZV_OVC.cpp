@@ -3,6 +3,7 @@
 #include <wx/datetime.h>
 #include <wx/sizer.h>
 
+#include "editors/exception/ExceptionDrops.h"
 #include "editors/exception/ZV_OVCForm.h"
 #include "lang/TextNumbers.h"
 
@@ -84,7 +85,12 @@ void ZV_OVC::ShowAt(const std::optional<ExceptionFocus>& changed) {
 SaveOutcome ZV_OVC::SaveTable(const CatalogueWriter& write) {
   // What has taken the place of a wrong date is to be seen before it is sent.
   if (grid_->TellWrong()) return SaveOutcome::NotTried;
-  return editor_.Save(write, proc_.Numbers());
+  ZV_Proc& proc = proc_;  // the form may be gone after the save
+  proc.transfer.NotInLines = LostStopTimes(
+      editor_.Table(), proc.topics[proc.selection.CurrentObject].ControllerGeneration());
+  const SaveOutcome outcome = editor_.Save(write, proc.Numbers());
+  proc.transfer.NotInLines.clear();
+  return outcome;
 }
 
 void ShowExceptionForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {

@@ -1,0 +1,226 @@
+#include "catalogue/CatalogueEntries.h"
+
+#include <algorithm>
+#include <span>
+
+#include "editors/CatalogueDate.h"
+#include "editors/CatalogueLine.h"
+#include "editors/CatalogueTime.h"
+#include "editors/CatalogueValue.h"
+#include "editors/DayKeys.h"
+#include "editors/LineNumbers.h"
+#include "editors/exception/ExceptionText.h"
+#include "editors/weekday/WeekdayText.h"
+#include "text/Fields.h"
+#include "text/Numbers.h"
+
+namespace zek {
+namespace {
+
+constexpr std::string_view kGap = "  ";
+constexpr std::size_t kNamelessColumn = 6;  // from 0: "!" in front of a name, else what is said
+constexpr int kLinesOfPlt = 100;            // from one "PLT" control's numbers to the next
+
+using Entries = std::vector<CatalogueEntry>;
+using Line = std::span<const std::string, 1>;
+
+// The fields of a line from a column on, without padding and without those that are empty.
+std::string Fields(std::string_view line, std::size_t column) {
+  std::string joined;
+  for (std::string_view rest = FromColumn(line, column); !rest.empty();) {
+    const std::string_view field = TakeField(rest);
+    if (!joined.empty() && !field.empty()) joined += kGap;
+    joined += field;
+  }
+  return joined;
+}
+
+bool HasName(std::string_view line) { return FromColumn(line, kNamelessColumn).starts_with('!'); }
+
+// Whose line it is. In a catalogue of all controls the lines without a name are told apart by
+// their numbers, of which every "PLT" control has a hundred.
+std::string OwnerOf(std::string_view line, const CatalogueRules& rules) {
+  if (rules.kind == Catalogue::Sdc) return {};
+  if (!rules.shared) return std::string(LineName(rules.control));
+  if (HasName(line)) return std::string(Trim(GetField(line, 1, kFieldMark)));
+  const int block = LineNumber(line) / kLinesOfPlt;
+  if (IsPltName(rules.control) && block == FirstLineNumber(rules.control) / kLinesOfPlt) {
+    return std::string(LineName(rules.control));
+  }
+  return "PLT" + std::to_string(block);
+}
+
+std::string TimesAndValues(const WeekdayRow& row, bool plt, char separator) {
+  std::string text = ClockText(row.start);
+  if (row.stop != kNoTime) text.append(kRangeMark).append(ClockText(row.stop));
+  text.resize(2 * kTimeLength + kRangeMark.size(), ' ');
+  text.append(kGap).append(FormatNumber(row.valueOn, separator));
+  if (!plt) text.append(kGap).append(LineValue(row.valueOff, separator));
+  return text;
+}
+
+// The field behind the start value of a line in the "PLT" layout.
+std::string SurplusOf(std::string_view line) {
+  const std::string_view value = Trim(GetField(FromColumn(line, kNamelessColumn), 3, kFieldMark));
+  return value == kNoValueText ? std::string() : std::string(value);
+}
+
+// Each of these adds what a line says to `entries`; nothing when it can't be read.
+
+void AddWeekday(Entries& entries, CatalogueEntry entry, Line line, const CatalogueRules& rules) {
+  const bool plt = rules.shared ? !HasName(line.front()) : IsPltName(rules.control);
+  const WeekdayReading reading = ReadWeekday(line, plt ? "PLT" : entry.control);
+  if (plt) entry.surplus = SurplusOf(line.front());
+  for (std::size_t day = 0; day < kWeekdayDays; ++day) {
+    const WeekdayRow& row = reading.table.days.at(day).front();
+    if (!row.Used()) continue;
+    entry.day = static_cast<std::int64_t>(day);
+    entry.time = row.start;
+    entry.says = TimesAndValues(row, plt, rules.decimalSeparator);
+    entries.push_back(entry);
+  }
+}
+
+void AddDates(Entries& entries, CatalogueEntry entry, Line line, const CatalogueRules& rules) {
+  const CalendarReading reading = ReadCalendar(line, rules.years, CalendarYears::kFirst);
+  if (reading.linesLost > 0) return;
+  for (const CalendarEntry& date : reading.table.Used()) {
+    entry.day = date.date;
+    entry.says = kDayKeys.at(static_cast<std::size_t>(date.type) - 1);
+    entries.push_back(entry);
+  }
+}
+
+void AddException(Entries& entries, CatalogueEntry entry, Line line, const CatalogueRules& rules) {
+  const ExceptionOwner owner{entry.control, rules.generation};
+  const ExceptionReading reading = ReadExceptions(line, owner);
+  const OvcRow& row = reading.table.rows.front();
+  if (!row.used) return;
+  // Built anew, so that the same always looks the same; what can't be built is taken as it stands.
+  const BuiltLines built =
+      BuildExceptions(reading.table, owner, {}, {1, 0}, rules.decimalSeparator);
+  const auto* const lines = std::get_if<std::vector<std::string>>(&built);
+  const std::string_view told = lines == nullptr ? line.front() : lines->front();
+  constexpr std::size_t oldColumn = 20;
+  constexpr std::size_t modernColumn = 6;
+  entry.says = Fields(told, rules.generation == Generation::Zek2 ? modernColumn : oldColumn);
+  entry.time = row.start;
+  entries.push_back(entry);
+}
+
+void AddLine(Entries& entries, const std::string& text, const CatalogueRules& rules) {
+  if (Trim(text).empty()) return;
+  CatalogueEntry entry;
+  entry.control = OwnerOf(text, rules);
+  entry.number = LineNumber(text);
+  entry.starred = text.find('*') != std::string::npos;
+  const Line line(&text, 1);
+  const std::size_t before = entries.size();
+  switch (rules.kind) {
+    case Catalogue::Wdc:
+      AddWeekday(entries, entry, line, rules);
+      break;
+    case Catalogue::Sdc:
+      AddDates(entries, entry, line, rules);
+      break;
+    case Catalogue::Ovc:
+      AddException(entries, entry, line, rules);
+      break;
+  }
+  if (entries.size() > before) return;
+  entry.kind = CatalogueEntry::Kind::Unreadable;
+  entry.says =
+      Fields(text, std::min(text.find_first_of(" !", text.find_first_not_of(' ')), text.size()));
+  entries.push_back(entry);
+}
+
+CatalogueEntry ValueEntry(std::string value, const CatalogueRules& rules) {
+  std::string number = value;
+  std::replace(number.begin(), number.end(), ',', '.');
+  if (IsNumeric(number)) value = FormatNumber(Val(number), rules.decimalSeparator);
+  CatalogueEntry entry;
+  entry.kind = CatalogueEntry::Kind::Value;
+  entry.control = LineName(rules.control);
+  entry.says = ".DFV = " + value;
+  return entry;
+}
+
+void MarkTooMany(Entries& entries, const CatalogueRules& rules) {
+  std::size_t own = 0;
+  for (CatalogueEntry& entry : entries) {
+    if (entry.kind != CatalogueEntry::Kind::Entry || entry.control != LineName(rules.control)) {
+      continue;
+    }
+    entry.tooMany = ++own > kExceptionRows;
+  }
+}
+
+std::string DayText(std::int64_t day, const CatalogueRules& rules) {
+  if (rules.kind == Catalogue::Wdc) return std::string(kDayKeys.at(static_cast<std::size_t>(day)));
+  const CalendarDate date = UnpackDate(static_cast<std::int32_t>(day), CalendarYears::kFirst);
+  std::string text(std::string_view("DD-MON-YYYY").size(), ' ');
+  text.resize(PutDate(text, 0, date.year, date.month, date.day, rules.generation));
+  return text;
+}
+
+// Of the longest range of days.
+std::size_t DaysWidth(const CatalogueRules& rules) {
+  if (rules.kind == Catalogue::Wdc) return std::string_view("SD1..SD7").size();
+  return 2 * DayText(0, rules).size() + kRangeMark.size();
+}
+
+}  // namespace
+
+CatalogueRules RulesOf(const ZV_Proc& proc, Catalogue kind) {
+  const Generation generation = proc.topics[proc.selection.CurrentObject].ControllerGeneration();
+  return {kind,
+          proc.selection.TscName,
+          generation,
+          !HasNamedControls(proc),
+          YearsOf(proc.settings, generation),
+          proc.settings.DecimalSeparator};
+}
+
+std::vector<CatalogueEntry> EntriesOf(const CatalogueContent& content,
+                                      const CatalogueRules& rules) {
+  Entries entries;
+  if (content.dfv) entries.push_back(ValueEntry(*content.dfv, rules));
+  for (const std::string& line : content.lines) AddLine(entries, line, rules);
+  if (rules.kind == Catalogue::Ovc) MarkTooMany(entries, rules);
+  return entries;
+}
+
+bool IsNextDay(const CatalogueRules& rules, std::int64_t before, std::int64_t day) {
+  switch (rules.kind) {
+    case Catalogue::Wdc:
+      return day == before + 1 && day != std::int64_t{kDaysOfType};
+    case Catalogue::Sdc:
+      return day == NextKey(static_cast<std::int32_t>(before), CalendarYears::kFirst);
+    case Catalogue::Ovc:
+      break;
+  }
+  return false;
+}
+
+std::string EntryText(const CatalogueEntry& entry, std::int64_t lastDay,
+                      const CatalogueRules& rules) {
+  constexpr std::size_t nameWidth = 6;
+  const auto add = [](std::string& text, const std::string& part, std::size_t width) {
+    text.append(part).append(part.size() < width ? width - part.size() : 0, ' ').append(kGap);
+  };
+  std::string text;
+  const bool named = entry.kind != CatalogueEntry::Kind::Unreadable && !entry.control.empty();
+  if (rules.shared && named && entry.control != LineName(rules.control)) {
+    add(text, entry.control, nameWidth);
+  }
+  if (entry.kind == CatalogueEntry::Kind::Entry && rules.kind != Catalogue::Ovc) {
+    std::string days = DayText(entry.day, rules);
+    if (lastDay != entry.day) days.append(kRangeMark).append(DayText(lastDay, rules));
+    add(text, days, DaysWidth(rules));
+  }
+  text += entry.says;
+  if (!entry.surplus.empty()) text.append(kGap).append(entry.surplus);
+  return text;
+}
+
+}  // namespace zek
