@@ -157,6 +157,8 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kDdeFlooded, "servern skickar mer text än vad som hinner läsas"_w1252},
     {text::kTagError, "Taggservern svarade med fel (%1)"_w1252},
     {text::kEraseHint, "Raderar undantaget på den markerade raden"_w1252},
+    {text::kFileNameTooLong, "namnet är för långt."_w1252},
+    {text::kFileInUse, "filen används av ett annat program."_w1252},
 });
 
 }  // namespace

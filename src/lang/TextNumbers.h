@@ -195,5 +195,8 @@ inline constexpr std::int32_t kExceptionFrame = 676;
 inline constexpr std::int32_t kTimeHeading = 677;
 inline constexpr std::int32_t kRowHeading = 678;
 inline constexpr std::int32_t kEraseHint = 679;
+// Files that can't be written
+inline constexpr std::int32_t kFileNameTooLong = 740;
+inline constexpr std::int32_t kFileInUse = 741;
 
 }  // namespace zek::text
