@@ -64,7 +64,7 @@ class Files {
   /// A directory that is there already is no error; the one above it has to be there.
   virtual std::optional<FileError> MakeDirectory(const std::string& path) = 0;
 
-  /// Deleting what is not there is no error.
+  /// Deleting what is not there is no error; that its folder is not there is one.
   virtual std::optional<FileError> Remove(const std::string& path) = 0;
 
   /// Names (without directory) of the files in `directory`, sorted; empty when it can't be read.

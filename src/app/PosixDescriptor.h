@@ -31,6 +31,9 @@ class Descriptor {
   int number_;
 };
 
+/// The directory that holds `path`, "/" at its end.
+std::string DirectoryOf(const std::string& path);
+
 /// Has the entries of the directory that holds `path` written to the disk: a new name is safe only
 /// then. False with errno when that failed; a system that can't do it is none.
 bool FlushDirectoryOf(const std::string& path);

@@ -44,8 +44,12 @@ std::optional<FileError> DiskFiles::MakeDirectory(const std::string& path) {
 }
 
 std::optional<FileError> DiskFiles::Remove(const std::string& path) {
-  if (::unlink(path.c_str()) == 0 || errno == ENOENT) return std::nullopt;
-  return PosixFileError(path, errno);
+  if (::unlink(path.c_str()) == 0) return std::nullopt;
+  // Of a folder that is gone, as a network drive can be, nobody knows what it holds.
+  struct stat status = {};
+  const int code = errno;
+  if (code == ENOENT && ::stat(DirectoryOf(path).c_str(), &status) == 0) return std::nullopt;
+  return PosixFileError(path, code);
 }
 
 }  // namespace zek

@@ -23,11 +23,6 @@ bool WriteAll(int descriptor, std::string_view bytes) {
   return true;
 }
 
-std::string DirectoryOf(const std::string& path) {
-  const std::size_t slash = path.rfind('/');
-  return slash == std::string::npos ? "." : path.substr(0, slash + 1);
-}
-
 bool IsDeleted(int descriptor) {
   struct stat status = {};
   return ::fstat(descriptor, &status) == 0 && status.st_nlink == 0;
@@ -114,6 +109,11 @@ class DiskOutputFile final : public OutputFile {
 };
 
 }  // namespace
+
+std::string DirectoryOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  return slash == std::string::npos ? "." : path.substr(0, slash + 1);
+}
 
 bool FlushDirectoryOf(const std::string& path) {
   const Descriptor directory(::open(DirectoryOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));

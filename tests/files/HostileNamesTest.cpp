@@ -1,0 +1,298 @@
+// Names from settings, time controls and the command line that try to get out of the program
+// directory, to reach a device or to be no name at all.
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <iostream>
+
+#include "files/DiskProgram.h"
+#include "files/FileCalls.h"
+#include "files/Tree.h"
+#include "support/TemporaryFolder.h"
+#include "text/Fields.h"
+#include "text/Windows1252.h"
+
+namespace zek {
+namespace {
+
+constexpr std::size_t kNames = 1000;
+
+std::vector<std::string> Pieces() {
+  return {"..",
+          "../",
+          "..\\",
+          "/",
+          "\\",
+          "../../outside.txt",
+          "..\\..\\outside.txt",
+          "/etc/passwd",
+          "C:\\",
+          "C:",
+          "\\\\server\\share\\",
+          "\\\\.\\PHYSICALDRIVE0",
+          "//",
+          "./",
+          "CON",
+          "con.txt",
+          "NUL",
+          "nul.",
+          "AUX ",
+          "PRN.TXT",
+          "COM1",
+          "com9.x",
+          "COM\xB9",
+          "LPT1",
+          "lpt0.WDC",
+          "CONIN$",
+          "CLOCK$",
+          "NUL:stream",
+          "x::$DATA",
+          ":",
+          "*",
+          "?",
+          "*.*",
+          "\"",
+          "<",
+          ">",
+          "|",
+          ">x",
+          "~",
+          "~1",
+          "%TEMP%",
+          "$HOME",
+          "`id`",
+          "$(id)",
+          "-",
+          "--dir",
+          "--",
+          "/INI:",
+          " ",
+          "   ",
+          ".",
+          "...",
+          "x.",
+          "x ",
+          ". .",
+          "\x01",
+          "\x1F",
+          "\x7F",
+          "\t",
+          "\x0B",
+          "\x1B[2J",
+          "\x80",
+          "\x81",
+          "\xA0",
+          "\xE5",
+          "\xFF",
+          "\xC3\xA5",
+          "\xE2\x80\xAE",
+          "%00",
+          "%2e%2e%2f",
+          "zek_lang.046",
+          "ZEKView.INI",
+          "Batch/x",
+          "Batch",
+          "History/x",
+          "desktop.ini",
+          "x.zvtmp1",
+          "[",
+          "]",
+          "[x]",
+          "{a}",
+          "(b)",
+          "'",
+          "''",
+          "\"q\"",
+          "=",
+          ",",
+          ";",
+          "#",
+          "&",
+          "\r\n[General]",
+          "\nLanguage=../x",
+          std::string(300, 'x'),
+          std::string(300, '.'),
+          std::string(300, ' ') + "x",
+          std::string(130, '\xE5'),
+          std::string(250, 'y'),
+          std::string(244, 'z'),
+          std::string(3000, '_')};
+}
+
+// Each piece, with what goes before and behind a name, and then strings of them.
+std::vector<std::string> HostileNames() {
+  const std::vector<std::string> pieces = Pieces();
+  std::vector<std::string> names = pieces;
+  for (const std::string& piece : pieces) {
+    for (const char* const end : {".TXT", " ", ".", "/"}) names.push_back(piece + end);
+    names.push_back("x" + piece);
+  }
+  for (unsigned state = 1; names.size() < kNames;) {
+    std::string name;
+    for (int i = 0; i < 3; ++i) {
+      state = state * 1'664'525U + 1'013'904'223U;
+      name += pieces[(state >> 16) % pieces.size()];
+    }
+    names.push_back(std::move(name));
+  }
+  return names;
+}
+
+// A name that every system holds as a file of that name.
+bool IsHarmless(const std::string& utf8) {
+  const std::string name = Windows1252FromUtf8(utf8);
+  if (name.empty() || utf8.size() > 255 || name.ends_with('.') || name.ends_with(' ')) return false;
+  const bool fits = std::none_of(name.begin(), name.end(), [](char each) {
+    return static_cast<unsigned char>(each) < 32 ||
+           std::string_view("\\/:*?\"<>|").find(each) != std::string_view::npos;
+  });
+  const std::string stem = UpperCase(Trim(GetField(name, 0, ".")));
+  for (const char* const device : {"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$", "CLOCK$"}) {
+    if (stem == device) return false;
+  }
+  const bool numbered =
+      stem.size() == 4 && (stem.starts_with("COM") || stem.starts_with("LPT")) &&
+      std::string_view("0123456789\xB9\xB2\xB3").find(stem[3]) != std::string_view::npos;
+  return fits && !numbered;
+}
+
+std::string Ini(const std::string& name, const std::string& language) {
+  return "[General]\r\nLanguage=" + language +
+         "\r\nDisconnectTime=60\r\nGetTSCTimeout=5\r\nAlwaysUseLocal=yes\r\nAlwaysUseDSS=no\r\n"
+         "[Topics]\r\nA=YES,2," +
+         name + ",x\r\nB=YES,2,x," + name + "\r\nC=YES,1," + name + "," + name + "," + name +
+         "\r\nD=YES,2,,\r\n" + name +
+         "=YES,2,y,z\r\n"
+         "[A]\r\nT=x\r\n[B]\r\n" +
+         name + "=x\r\n[C]\r\nT=" + name + "\r\n[D]\r\n" + name + "=" + name + "\r\n[" + name +
+         "]\r\n" + name + "=x;" + name + "\r\n";
+}
+
+class HostileNamesTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    std::filesystem::create_directory(temporary.Path() / "around");
+    test::PlantTree(temporary.Path() / "around" / "outside", {{"outside.txt", "mine"}});
+    around = test::TreeOf(temporary.Path() / "around");
+  }
+
+  // The program directory anew.
+  void Plant(const std::string& ini) {
+    test::PlantTree(home, {{"ZEKView.INI", ini},
+                           {"zek_lang.046", "0=Svenska\r\n"},
+                           {"zek_lang.044", "0=English\r\n"}});
+  }
+
+  // Everything that is done with the catalogues of every node.
+  static int WorkOnAll(cli::Console& console) {
+    ZV_Proc& proc = console.proc;
+    LoadTree(proc);
+    for (std::size_t node = 0; node < proc.tree.size(); ++node) {
+      SelectNode(proc, node);
+      for (const Catalogue catalogue : {Catalogue::Wdc, Catalogue::Sdc, Catalogue::Ovc}) {
+        proc.transfer.CatalogueLines = {"1000 !x"};
+        static_cast<void>(SaveCatalogue(proc, catalogue));
+        static_cast<void>(GetCatalogue(proc, catalogue));
+        if (node % 2 == 1) EraseLocalCopy(proc, catalogue);
+      }
+    }
+    return cli::kDone;
+  }
+
+  // Runs the program and judges the calls it made; "" when nothing is wrong.
+  template <class Run>
+  std::string Judge(Run run) {
+    test::DiskProgram program(home);
+    program.input = " 1000 !x\r\n";
+    test::WatchCalls("/");
+    run(program);
+    told = program.err.str();
+    for (const test::FileCall& call : test::TakeCalls()) {
+      if (!test::Changes(call)) continue;
+      for (const std::string& path : {call.path, call.to}) {
+        if (path.empty()) continue;
+        const auto whole = PathOf(path).lexically_normal();
+        if (!Utf8Of(whole).starts_with(home)) return call.name + " " + path + " is outside";
+        if (call.name == "create" && told.find("f\xC3\xB6r l\xC3\xA5ngt") != std::string::npos)
+          continue;
+        if (!IsHarmless(Utf8Of(whole.filename()))) return call.name + " " + path + " is no name";
+      }
+    }
+    for (const auto& [path, bytes] : test::TreeOf(home)) {
+      const std::string folderless = path.ends_with('/') ? path.substr(0, path.size() - 1) : path;
+      const std::string name = folderless.substr(folderless.rfind('/') + 1);
+      if (!IsHarmless(name)) return path + " was made";
+    }
+    return {};
+  }
+
+  std::string Wrong(const std::string& name) {
+    const std::string utf8 = Utf8FromWindows1252(name);
+    Plant(Ini(name, "046"));
+    std::string wrong = Judge([](test::DiskProgram& program) { program.Start(WorkOnAll); });
+    if (wrong.empty()) {
+      wrong = Judge([](test::DiskProgram& program) { program.Run({"export", "--local"}); });
+    }
+    Plant(Ini(name, name));
+    if (wrong.empty()) {
+      wrong = Judge([](test::DiskProgram& program) { program.Start(WorkOnAll); });
+    }
+    Plant(Ini("x", "046"));
+    for (const std::string& word : {name, utf8, "A/" + utf8}) {
+      if (!wrong.empty()) break;
+      wrong = Judge([&](test::DiskProgram& program) {
+        program.Run({"put", "wdc", word, "-", "--no-send"});
+        program.Run({"put", "wdc", "A/T", word, "--no-send"});
+        program.Run({"put", word, "A/T", "-"});
+        program.Run({"check", "sdc", "A/T", word});
+        program.Run({"get", "ovc", word, "--local"});
+        program.Run({"export", word});
+        program.Run({"send", word, word});
+        program.Run({word});
+        program.Run({"--dir", word});
+      });
+    }
+    if (wrong.empty() && test::TreeOf(temporary.Path() / "around") != around) {
+      wrong = "something around it has changed";
+    }
+    return wrong;
+  }
+
+  test::TemporaryFolder temporary;
+  std::string home = temporary.Name() + "home/";
+  test::Tree around;
+  std::string told;  // by the last run
+};
+
+TEST_F(HostileNamesTest, NothingOutsideTheProgramDirectoryAndNoDevice) {
+  std::size_t good = 0;
+  const std::vector<std::string> names = HostileNames();
+  for (const std::string& name : names) {
+    const std::string wrong = Wrong(name);
+    EXPECT_EQ(wrong, "") << ::testing::PrintToString(name.substr(0, 300));
+    if (wrong.empty()) ++good;
+  }
+  std::cout << "figure: hostile names: " << good << " of " << names.size() << '\n';
+}
+
+TEST_F(HostileNamesTest, ANameThatIsTooLongIsTold) {
+  Plant(Ini(std::string(300, 'x'), "046"));
+  Judge([](test::DiskProgram& program) { program.Start(WorkOnAll); });
+  EXPECT_NE(told.find("namnet \xC3\xA4r f\xC3\xB6r l\xC3\xA5ngt"), std::string::npos) << told;
+  for (std::size_t at = 0, end = 0; at < told.size(); at = end + 1) {
+    end = std::min(told.find('\n', at), told.size());
+    EXPECT_LT(end - at, 700U) << "a message that one can read";
+  }
+}
+
+// A name that just fits is saved, though the file is written beside it first.
+TEST_F(HostileNamesTest, TheLongestNameThatFits) {
+  const std::string fits(255 - std::string(" T.TXT").size() - 2, 'x');
+  Plant({});
+  DiskFiles files;
+  EXPECT_FALSE(files.Write(home + fits + "  T.TXT", "x"));
+  EXPECT_TRUE(files.Write(home + fits + "xx  T.TXT", "x"));
+}
+
+}  // namespace
+}  // namespace zek
