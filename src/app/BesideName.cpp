@@ -1,6 +1,7 @@
 #include "app/BesideName.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 
 namespace zek {
@@ -36,6 +37,11 @@ bool IsBesideName(std::string_view name) {
   return !numbers.empty() && std::all_of(numbers.begin(), numbers.end(), [](char each) {
     return (each >= '0' && each <= '9') || each == '-';
   });
+}
+
+unsigned long BesideProcess(std::string_view name) {
+  const std::size_t number = name.rfind(kMark) + kMark.size();
+  return std::strtoul(std::string(name.substr(number)).c_str(), nullptr, 10);
 }
 
 }  // namespace zek

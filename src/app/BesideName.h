@@ -13,6 +13,9 @@ std::string BesideName(const std::string& target, unsigned long process, int att
 /// The name (without directory) of such a file. It is never a catalogue, settings or export.
 bool IsBesideName(std::string_view name);
 
+/// The process that such a name tells of.
+unsigned long BesideProcess(std::string_view name);
+
 /// A name taken by others that often is not tried for again.
 inline constexpr int kMostBesideNames = 100;
 

@@ -15,6 +15,11 @@ TEST(BesideName, StandsBesideItsTargetAndFits) {
   EXPECT_EQ(BesideName(letters, 1, 1).size(), 200U + 1 + std::string(".zvtmp1").size() - 1);
 }
 
+TEST(BesideName, TellsTheProcess) {
+  EXPECT_EQ(BesideProcess("a.zvtmp1.zvtmp4194304-12"), 4'194'304U);
+  EXPECT_EQ(BesideProcess("a.zvtmp7"), 7U);
+}
+
 TEST(BesideName, NothingElseIsTakenForOne) {
   for (const char* const name : {"a.zvtmp1", ".zvtmp99", "a.zvtmp7-2", "a.zvtmp.zvtmp7"}) {
     EXPECT_TRUE(IsBesideName(name)) << name;

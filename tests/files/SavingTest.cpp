@@ -233,7 +233,7 @@ class Saving : public ::testing::Test {
     if (faulty <= 10) ADD_FAILURE() << each.Name() << ": " << wrong << "\n" << outcome.told;
   }
 
-  test::TemporaryFolder temporary;
+  test::TemporaryFolder temporary{test::FastFolder()};
   std::string home = temporary.Name() + "home/";
   int cases = 0;
   int faulty = 0;
