@@ -24,8 +24,8 @@ bool WriteAll(HANDLE file, std::string_view bytes) {
   return true;
 }
 
-// The new file is as open to others as the one that it replaces; in one step the system replaces a
-// file only without that.
+// The new file is never more open to others than the one that it replaces. The system's call that
+// sees to that by itself replaces the file in several steps, between which there is none.
 void TakeAccessOf(const std::wstring& target, const std::wstring& beside) {
   PACL access = nullptr;
   PSECURITY_DESCRIPTOR descriptor = nullptr;
@@ -102,7 +102,6 @@ class WinOutputFile final : public OutputFile {
     if (::FlushFileBuffers(file_.Get()) == 0 || !file_.Close()) {
       return WinFileError(path_, ::GetLastError());
     }
-    TakeAccessOf(target_, beside_);
     const bool moved = WhileHeld([this] {
       return ::MoveFileExW(beside_.c_str(), target_.c_str(),
                            MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
@@ -132,6 +131,7 @@ CreatedFile DiskFiles::Create(const std::string& path) {
     const HANDLE file = ::CreateFileW(beside.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                       FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file != INVALID_HANDLE_VALUE) {
+      TakeAccessOf(target, beside);
       return {std::make_unique<WinOutputFile>(file, path, target, beside), std::nullopt};
     }
     const DWORD code = ::GetLastError();

@@ -76,8 +76,8 @@ TEST(WinFiles, AReplacedFileKeepsItsAccess) {
   const std::wstring wide = WideFromUtf8(path);
   DiskFiles files;
   EXPECT_FALSE(files.Write(path, "old"));
-  PSECURITY_DESCRIPTOR own = nullptr;  // nobody but its owner and the administrators
-  ASSERT_NE(::ConvertStringSecurityDescriptorToSecurityDescriptorW(L"D:P(A;;FA;;;OW)(A;;FA;;;BA)",
+  PSECURITY_DESCRIPTOR own = nullptr;  // not what the folder says
+  ASSERT_NE(::ConvertStringSecurityDescriptorToSecurityDescriptorW(L"D:P(A;;FA;;;BA)(A;;FA;;;WD)",
                                                                    SDDL_REVISION_1, &own, nullptr),
             0);
   ASSERT_NE(::SetFileSecurityW(wide.c_str(), DACL_SECURITY_INFORMATION, own), 0);
