@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include "text/Fields.h"
+#include "text/Numbers.h"
 
 namespace zek::test {
 namespace {
@@ -29,7 +30,7 @@ void Unpack(const std::string& text, Outcome& outcome) {
   std::string record;
   std::getline(records, record, kRecord);
   const std::string separator(1, kField);
-  outcome.status = std::atoi(std::string(GetField(record, 0, separator)).c_str());
+  outcome.status = static_cast<int>(Val(GetField(record, 0, separator)));
   outcome.told = GetField(record, 1, separator);
   while (std::getline(records, record, kRecord)) {
     outcome.calls.push_back({std::string(GetField(record, 0, separator)),

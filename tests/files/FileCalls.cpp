@@ -142,9 +142,33 @@ using zek::test::Real;
 using zek::test::Watched;
 using zek::test::Whole;
 
+// Their names are another matter than the symbols that everybody calls.
 extern "C" {
 
-int open(const char* path, int flags, ...) {
+int CallOpen(const char* path, int flags, ...) __asm__("open");
+int CallOpen64(const char* path, int flags, ...) __asm__("open64");
+FILE* CallFopen(const char* path, const char* mode) __asm__("fopen");
+FILE* CallFopen64(const char* path, const char* mode) __asm__("fopen64");
+DIR* CallOpendir(const char* path) __asm__("opendir");
+ssize_t CallRead(int descriptor, void* bytes, size_t size) __asm__("read");
+ssize_t CallWrite(int descriptor, const void* bytes, size_t size) __asm__("write");
+int CallClose(int descriptor) __asm__("close");
+int CallFsync(int descriptor) __asm__("fsync");
+int CallFlock(int descriptor, int operation) __asm__("flock");
+int CallFtruncate(int descriptor, off_t size) __asm__("ftruncate");
+off_t CallLseek(int descriptor, off_t offset, int from) __asm__("lseek");
+int CallFchmod(int descriptor, mode_t mode) __asm__("fchmod");
+int CallFstat(int descriptor, struct stat* status) __asm__("fstat");
+int CallStat(const char* path, struct stat* status) __asm__("stat");
+int CallRename(const char* from, const char* to) __asm__("rename");
+int CallUnlink(const char* path) __asm__("unlink");
+int CallRemove(const char* path) __asm__("remove");
+int CallMkdir(const char* path, mode_t mode) __asm__("mkdir");
+int CallRmdir(const char* path) __asm__("rmdir");
+int CallSymlink(const char* target, const char* path) __asm__("symlink");
+int CallTruncate(const char* path, off_t size) __asm__("truncate");
+
+int CallOpen(const char* path, int flags, ...) {
   std::va_list list;
   va_start(list, flags);
   const mode_t mode = zek::test::ModeOf(flags, list);
@@ -153,33 +177,33 @@ int open(const char* path, int flags, ...) {
   return zek::test::Open(path, flags, [&] { return real(path, flags, mode); });
 }
 
-int open64(const char* path, int flags, ...) {
+int CallOpen64(const char* path, int flags, ...) {
   std::va_list list;
   va_start(list, flags);
   const mode_t mode = zek::test::ModeOf(flags, list);
   va_end(list);
-  return open(path, flags, mode);
+  return CallOpen(path, flags, mode);
 }
 
-FILE* fopen(const char* path, const char* mode) {
+FILE* CallFopen(const char* path, const char* mode) {
   static auto* const real = Real<FILE*(const char*, const char*)>("fopen");
   const bool reads = mode[0] == 'r' && std::string(mode).find('+') == std::string::npos;
   return Watched(reads ? "open" : "create", Whole(path), [&] { return real(path, mode); });
 }
 
-FILE* fopen64(const char* path, const char* mode) { return fopen(path, mode); }
+FILE* CallFopen64(const char* path, const char* mode) { return CallFopen(path, mode); }
 
-DIR* opendir(const char* path) {
+DIR* CallOpendir(const char* path) {
   static auto* const real = Real<DIR*(const char*)>("opendir");
   return Watched("list", Whole(path), [&] { return real(path); });
 }
 
-ssize_t read(int descriptor, void* bytes, size_t size) {
+ssize_t CallRead(int descriptor, void* bytes, size_t size) {
   static auto* const real = Real<ssize_t(int, void*, size_t)>("read");
   return Watched("read", PathOf(descriptor), [&] { return real(descriptor, bytes, size); });
 }
 
-ssize_t write(int descriptor, const void* bytes, size_t size) {
+ssize_t CallWrite(int descriptor, const void* bytes, size_t size) {
   static auto* const real = Real<ssize_t(int, const void*, size_t)>("write");
   const std::string path = PathOf(descriptor);
   if (path.empty()) return real(descriptor, bytes, size);
@@ -191,7 +215,7 @@ ssize_t write(int descriptor, const void* bytes, size_t size) {
   return written;
 }
 
-int close(int descriptor) {
+int CallClose(int descriptor) {
   static auto* const real = Real<int(int)>("close");
   const std::string path = PathOf(descriptor);
   if (!path.empty()) Opened(descriptor)->clear();
@@ -199,72 +223,72 @@ int close(int descriptor) {
   return Watched("close", path, [&] { return closed; });
 }
 
-int fsync(int descriptor) {
+int CallFsync(int descriptor) {
   return Watched("fsync", PathOf(descriptor), [] { return 0; });
 }
 
-int flock(int descriptor, int operation) {
+int CallFlock(int descriptor, int operation) {
   static auto* const real = Real<int(int, int)>("flock");
   return Watched("lock", PathOf(descriptor), [&] { return real(descriptor, operation); });
 }
 
-int ftruncate(int descriptor, off_t size) {
+int CallFtruncate(int descriptor, off_t size) {
   static auto* const real = Real<int(int, off_t)>("ftruncate");
   return Watched("truncate", PathOf(descriptor), [&] { return real(descriptor, size); });
 }
 
-off_t lseek(int descriptor, off_t offset, int from) {
+off_t CallLseek(int descriptor, off_t offset, int from) {
   static auto* const real = Real<off_t(int, off_t, int)>("lseek");
   return Watched("seek", PathOf(descriptor), [&] { return real(descriptor, offset, from); });
 }
 
-int fchmod(int descriptor, mode_t mode) {
+int CallFchmod(int descriptor, mode_t mode) {
   static auto* const real = Real<int(int, mode_t)>("fchmod");
   return Watched("chmod", PathOf(descriptor), [&] { return real(descriptor, mode); });
 }
 
-int fstat(int descriptor, struct stat* status) noexcept {
+int CallFstat(int descriptor, struct stat* status) {
   static auto* const real = Real<int(int, struct stat*)>("fstat");
   return Watched("status", PathOf(descriptor), [&] { return real(descriptor, status); });
 }
 
-int stat(const char* path, struct stat* status) noexcept {
+int CallStat(const char* path, struct stat* status) {
   static auto* const real = Real<int(const char*, struct stat*)>("stat");
   return Watched("status", Whole(path), [&] { return real(path, status); });
 }
 
-int rename(const char* from, const char* to) noexcept {
+int CallRename(const char* from, const char* to) {
   static auto* const real = Real<int(const char*, const char*)>("rename");
   return Watched(
       "rename", Whole(from), [&] { return real(from, to); }, Whole(to));
 }
 
-int unlink(const char* path) noexcept {
+int CallUnlink(const char* path) {
   static auto* const real = Real<int(const char*)>("unlink");
   return Watched("unlink", Whole(path), [&] { return real(path); });
 }
 
-int remove(const char* path) noexcept {
+int CallRemove(const char* path) {
   static auto* const real = Real<int(const char*)>("remove");
   return Watched("unlink", Whole(path), [&] { return real(path); });
 }
 
-int mkdir(const char* path, mode_t mode) noexcept {
+int CallMkdir(const char* path, mode_t mode) {
   static auto* const real = Real<int(const char*, mode_t)>("mkdir");
   return Watched("mkdir", Whole(path), [&] { return real(path, mode); });
 }
 
-int rmdir(const char* path) noexcept {
+int CallRmdir(const char* path) {
   static auto* const real = Real<int(const char*)>("rmdir");
   return Watched("rmdir", Whole(path), [&] { return real(path); });
 }
 
-int symlink(const char* target, const char* path) noexcept {
+int CallSymlink(const char* target, const char* path) {
   static auto* const real = Real<int(const char*, const char*)>("symlink");
   return Watched("link", Whole(path), [&] { return real(target, path); });
 }
 
-int truncate(const char* path, off_t size) noexcept {
+int CallTruncate(const char* path, off_t size) {
   static auto* const real = Real<int(const char*, off_t)>("truncate");
   return Watched("truncate", Whole(path), [&] { return real(path, size); });
 }
