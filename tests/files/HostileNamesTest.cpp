@@ -17,106 +17,30 @@ namespace {
 
 constexpr std::size_t kNames = 1000;
 
+// One behind the other, a tab between them.
+constexpr std::string_view kPieces =
+    "..\t../\t..\\\t/\t\\\t../../outside.txt\t..\\..\\outside.txt\t/etc/passwd\tC:\\\tC:\t"
+    "\\\\server\\share\\\t\\\\.\\PHYSICALDRIVE0\t//\t./\t.\t...\t. .\tx.\tx \t \t   \t"
+    "CON\tcon.txt\tNUL\tnul.\tAUX \tPRN.TXT\tCOM1\tcom9.x\tCOM\xB9\tLPT1\tlpt0.WDC\tCONIN$\t"
+    "CLOCK$\tNUL:stream\tx::$DATA\t:\t*\t?\t*.*\t\"\t<\t>\t|\t>x\t~\t~1\t%TEMP%\t$HOME\t`id`\t"
+    "$(id)\t-\t--dir\t--\t/INI:\t\x01\t\x1F\t\x7F\t\x0B\t\x1B[2J\t\x80\t\x81\t\xA0\t\xE5\t\xFF\t"
+    "\xC3\xA5\t%00\t%2e%2e%2f\tzek_lang.046\tZEKView.INI\tBatch/x\tBatch\tHistory/x\tdesktop.ini\t"
+    "x.zvtmp1\t[\t]\t[x]\t{a}\t(b)\t'\t''\t\"q\"\t=\t,\t;\t#\t&\t\r\n[General]\t\nLanguage=../x";
+
 std::vector<std::string> Pieces() {
-  return {"..",
-          "../",
-          "..\\",
-          "/",
-          "\\",
-          "../../outside.txt",
-          "..\\..\\outside.txt",
-          "/etc/passwd",
-          "C:\\",
-          "C:",
-          "\\\\server\\share\\",
-          "\\\\.\\PHYSICALDRIVE0",
-          "//",
-          "./",
-          "CON",
-          "con.txt",
-          "NUL",
-          "nul.",
-          "AUX ",
-          "PRN.TXT",
-          "COM1",
-          "com9.x",
-          "COM\xB9",
-          "LPT1",
-          "lpt0.WDC",
-          "CONIN$",
-          "CLOCK$",
-          "NUL:stream",
-          "x::$DATA",
-          ":",
-          "*",
-          "?",
-          "*.*",
-          "\"",
-          "<",
-          ">",
-          "|",
-          ">x",
-          "~",
-          "~1",
-          "%TEMP%",
-          "$HOME",
-          "`id`",
-          "$(id)",
-          "-",
-          "--dir",
-          "--",
-          "/INI:",
-          " ",
-          "   ",
-          ".",
-          "...",
-          "x.",
-          "x ",
-          ". .",
-          "\x01",
-          "\x1F",
-          "\x7F",
-          "\t",
-          "\x0B",
-          "\x1B[2J",
-          "\x80",
-          "\x81",
-          "\xA0",
-          "\xE5",
-          "\xFF",
-          "\xC3\xA5",
-          "\xE2\x80\xAE",
-          "%00",
-          "%2e%2e%2f",
-          "zek_lang.046",
-          "ZEKView.INI",
-          "Batch/x",
-          "Batch",
-          "History/x",
-          "desktop.ini",
-          "x.zvtmp1",
-          "[",
-          "]",
-          "[x]",
-          "{a}",
-          "(b)",
-          "'",
-          "''",
-          "\"q\"",
-          "=",
-          ",",
-          ";",
-          "#",
-          "&",
-          "\r\n[General]",
-          "\nLanguage=../x",
-          std::string(300, 'x'),
-          std::string(300, '.'),
-          std::string(300, ' ') + "x",
-          std::string(130, '\xE5'),
-          std::string(250, 'y'),
-          std::string(244, 'z'),
-          std::string(3000, '_')};
+  std::vector<std::string> pieces;
+  for (std::string_view rest = kPieces; !rest.empty();) {
+    const std::string_view piece = GetField(rest, 0, "\t");
+    pieces.emplace_back(piece);
+    rest.remove_prefix(std::min(piece.size() + 1, rest.size()));
+  }
+  for (const std::size_t length : {130U, 244U, 250U, 300U, 3000U}) {
+    pieces.emplace_back(length, 'x');
+    pieces.emplace_back(length, '.');
+    pieces.emplace_back(length, '\xE5');
+    pieces.push_back(std::string(length, ' ') + "x");
+  }
+  return pieces;
 }
 
 // Each piece, with what goes before and behind a name, and then strings of them.

@@ -193,7 +193,7 @@ class Saving : public ::testing::Test {
       const bool isNew = fresh != whole.end() && bytes == fresh->second;
       const bool isPart = name.starts_with("Batch/") && fresh != whole.end() && !done &&
                           IsPartOf(bytes, fresh->second);
-      if (!isOld && !isNew && !isPart) return name + " is torn: " + bytes;
+      if (!isOld && !isNew && !isPart) return name + " is torn";
       if (done && !isNew) return name + " is old though all went well";
     }
     for (const auto& [name, bytes] : before) {
