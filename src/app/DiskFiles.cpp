@@ -5,6 +5,7 @@
 #include <optional>
 #include <system_error>
 
+#include "app/BesideName.h"
 #include "app/Paths.h"
 
 namespace zek {
@@ -39,7 +40,8 @@ std::vector<std::string> DiskFiles::List(const std::string& directory) const {
   std::error_code error;
   for (std::filesystem::directory_iterator at(PathOf(directory), error), end; !error && at != end;
        at.increment(error)) {
-    if (auto name = Utf8If(at->path().filename())) names.push_back(std::move(*name));
+    auto name = Utf8If(at->path().filename());
+    if (name && !IsBesideName(*name)) names.push_back(std::move(*name));
   }
   std::sort(names.begin(), names.end());
   return names;

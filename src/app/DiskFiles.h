@@ -4,9 +4,9 @@
 
 namespace zek {
 
-/// The real disk. Writing goes to "NAME.zvtmp" and the process's number beside the file (behind a
-/// link: beside the file it leads to); a left-over of a crash is never read. A file that is
-/// replaced keeps its permissions; on Windows, where they come from the directory, it gets those.
+/// The real disk. Writing goes to a `BesideName` beside the file (behind a link: beside the file it
+/// leads to); a left-over of a crash is never read, and deleted by the next write beside it. A file
+/// that is replaced keeps its permissions.
 class DiskFiles final : public Files {
  public:
   bool Exists(const std::string& path) const override;

@@ -4,7 +4,9 @@
 
 namespace zek {
 
-/// The settings file read and written by our own code, with the rules of `ProfileText.h`.
+/// The settings file read and written by our own code, with the rules of `ProfileText.h`. While it
+/// can't be read, as on a network drive that is gone for a moment, what was read last holds: a
+/// program that works on must not take a default for the operator's word.
 class FileProfile final : public Profile {
  public:
   FileProfile(Files& files, std::string path) : files_(files), path_(std::move(path)) {}
@@ -16,8 +18,11 @@ class FileProfile final : public Profile {
   ProfileSection ReadSection(std::string_view section, std::size_t bufferSize) const override;
 
  private:
+  const std::string& Text() const;
+
   Files& files_;
   std::string path_;
+  mutable std::optional<std::string> text_;  // as it was read last; nothing before the first time
 };
 
 }  // namespace zek

@@ -11,7 +11,7 @@ namespace zek {
 
 /// Why a file operation failed, for the message that names the file and the reason.
 struct FileError {
-  enum class Reason { Missing, Denied, Full, ReadOnly, TooLarge, Other };
+  enum class Reason { Missing, Denied, Full, ReadOnly, TooLarge, NameTooLong, InUse, Other };
   std::string path;  // as given to the operation
   Reason reason = Reason::Other;
   std::string systemMessage;  // the system's own words, UTF-8
@@ -26,7 +26,8 @@ struct FileContent {
 inline constexpr std::size_t kLargestFile = std::size_t{64} << 20;
 
 /// A file that is written piece by piece. It stands beside its place until `Commit`; without one
-/// nothing is left of it, and a file of that name stays as it was.
+/// nothing is left of it, and a file of that name stays as it was. What a killed program leaves of
+/// it is deleted when the next file of that directory is written.
 class OutputFile {
  public:
   virtual ~OutputFile() = default;
@@ -63,10 +64,11 @@ class Files {
   /// A directory that is there already is no error; the one above it has to be there.
   virtual std::optional<FileError> MakeDirectory(const std::string& path) = 0;
 
-  /// Deleting what is not there is no error.
+  /// Deleting what is not there is no error; that its folder is not there is one.
   virtual std::optional<FileError> Remove(const std::string& path) = 0;
 
   /// Names (without directory) of the files in `directory`, sorted; empty when it can't be read.
+  /// Files that are only being written, or were when their program was killed, are not among them.
   virtual std::vector<std::string> List(const std::string& directory) const = 0;
 };
 

@@ -1,128 +1,24 @@
 #include <algorithm>
 #include <cerrno>
-#include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
 #include <system_error>
-#include <unistd.h>
-#include <utility>
 
 #include "app/DiskFiles.h"
+#include "app/PosixDescriptor.h"
+#include "app/PosixFileError.h"
 
 namespace zek {
-namespace {
-
-FileError ErrorOf(const std::string& path, int code) {
-  using Reason = FileError::Reason;
-  Reason reason = Reason::Other;
-  if (code == ENOENT || code == ENOTDIR) reason = Reason::Missing;
-  if (code == EACCES || code == EPERM) reason = Reason::Denied;
-  if (code == ENOSPC || code == EDQUOT) reason = Reason::Full;
-  if (code == EROFS) reason = Reason::ReadOnly;
-  return {path, reason, std::generic_category().message(code)};
-}
-
-// Closes what it holds; a file descriptor is not closed twice.
-class Descriptor {
- public:
-  explicit Descriptor(int number) : number_(number) {}
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-  ~Descriptor() { Close(); }
-
-  bool IsOpen() const { return number_ >= 0; }
-  int Number() const { return number_; }
-  // False with errno when the system reports a late write error.
-  bool Close() {
-    const int number = number_;
-    number_ = -1;
-    return number < 0 || ::close(number) == 0;
-  }
-
- private:
-  int number_;
-};
-
-bool WriteAll(int descriptor, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return false;
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
-}
-
-std::string BehindLinks(const std::string& path) {
-  std::error_code error;
-  const std::filesystem::path target = std::filesystem::canonical(path, error);
-  return error ? path : target.string();
-}
-
-// A rename is on the disk only when its directory is; where that can't be opened the rename holds.
-void FlushDirectoryOf(const std::string& path) {
-  const std::size_t slash = path.rfind('/');
-  const std::string directory = slash == std::string::npos ? "." : path.substr(0, slash + 1);
-  const Descriptor opened(::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (opened.IsOpen()) ::fsync(opened.Number());
-}
-
-class DiskOutputFile final : public OutputFile {
- public:
-  // `path` is what messages name, `beside` is what is written until it replaces `target`.
-  DiskOutputFile(int file, std::string path, std::string target, std::string beside)
-      : file_(file),
-        path_(std::move(path)),
-        target_(std::move(target)),
-        beside_(std::move(beside)) {}
-  DiskOutputFile(const DiskOutputFile&) = delete;
-  DiskOutputFile& operator=(const DiskOutputFile&) = delete;
-  ~DiskOutputFile() override {
-    if (!inPlace_) ::unlink(beside_.c_str());
-  }
-
-  std::optional<FileError> Append(std::string_view bytes) override {
-    if (!torn_ && WriteAll(file_.Number(), bytes)) {
-      size_ += static_cast<off_t>(bytes.size());
-      return std::nullopt;
-    }
-    const int code = torn_ ? EIO : errno;
-    // What was written of these bytes goes again.
-    torn_ = ::ftruncate(file_.Number(), size_) != 0 || ::lseek(file_.Number(), size_, SEEK_SET) < 0;
-    return ErrorOf(path_, code);
-  }
-
-  std::optional<FileError> Commit() override {
-    if (torn_) return ErrorOf(path_, EIO);
-    if (::fsync(file_.Number()) != 0 || !file_.Close() ||
-        ::rename(beside_.c_str(), target_.c_str()) != 0) {
-      return ErrorOf(path_, errno);
-    }
-    inPlace_ = true;
-    FlushDirectoryOf(target_);
-    return std::nullopt;
-  }
-
- private:
-  Descriptor file_;
-  std::string path_;
-  std::string target_;
-  std::string beside_;
-  off_t size_ = 0;
-  bool torn_ = false;  // it ends in bytes that could not be taken back
-  bool inPlace_ = false;
-};
-
-}  // namespace
 
 FileContent DiskFiles::Read(const std::string& path) const {
   FileContent content;
   const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-  if (!file.IsOpen()) return {{}, ErrorOf(path, errno)};
+  if (!file.IsOpen()) return {{}, PosixFileError(path, errno)};
   struct stat status = {};
-  if (::fstat(file.Number(), &status) != 0) return {{}, ErrorOf(path, errno)};
-  if (S_ISDIR(status.st_mode)) return {{}, ErrorOf(path, EISDIR)};
-  if (!S_ISREG(status.st_mode)) return {{}, ErrorOf(path, EINVAL)};  // a pipe could make us wait
+  if (::fstat(file.Number(), &status) != 0) return {{}, PosixFileError(path, errno)};
+  if (S_ISDIR(status.st_mode)) return {{}, PosixFileError(path, EISDIR)};
+  if (!S_ISREG(status.st_mode))
+    return {{}, PosixFileError(path, EINVAL)};  // a pipe could make us wait
   const auto expected = static_cast<std::size_t>(std::max<off_t>(status.st_size, 0));
   content.bytes.resize(std::min(expected, kLargestFile) + 1);  // one more shows the end at once
   std::size_t used = 0;
@@ -131,7 +27,7 @@ FileContent DiskFiles::Read(const std::string& path) const {
     if (used == content.bytes.size()) content.bytes.resize(used * 2);
     const ssize_t got = ::read(file.Number(), &content.bytes[used], content.bytes.size() - used);
     if (got < 0 && errno == EINTR) continue;
-    if (got < 0) return {{}, ErrorOf(path, errno)};
+    if (got < 0) return {{}, PosixFileError(path, errno)};
     if (got == 0) break;
     used += static_cast<std::size_t>(got);
   }
@@ -139,27 +35,21 @@ FileContent DiskFiles::Read(const std::string& path) const {
   return content;
 }
 
-CreatedFile DiskFiles::Create(const std::string& path) {
-  const std::string target = BehindLinks(path);
-  const std::string beside = target + ".zvtmp" + std::to_string(::getpid());
-  const int file = ::open(beside.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-  if (file < 0) return {nullptr, ErrorOf(path, errno)};
-  struct stat old = {};
-  if (::stat(target.c_str(), &old) == 0) ::fchmod(file, old.st_mode & 07777);
-  return {std::make_unique<DiskOutputFile>(file, path, target, beside), std::nullopt};
-}
-
 std::optional<FileError> DiskFiles::MakeDirectory(const std::string& path) {
-  if (::mkdir(path.c_str(), 0777) == 0) return std::nullopt;
+  if (::mkdir(path.c_str(), 0777) == 0 && FlushDirectoryOf(path)) return std::nullopt;
   const int code = errno;
   std::error_code error;
   if (code == EEXIST && std::filesystem::is_directory(path, error)) return std::nullopt;
-  return ErrorOf(path, code);
+  return PosixFileError(path, code);
 }
 
 std::optional<FileError> DiskFiles::Remove(const std::string& path) {
-  if (::unlink(path.c_str()) == 0 || errno == ENOENT) return std::nullopt;
-  return ErrorOf(path, errno);
+  if (::unlink(path.c_str()) == 0) return std::nullopt;
+  // Of a folder that is gone, as a network drive can be, nobody knows what it holds.
+  struct stat status = {};
+  const int code = errno;
+  if (code == ENOENT && ::stat(DirectoryOf(path).c_str(), &status) == 0) return std::nullopt;
+  return PosixFileError(path, code);
 }
 
 }  // namespace zek

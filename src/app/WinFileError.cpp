@@ -19,9 +19,14 @@ FileError WinFileError(const std::string& path, unsigned long code) {
       reason = Reason::Missing;
       break;
     case ERROR_ACCESS_DENIED:
+      reason = Reason::Denied;
+      break;
     case ERROR_SHARING_VIOLATION:
     case ERROR_LOCK_VIOLATION:
-      reason = Reason::Denied;
+      reason = Reason::InUse;
+      break;
+    case ERROR_FILENAME_EXCED_RANGE:
+      reason = Reason::NameTooLong;
       break;
     case ERROR_DISK_FULL:
     case ERROR_HANDLE_DISK_FULL:
@@ -32,6 +37,11 @@ FileError WinFileError(const std::string& path, unsigned long code) {
       break;
     default:
       break;
+  }
+  // The system finds no folder of that name then.
+  constexpr std::size_t longest = MAX_PATH - 2;
+  if (code == ERROR_PATH_NOT_FOUND && WideFromUtf8(path).size() > longest) {
+    reason = Reason::NameTooLong;
   }
   return {path, reason, SystemMessage(code)};
 }

@@ -8,7 +8,6 @@
 #include "app/FileProfile.h"
 #include "app/ProfileText.h"
 #include "app/SettingsFile.h"
-#include "app/WinFileError.h"
 #include "app/WinText.h"
 
 namespace zek {
@@ -28,13 +27,10 @@ std::string WinProfile::ReadIni(std::string_view section, std::string_view key,
 
 std::optional<FileError> WinProfile::WriteIni(std::string_view section, std::string_view key,
                                               std::string_view value) {
-  const std::string refusal = ProfileRefusal(section, key, value);
-  if (!refusal.empty()) return FileError{path_, FileError::Reason::Other, refusal};
-  if (::WritePrivateProfileStringA(std::string(section).c_str(), std::string(key).c_str(),
-                                   std::string(value).c_str(), ansiPath_.c_str()) != 0) {
-    return std::nullopt;  // the error code is noise then
-  }
-  return WinFileError(path_, ::GetLastError());
+  auto error = writer_.WriteIni(section, key, value);
+  // What the calls have kept of the file is forgotten.
+  ::WritePrivateProfileStringA(nullptr, nullptr, nullptr, ansiPath_.c_str());
+  return error;
 }
 
 ProfileSection WinProfile::ReadSection(std::string_view section, std::size_t bufferSize) const {
@@ -71,7 +67,7 @@ std::optional<std::string> ProfileCallPath(const std::string& path) {
 
 std::unique_ptr<Profile> OpenSettingsFile(Files& files, const std::string& path) {
   if (const std::optional<std::string> ansiPath = ProfileCallPath(path)) {
-    return std::make_unique<WinProfile>(*ansiPath, path);
+    return std::make_unique<WinProfile>(files, *ansiPath, path);
   }
   return std::make_unique<FileProfile>(files, path);
 }

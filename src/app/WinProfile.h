@@ -3,17 +3,18 @@
 #include <optional>
 #include <string>
 
-#include "app/Profile.h"
+#include "app/FileProfile.h"
 
 namespace zek {
 
-/// The settings file through the profile calls of Windows.
+/// The settings file through the profile calls of Windows. They would write it in place, where the
+/// end of the program can tear it: our own code replaces it as a whole.
 class WinProfile final : public Profile {
  public:
   /// `ansiPath` is a full path in the system's code page: a bare name would mean the Windows
   /// directory to the calls. `path` is the same in UTF-8, for messages.
-  WinProfile(std::string ansiPath, std::string path)
-      : ansiPath_(std::move(ansiPath)), path_(std::move(path)) {}
+  WinProfile(Files& files, std::string ansiPath, const std::string& path)
+      : ansiPath_(std::move(ansiPath)), writer_(files, path) {}
 
   std::string ReadIni(std::string_view section, std::string_view key,
                       std::string_view fallback) const override;
@@ -23,7 +24,7 @@ class WinProfile final : public Profile {
 
  private:
   std::string ansiPath_;
-  std::string path_;
+  FileProfile writer_;
 };
 
 /// What the calls take for a UTF-8 path: the full path in the system's code page. Nothing where

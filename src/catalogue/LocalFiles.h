@@ -11,7 +11,9 @@
 namespace zek {
 
 /// The names of a node's local copies, without directory, windows-1252. A root node of an object
-/// whose kind is not 1 has no weekday and exception catalogue: those names are empty.
+/// whose kind is not 1 has no weekday and exception catalogue: those names are empty. Objects with
+/// the same address and description share their copies, as do names that differ only in what
+/// becomes "_".
 struct LocalFileNames {
   std::string SDC;
   std::string WDC;
@@ -20,8 +22,9 @@ struct LocalFileNames {
 
 LocalFileNames LocalFilesOf(const Topic& topic, const TreeNode& node);
 
-/// The path of a file in the program directory, in UTF-8. Characters that a file
-/// name can't hold become "_", so that no name leads out of the directory.
+/// The path of a file in the program directory, in UTF-8. Characters that a file name can't hold on
+/// any system become "_", and so do dots and blanks at its end; what would be a device gets a "_"
+/// in front. So no name leads out of the directory. One that is too long is refused by the disk.
 std::string LocalPath(const std::string& programPath, std::string_view name);
 
 /// A catalogue as its local copy holds it.

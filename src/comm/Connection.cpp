@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "comm/Secret.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
 #include "text/Fields.h"
@@ -198,15 +199,24 @@ void Connection::SettleDisconnected() {
 
 bool Connection::TagOpen() {
   const Profile& profile = p_.profile;
+  password_ = profile.ReadIni("General", "Password", "");
   return p_.tags.Open(profile.ReadIni("General", "ComputerName", ""),
-                      profile.ReadIni("General", "UserName", ""),
-                      profile.ReadIni("General", "Password", "")) != 0;
+                      profile.ReadIni("General", "UserName", ""), password_) != 0;
+}
+
+// An object that repeats what it was called with must not give the password away.
+std::string Connection::TakeTagFault() { return WithoutSecret(p_.tags.TakeFault(), password_); }
+
+// A password this short stands by chance in what controllers say.
+std::string Connection::ForLog(std::string_view line) const {
+  constexpr std::size_t tooShort = 4;
+  return password_.size() < tooShort ? std::string(line) : WithoutSecret(line, password_);
 }
 
 // A call that the object answered with zero is told by whoever made it; why another one failed only
 // the object knows.
 void Connection::TellTagFault() {
-  const std::string fault = p_.settings.TagMode ? p_.tags.TakeFault() : std::string();
+  const std::string fault = p_.settings.TagMode ? TakeTagFault() : std::string();
   if (fault.empty() || p_.waits.Stopped()) return;
   p_.prompts.Show(Icon::Critical, Message(Text(text::kTagError), {fault}));
 }
@@ -259,7 +269,7 @@ void Connection::OnReplyLine(std::string_view line) {
     p_.status.Dot();
     p_.transfer.TakeReplyLine(line, p_.countdowns, p_.settings.GetTSCTimeoutTicks);
   }
-  p_.log.Add(line);
+  p_.log.Add(ForLog(line));
 }
 
 void Connection::OnTextDropped() { p_.log.Add(Text(text::kTextDropped)); }
@@ -306,7 +316,7 @@ void Connection::TickIdle() {
 }
 
 void Connection::TellPollFault() {
-  const std::string fault = p_.tags.TakeFault();
+  const std::string fault = TakeTagFault();
   if (fault.empty() || std::exchange(pollFaultTold_, true)) return;
   p_.prompts.Show(Icon::Critical, Message(Text(text::kTagError), {fault}));
 }

@@ -95,6 +95,8 @@ class Connection final : private LinkEvents, private ReplyEvents {
   void Failed(Topic& topic);
   bool CloseTag(Topic& topic);
   bool TagOpen();
+  std::string TakeTagFault();
+  std::string ForLog(std::string_view line) const;
   void TellTagFault();
   void TellPollFault();
   void LinkLost();
@@ -110,6 +112,7 @@ class Connection final : private LinkEvents, private ReplyEvents {
   ConnectionParts p_;
   ReplyReader reader_;
   SocketText socketText_;
+  std::string password_;       // of the last log-on to the tag server
   std::uint32_t attempt_ = 0;  // counts Connect and Disconnect
   std::uint32_t command_ = 0;  // counts commands
   std::uint32_t linkFaults_ = 0;

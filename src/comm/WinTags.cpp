@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "comm/Secret.h"
 #include "text/Fields.h"
 
 namespace zek {
@@ -94,19 +95,13 @@ std::string RaisedWords(EXCEPINFO& raised) {
 }
 
 // One line for a message, and no secret in it.
-std::string Cleaned(std::string words, const std::string& secret) {
+std::string Cleaned(const std::string& words, const std::string& secret) {
   constexpr std::size_t kLongest = 300;
-  constexpr std::string_view kHidden = "***";
-  if (!secret.empty()) {
-    for (std::size_t at = words.find(secret); at != std::string::npos;
-         at = words.find(secret, at + kHidden.size())) {
-      words.replace(at, secret.size(), kHidden);
-    }
-  }
-  for (char& character : words) {
+  std::string line = WithoutSecret(words, secret);
+  for (char& character : line) {
     if (static_cast<unsigned char>(character) < 32) character = ' ';
   }
-  return std::string(Trim(words.substr(0, kLongest)));
+  return std::string(Trim(line.substr(0, kLongest)));
 }
 
 }  // namespace

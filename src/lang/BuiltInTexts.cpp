@@ -211,6 +211,8 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kSentLine, "skickat"_w1252},
     {text::kFetchedLine, "i DUC"_w1252},
     {text::kFaultsLabel, "&Skillnader:"_w1252},
+    {text::kFileNameTooLong, "namnet är för långt."_w1252},
+    {text::kFileInUse, "filen används av ett annat program."_w1252},
 });
 
 }  // namespace

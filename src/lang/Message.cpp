@@ -34,16 +34,28 @@ std::string ReasonText(const LanguageTexts& texts, const FileError& error) {
       return texts.Text(text::kFileReadOnly);
     case FileError::Reason::TooLarge:
       return texts.Text(text::kFileTooLarge);
+    case FileError::Reason::NameTooLong:
+      return texts.Text(text::kFileNameTooLong);
+    case FileError::Reason::InUse:
+      return texts.Text(text::kFileInUse);
     case FileError::Reason::Other:
       break;
   }
   return Windows1252FromUtf8(error.systemMessage);
 }
+
+// A name can be far too long for a file, and would be for a message.
+std::string Shortened(std::string path) {
+  constexpr std::size_t longest = 260;
+  constexpr std::size_t end = 60;
+  if (path.size() <= longest) return path;
+  return path.substr(0, longest - end) + "..." + path.substr(path.size() - end);
+}
 }  // namespace
 
 std::string FileMessage(const LanguageTexts& texts, const FileError& error) {
   return Message(texts.Text(text::kFileFailed),
-                 {Windows1252FromUtf8(error.path), ReasonText(texts, error)});
+                 {Shortened(Windows1252FromUtf8(error.path)), ReasonText(texts, error)});
 }
 
 std::string SectionCutMessage(const LanguageTexts& texts, const std::string& section,

@@ -245,5 +245,8 @@ inline constexpr std::int32_t kLeftHeading = 726;
 inline constexpr std::int32_t kSentLine = 727;
 inline constexpr std::int32_t kFetchedLine = 728;
 inline constexpr std::int32_t kFaultsLabel = 729;
+// Files that can't be written
+inline constexpr std::int32_t kFileNameTooLong = 740;
+inline constexpr std::int32_t kFileInUse = 741;
 
 }  // namespace zek::text

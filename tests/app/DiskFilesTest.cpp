@@ -21,9 +21,11 @@ TEST_F(DiskFilesTest, WritesReadsListsAndRemoves) {
   EXPECT_EQ(files.Read(folder + "b").bytes, bytes);
   EXPECT_TRUE(files.Exists(folder + "a"));
   EXPECT_FALSE(files.Exists(folder)) << "a folder is no file";
-  EXPECT_EQ(files.List(folder), (std::vector<std::string>{"a", "b"})) << "nothing left beside";
+  EXPECT_EQ(files.List(folder), (std::vector<std::string>{"a", "b"}));
+  EXPECT_EQ(test::NamesIn(temporary), files.List(folder)) << "nothing left beside";
   EXPECT_FALSE(files.Remove(folder + "a"));
   EXPECT_FALSE(files.Remove(folder + "a")) << "what is not there is no error";
+  EXPECT_TRUE(files.Remove(folder + "nix/a")) << "in a folder that is gone it may be there";
   EXPECT_FALSE(files.Exists(folder + "a"));
 }
 
@@ -52,7 +54,7 @@ TEST_F(DiskFilesTest, AFailedWriteLeavesTheOldFileAndNothingElse) {
   std::filesystem::create_directory(temporary.Path() / "taken");  // nothing moves over a folder
   std::filesystem::create_directory(temporary.Path() / "taken" / "inside");
   EXPECT_TRUE(files.Write(folder + "taken", "x"));
-  EXPECT_EQ(files.List(folder), std::vector<std::string>{"taken"});
+  EXPECT_EQ(test::NamesIn(temporary), std::vector<std::string>{"taken"});
 }
 
 TEST_F(DiskFilesTest, AFileWrittenInPiecesIsThereOnlyWhenCommitted) {
@@ -61,9 +63,11 @@ TEST_F(DiskFilesTest, AFileWrittenInPiecesIsThereOnlyWhenCommitted) {
     const CreatedFile dropped = files.Create(folder + "x");
     ASSERT_TRUE(dropped.file);
     EXPECT_FALSE(dropped.file->Append("half"));
+    EXPECT_EQ(test::NamesIn(temporary).size(), 2U);
+    EXPECT_EQ(files.List(folder), std::vector<std::string>{"x"}) << "nobody takes it for a file";
     EXPECT_EQ(files.Read(folder + "x").bytes, "old");
   }
-  EXPECT_EQ(files.List(folder), std::vector<std::string>{"x"}) << "nothing left beside";
+  EXPECT_EQ(test::NamesIn(temporary), std::vector<std::string>{"x"}) << "nothing left beside";
   const CreatedFile created = files.Create(folder + "x");
   EXPECT_FALSE(created.file->Append("one "));
   EXPECT_FALSE(created.file->Append("two"));

@@ -10,8 +10,8 @@ std::vector<ProfileKind> ProfileKinds() {
              return std::make_unique<FileProfile>(files, path);
            }},
           {"SystemCalls",
-           [](Files& /*files*/, const std::string& path) {
-             return std::make_unique<WinProfile>(ProfileCallPath(path).value(), path);
+           [](Files& files, const std::string& path) {
+             return std::make_unique<WinProfile>(files, ProfileCallPath(path).value(), path);
            },
            false}};
 }

@@ -10,7 +10,8 @@
 
 namespace zek::test {
 
-/// A tag server that notes every call; the values in `refused` can't be written.
+/// A tag server that notes every call; the values in `refused` can't be written. One that `echoes`
+/// repeats the password of its log-on in all that it says.
 class FakeTags final : public TagServer {
  public:
   std::vector<std::string> calls;
@@ -19,19 +20,25 @@ class FakeTags final : public TagServer {
   std::deque<std::string> replies;
   std::string fault;           // why the next call fails
   std::string faultInReading;  // why every read fails
+  bool echoes = false;
+  std::string password;  // of the last log-on
 
   bool Create() override { return true; }
   std::int16_t Open(const std::string& computer, const std::string& user,
-                    const std::string& /*password*/) override {
+                    const std::string& given) override {
+    password = given;
     calls.push_back("Open " + computer + " " + user);
+    Echo("Open");
     return opens ? std::int16_t{-1} : std::int16_t{0};
   }
   std::int16_t TagWrite(const std::string& tag, const std::string& value) override {
     calls.push_back(tag + "=" + value);
+    Echo("TagWrite");
     return refused.contains(value) ? std::int16_t{0} : std::int16_t{1};
   }
   std::string TagRead(const std::string& /*tag*/) override {
     if (!faultInReading.empty()) fault = faultInReading;
+    Echo("TagRead");
     if (replies.empty()) return {};
     std::string reply = replies.front();
     replies.pop_front();
@@ -39,9 +46,15 @@ class FakeTags final : public TagServer {
   }
   std::int16_t Close() override {
     calls.emplace_back("Close");
+    Echo("Close");
     return 1;
   }
   std::string TakeFault() override { return std::exchange(fault, {}); }
+
+ private:
+  void Echo(const std::string& call) {
+    if (echoes && fault.empty()) fault = call + ": user:" + password + "@server " + password;
+  }
 };
 
 }  // namespace zek::test

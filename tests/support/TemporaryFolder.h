@@ -1,8 +1,10 @@
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <string>
+#include <vector>
 
 #include "app/Paths.h"
 
@@ -11,12 +13,12 @@ namespace zek::test {
 /// A new, empty folder of a test's own, gone at its end.
 class TemporaryFolder {
  public:
-  TemporaryFolder() {
+  explicit TemporaryFolder(
+      const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
     // Nobody else starts in the same moment with the same count.
     static int count = 0;
     const auto now = std::chrono::system_clock::now().time_since_epoch().count();
-    path_ = std::filesystem::temp_directory_path() /
-            ("zekview-" + std::to_string(now) + "-" + std::to_string(++count));
+    path_ = parent / ("zekview-" + std::to_string(now) + "-" + std::to_string(++count));
     std::filesystem::create_directory(path_);
   }
   TemporaryFolder(const TemporaryFolder&) = delete;
@@ -33,5 +35,15 @@ class TemporaryFolder {
  private:
   std::filesystem::path path_;
 };
+
+/// The names of all that stands in the folder, sorted, whatever the program makes of them.
+inline std::vector<std::string> NamesIn(const TemporaryFolder& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {
+    names.push_back(Utf8Of(entry.path().filename()));
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
 
 }  // namespace zek::test

@@ -1,0 +1,47 @@
+#include "app/BesideName.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+
+namespace zek {
+namespace {
+
+constexpr std::string_view kMark = ".zvtmp";
+constexpr std::size_t kLongestStem = 200;  // bytes; systems allow 255 of them or more
+
+// Where a piece of at most `longest` bytes ends, no character of UTF-8 cut in two.
+std::size_t WholeCharacters(std::string_view text, std::size_t longest) {
+  if (text.size() <= longest) return text.size();
+  while (longest > 0 && (static_cast<unsigned char>(text[longest]) & 0xC0) == 0x80) --longest;
+  return longest;
+}
+
+}  // namespace
+
+std::string BesideName(const std::string& target, unsigned long process, int attempt) {
+  const bool twoSeparators = std::filesystem::path::preferred_separator == '\\';
+  const std::size_t separator = target.find_last_of(twoSeparators ? "/\\" : "/");
+  const std::size_t start = separator == std::string::npos ? 0 : separator + 1;
+  const std::string_view name = std::string_view(target).substr(start);
+  std::string beside = target.substr(0, start + WholeCharacters(name, kLongestStem));
+  beside.append(kMark).append(std::to_string(process));
+  if (attempt > 1) beside.append("-").append(std::to_string(attempt));
+  return beside;
+}
+
+bool IsBesideName(std::string_view name) {
+  const std::size_t mark = name.rfind(kMark);
+  if (mark == std::string_view::npos) return false;
+  const std::string_view numbers = name.substr(mark + kMark.size());
+  return !numbers.empty() && std::all_of(numbers.begin(), numbers.end(), [](char each) {
+    return (each >= '0' && each <= '9') || each == '-';
+  });
+}
+
+unsigned long BesideProcess(std::string_view name) {
+  const std::size_t number = name.rfind(kMark) + kMark.size();
+  return std::strtoul(std::string(name.substr(number)).c_str(), nullptr, 10);
+}
+
+}  // namespace zek

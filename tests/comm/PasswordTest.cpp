@@ -1,0 +1,125 @@
+// The password of the tag log-on stands in nothing that anybody reads, whatever goes wrong and
+// whatever the tag object says.
+
+#include <gtest/gtest.h>
+#include <iostream>
+
+#include "catalogue/BatchExport.h"
+#include "comm/Secret.h"
+#include "support/TestSession.h"
+#include "text/Fields.h"
+
+namespace zek {
+namespace {
+
+TEST(Secret, IsHiddenInAnyCaseWhereverItStands) {
+  const struct {
+    const char* text;
+    const char* secret;
+    const char* hidden;
+  } cases[] = {
+      {"Open: user/hemligt failed", "hemligt", "Open: user/*** failed"},
+      {"HEMLIGT hemligthemligt", "Hemligt", "*** ******"},
+      {"p\xE5ssword", "P\xC5SS", "***word"},
+      {"nothing", "hemligt", "nothing"},
+      {"nothing", "", "nothing"},
+      {"", "x", ""},
+      {"aaa", "aa", "***a"},
+  };
+  for (const auto& each : cases) {
+    EXPECT_EQ(WithoutSecret(each.text, each.secret), each.hidden) << each.text;
+  }
+}
+
+// What a tag object does wrong in a session.
+struct Mood {
+  const char* name;
+  bool opens;
+  std::set<std::string> refused;
+  bool echoes;
+  bool readsEcho;  // its replies hold the password as well
+};
+
+const Mood kMoods[] = {
+    {"willing", true, {}, false, false},
+    {"closed", false, {}, false, false},
+    {"closed and talkative", false, {}, true, false},
+    {"talkative", true, {}, true, false},
+    {"repeating", true, {}, true, true},
+    {"no transparent open", true, {"transparent open"}, true, false},
+    {"no transparent close", true, {"transparent close"}, true, true},
+    {"no commands", true, {"LIST\r", "LIST TSC1\r", "\x05"}, true, true},
+    {"no link tag", true, {"2", "1", "0"}, true, false},
+};
+
+class TagSession : public test::TestSession {
+ public:
+  TagSession() : TestSession("TagMode=YES\r\nUserName=user\r\nComputerName=server\r\n") {}
+
+  void Set(const std::string& password, const Mood& mood) {
+    profile.WriteIni("General", "Password", password);
+    tags.opens = mood.opens;
+    tags.refused = mood.refused;
+    tags.echoes = mood.echoes;
+    if (!mood.readsEcho) return;
+    for (int i = 0; i < 40; ++i) tags.replies.push_back("0001>log-on " + password + " ok\r\n");
+  }
+
+  // All that a user does in tag mode.
+  void Use() {
+    const std::int16_t net = proc.topics.Find("NET");
+    proc.connection.Connect(net);
+    proc.connection.SendCommand("LIST");
+    proc.waits.WaitSeconds(2);
+    Select("TWO/TSC1");
+    static_cast<void>(GetCatalogue(proc, Catalogue::Wdc));
+    proc.transfer.CatalogueLines = {"1000 !TSC1"};
+    prompts.answers = {true};
+    static_cast<void>(SaveCatalogue(proc, Catalogue::Wdc));
+    BatchExport batch(proc);
+    batch.Start();
+    while (batch.Tick()) proc.waits.RunPending();
+    batch.StoreReport();
+    proc.connection.Disconnect();
+    proc.connection.CloseAllTags();
+  }
+
+  // Everything that is read on screen or in a file afterwards.
+  std::vector<std::string> Read() const {
+    std::vector<std::string> all = prompts.shown;
+    all.insert(all.end(), proc.log.Lines().begin(), proc.log.Lines().end());
+    const StatusPanels& status = proc.status;
+    all.insert(all.end(), {status.Connection, status.Progress, status.Transfer, status.Waiting,
+                           status.Sequence});
+    for (const auto& [path, bytes] : files.files) {
+      if (path != "/ini/ZEKView.INI") all.push_back(path + bytes);
+    }
+    return all;
+  }
+};
+
+constexpr const char* kPasswords[] = {"Hemligt7", "p\xE5ss\xF6rd", "%1%2", "***secret***",
+                                      "a b c!"};
+
+TEST(Password, StandsNowhere) {
+  int texts = 0;
+  int told = 0;
+  for (const char* const password : kPasswords) {
+    for (const Mood& mood : kMoods) {
+      TagSession each;
+      each.Set(password, mood);
+      each.Use();
+      EXPECT_EQ(each.tags.password, password) << "the object gets it";
+      for (const std::string& text : each.Read()) {
+        ++texts;
+        if (UpperCase(text).find(UpperCase(password)) == std::string::npos) continue;
+        ++told;
+        ADD_FAILURE() << mood.name << ": " << text;
+      }
+    }
+  }
+  std::cout << "figure: texts without the password: " << texts - told << " of " << texts << '\n';
+}
+
+}  // namespace
+}  // namespace zek

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "app/DiskFiles.h"
+#include "app/SettingsFile.h"
+#include "catalogue/Catalogue.h"
+#include "cli/Commands.h"
+#include "support/TransferSession.h"
+
+namespace zek::test {
+
+/// The command line program on the real disk, with a controller in memory and a clock that stands.
+class DiskProgram {
+ public:
+  /// `home` holds ZEKView.INI, the language files and the local copies; it ends in "/".
+  explicit DiskProgram(const std::string& home)
+      : home_(home), profile_(OpenSettingsFile(files, home + "ZEKView.INI")) {}
+
+  DiskFiles files;
+  TransferSession controller;
+  std::string input;       // standard input
+  std::ostringstream out;  // UTF-8
+  std::ostringstream err;
+
+  /// The exit status; `work` is what follows the start instead of a command.
+  template <class Work>
+  int Start(Work work) {
+    cli::CliPrompts prompts(err);
+    std::istringstream in(input);
+    ZV_Proc proc({files, *profile_, controller.turn, prompts, controller.socket, controller.dde,
+                  controller.tags, [] { return LocalTime{2026, 11, 21, 8, 30, 0}; }});
+    proc.settings.ProgramPath = home_;
+    proc.settings.IniPath = home_;
+    controller.turn.tick = [&proc] { proc.connection.Tick(); };
+    cli::Console console{proc, prompts, in, out, err};
+    const int started = cli::StartSession(console);
+    return started == cli::kDone ? work(console) : started;
+  }
+
+  int Run(const std::vector<std::string>& words) {
+    const cli::Arguments arguments = cli::ParseArguments(words);
+    if (!arguments.error.empty()) {
+      err << arguments.error << '\n';
+      return cli::kWrongUsage;
+    }
+    return Start([&](cli::Console& console) { return cli::RunCommand(console, arguments); });
+  }
+
+ private:
+  std::string home_;
+  std::unique_ptr<Profile> profile_;
+};
+
+}  // namespace zek::test
