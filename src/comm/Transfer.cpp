@@ -1,5 +1,6 @@
 #include "comm/Transfer.h"
 
+#include "text/Controls.h"
 #include "text/Fields.h"
 #include "text/Numbers.h"
 
@@ -29,7 +30,11 @@ void Transfer::TakeReplyLine(std::string_view line, Countdowns& countdowns,
     case TransferKind::ReadWdc:
     case TransferKind::ReadOvc:
     case TransferKind::ReadWdcExceptions:
-      TakeListingLine(line, countdowns, timeoutTicks);
+      if (FindControl(line) == std::string_view::npos) {
+        TakeListingLine(line, countdowns, timeoutTicks);
+      } else {
+        TakeUncleanLine(line, countdowns, timeoutTicks);
+      }
       break;
     case TransferKind::WriteSdc:
     case TransferKind::WriteWdc:
@@ -39,6 +44,22 @@ void Transfer::TakeReplyLine(std::string_view line, Countdowns& countdowns,
     case TransferKind::Idle:
       break;
   }
+}
+
+void Transfer::TakeDamage(Countdowns& countdowns) {
+  ErrorSeen = true;
+  countdowns.ReplyCountdown = 0;
+}
+
+// A header may hold what it likes; catalogue lines have a "!" and values a "=".
+void Transfer::TakeUncleanLine(std::string_view line, Countdowns& countdowns,
+                               std::int16_t timeoutTicks) {
+  std::string clean(line);
+  std::erase_if(clean, IsStray);
+  if (FindControl(clean) != std::string::npos && clean.find_first_of("!=") != std::string::npos) {
+    TakeDamage(countdowns);
+  }
+  TakeListingLine(clean, countdowns, timeoutTicks);
 }
 
 void Transfer::TakeListingLine(std::string_view line, Countdowns& countdowns,
@@ -60,8 +81,7 @@ void Transfer::TakeListingLine(std::string_view line, Countdowns& countdowns,
     Kind = TransferKind::Idle;
   }
   if (Contains(line, "ERROR")) {
-    ErrorSeen = true;
-    countdowns.ReplyCountdown = 0;
+    TakeDamage(countdowns);
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "comm/Link.h"
@@ -17,7 +18,10 @@ class MemoryLink final : public Link {
   bool reachable = true;  // false: opening fails at once
   bool silent = false;    // opening never ends
   int openMilliseconds = 20;
-  bool takesBytes = true;  // false: Send fails
+  int closeMilliseconds = 0;  // until a close is done; below 0: never, until the next one
+  bool takesBytes = true;     // false: Send fails
+  bool acknowledges = true;   // false: what was sent stays unconfirmed
+  bool takesThis = true;      // set false by onSent: these bytes were refused after all
   std::vector<LinkTarget> opened;
   std::string sent;                           // all bytes, of all connections
   std::function<void()> onConnected = [] {};  // the peer's greeting
@@ -43,14 +47,19 @@ class MemoryLink final : public Link {
     if (state_ != LinkState::Connected || !takesBytes) return false;
     sent += bytes;
     onSent(bytes);
-    return true;
+    return std::exchange(takesThis, true);
   }
 
-  bool AllSent() const override { return true; }
+  bool AllSent() const override { return acknowledges; }
 
   void Close() override {
-    ++serial_;
-    state_ = LinkState::Closed;
+    const unsigned serial = ++serial_;
+    const bool again = state_ == LinkState::Closing || state_ == LinkState::Closed;
+    state_ = closeMilliseconds == 0 || again ? LinkState::Closed : LinkState::Closing;
+    if (closeMilliseconds <= 0 || again) return;
+    turn_.After(closeMilliseconds, [this, serial] {
+      if (serial == serial_) state_ = LinkState::Closed;
+    });
   }
 
   LinkState State() const override { return state_; }
@@ -65,7 +74,8 @@ class MemoryLink final : public Link {
   void HangUp(int milliseconds = 10) {
     turn_.After(milliseconds, [this, serial = serial_] {
       if (serial != serial_) return;
-      Close();
+      ++serial_;
+      state_ = LinkState::Closed;
       Events().OnLinkClosed();
     });
   }
@@ -77,7 +87,8 @@ class MemoryLink final : public Link {
 
  private:
   void Fail() {
-    Close();
+    ++serial_;
+    state_ = LinkState::Closed;
     Events().OnLinkError({0, "broken"});
   }
 
