@@ -1,4 +1,5 @@
 #include "catalogue/Catalogue.h"
+#include "catalogue/CommandText.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
 #include "text/Fields.h"
@@ -206,7 +207,7 @@ bool GetCatalogue(ZV_Proc& proc, Catalogue catalogue) {
     return false;
   }
   const std::optional<ReadDelays> delays = ReadDelaysOf(proc);
-  return delays && Reading(proc, catalogue, *delays).Run();
+  return delays && CheckNameSendable(proc) && Reading(proc, catalogue, *delays).Run();
 }
 
 }  // namespace zek

@@ -2,6 +2,7 @@
 #include <array>
 
 #include "catalogue/Catalogue.h"
+#include "catalogue/CommandText.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
 
@@ -184,7 +185,7 @@ bool SaveCatalogue(ZV_Proc& proc, Catalogue catalogue) {
   const bool delaysFit =
       std::all_of(kDelays.begin(), kDelays.end(),
                   [&proc](const DelaySetting& each) { return ReadDelay(proc, each.key); });
-  if (!delaysFit) return false;
+  if (!delaysFit || !CheckSendable(proc, catalogue)) return false;
   const bool sent = Writing(proc, catalogue).Run();
   if (sent) {
     prompts.Show(Icon::Information, proc.Text(text::kSendDone));

@@ -157,6 +157,8 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kDdeFlooded, "servern skickar mer text än vad som hinner läsas"_w1252},
     {text::kTagError, "Taggservern svarade med fel (%1)"_w1252},
     {text::kEraseHint, "Raderar undantaget på den markerade raden"_w1252},
+    {text::kNoCatalogueLine, "Inget sändes. En rad är ingen katalograd (%1)"_w1252},
+    {text::kNotOneCommand, "Inget sändes. Ett namn eller värde innehåller styrtecken (%1)"_w1252},
 });
 
 }  // namespace

@@ -195,5 +195,8 @@ inline constexpr std::int32_t kExceptionFrame = 676;
 inline constexpr std::int32_t kTimeHeading = 677;
 inline constexpr std::int32_t kRowHeading = 678;
 inline constexpr std::int32_t kEraseHint = 679;
+// What can't be sent
+inline constexpr std::int32_t kNoCatalogueLine = 730;  // %1 the line
+inline constexpr std::int32_t kNotOneCommand = 731;    // %1 the name or value
 
 }  // namespace zek::text
