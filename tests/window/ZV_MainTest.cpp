@@ -1,5 +1,8 @@
+#include <algorithm>
+#include <cstdio>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <iostream>
 #include <sstream>
 
 #include <wx/choice.h>
@@ -174,6 +177,33 @@ TEST_F(ZV_MainTest, TheLogIsSavedOpenedAndEmptied) {
   Command(*form_, wxEVT_MENU, Menu_Debug_Open);
   EXPECT_TRUE(PumpUntil([this] { return list().GetItemCount() == 1000; }));
   EXPECT_TRUE(world_->prompts.shown.empty());
+}
+
+TEST_F(ZV_MainTest, EveryByteOfAReplyIsOneLineOnTheScreenAndInTheSavedLog) {
+  Open();
+  Connect();
+  std::string path = world_->directory + "bytes.txt";
+  form_->AskFile = [&path](bool) { return path; };
+  std::size_t right = 0;
+  for (int code = 0; code < 256; ++code) {
+    proc().log.Replace({});
+    proc().status.Changed();
+    EXPECT_TRUE(PumpUntil([this] { return list().IsEmpty(); }));
+    // Character 10 is the end of the line, 255 that of a piece.
+    const std::string byte = code == '\n' ? "" : std::string(1, static_cast<char>(code));
+    link().Say("a" + byte + (code == 255 ? "0002>" : "") + "b");
+    EXPECT_TRUE(PumpUntil([this] { return !list().IsEmpty(); })) << code;
+    std::remove(path.c_str());
+    form_->ProcessWindowEvent(*std::make_unique<wxCommandEvent>(wxEVT_MENU, Menu_Debug_Save));
+    const std::string saved = FileText(path);
+    const wxString shown = list().GetItemText(0);
+    const bool one = std::count(saved.begin(), saved.end(), '\n') == list().GetItemCount() &&
+                     saved.ends_with("\r\n") && !shown.empty();
+    EXPECT_TRUE(one && list().GetItemCount() == 1) << code << ": " << saved;
+    if (one) ++right;
+  }
+  std::cout << "figure: bytes of a reply that are one line on screen and in the saved log: "
+            << right << " of 256\n";
 }
 
 TEST_F(ZV_MainTest, FileErrorsAreToldAndCancelDoesNothing) {
