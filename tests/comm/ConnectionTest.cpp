@@ -175,12 +175,10 @@ TEST_F(ConnectionTest, EveryByteOfAReplyMakesOneLogLine) {
       if (topic == kLocal) dde.SayNow("0001>" + text);
       if (topic == kTwo) socket.SayNow(text);
       // Character 255 ends a piece there, and the next begins with a number.
-      if (topic == kOne)
-        socket.SayNow("0001>" +
-                      (code == 255 ? "a\xFF"
-                                     "0002>b\r\n"
-                                   : text) +
-                      "\xFF");
+      const std::string piece = code == 255 ? "a\xFF"
+                                              "0002>b\r\n"
+                                            : text;
+      if (topic == kOne) socket.SayNow("0001>" + piece + "\xFF");
       const auto& lines = proc.log.Lines();
       const bool printable =
           lines.size() == 1 && std::none_of(lines[0].begin(), lines[0].end(), [](char shown) {

@@ -42,6 +42,7 @@ std::string Line(const FaultCase& what, int index, const std::string& day) {
 
 std::vector<std::string> Lines(const FaultCase& what, const std::string& day) {
   std::vector<std::string> lines;
+  lines.reserve(kLines);
   for (int index = 0; index < kLines; ++index) lines.push_back(Line(what, index, day));
   return lines;
 }
@@ -129,6 +130,7 @@ const sim::PlantCatalogue& FaultSession::CatalogueThere() const {
 
 std::vector<std::string> FaultSession::Listing() const {
   std::vector<std::string> lines;
+  lines.reserve(CatalogueThere().lines.size());
   for (const auto& [number, line] : CatalogueThere().lines) lines.push_back(line);
   return lines;
 }
