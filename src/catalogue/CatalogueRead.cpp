@@ -1,4 +1,5 @@
 #include "catalogue/Catalogue.h"
+#include "catalogue/CommandText.h"
 #include "catalogue/LastRead.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
@@ -191,7 +192,7 @@ bool GetOrLoad(ZV_Proc& proc, Catalogue catalogue) {
     return false;
   }
   const std::optional<ReadDelays> delays = ReadDelaysOf(proc);
-  return delays && FetchAndStore(proc, catalogue, *delays);
+  return delays && CheckNameSendable(proc) && FetchAndStore(proc, catalogue, *delays);
 }
 
 }  // namespace

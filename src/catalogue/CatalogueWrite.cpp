@@ -3,6 +3,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/CatalogueVerify.h"
+#include "catalogue/CommandText.h"
 #include "catalogue/LastRead.h"
 #include "catalogue/SendQuestion.h"
 #include "lang/Message.h"
@@ -200,7 +201,7 @@ bool SaveCatalogue(ZV_Proc& proc, Catalogue catalogue) {
   const bool delaysFit =
       std::all_of(kDelays.begin(), kDelays.end(),
                   [&proc](const DelaySetting& each) { return ReadDelay(proc, each.key); });
-  if (!delaysFit) return false;
+  if (!delaysFit || !CheckSendable(proc, catalogue)) return false;
   if (proc.settings.VerifyAfterWrite) return SendAndVerify(proc, catalogue);
   const bool sent = Writing(proc, catalogue).Run();
   if (sent) RememberSent(proc, catalogue);

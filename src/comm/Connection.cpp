@@ -12,6 +12,7 @@
 namespace zek {
 namespace {
 
+constexpr std::size_t kMostHeld = 100;
 constexpr int kLinkUpSeconds = 15;  // fixed, whatever "SendTimeOut" says
 constexpr std::string_view kLocalApplication = "ZEK";
 
@@ -37,6 +38,8 @@ void Connection::Connect(std::int16_t index) {
   CurrentAddress = topic.Address;
   PendingTopic = std::to_string(index);
   reader_.Clear();
+  droppedTold_ = false;
+  held_.clear();
   socketText_.Reset(topic.HasDus);
   if (p_.settings.TagMode) {
     OpenTag(topic, index);
@@ -249,17 +252,47 @@ bool Connection::AwaitAllSent() {
 
 void Connection::OnLinkText(std::string_view bytes) {
   if (IsTcp()) {
-    socketText_.Take(bytes,
-                     [this](std::string_view text) { reader_.HandleReplyText(text, *this); });
-    if (socketText_.TakeDropped()) OnTextDropped();
-  } else if (!Sending) {
-    reader_.HandleReplyText(bytes, *this);
+    TakeSocketText(bytes);
+  } else {
+    TakeDdeText(bytes);
   }
+  if (reader_.TakeDropped()) TextLost();
   p_.status.Sequence = reader_.Sequence();
   p_.status.Changed();
 }
 
+void Connection::TakeSocketText(std::string_view bytes) {
+  socketText_.Take(bytes, [this](std::string_view text) { reader_.HandleReplyText(text, *this); });
+  const bool dropped = socketText_.TakeDropped();
+  if (dropped) OnTextDropped();
+  if (socketText_.TakeTorn() || dropped) TextLost();
+}
+
+// A command that is being written may come back as the item's text; an answer to it has the
+// sequence number in front and must not be lost.
+void Connection::TakeDdeText(std::string_view text) {
+  if (!Sending) {
+    reader_.HandleReplyText(text, *this);
+  } else if (ReplyReader::HasPrefix(text) && held_.size() < kMostHeld) {
+    held_.emplace_back(text);
+  } else if (ReplyReader::HasPrefix(text)) {
+    TextLost();
+  }
+}
+
+void Connection::TakeHeldText() {
+  for (const std::string& text : std::exchange(held_, {})) TakeDdeText(text);
+}
+
+// A read can't know then what was listed, nor a write whether a line was refused.
+void Connection::TextLost() {
+  ++linkFaults_;
+  p_.transfer.TakeDamage(p_.countdowns);
+}
+
 void Connection::OnLinkUp() {
+  // The server has made its line to the controller anew, and forgets what came in between.
+  if (CurrentTopic >= 0 && p_.transfer.Kind != TransferKind::Idle) TextLost();
   if (!PendingTopic.empty()) CurrentTopic = ToInt16(Val(PendingTopic)).value_or(-1);
 }
 
@@ -272,7 +305,9 @@ void Connection::OnReplyLine(std::string_view line) {
   p_.log.Add(ForLog(line));
 }
 
-void Connection::OnTextDropped() { p_.log.Add(Text(text::kTextDropped)); }
+void Connection::OnTextDropped() {
+  if (!std::exchange(droppedTold_, true)) p_.log.Add(Text(text::kTextDropped));
+}
 
 void Connection::OnLinkClosed() {
   const bool told = CurrentTopic < 0 || p_.status.Busy > 0;
@@ -328,6 +363,7 @@ void Connection::TagReadPoll() {
     return;
   }
   reader_.HandleReplyText(reply + "\n", *this);
+  if (reader_.TakeDropped()) TextLost();
   p_.status.Sequence = reader_.Sequence();
   p_.status.Changed();
 }

@@ -70,8 +70,8 @@ class Connection final : private LinkEvents, private ReplyEvents {
   /// when it did not, or the link is down.
   bool AwaitAllSent();
 
-  /// How often a link was lost or a command could not be handed to it, so far. A transfer
-  /// compares it before and after.
+  /// How often a link was lost, a command could not be handed to it or text from it was lost, so
+  /// far. A transfer compares it before and after.
   std::uint32_t LinkFaults() const { return linkFaults_; }
 
   /// At the end of the program in tag mode: "0" to every tag that was opened, then log off.
@@ -100,6 +100,10 @@ class Connection final : private LinkEvents, private ReplyEvents {
   void TellTagFault();
   void TellPollFault();
   void LinkLost();
+  void TextLost();
+  void TakeSocketText(std::string_view bytes);
+  void TakeDdeText(std::string_view text);
+  void TakeHeldText();
   void SettleDisconnected();
   bool WriteCommand(std::string_view command, bool printable);
   void AwaitFirstLine();
@@ -116,7 +120,9 @@ class Connection final : private LinkEvents, private ReplyEvents {
   std::uint32_t attempt_ = 0;  // counts Connect and Disconnect
   std::uint32_t command_ = 0;  // counts commands
   std::uint32_t linkFaults_ = 0;
-  bool pollFaultTold_ = false;  // of this connection: five messages a second help nobody
+  std::vector<std::string> held_;  // DDE texts that came while a command was being written
+  bool droppedTold_ = false;       // of this connection, as the next one
+  bool pollFaultTold_ = false;     // of this connection: five messages a second help nobody
 };
 
 }  // namespace zek

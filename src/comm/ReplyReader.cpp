@@ -1,6 +1,7 @@
 #include "comm/ReplyReader.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "text/Controls.h"
 
@@ -8,7 +9,6 @@ namespace zek {
 namespace {
 
 constexpr std::string_view kLinkUp = "<TRANSPARENT>";
-constexpr std::size_t kPrefixLength = 5;
 constexpr std::string_view kFillers = "\r\x17";  // carriage return and character 23
 
 // Hardly any text has a "<", which one character's search finds out sooner.
@@ -66,6 +66,7 @@ void ReplyReader::Keep(std::string_view text, ReplyEvents& events) {
     text.remove_prefix(std::min(clean + 1, text.size()));
   }
   if (ReplyBuffer.size() <= kLongestReply) return;
+  dropped_ = true;
   if (!droppedTold_) {
     droppedTold_ = true;
     events.OnTextDropped();
@@ -75,7 +76,10 @@ void ReplyReader::Keep(std::string_view text, ReplyEvents& events) {
     ReplyBuffer.erase(0, ReplyBuffer.size() - kLongestReply);
 }
 
+bool ReplyReader::TakeDropped() { return std::exchange(dropped_, false); }
+
 void ReplyReader::Clear() {
+  dropped_ = false;
   ReplyBuffer.clear();
   droppedTold_ = false;
 }

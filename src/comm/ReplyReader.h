@@ -26,11 +26,21 @@ class ReplyEvents {
 /// the controllers send as fillers) vanish, a line feed ends a line.
 class ReplyReader {
  public:
+  static constexpr std::size_t kPrefixLength = 5;
+
+  /// True when `text` begins with a four-character sequence number and ">".
+  static bool HasPrefix(std::string_view text) {
+    return text.size() >= kPrefixLength && text[kPrefixLength - 1] == '>';
+  }
+
   /// The first five characters of `text` are a four-character sequence number and ">".
   void HandleReplyText(std::string_view text, ReplyEvents& events);
 
   /// Forgets what stands without a line end; for a new connection.
   void Clear();
+
+  /// True when, since this was asked last, a line lost its beginning.
+  bool TakeDropped();
 
   /// The sequence number of the last reply text.
   std::string_view Sequence() const { return {sequence_.data(), sequenceLength_}; }
@@ -42,6 +52,7 @@ class ReplyReader {
   std::string ReplyBuffer;  // the line begun, without carriage returns and characters 23
   std::array<char, 4> sequence_{};
   std::size_t sequenceLength_ = 0;
+  bool dropped_ = false;
   bool droppedTold_ = false;
 };
 

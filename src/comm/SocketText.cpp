@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <utility>
 
 #include "comm/ReplyReader.h"
+#include "text/Controls.h"
 
 namespace zek {
 namespace {
@@ -13,8 +15,6 @@ constexpr std::string_view kLinkUp = "<TRANSPARENT>";
 constexpr char kPieceEnd = '\xFF';
 constexpr unsigned kSequences = 10000;
 
-bool IsStray(char character) { return character == 0 || character == 2 || character == 3; }
-
 // Without an early end the loop runs on many characters at once; nearly all text has none.
 bool MayHoldStrays(std::string_view text) {
   unsigned char least = 255;
@@ -22,15 +22,20 @@ bool MayHoldStrays(std::string_view text) {
   return least <= 3;
 }
 
+// How many characters at the end of `text` may begin a "<TRANSPARENT>".
+std::size_t LinkUpBegun(std::string_view text) {
+  const std::size_t at = text.rfind(kLinkUp.front());
+  if (at == std::string_view::npos || !kLinkUp.starts_with(text.substr(at))) return 0;
+  return text.size() - at;
+}
+
 }  // namespace
 
 void SocketText::Reset(bool hasDus) { *this = {}, hasDus_ = hasDus; }
 
-bool SocketText::TakeDropped() {
-  const bool tell = dropped_ && !droppedTold_;
-  droppedTold_ = droppedTold_ || tell;
-  return tell;
-}
+bool SocketText::TakeDropped() { return std::exchange(dropped_, false); }
+
+bool SocketText::TakeTorn() { return std::exchange(torn_, false); }
 
 void SocketText::Take(std::string_view bytes, const HandOver& handOver) {
   if (hasDus_) {
@@ -45,9 +50,26 @@ void SocketText::TakePlain(std::string_view bytes, const HandOver& handOver) {
   std::snprintf(prefix.data(), prefix.size(), "%04u>", sequence_);
   sequence_ = (sequence_ + 1) % kSequences;
   std::string text(prefix.data());
+  text += std::exchange(buffer_, {});
   text += bytes;
   if (MayHoldStrays(bytes)) std::erase_if(text, IsStray);
-  handOver(text);
+  HandOverPlain(text, handOver);
+}
+
+// Hardly any text holds a link up, or what may become one.
+void SocketText::HandOverPlain(std::string_view text, const HandOver& handOver) {
+  const std::size_t begun = LinkUpBegun(text);
+  buffer_ = text.substr(text.size() - begun);
+  text.remove_suffix(begun);
+  const std::string prefix(text.substr(0, ReplyReader::kPrefixLength));
+  std::size_t linkUp = text.find(kLinkUp);
+  handOver(text.substr(0, linkUp));
+  while (linkUp != std::string_view::npos) {
+    handOver(kLinkUp);
+    text.remove_prefix(linkUp + kLinkUp.size());
+    linkUp = text.find(kLinkUp);
+    if (linkUp != 0 && !text.empty()) handOver(prefix + std::string(text.substr(0, linkUp)));
+  }
 }
 
 void SocketText::TakePieces(std::string_view bytes, const HandOver& handOver) {
@@ -61,6 +83,7 @@ void SocketText::TakePieces(std::string_view bytes, const HandOver& handOver) {
       length = rest.find(kPieceEnd, searched_);
       if (length == std::string_view::npos) break;
       taken = length + 1;
+      torn_ = torn_ || (length > 0 && !ReplyReader::HasPrefix(rest.substr(0, length)));
     }
     handOver(rest.substr(0, length));
     rest.remove_prefix(taken);

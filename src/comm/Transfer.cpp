@@ -1,13 +1,24 @@
 #include "comm/Transfer.h"
 
+#include <algorithm>
+
+#include "text/Controls.h"
 #include "text/Fields.h"
 #include "text/Numbers.h"
 
 namespace zek {
 namespace {
 
+constexpr int kMostCounted = 1'000'000'000;  // of lines that are dropped: a peer may never end
+
 bool Contains(std::string_view line, std::string_view word) {
   return line.find(word) != std::string_view::npos;
+}
+
+std::string WithoutStrays(std::string_view line) {
+  std::string clean(line);
+  std::erase_if(clean, IsStray);
+  return clean;
 }
 
 }  // namespace
@@ -30,15 +41,36 @@ void Transfer::TakeReplyLine(std::string_view line, Countdowns& countdowns,
     case TransferKind::ReadWdc:
     case TransferKind::ReadOvc:
     case TransferKind::ReadWdcExceptions:
-      TakeListingLine(line, countdowns, timeoutTicks);
+      if (FindControl(line) == std::string_view::npos) {
+        TakeListingLine(line, countdowns, timeoutTicks);
+      } else {
+        TakeUncleanLine(line, countdowns, timeoutTicks);
+      }
       break;
     case TransferKind::WriteSdc:
     case TransferKind::WriteWdc:
     case TransferKind::WriteOvc:
-      if (Contains(line, "\x02") || Contains(line, "ERROR")) Kind = TransferKind::Idle;
+      if (Contains(line, "\x02") || Contains(WithoutStrays(line), "ERROR")) {
+        Kind = TransferKind::Idle;
+      }
       break;
     case TransferKind::Idle:
       break;
+  }
+}
+
+void Transfer::TakeDamage(Countdowns& countdowns) {
+  ErrorSeen = true;
+  countdowns.ReplyCountdown = 0;
+}
+
+// A header may hold what it likes; catalogue lines have a "!" and values a "=".
+void Transfer::TakeUncleanLine(std::string_view line, Countdowns& countdowns,
+                               std::int16_t timeoutTicks) {
+  const std::string clean = WithoutStrays(line);
+  TakeListingLine(clean, countdowns, timeoutTicks);
+  if (FindControl(clean) != std::string::npos && clean.find_first_of("!=") != std::string::npos) {
+    TakeDamage(countdowns);
   }
 }
 
@@ -46,7 +78,7 @@ void Transfer::TakeListingLine(std::string_view line, Countdowns& countdowns,
                                std::int16_t timeoutTicks) {
   if (Kind != TransferKind::ReadWdcExceptions && Val(GetField(line, 0, "!")) > 0) {
     if (CatalogueLines.size() >= kMaxCatalogueLines) {
-      ++LinesDropped;
+      LinesDropped = std::min(LinesDropped + 1, kMostCounted);
       return;
     }
     CatalogueLines.emplace_back(line);
@@ -61,8 +93,7 @@ void Transfer::TakeListingLine(std::string_view line, Countdowns& countdowns,
     Kind = TransferKind::Idle;
   }
   if (Contains(line, "ERROR")) {
-    ErrorSeen = true;
-    countdowns.ReplyCountdown = 0;
+    TakeDamage(countdowns);
   }
 }
 

@@ -60,7 +60,7 @@ struct Transfer {
 
   int LinesDropped = 0;    // numbered lines of the catalogue beyond the places there are
   bool ExitSeen = false;   // a listing has ended with "EXIT" since `Collect`
-  bool ErrorSeen = false;  // the controller has answered "ERROR" since `Collect`
+  bool ErrorSeen = false;  // since `Collect` "ERROR" has come, or text of the listing was lost
 
   std::int16_t CatalogueLineCount() const {
     return static_cast<std::int16_t>(CatalogueLines.size());
@@ -70,10 +70,16 @@ struct Transfer {
   void Collect(TransferKind kind);
 
   /// Takes one reply line while a transfer is running. Every stored line loads
-  /// `countdowns.ReplyCountdown` with `timeoutTicks` again; "ERROR" in a read sets it to 0.
+  /// `countdowns.ReplyCountdown` with `timeoutTicks` again; "ERROR" in a read sets it to 0. Of a
+  /// listing characters 0, 2 and 3 are left out; another control character in one of its lines
+  /// shows that the line was damaged on its way, as does `TakeDamage`.
   void TakeReplyLine(std::string_view line, Countdowns& countdowns, std::int16_t timeoutTicks);
 
+  /// Text was lost on its way: a read then can't know what the controller has, and is not awaited.
+  void TakeDamage(Countdowns& countdowns);
+
  private:
+  void TakeUncleanLine(std::string_view line, Countdowns& countdowns, std::int16_t timeoutTicks);
   void TakeListingLine(std::string_view line, Countdowns& countdowns, std::int16_t timeoutTicks);
 };
 

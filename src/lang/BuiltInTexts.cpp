@@ -213,6 +213,8 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kFaultsLabel, "&Skillnader:"_w1252},
     {text::kFileNameTooLong, "namnet är för långt."_w1252},
     {text::kFileInUse, "filen används av ett annat program."_w1252},
+    {text::kNoCatalogueLine, "Inget sändes. En rad är ingen katalograd (%1)"_w1252},
+    {text::kNotOneCommand, "Inget sändes. Ett namn eller värde innehåller styrtecken (%1)"_w1252},
 });
 
 }  // namespace

@@ -248,5 +248,8 @@ inline constexpr std::int32_t kFaultsLabel = 729;
 // Files that can't be written
 inline constexpr std::int32_t kFileNameTooLong = 740;
 inline constexpr std::int32_t kFileInUse = 741;
+// What can't be sent
+inline constexpr std::int32_t kNoCatalogueLine = 730;  // %1 the line
+inline constexpr std::int32_t kNotOneCommand = 731;    // %1 the name or value
 
 }  // namespace zek::text

@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <gtest/gtest.h>
+#include <iostream>
 
 #include "comm/Connection.h"
 #include "comm/WithoutWindows.h"
@@ -124,6 +126,69 @@ TEST_F(ConnectionTest, DdeCommandsArePokedWithTheirReturnBehind) {
   dde.sent.clear();
   connection.SendCommand("\x05");
   EXPECT_EQ(dde.sent, "\x05");
+}
+
+TEST_F(ConnectionTest, ADdeAnswerThatComesWhileACommandIsWrittenIsKept) {
+  dde.onConnected = [this] { dde.Say("0000><TRANSPARENT>"); };
+  connection.Connect(kLocal);
+  dde.onSent = [this](std::string_view bytes) {
+    dde.Say(std::string(bytes), 0);  // the item's new text comes back
+    if (bytes == "{13}") dde.Say("0001>answer\r\n", 0);
+  };
+  EXPECT_TRUE(connection.SendCommand("LIST"));
+  EXPECT_EQ(proc.log.Lines(), Shown{"answer"});
+  EXPECT_EQ(connection.ReplyLine, "answer");
+}
+
+TEST_F(ConnectionTest, LostTextIsAFaultOfTheLinkAndToldOnce) {
+  const std::string cases[] = {
+      "0001>\x02" + std::string(100'000, 'x') + "\r\n\xFF",  // the refusal is what was lost
+      std::string(200'000, 'x'),
+      "0001>a\xFFtorn\r\n\xFF",
+      "<TRANSPARENT>",
+  };
+  for (const std::string& bytes : cases) {
+    connection.Connect(kOne);
+    proc.log.Replace({});
+    proc.transfer.Kind = TransferKind::WriteWdc;
+    for (int time = 1; time <= 2; ++time) {
+      const std::uint32_t before = connection.LinkFaults();
+      socket.SayNow(bytes);
+      EXPECT_NE(connection.LinkFaults(), before) << bytes.substr(0, 20) << " time " << time;
+    }
+    const auto& lines = proc.log.Lines();
+    EXPECT_LE(std::count(lines.begin(), lines.end(), "T516"), 1);
+    connection.Disconnect();
+  }
+}
+
+// Character 10 ends the line itself.
+TEST_F(ConnectionTest, EveryByteOfAReplyMakesOneLogLine) {
+  std::size_t right = 0;
+  for (const std::int16_t topic : {kOne, kTwo, kLocal}) {
+    dde.onConnected = [this] { dde.Say("0000><TRANSPARENT>"); };
+    connection.Connect(topic);
+    for (int code = 0; code < 256; ++code) {
+      proc.log.Replace({});
+      const std::string text =
+          "a" + std::string(1, static_cast<char>(code)) + (code == '\n' ? "" : "b\r\n");
+      if (topic == kLocal) dde.SayNow("0001>" + text);
+      if (topic == kTwo) socket.SayNow(text);
+      // Character 255 ends a piece there, and the next begins with a number.
+      const std::string piece = code == 255 ? "a\xFF"
+                                              "0002>b\r\n"
+                                            : text;
+      if (topic == kOne) socket.SayNow("0001>" + piece + "\xFF");
+      const auto& lines = proc.log.Lines();
+      const bool printable =
+          lines.size() == 1 && std::none_of(lines[0].begin(), lines[0].end(), [](char shown) {
+            return static_cast<unsigned char>(shown) < 32;
+          });
+      EXPECT_TRUE(printable) << code << " of topic " << topic;
+      if (printable) ++right;
+    }
+  }
+  std::cout << "figure: bytes of a reply that make one log line: " << right << " of 768\n";
 }
 
 TEST_F(ConnectionTest, CommandsEndInOneReturnUnlessControl) {

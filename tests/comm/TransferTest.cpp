@@ -35,6 +35,18 @@ TEST(Transfer, TakesReplyLines) {
       {WriteWdc, "12!x", WriteWdc, 0, 7, "."},
       {WriteWdc, "a\x02", Idle, 0, 7, "."},
       {WriteOvc, "xERRORx", Idle, 0, 7, "."},
+      {WriteOvc, "ERR\x03OR 5", Idle, 0, 7, "."},
+      {ReadSdc,
+       "\x02"
+       "12!07:\x03"
+       "00",
+       ReadSdc, 1, kTimeout, "."},
+      {ReadSdc, "\tHEADER\x07", ReadSdc, 0, 7, "."},
+      {ReadSdc, "12!07:\t00", ReadSdc, 1, 0, "."},
+      {ReadWdc,
+       ".D\x05"
+       "FV = 21",
+       ReadWdc, 0, 0, "."},
       {Idle, "12!x EXIT", Idle, 0, 7, "."},
   };
   for (const LineCase& each : cases) {
@@ -47,6 +59,7 @@ TEST(Transfer, TakesReplyLines) {
     EXPECT_EQ(transfer.CatalogueLineCount(), each.stored) << each.line;
     EXPECT_EQ(countdowns.ReplyCountdown, each.countdown) << each.line;
     EXPECT_EQ(transfer.CatalogueDfv, each.dfv) << each.line;
+    EXPECT_EQ(transfer.ErrorSeen, each.countdown == 0) << each.line;
   }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <set>
 #include <string>
 #include <utility>
@@ -18,6 +19,9 @@ class FakeTags final : public TagServer {
   std::set<std::string> refused;
   bool opens = true;
   std::deque<std::string> replies;
+  /// Asked about every write; zero refuses it.
+  std::function<bool(const std::string& tag, const std::string& value)> takes =
+      [](const std::string&, const std::string&) { return true; };
   std::string fault;           // why the next call fails
   std::string faultInReading;  // why every read fails
   bool echoes = false;
@@ -34,7 +38,7 @@ class FakeTags final : public TagServer {
   std::int16_t TagWrite(const std::string& tag, const std::string& value) override {
     calls.push_back(tag + "=" + value);
     Echo("TagWrite");
-    return refused.contains(value) ? std::int16_t{0} : std::int16_t{1};
+    return refused.contains(value) || !takes(tag, value) ? std::int16_t{0} : std::int16_t{1};
   }
   std::string TagRead(const std::string& /*tag*/) override {
     if (!faultInReading.empty()) fault = faultInReading;

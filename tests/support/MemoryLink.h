@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "comm/Link.h"
@@ -18,9 +19,11 @@ class MemoryLink final : public Link {
   bool reachable = true;  // false: opening fails at once
   bool silent = false;    // opening never ends
   int openMilliseconds = 20;
-  int closeMilliseconds = 0;
+  int closeMilliseconds = 0;    // until a close is done; below 0: never, until the next one
   int confirmMilliseconds = 0;  // until the peer has confirmed what was sent
-  bool takesBytes = true;  // false: Send fails
+  bool takesBytes = true;       // false: Send fails
+  bool acknowledges = true;     // false: what was sent stays unconfirmed
+  bool takesThis = true;        // set false by onSent: these bytes were refused after all
   std::vector<LinkTarget> opened;
   std::string sent;                           // all bytes, of all connections
   std::function<void()> onConnected = [] {};  // the peer's greeting
@@ -47,16 +50,16 @@ class MemoryLink final : public Link {
     sent += bytes;
     confirmed_ = turn_.Now() + confirmMilliseconds;
     onSent(bytes);
-    return true;
+    return std::exchange(takesThis, true);
   }
 
-  bool AllSent() const override { return turn_.Now() >= confirmed_; }
+  bool AllSent() const override { return acknowledges && turn_.Now() >= confirmed_; }
 
   void Close() override {
     const unsigned serial = ++serial_;
-    const bool slowly = state_ == LinkState::Connected && closeMilliseconds > 0;
+    const bool slowly = state_ == LinkState::Connected && closeMilliseconds != 0;
     state_ = slowly ? LinkState::Closing : LinkState::Closed;
-    if (!slowly) return;
+    if (!slowly || closeMilliseconds < 0) return;
     turn_.After(closeMilliseconds, [this, serial] {
       if (serial == serial_) state_ = LinkState::Closed;
     });
@@ -74,7 +77,8 @@ class MemoryLink final : public Link {
   void HangUp(int milliseconds = 10) {
     turn_.After(milliseconds, [this, serial = serial_] {
       if (serial != serial_) return;
-      Close();
+      ++serial_;
+      state_ = LinkState::Closed;
       Events().OnLinkClosed();
     });
   }
@@ -86,7 +90,8 @@ class MemoryLink final : public Link {
 
  private:
   void Fail() {
-    Close();
+    ++serial_;
+    state_ = LinkState::Closed;
     Events().OnLinkError({0, "broken"});
   }
 

@@ -1,5 +1,6 @@
 #include <fstream>
 #include <gtest/gtest.h>
+#include <iostream>
 #include <sstream>
 
 #include <wx/choice.h>
@@ -174,6 +175,39 @@ TEST_F(ZV_MainTest, TheLogIsSavedOpenedAndEmptied) {
   Command(*form_, wxEVT_MENU, Menu_Debug_Open);
   EXPECT_TRUE(PumpUntil([this] { return list().GetItemCount() == 1000; }));
   EXPECT_TRUE(world_->prompts.shown.empty());
+}
+
+TEST_F(ZV_MainTest, EveryByteOfAReplyIsOneLineOnTheScreenAndInTheSavedLog) {
+  Open();
+  Connect();
+  std::string path = world_->directory + "bytes.txt";
+  form_->AskFile = [&path](bool) { return path; };
+  std::size_t right = 0;
+  for (const int first : {0, 128}) {  // the log holds 250 lines
+    proc().log.Replace({});
+    for (int code = first; code < first + 128; ++code) {
+      // Character 10 is the end of the line, 255 that of a piece.
+      const std::string byte = code == '\n' ? "" : std::string(1, static_cast<char>(code));
+      link().Say(std::to_string(code) + ":" + byte + (code == 255 ? "0002>" : "") + "b");
+    }
+    const std::string last = std::to_string(first + 127) + ":";
+    EXPECT_TRUE(PumpUntil(
+        [&] { return list().GetItemCount() == 128 && list().Line(127).starts_with(last); }));
+    form_->ProcessWindowEvent(*std::make_unique<wxCommandEvent>(wxEVT_MENU, Menu_Debug_Save));
+    std::ifstream saved(path, std::ios::binary);
+    for (int code = first; code < first + 128; ++code) {
+      std::string line;
+      std::getline(saved, line);
+      const std::string start = std::to_string(code) + ":";
+      const bool one = line.starts_with(start) && line.ends_with("b\r") &&
+                       list().GetItemText(code - first).StartsWith(start);
+      EXPECT_TRUE(one) << code << ": " << line;
+      if (one) ++right;
+    }
+    EXPECT_EQ(saved.peek(), std::ifstream::traits_type::eof());
+  }
+  std::cout << "figure: bytes of a reply that are one line on screen and in the saved log: "
+            << right << " of 256\n";
 }
 
 TEST_F(ZV_MainTest, FileErrorsAreToldAndCancelDoesNothing) {

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "faults/FaultyPlant.h"
+
+namespace zek::faults {
+
+/// A session with one topic "X" (tag "XTAG") over the transport of a fault case, its plant, and
+/// the checks after its transfer.
+class FaultSession : private test::TestSession {
+ public:
+  FaultSession(const FaultCase& what, std::size_t floodBytes);
+
+  /// Runs the transfer and another read behind it. Whatever is wrong, as one text; "" if nothing.
+  std::string Run();
+
+  /// After `Run`: told as done although it isn't, which nothing in the dialogue shows.
+  bool Unnoticed() const { return unnoticed_; }
+
+ private:
+  bool Transferred();
+  void CheckRead(bool read);
+  void CheckWrite(bool sent);
+  void CheckAtRest();
+  void CheckTime(std::int64_t milliseconds);
+  void CheckNext();
+  bool HasWhatController(bool ofValueToo) const;
+  std::vector<std::string> Listing() const;
+  const sim::PlantCatalogue& CatalogueThere() const;
+  std::string ValueThere() const;
+  bool IsUnnoticeable() const;
+  bool MustSucceed() const;
+  double LongestSeconds() const;
+  void Expect(bool holds, const std::string& what);
+
+  FaultCase what_;
+  sim::Outstation outstation_;
+  FaultyPlant plant_;
+  std::vector<std::string> newLines_;
+  std::string localCopy_;  // its path
+  std::string wrong_;
+  bool unnoticed_ = false;
+};
+
+}  // namespace zek::faults

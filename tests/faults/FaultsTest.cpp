@@ -1,0 +1,41 @@
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <iostream>
+
+#include "faults/FaultSession.h"
+
+namespace zek::faults {
+namespace {
+
+// ZEKVIEW_FLOOD: the bytes of a flood; more than any buffer of the program in any case.
+std::size_t FloodBytes() {
+  constexpr std::size_t kBeyondBuffers = 200'000;
+  const char* const bytes = std::getenv("ZEKVIEW_FLOOD");
+  return bytes == nullptr ? kBeyondBuffers : std::strtoul(bytes, nullptr, 10);
+}
+
+void RunAll(const char* what, const char* unnoticedWhat, const std::vector<FaultCase>& cases) {
+  const std::size_t flood = FloodBytes();
+  std::size_t held = 0;
+  std::size_t unnoticed = 0;
+  for (const FaultCase& each : cases) {
+    FaultSession session(each, flood);
+    const std::string wrong = session.Run();
+    EXPECT_EQ(wrong, "");
+    if (wrong.empty()) ++held;
+    if (session.Unnoticed()) ++unnoticed;
+  }
+  std::cout << "figure: " << what << ": " << held << " of " << cases.size() << " (" << unnoticed
+            << " of them " << unnoticedWhat << ")\n";
+}
+
+TEST(Faults, AtEveryStepOfARead) {
+  RunAll("faults in reads", "look like a whole listing", ReadCases());
+}
+
+TEST(Faults, AtEveryStepOfAWrite) {
+  RunAll("faults in writes", "only a read-back can tell", WriteCases());
+}
+
+}  // namespace
+}  // namespace zek::faults

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "faults/FaultCase.h"
+#include "sim/PlantSession.h"
+#include "support/TestSession.h"
+
+namespace zek::faults {
+
+/// The communication server and the controller behind it, as a fault case wants them: stands behind
+/// the links and tags of a session and answers by `PlantSession`, so that it is known what the
+/// controller has.
+///
+/// What can be lost differs. TCP delivers what follows a lost byte never, and says of nothing
+/// behind it that it has arrived. A DDE poke or a written tag is refused to the sender's face; an
+/// answer over DDE or tags can vanish alone.
+class FaultyPlant {
+ public:
+  FaultyPlant(test::TestSession& world, sim::Outstation& outstation, const FaultCase& what,
+              std::size_t floodBytes);
+
+  /// From now on all goes well.
+  void Repair();
+
+ private:
+  bool IsAt(int command) const { return active_ && what_.step.command == command; }
+  bool Is(int command, Fault fault) const { return IsAt(command) && what_.fault == fault; }
+  test::MemoryLink& Link() const;
+
+  void Prepare();
+  void OnConnected();
+  void Greet();
+  void TakeLink(std::string_view bytes);
+  bool TakeTag(const std::string& tag, const std::string& value);
+  bool TakeCommand(const std::string& command);
+  std::string Answer(const std::string& command);
+  void AnswerWithFault(const std::string& command);
+  void Garble(const std::string& before, const std::string& rest);
+  void BeforeClose();
+  void Disturb(int milliseconds);
+  std::string Noise() const;
+  bool IsRefusal() const;
+
+  void Say(const std::string& text, int milliseconds = 50);
+  void SayFlood(int milliseconds);
+  void Update(const std::string& bytes, int milliseconds);
+  void Reset(int milliseconds);
+
+  test::TestSession& world_;
+  sim::Outstation& outstation_;
+  FaultCase what_;
+  std::size_t floodBytes_;
+  bool active_ = true;  // the fault still happens
+  std::optional<sim::PlantSession> session_;
+  std::string poked_;  // over DDE, still without its carriage return
+  std::string held_;   // an answer that comes late
+  int command_ = 0;    // of this connection
+  bool hole_ = false;  // nothing gets through any more
+  bool dead_ = false;  // the tag server fails
+  unsigned connection_ = 0;
+};
+
+}  // namespace zek::faults
