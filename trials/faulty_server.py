@@ -32,7 +32,7 @@ class Station:
         self.port, self.listening = 0, False
         self.listener = self.bound()
         self.port = self.listener.getsockname()[1]
-        self.received, self.refused = [], False
+        self.received, self.refused, self.acted = [], False, False
         self.plan, self.met = [], []
         self.threads = []
         self.lock = threading.Lock()
@@ -49,7 +49,7 @@ class Station:
     def begin(self, plan):
         """`plan`: the fault or None of one connection after the other; the last one stays."""
         self.plan, self.met, self.threads = list(plan), [], []
-        self.received, self.refused = [], False
+        self.received, self.refused, self.acted = [], False, False
         if self.plan[0] is None or self.plan[0].name != "refused":
             self.listen()
         else:
@@ -191,6 +191,7 @@ class Conversation:
         if self.fault is None or at != self.fault.step:
             self.peer.sendall(text)
             return
+        self.station.acted = True
         getattr(self, self.fault.name.replace("-", "_"))(text)
 
     def half(self, text):
