@@ -19,6 +19,7 @@ bool IsName(const char* host) {
 }  // namespace
 
 extern "C" {
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the system's are reserved.
 
 int getaddrinfo(const char* host, const char* service, const addrinfo* wanted, addrinfo** found) {
   using Function = int (*)(const char*, const char*, const addrinfo*, addrinfo**);
@@ -42,4 +43,5 @@ int gethostbyname_r(const char* host, hostent* entry, char* buffer, size_t size,
   return reinterpret_cast<Function>(dlsym(RTLD_NEXT, "gethostbyname_r"))(host, entry, buffer, size,
                                                                          found, error);
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 }

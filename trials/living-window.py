@@ -3,9 +3,9 @@
 
 On the screen that DISPLAY names, zekview fetches a calendar and sends one, by its keys, while the
 server fails in every way it can. All the time the window is asked whether it is alive, as a window
-manager asks. The longest answer of each fault is printed; one of more than 50 ms is measured again
-up to four times, and the median of the five counts: this is a measurement on a machine that does
-other things as well.
+manager asks. The longest answer of each fault is printed, and what of it the program itself took:
+without the time in which it was ready to run and other programs had the processors. When that is
+more than 50 ms, it is measured four times more, and the median of the five counts.
 """
 
 import os
@@ -94,8 +94,9 @@ class Window:
             time.sleep(0.2)
 
     def ping(self):
-        return subprocess.Popen([self.programs / "zekview-window-probe", "ping", self.main],
-                                stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        return subprocess.Popen([self.programs / "zekview-window-probe", "ping", self.main,
+                                 str(self.process.pid)], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                text=True)
 
     def end(self):
         self.process.kill()
@@ -134,7 +135,7 @@ def open_calendar(window, station):
 
 
 def measure(programs, data, name, sending):
-    """The longest answer in milliseconds and the number of answers."""
+    """The longest answer in milliseconds, the same by the program itself, and how many came."""
     station = Station(1, False, random.Random(1), FLOOD, LATE)
     station.catalogues["sdc"] = ([" 1000 !24-DEC-26              !SD1"], "1")
     with tempfile.TemporaryDirectory() as folder:
@@ -163,8 +164,8 @@ def measure(programs, data, name, sending):
             told, _ = probe.communicate(timeout=70)
             if probe.returncode != 0 or window.process.poll() is not None:
                 raise Failed("the window does not answer")
-            worst, answers = told.split()
-            return float(worst), int(answers)
+            worst, answers, own = told.split()
+            return float(worst), float(own), int(answers)
         finally:
             window.end()
 
@@ -172,9 +173,9 @@ def measure(programs, data, name, sending):
 def median_of_runs(programs, data, name, sending):
     """What counts, and all that was measured for it."""
     answers = [measure(programs, data, name, sending)]
-    while answers[0][0] > LONGEST and len(answers) < RUNS:
+    while answers[0][1] > LONGEST and len(answers) < RUNS:
         answers.append(measure(programs, data, name, sending))
-    return statistics.median(worst for worst, _ in answers), answers
+    return statistics.median(own for _, own, _ in answers), answers
 
 
 def main():
@@ -192,9 +193,9 @@ def main():
             print(f"{what}: {failure}", flush=True)
             continue
         alive += longest <= LONGEST
-        runs = ", ".join(f"{worst:.1f}" for worst, _ in answers)
-        print(f"{what}: longest answer {longest:.1f} ms of {answers[0][1]}"
-              + (f" (median of {runs})" if len(answers) > 1 else ""), flush=True)
+        runs = ", ".join(f"{worst:.1f}/{own:.1f}" for worst, own, _ in answers)
+        print(f"{what}: {answers[0][2]} answers, the longest {longest:.1f} ms "
+              f"(with and without waiting for a processor: {runs})", flush=True)
     print(f"figure: living window: {alive} of {len(cases)} faults within 50 ms")
     sys.exit(0 if alive == len(cases) else 1)
 
