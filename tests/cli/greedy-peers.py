@@ -15,6 +15,9 @@ import sys
 import tempfile
 import threading
 
+# Built with a sanitizer the program would keep what was freed for a while.
+ENVIRONMENT = {**os.environ, "ASAN_OPTIONS": os.environ.get("ASAN_OPTIONS", "")
+               + ":quarantine_size_mb=0:thread_local_quarantine_size_kb=0"}
 MOST_MEMORY = 8 << 20
 MOST_RATIO = 2.2  # of the times for all and for half
 MEASURED_FROM = 512  # megabytes; less is over before it can be measured
@@ -87,7 +90,8 @@ class Trial:
         greeting = b"<TRANSPARENT>" if topic == "PIECES" else b""
         self.server.begin(greeting, text, size)
         process = subprocess.Popen([self.programs / "zekview-cli", "--dir", self.home, "send",
-                                    topic, "HELLO"], stdout=subprocess.PIPE)
+                                    topic, "HELLO"], stdout=subprocess.PIPE,
+                                   env=ENVIRONMENT)
         told = process.stdout.read()
         _, status, usage = os.wait4(process.pid, 0)
         process.returncode = os.waitstatus_to_exitcode(status)
