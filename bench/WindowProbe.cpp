@@ -1,10 +1,11 @@
 // zekview-window-probe first-frame COMMAND...
 //   Starts the command and prints the milliseconds until its first window was drawn, and its
 //   process id; ends with the command.
-// zekview-window-probe ping WINDOW
+// zekview-window-probe ping WINDOW [PROCESS]
 //   Copies standard input to standard output until its end; meanwhile asks the window over and over
 //   whether it is alive, as a window manager does, and then prints the longest time that an answer
-//   took (milliseconds) and the number of answers.
+//   took (milliseconds) and the number of answers. With its process, on a machine that has other
+//   things to do: also the longest time without what the process waited for a processor meanwhile.
 //
 // Both look from outside, through the X server, so that any program can be measured.
 
@@ -15,6 +16,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <memory>
 #include <poll.h>
 #include <set>
@@ -23,6 +25,7 @@
 #include <string_view>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -87,11 +90,22 @@ int FirstFrame(Display* display, char** command) {
   return 1;
 }
 
+// The milliseconds that the first thread of a process was ready to run and did not, so far.
+double WaitedForProcessor(const std::string& process) {
+  if (process.empty()) return 0;
+  std::ifstream statistics("/proc/" + process + "/schedstat");
+  double ran = 0;
+  double waited = 0;  // nanoseconds
+  statistics >> ran >> waited;
+  return waited / 1e6;
+}
+
 class Pings {
  public:
-  Pings(Display* display, Window window)
+  Pings(Display* display, Window window, std::string process)
       : display_(display),
         window_(window),
+        process_(std::move(process)),
         protocols_(XInternAtom(display, "WM_PROTOCOLS", False)),
         ping_(XInternAtom(display, "_NET_WM_PING", False)) {
     XSelectInput(display, DefaultRootWindow(display), SubstructureNotifyMask);
@@ -100,6 +114,7 @@ class Pings {
   // False when no answer came.
   bool Ask() {
     const Clock::time_point start = Clock::now();
+    const double waitedBefore = WaitedForProcessor(process_);
     XEvent question{};
     question.xclient.type = ClientMessage;
     question.xclient.window = window_;
@@ -116,26 +131,32 @@ class Pings {
           event.xclient.data.l[1] != answers_) {
         continue;
       }
-      worst_ = std::max(worst_, MillisecondsSince(start));
+      const double took = MillisecondsSince(start);
+      worst_ = std::max(worst_, took);
+      const double waited = WaitedForProcessor(process_) - waitedBefore;
+      worstOfItsOwn_ = std::max(worstOfItsOwn_, took - waited);
       return true;
     }
     return false;
   }
 
   double Worst() const { return worst_; }
+  double WorstOfItsOwn() const { return worstOfItsOwn_; }
   long Answers() const { return answers_; }
 
  private:
   Display* display_;
   Window window_;
+  std::string process_;
   Atom protocols_;
   Atom ping_;
   long answers_ = 0;
   double worst_ = 0;
+  double worstOfItsOwn_ = 0;
 };
 
-int Ping(Display* display, Window window) {
-  Pings pings(display, window);
+int Ping(Display* display, Window window, const std::string& process) {
+  Pings pings(display, window, process);
   pollfd input{STDIN_FILENO, POLLIN, 0};
   while (true) {
     if (!pings.Ask()) {
@@ -150,7 +171,9 @@ int Ping(Display* display, Window window) {
     }
     usleep(kPause);
   }
-  std::printf("%.1f %ld\n", pings.Worst(), pings.Answers());
+  std::printf("%.1f %ld", pings.Worst(), pings.Answers());
+  if (!process.empty()) std::printf(" %.1f", pings.WorstOfItsOwn());
+  std::puts("");
   return 0;
 }
 
@@ -165,5 +188,6 @@ int main(int argc, char** argv) {
   }
   XSetErrorHandler(IgnoreError);
   if (std::string_view(arguments[1]) == "first-frame") return FirstFrame(display.get(), argv + 2);
-  return Ping(display.get(), std::strtoul(arguments[2], nullptr, 0));
+  return Ping(display.get(), std::strtoul(arguments[2], nullptr, 0),
+              arguments.size() > 3 ? arguments[3] : "");
 }

@@ -9,15 +9,13 @@ namespace zek {
 namespace {
 
 constexpr std::string_view kLinkUp = "<TRANSPARENT>";
-constexpr std::string_view kFillers = "\r\x17";  // carriage return and character 23
+constexpr char kFiller = '\x17';
 
 // Hardly any text has a "<", which one character's search finds out sooner.
 bool HoldsLinkUp(std::string_view text) {
   const std::size_t at = text.find(kLinkUp.front());
   return at != std::string_view::npos && text.find(kLinkUp, at) != std::string_view::npos;
 }
-
-bool IsFiller(char character) { return kFillers.find(character) != std::string_view::npos; }
 
 }  // namespace
 
@@ -30,11 +28,17 @@ void ReplyReader::HandleReplyText(std::string_view text, ReplyEvents& events) {
   sequenceLength_ = std::min(sequence_.size(), text.size());
   for (std::size_t i = 0; i < sequenceLength_; ++i) sequence_[i] = text[i];
   text.remove_prefix(std::min(kPrefixLength, text.size()));
+  std::string unfilled;  // hardly any text needs it, which one character's search finds out
+  if (text.find(kFiller) != std::string_view::npos) {
+    unfilled = text;
+    std::erase(unfilled, kFiller);
+    text = unfilled;
+  }
   bool clean = ReplyBuffer.empty();  // most lines stand whole in the text and need no copy
   for (std::size_t at = FindControl(text); at != std::string_view::npos;) {
     const std::size_t lineFeed = text[at] == '\r' ? at + 1 : at;
     if (lineFeed == text.size() || text[lineFeed] != '\n') {
-      clean = clean && !IsFiller(text[at]);
+      clean = clean && text[at] != '\r';
       at = FindControl(text, at + 1);
       continue;
     }
@@ -60,11 +64,10 @@ void ReplyReader::EndLine(std::string_view line, ReplyEvents& events) {
 }
 
 void ReplyReader::Keep(std::string_view text, ReplyEvents& events) {
-  while (!text.empty()) {
-    const std::size_t clean = std::min(text.find_first_of(kFillers), text.size());
-    ReplyBuffer.append(text.substr(0, clean));
-    text.remove_prefix(std::min(clean + 1, text.size()));
-  }
+  const std::size_t before = ReplyBuffer.size();
+  ReplyBuffer += text;
+  const auto begin = ReplyBuffer.begin() + static_cast<std::ptrdiff_t>(before);
+  ReplyBuffer.erase(std::remove(begin, ReplyBuffer.end(), '\r'), ReplyBuffer.end());
   if (ReplyBuffer.size() <= kLongestReply) return;
   dropped_ = true;
   if (!droppedTold_) {

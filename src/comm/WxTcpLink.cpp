@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "comm/HostAddress.h"
 #include "comm/SocketState.h"
 #include "lang/TextNumbers.h"
 #include "text/Numbers.h"
@@ -19,13 +20,17 @@ constexpr std::size_t kMostUnsent = std::size_t{1} << 20;
 
 }  // namespace
 
-WxTcpLink::WxTcpLink() { Bind(wxEVT_SOCKET, &WxTcpLink::OnSocket, this); }
+WxTcpLink::WxTcpLink(HostLookup::Resolve resolve)
+    : lookup_(std::move(resolve), [this](const std::function<void()>& call) { CallAfter(call); }) {
+  Bind(wxEVT_SOCKET, &WxTcpLink::OnSocket, this);
+}
 
 WxTcpLink::~WxTcpLink() { Drop(); }
 
 void WxTcpLink::Drop() {
   ++serial_;
   state_ = LinkState::Closed;
+  lookup_.Cancel();
   unsent_.clear();
   if (socket_ == nullptr) return;
   socket_->Notify(false);
@@ -48,10 +53,24 @@ void WxTcpLink::Open(const LinkTarget& target) {
     FailLater(text::kPortInvalid);
     return;
   }
-  if (target.server.empty() || !address.Hostname(wxString::FromUTF8(target.server.c_str()))) {
-    FailLater(text::kHostUnknown);
+  if (const auto known = NumericAddress(target.server)) {
+    Connect(address, *known);
     return;
   }
+  const bool begun =
+      lookup_.Begin(target.server, [this, address](const std::optional<std::string>& found) {
+        if (found) {
+          Connect(address, *found);
+        } else {
+          FailLater(text::kHostUnknown);
+        }
+      });
+  if (!begun) FailLater(text::kHostUnknown);
+}
+
+// The host is an address in dots here, for which the toolkit does not look anything up.
+void WxTcpLink::Connect(wxIPV4address address, const std::string& host) {
+  address.Hostname(wxString::FromUTF8(host.c_str()));
   socket_ = std::make_shared<wxSocketClient>(wxSOCKET_NOWAIT);
   socket_->SetEventHandler(*this);
   socket_->SetNotify(wxSOCKET_CONNECTION_FLAG | wxSOCKET_INPUT_FLAG | wxSOCKET_OUTPUT_FLAG |

@@ -6,14 +6,17 @@
 #include <wx/event.h>
 #include <wx/socket.h>
 
+#include "comm/HostAddress.h"
+#include "comm/HostLookup.h"
 #include "comm/Link.h"
 
 namespace zek {
 
-/// A TCP/IP socket as a link. All events come through the event loop of the program.
+/// A TCP/IP socket as a link. All events come through the event loop of the program, which never
+/// stands still: also a host name is looked up beside it.
 class WxTcpLink final : public wxEvtHandler, public Link {
  public:
-  WxTcpLink();
+  explicit WxTcpLink(HostLookup::Resolve resolve = LookUpHost);
   WxTcpLink(const WxTcpLink&) = delete;
   WxTcpLink& operator=(const WxTcpLink&) = delete;
   ~WxTcpLink() override;
@@ -25,6 +28,7 @@ class WxTcpLink final : public wxEvtHandler, public Link {
   LinkState State() const override { return state_; }
 
  private:
+  void Connect(wxIPV4address address, const std::string& host);
   void OnSocket(wxSocketEvent& event);
   void OnInput();
   void OnLost();
@@ -32,6 +36,7 @@ class WxTcpLink final : public wxEvtHandler, public Link {
   void FailLater(std::int32_t textNumber);
   void Drop();
 
+  HostLookup lookup_;
   std::shared_ptr<wxSocketClient> socket_;  // shared with the event that ends it, see Drop
   LinkState state_ = LinkState::Closed;
   std::string unsent_;   // handed over, not yet taken by the system

@@ -1,0 +1,148 @@
+// zekview-soak DIRECTORY: the session of zekview-cli with its real sockets, event loop and files,
+// in one process for any number of commands. Standard input has one command a line, its words
+// separated by tabs (get, put); the answer is a line with the exit status and the lengths of the
+// two texts that follow it, what was printed and what was told. The line "resources" is answered
+// by the timers that were ever made and the bytes of the heap in use, after all that is free was
+// given back to the system.
+//
+// Its ticks are forty times as fast as those of the programs, so that a thousand transfers with
+// their time-outs take minutes.
+
+#include <iostream>
+#include <malloc.h>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <wx/app.h>
+#include <wx/apptrait.h>
+#include <wx/evtloop.h>
+
+#include "app/DiskFiles.h"
+#include "app/Paths.h"
+#include "app/Process.h"
+#include "app/SettingsFile.h"
+#include "app/WxLater.h"
+#include "app/WxTurn.h"
+#include "cli/CliPrompts.h"
+#include "cli/Commands.h"
+#include "comm/SystemLinks.h"
+#include "comm/WxTcpLink.h"
+
+namespace zek::cli {
+namespace {
+
+constexpr int kTickMs = 5;
+
+// Counts the timers that are made.
+class CountingTraits final : public wxConsoleAppTraits {
+ public:
+  explicit CountingTraits(int& timers) : timers_(timers) {}
+
+  wxTimerImpl* CreateTimerImpl(wxTimer* timer) override {
+    ++timers_;
+    return wxConsoleAppTraits::CreateTimerImpl(timer);
+  }
+
+ private:
+  int& timers_;
+};
+
+class Soak final : public wxAppConsole {
+ public:
+  explicit Soak(std::string directory) : directory_(WithSeparator(std::move(directory))) {}
+
+  // Waits must start from inside the running loop.
+  int OnRun() override {
+    CallAfter([this] {
+      Run();
+      ExitMainLoop();
+    });
+    wxAppConsole::OnRun();
+    return status_;
+  }
+
+ protected:
+  wxAppTraits* CreateTraits() override {
+    return std::make_unique<CountingTraits>(timers_).release();  // the toolkit deletes it
+  }
+
+ private:
+  void Run() {
+    DiskFiles files;
+    const std::unique_ptr<Profile> profile = OpenSettingsFile(files, directory_ + "ZEKView.INI");
+    WxTurn turn;
+    std::ostringstream err;
+    CliPrompts prompts(err);
+    WxLater later;
+    SystemDde dde(later.Post());
+    SystemTags tags;
+    WxTcpLink socket;
+    ZV_Proc proc({files, *profile, turn, prompts, socket, dde, tags});
+    proc.settings.ProgramPath = directory_;
+    proc.settings.IniPath = directory_;
+    WxTick tick([&proc] { proc.connection.Tick(); });
+    tick.Begin(kTickMs);
+    std::ostringstream out;
+    std::istringstream noInput;
+    Console console{proc, prompts, noInput, out, err};
+    status_ = StartSession(console);
+    if (status_ != kDone) {
+      std::cerr << err.str();
+      return;
+    }
+    for (std::string line; std::getline(std::cin, line);) {
+      if (line == "resources") {
+        turn.Once();  // what the last transfer posted is done
+        TellResources();
+      } else {
+        const Arguments arguments = ParseArguments(Words(line));
+        const ExitStatus status =
+            arguments.error.empty() ? RunCommand(console, arguments) : kFailed;
+        Tell(status, out.str(), arguments.error + err.str());
+        out.str({});
+        err.str({});
+      }
+    }
+  }
+
+  static void Tell(ExitStatus status, const std::string& printed, const std::string& told) {
+    std::cout << status << ' ' << printed.size() << ' ' << told.size() << '\n'
+              << printed << told << std::flush;
+  }
+
+  static std::vector<std::string> Words(const std::string& line) {
+    std::vector<std::string> words;
+    std::istringstream rest(line);
+    for (std::string word; std::getline(rest, word, '\t');) words.push_back(word);
+    return words;
+  }
+
+  void TellResources() const {
+    ::malloc_trim(0);
+    const struct mallinfo2 heap = ::mallinfo2();
+    std::cout << timers_ << ' ' << heap.uordblks + heap.hblkhd << std::endl;
+  }
+
+  std::string directory_;
+  int timers_ = 0;
+  ExitStatus status_ = kFailed;
+};
+
+}  // namespace
+}  // namespace zek::cli
+
+int main(int argc, char** argv) {
+  zek::PrepareStandardStreams();
+  const std::vector<std::string> arguments = zek::ProgramArguments(argc, argv);
+  if (arguments.size() != 1) {
+    std::cerr << "zekview-soak: needs a program directory\n";
+    return zek::cli::kWrongUsage;
+  }
+  // The toolkit deletes it.
+  wxAppConsole::SetInstance(std::make_unique<zek::cli::Soak>(arguments[0]).release());
+  int noArguments = 1;
+  return wxEntry(noArguments, argv);
+}

@@ -1,0 +1,204 @@
+#!/usr/bin/env python3
+"""living-window.py PROGRAMS DATA [FAULT...]: is the window alive whatever the server does?
+
+On the screen that DISPLAY names, zekview fetches a calendar and sends one, by its keys, while the
+server fails in every way it can. All the time the window is asked whether it is alive, as a window
+manager asks. The longest answer of each fault is printed, and what of it the program itself took:
+without the time in which it was ready to run and other programs had the processors. When that is
+more than 50 ms, it is measured four times more, and the median of the five counts.
+"""
+
+import os
+import pathlib
+import random
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+from faulty_server import FAULTS, Fault, Station
+
+LONGEST = 50.0  # ms
+RUNS = 5
+FLOOD = (20,)  # megabytes
+LATE = (1.0, 1.0)  # seconds
+SETTLE = 1.5  # seconds without a connection, after which a transfer is over
+# Besides what a server does: a name that nobody knows, an address where nobody answers.
+OTHER = {"unknown-host": "no.such.host.invalid:5100", "no-answer": "192.0.2.1:5100"}
+INI = """[General]
+Language=044
+DisconnectTime=300
+GetTSCTimeout=5
+HideDialogOnTSC=no
+AlwaysUseDSS=yes
+SDCLastTwoDigitYear=93
+SDCLastYear=2099
+[TCPIP]
+SendTimeOut=5
+DelayAfterConnect=0
+[GetDelay]
+{reads}
+[SaveDelay]
+{writes}
+[Topics]
+PLANT=YES,1,{address},Plant
+"""
+
+
+class Failed(Exception):
+    """The program could not be brought where it is measured."""
+
+
+def wait_for(what, found, seconds=20.0):
+    end = time.monotonic() + seconds
+    while time.monotonic() < end:
+        value = found()
+        if value:
+            return value
+        time.sleep(0.1)
+    raise Failed(f"waited in vain for {what}")
+
+
+def xdotool(*words):
+    return subprocess.run(["xdotool", *words], capture_output=True, text=True, timeout=20,
+                          check=False).stdout
+
+
+class Window:
+    """zekview with its browser open, driven by its keys."""
+
+    def __init__(self, programs, home, unknown_host):
+        self.programs = programs
+        preload = {"LD_PRELOAD": str(programs / "zekview-slow-lookup.so")} if unknown_host else {}
+        own = {"HOME": str(home), "XDG_CONFIG_HOME": str(home / "config")}
+        self.process = subprocess.Popen([programs / "zekview", "--dir", home, "/TOPIC:PLANT"],
+                                        env={**os.environ, **own, **preload},
+                                        stdin=subprocess.DEVNULL)
+        self.main = wait_for("the main window", lambda: self.named("^ZEK View"))
+        self.browser = wait_for("the browser", lambda: self.others({self.main}))
+        time.sleep(1)  # it is shown and has its tree
+
+    def named(self, name):
+        found = xdotool("search", "--onlyvisible", "--pid", str(self.process.pid), "--name", name)
+        return found.split()[0] if found else None
+
+    def others(self, known):
+        found = xdotool("search", "--onlyvisible", "--pid", str(self.process.pid), "--name", ".")
+        return next((window for window in found.split() if window not in known), None)
+
+    def press(self, window, *keys):
+        xdotool("windowfocus", "--sync", window)
+        for key in keys:
+            xdotool("key", key)
+            time.sleep(0.2)
+
+    def ping(self):
+        return subprocess.Popen([self.programs / "zekview-window-probe", "ping", self.main,
+                                 str(self.process.pid)], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                text=True)
+
+    def end(self):
+        self.process.kill()
+        self.process.wait()
+
+
+def prepare(home, data, address):
+    for language in (data / "lang").iterdir():
+        (home / language.name).write_bytes(language.read_bytes())
+    ini = INI.format(address=address, reads="\n".join(f"Delay{key}=0" for key in "ABD"),
+                     writes="\n".join(f"Delay{key}=0" for key in "ABCDEFGH"))
+    (home / "ZEKView.INI").write_text(ini, newline="")
+
+
+def await_end(station):
+    """Until the transfer has been without a connection for a while."""
+    def open_connections():
+        return any(thread.is_alive() for thread in station.threads)
+    quiet = time.monotonic()
+    end = quiet + 120
+    while time.monotonic() < end and time.monotonic() - quiet < SETTLE:
+        if open_connections():
+            quiet = time.monotonic()
+        time.sleep(0.05)
+
+
+def open_calendar(window, station):
+    """A whole calendar is fetched, its editor opens and has something to send."""
+    station.begin([None])
+    window.press(window.browser, "F6")
+    editor = wait_for("the editor", lambda: window.others({window.main, window.browser}))
+    time.sleep(1)
+    station.end()
+    window.press(editor, "1")  # the day under the cursor becomes a special day
+    return editor
+
+
+def measure(programs, data, name, sending):
+    """The longest answer in milliseconds, the same by the program itself, and how many came."""
+    station = Station(1, False, random.Random(1), FLOOD, LATE)
+    station.catalogues["sdc"] = ([" 1000 !24-DEC-26              !SD1"], "1")
+    with tempfile.TemporaryDirectory() as folder:
+        home = pathlib.Path(folder)
+        prepare(home, data, OTHER.get(name, f"127.0.0.1:{station.port}"))
+        window = Window(programs, home, name == "unknown-host")
+        try:
+            editor = open_calendar(window, station) if sending else None
+            plan = [Fault(name, 3 if sending else 2), None]
+            if name not in OTHER:
+                station.begin(plan)
+            probe = window.ping()
+            if sending:
+                window.press(editor, "ctrl+s")
+                time.sleep(0.5)
+                window.press(wait_for("the question", lambda: window.others(
+                    {window.main, window.browser, editor})), "Return")
+            else:
+                window.press(window.browser, "F6")
+            if name in OTHER or name == "refused":
+                time.sleep(5)
+            else:
+                await_end(station)
+                if not station.acted:
+                    raise Failed("the server never came to its fault")
+            told, _ = probe.communicate(timeout=70)
+            if probe.returncode != 0 or window.process.poll() is not None:
+                raise Failed("the window does not answer")
+            worst, answers, own = told.split()
+            return float(worst), float(own), int(answers)
+        finally:
+            window.end()
+
+
+def median_of_runs(programs, data, name, sending):
+    """What counts, and all that was measured for it."""
+    answers = [measure(programs, data, name, sending)]
+    while answers[0][1] > LONGEST and len(answers) < RUNS:
+        answers.append(measure(programs, data, name, sending))
+    return statistics.median(own for _, own, _ in answers), answers
+
+
+def main():
+    programs, data = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
+    names = sys.argv[3:] or [*FAULTS, *OTHER]
+    # What can't be connected to can't be fetched from either, and then there is nothing to send.
+    cases = [(name, sending) for name in names for sending in (False, True)
+             if not (sending and name in OTHER)]
+    alive = 0
+    for name, sending in cases:
+        what = f"{'send' if sending else 'get'}, {name}"
+        try:
+            longest, answers = median_of_runs(programs, data, name, sending)
+        except Failed as failure:
+            print(f"{what}: {failure}", flush=True)
+            continue
+        alive += longest <= LONGEST
+        runs = ", ".join(f"{worst:.1f}/{own:.1f}" for worst, own, _ in answers)
+        print(f"{what}: {answers[0][2]} answers, the longest {longest:.1f} ms "
+              f"(with and without waiting for a processor: {runs})", flush=True)
+    print(f"figure: living window: {alive} of {len(cases)} faults within 50 ms")
+    sys.exit(0 if alive == len(cases) else 1)
+
+
+if __name__ == "__main__":
+    main()
