@@ -235,6 +235,13 @@ TEST_F(ConnectionTest, WhatTheTagObjectSaysIsTold) {
   proc.waits.WaitSeconds(5);
   EXPECT_EQ(prompts.shown, Shown{"c Tag (TagRead: gone)"}) << "once, not at every poll";
   EXPECT_EQ(connection.CurrentTopic, kNet);
+
+  connection.Disconnect();
+  tags.fault.clear();
+  prompts.shown.clear();
+  connection.Connect(kNet);
+  proc.waits.WaitSeconds(5);
+  EXPECT_EQ(prompts.shown, Shown{"c Tag (TagRead: gone)"}) << "anew for each connection";
 }
 
 TEST_F(ConnectionTest, TagModeFailures) {

@@ -82,6 +82,7 @@ TEST_F(CalendarEditorTest, OutsideTheDaysTheMouseChangesNothing) {
   editor.Release(7, prompts, texts);  // never pressed
   EXPECT_TRUE(Saved(editor).empty());
   editor.Press(30);
+  EXPECT_EQ(editor.Cursor(), 30);
   editor.Drag(31);
   editor.Release(std::nullopt, prompts, texts);
   EXPECT_EQ(Saved(editor).size(), 2U);
