@@ -167,6 +167,11 @@ TEST_F(ConnectionTest, IdleTimeDisconnectsAndEveryCommandRestartsIt) {
   proc.waits.WaitSeconds(10);
   EXPECT_EQ(connection.CurrentTopic, -1);
   EXPECT_EQ(prompts.shown, Shown{"i T62 60 T63"});
+
+  connection.Connect(kOne);
+  connection.Disconnect();
+  proc.waits.WaitSeconds(100);
+  EXPECT_EQ(prompts.shown.size(), 1U) << "who has disconnected is not idle";
 }
 
 TEST_F(ConnectionTest, ThePausesOfATransferAreNotIdle) {

@@ -79,7 +79,9 @@ TEST_F(CalendarEditorTest, OutsideTheDaysTheMouseChangesNothing) {
   editor.ChooseType(kSD1);
   Drag(editor, std::nullopt, 5);
   EXPECT_EQ(editor.Selection(), std::nullopt);
-  editor.Release(7, prompts, texts);  // never pressed
+  editor.Drag(7);  // never pressed
+  editor.Release(7, prompts, texts);
+  EXPECT_EQ(editor.Cursor(), kToday.day);
   EXPECT_TRUE(Saved(editor).empty());
   editor.Press(30);
   EXPECT_EQ(editor.Cursor(), 30);
