@@ -2,6 +2,7 @@
 
 #include "sim/PlantLine.h"
 #include "text/Fields.h"
+#include "text/Numbers.h"
 
 namespace zek::sim {
 namespace {
@@ -39,7 +40,31 @@ std::string AddLine(std::string_view line, PlantCatalogue& catalogue,
   return {};
 }
 
+// Takes "Kind = 2" and "Dus = 3"; false for anything else.
+bool TakeOutstationLine(std::string_view line, Outstation& outstation) {
+  const std::string key = UpperCase(Trim(GetField(line, 0, "=")));
+  const std::string_view value = Trim(GetField(line, 1, "="));
+  if (key == "KIND" && (value == "1" || value == "2")) {
+    outstation.generation = value == "2" ? Generation::Zek2 : Generation::Zek1;
+    return true;
+  }
+  const int number = ToInt16(Val(value)).value_or(0);
+  if (key != "DUS" || number < 1 || std::to_string(number) != value) return false;
+  outstation.dus = number;
+  return true;
+}
+
 }  // namespace
+
+std::string ReadOutstationText(std::string_view text, Outstation& outstation) {
+  for (int row = 1; !text.empty(); ++row) {
+    const std::string_view line = Trim(TakeTextLine(text));
+    if (line.empty() || line.front() == ';' || TakeOutstationLine(line, outstation)) continue;
+    return "line " + std::to_string(row) +
+           R"(: expected "Kind = 1", "Kind = 2" or "Dus = n" with n from 1 to 32767)";
+  }
+  return {};
+}
 
 std::string ReadPlantCatalogue(std::string_view text, PlantCatalogue& catalogue,
                                std::optional<std::string>& defaultValue) {

@@ -8,6 +8,9 @@
 
 namespace zek::sim {
 
+/// Reads the text of an OUTSTATION.TXT. Returns "" or what is wrong, as the one below.
+std::string ReadOutstationText(std::string_view text, Outstation& outstation);
+
 /// Reads a catalogue text. Returns "" or what is wrong ("line 7: ...");
 /// the parts of such a text are told in PlantFolder.h. `defaultValue` receives the
 /// ".DFV" line's value when there is one.

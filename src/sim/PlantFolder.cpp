@@ -10,7 +10,6 @@
 #include "sim/PlantCatalogueText.h"
 #include "sim/PlantLine.h"
 #include "text/Fields.h"
-#include "text/Numbers.h"
 #include "text/Windows1252.h"
 
 namespace zek::sim {
@@ -60,32 +59,11 @@ std::string WriteText(const fs::path& path, const std::string& text) {
   return error ? About(path, error.message()) : std::string();
 }
 
-// Takes "Kind = 2" and "Dus = 3"; false for anything else.
-bool TakeOutstationLine(std::string_view line, Outstation& outstation) {
-  const std::string key = UpperCase(Trim(GetField(line, 0, "=")));
-  const std::string_view value = Trim(GetField(line, 1, "="));
-  if (key == "KIND" && (value == "1" || value == "2")) {
-    outstation.generation = value == "2" ? Generation::Zek2 : Generation::Zek1;
-    return true;
-  }
-  const int number = ToInt16(Val(value)).value_or(0);
-  if (key != "DUS" || number < 1 || std::to_string(number) != value) return false;
-  outstation.dus = number;
-  return true;
-}
-
 std::string LoadOutstationFile(const fs::path& path, Outstation& outstation) {
   const FileText file = ReadText(path);
   if (!file.error.empty()) return file.error;
-  std::string_view text = file.bytes;
-  for (int row = 1; !text.empty(); ++row) {
-    const std::string_view line = Trim(TakeTextLine(text));
-    if (line.empty() || line.front() == ';' || TakeOutstationLine(line, outstation)) continue;
-    return About(path, "line " + std::to_string(row) +
-                           ": expected \"Kind = 1\", \"Kind = 2\" or \"Dus = n\" with n from 1 to "
-                           "32767");
-  }
-  return {};
+  const std::string error = ReadOutstationText(file.bytes, outstation);
+  return error.empty() ? error : About(path, error);
 }
 
 std::string LoadCatalogue(const fs::path& path, PlantCatalogue& catalogue,

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <utility>
 
 #include "catalogue/BatchExport.h"
 #include "support/TransferSession.h"
@@ -162,6 +163,23 @@ TEST_F(BatchExportTest, TheWalkGoesOnPastWhatFails) {
   bool logged = false;
   for (const std::string& line : proc.log.Lines()) logged |= line == Failures().back();
   EXPECT_TRUE(logged);
+}
+
+TEST_F(BatchExportTest, WhatWasSaidBeforeAWholeCatalogueIsNoFailureButLeftOutLinesAre) {
+  socket.onSent = [this, first = true](std::string_view command) mutable {
+    if (command == "LIST WDC\r") {
+      Reply(std::exchange(first, false) ? "ERROR 5\r\n" : answers["LIST WDC"], 50);
+    } else {
+      Reply("EXIT\r\n", 50);
+    }
+  };
+  EXPECT_EQ(Run({true, false, false}).exported, 4U) << "the second attempt was answered";
+  EXPECT_EQ(Failures(), Shown{});
+
+  for (int line = 0; line < 200; ++line)
+    answers["LIST WDC"].insert(0, " 999 !X          !MO!07:00!1!.\r\n");
+  EXPECT_EQ(Run({true, false, false}).exported, 2U);
+  EXPECT_EQ(Failures(), (Shown{"ONE/AHU1 WDC: T543", "ONE/VS1 WDC: T543"}));
 }
 
 TEST_F(BatchExportTest, RefusedLinesAreToldAndTheRestIsWritten) {

@@ -34,6 +34,23 @@ TEST_F(CatalogueReadTest, FetchesAndKeepsACopy) {
   ExpectAtRest();
 }
 
+TEST_F(CatalogueReadTest, ShowsHowManyLinesHaveCome) {
+  proc.texts.Read("534=%1 lines");
+  SelectOne();
+  std::string shown;
+  proc.status.Changed = [&] {
+    if (!shown.ends_with(proc.status.Waiting + ";")) shown += proc.status.Waiting + ";";
+  };
+  socket.onSent = [this](std::string_view command) {
+    if (command != "LIST WDC\r") return Reply("OK\r\n", 10);
+    Reply("HEADER\r\n 1000 !x\r\n", 10);
+    Reply(" 1001 !x\r\n", 600);
+    Reply("EXIT\r\n", 1200);
+  };
+  EXPECT_TRUE(Get());
+  EXPECT_NE(shown.find("1 lines;2 lines;"), std::string::npos) << shown;
+}
+
 TEST_F(CatalogueReadTest, NamedControlsHaveTheirValueAndExceptions) {
   SelectTwo();
   answers["LIST TSC1"] =

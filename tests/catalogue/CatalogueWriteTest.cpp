@@ -71,6 +71,21 @@ TEST_F(CatalogueWriteTest, ACopyThatCannotBeStoredStopsItAll) {
   EXPECT_TRUE(socket.opened.empty());
 }
 
+TEST(CatalogueWrite, AProgramThatEndsBeforeTheLastCommandHasNotSent) {
+  for (int milliseconds = 100; milliseconds < 7000; milliseconds += 500) {
+    test::TransferSession session;
+    for (const char* key : {"A", "B", "C", "D", "E", "F", "G", "H"}) {
+      session.profile.WriteIni("SaveDelay", std::string("Delay") + key, "1");
+    }
+    session.proc.transfer.CatalogueLines = {" 1000 !AHU1!MO"};
+    session.prompts.answers = {true};
+    session.SelectOne();
+    session.turn.After(milliseconds, [&] { session.turn.Quit(); });
+    const bool sent = SaveCatalogue(session.proc, Catalogue::Wdc);
+    EXPECT_TRUE(!sent || session.commands.size() == 5U) << milliseconds;
+  }
+}
+
 // What the controller does at a command, and whether the write then may call itself sent.
 struct FaultCase {
   const char* name;

@@ -232,6 +232,11 @@ TEST_F(ConnectionTest, IdleTimeDisconnectsAndEveryCommandRestartsIt) {
   proc.waits.WaitSeconds(10);
   EXPECT_EQ(connection.CurrentTopic, -1);
   EXPECT_EQ(prompts.shown, Shown{"i T62 60 T63"});
+
+  connection.Connect(kOne);
+  connection.Disconnect();
+  proc.waits.WaitSeconds(100);
+  EXPECT_EQ(prompts.shown.size(), 1U) << "who has disconnected is not idle";
 }
 
 TEST_F(ConnectionTest, ThePausesOfATransferAreNotIdle) {
@@ -300,6 +305,13 @@ TEST_F(ConnectionTest, WhatTheTagObjectSaysIsTold) {
   proc.waits.WaitSeconds(5);
   EXPECT_EQ(prompts.shown, Shown{"c Tag (TagRead: gone)"}) << "once, not at every poll";
   EXPECT_EQ(connection.CurrentTopic, kNet);
+
+  connection.Disconnect();
+  tags.fault.clear();
+  prompts.shown.clear();
+  connection.Connect(kNet);
+  proc.waits.WaitSeconds(5);
+  EXPECT_EQ(prompts.shown, Shown{"c Tag (TagRead: gone)"}) << "anew for each connection";
 }
 
 TEST_F(ConnectionTest, TagModeFailures) {

@@ -79,9 +79,12 @@ TEST_F(CalendarEditorTest, OutsideTheDaysTheMouseChangesNothing) {
   editor.ChooseType(kSD1);
   Drag(editor, std::nullopt, 5);
   EXPECT_EQ(editor.Selection(), std::nullopt);
-  editor.Release(7, prompts, texts);  // never pressed
+  editor.Drag(7);  // never pressed
+  editor.Release(7, prompts, texts);
+  EXPECT_EQ(editor.Cursor(), kToday.day);
   EXPECT_TRUE(Saved(editor).empty());
   editor.Press(30);
+  EXPECT_EQ(editor.Cursor(), 30);
   editor.Drag(31);
   editor.Release(std::nullopt, prompts, texts);
   EXPECT_EQ(Saved(editor).size(), 2U);

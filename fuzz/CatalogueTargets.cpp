@@ -1,0 +1,83 @@
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "Demand.h"
+#include "Targets.h"
+#include "editors/calendar/CalendarText.h"
+#include "editors/exception/ExceptionText.h"
+#include "editors/weekday/WeekdayText.h"
+#include "text/Lines.h"
+
+namespace zek::fuzz {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+// The first line of an input: two letters that choose, and the time control's name. "2,AHU1" is
+// time control AHU1 of a ZEK2 where numbers have a decimal comma.
+struct Case {
+  Generation generation = Generation::Zek1;
+  char separator = '.';
+  std::string name;
+  Lines lines;
+
+  explicit Case(std::string_view input) {
+    std::string_view first = TakeLine(input);
+    if (first.starts_with('2')) generation = Generation::Zek2;
+    if (first.starts_with("1,") || first.starts_with("2,")) separator = ',';
+    name = first.substr(std::min<std::size_t>(first.size(), 2));
+    while (!input.empty()) lines.emplace_back(TakeLine(input));
+  }
+};
+
+// What `read` finds in the lines that `build` makes of a table builds the same lines again:
+// they tell more than a comparison of tables would, whose values have more digits than a line.
+template <class Table, class Read, class Build>
+void DemandRoundTrip(const Table& table, Read read, Build build) {
+  const BuiltLines built = build(table);
+  const Lines* const lines = std::get_if<Lines>(&built);
+  if (lines == nullptr) return;  // refused with a message
+  const auto reading = read(*lines);
+  Demand(reading.linesLost == 0, "what was built is read whole");
+  const BuiltLines again = build(reading.table);
+  Demand(std::holds_alternative<Lines>(again) && std::get<Lines>(again) == *lines,
+         "what was read builds the same lines");
+}
+
+}  // namespace
+
+void Weekday(std::string_view input) {
+  const Case given(input);
+  const auto read = [&](const Lines& lines) { return ReadWeekday(lines, given.name); };
+  DemandRoundTrip(read(given.lines).table, read, [&](const WeekdayTable& table) {
+    return BuildWeekday(table, given.name, given.lines, BuildStart::Afresh, given.separator);
+  });
+}
+
+void Calendar(std::string_view input) {
+  const Case given(input);
+  const CalendarYears years{given.generation, 93, 2099};
+  const auto read = [&](const Lines& lines) {
+    return ReadCalendar(lines, years, CalendarYears::kFirst);
+  };
+  DemandRoundTrip(read(given.lines).table, read, [&](const CalendarTable& table) {
+    return BuildCalendar(table, given.name, given.generation);
+  });
+}
+
+void Exceptions(std::string_view input) {
+  const Case given(input);
+  const ExceptionOwner owner{given.name, given.generation};
+  const auto read = [&](const Lines& lines) { return ReadExceptions(lines, owner); };
+  ExceptionTable table = read(given.lines).table;
+  // Of too many lines the first eight come in their order, which is no longer that of the dates.
+  std::stable_sort(
+      table.rows.begin(), table.rows.end(),
+      [](const OvcRow& left, const OvcRow& right) { return left.start > right.start; });
+  DemandRoundTrip(table, read, [&](const ExceptionTable& each) {
+    return BuildExceptions(each, owner, {}, {1, 100}, given.separator);
+  });
+}
+
+}  // namespace zek::fuzz

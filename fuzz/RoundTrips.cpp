@@ -1,0 +1,153 @@
+// zekview-round-trips [COUNT] [SEED]: COUNT random tables (1000) of each kind and generation, and
+// of the "PLT" layouts. What was built from a table reads back as the table and builds the same
+// lines again. The first table of a format that does not is shown with its seed.
+
+#include <algorithm>
+#include <charconv>
+#include <functional>
+#include <iostream>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "RandomTables.h"
+#include "editors/weekday/WeekdayText.h"
+
+namespace zek::fuzz {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+// What came of one table: its lines, and what is wrong with them ("" when nothing is).
+struct Trip {
+  Lines lines;
+  std::string fault;
+};
+
+template <class Table, class Read, class Build>
+Trip TripOf(const Table& table, Read read, Build build) {
+  const BuiltLines built = build(table);
+  if (const auto* error = std::get_if<BuildError>(&built)) {
+    return {{}, "not built: text " + std::to_string(error->text) + " " + error->values[0]};
+  }
+  const auto& lines = std::get<Lines>(built);
+  const auto reading = read(lines);
+  if (reading.linesLost > 0) return {lines, "lines were refused"};
+  if (!(reading.table == table)) return {lines, "it reads back as another table"};
+  const BuiltLines again = build(reading.table);
+  if (!std::holds_alternative<Lines>(again) || std::get<Lines>(again) != lines) {
+    return {lines, "it builds other lines"};
+  }
+  return {lines, {}};
+}
+
+char SeparatorOf(Random& random) { return random.OneIn(2) ? ',' : '.'; }
+
+Trip WeekdayTrip(Random& random, bool plt) {
+  const std::string name = RandomName(random, plt);
+  const char separator = SeparatorOf(random);
+  const auto build = [&](const WeekdayTable& table) {
+    return BuildWeekday(table, name, {}, BuildStart::Afresh, separator);
+  };
+  const auto read = [&](const Lines& lines) { return ReadWeekday(lines, name); };
+  WeekdayTable table = RandomWeekday(random, plt);
+  // Rows that no catalogue has lines for any more are given up, the last ones first.
+  for (std::size_t row = kWeekdayRows; row > 0; --row) {
+    const BuiltLines built = build(table);
+    const auto* error = std::get_if<BuildError>(&built);
+    if (error == nullptr) break;
+    for (auto& day : table.days) day.at(row - 1) = {};
+  }
+  return TripOf(table, read, build);
+}
+
+Trip CalendarTrip(Random& random, Generation generation, bool plt) {
+  const CalendarYears years{generation, 93, 2099};
+  const std::string name = RandomName(random, plt);
+  CalendarTable table = RandomCalendar(random, years);
+  table.Sort();
+  return TripOf(
+      table, [&](const Lines& lines) { return ReadCalendar(lines, years, CalendarYears::kFirst); },
+      [&](const CalendarTable& each) { return BuildCalendar(each, name, generation); });
+}
+
+Trip ExceptionTrip(Random& random, Generation generation) {
+  const ExceptionOwner owner{RandomName(random, random.OneIn(4)), generation};
+  const char separator = SeparatorOf(random);
+  ExceptionTable table = RandomExceptions(random, generation);
+  std::stable_sort(
+      table.rows.begin(), table.rows.end(),
+      [](const OvcRow& left, const OvcRow& right) { return left.start > right.start; });
+  return TripOf(
+      table, [&](const Lines& lines) { return ReadExceptions(lines, owner); },
+      [&](const ExceptionTable& each) {
+        return BuildExceptions(each, owner, {}, {1, 100}, separator);
+      });
+}
+
+struct Format {
+  std::string name;
+  std::function<Trip(Random&)> trip;
+};
+
+std::vector<Format> Formats() {
+  constexpr Generation one = Generation::Zek1;
+  constexpr Generation two = Generation::Zek2;
+  return {
+      {"weekday ZEK1", [](Random& random) { return WeekdayTrip(random, false); }},
+      {"weekday ZEK2", [](Random& random) { return WeekdayTrip(random, random.OneIn(2)); }},
+      {"weekday PLT", [](Random& random) { return WeekdayTrip(random, true); }},
+      {"calendar ZEK1", [](Random& random) { return CalendarTrip(random, one, false); }},
+      {"calendar ZEK2", [](Random& random) { return CalendarTrip(random, two, false); }},
+      {"calendar PLT",
+       [](Random& random) { return CalendarTrip(random, random.OneIn(2) ? one : two, true); }},
+      {"exceptions ZEK1", [](Random& random) { return ExceptionTrip(random, one); }},
+      {"exceptions ZEK2", [](Random& random) { return ExceptionTrip(random, two); }},
+  };
+}
+
+void Show(const Format& format, std::uint64_t seed, const Trip& trip) {
+  std::cout << format.name << ", seed " << seed << ": " << trip.fault << '\n';
+  for (const std::string& line : trip.lines) std::cout << "  " << line << '\n';
+}
+
+// True when every table came back.
+bool Run(const Format& format, std::uint64_t count, std::uint64_t firstSeed) {
+  std::uint64_t good = 0;
+  for (std::uint64_t seed = firstSeed; seed < firstSeed + count; ++seed) {
+    Random random(seed);
+    const Trip trip = format.trip(random);
+    const bool first = good == seed - firstSeed;
+    if (trip.fault.empty()) {
+      ++good;
+    } else if (first) {
+      Show(format, seed, trip);
+    }
+  }
+  std::cout << "figure: round trips " << format.name << ": " << good << " of " << count
+            << std::endl;
+  return good == count;
+}
+
+std::optional<std::uint64_t> NumberOf(std::string_view text) {
+  std::uint64_t number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return number;
+}
+
+}  // namespace
+}  // namespace zek::fuzz
+
+int main(int argc, char** argv) {
+  using zek::fuzz::NumberOf;
+  const auto count = NumberOf(argc > 1 ? argv[1] : "1000");
+  const auto seed = NumberOf(argc > 2 ? argv[2] : "1");
+  if (argc > 3 || !count || !seed) {
+    std::cerr << "usage: zekview-round-trips [COUNT] [SEED]\n";
+    return 2;
+  }
+  bool good = true;
+  for (const auto& format : zek::fuzz::Formats()) good = Run(format, *count, *seed) && good;
+  return good ? 0 : 1;
+}

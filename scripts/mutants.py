@@ -1,0 +1,242 @@
+#!/usr/bin/env python3
+"""mutants.py [COUNT] [SEED]: how many of COUNT (300) small random faults in the core the tests find.
+
+A mutant is one file of the core with one change: a comparison flipped, a condition negated, a
+constant changed or a statement removed. It is compiled apart from the work tree, linked in front of
+the core as build/release has it, and the tests are run. Those that the unit tests let live go to
+the programs that make random and hostile catalogues. One that does not compile is replaced by
+another; files of forms and of one system, tables of texts and headers are left out.
+"""
+import collections
+import concurrent.futures
+import json
+import os
+import pathlib
+import random
+import re
+import shlex
+import subprocess
+import sys
+import threading
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+BUILD = ROOT / "build" / "release"
+PLACE = ROOT / "build" / "mutants"
+FOLDERS = ["text", "app", "lang", "comm", "catalogue", "editors"]
+NO_CORE = re.compile(r"/(ZV_(Main|Info|Lang|TSC|WDC|SDC|OVC|PickList)\w*|Wx\w+|Win\w+|Posix\w+"
+                     r"|BuiltInTexts)\.cpp$")
+PROGRAMS = ["zekview-tests", "zekview-fuzz-corpora", "zekview-round-trips", "zekview-cli"]
+SECONDS = 60  # no test takes long; what does not end has failed
+
+FLIPPED = {"==": "!=", "!=": "==", "<": "<=", "<=": "<", ">": ">=", ">=": ">", "&&": "||",
+           "||": "&&"}
+COMPARISON = re.compile(r" (==|!=|<=|>=|<|>|&&|\|\|) ")
+CONDITION = re.compile(r"^(\s*(?:\} else )?(?:if|while) \()")
+ASSIGNMENT = re.compile(r"(?<![=!<>])=(?!=)|;")
+NUMBER = re.compile(r"(?<![\w.'])(\d+)(?![\w.'])|\b(true|false)\b")
+STATEMENT = re.compile(r"^(\s+(?:if \(.*\) |else )?)((?:\+\+|--)?[A-Za-z_][\w.:>\[\]()*-]*"
+                       r"(?:\(.*\)| [-+|&]?= .*|\+\+|--)?);$")
+NO_STATEMENT = re.compile(r"^(return|using|const|constexpr|static|auto|namespace|public|class|struct"
+                          r"|default|case|friend|throw|template|typedef|goto)\b")
+STRING = re.compile(r'R"\(.*?\)"|"(?:\\.|[^"\\])*"|\'(?:\\.|[^\'\\])\'')
+
+Mutant = collections.namedtuple("Mutant", "kind file row before after")
+
+
+def without_texts(line):
+    """The line with blanks in place of strings and comments, as long as it was."""
+    blank = STRING.sub(lambda match: '"' + " " * (len(match[0]) - 2) + '"', line)
+    comment = blank.find("//")
+    return blank if comment < 0 else blank[:comment].rstrip()
+
+
+def balanced(text):
+    depth = 0
+    for letter in text:
+        depth += (letter == "(") - (letter == ")")
+        if depth < 0:
+            return False
+    return depth == 0
+
+
+def changes(line):
+    """Pairs of a kind and the changed line."""
+    code = without_texts(line)
+    if not code.strip() or code.lstrip().startswith(("#", "static_assert", "template")):
+        return
+    for match in COMPARISON.finditer(code):
+        if "operator" not in code:
+            yield "comparison", line[:match.start(1)] + FLIPPED[match[1]] + line[match.end(1):]
+    condition = CONDITION.match(code)
+    end = closing(code, condition.end() - 1) if condition else None
+    if end and not ASSIGNMENT.search(code[condition.end():end]):
+        inside = line[condition.end():end]
+        yield "condition", line[:condition.end()] + "!(" + inside + ")" + line[end:]
+    for match in NUMBER.finditer(code):
+        new = {"true": "false", "false": "true"}.get(match[0])
+        for other in [new] if new else [str(int(match[0]) + 1), str(int(match[0]) - 1)]:
+            if other != "-1":
+                yield "constant", line[:match.start()] + other + line[match.end():]
+    statement = STATEMENT.match(code)
+    if statement and balanced(statement[2]) and not NO_STATEMENT.match(statement[2]):
+        if re.fullmatch(r"break|continue", statement[2]) or re.search(r"[(=]|\+\+|--", statement[2]):
+            yield "statement", line[:len(statement[1])] + "{}"
+
+
+def closing(code, opening):
+    """The place of the bracket that closes the one at a place; None when the line ends before."""
+    depth = 0
+    for place in range(opening, len(code)):
+        depth += (code[place] == "(") - (code[place] == ")")
+        if depth == 0:
+            return place
+    return None
+
+
+def all_mutants():
+    """By kind, so that kinds with many places do not crowd out the others."""
+    found = collections.defaultdict(list)
+    for folder in FOLDERS:
+        for path in sorted((ROOT / "src" / folder).rglob("*.cpp")):
+            if NO_CORE.search(str(path)):
+                continue
+            for row, line in enumerate(path.read_text().split("\n"), 1):
+                for kind, changed in changes(line):
+                    found[kind].append(Mutant(kind, path, row, line, changed))
+    return found
+
+
+def order_of(found, seed):
+    """An endless-enough random order in which the kinds take turns."""
+    shuffle = random.Random(seed)
+    for mutants in found.values():
+        shuffle.shuffle(mutants)
+    longest = max(len(mutants) for mutants in found.values())
+    for place in range(longest):
+        for kind in sorted(found):
+            if place < len(found[kind]):
+                yield found[kind][place]
+
+
+def run(command, **options):
+    """True when the command ended well and in time."""
+    try:
+        return subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                              stderr=subprocess.DEVNULL, check=False, **options).returncode == 0
+    except subprocess.TimeoutExpired:
+        return False
+
+
+class Builder:
+    """Compiles and links mutants with the commands of build/release."""
+
+    def __init__(self):
+        self.links = {}
+        for program in PROGRAMS:
+            output = subprocess.run(["ninja", "-C", BUILD, "-t", "commands", program], check=True,
+                                    stdout=subprocess.PIPE, text=True).stdout
+            self.links[program] = self.link_of(output, program)
+        entries = json.loads((BUILD / "compile_commands.json").read_text())
+        self.compiles = {entry["file"]: shlex.split(entry["command"]) for entry in entries
+                         if "zekview-core.dir" in entry["command"]}
+
+    @staticmethod
+    def link_of(output, program):
+        for line in reversed(output.splitlines()):
+            words = shlex.split(line.split(" && ")[1] if line.startswith(": && ") else line)
+            if "-o" in words and words[words.index("-o") + 1].endswith(program):
+                return words
+        raise SystemExit(f"build/release has no rule for {program}")
+
+    def compile(self, mutant, folder):
+        lines = mutant.file.read_text().split("\n")
+        lines[mutant.row - 1] = mutant.after
+        source = folder / mutant.file.name
+        source.write_text("\n".join(lines))
+        words = self.compiles[str(mutant.file)]
+        words = words[:words.index("-o")] + ["-O0", "-w", "-o", str(folder / "mutant.o"), "-c",
+                                             str(source)]
+        return run([word for word in words if word != "-Werror"], cwd=BUILD, timeout=300)
+
+    def link(self, program, folder):
+        words = list(self.links[program])
+        words[words.index("-o") + 1] = str(folder / program)
+        place = next(i for i, word in enumerate(words) if word.endswith(".a"))
+        words[place:place] = [str(folder / "mutant.o")]
+        return run([words[0], "-fuse-ld=gold", *words[1:]], cwd=BUILD, timeout=300)
+
+
+def limited(command):
+    """The command with an end to its memory, so that a mutant can't take the machine's."""
+    return ["bash", "-c", "ulimit -v 8000000 -c 0; exec \"$@\"", "bash", *map(str, command)]
+
+
+def survives(builder, folder):
+    """None when the tests find it, else how far it came."""
+    for program in PROGRAMS:
+        if not builder.link(program, folder):
+            raise SystemExit(f"{program} can't be linked with a mutant")
+        command = {
+            "zekview-tests": [folder / program, "--gtest_fail_fast", "--gtest_brief=1"],
+            "zekview-fuzz-corpora": [folder / program, ROOT / "fuzz" / "corpus"],
+            "zekview-round-trips": [folder / program, "300"],
+            "zekview-cli": [ROOT / "tests/cli/random-catalogues.py", folder, ROOT / "data", "300"],
+        }[program]
+        if not run(limited(command), cwd=folder, timeout=SECONDS):
+            return program
+    return None
+
+
+def check_unchanged(builder, mutant):
+    folder = PLACE / "0"
+    folder.mkdir(parents=True, exist_ok=True)
+    same = mutant._replace(after=mutant.before)
+    if not builder.compile(same, folder):
+        raise SystemExit(f"{mutant.file} can't be compiled as it stands")
+    failed = survives(builder, folder)
+    if failed:
+        raise SystemExit(f"{failed} fails without a mutant")
+
+
+def main():
+    count = int(sys.argv[1]) if len(sys.argv) > 1 else 300
+    seed = int(sys.argv[2]) if len(sys.argv) > 2 else 1
+    order = order_of(all_mutants(), seed)
+    builder = Builder()
+    check_unchanged(builder, next(order))
+    lock = threading.Lock()
+    results = []
+    left = [count]
+
+    def work(number):
+        folder = PLACE / str(number)
+        folder.mkdir(parents=True, exist_ok=True)
+        while True:
+            with lock:
+                mutant = next(order, None) if left[0] > 0 else None
+                if mutant is None:
+                    return
+                left[0] -= 1
+            if not builder.compile(mutant, folder):
+                with lock:
+                    left[0] += 1
+                continue
+            caught = survives(builder, folder)
+            with lock:
+                results.append((mutant, caught))
+                place = f"{mutant.file.relative_to(ROOT)}:{mutant.row}"
+                print(f"{len(results)} {caught or 'SURVIVES'} {mutant.kind} {place}", flush=True)
+
+    with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
+        list(pool.map(work, range(os.cpu_count())))
+
+    survivors = [mutant for mutant, caught in results if caught is None]
+    for mutant in sorted(survivors):
+        print(f"\nsurvivor: {mutant.kind}, {mutant.file.relative_to(ROOT)}:{mutant.row}")
+        print(f"  - {mutant.before.strip()}\n  + {mutant.after.strip()}")
+    by_program = collections.Counter(caught for _, caught in results)
+    print("\ncaught by: " + ", ".join(f"{name} {by_program[name]}" for name in PROGRAMS))
+    print(f"figure: mutants caught: {len(results) - len(survivors)} of {len(results)}")
+
+
+main()
