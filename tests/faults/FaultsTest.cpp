@@ -14,18 +14,28 @@ std::size_t FloodBytes() {
   return bytes == nullptr ? kBeyondBuffers : std::strtoul(bytes, nullptr, 10);
 }
 
+// The sanitizers see every kind of case in a seventh of them: 7 shares no factor with the number of
+// transports and of faults.
+#ifdef __SANITIZE_ADDRESS__
+constexpr std::size_t kStride = 7;
+#else
+constexpr std::size_t kStride = 1;
+#endif
+
 void RunAll(const char* what, const char* unnoticedWhat, const std::vector<FaultCase>& cases) {
   const std::size_t flood = FloodBytes();
   std::size_t held = 0;
   std::size_t unnoticed = 0;
-  for (const FaultCase& each : cases) {
-    FaultSession session(each, flood);
+  std::size_t run = 0;
+  for (std::size_t at = 0; at < cases.size(); at += kStride) {
+    ++run;
+    FaultSession session(cases[at], flood);
     const std::string wrong = session.Run();
     EXPECT_EQ(wrong, "");
     if (wrong.empty()) ++held;
     if (session.Unnoticed()) ++unnoticed;
   }
-  std::cout << "figure: " << what << ": " << held << " of " << cases.size() << " (" << unnoticed
+  std::cout << "figure: " << what << ": " << held << " of " << run << " (" << unnoticed
             << " of them " << unnoticedWhat << ")\n";
 }
 
