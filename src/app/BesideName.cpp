@@ -24,7 +24,9 @@ std::string BesideName(const std::string& target, unsigned long process, int att
   const std::size_t separator = target.find_last_of(twoSeparators ? "/\\" : "/");
   const std::size_t start = separator == std::string::npos ? 0 : separator + 1;
   const std::string_view name = std::string_view(target).substr(start);
-  std::string beside = target.substr(0, start + WholeCharacters(name, kLongestStem));
+  const std::size_t kept = WholeCharacters(name, kLongestStem);
+  std::string beside = target.substr(0, start + kept);
+  if (kept < name.size()) beside += '~';  // what is left of a harmless name may be a device's
   beside.append(kMark).append(std::to_string(process));
   if (attempt > 1) beside.append("-").append(std::to_string(attempt));
   return beside;

@@ -9,10 +9,12 @@ TEST(BesideName, StandsBesideItsTargetAndFits) {
   EXPECT_EQ(BesideName("/d.ir/a WDC.TXT", 12, 1), "/d.ir/a WDC.TXT.zvtmp12");
   EXPECT_EQ(BesideName("name", 12, 3), "name.zvtmp12-3");
   const std::string longest = BesideName("/dir/" + std::string(300, 'x'), 4'194'304, 100);
-  EXPECT_EQ(longest, "/dir/" + std::string(200, 'x') + ".zvtmp4194304-100");
+  EXPECT_EQ(longest, "/dir/" + std::string(200, 'x') + "~.zvtmp4194304-100");
+  const std::string device = "NUL" + std::string(250, ' ');
+  EXPECT_NE(BesideName(device, 1, 1).find(" ~.zvtmp1"), std::string::npos) << "no device";
   std::string letters = "/x";  // å is two bytes: none of them is cut
   for (int i = 0; i < 200; ++i) letters += "å";
-  EXPECT_EQ(BesideName(letters, 1, 1).size(), 200U + 1 + std::string(".zvtmp1").size() - 1);
+  EXPECT_EQ(BesideName(letters, 1, 1).size(), 1 + 199U + std::string("~.zvtmp1").size());
 }
 
 TEST(BesideName, TellsTheProcess) {

@@ -107,11 +107,6 @@ int Open(const char* path, int flags, Work work) {
   return descriptor;
 }
 
-// The argument behind the flags, where there is one.
-mode_t ModeOf(int flags, std::va_list list) {
-  return (flags & O_CREAT) == 0 ? 0 : va_arg(list, mode_t);
-}
-
 }  // namespace
 
 void WatchCalls(const std::string& folder, const CallFault& fault) {
@@ -171,7 +166,7 @@ int CallTruncate(const char* path, off_t size) __asm__("truncate");
 int CallOpen(const char* path, int flags, ...) {
   std::va_list list;
   va_start(list, flags);
-  const mode_t mode = zek::test::ModeOf(flags, list);
+  const mode_t mode = (flags & O_CREAT) == 0 ? 0 : va_arg(list, mode_t);
   va_end(list);
   static auto* const real = Real<int(const char*, int, ...)>("open");
   return zek::test::Open(path, flags, [&] { return real(path, flags, mode); });
@@ -180,7 +175,7 @@ int CallOpen(const char* path, int flags, ...) {
 int CallOpen64(const char* path, int flags, ...) {
   std::va_list list;
   va_start(list, flags);
-  const mode_t mode = zek::test::ModeOf(flags, list);
+  const mode_t mode = (flags & O_CREAT) == 0 ? 0 : va_arg(list, mode_t);
   va_end(list);
   return CallOpen(path, flags, mode);
 }
