@@ -14,6 +14,10 @@
 namespace zek {
 namespace {
 constexpr int kGap = 8;
+
+void CancelVerification(ZV_Proc& proc) {
+  if (proc.transfer.Verifying) proc.waits.CancelRequested = true;
+}
 }  // namespace
 
 EditorForm::EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue catalogue,
@@ -32,6 +36,16 @@ EditorForm::EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue 
   SetTitle(Caption(kind.titleText) + " - " + ToWx(tsc.empty() ? object : tsc));
   status_->SetName("Label_Status");
   Bind(wxEVT_CHAR_HOOK, &EditorForm::OnKey, this);
+  Bind(
+      wxEVT_BUTTON,
+      [this](wxCommandEvent& event) {
+        if (busy_) {
+          CancelVerification(proc_);
+        } else {
+          event.Skip();
+        }
+      },
+      wxID_CANCEL);
 }
 
 wxButton* EditorForm::NewCommand(wxWindowID id, const std::string& name, const wxString& caption,
@@ -84,9 +98,7 @@ void EditorForm::Save() {
   {
     // A catalogue that is sent half is worse than either whole one: a write can't be cancelled,
     // only what is done when it has been sent.
-    const InputBlock block([&proc = proc_] {
-      if (proc.transfer.Verifying) proc.waits.CancelRequested = true;
-    });
+    const InputBlock block([&proc = proc_] { CancelVerification(proc); }, FindWindow(wxID_CANCEL));
     outcome = SaveTable(write);
     close = block.CloseRequested();
   }
@@ -102,6 +114,16 @@ void EditorForm::ShowStatus() {
   const std::string both = proc_.status.Transfer + (waiting.empty() ? "" : "  " + waiting);
   status_->SetLabel(ToWx(both));
   if (busy_ != (proc_.status.Busy > 0)) ShowBusy(!busy_);
+  if (busy_) OfferCancel();
+}
+
+// The only button that works then; without a window that has the focus no key would arrive.
+void EditorForm::OfferCancel() {
+  wxWindow* const cancel = FindWindow(wxID_CANCEL);
+  const bool offered = proc_.transfer.Verifying;
+  if (cancel == nullptr || cancel->IsEnabled() == offered) return;
+  cancel->Enable(offered);
+  if (offered) cancel->SetFocus();
 }
 
 void EditorForm::ShowBusy(bool busy) {

@@ -62,6 +62,7 @@ class EditorForm : public wxDialog {
   };
 
   void ShowBusy(bool busy);
+  void OfferCancel();
   void OnKey(wxKeyEvent& event);
 
   WxTurn& turn_;
