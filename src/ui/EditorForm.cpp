@@ -15,6 +15,10 @@
 namespace zek {
 namespace {
 constexpr int kGap = 8;
+
+void CancelVerification(ZV_Proc& proc) {
+  if (proc.transfer.Verifying) proc.waits.CancelRequested = true;
+}
 }  // namespace
 
 EditorForm::EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue catalogue,
@@ -37,8 +41,7 @@ EditorForm::EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue 
   Bind(wxEVT_CHAR_HOOK, &EditorForm::OnKey, this);
   Bind(wxEVT_TEXT, [this](wxCommandEvent&) { ShowChanges(); });
   // Escape presses this button.
-  Bind(
-      wxEVT_BUTTON, [this](wxCommandEvent&) { CloseOrStay(); }, wxID_CANCEL);
+  Bind(wxEVT_BUTTON, &EditorForm::OnCancel, this, wxID_CANCEL);
   Bind(wxEVT_CLOSE_WINDOW, &EditorForm::OnClose, this);
 }
 
@@ -128,9 +131,7 @@ void EditorForm::Save() {
   {
     // A catalogue that is sent half is worse than either whole one: a write can't be cancelled,
     // only what is done when it has been sent.
-    const InputBlock block([&proc = proc_] {
-      if (proc.transfer.Verifying) proc.waits.CancelRequested = true;
-    });
+    const InputBlock block([&proc = proc_] { CancelVerification(proc); }, FindWindow(wxID_CANCEL));
     outcome = SaveTable(write);
     close = block.CloseRequested();
   }
@@ -179,6 +180,14 @@ void EditorForm::ShowChanges() {
   Allow(redo_, !viewOnly_ && !entry && state.canRedo);
 }
 
+void EditorForm::OnCancel(wxCommandEvent& /*event*/) {
+  if (busy_) {
+    CancelVerification(proc_);
+  } else {
+    CloseOrStay();
+  }
+}
+
 void EditorForm::OnClose(wxCloseEvent& event) {
   if (!event.CanVeto()) {
     End();  // the user's session ends
@@ -211,6 +220,16 @@ void EditorForm::ShowStatus() {
   const std::string both = proc_.status.Transfer + (waiting.empty() ? "" : "  " + waiting);
   status_->SetLabel(ToWx(both));
   if (busy_ != (proc_.status.Busy > 0)) ShowBusy(!busy_);
+  if (busy_) OfferCancel();
+}
+
+// The only button that works then; without a window that has the focus no key would arrive.
+void EditorForm::OfferCancel() {
+  wxWindow* const cancel = FindWindow(wxID_CANCEL);
+  const bool offered = proc_.transfer.Verifying;
+  if (cancel == nullptr || cancel->IsEnabled() == offered) return;
+  cancel->Enable(offered);
+  if (offered) cancel->SetFocus();
 }
 
 void EditorForm::Allow(wxWindow* part, bool usable) {

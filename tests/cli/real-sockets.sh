@@ -12,7 +12,9 @@ trap 'kill "$plant_pid" 2>/dev/null || true; rm -rf "$home"' EXIT
 read -r port <&"${plant[0]}"
 
 cp "$data"/lang/zek_lang.* "$home"
-sed "s/127\.0\.0\.1:[0-9]*/127.0.0.1:$port/" "$data/demo/ZEKView.INI" >"$home/ZEKView.INI"
+# Every catalogue that is sent is fetched again and compared by the program itself.
+sed "s/127\.0\.0\.1:[0-9]*/127.0.0.1:$port/; s/^\[General\]/&\r\nVerifyAfterWrite=YES/" \
+  "$data/demo/ZEKView.INI" >"$home/ZEKView.INI"
 cli() { "$bin/zekview-cli" --dir "$home" "$@" 2>"$home/messages"; }
 fail() {
   echo "$1" >&2
@@ -28,6 +30,7 @@ change() {
   sed "s/$from/$to/" "$home/before" >"$home/after"
   cli check "$kind" "$node" "$home/after" >/dev/null || fail "$kind $node: check"
   cli put "$kind" "$node" "$home/after" || fail "$kind $node: put"
+  grep -q kontrollerad "$home/messages" || fail "$kind $node: not verified"
   cli get "$kind" "$node" >"$home/again" || fail "$kind $node: get again"
   diff "$home/after" "$home/again" || fail "$kind $node: the change did not come back"
   sed 's/$/\r/' "$home/after" | cmp - "$home/$copy" || fail "$kind $node: the local copy differs"
@@ -51,6 +54,14 @@ for node in SKOLA/PLT2 KONTOR/PLT7; do
   cli get sdc "$node" >"$home/again" || fail "$node: get again"
   cli check sdc "${node%/*}/AHU1" "$home/again" >/dev/null || fail "$node: both layouts"
 done
+
+# A line that is no longer sent stays at this plant; the program sees that and names it.
+cli get wdc KONTOR/AHU1 >"$home/before" || fail "get before a line is removed"
+sed '$d' "$home/before" >"$home/shorter"
+status=0
+cli put wdc KONTOR/AHU1 "$home/shorter" || status=$?
+[[ $status -eq 1 ]] || fail "a line that stayed ended with $status"
+[[ $(grep -c 'SD3  *07:00\.\.17:00' "$home/messages") -eq 2 ]] || fail "the line that stayed was not named"
 
 # A line that the controller refuses is told, after three attempts, by both framings.
 for node in SKOLA/AHU1 KONTOR/AHU1; do

@@ -46,12 +46,16 @@ TEST_F(VerifyTest, AWriteIsVerifiedAndSaysSo) {
 // The controller has the catalogue by then, so that nothing is half when the wait is over.
 TEST_F(VerifyTest, EscapeEndsAVerificationThatGetsNoAnswer) {
   ASSERT_FALSE(world.profile.WriteIni("GetDelay", "DelayA", "1"));
-  Save({{[this] { return world.session.transfer.Verifying; },
+  Save({{[this] {
+           const wxWindow* const editor = Shown("ZV_WDC");
+           return world.session.transfer.Verifying && editor != nullptr &&
+                  wxWindow::FindWindowById(wxID_CANCEL, editor)->HasFocus();
+         },
          [this] {
            world.plantLink.silent = true;
            Escape();
          }},
-        {InEditor, Escape}});
+        {[this] { return world.prompts.shown.size() == 3 && InEditor(); }, Escape}});
   ASSERT_EQ(world.prompts.shown.size(), 3U);
   EXPECT_EQ(world.prompts.shown[1], world.session.Text(text::kNotVerified));
   EXPECT_NE(world.plant.outstations[0].weekday.lines.at(1000).find("!08:00..16:30"),
