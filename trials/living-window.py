@@ -138,7 +138,7 @@ def open_calendar(window, station):
     editor = wait_for("the editor", lambda: window.others({window.main, window.browser}))
     time.sleep(1)
     station.end()
-    window.press(editor, "1")  # the day under the cursor becomes a special day
+    window.press(editor, "1", "space")  # the day under the cursor becomes a special day
     return editor
 
 
