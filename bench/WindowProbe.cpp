@@ -1,11 +1,12 @@
 // zekview-window-probe first-frame COMMAND...
 //   Starts the command and prints the milliseconds until its first window was drawn, and its
 //   process id; ends with the command.
-// zekview-window-probe ping WINDOW [PROCESS]
+// zekview-window-probe ping WINDOW [PROCESS...]
 //   Copies standard input to standard output until its end; meanwhile asks the window over and over
 //   whether it is alive, as a window manager does, and then prints the longest time that an answer
-//   took (milliseconds) and the number of answers. With its process, on a machine that has other
-//   things to do: also the longest time without what the process waited for a processor meanwhile.
+//   took (milliseconds) and the number of answers. With processes that an answer takes (its own and
+//   the X server's), on a machine that has other things to do: also the longest time without that
+//   in which one of them, whichever it was longest, waited for a processor.
 //
 // Both look from outside, through the X server, so that any program can be measured.
 
@@ -26,6 +27,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 #include <utility>
+#include <vector>
 
 namespace {
 
@@ -90,22 +92,32 @@ int FirstFrame(Display* display, char** command) {
   return 1;
 }
 
-// The milliseconds that the first thread of a process was ready to run and did not, so far.
-double WaitedForProcessor(const std::string& process) {
-  if (process.empty()) return 0;
-  std::ifstream statistics("/proc/" + process + "/schedstat");
-  double ran = 0;
-  double waited = 0;  // nanoseconds
-  statistics >> ran >> waited;
-  return waited / 1e6;
+// The milliseconds that the first thread of each process was ready to run and did not, so far.
+std::vector<double> WaitedForProcessor(const std::vector<std::string>& processes) {
+  std::vector<double> milliseconds;
+  for (const std::string& process : processes) {
+    std::ifstream statistics("/proc/" + process + "/schedstat");
+    double ran = 0;
+    double waited = 0;  // nanoseconds
+    statistics >> ran >> waited;
+    milliseconds.push_back(waited / 1e6);
+  }
+  return milliseconds;
+}
+
+// They may have waited side by side, so it's not the sum that was lost.
+double LongestWait(const std::vector<double>& before, const std::vector<double>& after) {
+  double longest = 0;
+  for (std::size_t i = 0; i < before.size(); ++i) longest = std::max(longest, after[i] - before[i]);
+  return longest;
 }
 
 class Pings {
  public:
-  Pings(Display* display, Window window, std::string process)
+  Pings(Display* display, Window window, std::vector<std::string> processes)
       : display_(display),
         window_(window),
-        process_(std::move(process)),
+        processes_(std::move(processes)),
         protocols_(XInternAtom(display, "WM_PROTOCOLS", False)),
         ping_(XInternAtom(display, "_NET_WM_PING", False)) {
     XSelectInput(display, DefaultRootWindow(display), SubstructureNotifyMask);
@@ -114,7 +126,7 @@ class Pings {
   // False when no answer came.
   bool Ask() {
     const Clock::time_point start = Clock::now();
-    const double waitedBefore = WaitedForProcessor(process_);
+    const std::vector<double> waited = WaitedForProcessor(processes_);
     XEvent question{};
     question.xclient.type = ClientMessage;
     question.xclient.window = window_;
@@ -133,8 +145,8 @@ class Pings {
       }
       const double took = MillisecondsSince(start);
       worst_ = std::max(worst_, took);
-      const double waited = WaitedForProcessor(process_) - waitedBefore;
-      worstOfItsOwn_ = std::max(worstOfItsOwn_, took - waited);
+      const double lost = LongestWait(waited, WaitedForProcessor(processes_));
+      worstOfItsOwn_ = std::max(worstOfItsOwn_, took - lost);
       return true;
     }
     return false;
@@ -147,7 +159,7 @@ class Pings {
  private:
   Display* display_;
   Window window_;
-  std::string process_;
+  std::vector<std::string> processes_;
   Atom protocols_;
   Atom ping_;
   long answers_ = 0;
@@ -155,8 +167,8 @@ class Pings {
   double worstOfItsOwn_ = 0;
 };
 
-int Ping(Display* display, Window window, const std::string& process) {
-  Pings pings(display, window, process);
+int Ping(Display* display, Window window, const std::vector<std::string>& processes) {
+  Pings pings(display, window, processes);
   pollfd input{STDIN_FILENO, POLLIN, 0};
   while (true) {
     if (!pings.Ask()) {
@@ -172,7 +184,7 @@ int Ping(Display* display, Window window, const std::string& process) {
     usleep(kPause);
   }
   std::printf("%.1f %ld", pings.Worst(), pings.Answers());
-  if (!process.empty()) std::printf(" %.1f", pings.WorstOfItsOwn());
+  if (!processes.empty()) std::printf(" %.1f", pings.WorstOfItsOwn());
   std::puts("");
   return 0;
 }
@@ -188,6 +200,7 @@ int main(int argc, char** argv) {
   }
   XSetErrorHandler(IgnoreError);
   if (std::string_view(arguments[1]) == "first-frame") return FirstFrame(display.get(), argv + 2);
-  return Ping(display.get(), std::strtoul(arguments[2], nullptr, 0),
-              arguments.size() > 3 ? arguments[3] : "");
+  std::vector<std::string> processes(arguments.begin() + 3, arguments.end());
+  if (!processes.empty()) processes.emplace_back("self");
+  return Ping(display.get(), std::strtoul(arguments[2], nullptr, 0), processes);
 }

@@ -15,11 +15,23 @@
 namespace zek {
 namespace {
 
+// For any caller, also one before the toolkit's first socket.
+void StartSockets() {
+#ifdef _WIN32
+  static const int started = [] {
+    WSADATA about{};
+    return ::WSAStartup(MAKEWORD(2, 2), &about);
+  }();
+  static_cast<void>(started);
+#endif
+}
+
 struct FreeAddresses {
   void operator()(addrinfo* first) const { ::freeaddrinfo(first); }
 };
 
 std::optional<std::string> Find(const std::string& host, int flags) {
+  StartSockets();
   addrinfo wanted{};
   wanted.ai_family = AF_INET;
   wanted.ai_socktype = SOCK_STREAM;

@@ -9,8 +9,7 @@ namespace zek {
 std::optional<std::string> NumericAddress(const std::string& host);
 
 /// The IPv4 address in dots of a host; nothing when nobody knows it. Blocks while the system's
-/// resolver asks around, many seconds when nobody answers; may be called from any thread. On
-/// Windows the system's sockets must have been started.
+/// resolver asks around, many seconds when nobody answers; may be called from any thread.
 std::optional<std::string> LookUpHost(const std::string& host);
 
 }  // namespace zek
