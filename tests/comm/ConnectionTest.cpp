@@ -79,6 +79,8 @@ TEST_F(ConnectionTest, AnEarlierLineCannotLinkUpLate) {
   turn.After(5000, [] {});
   proc.waits.WaitSeconds(5);
   EXPECT_EQ(connection.CurrentTopic, -1);
+  socket.SayNow("<TRANSPARENT>");  // was on its way already
+  EXPECT_EQ(connection.CurrentTopic, -1);
 }
 
 TEST_F(ConnectionTest, ALaterConnectEndsAnEarlierOne) {

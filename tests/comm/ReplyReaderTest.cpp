@@ -130,6 +130,8 @@ TEST(ReplyLog, AFileMayBeLongerAndShrinksLineByLine) {
   log.Add("new");
   EXPECT_EQ(log.Lines().size(), 400U);
   EXPECT_EQ(log.Lines().back(), "new");
+  EXPECT_EQ(log.Added(), 1U);
+  EXPECT_EQ(log.Replaced(), 1U);  // a view looks at both
 }
 
 }  // namespace

@@ -206,6 +206,11 @@ std::function<std::string(std::int64_t)> AtStart(const std::string& key, Member 
   };
 }
 
+std::string LanguageText(std::int64_t number) {
+  LanguageTexts texts;
+  texts.Read(Str(number) + "=x");
+  return texts.Text(static_cast<std::int32_t>(number)) == "x" ? "read" : "no text";
+}
 std::string FileOf(std::int64_t size) {
   const test::TemporaryFolder folder;
   std::ofstream(folder.Path() / "x").close();
@@ -384,6 +389,7 @@ std::vector<Limit> SettingLimits() {
       {"section of the topics", kTopicsBuffer - 2, TopicSection, {"whole", "told", "told"}},
       {"section of an object", kObjectBuffer - 2, ObjectSection, {"whole", "told", "told"}},
       {"section of a pick-list", 2046, PickListSection, {"whole", "told", "told"}},
+      {"numbers of a language's texts", 2147483647, LanguageText, {"read", "read", "no text"}},
       {"bytes of a file", kLargestFile, FileOf, {"67108863", "67108864", "refused"}},
       {"characters of a setting", 127, SettingOf, {"126", "127", "127"}},
       {"largest number of a setting", 32767, NumberSetting, {"32766", "32767", "refused"}},

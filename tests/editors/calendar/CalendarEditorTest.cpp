@@ -164,6 +164,18 @@ TEST_F(CalendarEditorTest, CellsInShapesAndWords) {
   editor.Drag(26);
   EXPECT_EQ(editor.CellName(26, texts), "lordag 26 december 2026, som mandag, markerad");
   EXPECT_EQ(editor.CellName(23, texts), "onsdag 23 december 2026, som \xF6ndag");
+  for (const auto& [day, spoken] : {std::pair("Apple", "apple"),
+                                    {"Zoo", "zoo"},
+                                    {"@x", "@x"},
+                                    {"[x", "[x"},
+                                    {"\xC0x", "\xE0x"},
+                                    {"\xDEx", "\xFEx"},
+                                    {"\xBFx", "\xBFx"},
+                                    {"\xDFx", "\xDFx"}}) {
+    LanguageTexts others;
+    others.Read("208=" + std::string(day) + "\n221=Oktober\n223=December\n");
+    EXPECT_TRUE(editor.CellName(24, others).starts_with(spoken)) << spoken;
+  }
   EXPECT_EQ(editor.Cell(26, texts).type, "Ma ");
   EXPECT_EQ(editor.Cell(26, texts).Colour(), DayColour::Selected);
   EXPECT_EQ(editor.Cell(24, texts).type, "SD1");
