@@ -12,7 +12,6 @@
 namespace zek {
 namespace {
 
-constexpr std::size_t kMostHeld = 100;
 constexpr int kLinkUpSeconds = 15;  // fixed, whatever "SendTimeOut" says
 constexpr std::string_view kLocalApplication = "ZEK";
 
@@ -39,7 +38,6 @@ void Connection::Connect(std::int16_t index) {
   PendingTopic = std::to_string(index);
   reader_.Clear();
   droppedTold_ = false;
-  held_.clear();
   socketText_.Reset(topic.HasDus);
   if (p_.settings.TagMode) {
     OpenTag(topic, index);
@@ -253,8 +251,8 @@ bool Connection::AwaitAllSent() {
 void Connection::OnLinkText(std::string_view bytes) {
   if (IsTcp()) {
     TakeSocketText(bytes);
-  } else {
-    TakeDdeText(bytes);
+  } else if (!Sending) {
+    reader_.HandleReplyText(bytes, *this);
   }
   if (reader_.TakeDropped()) TextLost();
   p_.status.Sequence = reader_.Sequence();
@@ -266,22 +264,6 @@ void Connection::TakeSocketText(std::string_view bytes) {
   const bool dropped = socketText_.TakeDropped();
   if (dropped) OnTextDropped();
   if (socketText_.TakeTorn() || dropped) TextLost();
-}
-
-// A command that is being written may come back as the item's text; an answer to it has the
-// sequence number in front and must not be lost.
-void Connection::TakeDdeText(std::string_view text) {
-  if (!Sending) {
-    reader_.HandleReplyText(text, *this);
-  } else if (ReplyReader::HasPrefix(text) && held_.size() < kMostHeld) {
-    held_.emplace_back(text);
-  } else if (ReplyReader::HasPrefix(text)) {
-    TextLost();
-  }
-}
-
-void Connection::TakeHeldText() {
-  for (const std::string& text : std::exchange(held_, {})) TakeDdeText(text);
 }
 
 // A read can't know then what was listed, nor a write whether a line was refused.

@@ -102,8 +102,6 @@ class Connection final : private LinkEvents, private ReplyEvents {
   void LinkLost();
   void TextLost();
   void TakeSocketText(std::string_view bytes);
-  void TakeDdeText(std::string_view text);
-  void TakeHeldText();
   void SettleDisconnected();
   bool WriteCommand(std::string_view command, bool printable);
   void AwaitFirstLine();
@@ -120,7 +118,6 @@ class Connection final : private LinkEvents, private ReplyEvents {
   std::uint32_t attempt_ = 0;  // counts Connect and Disconnect
   std::uint32_t command_ = 0;  // counts commands
   std::uint32_t linkFaults_ = 0;
-  std::vector<std::string> held_;  // DDE texts that came while a command was being written
   bool droppedTold_ = false;       // of this connection, as the next one
   bool pollFaultTold_ = false;     // of this connection: five messages a second help nobody
 };

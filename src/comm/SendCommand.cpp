@@ -40,7 +40,6 @@ bool Connection::SendCommand(std::string_view command) {
   Sending = true;
   const bool taken = WriteCommand(command, printable);
   Sending = false;
-  TakeHeldText();
   if (!taken) ++linkFaults_;
   if (taken && serial == command_) AwaitFirstLine();
   return taken;

@@ -21,6 +21,11 @@ std::string WithoutStrays(std::string_view line) {
   return clean;
 }
 
+bool IsDamage(char character) {
+  constexpr unsigned char firstPrintable = 32;
+  return static_cast<unsigned char>(character) < firstPrintable && character != '\t';
+}
+
 }  // namespace
 
 void Transfer::Collect(TransferKind kind) {
@@ -64,14 +69,13 @@ void Transfer::TakeDamage(Countdowns& countdowns) {
   countdowns.ReplyCountdown = 0;
 }
 
-// A header may hold what it likes; catalogue lines have a "!" and values a "=".
+// A header may hold what it likes, and any line a tab; catalogue lines have a "!", values a "=".
 void Transfer::TakeUncleanLine(std::string_view line, Countdowns& countdowns,
                                std::int16_t timeoutTicks) {
   const std::string clean = WithoutStrays(line);
   TakeListingLine(clean, countdowns, timeoutTicks);
-  if (FindControl(clean) != std::string::npos && clean.find_first_of("!=") != std::string::npos) {
-    TakeDamage(countdowns);
-  }
+  const bool damaged = std::any_of(clean.begin(), clean.end(), IsDamage);
+  if (damaged && clean.find_first_of("!=") != std::string::npos) TakeDamage(countdowns);
 }
 
 void Transfer::TakeListingLine(std::string_view line, Countdowns& countdowns,

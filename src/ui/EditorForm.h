@@ -79,7 +79,7 @@ class EditorForm : public wxDialog {
   void ShowBusy(bool busy);
   void Allow(wxWindow* part, bool usable);
   void OfferCancel();
-  void OnCancel(wxCommandEvent\& event);
+  void OnCancel(wxCommandEvent& event);
   void OnKey(wxKeyEvent& event);
   void OnClose(wxCloseEvent& event);
   void StepBack();
