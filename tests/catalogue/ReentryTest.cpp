@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 #include <gtest/gtest.h>
 #include <iostream>
 #include <memory>
@@ -211,12 +212,10 @@ Shown TransferOf(Shown connection) {
   return connection;
 }
 bool BeginsOneTransfer(const Shown& got) {
-  const Shown readAtOnce = {"LIST "};
-  for (const Shown& whole : {kRead, readAtOnce, kWriteOne, kWriteTwo}) {
-    if (got.size() <= whole.size() && std::equal(got.begin(), got.end(), whole.begin()))
-      return true;
-  }
-  return false;
+  const std::array wholes{kRead, Shown{"LIST "}, kWriteOne, kWriteTwo};
+  return std::any_of(wholes.begin(), wholes.end(), [&got](const Shown& whole) {
+    return got.size() <= whole.size() && std::equal(got.begin(), got.end(), whole.begin());
+  });
 }
 
 // "" or what is wrong with what the controller got.
