@@ -43,7 +43,8 @@ TEST_F(CatalogueReadTest, ShowsHowManyLinesHaveCome) {
   };
   socket.onSent = [this](std::string_view command) {
     if (command != "LIST WDC\r") return Reply("OK\r\n", 10);
-    Reply("HEADER\r\n 1000 !x\r\n", 10);
+    Reply("HEADER\r\n", 10);  // and a pause before the first line
+    Reply(" 1000 !x\r\n", 300);
     Reply(" 1001 !x\r\n", 600);
     Reply("EXIT\r\n", 1200);
   };

@@ -86,7 +86,10 @@ TEST_F(ConnectionTest, AnEarlierLineCannotLinkUpLate) {
 TEST_F(ConnectionTest, ALaterConnectEndsAnEarlierOne) {
   socket.onConnected = [] {};
   dde.onConnected = [this] { dde.Say("0000><TRANSPARENT>"); };
-  turn.After(1000, [this] { connection.Connect(kLocal); });
+  turn.After(1000, [this] {
+    EXPECT_EQ(proc.status.Progress, "T511 ONE");
+    connection.Connect(kLocal);
+  });
   connection.Connect(kOne);
   EXPECT_EQ(connection.CurrentTopic, kLocal);
   EXPECT_TRUE(prompts.shown.empty()) << prompts.shown.front();

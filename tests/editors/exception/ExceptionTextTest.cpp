@@ -272,6 +272,7 @@ TEST(ExceptionText, DatesOfAnySize) {
   EXPECT_EQ(DateMoment(1899, 12, 30), 0);
   EXPECT_EQ(DateText(DateMoment(29, 2, 29)), "2029-03-01");
   EXPECT_EQ(DateText(DateMoment(30, 2, 29)), "1930-03-01");
+  EXPECT_EQ(DateText(DateMoment(123, 4, 5)), "0123-04-05");
   for (const double number : {-1e308, -1.0, 1e9, 1e308}) {
     const Moment moment = DateMoment(number, number, number) + TimeMoment(number, number);
     EXPECT_GE(TimeOfDay(moment), 0) << number;
