@@ -11,6 +11,7 @@ import collections
 import os
 import pathlib
 import random
+import re
 import subprocess
 import sys
 import tempfile
@@ -62,10 +63,11 @@ class Program:
     def resources(self):
         timers, heap = self.ask("resources")
         folder = pathlib.Path(f"/proc/{self.process.pid}")
-        pages = int((folder / "statm").read_text().split()[1])
+        # Without the pages of files, which are first touched whenever their code first runs.
+        anonymous = re.search(r"RssAnon:\s+(\d+) kB", (folder / "status").read_text())
         return {"descriptors": len(os.listdir(folder / "fd")),
                 "threads": len(os.listdir(folder / "task")), "timers": timers,
-                "resident": pages * os.sysconf("SC_PAGE_SIZE"), "heap": heap}
+                "resident": int(anonymous.group(1)) * 1024, "heap": heap}
 
 
 def random_catalogue(dice):

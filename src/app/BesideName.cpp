@@ -35,10 +35,18 @@ std::string BesideName(const std::string& target, unsigned long process, int att
 bool IsBesideName(std::string_view name) {
   const std::size_t mark = name.rfind(kMark);
   if (mark == std::string_view::npos) return false;
-  const std::string_view numbers = name.substr(mark + kMark.size());
-  return !numbers.empty() && std::all_of(numbers.begin(), numbers.end(), [](char each) {
-    return (each >= '0' && each <= '9') || each == '-';
-  });
+  // The process, and perhaps "-" and the attempt.
+  std::string_view rest = name.substr(mark + kMark.size());
+  const auto takeNumber = [&rest] {
+    const std::size_t digits = std::min(rest.find_first_not_of("0123456789"), rest.size());
+    rest.remove_prefix(digits);
+    return digits > 0;
+  };
+  if (!takeNumber()) return false;
+  if (rest.empty()) return true;
+  if (rest.front() != '-') return false;
+  rest.remove_prefix(1);
+  return takeNumber() && rest.empty();
 }
 
 unsigned long BesideProcess(std::string_view name) {

@@ -28,12 +28,19 @@ bool IsDeleted(int descriptor) {
   return ::fstat(descriptor, &status) == 0 && status.st_nlink == 0;
 }
 
+// False when the file has been renamed or deleted: the name may be somebody else's by now.
+bool IsStillNamed(int descriptor, const char* path) {
+  struct stat opened = {};
+  struct stat named = {};
+  return ::fstat(descriptor, &opened) == 0 && ::lstat(path, &named) == 0 &&
+         opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+}
+
 // The lock says that the file is being written; it ends with the process, on whatever computer
 // that runs, and however it ends.
 bool Lock(int descriptor) { return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0; }
 
-// What killed programs left in the directory. One that is locked belongs to a program that runs;
-// one that is deleted already has lost its name, which may be somebody else's by now.
+// What killed programs left in the directory. One that is locked belongs to a program that runs.
 void Sweep(const std::string& directory) {
   std::error_code error;
   for (std::filesystem::directory_iterator at(directory, error), end; !error && at != end;
@@ -41,7 +48,7 @@ void Sweep(const std::string& directory) {
     if (!IsBesideName(at->path().filename().native())) continue;
     const Descriptor left(
         ::open(at->path().c_str(), O_WRONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
-    if (left.IsOpen() && Lock(left.Number()) && !IsDeleted(left.Number())) {
+    if (left.IsOpen() && Lock(left.Number()) && IsStillNamed(left.Number(), at->path().c_str())) {
       ::unlink(at->path().c_str());
     }
   }

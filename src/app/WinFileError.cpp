@@ -11,11 +11,7 @@ FileError WinFileError(const std::string& path, unsigned long code) {
   Reason reason = Reason::Other;
   switch (code) {
     case ERROR_FILE_NOT_FOUND:
-    case ERROR_PATH_NOT_FOUND:
-    case ERROR_INVALID_DRIVE:
-    case ERROR_NOT_READY:
-    case ERROR_BAD_NETPATH:
-    case ERROR_BAD_NET_NAME:
+    case ERROR_PATH_NOT_FOUND:  // not so of a drive or a computer that is away: files may be there
       reason = Reason::Missing;
       break;
     case ERROR_ACCESS_DENIED:

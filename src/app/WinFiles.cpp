@@ -7,9 +7,16 @@
 namespace zek {
 
 FileContent DiskFiles::Read(const std::string& path) const {
-  const Handle file(::CreateFileW(WideFromUtf8(path).c_str(), GENERIC_READ,
-                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                  OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  HANDLE opened = INVALID_HANDLE_VALUE;
+  WhileHeld([&opened, wide = WideFromUtf8(path)] {
+    opened = ::CreateFileW(wide.c_str(), GENERIC_READ,
+                           FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                           OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
+    // What is denied here is a matter of rights and stays so.
+    if (opened == INVALID_HANDLE_VALUE && ::GetLastError() == ERROR_ACCESS_DENIED) return true;
+    return opened != INVALID_HANDLE_VALUE;
+  });
+  const Handle file(opened);
   if (!file.IsOpen()) return {{}, WinFileError(path, ::GetLastError())};
   if (::GetFileType(file.Get()) != FILE_TYPE_DISK) {  // a pipe could make us wait
     return {{}, WinFileError(path, ERROR_BAD_FILE_TYPE)};

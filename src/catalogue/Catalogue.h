@@ -62,7 +62,7 @@ bool TakeLocalCopy(ZV_Proc& proc, std::string_view file, const std::string& name
 
 /// Stores `transfer.CatalogueLines` as the selected node's local copy, below a line with `dfv` when
 /// there is one. The old copy is kept in its history first. False when that failed, which was told;
-/// the old copy is then still there.
+/// the old copy is then still there, or the new one whose name may not be on the disk.
 bool StoreLocalCopy(ZV_Proc& proc, Catalogue catalogue, const std::optional<std::string>& dfv);
 
 /// Deletes the selected node's local copy, after it was kept in its history. False when that

@@ -13,7 +13,10 @@ Verification VerifyCatalogue(ZV_Proc& proc, Catalogue catalogue, const ReadDelay
   const CatalogueContent wanted{sent.CatalogueLines, DfvToSend(proc, catalogue)};
   proc.transfer.Verifying = true;
   const FetchOutcome outcome = FetchCatalogue(proc, catalogue, delays, text::kVerifying);
+  // A cancel that came after the last wait of the fetch must not end the waits of others.
+  proc.waits.CancelRequested = false;
   Verification verification;
+  verification.stopped = outcome == FetchOutcome::Stopped;
   // Of a listing that was cut nobody knows what the rest says.
   verification.fetched = outcome == FetchOutcome::Complete && proc.transfer.LinesDropped == 0;
   if (verification.fetched) {
@@ -29,7 +32,8 @@ Verification VerifyCatalogue(ZV_Proc& proc, Catalogue catalogue, const ReadDelay
 bool TellVerification(ZV_Proc& proc, const Verification& verification) {
   Prompts& prompts = proc.outside.prompts;
   if (!verification.fetched) {
-    prompts.Show(Icon::Exclamation, proc.Text(text::kNotVerified));
+    const auto why = verification.stopped ? text::kVerifyStopped : text::kNotVerified;
+    prompts.Show(Icon::Exclamation, proc.Text(why));
     return false;
   }
   if (verification.faults.empty()) {

@@ -9,6 +9,7 @@ namespace zek {
 /// What a controller has of a catalogue that was sent to it.
 struct Verification {
   bool fetched = false;                 // whole; else nothing is known
+  bool stopped = false;                 // the user did not want to wait for it
   std::vector<CatalogueChange> faults;  // none when it means what was sent
 };
 

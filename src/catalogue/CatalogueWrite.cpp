@@ -99,6 +99,7 @@ class Writing {
     if (!Pause("DelayB") || !Send("EXIT")) return false;
     if (!Pause("DelayC")) return false;
     proc_.transfer.Kind = KindOf(catalogue_);
+    proc_.transfer.Last = {};  // from here on nobody knows what the controller has
     if (!Send(SelectorCommand(proc_, catalogue_)) || !Pause("DelayD")) return false;
     proc_.status.Dot();
     proc_.countdowns.ReplyCountdown = proc_.settings.GetTSCTimeoutTicks;
@@ -115,6 +116,7 @@ class Writing {
       const ShowWaiting waiting(proc_.status,
                                 Message(proc_.Text(text::kSendingLine),
                                         {std::to_string(i + 1), std::to_string(lines.size())}));
+      if (IsBlank(lines[i])) continue;  // of a file; the controller would take it for a command
       if (!Send(lines[i]) || !Pause("DelayE")) return false;
     }
     return true;
@@ -186,6 +188,8 @@ bool SendAndVerify(ZV_Proc& proc, Catalogue catalogue) {
 }  // namespace
 
 bool SaveCatalogue(ZV_Proc& proc, Catalogue catalogue) {
+  // From inside a wait of another transfer, whose lines it would send.
+  if (proc.status.Busy > 0) return false;
   const std::string name = LocalFileOf(proc.selection, catalogue);
   if (name.empty() || !Store(proc, catalogue)) return false;
   Prompts& prompts = proc.outside.prompts;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "catalogue/LastRead.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
 #include "text/Controls.h"
@@ -37,6 +38,8 @@ bool IsCatalogueLine(std::string_view line) {
          line.find(".DFV") == std::string_view::npos && FindControl(line) == std::string_view::npos;
 }
 
+bool IsBlank(std::string_view line) { return Trim(line).empty(); }
+
 bool StaysOneCommand(std::string_view text, bool overDde) {
   return FindControl(text) == std::string_view::npos && !(overDde && HoldsEscape(text));
 }
@@ -50,12 +53,11 @@ bool CheckSendable(ZV_Proc& proc, Catalogue catalogue) {
   const bool overDde = IsOverDde(proc);
   const auto& lines = proc.transfer.CatalogueLines;
   const auto refused = std::find_if(lines.begin(), lines.end(), [overDde](const auto& line) {
-    return !IsCatalogueLine(line) || !StaysOneCommand(line, overDde);
+    return !IsBlank(line) && (!IsCatalogueLine(line) || !StaysOneCommand(line, overDde));
   });
   if (refused != lines.end()) return Refuse(proc, text::kNoCatalogueLine, *refused);
-  if (catalogue != Catalogue::Sdc && !StaysOneCommand(proc.transfer.CatalogueDfv, overDde)) {
-    return Refuse(proc, text::kNotOneCommand, proc.transfer.CatalogueDfv);
-  }
+  const std::optional<std::string> dfv = DfvToSend(proc, catalogue);
+  if (dfv && !StaysOneCommand(*dfv, overDde)) return Refuse(proc, text::kNotOneCommand, *dfv);
   return CheckNameSendable(proc);
 }
 

@@ -12,6 +12,9 @@ namespace zek {
 /// from a controller, could otherwise be taken for a command when it is sent.
 bool IsCatalogueLine(std::string_view line);
 
+/// True when there is nothing to send in `line`.
+bool IsBlank(std::string_view line);
+
 /// True when `text` stays one command on its way: without control characters and, over DDE, without
 /// what the server turns into one ("{13}").
 bool StaysOneCommand(std::string_view text, bool overDde);

@@ -59,6 +59,7 @@ std::string TimeOf(std::string_view id) {
   constexpr std::pair<std::size_t, const char*> marks[] = {
       {13, ":"}, {11, ":"}, {6, "-"}, {4, "-"}};  // from behind: places stay as they are
   for (const auto& [place, mark] : marks) time.insert(place, mark);
+  if (SerialOf(id) > 1) time += " (" + std::to_string(SerialOf(id)) + ")";
   return time;
 }
 
@@ -130,12 +131,20 @@ std::optional<FileError> History::Keep(std::optional<std::string_view> next, con
   if (auto error = files_.MakeDirectory(folder_.substr(0, folder_.size() - 1))) return error;
   const std::string path = folder_ + stem_ + " " + NewId(now) + std::string(kEnding);
   if (auto error = files_.Write(path, old.bytes)) return error;
+  justKept_ = path;
+  return std::nullopt;
+}
+
+void History::Prune() {
+  if (count_ <= 0) return;
+  std::vector<KeptCopy> kept = Kept();
+  // After the clock was set back the newest is not the first by its name.
+  std::stable_partition(kept.begin(), kept.end(),
+                        [this](const KeptCopy& copy) { return copy.path == justKept_; });
   // One that can't be removed is only one too many; the next time tries again.
-  const std::vector<KeptCopy> kept = Kept();
   for (std::size_t i = static_cast<std::size_t>(count_); i < kept.size(); ++i) {
     static_cast<void>(files_.Remove(kept[i].path));
   }
-  return std::nullopt;
 }
 
 // The longest common part of both, by the usual table; a local copy has some 200 lines.

@@ -15,7 +15,7 @@ namespace zek {
 /// erased.
 struct KeptCopy {
   std::string id;    // "20261121-083000"; "20261121-083000-2" for the second one of that second
-  std::string time;  // "2026-11-21 08:30:00"
+  std::string time;  // "2026-11-21 08:30:00", with " (2)" for that second one
   std::string path;  // UTF-8
 };
 
@@ -30,9 +30,12 @@ class History {
 
   /// Keeps what stands in the local copy now, before it is replaced by `next` (or erased, without
   /// one). Nothing is kept when there is no local copy, when it would not change, or when it is the
-  /// newest copy already. Copies beyond `count` go, the oldest first. With an error the local copy
-  /// must stay as it is.
+  /// newest copy already. With an error the local copy must stay as it is.
   std::optional<FileError> Keep(std::optional<std::string_view> next, const LocalTime& now);
+
+  /// Removes the copies beyond `count`, the oldest first, never the one just kept. To be called
+  /// when the local copy has been replaced: until then one of them may be what is being restored.
+  void Prune();
 
  private:
   std::string NewId(const LocalTime& now) const;
@@ -42,6 +45,7 @@ class History {
   std::string folder_;  // with a separator at its end
   std::string stem_;    // of the file names, UTF-8: the local copy's without ".TXT"
   std::string local_;   // path of the local copy
+  std::string justKept_;
   int count_;
 };
 

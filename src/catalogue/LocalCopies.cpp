@@ -72,20 +72,30 @@ History HistoryOf(ZV_Proc& proc, Catalogue catalogue) {
 
 namespace {
 
-// What stands in the local copy is kept before it changes; when that fails, it does not change.
-bool Keep(ZV_Proc& proc, Catalogue catalogue, std::optional<std::string_view> next) {
-  const auto error = HistoryOf(proc, catalogue).Keep(next, proc.outside.now());
-  if (!error) return true;
-  proc.outside.prompts.Show(Icon::Exclamation, proc.Text(text::kHistoryFailed) + "\r\n\r\n" +
-                                                   FileMessage(proc.texts, *error));
-  return false;
+// Has `change` replace or erase the local copy, after what stands there was kept; when it can't be
+// kept, it stays.
+template <class ChangeFile>
+bool ChangeCopy(ZV_Proc& proc, Catalogue catalogue, std::optional<std::string_view> next,
+                ChangeFile change) {
+  History history = HistoryOf(proc, catalogue);
+  std::optional<FileError> error = history.Keep(next, proc.outside.now());
+  if (error) {
+    proc.outside.prompts.Show(Icon::Exclamation, proc.Text(text::kHistoryFailed) + "\r\n\r\n" +
+                                                     FileMessage(proc.texts, *error));
+    return false;
+  }
+  error = change(PathOf(proc, catalogue));
+  if (error) {
+    proc.outside.prompts.Show(Icon::Exclamation, FileMessage(proc.texts, *error));
+    return false;
+  }
+  history.Prune();
+  return true;
 }
 
 bool Replace(ZV_Proc& proc, Catalogue catalogue, std::string_view file) {
-  if (!Keep(proc, catalogue, file)) return false;
-  const auto error = proc.outside.files.Write(PathOf(proc, catalogue), file);
-  if (error) proc.outside.prompts.Show(Icon::Exclamation, FileMessage(proc.texts, *error));
-  return !error;
+  return ChangeCopy(proc, catalogue, file,
+                    [&](const std::string& path) { return proc.outside.files.Write(path, file); });
 }
 
 }  // namespace
@@ -105,21 +115,17 @@ std::optional<std::vector<std::string>> CompareWithKept(const ZV_Proc& proc, Cat
                                                         const KeptCopy& kept) {
   const FileContent before = proc.outside.files.Read(kept.path);
   const FileContent now = proc.outside.files.Read(PathOf(proc, catalogue));
-  const bool missing = now.error && now.error->reason == FileError::Reason::Missing;
-  const FileError* const error = before.error            ? &*before.error
-                                 : now.error && !missing ? &*now.error
-                                                         : nullptr;
-  if (error == nullptr) return DifferencesOf(before.bytes, now.bytes);
-  proc.outside.prompts.Show(Icon::Exclamation, FileMessage(proc.texts, *error));
+  const bool erased = now.error && now.error->reason == FileError::Reason::Missing;
+  if (!before.error && (!now.error || erased)) return DifferencesOf(before.bytes, now.bytes);
+  const FileError& error = before.error ? *before.error : *now.error;
+  proc.outside.prompts.Show(Icon::Exclamation, FileMessage(proc.texts, error));
   return std::nullopt;
 }
 
 bool EraseLocalCopy(ZV_Proc& proc, Catalogue catalogue) {
   if (LocalFileOf(proc.selection, catalogue).empty()) return true;
-  if (!Keep(proc, catalogue, std::nullopt)) return false;
-  const auto error = proc.outside.files.Remove(PathOf(proc, catalogue));
-  if (error) proc.outside.prompts.Show(Icon::Exclamation, FileMessage(proc.texts, *error));
-  return !error;
+  return ChangeCopy(proc, catalogue, std::nullopt,
+                    [&](const std::string& path) { return proc.outside.files.Remove(path); });
 }
 
 }  // namespace zek

@@ -15,6 +15,8 @@
 #include "catalogue/Catalogue.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
+#include "text/Controls.h"
+#include "ui/AccessibleName.h"
 #include "ui/Forms.h"
 #include "ui/WxText.h"
 
@@ -52,20 +54,23 @@ class HistoryForm final : public wxDialog {
     Choice_Kind->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowKept(); });
     List_Kept->Bind(wxEVT_LISTBOX, [this](wxCommandEvent&) { ShowDifferences(); });
     Command_Restore->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Restore(); });
-    ShowKept();
     RememberPlacement(*this, "ZV_TSCHistory");
     if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
     // Once it is on the screen: before, nothing can have the focus.
     CallAfter([this] {
       Raise();
       List_Kept->SetFocus();
+      ShowKept();
     });
   }
 
  private:
-  // A label comes before its part, which takes its name from there.
   wxStaticText* Label(std::int32_t number) {
     return new wxStaticText(this, wxID_ANY, ToWx(proc_.Text(number)));
+  }
+
+  void Name(wxWindow& part, std::int32_t number) {
+    SetAccessibleName(part, wxControl::RemoveMnemonics(ToWx(proc_.Text(number))));
   }
 
   void Build() {
@@ -98,6 +103,9 @@ class HistoryForm final : public wxDialog {
     List_Kept->SetMinSize(wxSize(letter.x * kTimeColumns, -1));
     Text_Differences->SetMinSize(wxSize(letter.x * kLineColumns, letter.y * kLines));
 
+    Name(*Choice_Kind, text::kHistoryKind);
+    Name(*List_Kept, text::kHistoryKept);
+    Name(*Text_Differences, text::kHistoryDifferences);
     auto* const both = new wxBoxSizer(wxHORIZONTAL);
     both->Add(left, 0, wxEXPAND | wxRIGHT, gap);
     both->Add(right, 1, wxEXPAND);
@@ -139,15 +147,20 @@ class HistoryForm final : public wxDialog {
       return;
     }
     const wxWeakRef<HistoryForm> alive(this);
-    const auto differences =
-        CompareWithKept(proc_, Kind(), kept_.at(static_cast<std::size_t>(chosen)));
+    auto differences = CompareWithKept(proc_, Kind(), kept_.at(static_cast<std::size_t>(chosen)));
     if (!alive) return;
     wxString text;
-    if (differences && differences->empty()) text = ToWx(proc_.Text(text::kHistorySame));
-    for (const std::string& line : differences.value_or(std::vector<std::string>())) {
+    // Also an equal one can be restored: a copy that was erased reads as an empty one does.
+    Command_Restore->Enable(differences.has_value());
+    if (!differences) {
+      differences.emplace();
+    } else if (differences->empty()) {
+      text = ToWx(proc_.Text(text::kHistorySame));
+    }
+    for (std::string& line : *differences) {
+      ShowControls(line);
       text += ToWx(line) + "\n";
     }
-    Command_Restore->Enable(differences && !differences->empty());
     Text_Differences->SetValue(text);
     Text_Differences->SetInsertionPoint(0);
   }
@@ -158,8 +171,11 @@ class HistoryForm final : public wxDialog {
     const KeptCopy copy = kept_.at(static_cast<std::size_t>(chosen));
     const wxWeakRef<HistoryForm> alive(this);
     Prompts& prompts = proc_.outside.prompts;
-    if (!prompts.AskYesNo(Icon::Question, Message(proc_.Text(text::kAskRestore), {copy.time}),
-                          proc_.Text(text::kHistoryTitle))) {
+    std::string question = Message(proc_.Text(text::kAskRestore), {copy.time});
+    if (proc_.settings.HistoryCount > 0 && HasLocalCopy(proc_, Kind())) {
+      question += "\r\n\r\n" + proc_.Text(text::kRestoreKeeps);
+    }
+    if (!prompts.AskYesNo(Icon::Question, question, proc_.Text(text::kHistoryTitle))) {
       return;
     }
     if (!alive) return;

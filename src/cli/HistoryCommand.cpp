@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "text/Controls.h"
 #include "text/Windows1252.h"
 
 namespace zek::cli {
@@ -18,9 +19,12 @@ ExitStatus List(Console& console, const std::vector<KeptCopy>& kept) {
 }
 
 ExitStatus Compare(Console& console, Catalogue catalogue, const KeptCopy& copy) {
-  const auto differences = CompareWithKept(console.proc, catalogue, copy);
+  auto differences = CompareWithKept(console.proc, catalogue, copy);
   if (!differences) return kFailed;
-  for (const std::string& line : *differences) console.out << Utf8FromWindows1252(line) << '\n';
+  for (std::string& line : *differences) {
+    ShowControls(line);
+    console.out << Utf8FromWindows1252(line) << '\n';
+  }
   return kDone;
 }
 

@@ -118,8 +118,8 @@ class Connection final : private LinkEvents, private ReplyEvents {
   std::uint32_t attempt_ = 0;  // counts Connect and Disconnect
   std::uint32_t command_ = 0;  // counts commands
   std::uint32_t linkFaults_ = 0;
-  bool droppedTold_ = false;       // of this connection, as the next one
-  bool pollFaultTold_ = false;     // of this connection: five messages a second help nobody
+  bool droppedTold_ = false;    // of this connection, as the next one
+  bool pollFaultTold_ = false;  // of this connection: five messages a second help nobody
 };
 
 }  // namespace zek

@@ -39,7 +39,8 @@ struct LastRead {
 /// The shared state of catalogue transfers, filled by reply lines while one is running.
 struct Transfer {
   TransferKind Kind = TransferKind::Idle;  // `TransferKind`
-  /// The numbered lines of a catalogue exactly as received, at most `kMaxCatalogueLines`.
+  /// The numbered lines of a catalogue as received, without characters 0, 2 and 3; at most
+  /// `kMaxCatalogueLines`.
   std::vector<std::string> CatalogueLines;
   LinesFrom From = LinesFrom::Nowhere;
   /// The value of the catalogue's ".DFV" line; "." for none.

@@ -53,6 +53,10 @@ void WxTcpLink::Open(const LinkTarget& target) {
     FailLater(text::kPortInvalid);
     return;
   }
+  if (target.server.empty()) {  // which would be looked up as this computer
+    FailLater(text::kHostUnknown);
+    return;
+  }
   if (const auto known = NumericAddress(target.server)) {
     Connect(address, *known);
     return;

@@ -195,25 +195,6 @@ inline constexpr std::int32_t kExceptionFrame = 676;
 inline constexpr std::int32_t kTimeHeading = 677;
 inline constexpr std::int32_t kRowHeading = 678;
 inline constexpr std::int32_t kEraseHint = 679;
-// The history of local copies
-inline constexpr std::int32_t kHistoryMenu = 760;
-inline constexpr std::int32_t kHistoryTitle = 761;
-inline constexpr std::int32_t kHistoryKept = 762;
-inline constexpr std::int32_t kHistoryDifferences = 763;
-inline constexpr std::int32_t kHistoryRestore = 764;
-inline constexpr std::int32_t kAskRestore = 765;  // %1 the time
-inline constexpr std::int32_t kRestored = 766;    // %1 the time
-inline constexpr std::int32_t kHistoryEmpty = 767;
-inline constexpr std::int32_t kHistorySame = 768;
-inline constexpr std::int32_t kHistoryFailed = 769;
-inline constexpr std::int32_t kHistoryKind = 770;
-// What the three editors share
-inline constexpr std::int32_t kUndo = 750;
-inline constexpr std::int32_t kRedo = 751;
-inline constexpr std::int32_t kUndoHint = 752;
-inline constexpr std::int32_t kRedoHint = 753;
-inline constexpr std::int32_t kAskClose = 754;
-inline constexpr std::int32_t kAskCloseTitle = 755;
 // What a write changes, and whether it did
 inline constexpr std::int32_t kChangesFetched = 700;
 inline constexpr std::int32_t kChangesLocal = 701;
@@ -245,11 +226,33 @@ inline constexpr std::int32_t kLeftHeading = 726;
 inline constexpr std::int32_t kSentLine = 727;
 inline constexpr std::int32_t kFetchedLine = 728;
 inline constexpr std::int32_t kFaultsLabel = 729;
-// Files that can't be written
-inline constexpr std::int32_t kFileNameTooLong = 740;
-inline constexpr std::int32_t kFileInUse = 741;
 // What can't be sent
 inline constexpr std::int32_t kNoCatalogueLine = 730;  // %1 the line
 inline constexpr std::int32_t kNotOneCommand = 731;    // %1 the name or value
+inline constexpr std::int32_t kVerifyStopped = 732;
+// Files that can't be written
+inline constexpr std::int32_t kFileNameTooLong = 740;
+inline constexpr std::int32_t kFileInUse = 741;
+// What the three editors share
+inline constexpr std::int32_t kUndo = 750;
+inline constexpr std::int32_t kRedo = 751;
+inline constexpr std::int32_t kUndoHint = 752;
+inline constexpr std::int32_t kRedoHint = 753;
+inline constexpr std::int32_t kAskClose = 754;
+inline constexpr std::int32_t kAskCloseTitle = 755;
+inline constexpr std::int32_t kAskCloseUnsent = 756;
+// The history of local copies
+inline constexpr std::int32_t kHistoryMenu = 760;
+inline constexpr std::int32_t kHistoryTitle = 761;
+inline constexpr std::int32_t kHistoryKept = 762;
+inline constexpr std::int32_t kHistoryDifferences = 763;
+inline constexpr std::int32_t kHistoryRestore = 764;
+inline constexpr std::int32_t kAskRestore = 765;  // %1 the time
+inline constexpr std::int32_t kRestored = 766;    // %1 the time
+inline constexpr std::int32_t kHistoryEmpty = 767;
+inline constexpr std::int32_t kHistorySame = 768;
+inline constexpr std::int32_t kHistoryFailed = 769;
+inline constexpr std::int32_t kHistoryKind = 770;
+inline constexpr std::int32_t kRestoreKeeps = 771;
 
 }  // namespace zek::text

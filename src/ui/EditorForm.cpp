@@ -116,7 +116,7 @@ void EditorForm::OnKey(wxKeyEvent& event) {
 }
 
 void EditorForm::Save() {
-  if (busy_ || viewOnly_) return;
+  if (busy_ || viewOnly_ || proc_.status.Busy > 0) return;
   TakeEntry();
   ShowChanges();
   if (!CanSave()) return;
@@ -200,10 +200,22 @@ void EditorForm::OnClose(wxCloseEvent& event) {
 void EditorForm::CloseOrStay() {
   if (asking_) return;
   const wxWeakRef<EditorForm> alive(this);
+  asking_ = true;
+  TakeEntry();  // before a question takes the focus from it
+  const bool wrong = !viewOnly_ && !turn_.Quitting() && TellWrong();
+  if (!alive) return;
+  asking_ = false;
+  if (wrong) {
+    ShowChanges();
+    return;
+  }
+  ShowChanges();
   if (IsUnsaved() && !viewOnly_ && !turn_.Quitting()) {
     asking_ = true;
     const bool close = proc_.outside.prompts.AskYesNo(
-        Icon::Exclamation, proc_.Text(text::kAskClose), proc_.Text(text::kAskCloseTitle));
+        Icon::Exclamation,
+        proc_.Text(State().changed && !givenUp_ ? text::kAskClose : text::kAskCloseUnsent),
+        proc_.Text(text::kAskCloseTitle));
     if (!alive) return;
     asking_ = false;
     if (!close) return;

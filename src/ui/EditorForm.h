@@ -42,6 +42,8 @@ class EditorForm : public wxDialog {
   virtual void DropEntry() {}
   /// True when something was typed there that is not taken yet.
   virtual bool HasEntry() const { return false; }
+  /// Tells of an entry that was not taken as it was typed; false when there was none.
+  virtual bool TellWrong() { return false; }
   /// What the editor has, and its undo and redo, shown with the focus where the change was.
   virtual EditState State() const = 0;
   virtual void Undo() = 0;

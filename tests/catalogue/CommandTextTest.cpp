@@ -42,7 +42,12 @@ struct HostileCase {
 
 TEST(CommandText, NothingOfAHostileCatalogueIsSent) {
   const HostileCase cases[] = {
-      {"a command between lines", {kLine, "EXIT", ".OVC", kLine}, "21", "AHU1", false, "x T730"},
+      {"a command between lines",
+       {kLine, "", "EXIT", ".OVC", kLine},
+       "21",
+       "AHU1",
+       false,
+       "x T730"},
       {"a return within a line", {kLine + "\rEXIT"}, "21", "AHU1", false, "x T730"},
       {"a line without its return", {kLine + "\x05"}, "21", "AHU1", false, "x T730"},
       {"an escape of the DDE server", {kLine + "{13}EXIT"}, "21", "AHU1", true, "x T730"},
@@ -53,6 +58,7 @@ TEST(CommandText, NothingOfAHostileCatalogueIsSent) {
   for (const HostileCase& each : cases) {
     test::TransferSession session;
     session.Select(each.dde ? "LOC" : "TWO/TSC1");
+    session.proc.topics[session.proc.selection.CurrentObject].TopicType = 2;  // it has a value
     session.proc.selection.LocalFiles.WDC = "copy.TXT";
     session.proc.selection.TscName = each.control;
     session.proc.transfer.CatalogueLines = each.lines;

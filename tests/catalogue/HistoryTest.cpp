@@ -53,17 +53,29 @@ TEST(History, TheOldestGoAndOnlyOnesOfItsOwn) {
   for (int second = 0; second < 5; ++second) {
     now.second = second;
     files.files[kLocal] += "x";
-    EXPECT_FALSE(History(files, "/zek/", "f1 WDC.TXT", 3).Keep(std::nullopt, now));
+    History history(files, "/zek/", "f1 WDC.TXT", 3);
+    EXPECT_FALSE(history.Keep(std::nullopt, now));
+    history.Prune();
   }
   for (int more = 0; more < 10; ++more) {  // eleven in one second: "-10" is newer than "-9"
     files.files[kLocal] += "x";
-    EXPECT_FALSE(History(files, "/zek/", "f1 WDC.TXT", 3).Keep(std::nullopt, now));
+    History history(files, "/zek/", "f1 WDC.TXT", 3);
+    EXPECT_FALSE(history.Keep(std::nullopt, now));
+    history.Prune();
   }
   EXPECT_EQ(Ids(files), (std::vector<std::string>{"20261121-083004-11", "20261121-083004-10",
                                                   "20261121-083004-9"}));
   EXPECT_EQ(files.files.size(), foreign + 3);
-  EXPECT_FALSE(History(files, "/zek/", "f1 WDC.TXT", 0).Keep(std::nullopt, now));
+  History none(files, "/zek/", "f1 WDC.TXT", 0);
+  EXPECT_FALSE(none.Keep(std::nullopt, now));
+  none.Prune();
   EXPECT_EQ(files.files.size(), foreign + 3);
+  // The clock was set back: what was just kept stays, though others have later names.
+  files.files[kLocal] += "x";
+  History one(files, "/zek/", "f1 WDC.TXT", 1);
+  EXPECT_FALSE(one.Keep(std::nullopt, kMorning));
+  one.Prune();
+  EXPECT_EQ(Ids(files), std::vector<std::string>{"20261121-083000"});
 }
 
 TEST(History, LongNamesAreCutAndKeptApart) {

@@ -22,7 +22,7 @@ import tempfile
 # users and hosts as the system's own libraries ask for them.
 LOCAL = {"the screen": re.compile(r"/tmp/\.X11-unix/X\d+$"),
          "a bus of the session": re.compile(r"/(dbus-\w+|bus|at-spi/bus\S*|session_bus_socket)$"),
-         "the system's name service": re.compile(r"/var/run/nscd/socket$")}
+         "the system's name service": re.compile(r"/run/(nscd/socket|nscd|systemd/userdb/\S*)$")}
 # Leaks are looked for elsewhere: a sanitizer can't do it in a process that is traced.
 ENVIRONMENT = {**os.environ, "ASAN_OPTIONS": os.environ.get("ASAN_OPTIONS", "") + ":detect_leaks=0"}
 LISTENING = ("bind", "listen", "accept", "accept4")
@@ -80,7 +80,9 @@ def judge(lines, allowed, seen):
             continue
         name, arguments = call.groups()
         addressed = name == "connect" or (name in ("sendto", "sendmsg", "sendmmsg")
-                                          and "sin_port" in arguments)
+                                          and re.search("sin6?_port", arguments))
+        if name == "bind" and "AF_NETLINK" in arguments:
+            continue  # how the system's libraries ask the kernel, nobody can come in there
         if not addressed and name not in LISTENING:
             continue
         what = purpose(arguments, allowed) if addressed else None

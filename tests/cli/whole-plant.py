@@ -6,6 +6,7 @@ Arguments: the folder of the programs, the data folder."""
 
 import os
 import pathlib
+import statistics
 import socket
 import subprocess
 import sys
@@ -107,6 +108,12 @@ def growth(samples):
     return max(samples[len(samples) // 2:]) - max(samples[:len(samples) // 4])
 
 
+def lasting_growth(samples):
+    """The same of what is usual then: a file that is being stored is open for a moment."""
+    return (statistics.median(samples[len(samples) // 2:])
+            - statistics.median(samples[:len(samples) // 4]))
+
+
 def main():
     programs, data = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2])
     with tempfile.TemporaryDirectory() as name:
@@ -140,7 +147,7 @@ def main():
         # several times that around every piece.
         allowed = (2048 if "ASAN_OPTIONS" in os.environ else 256) * 1024
         assert growth(watch.memory) <= allowed, f"memory grew by {growth(watch.memory)} bytes"
-        assert growth(watch.files) <= 0, f"descriptors grew: {watch.files}"
+        assert lasting_growth(watch.files) <= 0, f"descriptors grew: {watch.files}"
 
 
 def check(home, status, out, err):

@@ -57,7 +57,7 @@ TEST_F(VerifyTest, EscapeEndsAVerificationThatGetsNoAnswer) {
          }},
         {[this] { return world.prompts.shown.size() == 3 && InEditor(); }, Escape}});
   ASSERT_EQ(world.prompts.shown.size(), 4U);
-  EXPECT_EQ(world.prompts.shown[1], world.session.Text(text::kNotVerified));
+  EXPECT_EQ(world.prompts.shown[1], world.session.Text(text::kVerifyStopped));
   EXPECT_NE(world.plant.outstations[0].weekday.lines.at(1000).find("!08:00..16:30"),
             std::string::npos);
 }

@@ -26,6 +26,7 @@ class ZV_OVC final : public EditorForm {
   void TakeEntry() override { grid_->TakeEntry(); }
   void DropEntry() override { grid_->DropEntry(); }
   bool HasEntry() const override { return grid_->HasEntry(); }
+  bool TellWrong() override { return grid_->TellWrong(); }
   EditState State() const override { return editor_.State(); }
   void Undo() override { ShowAt(editor_.Undo()); }
   void Redo() override { ShowAt(editor_.Redo()); }

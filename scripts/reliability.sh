@@ -1,0 +1,61 @@
+#!/usr/bin/env bash
+# reliability.sh [NAME...]: measures what docs/reliability.md reports, all of it or the parts of these
+# names, and prints every figure as "WHAT: N of N". All of it takes the better part of an hour.
+set -euo pipefail
+# shellcheck source=scripts/common.sh
+source scripts/common.sh
+
+all=(faults saving history sending undo limits re-entry nobody-in soak living-window round-trips
+  fuzz mutants)
+bin=build/bin
+log=build/reliability.log
+
+tests() { "$bin/zekview-tests" --gtest_filter="$1"; }
+windows() { scripts/headless.sh "$bin/zekview-window-tests" --gtest_filter="$1"; }
+
+measure() {
+  export ZEKVIEW_FULL=1 ZEKVIEW_FLOOD=20000000 ZEKVIEW_CUTS=100000  # the tests do less by default
+  case "$1" in
+    faults) tests 'Faults.*:Cutting.*' ;;
+    saving) "$bin/zekview-file-tests" ;;
+    history) tests '*History*:-Undo*' ;;
+    sending) tests '*Changes*:*CatalogueFaults*:*Send*' ;;
+    undo) tests '*Undo*' && windows '*EditorForm*' ;;
+    limits) tests 'Limits.*' ;;
+    re-entry) tests '*Reentry*' && windows '*WindowReentry*' ;;
+    nobody-in)
+      tests 'Password.*:*EveryByte*' && windows '*EveryByte*' && "$bin/zekview-peer-cost" &&
+        tests/cli/greedy-peers.py "$bin" data 1024 &&
+        scripts/headless.sh tests/cli/network-calls.py "$bin" data
+      ;;
+    soak) scripts/soak.sh ;;
+    living-window) scripts/headless.sh trials/living-window.py "$bin" data ;;
+    round-trips) "$bin/zekview-round-trips" 1000000 ;;
+    fuzz) scripts/fuzz.sh 10 ;;
+    mutants) scripts/mutants.sh 300 "${ZEKVIEW_SEED:-2}" ;;
+    *) die "./dev reliability knows no part '$1'; there are: ${all[*]}." ;;
+  esac
+}
+
+# The figures that a part printed; of tests that print none, how many passed.
+figures() {
+  sed -n 's/^figure: //p' "$1"
+  awk -v part="$2" '/^\[==========\] [0-9]+ tests? from .* ran/ { ran += $2 }
+    /^\[  PASSED  \]/ { passed += $4 } /^figure: / { figures = 1 }
+    END { if (ran && !figures) print part ": " passed " of " ran " tests" }' "$1"
+}
+
+[[ $# -gt 0 ]] || set -- "${all[@]}"
+scripts/build.sh
+: >"$log"
+status=0
+for part in "$@"; do
+  measure "$part" </dev/null >"$log.part" 2>&1 || {
+    status=1
+    echo "$part: failed, see $log"
+  }
+  figures "$log.part" "$part"
+  cat "$log.part" >>"$log"
+done
+rm -f "$log.part"
+exit "$status"
