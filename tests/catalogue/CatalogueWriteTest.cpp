@@ -129,6 +129,8 @@ TEST(CatalogueWrite, IsSentOnlyWhenEveryStepHeld) {
         << each.name << " at " << each.at;
     EXPECT_EQ(session.prompts.shown.back(), each.onlyOnce ? "i T430" : "x T429")
         << each.name << " at " << each.at;
+    EXPECT_EQ(session.socket.opened.size(), each.onlyOnce ? 2U : 3U)
+        << each.name << " at " << each.at;
     EXPECT_EQ(session.proc.connection.CurrentTopic, -1);
     EXPECT_EQ(session.proc.transfer.Kind, TransferKind::Idle);
     if (each.onlyOnce) {
@@ -137,6 +139,16 @@ TEST(CatalogueWrite, IsSentOnlyWhenEveryStepHeld) {
       EXPECT_EQ(Shown(sent.end() - 6, sent.end()), whole) << each.name << " at " << each.at;
     }
   }
+}
+
+TEST_F(CatalogueWriteTest, IsNotSentWhenItsEndIsNotTaken) {
+  SelectOne();
+  socket.onSent = [this, last = std::string()](std::string_view bytes) mutable {
+    socket.takesThis = bytes != "EXIT\r" || last != proc.transfer.CatalogueLines.back() + "\r";
+    last = bytes;
+  };
+  EXPECT_FALSE(Save());
+  EXPECT_EQ(prompts.shown.back(), "x T429");
 }
 
 TEST_F(CatalogueWriteTest, AnEmptyCatalogueIsSentToo) {

@@ -112,6 +112,16 @@ TEST_F(HistoryOfTransfers, WhatCanNotBeKeptStays) {
   EXPECT_EQ(files.files[path], "old\r\n");
   ASSERT_EQ(prompts.shown.size(), 2U);
   EXPECT_NE(prompts.shown[0].find("T769"), std::string::npos);
+  files.failWrites.reset();
+  EXPECT_TRUE(StoreLocalCopy(proc, Catalogue::Wdc, std::nullopt));
+  const KeptCopy kept = Kept().at(0);
+  const auto before = files.files;
+  files.failReads = FileError::Reason::Denied;
+  EXPECT_FALSE(EraseLocalCopy(proc, Catalogue::Wdc));
+  EXPECT_FALSE(RestoreLocalCopy(proc, Catalogue::Wdc, kept));
+  EXPECT_FALSE(CompareWithKept(proc, Catalogue::Wdc, kept));
+  EXPECT_EQ(prompts.shown.size(), 5U);
+  EXPECT_EQ(files.files, before);
 }
 
 }  // namespace
