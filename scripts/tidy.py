@@ -15,7 +15,8 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 CACHE = ROOT / ".cache" / "tidy"
-INCLUDE_FOLDERS = [ROOT / "src", ROOT / "tests", ROOT / "bench", ROOT / "fuzz"]
+INCLUDE_FOLDERS = [ROOT / "src", ROOT / "tests", ROOT / "bench", ROOT / "fuzz",
+                   ROOT / "trials"]
 INCLUDE = re.compile(rb'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 # The commands are GCC's: clang must neither stumble over options that it lacks nor add its own
 # warnings to those that the compiler has already judged.

@@ -175,12 +175,12 @@ TEST_F(ConnectionTest, DdeCommandsArePokedWithTheirReturnBehind) {
   EXPECT_EQ(dde.sent, "\x05");
 }
 
-TEST_F(ConnectionTest, ADdeAnswerThatComesWhileACommandIsWrittenIsKept) {
+TEST_F(ConnectionTest, DdeTextThatComesWhileACommandIsWrittenIsNotParsed) {
   dde.onConnected = [this] { dde.Say("0000><TRANSPARENT>"); };
   connection.Connect(kLocal);
   dde.onSent = [this](std::string_view bytes) {
     dde.Say(std::string(bytes), 0);  // the item's new text comes back
-    if (bytes == "{13}") dde.Say("0001>answer\r\n", 0);
+    if (bytes == "{13}") dde.Say("0001>answer\r\n", 500);
   };
   EXPECT_TRUE(connection.SendCommand("LIST"));
   EXPECT_EQ(proc.log.Lines(), Shown{"answer"});

@@ -42,7 +42,8 @@ TEST(Transfer, TakesReplyLines) {
        "00",
        ReadSdc, 1, kTimeout, "."},
       {ReadSdc, "\tHEADER\x07", ReadSdc, 0, 7, "."},
-      {ReadSdc, "12!07:\t00", ReadSdc, 1, 0, "."},
+      {ReadSdc, "12!07:\t00", ReadSdc, 1, kTimeout, "."},
+      {ReadSdc, "12!07:\x07:00", ReadSdc, 1, 0, "."},
       {ReadWdc,
        ".D\x05"
        "FV = 21",

@@ -9,7 +9,7 @@
 
 namespace zek::faults {
 
-/// A recorded transfer, tests/dialogues/*.txt. One entry a line:
+/// A recorded transfer, trials/dialogues/*.txt. One entry a line:
 ///   ; comment
 ///   read-wdc 2 HOST:5100:3  the transfer, the generation, the topic's address or "DDE"
 ///   connect    a link is made

@@ -44,7 +44,7 @@ void Check(Replay& replay, const Outcome& whole, const std::vector<std::size_t>&
 }
 
 TEST(Cutting, GivesTheSameLinesLogAndValueEverywhere) {
-  const std::vector<Dialogue> dialogues = LoadDialogues(ZEKVIEW_TESTS "/dialogues");
+  const std::vector<Dialogue> dialogues = LoadDialogues(ZEKVIEW_TRIALS "/dialogues");
   ASSERT_GE(dialogues.size(), 12U);
   Count everywhere;
   Count bytewise;
