@@ -286,6 +286,7 @@ TEST(BatchFile, TheFirstFaultIsTheOneThatIsTold) {
     disk.failWrites = Reason::Full;
     file.WriteHeader({});
     disk.failWrites = closing;
+    file.WriteFinished({});
     file.Close();
     ASSERT_TRUE(file.Error());
     EXPECT_EQ(file.Error()->reason, Reason::Full);

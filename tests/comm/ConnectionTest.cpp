@@ -32,6 +32,10 @@ TEST_F(ConnectionTest, TransparentServerBringsTheLinkUp) {
   EXPECT_EQ(socket.sent, "");
   EXPECT_EQ(proc.status.Connection, "First (ONE)");
   EXPECT_EQ(proc.countdowns.IdleCountdown, 300);
+  std::string shown;
+  proc.status.Changed = [&] { shown = proc.status.Sequence; };
+  socket.SayNow("0007>text\xFF");
+  EXPECT_EQ(shown, "0007");
   connection.Connect(kOne);
   EXPECT_EQ(socket.opened.size(), 1U) << "the connected topic is not opened again";
 }
@@ -340,7 +344,7 @@ TEST_F(ConnectionTest, TagModeOpensAndClosesInOrder) {
 }
 
 TEST_F(ConnectionTest, WhatTheTagObjectSaysIsTold) {
-  proc.texts.Read("688=Tag (%1)\r\n512=T512\r\n");
+  proc.texts.Read("688=Tag (%1)\r\n512=T512\r\n513=T513\r\n");
   proc.settings.TagMode = true;
   tags.opens = false;
   tags.fault = "Open: no licence";
@@ -371,12 +375,22 @@ TEST_F(ConnectionTest, WhatTheTagObjectSaysIsTold) {
   connection.Disconnect();
   tags.faultInReading.clear();
   prompts.shown.clear();
-  tags.takes = [this](const std::string&, const std::string& value) {
-    if (value == "transparent open") tags.fault = "TagWrite: slow";
-    return true;
+  // At the call itself, whether it went well or not.
+  const auto told = [this](const std::string& at, bool taken) {
+    tags.takes = [this, at, taken](const std::string&, const std::string& value) {
+      if (value == at) tags.fault = at;
+      return value != at || taken;
+    };
+    prompts.shown.clear();
+    if (connection.CurrentTopic == -1) connection.Connect(kNet);
+    if (at == "transparent close") connection.Disconnect();
+    return prompts.shown;
   };
-  connection.Connect(kNet);
-  EXPECT_EQ(prompts.shown, Shown{"c Tag (TagWrite: slow)"}) << "also when it went well";
+  EXPECT_EQ(told("transparent open", false),
+            (Shown{"c Tag (transparent open)", "c T512 Tag 'NETTAG'"}));
+  EXPECT_EQ(told("transparent open", true), Shown{"c Tag (transparent open)"});
+  EXPECT_EQ(told("transparent close", false), (Shown{"c T513", "c Tag (transparent close)"}));
+  EXPECT_EQ(told("transparent close", true), Shown{"c Tag (transparent close)"});
 }
 
 TEST_F(ConnectionTest, TagModeFailures) {

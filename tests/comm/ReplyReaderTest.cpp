@@ -142,6 +142,7 @@ TEST(ReplyLog, AFileMayBeLongerAndShrinksLineByLine) {
   EXPECT_EQ(log.Lines().back(), "new");
   EXPECT_EQ(log.Added(), 1U);
   EXPECT_EQ(log.Replaced(), 1U);  // a view looks at both
+  log.Add("not looked at");
   log.Replace({"a\tb"});
   EXPECT_EQ(log.Lines().back(), "a\tb") << "a file's lines are shown as they are";
 }
