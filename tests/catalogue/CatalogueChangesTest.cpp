@@ -73,6 +73,15 @@ TEST(CatalogueChanges, WeekdaysAreToldByDayAndTime) {
                      {Removed, "SD6..SD7  00:00         1  0", "", MayStay}}));
 }
 
+TEST(CatalogueChanges, WhatIsGoneOfItsOwnIsRemovedInASharedCatalogueToo) {
+  EXPECT_EQ(Compare(Old(Catalogue::Wdc, "T1"),
+                    {kMonday, Weekday("1001", "T1", "SU", "07:00", "1", "0")}, {kMonday}),
+            (Changes{{Removed, "SU        07:00         1  0", "", MayStay}}));
+  EXPECT_EQ(Compare(Old(Catalogue::Sdc, "T1"),
+                    {" 1000 !24-DEC-26                                           !SD1"}, {}),
+            (Changes{{Removed, "24-DEC-26             SD1", "", MayStay}}));
+}
+
 TEST(CatalogueChanges, DaysThatAreNoRunAreToldByThemselves) {
   const auto line = [](const char* day) { return Weekday("1000", "T1", day, "09:00", "1", "."); };
   EXPECT_EQ(Compare(Modern(Catalogue::Wdc, "T1"), {},

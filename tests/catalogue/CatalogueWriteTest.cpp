@@ -46,6 +46,7 @@ TEST_F(CatalogueWriteTest, NamedControlsSendTheirValue) {
 TEST_F(CatalogueWriteTest, AValueThatACopyDoesNotTellIsLeftAlone) {
   SelectTwo();
   EXPECT_TRUE(TakeLocalCopy(proc, "1 24-DEC!x\r\n", "copy"));
+  EXPECT_EQ(proc.transfer.CatalogueDfv, ".");
   EXPECT_TRUE(Save(Catalogue::Ovc));
   EXPECT_EQ(commands, (Shown{"DUS:3", "EXIT", "EXIT", "TSC1.EXC", "1 24-DEC!x", "EXIT"}));
   EXPECT_EQ(files.files["/zek/f127_0_0_1_5100_3 Second TSC1 EXC.TXT"], "1 24-DEC!x\r\n");
