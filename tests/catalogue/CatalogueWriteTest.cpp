@@ -142,16 +142,6 @@ TEST(CatalogueWrite, IsSentOnlyWhenEveryStepHeld) {
   }
 }
 
-TEST_F(CatalogueWriteTest, IsNotSentWhenItsEndIsNotTaken) {
-  SelectOne();
-  socket.onSent = [this, last = std::string()](std::string_view bytes) mutable {
-    socket.takesThis = bytes != "EXIT\r" || last != proc.transfer.CatalogueLines.back() + "\r";
-    last = bytes;
-  };
-  EXPECT_FALSE(Save());
-  EXPECT_EQ(prompts.shown.back(), "x T429");
-}
-
 TEST_F(CatalogueWriteTest, AnEmptyCatalogueIsSentToo) {
   SelectOne();
   proc.transfer.CatalogueLines.clear();
