@@ -1,6 +1,7 @@
 #include "catalogue/History.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 #include "app/Settings.h"
@@ -67,16 +68,27 @@ std::vector<std::string> LinesOf(std::string_view file) {
   return std::move(copy.lines);
 }
 
+// The local copy's name without ".TXT". A long one is cut, so that the time fits behind it; a hash
+// (FNV-1a) of the whole keeps those apart that begin alike.
+std::string StemOf(std::string_view name) {
+  constexpr std::size_t longest = 100;  // characters, at most two bytes each in a path
+  if (name.ends_with(kEnding)) name.remove_suffix(kEnding.size());
+  if (name.size() <= longest) return std::string(name);
+  std::uint32_t hash = 2166136261;
+  for (const char character : name) {
+    hash = (hash ^ static_cast<unsigned char>(character)) * 16777619U;
+  }
+  return std::string(name.substr(0, longest)) + "~" + std::to_string(hash);
+}
+
 }  // namespace
 
 History::History(Files& files, const std::string& programPath, std::string_view name, int count)
     : files_(files),
       folder_(WithSeparator(programPath + "History")),
-      stem_(LocalPath({}, name)),
+      stem_(LocalPath({}, StemOf(name))),
       local_(LocalPath(programPath, name)),
-      count_(count) {
-  if (stem_.ends_with(kEnding)) stem_.resize(stem_.size() - kEnding.size());
-}
+      count_(count) {}
 
 std::vector<KeptCopy> History::Kept() const {
   std::vector<KeptCopy> kept;
@@ -100,13 +112,22 @@ std::string History::NewId(const LocalTime& now) const {
   return serial == 0 ? stamp : stamp + "-" + std::to_string(serial + 1);
 }
 
+// It may have been kept by an attempt to replace it that failed then.
+bool History::IsNewest(const std::string& bytes) const {
+  const std::vector<KeptCopy> kept = Kept();
+  if (kept.empty()) return false;
+  const FileContent newest = files_.Read(kept.front().path);
+  return !newest.error && newest.bytes == bytes;
+}
+
 std::optional<FileError> History::Keep(std::optional<std::string_view> next, const LocalTime& now) {
   if (count_ <= 0) return std::nullopt;
   const FileContent old = files_.Read(local_);
   if (old.error && old.error->reason == FileError::Reason::Missing) return std::nullopt;
   if (old.error) return old.error;
   if (next && *next == old.bytes) return std::nullopt;
-  if (auto error = files_.MakeDirectory(folder_)) return error;
+  if (IsNewest(old.bytes)) return std::nullopt;
+  if (auto error = files_.MakeDirectory(folder_.substr(0, folder_.size() - 1))) return error;
   const std::string path = folder_ + stem_ + " " + NewId(now) + std::string(kEnding);
   if (auto error = files_.Write(path, old.bytes)) return error;
   // One that can't be removed is only one too many; the next time tries again.

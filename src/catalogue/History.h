@@ -11,7 +11,8 @@
 namespace zek {
 
 /// An earlier local copy: "History\NAME YYYYMMDD-HHNNSS.TXT" in the program directory, where NAME
-/// is that of the local copy. The time is when the copy was replaced or erased.
+/// is that of the local copy, cut when it is very long. The time is when the copy was replaced or
+/// erased.
 struct KeptCopy {
   std::string id;    // "20261121-083000"; "20261121-083000-2" for the second one of that second
   std::string time;  // "2026-11-21 08:30:00"
@@ -28,12 +29,14 @@ class History {
   std::vector<KeptCopy> Kept() const;
 
   /// Keeps what stands in the local copy now, before it is replaced by `next` (or erased, without
-  /// one). Nothing is kept when there is no local copy, or when it would not change. Copies beyond
-  /// `count` go, the oldest first. With an error the local copy must stay as it is.
+  /// one). Nothing is kept when there is no local copy, when it would not change, or when it is the
+  /// newest copy already. Copies beyond `count` go, the oldest first. With an error the local copy
+  /// must stay as it is.
   std::optional<FileError> Keep(std::optional<std::string_view> next, const LocalTime& now);
 
  private:
   std::string NewId(const LocalTime& now) const;
+  bool IsNewest(const std::string& bytes) const;
 
   Files& files_;
   std::string folder_;  // with a separator at its end

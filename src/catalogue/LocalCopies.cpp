@@ -76,9 +76,8 @@ namespace {
 bool Keep(ZV_Proc& proc, Catalogue catalogue, std::optional<std::string_view> next) {
   const auto error = HistoryOf(proc, catalogue).Keep(next, proc.outside.now());
   if (!error) return true;
-  proc.outside.prompts.Show(Icon::Exclamation, Message(proc.Text(text::kHistoryFailed),
-                                                       {LocalFileOf(proc.selection, catalogue)}) +
-                                                   "\r\n\r\n" + FileMessage(proc.texts, *error));
+  proc.outside.prompts.Show(Icon::Exclamation, proc.Text(text::kHistoryFailed) + "\r\n\r\n" +
+                                                   FileMessage(proc.texts, *error));
   return false;
 }
 

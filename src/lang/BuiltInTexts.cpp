@@ -170,7 +170,7 @@ constexpr auto kBuiltIns = std::to_array<BuiltIn>({
     {text::kHistoryEmpty, "Det finns inga sparade kopior av katalogen."_w1252},
     {text::kHistorySame, "Kopiorna är lika."_w1252},
     {text::kHistoryFailed,
-     "Den lokala kopian %1 kunde inte sparas i historiken och är därför inte ändrad."_w1252},
+     "Den lokala kopian kunde inte sparas i historiken och är därför inte ändrad."_w1252},
     {text::kHistoryKind, "&Katalog:"_w1252},
     {text::kUndo, "Ångra"_w1252},
     {text::kRedo, "Gör om"_w1252},

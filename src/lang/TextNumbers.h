@@ -202,10 +202,10 @@ inline constexpr std::int32_t kHistoryKept = 762;
 inline constexpr std::int32_t kHistoryDifferences = 763;
 inline constexpr std::int32_t kHistoryRestore = 764;
 inline constexpr std::int32_t kAskRestore = 765;  // %1 the time
-inline constexpr std::int32_t kRestored = 766;  // %1 the time
+inline constexpr std::int32_t kRestored = 766;    // %1 the time
 inline constexpr std::int32_t kHistoryEmpty = 767;
 inline constexpr std::int32_t kHistorySame = 768;
-inline constexpr std::int32_t kHistoryFailed = 769;  // %1 the name of the local copy
+inline constexpr std::int32_t kHistoryFailed = 769;
 inline constexpr std::int32_t kHistoryKind = 770;
 // What the three editors share
 inline constexpr std::int32_t kUndo = 750;

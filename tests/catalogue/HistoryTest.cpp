@@ -32,6 +32,9 @@ TEST(History, KeepsWhatIsReplacedUnderItsTime) {
   EXPECT_EQ(kept[0].time, "2026-11-21 08:30:00");
   EXPECT_EQ(kept[0].path, "/zek/History/f1 WDC 20261121-083000.TXT");
   EXPECT_EQ(files.files[kept[0].path], "first");
+  EXPECT_FALSE(history.Keep("third", kMorning));  // it is kept, the replacing must have failed
+  EXPECT_EQ(history.Kept().size(), 1U);
+  files.files[kLocal] = "second";
   EXPECT_FALSE(history.Keep(std::nullopt, kMorning));  // erased in the same second
   EXPECT_EQ(Ids(files), (std::vector<std::string>{"20261121-083000-2", "20261121-083000"}));
   EXPECT_FALSE(history.Keep(std::nullopt, {2026, 1, 2, 3, 4, 5}));
@@ -52,9 +55,11 @@ TEST(History, TheOldestGoAndOnlyOnesOfItsOwn) {
   LocalTime now = kMorning;
   for (int second = 0; second < 5; ++second) {
     now.second = second;
+    files.files[kLocal] += "x";
     EXPECT_FALSE(History(files, "/zek/", "f1 WDC.TXT", 3).Keep(std::nullopt, now));
   }
-  for (int more = 0; more < 10; ++more) {  // ten in one second: "-10" is newer than "-9"
+  for (int more = 0; more < 10; ++more) {  // eleven in one second: "-10" is newer than "-9"
+    files.files[kLocal] += "x";
     EXPECT_FALSE(History(files, "/zek/", "f1 WDC.TXT", 3).Keep(std::nullopt, now));
   }
   EXPECT_EQ(Ids(files), (std::vector<std::string>{"20261121-083004-11", "20261121-083004-10",
@@ -62,6 +67,19 @@ TEST(History, TheOldestGoAndOnlyOnesOfItsOwn) {
   EXPECT_EQ(files.files.size(), foreign + 3);
   EXPECT_FALSE(History(files, "/zek/", "f1 WDC.TXT", 0).Keep(std::nullopt, now));
   EXPECT_EQ(files.files.size(), foreign + 3);
+}
+
+TEST(History, LongNamesAreCutAndKeptApart) {
+  test::MemoryFiles files;
+  for (const char last : {'a', 'b'}) {
+    const std::string name = std::string(240, '\xE5') + last + ".TXT";
+    files.files[LocalPath("/zek/", name)] = last;
+    History history(files, "/zek/", name, 50);
+    EXPECT_FALSE(history.Keep(std::nullopt, kMorning));
+    ASSERT_EQ(history.Kept().size(), 1U);
+    EXPECT_LE(history.Kept()[0].path.size(), 255 + std::string("/zek/History/").size());
+    EXPECT_EQ(files.files[history.Kept()[0].path], std::string(1, last));
+  }
 }
 
 TEST(History, DifferencesAreThoseOfTheLines) {

@@ -14,7 +14,7 @@ bool InEditor() { return IsActive("ZV_WDC") && HasFocus("Text_Start0"); }
 struct VerifyTest : testing::Test {
   VerifyTest() {
     world.session.settings.VerifyAfterWrite = true;
-    world.prompts.answers = {true, false};  // send; don't try again
+    world.prompts.answers = {true, false, true};  // send; don't try again; close all the same
   }
 
   // Changes the first start time and saves; `then` is what is done in the editor afterwards.
@@ -56,7 +56,7 @@ TEST_F(VerifyTest, EscapeEndsAVerificationThatGetsNoAnswer) {
            Escape();
          }},
         {[this] { return world.prompts.shown.size() == 3 && InEditor(); }, Escape}});
-  ASSERT_EQ(world.prompts.shown.size(), 3U);
+  ASSERT_EQ(world.prompts.shown.size(), 4U);
   EXPECT_EQ(world.prompts.shown[1], world.session.Text(text::kNotVerified));
   EXPECT_NE(world.plant.outstations[0].weekday.lines.at(1000).find("!08:00..16:30"),
             std::string::npos);
