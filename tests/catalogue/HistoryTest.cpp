@@ -37,6 +37,7 @@ TEST(History, KeepsWhatIsReplacedUnderItsTime) {
   files.files[kLocal] = "second";
   EXPECT_FALSE(history.Keep(std::nullopt, kMorning));  // erased in the same second
   EXPECT_EQ(Ids(files), (std::vector<std::string>{"20261121-083000-2", "20261121-083000"}));
+  files.files[kLocal] = "third";
   EXPECT_FALSE(history.Keep(std::nullopt, {2026, 1, 2, 3, 4, 5}));
   EXPECT_EQ(Ids(files).back(), "20260102-030405");
 }
