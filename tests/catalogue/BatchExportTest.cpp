@@ -267,6 +267,33 @@ TEST_F(BatchExportTest, TheReportOfAnUnwatchedRunIsStoredBesideTheFiles) {
             "a setting\r\n3 of 4, 1\r\nTWO/TSC1 WDC: T422\r\nFiles:\r\n  " + kWdc + "\r\n");
 }
 
+TEST_F(BatchExportTest, AReportThatCannotBeStoredIsShown) {
+  answers.erase("LIST TSC1");
+  Run({true, false, false});
+  files.failWrites = FileError::Reason::Full;
+  batch.StoreReport();
+  ASSERT_GE(prompts.shown.size(), 2U);
+  EXPECT_EQ(prompts.shown[0], "x T501");
+  EXPECT_EQ(prompts.shown[1], "n TWO/TSC1 WDC: T422");
+}
+
+TEST(BatchFile, TheFirstFaultIsTheOneThatIsTold) {
+  using Reason = FileError::Reason;
+  for (const std::optional<Reason> closing : {std::optional<Reason>(), {Reason::Denied}}) {
+    test::MemoryFiles disk;
+    BatchFile file(Catalogue::Wdc);
+    file.Open(disk, "/b", {});
+    disk.failWrites = Reason::Full;
+    file.WriteHeader({});
+    disk.failWrites = closing;
+    file.WriteFinished({});
+    file.Close();
+    ASSERT_TRUE(file.Error());
+    EXPECT_EQ(file.Error()->reason, Reason::Full);
+    EXPECT_EQ(file.IsInPlace(), !closing);
+  }
+}
+
 TEST_F(BatchExportTest, WhatIsCompleteWhenItIsCancelledIsWrittenBehindThat) {
   ReplaceInSettings("DelayD=1", "DelayD=9");  // seconds after the listing
   answers["\x05"] = "ZEK READY\r\n";

@@ -54,7 +54,7 @@ TEST(CatalogueChanges, NumbersPaddingRangesAndNotationAreNoChange) {
                     {" 1000 !24-DEC-26..26-DEC-26                                !SD1"},
                     {" 701  24-DEC-26                !SD1", " 702  25-DEC-26..26-DEC-26     !SD1"}),
             Changes());
-  EXPECT_EQ(Compare(Modern(Catalogue::Ovc, "T1"), {"1     24-DEC-2026 !08:00..17:00 !21!."},
+  EXPECT_EQ(Compare(Modern(Catalogue::Ovc, "T1"), {"1     24-DEC-2026 !08:00..17:00 !21.0!."},
                     {"7     24-DEC-2026              !08:00..17:00 !21    !."}),
             Changes());
 }
@@ -71,6 +71,25 @@ TEST(CatalogueChanges, WeekdaysAreToldByDayAndTime) {
                      {Added, "", "SU        09:00         1  ."},
                      {Added, "", "SD1       10:00         -0.5  0"},
                      {Removed, "SD6..SD7  00:00         1  0", "", MayStay}}));
+}
+
+TEST(CatalogueChanges, WhatIsGoneOfItsOwnIsRemovedInASharedCatalogueToo) {
+  EXPECT_EQ(Compare(Old(Catalogue::Wdc, "T1"),
+                    {kMonday, Weekday("1001", "T1", "SU", "07:00", "1", "0")}, {kMonday}),
+            (Changes{{Removed, "SU        07:00         1  0", "", MayStay}}));
+  EXPECT_EQ(Compare(Old(Catalogue::Sdc, "T1"),
+                    {" 1000 !24-DEC-26                                           !SD1"}, {}),
+            (Changes{{Removed, "24-DEC-26             SD1", "", MayStay}}));
+}
+
+TEST(CatalogueChanges, DaysThatAreNoRunAreToldByThemselves) {
+  const auto line = [](const char* day) { return Weekday("1000", "T1", day, "09:00", "1", "."); };
+  EXPECT_EQ(Compare(Modern(Catalogue::Wdc, "T1"), {},
+                    {line("MO"), line("WE"), line("SU"), line("SD1"), line("SD2")}),
+            (Changes{{Added, "", "MO        09:00         1  ."},
+                     {Added, "", "WE        09:00         1  ."},
+                     {Added, "", "SU        09:00         1  ."},
+                     {Added, "", "SD1..SD2  09:00         1  ."}}));
 }
 
 TEST(CatalogueChanges, AnotherTimeInTheSameLineIsAChange) {
@@ -170,8 +189,8 @@ TEST(CatalogueChanges, WhatTheFormatCannotHoldIsToldWithItsReason) {
         {Dropped, "T2      MO        07:00         1  0", "", OtherControl}}},
       {"another control's number",
        Old(Catalogue::Wdc, "T1"),
-       {kMonday, other},
-       {kMonday, Weekday("1100", "T1", "SU", "07:00", "1", "0")},
+       {kMonday, Weekday("0001", "T2", "MO", "07:00", "1", "0")},
+       {kMonday, Weekday("0001", "T1", "SU", "07:00", "1", "0")},
        {{Added, "", "SU        07:00         1  0"},
         {Removed, "T2      MO        07:00         1  0", "", Overwritten}}},
       {"lines of another PLT under this one's numbers",

@@ -31,6 +31,7 @@ TEST_F(CatalogueReadTest, FetchesAndKeepsACopy) {
   EXPECT_EQ(commands, (Shown{"\x05", "LIST WDC"}));
   EXPECT_EQ(files.files[kCopyOne], " 1000 !AHU1!MO\r\n 1001 !AHU1!TU\r\n");
   EXPECT_TRUE(prompts.shown.empty());
+  EXPECT_NEAR(static_cast<double>(turn.Now()), 3200, 300) << "three pauses; none behind the EXIT";
   ExpectAtRest();
 }
 
@@ -108,10 +109,13 @@ TEST_F(CatalogueReadTest, TheTimeOutIsOneOfSilence) {
 }
 
 TEST_F(CatalogueReadTest, ALostLinkIsAFailedAttemptAndTheNextSucceeds) {
+  proc.texts.Read("421=Fetching\r\n536=%1 of 3\r\n");
   SelectOne();
   int lists = 0;
+  Shown told;
   socket.onSent = [&](std::string_view bytes) {
     if (bytes != "LIST WDC\r") return;
+    told.push_back(proc.status.Transfer);
     Reply(" 1000 !x\r\n", 10);
     if (++lists == 1) {
       socket.HangUp(50);
@@ -120,7 +124,7 @@ TEST_F(CatalogueReadTest, ALostLinkIsAFailedAttemptAndTheNextSucceeds) {
     }
   };
   EXPECT_TRUE(Get());
-  EXPECT_EQ(lists, 2);
+  EXPECT_EQ(told, (Shown{"Fetching..", "Fetching (2 of 3).."}));
   EXPECT_EQ(files.files[kCopyOne], " 1000 !x\r\n");
   EXPECT_TRUE(prompts.shown.empty());
 }
@@ -163,6 +167,10 @@ TEST_F(CatalogueReadTest, LinesThatDoNotFitAreTold) {
   EXPECT_TRUE(Get());
   EXPECT_EQ(proc.transfer.CatalogueLineCount(), 201);
   EXPECT_EQ(prompts.shown, Shown{"x T543"});
+  EXPECT_EQ(proc.transfer.LinesDropped, 2);
+  proc.settings.AlwaysUseLocal = true;
+  EXPECT_TRUE(Get());
+  EXPECT_EQ(proc.transfer.LinesDropped, 0) << "the copy is whole";
 }
 
 TEST_F(CatalogueReadTest, ChoosesTheSource) {

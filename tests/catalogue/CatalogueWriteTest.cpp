@@ -46,6 +46,7 @@ TEST_F(CatalogueWriteTest, NamedControlsSendTheirValue) {
 TEST_F(CatalogueWriteTest, AValueThatACopyDoesNotTellIsLeftAlone) {
   SelectTwo();
   EXPECT_TRUE(TakeLocalCopy(proc, "1 24-DEC!x\r\n", "copy"));
+  EXPECT_EQ(proc.transfer.CatalogueDfv, ".");
   EXPECT_TRUE(Save(Catalogue::Ovc));
   EXPECT_EQ(commands, (Shown{"DUS:3", "EXIT", "EXIT", "TSC1.EXC", "1 24-DEC!x", "EXIT"}));
   EXPECT_EQ(files.files["/zek/f127_0_0_1_5100_3 Second TSC1 EXC.TXT"], "1 24-DEC!x\r\n");
@@ -128,6 +129,8 @@ TEST(CatalogueWrite, IsSentOnlyWhenEveryStepHeld) {
     EXPECT_EQ(SaveCatalogue(session.proc, Catalogue::Wdc), each.onlyOnce)
         << each.name << " at " << each.at;
     EXPECT_EQ(session.prompts.shown.back(), each.onlyOnce ? "i T430" : "x T429")
+        << each.name << " at " << each.at;
+    EXPECT_EQ(session.socket.opened.size(), each.onlyOnce ? 2U : 3U)
         << each.name << " at " << each.at;
     EXPECT_EQ(session.proc.connection.CurrentTopic, -1);
     EXPECT_EQ(session.proc.transfer.Kind, TransferKind::Idle);

@@ -70,6 +70,17 @@ TEST(CommandText, NothingOfAHostileCatalogueIsSent) {
   }
 }
 
+TEST(CommandText, AnEscapeIsOneForTheDdeServerOnly) {
+  test::TransferSession session;
+  session.proc.transfer.CatalogueLines = {kLine + "{13}"};
+  for (const auto& [node, tagMode, sendable] :
+       {std::tuple("ONE", false, true), {"LOC", true, true}, {"LOC", false, false}}) {
+    session.Select(node);
+    session.proc.settings.TagMode = tagMode;
+    EXPECT_EQ(CheckSendable(session.proc, Catalogue::Wdc), sendable) << node << tagMode;
+  }
+}
+
 TEST(CommandText, AHostileNameIsNotAskedForEither) {
   test::TransferSession session;
   session.SelectTwo();

@@ -37,6 +37,9 @@ TEST(History, KeepsWhatIsReplacedUnderItsTime) {
   files.files[kLocal] = "second";
   EXPECT_FALSE(history.Keep(std::nullopt, kMorning));  // erased in the same second
   EXPECT_EQ(Ids(files), (std::vector<std::string>{"20261121-083000-2", "20261121-083000"}));
+  files.files[kLocal] = "third";
+  EXPECT_FALSE(history.Keep(std::nullopt, {2026, 1, 2, 3, 4, 5}));
+  EXPECT_EQ(Ids(files).back(), "20260102-030405");
 }
 
 TEST(History, TheOldestGoAndOnlyOnesOfItsOwn) {
@@ -45,7 +48,8 @@ TEST(History, TheOldestGoAndOnlyOnesOfItsOwn) {
   for (const char* const name :
        {"f1 WDC 2 20261121-083000.TXT", "f1 WDC.TXT", "f1 WDC 20261121-083000-.TXT",
         "f1 WDC 20261121-083000-12345.TXT", "f1 WDC 20261121.TXT", "f1 WDC .TXT",
-        "f1 WDC 20261121-083000.TXT.zvtmp12"}) {
+        "f1 WDC 20261121-083000.TXT.zvtmp12", "f1 WDC 20261121-083000.BAK",
+        "g1 WDC 20261121-083000.TXT"}) {
     files.files[std::string("/zek/History/") + name] = "foreign";
   }
   const std::size_t foreign = files.files.size();
@@ -102,6 +106,8 @@ TEST(History, DifferencesAreThoseOfTheLines) {
       {"a\r\nb\r\n", "a\nb", {}},
       {"a\r\nb\r\nc\r\n", "a\r\nx\r\nc\r\nd\r\n", {"- b", "+ x", "+ d"}},
       {"a\r\n", "", {"- a"}},
+      {"a\r\n", "x\r\na\r\n", {"+ x"}},
+      {"x\r\na\r\n", "a\r\n", {"- x"}},
       {".DFV = 1\r\na\r\n", ".DFV = 2\r\na\r\n", {"- .DFV = 1", "+ .DFV = 2"}},
   };
   for (const Case& c : cases) EXPECT_EQ(DifferencesOf(c.before, c.after), c.differences);
@@ -142,6 +148,16 @@ TEST_F(HistoryOfTransfers, WhatCanNotBeKeptStays) {
   EXPECT_EQ(files.files[path], "old\r\n");
   ASSERT_EQ(prompts.shown.size(), 2U);
   EXPECT_NE(prompts.shown[0].find("T769"), std::string::npos);
+  files.failWrites.reset();
+  EXPECT_TRUE(StoreLocalCopy(proc, Catalogue::Wdc, std::nullopt));
+  const KeptCopy kept = Kept().at(0);
+  const auto before = files.files;
+  files.failReads = FileError::Reason::Denied;
+  EXPECT_FALSE(EraseLocalCopy(proc, Catalogue::Wdc));
+  EXPECT_FALSE(RestoreLocalCopy(proc, Catalogue::Wdc, kept));
+  EXPECT_FALSE(CompareWithKept(proc, Catalogue::Wdc, kept));
+  EXPECT_EQ(prompts.shown.size(), 5U);
+  EXPECT_EQ(files.files, before);
 }
 
 }  // namespace

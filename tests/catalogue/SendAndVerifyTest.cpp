@@ -114,7 +114,8 @@ TEST_F(SendTest, WhatTheControllerDidNotTakeIsTold) {
   // The next try compares with what the controller has now.
   swallowed.clear();
   EXPECT_TRUE(Save({kOne, kTwo, third}));
-  EXPECT_NE(prompts.details.back().find("T705 (1)"), std::string::npos) << prompts.details.back();
+  EXPECT_NE(prompts.details.back().find("T705 (1)\r\n  WE "), std::string::npos)
+      << prompts.details.back();
 }
 
 TEST_F(SendTest, AChangedValueAndALineThatStaysAreTold) {
@@ -191,6 +192,13 @@ TEST_F(SendTest, StopTimesThatNoLineHoldsAreTold) {
   proc.transfer.NotInLines = LostStopTimes(table, Generation::Zek1);
   Save({});
   EXPECT_EQ(prompts.details[0], "T708 (1)\r\n  24-DEC-26,08:00..17:00  (T716)\r\n");
+  prompts.details.clear();
+  proc.transfer.NotInLines = {std::string(201, 'x'), "\x05" + std::string(199, 'y')};
+  Save({});
+  const std::string told =
+      "T706 (1)\r\n  MO..TU    07:00         1  0  (T707)\r\n\r\nT708 (2)\r\n  " +
+      std::string(200, 'x') + "...  (T716)\r\n  <5>" + std::string(199, 'y') + "  (T716)\r\n";
+  EXPECT_TRUE(prompts.details[0].starts_with(told)) << prompts.details[0];
 }
 
 }  // namespace

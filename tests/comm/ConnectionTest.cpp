@@ -32,6 +32,10 @@ TEST_F(ConnectionTest, TransparentServerBringsTheLinkUp) {
   EXPECT_EQ(socket.sent, "");
   EXPECT_EQ(proc.status.Connection, "First (ONE)");
   EXPECT_EQ(proc.countdowns.IdleCountdown, 300);
+  std::string shown;
+  proc.status.Changed = [&] { shown = proc.status.Sequence; };
+  socket.SayNow("0007>text\xFF");
+  EXPECT_EQ(shown, "0007");
   connection.Connect(kOne);
   EXPECT_EQ(socket.opened.size(), 1U) << "the connected topic is not opened again";
 }
@@ -46,9 +50,51 @@ TEST_F(ConnectionTest, DusIsSentOnceTheSocketIsConnected) {
 
 TEST_F(ConnectionTest, PausesAfterConnectingWithADusNumber) {
   profile.WriteIni("TCPIP", "DelayAfterConnect", "4");
-  connection.Connect(kTwo);
-  EXPECT_GE(turn.Now(), 4000);
-  EXPECT_EQ(connection.CurrentTopic, kTwo);
+  for (const auto& [number, pause] : {std::pair("3", 4000), {"1", 4000}, {"0", 0}}) {
+    proc.topics[kTwo].Address = "127.0.0.1:5100:" + std::string(number);
+    const auto start = turn.Now();
+    connection.Connect(kTwo);
+    EXPECT_NEAR(static_cast<double>(turn.Now() - start), pause, 300) << number;
+    EXPECT_EQ(connection.CurrentTopic, kTwo) << number;
+    connection.Disconnect();
+  }
+}
+
+TEST_F(ConnectionTest, DisconnectClosesAndAwaitsASocketThatIsUp) {
+  proc.settings.DisconnectDelay = 3;
+  dde.onConnected = [this] { dde.Say("0000><TRANSPARENT>"); };
+  const auto disconnect = [this](std::int16_t topic, int closeMilliseconds) {
+    socket.closeMilliseconds = dde.closeMilliseconds = closeMilliseconds;
+    connection.Connect(topic);
+    const auto start = turn.Now();
+    EXPECT_TRUE(connection.Disconnect());
+    EXPECT_EQ(connection.CurrentTopic, -1);
+    return static_cast<double>(turn.Now() - start);
+  };
+  EXPECT_EQ(disconnect(kOne, 0), 0);
+  EXPECT_EQ(socket.State(), LinkState::Closed);
+  EXPECT_NEAR(disconnect(kOne, 500), 500, 50);
+  EXPECT_EQ(socket.State(), LinkState::Closed);
+  EXPECT_NEAR(disconnect(kOne, -1), 3000, 250) << "no longer than the setting says";
+  EXPECT_EQ(disconnect(kLocal, -1), 0);
+  EXPECT_EQ(dde.State(), LinkState::Closing);
+}
+
+TEST_F(ConnectionTest, AllIsSentOnceThePeerHasConfirmedIt) {
+  profile.WriteIni("TCPIP", "SendTimeOut", "2");
+  connection.Connect(kOne);
+  socket.confirmMilliseconds = 500;
+  socket.Send("x");
+  auto start = turn.Now();
+  EXPECT_TRUE(connection.AwaitAllSent());
+  EXPECT_NEAR(static_cast<double>(turn.Now() - start), 500, 50);
+  socket.acknowledges = false;
+  start = turn.Now();
+  EXPECT_FALSE(connection.AwaitAllSent());
+  EXPECT_NEAR(static_cast<double>(turn.Now() - start), 2000, 250);
+  socket.acknowledges = true;
+  connection.Disconnect();
+  EXPECT_FALSE(connection.AwaitAllSent()) << "who is not connected has sent nothing";
 }
 
 TEST_F(ConnectionTest, FailuresAreToldAndLeaveNothingOpen) {
@@ -278,19 +324,27 @@ TEST_F(ConnectionTest, TagModeOpensAndClosesInOrder) {
   EXPECT_EQ(connection.CurrentTopic, kNet);
   EXPECT_EQ(turn.Now(), 2000);
   tags.replies = {"", "0001>text"};
+  std::string shown;
+  proc.status.Changed = [&] { shown = proc.status.Sequence; };
   EXPECT_TRUE(connection.SendCommand("LIST"));
   proc.waits.WaitSeconds(1);
   EXPECT_EQ(connection.ReplyLine, "text");
+  EXPECT_EQ(shown, "0001");
   EXPECT_TRUE(connection.Disconnect());
   EXPECT_EQ(tags.calls, (Shown{"Open  ", "NETTAG=2", "NET=transparent open", "NET=LIST\r",
                                "NET=transparent close", "NETTAG=1", "Close"}));
   tags.calls.clear();
   connection.CloseAllTags();
   EXPECT_EQ(tags.calls, (Shown{"Open  ", "NETTAG=0", "Close"}));
+  tags.calls.clear();
+  connection.Connect(kOne);  // the first object, and without a tag
+  EXPECT_TRUE(connection.Disconnect());
+  EXPECT_EQ(tags.calls,
+            (Shown{"Open  ", "ONE=transparent open", "ONE=transparent close", "Close"}));
 }
 
 TEST_F(ConnectionTest, WhatTheTagObjectSaysIsTold) {
-  proc.texts.Read("688=Tag (%1)\r\n512=T512\r\n");
+  proc.texts.Read("688=Tag (%1)\r\n512=T512\r\n513=T513\r\n");
   proc.settings.TagMode = true;
   tags.opens = false;
   tags.fault = "Open: no licence";
@@ -317,6 +371,26 @@ TEST_F(ConnectionTest, WhatTheTagObjectSaysIsTold) {
   connection.Connect(kNet);
   proc.waits.WaitSeconds(5);
   EXPECT_EQ(prompts.shown, Shown{"c Tag (TagRead: gone)"}) << "anew for each connection";
+
+  connection.Disconnect();
+  tags.faultInReading.clear();
+  prompts.shown.clear();
+  // At the call itself, whether it went well or not.
+  const auto told = [this](const std::string& at, bool taken) {
+    tags.takes = [this, at, taken](const std::string&, const std::string& value) {
+      if (value == at) tags.fault = at;
+      return value != at || taken;
+    };
+    prompts.shown.clear();
+    if (connection.CurrentTopic == -1) connection.Connect(kNet);
+    if (at == "transparent close") connection.Disconnect();
+    return prompts.shown;
+  };
+  EXPECT_EQ(told("transparent open", false),
+            (Shown{"c Tag (transparent open)", "c T512 Tag 'NETTAG'"}));
+  EXPECT_EQ(told("transparent open", true), Shown{"c Tag (transparent open)"});
+  EXPECT_EQ(told("transparent close", false), (Shown{"c T513", "c Tag (transparent close)"}));
+  EXPECT_EQ(told("transparent close", true), Shown{"c Tag (transparent close)"});
 }
 
 TEST_F(ConnectionTest, TagModeFailures) {

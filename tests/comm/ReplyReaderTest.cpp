@@ -102,6 +102,16 @@ TEST(ReplyReader, DroppingIsToldOnce) {
   EXPECT_EQ(notes.events.back(), "[clean]");
 }
 
+TEST(ReplyReader, TheSequenceIsThatOfTheLatestText) {
+  Notes notes;
+  ReplyReader reader;
+  for (const auto& [text, sequence] :
+       {std::pair("1234>a\n", "1234"), {"5678>", "5678"}, {"90", "90"}, {"", ""}}) {
+    reader.HandleReplyText(text, notes);
+    EXPECT_EQ(reader.Sequence(), sequence);
+  }
+}
+
 TEST(SocketText, NumbersPlainTextAndWraps) {
   SocketText socket;
   socket.Reset(true);
@@ -132,6 +142,9 @@ TEST(ReplyLog, AFileMayBeLongerAndShrinksLineByLine) {
   EXPECT_EQ(log.Lines().back(), "new");
   EXPECT_EQ(log.Added(), 1U);
   EXPECT_EQ(log.Replaced(), 1U);  // a view looks at both
+  log.Add("not looked at");
+  log.Replace({"a\tb"});
+  EXPECT_EQ(log.Lines().back(), "a\tb") << "a file's lines are shown as they are";
 }
 
 }  // namespace

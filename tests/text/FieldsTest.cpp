@@ -12,6 +12,7 @@ TEST(Fields, GetFieldCountsFromZero) {
   EXPECT_EQ(GetField("a!b!c", 3, "!"), "");
   EXPECT_EQ(GetField("", 0, "!"), "");
   EXPECT_EQ(GetField("a!!c", 1, "!"), "");
+  EXPECT_EQ(GetField("a.b..c", 1, ".."), "c");
 }
 
 TEST(Fields, EmptySeparatorMeansTabOrSemicolon) {

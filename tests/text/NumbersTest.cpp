@@ -25,6 +25,7 @@ TEST(Numbers, ValReadsTheLeadingNumber) {
   for (const auto& [text, value] : cases) EXPECT_EQ(Val(text), value) << text;
   EXPECT_EQ(Val("0." + std::string(400, '0') + "1"), 0);
   EXPECT_EQ(Val(std::string(400, '9') + ".1"), std::numeric_limits<double>::max());
+  EXPECT_EQ(Val("1" + std::string(21, '0')), 1e21);
 }
 
 TEST(Numbers, ToInt16RoundsHalfToEvenAndRefusesTheRest) {

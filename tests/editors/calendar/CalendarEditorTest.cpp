@@ -162,6 +162,8 @@ TEST_F(CalendarEditorTest, CellsInShapesAndWords) {
   EXPECT_EQ(editor.CellName(24, texts), "torsdag 24 december 2026, SD1, i dag");
   editor.Press(25);
   editor.Drag(26);
+  for (int day = 24; day <= 27; ++day)
+    EXPECT_EQ(editor.Cell(day, texts).selected, day == 25 || day == 26) << day;
   EXPECT_EQ(editor.CellName(26, texts), "lordag 26 december 2026, som mandag, markerad");
   EXPECT_EQ(editor.CellName(23, texts), "onsdag 23 december 2026, som \xF6ndag");
   for (const auto& [day, spoken] : {std::pair("Apple", "apple"),

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "editors/CatalogueLimits.h"
+#include "editors/LineNumbers.h"
 #include "editors/weekday/WeekdayRecords.h"
 #include "editors/weekday/WeekdayText.h"
 #include "lang/TextNumbers.h"
@@ -133,6 +134,7 @@ TEST(WeekdayText, SeventeenthRowIsStoredForNoDay) {
 }
 
 TEST(WeekdayText, NumbersStart) {
+  EXPECT_EQ(LineNumber("1234567"), 123456);
   const std::vector<std::tuple<std::string, Lines, int>> cases = {
       {"TSC1", {}, 1000},
       {"TSC1", {" 7 !U!", " 1205 !TSC1!MO!", " 3 !TSC1!MO!"}, 1205},
