@@ -1,6 +1,7 @@
 #include "ui/WxPrompts.h"
 
 #include <wx/msgdlg.h>
+#include <wx/toplevel.h>
 
 #include "lang/TextNumbers.h"
 #include "text/Controls.h"
@@ -30,9 +31,15 @@ long StyleOf(Icon icon) {
 // Who presses Enter through a row of messages must not agree to a warning.
 long Standard(Icon icon) { return icon == Icon::Exclamation ? wxNO_DEFAULT : wxYES_DEFAULT; }
 
-}  // namespace
+// The form that was opened last, above which a box belongs. It need not be the active one: none may
+// be while a catalogue is transferred.
+wxWindow* LastForm() {
+  for (auto form = wxTopLevelWindows.rbegin(); form != wxTopLevelWindows.rend(); ++form) {
+    if ((*form)->IsShown() && !(*form)->IsBeingDeleted()) return *form;
+  }
+  return nullptr;
+}
 
-namespace {
 // A line of a controller or a file can be longer than any screen and hold anything.
 wxString Readable(std::string_view message) {
   constexpr std::size_t longest = 1000;
@@ -49,8 +56,8 @@ wxString Readable(std::string_view message) {
 }  // namespace
 
 int WxPrompts::Ask(long style, const std::string& message, const std::string& caption) const {
-  wxMessageDialog box(wxGetActiveWindow(), Readable(message),
-                      caption.empty() ? "ZekView" : ToWx(caption), style);
+  wxMessageDialog box(LastForm(), Readable(message), caption.empty() ? "ZekView" : ToWx(caption),
+                      style);
   if (texts_ != nullptr && (style & wxYES_NO) == wxYES_NO) {
     box.SetYesNoLabels(ToWx(texts_->Text(text::kYes)), ToWx(texts_->Text(text::kNo)));
   }
@@ -67,9 +74,8 @@ bool WxPrompts::AskYesNo(Icon icon, const std::string& question, const std::stri
 
 int WxPrompts::AskDetails(long style, const std::string& message, const std::string& caption,
                           const PromptDetails& details) const {
-  DetailsBox box(wxGetActiveWindow(),
-                 {style, caption.empty() ? "ZekView" : ToWx(caption), Readable(message),
-                  ToWx(details.label), ToWx(details.lines)});
+  DetailsBox box(LastForm(), {style, caption.empty() ? "ZekView" : ToWx(caption), Readable(message),
+                              ToWx(details.label), ToWx(details.lines)});
   if (texts_ != nullptr && (style & wxYES_NO) == wxYES_NO) {
     box.SetYesNoLabels(ToWx(texts_->Text(text::kYes)), ToWx(texts_->Text(text::kNo)));
   }
