@@ -142,9 +142,9 @@ void History::Prune() {
   std::stable_partition(kept.begin(), kept.end(),
                         [this](const KeptCopy& copy) { return copy.path == justKept_; });
   // One that can't be removed is only one too many; the next time tries again.
-  for (std::size_t i = static_cast<std::size_t>(count_); i < kept.size(); ++i) {
-    static_cast<void>(files_.Remove(kept[i].path));
-  }
+  const auto most = std::min(static_cast<std::size_t>(count_), kept.size());
+  std::for_each(kept.begin() + static_cast<std::ptrdiff_t>(most), kept.end(),
+                [this](const KeptCopy& copy) { static_cast<void>(files_.Remove(copy.path)); });
 }
 
 // The longest common part of both, by the usual table; a local copy has some 200 lines.

@@ -48,12 +48,12 @@ class HistoryForm final : public wxDialog {
                  wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX, "ZV_TSCHistory"),
         proc_(proc) {
     for (const auto& [catalogue, caption] : kKinds) {
-      if (!LocalFileOf(proc.selection, catalogue).empty()) kinds_.push_back({catalogue, caption});
+      if (!LocalFileOf(proc.selection, catalogue).empty()) kinds_.emplace_back(catalogue, caption);
     }
     Build();
     Choice_Kind->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowKept(); });
     List_Kept->Bind(wxEVT_LISTBOX, [this](wxCommandEvent&) { ShowDifferences(); });
-    Command_Restore->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Restore(); });
+    Command_Restore->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { RestoreChosen(); });
     RememberPlacement(*this, "ZV_TSCHistory");
     if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
     // Once it is on the screen: before, nothing can have the focus.
@@ -165,7 +165,7 @@ class HistoryForm final : public wxDialog {
     Text_Differences->SetInsertionPoint(0);
   }
 
-  void Restore() {
+  void RestoreChosen() {
     const int chosen = List_Kept->GetSelection();
     if (chosen == wxNOT_FOUND) return;
     const KeptCopy copy = kept_.at(static_cast<std::size_t>(chosen));

@@ -34,10 +34,11 @@ long Standard(Icon icon) { return icon == Icon::Exclamation ? wxNO_DEFAULT : wxY
 // The form that was opened last, above which a box belongs. It need not be the active one: none may
 // be while a catalogue is transferred.
 wxWindow* LastForm() {
-  for (auto form = wxTopLevelWindows.rbegin(); form != wxTopLevelWindows.rend(); ++form) {
-    if ((*form)->IsShown() && !(*form)->IsBeingDeleted()) return *form;
+  wxWindow* last = nullptr;
+  for (wxWindow* const form : wxTopLevelWindows) {
+    if (form->IsShown() && !form->IsBeingDeleted()) last = form;
   }
-  return nullptr;
+  return last;
 }
 
 // A line of a controller or a file can be longer than any screen and hold anything.

@@ -49,8 +49,8 @@ bool IsValue(ExceptionBox box) {
 
 }  // namespace
 
-OvcGrid::OvcGrid(wxWindow* parent, ExceptionEditor& editor, const Parts& parts)
-    : wxPanel(parent), editor_(editor), parts_(parts) {
+OvcGrid::OvcGrid(wxWindow* parent, ExceptionEditor& editor, Parts parts)
+    : wxPanel(parent), editor_(editor), parts_(std::move(parts)) {
   BuildLabels();
   BuildBoxes();
   LayOut();

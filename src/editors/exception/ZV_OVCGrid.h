@@ -26,7 +26,7 @@ class OvcGrid final : public wxPanel {
     std::function<void()> changed;  // called after every entry
   };
 
-  OvcGrid(wxWindow* parent, ExceptionEditor& editor, const Parts& parts);
+  OvcGrid(wxWindow* parent, ExceptionEditor& editor, Parts parts);
 
   void ShowRow(std::size_t row);
 
