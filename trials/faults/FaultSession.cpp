@@ -79,7 +79,7 @@ std::string Ini(const FaultCase& what) {
 
 }  // namespace
 
-FaultSession::FaultSession(const FaultCase& what, std::size_t floodBytes)
+FaultSession::FaultSession(const FaultCase& what, std::size_t floodBytes, bool verify)
     : what_(what),
       outstation_(OutstationOf(what)),
       plant_(*this, outstation_, what, floodBytes),
@@ -87,6 +87,7 @@ FaultSession::FaultSession(const FaultCase& what, std::size_t floodBytes)
   files.files["/ini/ZEKView.INI"] = Ini(what);
   Load("");
   Select("X/AHU1");
+  proc.settings.VerifyAfterWrite = verify;
   localCopy_ = "/zek/" + LocalFileOf(proc.selection, what.catalogue);
   files.files[localCopy_] = kOldCopy;
 }
@@ -97,14 +98,16 @@ void FaultSession::Expect(bool holds, const std::string& what) {
 
 std::string FaultSession::Run() {
   const std::int64_t start = turn.Now();
-  const bool done = Transferred();
-  CheckTime(turn.Now() - start);
+  done_ = Transferred();
+  const bool done = done_;
+  const bool verified = proc.settings.VerifyAfterWrite;
+  if (!verified) CheckTime(turn.Now() - start);
   if (what_.write) {
     CheckWrite(done);
   } else {
     CheckRead(done);
   }
-  Expect(done || !MustSucceed(), "fails, though a later attempt could succeed");
+  Expect(done || verified || !MustSucceed(), "fails, though a later attempt could succeed");
   CheckAtRest();
   CheckNext();
   if (wrong_.empty()) return {};
@@ -179,8 +182,9 @@ void FaultSession::CheckWrite(bool sent) {
   if (!sent) return;
   const bool there = Listing() == newLines_ && (!what_.HasDfv() || ValueThere() == kNewValue);
   unnoticed_ = !there;
-  Expect(there || IsUnnoticeable(), "sent, but the controller does not have it");
-  Expect(prompts.shown.back() == "i T430", "sent, but told otherwise");
+  const bool verified = proc.settings.VerifyAfterWrite;
+  Expect(there || (IsUnnoticeable() && !verified), "sent, but the controller does not have it");
+  Expect(prompts.shown.back() == (verified ? "i T721" : "i T430"), "sent, but told otherwise");
 }
 
 void FaultSession::CheckAtRest() {

@@ -11,13 +11,16 @@ namespace zek::faults {
 /// the checks after its transfer.
 class FaultSession : private test::TestSession {
  public:
-  FaultSession(const FaultCase& what, std::size_t floodBytes);
+  /// With `verify` a write is checked by a read-back (setting `VerifyAfterWrite`).
+  FaultSession(const FaultCase& what, std::size_t floodBytes, bool verify = false);
 
   /// Runs the transfer and another read behind it. Whatever is wrong, as one text; "" if nothing.
   std::string Run();
 
   /// After `Run`: told as done although it isn't, which nothing in the dialogue shows.
   bool Unnoticed() const { return unnoticed_; }
+  /// After `Run`: told as done.
+  bool ToldDone() const { return done_; }
 
  private:
   bool Transferred();
@@ -42,6 +45,7 @@ class FaultSession : private test::TestSession {
   std::string localCopy_;  // its path
   std::string wrong_;
   bool unnoticed_ = false;
+  bool done_ = false;
 };
 
 }  // namespace zek::faults
