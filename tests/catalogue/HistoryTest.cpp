@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "app/Settings.h"
 #include "catalogue/Catalogue.h"
 #include "catalogue/History.h"
 #include "support/TransferSession.h"
@@ -9,6 +10,7 @@ namespace {
 
 constexpr LocalTime kMorning{2026, 11, 21, 8, 30, 0};
 const std::string kLocal = "/zek/f1 WDC.TXT";
+const std::string kFolder = WithSeparator("/zek/History");
 
 // The ids of what is kept of "f1 WDC.TXT", the newest first.
 std::vector<std::string> Ids(Files& files, int count = 50) {
@@ -30,7 +32,7 @@ TEST(History, KeepsWhatIsReplacedUnderItsTime) {
   const std::vector<KeptCopy> kept = history.Kept();
   ASSERT_EQ(kept.size(), 1U);
   EXPECT_EQ(kept[0].time, "2026-11-21 08:30:00");
-  EXPECT_EQ(kept[0].path, "/zek/History/f1 WDC 20261121-083000.TXT");
+  EXPECT_EQ(kept[0].path, kFolder + "f1 WDC 20261121-083000.TXT");
   EXPECT_EQ(files.files[kept[0].path], "first");
   EXPECT_FALSE(history.Keep("third", kMorning));  // it is kept, the replacing must have failed
   EXPECT_EQ(history.Kept().size(), 1U);
@@ -50,7 +52,7 @@ TEST(History, TheOldestGoAndOnlyOnesOfItsOwn) {
         "f1 WDC 20261121-083000-12345.TXT", "f1 WDC 20261121.TXT", "f1 WDC .TXT",
         "f1 WDC 20261121-083000.TXT.zvtmp12", "f1 WDC 20261121-083000.BAK",
         "g1 WDC 20261121-083000.TXT"}) {
-    files.files[std::string("/zek/History/") + name] = "foreign";
+    files.files[kFolder + name] = "foreign";
   }
   const std::size_t foreign = files.files.size();
   LocalTime now = kMorning;
@@ -90,7 +92,7 @@ TEST(History, LongNamesAreCutAndKeptApart) {
     History history(files, "/zek/", name, 50);
     EXPECT_FALSE(history.Keep(std::nullopt, kMorning));
     ASSERT_EQ(history.Kept().size(), 1U);
-    EXPECT_LE(history.Kept()[0].path.size(), 255 + std::string("/zek/History/").size());
+    EXPECT_LE(history.Kept()[0].path.size(), 255 + kFolder.size());
     EXPECT_EQ(files.files[history.Kept()[0].path], std::string(1, last));
   }
 }

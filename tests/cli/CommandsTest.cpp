@@ -144,7 +144,8 @@ TEST(Commands, HistoryListsComparesAndRestores) {
   Program program;
   const std::string local = "/zek/f127_0_0_1_5100_3 Second TSC1";
   program.session.files.files[local + ".TXT"] = "1001 now\r\n";
-  program.session.files.files["/zek/History" + local.substr(4) + " 20261121-083000.TXT"] =
+  program.session.files
+      .files[WithSeparator("/zek/History") + local.substr(5) + " 20261121-083000.TXT"] =
       "1001 then\r\n";
   const std::vector<std::string> history{"history", "wdc", "TWO/TSC1"};
   const auto with = [&](const std::vector<std::string>& more) {
