@@ -20,6 +20,14 @@ PromptDetails ManyLines() {
   return details;
 }
 
+// The order of the buttons is the system's.
+void TabToLines() {
+  for (int tries = 0; tries < 3 && !HasFocus("Text_Details"); ++tries) {
+    Press(WXK_TAB);
+    Pump(100);
+  }
+}
+
 bool Ask(Icon icon, std::vector<Step> steps) {
   WxPrompts prompts;
   Play(std::move(steps));
@@ -34,11 +42,11 @@ TEST(DetailsBox, AnswersByKeyAndByMouseAsABoxDoes) {
                   {{FocusOn(wxID_NO), [] { Click(*wxWindow::FindWindowById(wxID_YES)); }}}));
 }
 
-TEST(DetailsBox, ItsLinesAreScrolledByKeyAndCannotBeChanged) {
+TEST(DetailsBox, ItsLinesAreReachedByKeyAndCannotBeChanged) {
   EXPECT_FALSE(Ask(Icon::Question, {{FocusOn(wxID_YES), [] {
                                        const std::string before = Value("Text_Details");
                                        EXPECT_NE(before.find("line 150"), std::string::npos);
-                                       Reach("Text_Details", [] { Click(*Shown("Text_Details")); });
+                                       Reach("Text_Details", TabToLines);
                                        Type("x");
                                        Press(WXK_END, wxMOD_CONTROL);
                                        EXPECT_TRUE(PumpUntil([] {
