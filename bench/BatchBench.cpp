@@ -6,13 +6,13 @@
 #include <vector>
 
 #include "Limits.h"
-#include "app/DiskFiles.h"
-#include "app/FileProfile.h"
-#include "catalogue/BatchExport.h"
+#include "export/BatchExport.h"
+#include "settings/FileProfile.h"
 #include "support/FakeTags.h"
 #include "support/MemoryLink.h"
 #include "support/ScriptedPrompts.h"
 #include "support/VirtualTurn.h"
+#include "system/DiskFiles.h"
 
 namespace zek::bench {
 namespace {

@@ -7,8 +7,8 @@
 
 #include "Limits.h"
 #include "OnePass.h"
-#include "editors/CatalogueLimits.h"
-#include "editors/calendar/CalendarText.h"
+#include "formats/CalendarText.h"
+#include "formats/CatalogueLimits.h"
 
 namespace zek::bench {
 namespace {

@@ -5,8 +5,8 @@
 
 #include "Limits.h"
 #include "OnePass.h"
-#include "editors/CatalogueLimits.h"
-#include "editors/exception/ExceptionText.h"
+#include "formats/CatalogueLimits.h"
+#include "formats/ExceptionText.h"
 
 namespace zek::bench {
 namespace {

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string>
 
-#include "editors/weekday/WeekdayTable.h"
+#include "formats/WeekdayTable.h"
 
 namespace zek::bench {
 

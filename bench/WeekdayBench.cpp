@@ -6,8 +6,8 @@
 #include "LibicalSchedule.h"
 #include "Limits.h"
 #include "OnePass.h"
-#include "editors/CatalogueLimits.h"
-#include "editors/weekday/WeekdayText.h"
+#include "formats/CatalogueLimits.h"
+#include "formats/WeekdayText.h"
 
 namespace zek::bench {
 namespace {

@@ -4,9 +4,9 @@
 
 #include "Demand.h"
 #include "Targets.h"
-#include "editors/calendar/CalendarText.h"
-#include "editors/exception/ExceptionText.h"
-#include "editors/weekday/WeekdayText.h"
+#include "formats/CalendarText.h"
+#include "formats/ExceptionText.h"
+#include "formats/WeekdayText.h"
 #include "text/Lines.h"
 
 namespace zek::fuzz {

@@ -4,9 +4,9 @@
 
 #include "Demand.h"
 #include "Targets.h"
-#include "app/CommandLine.h"
-#include "cli/Arguments.h"
-#include "sim/PlantOptions.h"
+#include "commands/Arguments.h"
+#include "plant/PlantOptions.h"
+#include "settings/CommandLine.h"
 #include "text/Lines.h"
 #include "text/Windows1252.h"
 

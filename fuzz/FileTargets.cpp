@@ -4,9 +4,9 @@
 #include "Demand.h"
 #include "Targets.h"
 #include "catalogue/LocalFiles.h"
-#include "editors/CatalogueLimits.h"
-#include "sim/Plant.h"
-#include "sim/PlantCatalogueText.h"
+#include "formats/CatalogueLimits.h"
+#include "plant/Plant.h"
+#include "plant/PlantCatalogueText.h"
 
 namespace zek::fuzz {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <utility>
 
-#include "app/ProfileText.h"
+#include "settings/ProfileText.h"
 
 namespace zek::fuzz {
 

@@ -3,9 +3,9 @@
 #include <cstdint>
 #include <string>
 
-#include "editors/calendar/CalendarText.h"
-#include "editors/exception/ExceptionText.h"
-#include "editors/weekday/WeekdayTable.h"
+#include "formats/CalendarText.h"
+#include "formats/ExceptionText.h"
+#include "formats/WeekdayTable.h"
 
 namespace zek::fuzz {
 

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "RandomTables.h"
-#include "editors/weekday/WeekdayText.h"
+#include "formats/WeekdayText.h"
 
 namespace zek::fuzz {
 namespace {

@@ -4,10 +4,10 @@
 #include "Demand.h"
 #include "MemoryProfile.h"
 #include "Targets.h"
-#include "app/LogPrompts.h"
-#include "app/Settings.h"
 #include "catalogue/ObjectTree.h"
-#include "editors/exception/ExceptionOptions.h"
+#include "formats/ExceptionOptions.h"
+#include "settings/Settings.h"
+#include "system/LogPrompts.h"
 #include "text/Lines.h"
 
 namespace zek::fuzz {

@@ -20,16 +20,16 @@
 #include <wx/apptrait.h>
 #include <wx/evtloop.h>
 
-#include "app/DiskFiles.h"
-#include "app/Paths.h"
-#include "app/Process.h"
-#include "app/SettingsFile.h"
-#include "app/WxLater.h"
-#include "app/WxTurn.h"
-#include "cli/CliPrompts.h"
-#include "cli/Commands.h"
 #include "comm/SystemLinks.h"
-#include "comm/WxTcpLink.h"
+#include "commands/CliPrompts.h"
+#include "commands/Commands.h"
+#include "settings/SettingsFile.h"
+#include "system/DiskFiles.h"
+#include "system/Paths.h"
+#include "system/Process.h"
+#include "wxbase/WxLater.h"
+#include "wxbase/WxTcpLink.h"
+#include "wxbase/WxTurn.h"
 
 namespace zek::cli {
 namespace {

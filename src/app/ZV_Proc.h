@@ -4,19 +4,19 @@
 #include <functional>
 #include <string>
 
-#include "app/CommandLine.h"
-#include "app/Files.h"
-#include "app/LocalTime.h"
-#include "app/Profile.h"
-#include "app/PromptSwitch.h"
-#include "app/Prompts.h"
-#include "app/Settings.h"
-#include "app/Turn.h"
-#include "catalogue/BatchState.h"
 #include "catalogue/LocalFiles.h"
 #include "catalogue/ObjectTree.h"
 #include "comm/Connection.h"
+#include "export/BatchState.h"
 #include "lang/LanguageTexts.h"
+#include "settings/CommandLine.h"
+#include "settings/Profile.h"
+#include "settings/Settings.h"
+#include "system/Files.h"
+#include "system/LocalTime.h"
+#include "system/PromptSwitch.h"
+#include "system/Prompts.h"
+#include "system/Turn.h"
 
 namespace zek {
 

@@ -6,7 +6,7 @@
 #include <span>
 #include <tuple>
 
-#include "editors/CatalogueLine.h"
+#include "formats/CatalogueLine.h"
 
 namespace zek {
 namespace {

@@ -3,14 +3,14 @@
 #include <algorithm>
 #include <span>
 
-#include "editors/CatalogueDate.h"
-#include "editors/CatalogueLine.h"
-#include "editors/CatalogueTime.h"
-#include "editors/CatalogueValue.h"
-#include "editors/DayKeys.h"
-#include "editors/LineNumbers.h"
-#include "editors/exception/ExceptionText.h"
-#include "editors/weekday/WeekdayText.h"
+#include "formats/CatalogueDate.h"
+#include "formats/CatalogueLine.h"
+#include "formats/CatalogueTime.h"
+#include "formats/CatalogueValue.h"
+#include "formats/DayKeys.h"
+#include "formats/ExceptionText.h"
+#include "formats/LineNumbers.h"
+#include "formats/WeekdayText.h"
 #include "text/Fields.h"
 #include "text/Numbers.h"
 

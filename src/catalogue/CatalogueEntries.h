@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "catalogue/Catalogue.h"
-#include "comm/Generation.h"
-#include "editors/calendar/CalendarText.h"
+#include "formats/CalendarText.h"
+#include "formats/Generation.h"
 
 namespace zek {
 

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <utility>
 
-#include "app/Settings.h"
 #include "catalogue/LocalFiles.h"
+#include "settings/Settings.h"
 #include "text/Numbers.h"
 
 namespace zek {

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "app/Files.h"
-#include "app/LocalTime.h"
+#include "system/Files.h"
+#include "system/LocalTime.h"
 
 namespace zek {
 

@@ -6,10 +6,10 @@
 #include <string_view>
 #include <vector>
 
-#include "app/Profile.h"
-#include "app/Prompts.h"
 #include "comm/TopicTable.h"
 #include "lang/LanguageTexts.h"
+#include "settings/Profile.h"
+#include "system/Prompts.h"
 
 namespace zek {
 

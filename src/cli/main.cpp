@@ -10,18 +10,18 @@
 #include <wx/log.h>
 #include <wx/socket.h>
 
-#include "app/DiskFiles.h"
-#include "app/Interrupt.h"
-#include "app/Paths.h"
-#include "app/Process.h"
-#include "app/SettingsFile.h"
-#include "app/WxLater.h"
-#include "app/WxTurn.h"
-#include "catalogue/BatchExport.h"
-#include "cli/Commands.h"
 #include "comm/SystemLinks.h"
-#include "comm/WxTcpLink.h"
+#include "commands/Commands.h"
+#include "export/BatchExport.h"
+#include "settings/SettingsFile.h"
+#include "system/DiskFiles.h"
+#include "system/Interrupt.h"
+#include "system/Paths.h"
+#include "system/Process.h"
 #include "text/Windows1252.h"
+#include "wxbase/WxLater.h"
+#include "wxbase/WxTcpLink.h"
+#include "wxbase/WxTurn.h"
 
 namespace zek::cli {
 namespace {

@@ -4,9 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "app/Profile.h"
-#include "app/Prompts.h"
-#include "app/Settings.h"
 #include "comm/Countdowns.h"
 #include "comm/Link.h"
 #include "comm/ReplyLog.h"
@@ -16,6 +13,9 @@
 #include "comm/TagServer.h"
 #include "comm/TopicTable.h"
 #include "comm/Transfer.h"
+#include "settings/Profile.h"
+#include "settings/Settings.h"
+#include "system/Prompts.h"
 
 namespace zek {
 

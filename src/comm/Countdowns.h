@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
-#include "app/Settings.h"
-#include "app/Turn.h"
+#include "settings/Settings.h"
+#include "system/Turn.h"
 
 namespace zek {
 

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "comm/Later.h"
+#include "system/Later.h"
 
 namespace zek {
 

@@ -7,11 +7,11 @@
 #include <string_view>
 #include <vector>
 
-#include "app/Profile.h"
-#include "app/Prompts.h"
-#include "app/Settings.h"
-#include "comm/Generation.h"
+#include "formats/Generation.h"
 #include "lang/LanguageTexts.h"
+#include "settings/Profile.h"
+#include "settings/Settings.h"
+#include "system/Prompts.h"
 
 namespace zek {
 

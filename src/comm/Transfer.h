@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "comm/Countdowns.h"
-#include "editors/CatalogueLimits.h"
+#include "formats/CatalogueLimits.h"
 
 namespace zek {
 

@@ -3,8 +3,8 @@
 #include <memory>
 #include <string_view>
 
-#include "comm/Later.h"
 #include "comm/Link.h"
+#include "system/Later.h"
 
 namespace zek {
 

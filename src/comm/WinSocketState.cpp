@@ -1,7 +1,7 @@
 #include <winsock2.h>
 
-#include "app/WinText.h"
 #include "comm/SocketState.h"
+#include "system/WinText.h"
 
 namespace zek {
 

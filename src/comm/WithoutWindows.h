@@ -2,10 +2,10 @@
 
 #include <utility>
 
-#include "comm/Later.h"
 #include "comm/Link.h"
 #include "comm/TagServer.h"
 #include "lang/TextNumbers.h"
+#include "system/Later.h"
 
 namespace zek {
 

@@ -2,13 +2,13 @@
 
 #include <string>
 
-#include "app/DiskFiles.h"
-#include "app/SettingsFile.h"
-#include "app/WxLater.h"
-#include "app/WxTurn.h"
 #include "app/ZV_Proc.h"
 #include "comm/SystemLinks.h"
-#include "comm/WxTcpLink.h"
+#include "settings/SettingsFile.h"
+#include "system/DiskFiles.h"
+#include "wxbase/WxLater.h"
+#include "wxbase/WxTcpLink.h"
+#include "wxbase/WxTurn.h"
 
 namespace zek {
 

@@ -13,13 +13,13 @@
 #include <wx/sstream.h>
 #include <wx/stdpaths.h>
 
-#include "app/Interrupt.h"
-#include "app/Process.h"
-#include "app/ZV_Main.h"
 #include "desktop/Desktop.h"
 #include "desktop/StartUp.h"
 #include "desktop/Tour.h"
 #include "desktop/Unattended.h"
+#include "forms/main/ZV_Main.h"
+#include "system/Interrupt.h"
+#include "system/Process.h"
 #include "ui/WxPrompts.h"
 
 namespace zek {

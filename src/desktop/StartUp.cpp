@@ -8,11 +8,11 @@
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
 
-#include "app/Paths.h"
-#include "app/Process.h"
 #include "desktop/Unattended.h"
+#include "forms/main/ZV_Lang.h"
 #include "lang/TextNumbers.h"
-#include "lang/ZV_Lang.h"
+#include "system/Paths.h"
+#include "system/Process.h"
 
 namespace zek {
 namespace {

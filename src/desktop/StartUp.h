@@ -6,8 +6,8 @@
 #include <wx/defs.h>
 #include <wx/snglinst.h>
 
-#include "app/CommandLine.h"
 #include "desktop/Desktop.h"
+#include "settings/CommandLine.h"
 
 namespace zek {
 

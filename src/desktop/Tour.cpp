@@ -9,9 +9,9 @@
 #include <wx/textctrl.h>
 #include <wx/treectrl.h>
 
-#include "app/ZV_Main.h"
-#include "catalogue/ZV_TSC.h"
 #include "desktop/ScreenPicture.h"
+#include "forms/browser/ZV_TSC.h"
+#include "forms/main/ZV_Main.h"
 #include "text/Windows1252.h"
 
 namespace zek {

@@ -7,9 +7,9 @@
 #include <wx/timer.h>
 #include <wx/window.h>
 
-#include "app/Prompts.h"
-#include "app/WxTurn.h"
 #include "app/ZV_Proc.h"
+#include "system/Prompts.h"
+#include "wxbase/WxTurn.h"
 
 namespace zek {
 

@@ -3,9 +3,9 @@
 #include <iostream>
 #include <string>
 
-#include "app/CommandLine.h"
-#include "app/LogPrompts.h"
 #include "app/ZV_Proc.h"
+#include "settings/CommandLine.h"
+#include "system/LogPrompts.h"
 #include "text/Windows1252.h"
 
 namespace zek {

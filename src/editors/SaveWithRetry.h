@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-#include "app/Prompts.h"
-#include "editors/BuiltLines.h"
+#include "formats/BuiltLines.h"
 #include "lang/LanguageTexts.h"
+#include "system/Prompts.h"
 
 namespace zek {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "app/Files.h"
+#include "system/Files.h"
 
 namespace zek {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "app/Files.h"
 #include "lang/LanguageTexts.h"
+#include "system/Files.h"
 
 namespace zek {
 

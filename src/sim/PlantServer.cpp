@@ -5,8 +5,8 @@
 
 #include <wx/platinfo.h>
 
-#include "sim/PlantFolder.h"
-#include "sim/Traffic.h"
+#include "plant/PlantFolder.h"
+#include "plant/Traffic.h"
 
 namespace zek::sim {
 

@@ -7,8 +7,8 @@
 #include <wx/event.h>
 #include <wx/socket.h>
 
-#include "sim/Plant.h"
-#include "sim/PlantOptions.h"
+#include "plant/Plant.h"
+#include "plant/PlantOptions.h"
 #include "sim/ServerClient.h"
 
 namespace zek::sim {

@@ -8,7 +8,7 @@
 #include <wx/socket.h>
 #include <wx/timer.h>
 
-#include "sim/PlantConversation.h"
+#include "plant/PlantConversation.h"
 
 namespace zek::sim {
 

@@ -9,11 +9,11 @@
 
 #include <wx/app.h>
 
-#include "app/Process.h"
-#include "sim/PlantDde.h"
-#include "sim/PlantFolder.h"
-#include "sim/PlantOptions.h"
+#include "plant/PlantDde.h"
+#include "plant/PlantFolder.h"
+#include "plant/PlantOptions.h"
 #include "sim/PlantServer.h"
+#include "system/Process.h"
 
 namespace {
 

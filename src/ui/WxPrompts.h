@@ -2,8 +2,8 @@
 
 #include <wx/window.h>
 
-#include "app/Prompts.h"
 #include "lang/LanguageTexts.h"
+#include "system/Prompts.h"
 
 namespace zek {
 

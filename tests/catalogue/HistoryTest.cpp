@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "app/Settings.h"
 #include "catalogue/Catalogue.h"
 #include "catalogue/History.h"
+#include "settings/Settings.h"
 #include "support/TransferSession.h"
 
 namespace zek {

@@ -4,7 +4,7 @@
 #include <iostream>
 #include <memory>
 
-#include "catalogue/BatchExport.h"
+#include "export/BatchExport.h"
 #include "support/TransferSession.h"
 
 // Waits run events, so whatever a user may do can come from inside any of them. Each operation is

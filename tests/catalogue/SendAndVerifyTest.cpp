@@ -2,7 +2,7 @@
 #include <map>
 
 #include "catalogue/LastRead.h"
-#include "editors/exception/ExceptionDrops.h"
+#include "formats/ExceptionDrops.h"
 #include "support/TransferSession.h"
 
 namespace zek {

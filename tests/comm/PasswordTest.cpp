@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 #include <iostream>
 
-#include "catalogue/BatchExport.h"
 #include "comm/Secret.h"
+#include "export/BatchExport.h"
 #include "support/TestSession.h"
 #include "text/Fields.h"
 

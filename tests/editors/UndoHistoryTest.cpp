@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "editors/CalendarEditor.h"
+#include "editors/ExceptionEditor.h"
 #include "editors/UndoHistory.h"
-#include "editors/calendar/CalendarEditor.h"
-#include "editors/exception/ExceptionEditor.h"
-#include "editors/weekday/WeekdayEditor.h"
+#include "editors/WeekdayEditor.h"
 #include "support/ScriptedPrompts.h"
 #include "text/Fields.h"
 

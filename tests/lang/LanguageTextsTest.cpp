@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
-#include "app/DiskFiles.h"
 #include "lang/BuiltInTexts.h"
 #include "lang/LanguageTexts.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
 #include "support/TestSession.h"
+#include "system/DiskFiles.h"
 
 namespace zek {
 namespace {

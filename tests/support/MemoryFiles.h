@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "app/Files.h"
+#include "system/Files.h"
 
 namespace zek::test {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "app/Prompts.h"
+#include "system/Prompts.h"
 
 namespace zek::test {
 

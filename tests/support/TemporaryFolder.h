@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "app/Paths.h"
+#include "system/Paths.h"
 
 namespace zek::test {
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "app/FileProfile.h"
 #include "app/ZV_Proc.h"
+#include "settings/FileProfile.h"
 #include "support/FakeTags.h"
 #include "support/MemoryFiles.h"
 #include "support/MemoryLink.h"

@@ -4,8 +4,8 @@
 #include <functional>
 #include <map>
 
-#include "app/Settings.h"
-#include "app/Turn.h"
+#include "settings/Settings.h"
+#include "system/Turn.h"
 
 namespace zek::test {
 

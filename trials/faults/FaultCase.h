@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "catalogue/Catalogue.h"
-#include "comm/Generation.h"
+#include "formats/Generation.h"
 
 namespace zek::faults {
 

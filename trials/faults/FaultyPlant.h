@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "faults/FaultCase.h"
-#include "sim/PlantSession.h"
+#include "plant/PlantSession.h"
 #include "support/TestSession.h"
 
 namespace zek::faults {

@@ -4,11 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "app/DiskFiles.h"
-#include "app/SettingsFile.h"
 #include "catalogue/Catalogue.h"
-#include "cli/Commands.h"
+#include "commands/Commands.h"
+#include "settings/SettingsFile.h"
 #include "support/TransferSession.h"
+#include "system/DiskFiles.h"
 
 namespace zek::test {
 

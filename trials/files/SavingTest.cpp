@@ -9,12 +9,12 @@
 #include <map>
 #include <unistd.h>
 
-#include "app/BesideName.h"
 #include "files/Child.h"
 #include "files/DiskProgram.h"
 #include "files/Tree.h"
 #include "lang/Message.h"
 #include "support/TemporaryFolder.h"
+#include "system/BesideName.h"
 
 namespace zek {
 namespace {

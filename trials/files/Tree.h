@@ -7,7 +7,7 @@
 #include <string>
 #include <unistd.h>
 
-#include "app/Paths.h"
+#include "system/Paths.h"
 
 namespace zek::test {
 

@@ -14,8 +14,8 @@
 #include <optional>
 #include <string>
 
-#include "sim/PlantFolder.h"
-#include "sim/PlantSession.h"
+#include "plant/PlantFolder.h"
+#include "plant/PlantSession.h"
 #include "text/Fields.h"
 #include "text/Windows1252.h"
 

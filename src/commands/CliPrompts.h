@@ -1,0 +1,34 @@
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <string_view>
+
+#include "system/Prompts.h"
+
+namespace zek::cli {
+
+/// Message boxes as lines of standard error (UTF-8), details below them; questions have one answer,
+/// set beforehand.
+class CliPrompts final : public Prompts {
+ public:
+  explicit CliPrompts(std::ostream& err) : err_(err) {}
+
+  bool answerYes = false;  // to every question
+  int asked = 0;           // questions so far
+
+  using Prompts::Show;
+  void Show(Icon icon, const std::string& message, const std::string& caption) override;
+  bool AskYesNo(Icon icon, const std::string& question, const std::string& caption) override;
+  void ShowDetails(Icon icon, const std::string& message, const std::string& caption,
+                   const PromptDetails& details) override;
+  bool AskWithDetails(Icon icon, const std::string& question, const std::string& caption,
+                      const PromptDetails& details) override;
+
+ private:
+  void Print(std::string_view lines);
+
+  std::ostream& err_;
+};
+
+}  // namespace zek::cli

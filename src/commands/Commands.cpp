@@ -1,0 +1,151 @@
+#include "commands/Commands.h"
+
+#include <iterator>
+
+#include "catalogue/LastRead.h"
+#include "commands/CheckCommand.h"
+#include "commands/ExportCommand.h"
+#include "commands/FileOperand.h"
+#include "commands/HistoryCommand.h"
+#include "lang/Message.h"
+#include "lang/TextNumbers.h"
+#include "text/Windows1252.h"
+
+namespace zek::cli {
+namespace {
+
+// A whole second without a line ends `send`: the first tick may come at once.
+constexpr std::int16_t kSilenceTicks = kTicksPerSecond + 1;
+
+ExitStatus Refuse(Console& console, const std::string& why) {
+  console.err << "zekview-cli: " << why << '\n';
+  return kWrongUsage;
+}
+
+ExitStatus Topics(Console& console) {
+  for (std::int16_t index = 0; index < console.proc.topics.TopicCount(); ++index) {
+    const Topic& topic = console.proc.topics[index];
+    console.out << index << '\t'
+                << Utf8FromWindows1252(topic.TopicName + '\t' + std::to_string(topic.TopicType) +
+                                       '\t' + topic.Address + '\t' + topic.Description)
+                << '\n';
+  }
+  return kDone;
+}
+
+ExitStatus Objects(Console& console) {
+  for (std::size_t node = 0; node < console.proc.tree.size(); ++node) {
+    const std::string path = FullPath(console.proc.tree, node);
+    console.out << console.proc.tree[node].Key << '\t' << Utf8FromWindows1252(path) << '\n';
+  }
+  return kDone;
+}
+
+// Prints every reply line until none has come for a second.
+ExitStatus Send(Console& console, const std::string& topicName, const std::string& text) {
+  ZV_Proc& proc = console.proc;
+  const std::int16_t topic = proc.topics.Find(Windows1252FromUtf8(topicName));
+  if (topic < 0) return Refuse(console, "unknown topic " + topicName);
+  if (!FitsWindows1252(text))
+    return Refuse(console, "the command holds characters that no controller knows");
+  proc.connection.Connect(topic);
+  if (proc.connection.CurrentTopic != topic) return kFailed;
+  bool answered = false;
+  proc.log.Echo = [&](const std::string& line) {
+    answered = true;
+    proc.countdowns.DelayCountdown = kSilenceTicks;
+    console.out << Utf8FromWindows1252(line) << '\n';
+  };
+  const bool sent = proc.connection.SendCommand(Windows1252FromUtf8(text));
+  proc.countdowns.DelayCountdown = sent ? kSilenceTicks : std::int16_t{0};
+  proc.waits.While([&proc] { return proc.countdowns.DelayCountdown > 0; });
+  proc.log.Echo = nullptr;
+  proc.connection.Disconnect();
+  if (!answered) console.err << "zekview-cli: no answer from " << topicName << '\n';
+  return sent && answered ? kDone : kFailed;
+}
+
+void PrintCatalogue(Console& console, Catalogue catalogue) {
+  const Transfer& transfer = console.proc.transfer;
+  if (catalogue != Catalogue::Sdc && HasNamedControls(console.proc)) {
+    console.out << ".DFV = " << Utf8FromWindows1252(transfer.CatalogueDfv) << '\n';
+  }
+  for (const std::string& line : transfer.CatalogueLines) {
+    console.out << Utf8FromWindows1252(line) << '\n';
+  }
+}
+
+ExitStatus Get(Console& console, Catalogue catalogue, bool local) {
+  console.prompts.answerYes = local;
+  if (!GetCatalogue(console.proc, catalogue)) return kFailed;
+  PrintCatalogue(console, catalogue);
+  return kDone;
+}
+
+ExitStatus Put(Console& console, Catalogue catalogue, const std::string& file, bool noSend) {
+  const std::optional<std::string> text = ReadFileOperand(console, file);
+  if (!text) return kWrongUsage;
+  if (!TakeLocalCopy(console.proc, *text, Windows1252FromUtf8(file))) return kFailed;
+  console.prompts.answerYes = !noSend;
+  RememberLocalCopy(console.proc, catalogue);
+  const bool saved = SaveCatalogue(console.proc, catalogue);
+  // A question that was answered No comes only after the local copy was stored.
+  const bool storedOnly = noSend && console.prompts.asked > 0;
+  return saved || storedOnly ? kDone : kFailed;
+}
+
+// The commands that work on one catalogue of one node.
+ExitStatus RunCatalogueCommand(Console& console, const Arguments& arguments) {
+  const std::string& kind = arguments.operands[0];
+  const std::string& name = arguments.operands[1];
+  const std::optional<Catalogue> catalogue = CatalogueOf(kind);
+  if (!catalogue) return Refuse(console, "unknown kind " + kind + " (wdc, sdc or ovc)");
+  const auto node = FindNode(console.proc.tree, console.proc.topics, Windows1252FromUtf8(name));
+  if (!node) return Refuse(console, "unknown node " + name);
+  SelectNode(console.proc, *node);
+  if (LocalFileOf(console.proc.selection, *catalogue).empty()) {
+    return Refuse(console, Utf8FromWindows1252(console.proc.Text(text::kNoSuchCatalogue)) + " (" +
+                               name + ")");
+  }
+  if (arguments.command == "get") return Get(console, *catalogue, arguments.local);
+  if (arguments.command == "put") {
+    return Put(console, *catalogue, arguments.operands[2], arguments.noSend);
+  }
+  if (arguments.command == "history") return HistoryOfCatalogue(console, *catalogue, arguments);
+  return Check(console, *catalogue, *node, arguments);
+}
+
+}  // namespace
+
+ExitStatus StartSession(Console& console) {
+  ZV_Proc& proc = console.proc;
+  if (!CheckSettingsFile(proc)) return kWrongUsage;
+  if (!LoadLanguage(proc)) {
+    console.err << "zekview-cli: no language file: setting Language in [General] of "
+                << proc.settings.IniPath << "ZEKView.INI names none in "
+                << proc.settings.ProgramPath << '\n';
+    return kFailed;
+  }
+  if (!LoadSettings(proc.settings, {}, proc.outside.profile, proc.texts, proc.outside.prompts)) {
+    return kFailed;
+  }
+  if (proc.settings.TagMode && !proc.outside.tags.Create()) {
+    proc.outside.prompts.Show(Icon::None, proc.Text(text::kNoTagObject));
+    return kFailed;
+  }
+  LoadTopics(proc);
+  return kDone;
+}
+
+ExitStatus RunCommand(Console& console, const Arguments& arguments) {
+  if (arguments.command == "topics") return Topics(console);
+  if (arguments.command == "send") {
+    return Send(console, arguments.operands[0], arguments.operands[1]);
+  }
+  LoadTree(console.proc);
+  if (arguments.command == "objects") return Objects(console);
+  if (arguments.command == "export") return Export(console, arguments);
+  return RunCatalogueCommand(console, arguments);
+}
+
+}  // namespace zek::cli

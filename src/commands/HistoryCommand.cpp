@@ -1,0 +1,49 @@
+#include "commands/HistoryCommand.h"
+
+#include <algorithm>
+
+#include "text/Controls.h"
+#include "text/Windows1252.h"
+
+namespace zek::cli {
+namespace {
+
+ExitStatus Refuse(Console& console, const std::string& why) {
+  console.err << "zekview-cli: history: " << why << '\n';
+  return kWrongUsage;
+}
+
+ExitStatus List(Console& console, const std::vector<KeptCopy>& kept) {
+  for (const KeptCopy& copy : kept) console.out << copy.id << '\t' << copy.time << '\n';
+  return kDone;
+}
+
+ExitStatus Compare(Console& console, Catalogue catalogue, const KeptCopy& copy) {
+  auto differences = CompareWithKept(console.proc, catalogue, copy);
+  if (!differences) return kFailed;
+  for (std::string& line : *differences) {
+    ShowControls(line);
+    console.out << Utf8FromWindows1252(line) << '\n';
+  }
+  return kDone;
+}
+
+}  // namespace
+
+ExitStatus HistoryOfCatalogue(Console& console, Catalogue catalogue, const Arguments& arguments) {
+  const std::vector<KeptCopy> kept = HistoryOf(console.proc, catalogue).Kept();
+  constexpr std::size_t what = 2;
+  constexpr std::size_t id = 3;
+  if (arguments.operands.size() == what) return List(console, kept);
+  const std::string& action = arguments.operands[what];
+  if (action != "compare" && action != "restore") return Refuse(console, "unknown " + action);
+  if (arguments.operands.size() == id) return Refuse(console, action + " needs an ID");
+  const auto copy = std::find_if(kept.begin(), kept.end(), [&](const KeptCopy& each) {
+    return each.id == arguments.operands[id];
+  });
+  if (copy == kept.end()) return Refuse(console, "there is no copy " + arguments.operands[id]);
+  if (action == "compare") return Compare(console, catalogue, *copy);
+  return RestoreLocalCopy(console.proc, catalogue, *copy) ? kDone : kFailed;
+}
+
+}  // namespace zek::cli

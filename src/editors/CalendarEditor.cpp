@@ -1,0 +1,247 @@
+#include "editors/CalendarEditor.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+#include "formats/CalendarNames.h"
+#include "formats/Holidays.h"
+#include "lang/Message.h"
+#include "lang/TextNumbers.h"
+
+namespace zek {
+namespace {
+
+constexpr int kSunday = 6;  // of the columns
+
+// The column of a date, Monday being 0.
+int ColumnOf(const CalendarDate& date) {
+  const std::chrono::year_month_day day{std::chrono::year{date.year},
+                                        std::chrono::month{static_cast<unsigned>(date.month) + 1},
+                                        std::chrono::day{static_cast<unsigned>(date.day)}};
+  return static_cast<int>(std::chrono::weekday{std::chrono::sys_days{day}}.iso_encoding()) - 1;
+}
+
+int Distance(CalendarMove move) {
+  switch (move) {
+    case CalendarMove::Left:
+      return -1;
+    case CalendarMove::Right:
+      return 1;
+    case CalendarMove::Up:
+      return -kDaysOfWeek;
+    case CalendarMove::Down:
+      return kDaysOfWeek;
+    case CalendarMove::Home:
+    case CalendarMove::End:
+      break;
+  }
+  return 0;
+}
+
+}  // namespace
+
+DayColour CalendarCell::Colour() const {
+  if (selected) return DayColour::Selected;
+  return free ? DayColour::Free : DayColour::Ordinary;
+}
+
+void ShowRefused(const RefusedDates& refused, Prompts& prompts, const LanguageTexts& texts) {
+  const std::string message = texts.Text(refused.text);
+  if (refused.text == text::kDayTypeUnknown) {
+    prompts.Show(Icon::Information, message + " (" + refused.line + ")");
+  } else if (refused.text == text::kCalendarCut) {
+    prompts.Show(Icon::Information,
+                 Message(message, {std::to_string(kCalendarEntries), refused.number}));
+  } else {
+    prompts.Show(Icon::Information, Message(message, {refused.number}));
+  }
+}
+
+CalendarEditor::CalendarEditor(std::span<const std::string> lines, std::string name,
+                               const CalendarYears& years, const CalendarDate& today, Access access)
+    : name_(std::move(name)),
+      years_(years),
+      today_(today),
+      access_(access),
+      history_(CalendarTable(today.year)),
+      month_(today.month),
+      cursor_(today.day) {
+  CalendarReading reading = ReadCalendar(lines, years_, today.year);
+  history_ = decltype(history_)(reading.table);
+  refused_ = std::move(reading.refused);
+  linesLost_ = reading.linesLost;
+}
+
+// --- What is shown ---
+
+int CalendarEditor::FirstColumn() const { return ColumnOf(DateOf(1)); }
+
+std::optional<int> CalendarEditor::DayAt(int row, int column) const {
+  if (row < 0 || column < 0 || column >= kDaysOfWeek) return std::nullopt;
+  const int day = row * kDaysOfWeek + column - FirstColumn() + 1;
+  return day >= 1 && day <= Days() ? std::optional(day) : std::nullopt;
+}
+
+void CalendarEditor::Leave() {
+  anchor_.reset();
+  dragging_ = false;
+  cursor_ = std::min(cursor_, Days());
+}
+
+void CalendarEditor::ShowYear(int year) {
+  year_ = std::clamp(year, 0, kCalendarYears - 1);
+  Leave();
+}
+
+void CalendarEditor::ShowMonth(int month) {
+  month_ = std::clamp(month, 0, kMonthsOfYear - 1);
+  Leave();
+}
+
+bool CalendarEditor::Step(int months) {
+  const int target = year_ * kMonthsOfYear + month_ + months;
+  if (target < 0 || target >= kCalendarYears * kMonthsOfYear) return false;
+  year_ = target / kMonthsOfYear;
+  month_ = target % kMonthsOfYear;
+  Leave();
+  return true;
+}
+
+bool CalendarEditor::IsFree(int day) const {
+  return (FirstColumn() + day - 1) % kDaysOfWeek == kSunday || IsHoliday(DateOf(day));
+}
+
+CalendarCell CalendarEditor::Cell(int day, const LanguageTexts& texts) const {
+  const std::optional<DayRun> selection = Selection();
+  CalendarCell cell;
+  cell.number = std::to_string(day);
+  cell.type = DayTypeAbbreviation(Table().TypeOn(DateOf(day)), texts);
+  cell.free = IsFree(day);
+  cell.selected = selection && day >= selection->first && day <= selection->last;
+  cell.today = DateOf(day) == today_;
+  return cell;
+}
+
+std::string CalendarEditor::MonthText(const LanguageTexts& texts) const {
+  return MonthName(DateOf(1), texts);
+}
+
+std::string CalendarEditor::CellName(int day, const LanguageTexts& texts) const {
+  const CalendarCell cell = Cell(day, texts);
+  const CalendarDate date = DateOf(day);
+  std::string name = DateName(date, ColumnOf(date), texts);
+  const auto add = [&name](const std::string& part) { name.append(", ").append(part); };
+  if (const auto type = Table().TypeOn(date); type != kNoDayType) add(SpokenDayType(type, texts));
+  if (IsHoliday(date)) add(texts.Text(text::kSpokenHoliday));
+  if (cell.today) add(texts.Text(text::kSpokenToday));
+  if (cell.selected) add(texts.Text(text::kSpokenSelected));
+  return name;
+}
+
+// --- Selection ---
+
+void CalendarEditor::ChooseType(int type) {
+  type_ = static_cast<std::int16_t>(std::clamp(type, 0, kCalendarDayTypes));
+}
+
+std::optional<DayRun> CalendarEditor::Selection() const {
+  if (!anchor_) return std::nullopt;
+  return DayRun{std::min(*anchor_, cursor_), std::max(*anchor_, cursor_)};
+}
+
+void CalendarEditor::Press(std::optional<int> day) {
+  dragging_ = day.has_value();
+  if (!day) return;
+  anchor_ = day;
+  cursor_ = *day;
+}
+
+void CalendarEditor::Drag(std::optional<int> day) {
+  if (dragging_ && day) cursor_ = *day;
+}
+
+void CalendarEditor::Release(std::optional<int> day, Prompts& prompts, const LanguageTexts& texts) {
+  if (!dragging_) return;
+  Drag(day);
+  dragging_ = false;
+  Apply(prompts, texts);
+}
+
+void CalendarEditor::CancelDrag() {
+  if (!std::exchange(dragging_, false)) return;
+  cursor_ = anchor_.value_or(cursor_);
+  anchor_.reset();
+}
+
+void CalendarEditor::MoveCursor(CalendarMove move, bool extend) {
+  if (!extend) anchor_.reset();
+  dragging_ = false;
+  if (extend && !anchor_) anchor_ = cursor_;
+  if (move == CalendarMove::Home) {
+    cursor_ = 1;
+  } else if (move == CalendarMove::End) {
+    cursor_ = Days();
+  } else if (extend) {
+    cursor_ = std::clamp(cursor_ + Distance(move), 1, Days());
+  } else {
+    MoveBeyond(cursor_ + Distance(move));
+  }
+}
+
+// Puts the cursor on a day that may lie in the month before or after; beyond the six years it
+// stays.
+void CalendarEditor::MoveBeyond(int day) {
+  const int days = Days();
+  if (day < 1) {
+    if (Last()) cursor_ = Days() + day;
+  } else if (day > days) {
+    if (Next()) cursor_ = day - days;
+  } else {
+    cursor_ = day;
+  }
+}
+
+// --- Changes ---
+
+void CalendarEditor::Apply(Prompts& prompts, const LanguageTexts& texts) {
+  if (ViewOnly()) return;
+  if (type_ != kNoDayType && !years_.Has(DateOf(1).year)) return TellYear(prompts, texts);
+  const DayRun run = Selection().value_or(DayRun{cursor_, cursor_});
+  bool room = true;
+  history_.Change({year_, month_, cursor_, anchor_}, [&](CalendarTable& table) {
+    room = table.Give(DateOf(run.first), DateOf(run.last), type_);
+  });
+  if (room) return;
+  prompts.Show(Icon::Information,
+               Message(texts.Text(text::kCalendarFull), {std::to_string(kCalendarEntries)}));
+}
+
+bool CalendarEditor::ShowPlace(const std::optional<CalendarPlace>& place) {
+  if (!place) return false;
+  ShowYear(place->year);
+  ShowMonth(place->month);
+  cursor_ = place->cursor;
+  anchor_ = place->anchor;
+  return true;
+}
+
+void CalendarEditor::TellYear(Prompts& prompts, const LanguageTexts& texts) const {
+  const bool fourDigits = years_.generation == Generation::Zek2;
+  prompts.Show(
+      Icon::Information,
+      Message(texts.Text(text::kCalendarYear),
+              {std::to_string(DateOf(1).year), std::to_string(CalendarYears::kFirst),
+               std::to_string(years_.Last()), fourDigits ? "SDCLastYear" : "SDCLastTwoDigitYear",
+               std::to_string(fourDigits ? years_.lastYear : years_.lastTwoDigitYear)}));
+}
+
+SaveOutcome CalendarEditor::Save(const CatalogueWriter& writer, Prompts& prompts,
+                                 const LanguageTexts& texts) const {
+  if (ViewOnly()) return SaveOutcome::NotTried;
+  constexpr RetryTexts retry{text::kWeekdayRetry, text::kWeekdayRetryTitle};
+  return SaveWithRetry(BuildCalendar(Table(), name_, years_.generation), linesLost_, writer, retry,
+                       prompts, texts);
+}
+
+}  // namespace zek

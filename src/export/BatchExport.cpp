@@ -1,0 +1,205 @@
+#include "export/BatchExport.h"
+
+#include <algorithm>
+
+#include "export/LoadedCatalogue.h"
+#include "lang/Message.h"
+#include "lang/TextNumbers.h"
+#include "system/LogPrompts.h"
+
+namespace zek {
+namespace {
+std::string BatchDirectory(const Settings& settings) { return settings.ProgramPath + "Batch"; }
+}  // namespace
+
+BatchExport::~BatchExport() {
+  if (!IsRunning()) return;
+  Cancel();
+  Finish();
+}
+
+void BatchExport::Start() {
+  Batch& batch = proc_.batch;
+  if (batch.IsRunning()) return;
+  batch.State = BatchState::Started;
+  batch.IncludeBatchHeader =
+      ReadYesNo(proc_.outside.profile, "General", "IncludeBatchHeader", "yes");
+  passes_.clear();
+  if (batch.Kinds.WDC) passes_.push_back({BatchState::WdcPass, BatchFile(Catalogue::Wdc)});
+  if (batch.Kinds.SDC) passes_.push_back({BatchState::SdcPass, BatchFile(Catalogue::Sdc)});
+  if (batch.Kinds.OVC) passes_.push_back({BatchState::OvcPass, BatchFile(Catalogue::Ovc)});
+  for (Pass& pass : passes_) {
+    pass.file.Open(proc_.outside.files, BatchDirectory(proc_.settings), proc_.outside.now());
+    if (batch.IncludeBatchHeader) pass.file.WriteHeader(proc_.outside.now());
+  }
+  proc_.transfer.CatalogueLoaded = false;
+  report_ = {};
+  const auto controls = std::count_if(proc_.tree.begin(), proc_.tree.end(),
+                                      [](const TreeNode& node) { return node.IsTimeControl(); });
+  report_.planned = static_cast<std::size_t>(controls) * passes_.size();
+  batch.Steps = report_.planned;
+  batch.Step = 0;
+  report_.plantCut = batch.PlantCut;
+  proc_.status.Changed();
+}
+
+bool BatchExport::Tick() {
+  if (stepping_ || !IsRunning()) return false;
+  stepping_ = true;
+  Step();
+  stepping_ = false;
+  // A cancel that came after the last wait of a fetch must not end the waits of others.
+  proc_.waits.CancelRequested = false;
+  return IsRunning();
+}
+
+void BatchExport::Step() {
+  Batch& batch = proc_.batch;
+  if (proc_.outside.turn.Quitting()) Cancel();
+  if (batch.State == BatchState::Started) {
+    batch.BatchNodeIndex = 0;
+    batch.State = BatchState::WdcPass;
+  }
+  if (batch.BatchNodeIndex >= proc_.tree.size()) NextState();
+  const std::size_t node = batch.BatchNodeIndex;
+  if (node < proc_.tree.size()) Select(node);
+  if (batch.State == BatchState::Finishing) {
+    Finish();
+    return;
+  }
+  const auto pass = std::find_if(passes_.begin(), passes_.end(),
+                                 [&](const Pass& each) { return each.state == batch.State; });
+  if (pass != passes_.end() && node < proc_.tree.size() && proc_.tree[node].IsTimeControl()) {
+    Export(*pass, node);
+  }
+  ++batch.BatchNodeIndex;
+}
+
+// All nodes were visited.
+void BatchExport::NextState() {
+  Batch& batch = proc_.batch;
+  batch.BatchNodeIndex = 0;
+  if (batch.State == BatchState::Finishing) return;
+  proc_.transfer.CatalogueLoaded = false;
+  if (batch.State == BatchState::WdcPass) {
+    batch.State = BatchState::SdcPass;
+  } else if (batch.State == BatchState::SdcPass) {
+    batch.State = BatchState::OvcPass;
+  } else {
+    batch.State = BatchState::Finishing;
+    if (!batch.IncludeBatchHeader) return;
+    for (Pass& pass : passes_) pass.file.WriteFinished(proc_.outside.now());
+  }
+}
+
+void BatchExport::Select(std::size_t node) {
+  SelectNode(proc_, node);
+  // Every time control of a modern controller has catalogues of its own.
+  if (proc_.topics[proc_.tree[node].Object].TopicType == 2) proc_.transfer.CatalogueLoaded = false;
+  proc_.batch.Labels = LabelsOf(proc_.tree[node]);
+  Selected(node);
+}
+
+void BatchExport::Export(Pass& pass, std::size_t node) {
+  Batch& batch = proc_.batch;
+  batch.Node = NodeName(proc_.tree, proc_.topics, node);
+  batch.Kind = KindName(pass.file.Kind());
+  ++batch.Step;
+  proc_.status.Changed();
+  told_.clear();
+  LogPrompts log([this](const std::string& line) { TakeMessage(line); });
+  const PromptsInstead noBoxes(proc_.prompts, log);
+  batch.BatchBusy = true;
+  const bool tried = FetchAndWrite(pass);
+  batch.BatchBusy = false;
+  if (!tried) return;
+  if (told_.empty()) {
+    ++pass.exported;
+    return;
+  }
+  constexpr std::size_t longest = 300;  // a controller's line can have any length
+  std::string why = told_.front().substr(0, longest);
+  if (told_.size() > 1) {
+    why = Message(Text(text::kBatchMoreMessages), {why, std::to_string(told_.size() - 1)});
+  }
+  report_.failures.push_back({batch.Node, batch.Kind, std::move(why)});
+}
+
+// What went wrong is in `told_` afterwards. False when the catalogue was not tried for: after a
+// cancel, and where there is no file to write it to, which the report says once for all nodes.
+bool BatchExport::FetchAndWrite(Pass& pass) {
+  if (!pass.file.IsOpen()) return false;
+  const Catalogue kind = pass.file.Kind();
+  if (!GetCatalogue(proc_, kind)) {
+    if (proc_.batch.State == BatchState::Finishing || proc_.outside.turn.Quitting()) return false;
+    if (told_.empty()) TakeMessage(Text(text::kNoAnswer));
+    return true;
+  }
+  // What was said on the way to a whole catalogue does not make it worse.
+  if (proc_.transfer.LinesDropped == 0) told_.clear();
+  const LoadedCatalogue loaded = LoadCatalogue(proc_, kind, proc_.batch.Labels);
+  const auto error = pass.file.WriteRecords(loaded.records);
+  if (error) TakeMessage(FileMessage(proc_.texts, *error));
+  return true;
+}
+
+void BatchExport::TakeMessage(const std::string& line) {
+  told_.push_back(line);
+  proc_.log.Add(proc_.batch.Node + " " + proc_.batch.Kind + ": " + line);
+}
+
+void BatchExport::Cancel() {
+  if (!IsRunning() || proc_.batch.State == BatchState::Finishing) return;
+  proc_.batch.State = BatchState::Finishing;
+  proc_.batch.BatchBusy = false;
+  proc_.waits.CancelRequested = stepping_;
+  report_.stopped = true;
+  for (Pass& pass : passes_) pass.file.WriteStopped(proc_.outside.now());
+  proc_.status.Changed();
+}
+
+void BatchExport::Finish() {
+  for (Pass& pass : passes_) {
+    pass.file.Close();
+    if (pass.file.Error()) {
+      std::vector<std::string>& errors = report_.fileErrors;
+      std::string message = FileMessage(proc_.texts, *pass.file.Error());
+      if (std::find(errors.begin(), errors.end(), message) == errors.end())
+        errors.push_back(std::move(message));
+    }
+    if (!pass.file.IsInPlace()) continue;
+    report_.exported += pass.exported;
+    report_.files.push_back(pass.file.Path());
+  }
+  proc_.log.Add(report_.Headline(proc_.texts));
+  for (const std::string& error : report_.fileErrors) proc_.log.Add(error);
+  proc_.batch.State = BatchState::Idle;
+  proc_.batch.BatchBusy = false;
+  proc_.batch.Succeeded = report_.Succeeded();
+  proc_.status.SetTransfer(Text(text::kBatchFinished));
+}
+
+void BatchExport::StoreReport() {
+  std::string text;
+  const auto add = [&text](const std::string& line) { text.append(line).append("\r\n"); };
+  for (const std::string& note : proc_.batch.Notes) add(note);
+  add(report_.Headline(proc_.texts));
+  for (const std::string& line : report_.Details(proc_.texts)) add(line);
+  const std::string path = WithSeparator(BatchDirectory(proc_.settings)) + "BATCH" +
+                           FileStamp(proc_.outside.now()) + ".TXT";
+  const auto error = proc_.outside.files.Write(path, text);
+  if (!error) return;
+  proc_.outside.prompts.Show(Icon::Exclamation, FileMessage(proc_.texts, *error));
+  for (const std::string& line : report_.Details(proc_.texts))
+    proc_.outside.prompts.Show(Icon::None, line);
+}
+
+std::string BatchProgress(const ZV_Proc& proc) {
+  const Batch& batch = proc.batch;
+  if (!batch.IsRunning() || batch.Step == 0) return {};
+  return Message(proc.Text(text::kBatchProgress),
+                 {batch.Node, batch.Kind, std::to_string(batch.Step), std::to_string(batch.Steps),
+                  std::to_string(batch.Steps - batch.Step)});
+}
+
+}  // namespace zek

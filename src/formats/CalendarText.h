@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "formats/BuiltLines.h"
+#include "formats/CalendarTable.h"
+#include "formats/Generation.h"
+#include "settings/Settings.h"
+
+namespace zek {
+
+/// The text form of a special-day calendar: numbered lines, one a date or a run of dates, with
+/// fields between "!". Columns count from 1.
+///
+/// | Layout of ordinary time controls        | Layout of "PLT" time controls             |
+/// |-----------------------------------------|-------------------------------------------|
+/// | 1-5    line number, right-aligned       | 2-5    line number, left-aligned          |
+/// | 7      "!"                              | 7-31   date or run                        |
+/// | 8-59   date or run                      | 32     "!"                                |
+/// | 60     "!"                              | 33-    day type                           |
+/// | 61-    day type (MO to SU, SD1 to SD7)  |                                           |
+///
+/// A date is DD-MON-YY on a ZEK1 and DD-MON-YYYY on a ZEK2, a run is two dates joined by "..".
+/// Line 1000 of a ZEK1 and line 701 of PLT7 on a ZEK2, from column 1 on:
+///  " 1000 !24-DEC-26..26-DEC-26                                !SD1"
+///  " 701  24-DEC-2026..26-DEC-2026 !SD1"
+
+/// Which years a controller's dates can have.
+struct CalendarYears {
+  Generation generation = Generation::Zek1;
+  int lastTwoDigitYear = 20;  // ZEK1: 0 to this means 2000 and on, 94 to 99 the years from 1994
+  int lastYear = 2030;        // ZEK2
+
+  static constexpr int kFirst = 1994;
+
+  int Last() const { return generation == Generation::Zek2 ? lastYear : 2000 + lastTwoDigitYear; }
+  bool Has(int year) const { return year >= kFirst && year <= Last(); }
+};
+
+CalendarYears YearsOf(const Settings& settings, Generation generation);
+
+/// A line that was not read, or not read whole.
+struct RefusedDates {
+  /// text::kDatesWrong, text::kDayTypeUnknown or text::kCalendarCut.
+  std::int32_t text = 0;
+  std::string number;  // the line's own, as it stands there
+  std::string line;
+
+  bool operator==(const RefusedDates&) const = default;
+};
+
+struct CalendarReading {
+  CalendarTable table;
+  /// In the order of the lines. Of those for which there was no place left only the first.
+  std::vector<RefusedDates> refused;
+  /// Lines that `table` does not hold whole: the refused ones and those with "*" for a date.
+  std::size_t linesLost = 0;
+};
+
+/// Reads the lines of a calendar; `baseYear` is the first year that is shown. A line has the "PLT"
+/// layout when text stands where its date would be, whatever control is asked for: all controls of
+/// a controller share one calendar.
+CalendarReading ReadCalendar(std::span<const std::string> lines, const CalendarYears& years,
+                             int baseYear);
+
+/// The calendar in the layout of the time control `name`, in the order of the dates, each run of
+/// consecutive days with the same type as one line. A 202nd line or a line number that its columns
+/// can't hold gives an error and no lines.
+BuiltLines BuildCalendar(CalendarTable table, std::string_view name, Generation generation);
+
+}  // namespace zek

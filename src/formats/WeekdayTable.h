@@ -1,0 +1,42 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "formats/CatalogueTime.h"
+#include "formats/CatalogueValue.h"
+
+namespace zek {
+
+inline constexpr std::size_t kWeekdayDays = 14;  // Monday to Sunday, then SD1 to SD7
+inline constexpr std::size_t kWeekdayRows = 16;  // switch rows a day
+inline constexpr std::size_t kDaysOfType = 7;    // days 0 to 6 are type 0, days 7 to 13 type 1
+inline constexpr std::int16_t kNoTime = -1;
+
+/// One switch row of a day. Times are minutes after midnight, 0 to `kMinutesOfDay`.
+struct WeekdayRow {
+  std::int16_t start = kNoTime;
+  std::int16_t stop = kNoTime;  // none in a used row: it switches on and has no interval
+  float valueOn = 0;
+  float valueOff = kNoValue;
+
+  /// A row without a start time is empty, whatever else it holds: it is not written.
+  bool Used() const { return start != kNoTime; }
+
+  bool operator==(const WeekdayRow&) const = default;
+};
+
+/// The weekday catalogue of one time control.
+struct WeekdayTable {
+  std::array<std::array<WeekdayRow, kWeekdayRows>, kWeekdayDays> days;
+
+  void Clear() { *this = {}; }
+
+  /// Used rows of the seven days of `type` (0 Monday to Sunday, 1 SD1 to SD7), all days together.
+  std::size_t UsedRows(std::size_t type) const;
+
+  bool operator==(const WeekdayTable&) const = default;
+};
+
+}  // namespace zek

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "formats/BuiltLines.h"
+#include "formats/WeekdayTable.h"
+
+namespace zek {
+
+/// The text form of a weekday catalogue: numbered lines, one a switch row of a day or of a range
+/// of days, with fields between "!". Columns count from 1.
+///
+/// | Layout of ordinary time controls          | Layout of "PLT" time controls             |
+/// |-------------------------------------------|-------------------------------------------|
+/// | 1-5    line number, right-aligned         | 2-5    line number, left-aligned          |
+/// | 7      "!"                                | 7-31   day key or range                   |
+/// | 8-19   name, the first 12 characters      | 32     "!"                                |
+/// | 20     "!"                                | 33-45  times                              |
+/// | 21-33  day key or range (MO, SD1..SD7)    | 46     "!"                                |
+/// | 34     "!"                                | 47-52  start value                        |
+/// | 35-59  start or start..stop (07:00..16:30)|                                           |
+/// | 60     "!"                                | No name: every line is the time control's.|
+/// | 61-69  start value, left-aligned          | No stop value: it reads as none.          |
+/// | 70     "!"                                |                                           |
+/// | 71-    stop value, "." for none           |                                           |
+///
+/// Line 1000 of TSC1 and line 701 of PLT7, from column 1 on:
+///  " 1000 !TSC1        !MO..FR       !07:00..16:30             !21       !17"
+///  " 701  MO..FR                   !07:00..16:30 !21    "
+
+/// The line at which reading stopped.
+struct RefusedLine {
+  std::int32_t text = 0;  // text::kDayUnknown, text::kLineIncomplete or text::kDayFull
+  std::string line;
+
+  bool operator==(const RefusedLine&) const = default;
+};
+
+struct WeekdayReading {
+  WeekdayTable table;
+  std::optional<RefusedLine> refused;
+  /// Lines of this time control that `table` does not hold: the refused one and all after it.
+  std::size_t linesLost = 0;
+  /// Where line numbers start when the table is written: for a "PLT" name as `FirstLineNumber`
+  /// has it, else the number of the time control's first line (1000 when there is none).
+  int nextLineNumber = 0;
+};
+
+/// Reads the lines of the time control `name`. A name field is compared in its case and without
+/// the blanks around it; an empty name takes the lines without one. Text that is not a number
+/// reads as 0, and a time beyond 24:00 as 24:00.
+WeekdayReading ReadWeekday(std::span<const std::string> lines, std::string_view name);
+
+enum class BuildStart {
+  Afresh,      // the new catalogue holds the table's lines only
+  FromBuffer,  // it keeps the old lines, but for those with this name or a "*"
+};
+
+/// The catalogue that follows on `lines`, the old one. Equal rows of consecutive days (Monday to
+/// Sunday, SD1 to SD7) become one line; lines are ordered by row, then by day. A 202nd line, a line
+/// number or a start value that its columns can't hold gives an error and no lines.
+BuiltLines BuildWeekday(const WeekdayTable& table, std::string_view name,
+                        std::span<const std::string> lines, BuildStart start,
+                        char decimalSeparator);
+
+}  // namespace zek

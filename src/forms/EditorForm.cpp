@@ -1,0 +1,276 @@
+#include "forms/EditorForm.h"
+
+#include <utility>
+
+#include <wx/sizer.h>
+#include <wx/weakref.h>
+
+#include "forms/StatusChain.h"
+#include "lang/TextNumbers.h"
+#include "ui/Forms.h"
+#include "ui/InputBlock.h"
+#include "ui/Pictures.h"
+#include "ui/WxText.h"
+
+namespace zek {
+namespace {
+constexpr int kGap = 8;
+
+void CancelVerification(ZV_Proc& proc) {
+  if (proc.transfer.Verifying) proc.waits.CancelRequested = true;
+}
+}  // namespace
+
+EditorForm::EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue catalogue,
+                       const Kind& kind)
+    : wxDialog(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
+               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX, kind.name),
+      proc_(proc),
+      turn_(turn),
+      catalogue_(catalogue),
+      viewOnly_(kind.viewOnly),
+      closesWhenGivenUp_(kind.closesWhenGivenUp),
+      status_(new wxStaticText(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
+                               wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END)),
+      fromCopy_(proc.transfer.From == LinesFrom::LocalCopy && !proc.settings.LocalMode) {
+  const std::string& tsc = proc.selection.TscName;
+  const std::string& object = proc.topics[proc.selection.CurrentObject].TopicName;
+  title_ = Caption(kind.titleText) + " - " + ToWx(tsc.empty() ? object : tsc);
+  SetTitle(title_);
+  status_->SetName("Label_Status");
+  Bind(wxEVT_CHAR_HOOK, &EditorForm::OnKey, this);
+  Bind(wxEVT_TEXT, [this](wxCommandEvent&) { ShowChanges(); });
+  // Escape presses this button.
+  Bind(wxEVT_BUTTON, &EditorForm::OnCancel, this, wxID_CANCEL);
+  Bind(wxEVT_CLOSE_WINDOW, &EditorForm::OnClose, this);
+}
+
+wxButton* EditorForm::NewCommand(wxWindowID id, const std::string& name, const wxString& caption,
+                                 const wxString& toolTip, bool changes) {
+  auto* const button = new wxButton(this, id, caption);
+  button->SetName(name);
+  if (!toolTip.empty()) button->SetToolTip(toolTip);
+  BlockWhileBusy(button, !changes || !viewOnly_);
+  return button;
+}
+
+wxButton* EditorForm::NewSave(const wxString& caption, const wxString& toolTip) {
+  save_ = NewCommand(wxID_ANY, "Command_Ok", caption, toolTip, true);
+  save_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Save(); });
+  return save_;
+}
+
+wxSizer* EditorForm::NewUndoAndRedo(Mnemonics& letters) {
+  const auto command = [&](const char* name, int caption, int hint) {
+    return NewCommand(wxID_ANY, name, letters.Give(Caption(caption)), Caption(hint), true);
+  };
+  undo_ = command("Command_Undo", text::kUndo, text::kUndoHint);
+  redo_ = command("Command_Redo", text::kRedo, text::kRedoHint);
+  // By a button that takes the focus the box would have been left: what was typed would be a step,
+  // or be refused and leave the click to the step before.
+  undo_->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
+    const bool typed = HasEntry();
+    if (typed) StepBack();
+    event.Skip(!typed);
+  });
+  undo_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { StepBack(); });
+  redo_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { StepForward(); });
+  auto* const both = new wxBoxSizer(wxHORIZONTAL);
+  both->Add(undo_, 0, wxRIGHT, FromDIP(kGap));
+  both->Add(redo_);
+  return both;
+}
+
+void EditorForm::BlockWhileBusy(wxWindow* part, bool usable) {
+  part->Enable(usable);
+  parts_.push_back({part, usable});
+}
+
+void EditorForm::LayOut(wxSizer* content) {
+  const int gap = FromDIP(kGap);
+  auto* const whole = new wxBoxSizer(wxVERTICAL);
+  whole->Add(content, 1, wxEXPAND);
+  whole->Add(status_, 0, wxEXPAND | wxALL, gap);
+  SetSizerAndFit(whole);
+  SetIcons(ProgramIcons());
+  RememberPlacement(*this, GetName().ToStdString());
+  if (proc_.settings.AlwaysOnTop) SetTopmost(*this, true);
+}
+
+wxString EditorForm::Caption(int number) const { return ToWx(proc_.Text(number)); }
+
+void EditorForm::OnKey(wxKeyEvent& event) {
+  const int key = event.GetKeyCode();
+  const int modifiers = event.GetModifiers();
+  const bool control = modifiers == wxMOD_CONTROL;
+  if (control && key == 'S') {
+    Save();
+  } else if (control && key == 'Z') {  // never the box's own undo, which knows its text alone
+    StepBack();
+  } else if ((control && key == 'Y') ||
+             (modifiers == (wxMOD_CONTROL | wxMOD_SHIFT) && key == 'Z')) {
+    StepForward();
+  } else if (event.HasAnyModifiers() || !TakeKey(key)) {
+    event.Skip();
+  }
+}
+
+void EditorForm::Save() {
+  if (busy_ || viewOnly_ || proc_.status.Busy > 0) return;
+  TakeEntry();
+  ShowChanges();
+  if (!CanSave()) return;
+  const wxWeakRef<EditorForm> alive(this);
+  const auto write = [&proc = proc_,
+                      catalogue = catalogue_](const std::vector<std::string>& lines) {
+    proc.transfer.CatalogueLines = lines;
+    return SaveCatalogue(proc, catalogue);
+  };
+  SaveOutcome outcome = SaveOutcome::NotTried;
+  bool close = false;
+  {
+    // A catalogue that is sent half is worse than either whole one: a write can't be cancelled,
+    // only what is done when it has been sent.
+    const InputBlock block([&proc = proc_] { CancelVerification(proc); }, FindWindow(wxID_CANCEL));
+    outcome = SaveTable(write);
+    close = block.CloseRequested();
+  }
+  if (!alive) return;
+  ShowStatus();
+  const bool givenUp = outcome == SaveOutcome::GivenUp;
+  if (outcome == SaveOutcome::Written || (givenUp && closesWhenGivenUp_)) {
+    End();
+    return;
+  }
+  givenUp_ = givenUp_ || givenUp;
+  ShowChanges();
+  if (close || turn_.Quitting()) CloseOrStay();
+}
+
+// --- Undo, redo and what is not saved ---
+
+// What was just typed goes first, then one step after the other.
+void EditorForm::StepBack() {
+  if (busy_ || viewOnly_) return;
+  if (HasEntry()) {
+    DropEntry();
+  } else {
+    Undo();
+  }
+  ShowChanges();
+}
+
+void EditorForm::StepForward() {
+  if (busy_ || viewOnly_ || HasEntry()) return;
+  Redo();
+  ShowChanges();
+}
+
+bool EditorForm::IsUnsaved() const { return givenUp_ || HasEntry() || State().changed; }
+
+bool EditorForm::CanSave() const { return !viewOnly_ && (fromCopy_ || IsUnsaved()); }
+
+void EditorForm::ShowChanges() {
+  const bool entry = HasEntry();
+  const EditState state = State();
+  const wxString title = (entry || state.changed ? "*" : "") + title_;
+  if (GetTitle() != title) SetTitle(title);
+  Allow(save_, CanSave());
+  Allow(undo_, !viewOnly_ && (entry || state.canUndo));
+  Allow(redo_, !viewOnly_ && !entry && state.canRedo);
+}
+
+void EditorForm::OnCancel(wxCommandEvent& /*event*/) {
+  if (busy_) {
+    CancelVerification(proc_);
+  } else {
+    CloseOrStay();
+  }
+}
+
+void EditorForm::OnClose(wxCloseEvent& event) {
+  if (!event.CanVeto()) {
+    End();  // the user's session ends
+    return;
+  }
+  event.Veto();  // whether it closes, the dialog's own loop tells
+  CloseOrStay();
+}
+
+void EditorForm::CloseOrStay() {
+  if (asking_) return;
+  const wxWeakRef<EditorForm> alive(this);
+  asking_ = true;
+  TakeEntry();  // before a question takes the focus from it
+  const bool wrong = !viewOnly_ && !turn_.Quitting() && TellWrong();
+  if (!alive) return;
+  asking_ = false;
+  if (wrong) {
+    ShowChanges();
+    return;
+  }
+  ShowChanges();
+  if (IsUnsaved() && !viewOnly_ && !turn_.Quitting()) {
+    asking_ = true;
+    const bool close = proc_.outside.prompts.AskYesNo(
+        Icon::Exclamation,
+        proc_.Text(State().changed && !givenUp_ ? text::kAskClose : text::kAskCloseUnsent),
+        proc_.Text(text::kAskCloseTitle));
+    if (!alive) return;
+    asking_ = false;
+    if (!close) return;
+  }
+  End();
+}
+
+void EditorForm::End() {
+  if (IsModal()) EndModal(wxID_CANCEL);
+}
+
+void EditorForm::ShowStatus() {
+  const std::string& waiting = proc_.status.Waiting;
+  const std::string both = proc_.status.Transfer + (waiting.empty() ? "" : "  " + waiting);
+  status_->SetLabel(ToWx(both));
+  if (busy_ != (proc_.status.Busy > 0)) ShowBusy(!busy_);
+  if (busy_) OfferCancel();
+}
+
+// The only button that works then; without a window that has the focus no key would arrive.
+void EditorForm::OfferCancel() {
+  wxWindow* const cancel = FindWindow(wxID_CANCEL);
+  const bool offered = proc_.transfer.Verifying;
+  if (cancel == nullptr || cancel->IsEnabled() == offered) return;
+  cancel->Enable(offered);
+  if (offered) cancel->SetFocus();
+}
+
+void EditorForm::Allow(wxWindow* part, bool usable) {
+  for (Part& each : parts_) {
+    if (each.window != part) continue;
+    each.usable = usable;
+    if (part->IsThisEnabled() != (usable && !busy_)) part->Enable(usable && !busy_);
+  }
+}
+
+void EditorForm::ShowBusy(bool busy) {
+  busy_ = busy;
+  for (const Part& part : parts_) part.window->Enable(!busy && part.usable);
+  SetCursor(busy ? wxCursor(wxCURSOR_WAIT) : wxNullCursor);
+  if (!busy) FocusEntry();
+}
+
+void ShowEditorForm(EditorForm* form, ZV_Proc& proc, std::function<void()> opened) {
+  const wxWeakRef<EditorForm> alive(form);
+  const StatusChain chain(proc.status, [alive] {
+    if (alive) alive->ShowStatus();
+  });
+  form->CallAfter([alive, opened = std::move(opened)] {
+    alive->Raise();
+    opened();
+    if (alive) alive->FocusEntry();
+  });
+  form->ShowModal();
+  if (alive) form->Destroy();
+}
+
+}  // namespace zek

@@ -1,0 +1,75 @@
+#include "forms/ZV_PickList.h"
+
+#include <utility>
+
+#include <wx/menu.h>
+#include <wx/weakref.h>
+
+#include "lang/TextNumbers.h"
+#include "ui/WxText.h"
+
+namespace zek {
+namespace {
+
+using Choose = std::function<void(const std::string& typed)>;
+
+// The toolkit takes what follows a tab for a key, so blanks stand for it.
+wxString Label(const PickListItem& item) {
+  wxString label = ToWx(item.Caption());
+  label.Replace("&", "&&");
+  label.Replace("\t", "    ");
+  return label;
+}
+
+void ShowPickList(wxTextCtrl& box, const PickList& list, const Choose& choose,
+                  const wxPoint& place) {
+  // A message about the box that was left may have come first.
+  if (!box.HasFocus()) return;
+  wxMenu Menu_Popup;
+  const std::string text = FromWx(box.GetValue());
+  constexpr int first = wxID_HIGHEST + 1;
+  for (std::size_t i = 0; i < list.items.size(); ++i) {
+    const PickListItem& item = list.items[i];
+    Menu_Popup.AppendCheckItem(first + static_cast<int>(i), Label(item))->Check(item.IsIn(text));
+  }
+  const wxWeakRef<wxTextCtrl> alive(&box);
+  const int chosen = box.GetPopupMenuSelectionFromUser(Menu_Popup, place);
+  if (!alive || chosen == wxID_NONE) return;
+  choose(list.items.at(static_cast<std::size_t>(chosen - first)).value);
+  if (alive) box.SelectAll();
+}
+
+bool IsPickListKey(const wxKeyEvent& event) {
+  const int key = event.GetKeyCode();
+  if (event.GetModifiers() == wxMOD_ALT) return key == WXK_DOWN || key == WXK_NUMPAD_DOWN;
+  if (event.GetModifiers() == wxMOD_SHIFT) return key == WXK_F10;
+  return event.GetModifiers() == wxMOD_NONE && (key == WXK_WINDOWS_MENU || key == WXK_MENU);
+}
+
+}  // namespace
+
+void OfferPickList(wxTextCtrl& box, const PickList& list, const LanguageTexts& texts,
+                   Choose choose) {
+  if (list.items.empty() || !box.IsEditable()) return;
+  box.SetToolTip(ToWx(texts.Text(text::kPickListHint)));
+  const auto show = [&box, &list, choose = std::move(choose)](const wxPoint& place) {
+    ShowPickList(box, list, choose, place);
+  };
+  // Once the click has been handled: it moves the text cursor, and the mouse is still caught.
+  box.Bind(wxEVT_LEFT_UP, [&box, show](wxMouseEvent& event) {
+    box.CallAfter([show, place = event.GetPosition()] { show(place); });
+    event.Skip();
+  });
+  box.Bind(wxEVT_KEY_DOWN, [&box, show](wxKeyEvent& event) {
+    if (IsPickListKey(event)) {
+      show({0, box.GetSize().y});
+    } else {
+      event.Skip();
+    }
+  });
+  // The menu key would bring the box's own menu as well; the mouse still does.
+  box.Bind(wxEVT_CONTEXT_MENU,
+           [](wxContextMenuEvent& event) { event.Skip(event.GetPosition() != wxDefaultPosition); });
+}
+
+}  // namespace zek

@@ -1,0 +1,247 @@
+#include "forms/browser/ZV_TSC.h"
+
+#include <wx/sizer.h>
+#include <wx/statusbr.h>
+#include <wx/utils.h>
+#include <wx/weakref.h>
+
+#include "forms/StatusChain.h"
+#include "forms/browser/ZV_TSCForm.h"
+#include "forms/browser/ZV_TSCHistory.h"
+#include "forms/calendar/ZV_SDC.h"
+#include "forms/exception/ZV_OVC.h"
+#include "forms/weekday/ZV_WDC.h"
+#include "lang/Message.h"
+#include "lang/TextNumbers.h"
+#include "ui/Forms.h"
+#include "ui/InputBlock.h"
+#include "ui/Pictures.h"
+#include "ui/WxText.h"
+
+namespace zek {
+
+using namespace browser;
+
+namespace {
+constexpr int kWidth = 620;
+constexpr int kHeight = 520;
+constexpr int kSmallestWidth = 380;
+constexpr int kSmallestHeight = 260;
+}  // namespace
+
+ZV_TSC::ZV_TSC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, BatchExport& batch)
+    : wxFrame(parent, wxID_ANY, ToWx(proc.Text(text::kBrowserTitle))),
+      proc_(proc),
+      turn_(turn),
+      batch_(batch),
+      TreeView(new ObjectTreeView(this)),
+      Timer_Batch([this] { OnBatchTick(); }) {
+  BuildMenus();
+  BuildStatusBar();
+  auto* const whole = new wxBoxSizer(wxVERTICAL);
+  whole->Add(TreeView, 1, wxEXPAND);
+  whole->Add(BatchRow(), 0, wxEXPAND);
+  SetSizer(whole);
+  SetMinSize(FromDIP(wxSize(kSmallestWidth, kSmallestHeight)));
+  SetSize(FromDIP(wxSize(kWidth, kHeight)));
+  SetIcons(ProgramIcons());
+  RememberPlacement(*this, "ZV_TSC");
+  if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
+  BindEvents();
+}
+
+ZV_TSC::~ZV_TSC() {
+  if (loop_ != nullptr) loop_->ScheduleExit();
+}
+
+void ZV_TSC::BindEvents() {
+  const auto onMenu = [this](int id, auto action) {
+    Bind(
+        wxEVT_MENU, [action](wxCommandEvent&) { action(); }, id);
+  };
+  onMenu(Menu_Exit, [this] { Close(); });
+  onMenu(Menu_ExpandAll, [this] { TreeView->ExpandObjects(); });
+  onMenu(Menu_CollapseAll, [this] { TreeView->CollapseObjects(); });
+  onMenu(Menu_GetWDC, [this] { Get(Catalogue::Wdc, ShowWeekdayForm); });
+  onMenu(Menu_GetSDC, [this] { Get(Catalogue::Sdc, ShowCalendarForm); });
+  onMenu(Menu_GetOVC, [this] { Get(Catalogue::Ovc, ShowExceptionForm); });
+  onMenu(Menu_EraseWDC, [this] { Erase(Catalogue::Wdc); });
+  onMenu(Menu_EraseSDC, [this] { Erase(Catalogue::Sdc); });
+  onMenu(Menu_EraseOVC, [this] { Erase(Catalogue::Ovc); });
+  onMenu(Menu_History, [this] { OnHistory(); });
+  onMenu(Menu_Batch_Run, [this] { StartBatch(); });
+  onMenu(Menu_Batch_GetWDC, [this] { ToggleBatch(&BatchKinds::WDC); });
+  onMenu(Menu_Batch_GetSDC, [this] { ToggleBatch(&BatchKinds::SDC); });
+  onMenu(Menu_Batch_GetOVC, [this] { ToggleBatch(&BatchKinds::OVC); });
+  TreeView->Bind(wxEVT_TREE_SEL_CHANGED, [this](wxTreeEvent&) { OnSelected(); });
+  TreeView->Bind(wxEVT_TREE_ITEM_ACTIVATED, &ZV_TSC::OnActivated, this);
+  TreeView->Bind(wxEVT_TREE_ITEM_MENU, [this](wxTreeEvent& event) {
+    TreeView->SelectItem(event.GetItem());
+    ShowContextMenu();
+  });
+  TreeView->Bind(wxEVT_CONTEXT_MENU, &ZV_TSC::OnContextMenu, this);
+  cancel_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OnCancel(); });
+  GetStatusBar()->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+    PlaceCancel();
+    event.Skip();
+  });
+  Bind(wxEVT_CHAR_HOOK, &ZV_TSC::OnKey, this);
+  Bind(wxEVT_CLOSE_WINDOW, &ZV_TSC::OnClose, this);
+  Bind(wxEVT_ICONIZE, &ZV_TSC::OnIconize, this);
+}
+
+void ZV_TSC::RunModal() {
+  const wxWeakRef<ZV_TSC> alive(this);
+  wxGUIEventLoop loop;
+  loop_ = &loop;
+  // The windows below work again before this one goes, so that the system activates one of them.
+  {
+    const wxWindowDisabler onlyThis(this);
+    Show();
+    Raise();
+    // Inside the loop, so that messages about the settings stand above the visible form.
+    CallAfter([this] { ShowTree(); });
+    loop.Run();
+  }
+  if (!alive) return;
+  loop_ = nullptr;
+  EndBatch();
+  Destroy();
+}
+
+void ZV_TSC::ShowTree() {
+  const wxWeakRef<ZV_TSC> alive(this);
+  LoadTree(proc_);
+  if (!alive) return;
+  TreeView->ShowNodes(proc_.tree);
+  OnSelected();
+  TreeView->SetFocus();
+  const std::string& wanted = proc_.settings.StartTopic;
+  std::optional<std::size_t> place;
+  if (!wanted.empty()) {
+    place = FindNode(proc_.tree, proc_.topics, wanted);
+  } else if (proc_.topics.Has(proc_.connection.CurrentTopic)) {
+    place =
+        FindNode(proc_.tree, proc_.topics, proc_.topics[proc_.connection.CurrentTopic].TopicName);
+  }
+  // A tree without a selection takes no arrow keys.
+  if (!place && !proc_.tree.empty()) place = 0;
+  if (place) TreeView->SelectPlace(*place);
+  if (!proc_.settings.BatchMode) return;
+  proc_.batch.Kinds = {};
+  StartBatch();
+}
+
+void ZV_TSC::OnSelected() {
+  const std::optional<std::size_t> place = TreeView->Selected();
+  if (place) SelectNode(proc_, *place);
+  UpdateMenu(*menuTSC_);
+}
+
+void ZV_TSC::OnActivated(wxTreeEvent& event) {
+  const std::optional<std::size_t> place = TreeView->PlaceOf(event.GetItem());
+  if (!place) return;
+  if (proc_.tree.at(*place).IsTimeControl()) {
+    Get(Catalogue::Wdc, ShowWeekdayForm);
+  } else {
+    TreeView->Toggle(event.GetItem());
+  }
+}
+
+// Shift+F10; the mouse comes with an event of the tree.
+void ZV_TSC::OnContextMenu(wxContextMenuEvent& event) {
+  if (event.GetPosition() == wxDefaultPosition && TreeView->Selected()) {
+    ShowContextMenu();
+  } else {
+    event.Skip();
+  }
+}
+
+void ZV_TSC::ShowContextMenu() {
+  if (busy_) return;
+  const std::unique_ptr<wxMenu> menu = TSCMenu();
+  UpdateMenu(*menu);
+  TreeView->PopupMenu(menu.get(), TreeView->MenuPlace());
+}
+
+void ZV_TSC::OnKey(wxKeyEvent& event) {
+  if (event.GetKeyCode() == WXK_ESCAPE && !event.HasAnyModifiers()) {
+    Close();
+  } else {
+    event.Skip();
+  }
+}
+
+// The loop that shows the form ends and destroys it: a handler of the form may still be running.
+void ZV_TSC::OnClose(wxCloseEvent& /*event*/) {
+  closing_ = true;
+  if (busy_) OnCancel();  // the end of the user's session gets past the block of input
+  if (loop_ != nullptr) loop_->ScheduleExit();
+}
+
+void ZV_TSC::OnIconize(wxIconizeEvent& event) {
+  if (event.IsIconized() && proc_.settings.PreventMinimize) CallAfter([this] { Restore(); });
+  event.Skip();
+}
+
+void ZV_TSC::Get(Catalogue catalogue, ShowEditor showEditor) {
+  if (busy_ || LocalFileOf(proc_.selection, catalogue).empty()) return;
+  const wxWeakRef<ZV_TSC> alive(this);
+  bool fetched = false;
+  bool close = false;
+  fetching_ = true;
+  {
+    const InputBlock block([this] { proc_.waits.CancelRequested = true; }, cancel_);
+    fetched = GetCatalogue(proc_, catalogue);
+    close = block.CloseRequested() || turn_.Quitting();
+  }
+  // A cancel that came after the last wait of the read must not end the waits of others.
+  proc_.waits.CancelRequested = false;
+  if (!alive) return;
+  fetching_ = false;
+  ShowStatus();
+  UpdateMenu(*menuTSC_);
+  if (close) {
+    Close();
+  } else if (fetched) {
+    showEditor(this, proc_, turn_);
+    if (!alive) return;
+    Raise();
+    UpdateMenu(*menuTSC_);
+  }
+}
+
+void ZV_TSC::Erase(Catalogue catalogue) {
+  if (busy_ || !HasLocalCopy(proc_, catalogue)) return;
+  const wxWeakRef<ZV_TSC> alive(this);
+  const std::string question =
+      Message(proc_.Text(text::kAskErase), {LocalFileOf(proc_.selection, catalogue)});
+  if (!proc_.outside.prompts.AskYesNo(Icon::Question, question, proc_.Text(text::kAskEraseTitle))) {
+    return;
+  }
+  EraseLocalCopy(proc_, catalogue);
+  if (alive) UpdateMenu(*menuTSC_);
+}
+
+void ZV_TSC::OnHistory() {
+  if (busy_ || !TreeView->Selected()) return;
+  const wxWeakRef<ZV_TSC> alive(this);
+  ShowHistory(this, proc_);
+  if (alive) UpdateMenu(*menuTSC_);
+}
+
+void ShowBrowser(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
+  BatchExport batch(proc);  // outlives the form, which may go in the middle of a fetch
+  const wxWeakRef<ZV_TSC> form(new ZV_TSC(parent, proc, turn, batch));
+  batch.Selected = [form](std::size_t node) {
+    if (form) form->ShowNode(node);
+  };
+  const StatusChain chain(proc.status, [form] {
+    if (form) form->ShowStatus();
+  });
+  const wxWeakRef<wxWindow> below(parent);
+  form->RunModal();
+  if (below) below->Raise();
+}
+
+}  // namespace zek

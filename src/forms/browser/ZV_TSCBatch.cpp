@@ -1,0 +1,114 @@
+#include <algorithm>
+
+#include <wx/gauge.h>
+#include <wx/panel.h>
+#include <wx/sizer.h>
+#include <wx/stopwatch.h>
+#include <wx/weakref.h>
+
+#include "forms/browser/ZV_TSC.h"
+#include "forms/browser/ZV_TSCForm.h"
+#include "forms/browser/ZV_TSCSummary.h"
+#include "lang/TextNumbers.h"
+#include "ui/AccessibleName.h"
+#include "ui/WxText.h"
+
+// The batch export as the browser drives and shows it.
+namespace zek {
+
+using namespace browser;
+
+namespace {
+constexpr int kTimerBatch = 10;  // milliseconds
+constexpr long kSlice = 20;      // milliseconds of steps in one tick: most fetch nothing
+constexpr int kRowGap = 6;
+}  // namespace
+
+// On a panel: the ground of a bare frame is that of a work space, dark on some systems.
+wxWindow* ZV_TSC::BatchRow() {
+  batchRow_ = new wxPanel(this);
+  batchText_ = new wxStaticText(batchRow_, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
+                                wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
+  batchText_->SetName("Label_Batch");
+  batchGauge_ = new wxGauge(batchRow_, wxID_ANY, 1);
+  batchGauge_->SetName("Gauge_Batch");
+  SetAccessibleName(*batchGauge_, Label(text::kBatchTitle));
+  const int gap = FromDIP(kRowGap);
+  auto* const row = new wxBoxSizer(wxVERTICAL);
+  row->Add(batchText_, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
+  row->Add(batchGauge_, 0, wxEXPAND | wxALL, gap);
+  batchRow_->SetSizer(row);
+  batchRow_->Hide();
+  return batchRow_;
+}
+
+void ZV_TSC::ToggleBatch(bool BatchKinds::*kind) {
+  BatchKinds& kinds = proc_.batch.Kinds;
+  kinds.*kind = !(kinds.*kind);
+  menuBatch_->Enable(Menu_Batch_Run, kinds.Count() > 0);
+}
+
+void ZV_TSC::StartBatch() {
+  if (busy_ || proc_.batch.Kinds.Count() == 0) return;
+  TreeView->ExpandObjects();
+  batch_.Start();
+  batchBlock_ = std::make_unique<InputBlock>([this] { OnCancel(); }, cancel_);
+  ShowStatus();
+  Timer_Batch.Begin(kTimerBatch);
+}
+
+void ZV_TSC::OnBatchTick() {
+  if (!batchBlock_) return;  // a last tick that was on its way when the batch ended
+  const wxWeakRef<ZV_TSC> alive(this);
+  const wxStopWatch watch;
+  while (batch_.Tick() && alive && watch.Time() < kSlice) {
+  }
+  // The tick that comes from inside a fetch is not the one that finishes.
+  if (alive && batchBlock_ && !batch_.IsRunning()) FinishBatch();
+}
+
+void ZV_TSC::FinishBatch() {
+  const bool close = batchBlock_->CloseRequested() || turn_.Quitting() || proc_.settings.BatchMode;
+  EndBatch();
+  ShowStatus();
+  UpdateMenu(*menuTSC_);
+  const wxWeakRef<ZV_TSC> alive(this);
+  if (proc_.settings.BatchMode) {
+    batch_.StoreReport();
+  } else if (!closing_ && !turn_.Quitting()) {
+    ShowBatchSummary(this, proc_, batch_.Report());
+  }
+  if (!alive) return;
+  if (close) {
+    Close();
+  } else {
+    Raise();
+    TreeView->SetFocus();
+  }
+}
+
+// The batch is over for this form, or the form for the batch, which ends with `ShowBrowser` then.
+void ZV_TSC::EndBatch() {
+  Timer_Batch.Stop();
+  batchBlock_.reset();
+}
+
+void ZV_TSC::OnCancel() {
+  if (batch_.IsRunning()) {
+    batch_.Cancel();
+    cancel_->Disable();
+  } else {
+    proc_.waits.CancelRequested = busy_;
+  }
+}
+
+void ZV_TSC::ShowBatch() {
+  const Batch& batch = proc_.batch;
+  if (batchRow_->Show(batch.IsRunning())) Layout();
+  if (!batch.IsRunning()) return;
+  batchText_->SetLabel(ToWx(BatchProgress(proc_)));
+  batchGauge_->SetRange(std::max(static_cast<int>(batch.Steps), 1));
+  batchGauge_->SetValue(std::max(static_cast<int>(batch.Step) - 1, 0));
+}
+
+}  // namespace zek

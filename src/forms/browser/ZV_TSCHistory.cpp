@@ -1,0 +1,206 @@
+#include "forms/browser/ZV_TSCHistory.h"
+
+#include <array>
+#include <utility>
+
+#include <wx/button.h>
+#include <wx/choice.h>
+#include <wx/dialog.h>
+#include <wx/listbox.h>
+#include <wx/sizer.h>
+#include <wx/stattext.h>
+#include <wx/textctrl.h>
+#include <wx/weakref.h>
+
+#include "catalogue/Catalogue.h"
+#include "lang/Message.h"
+#include "lang/TextNumbers.h"
+#include "text/Controls.h"
+#include "ui/AccessibleName.h"
+#include "ui/Forms.h"
+#include "ui/WxText.h"
+
+namespace zek {
+namespace {
+
+constexpr int kGap = 10;
+constexpr int kTimeColumns = 22;
+constexpr int kLineColumns = 76;
+constexpr int kLines = 16;
+
+constexpr std::array<std::pair<Catalogue, std::int32_t>, 3> kKinds{{
+    {Catalogue::Wdc, text::kMenuBatchWDC},
+    {Catalogue::Sdc, text::kMenuBatchSDC},
+    {Catalogue::Ovc, text::kMenuBatchOVC},
+}};
+
+wxString TitleOf(const ZV_Proc& proc) {
+  const Selection& node = proc.selection;
+  const std::string& name =
+      node.TscName.empty() ? proc.topics[node.CurrentObject].TopicName : node.TscName;
+  return ToWx(proc.Text(text::kHistoryTitle) + " - " + name);
+}
+
+class HistoryForm final : public wxDialog {
+ public:
+  HistoryForm(wxWindow* parent, ZV_Proc& proc)
+      : wxDialog(parent, wxID_ANY, TitleOf(proc), wxDefaultPosition, wxDefaultSize,
+                 wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX, "ZV_TSCHistory"),
+        proc_(proc) {
+    for (const auto& [catalogue, caption] : kKinds) {
+      if (!LocalFileOf(proc.selection, catalogue).empty()) kinds_.emplace_back(catalogue, caption);
+    }
+    Build();
+    Choice_Kind->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowKept(); });
+    List_Kept->Bind(wxEVT_LISTBOX, [this](wxCommandEvent&) { ShowDifferences(); });
+    Command_Restore->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { RestoreChosen(); });
+    RememberPlacement(*this, "ZV_TSCHistory");
+    if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
+    // Once it is on the screen: before, nothing can have the focus.
+    CallAfter([this] {
+      Raise();
+      List_Kept->SetFocus();
+      ShowKept();
+    });
+  }
+
+ private:
+  wxStaticText* Label(std::int32_t number) {
+    return new wxStaticText(this, wxID_ANY, ToWx(proc_.Text(number)));
+  }
+
+  void Name(wxWindow& part, std::int32_t number) {
+    SetAccessibleName(part, wxControl::RemoveMnemonics(ToWx(proc_.Text(number))));
+  }
+
+  void Build() {
+    const int gap = FromDIP(kGap);
+    auto* const head = new wxBoxSizer(wxHORIZONTAL);
+    head->Add(Label(text::kHistoryKind), 0, wxALIGN_CENTER_VERTICAL | wxRIGHT, gap);
+    Choice_Kind = new wxChoice(this, wxID_ANY);
+    Choice_Kind->SetName("Choice_Kind");
+    for (const auto& [catalogue, caption] : kinds_) {
+      Choice_Kind->Append(wxControl::RemoveMnemonics(ToWx(proc_.Text(caption))));
+    }
+    Choice_Kind->SetSelection(0);
+    head->Add(Choice_Kind, 1);
+
+    auto* const left = new wxBoxSizer(wxVERTICAL);
+    left->Add(Label(text::kHistoryKept), 0, wxBOTTOM, gap / 2);
+    List_Kept = new wxListBox(this, wxID_ANY);
+    List_Kept->SetName("List_Kept");
+    left->Add(List_Kept, 1, wxEXPAND);
+
+    auto* const right = new wxBoxSizer(wxVERTICAL);
+    right->Add(Label(text::kHistoryDifferences), 0, wxBOTTOM, gap / 2);
+    Text_Differences = new wxTextCtrl(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
+                                      wxTE_MULTILINE | wxTE_READONLY | wxTE_DONTWRAP);
+    Text_Differences->SetName("Text_Differences");
+    Text_Differences->SetFont(FixedFont());
+    right->Add(Text_Differences, 1, wxEXPAND);
+
+    const wxSize letter = Text_Differences->GetTextExtent("0");
+    List_Kept->SetMinSize(wxSize(letter.x * kTimeColumns, -1));
+    Text_Differences->SetMinSize(wxSize(letter.x * kLineColumns, letter.y * kLines));
+
+    Name(*Choice_Kind, text::kHistoryKind);
+    Name(*List_Kept, text::kHistoryKept);
+    Name(*Text_Differences, text::kHistoryDifferences);
+    auto* const both = new wxBoxSizer(wxHORIZONTAL);
+    both->Add(left, 0, wxEXPAND | wxRIGHT, gap);
+    both->Add(right, 1, wxEXPAND);
+
+    auto* const commands = new wxBoxSizer(wxHORIZONTAL);
+    commands->AddStretchSpacer();
+    Command_Restore = new wxButton(this, wxID_ANY, ToWx(proc_.Text(text::kHistoryRestore)));
+    Command_Restore->SetName("Command_Restore");
+    commands->Add(Command_Restore, 0, wxRIGHT, gap);
+    auto* const close = new wxButton(this, wxID_CANCEL, ToWx(proc_.Text(text::kBrowserClose)));
+    commands->Add(close);
+    SetEscapeId(wxID_CANCEL);
+
+    auto* const whole = new wxBoxSizer(wxVERTICAL);
+    whole->Add(head, 0, wxEXPAND | wxALL, gap);
+    whole->Add(both, 1, wxEXPAND | wxLEFT | wxRIGHT, gap);
+    whole->Add(commands, 0, wxEXPAND | wxALL, gap);
+    SetSizerAndFit(whole);
+  }
+
+  Catalogue Kind() const {
+    return kinds_.at(static_cast<std::size_t>(Choice_Kind->GetSelection())).first;
+  }
+
+  // The newest is chosen: it is what was there last.
+  void ShowKept() {
+    kept_ = HistoryOf(proc_, Kind()).Kept();
+    List_Kept->Clear();
+    for (const KeptCopy& copy : kept_) List_Kept->Append(ToWx(copy.time));
+    if (!kept_.empty()) List_Kept->SetSelection(0);
+    ShowDifferences();
+  }
+
+  void ShowDifferences() {
+    const int chosen = List_Kept->GetSelection();
+    Command_Restore->Enable(chosen != wxNOT_FOUND);
+    if (chosen == wxNOT_FOUND) {
+      Text_Differences->SetValue(ToWx(proc_.Text(text::kHistoryEmpty)));
+      return;
+    }
+    const wxWeakRef<HistoryForm> alive(this);
+    auto differences = CompareWithKept(proc_, Kind(), kept_.at(static_cast<std::size_t>(chosen)));
+    if (!alive) return;
+    wxString text;
+    // Also an equal one can be restored: a copy that was erased reads as an empty one does.
+    Command_Restore->Enable(differences.has_value());
+    if (!differences) {
+      differences.emplace();
+    } else if (differences->empty()) {
+      text = ToWx(proc_.Text(text::kHistorySame));
+    }
+    for (std::string& line : *differences) {
+      ShowControls(line);
+      text += ToWx(line) + "\n";
+    }
+    Text_Differences->SetValue(text);
+    Text_Differences->SetInsertionPoint(0);
+  }
+
+  void RestoreChosen() {
+    const int chosen = List_Kept->GetSelection();
+    if (chosen == wxNOT_FOUND) return;
+    const KeptCopy copy = kept_.at(static_cast<std::size_t>(chosen));
+    const wxWeakRef<HistoryForm> alive(this);
+    Prompts& prompts = proc_.outside.prompts;
+    std::string question = Message(proc_.Text(text::kAskRestore), {copy.time});
+    if (proc_.settings.HistoryCount > 0 && HasLocalCopy(proc_, Kind())) {
+      question += "\r\n\r\n" + proc_.Text(text::kRestoreKeeps);
+    }
+    if (!prompts.AskYesNo(Icon::Question, question, proc_.Text(text::kHistoryTitle))) {
+      return;
+    }
+    if (!alive) return;
+    const bool restored = RestoreLocalCopy(proc_, Kind(), copy);
+    if (restored)
+      prompts.Show(Icon::Information, Message(proc_.Text(text::kRestored), {copy.time}));
+    if (alive) ShowKept();
+  }
+
+  ZV_Proc& proc_;
+  std::vector<std::pair<Catalogue, std::int32_t>> kinds_;
+  std::vector<KeptCopy> kept_;
+  wxChoice* Choice_Kind = nullptr;
+  wxListBox* List_Kept = nullptr;
+  wxTextCtrl* Text_Differences = nullptr;
+  wxButton* Command_Restore = nullptr;
+};
+
+}  // namespace
+
+void ShowHistory(wxWindow* parent, ZV_Proc& proc) {
+  auto* const form = new HistoryForm(parent, proc);
+  const wxWeakRef<HistoryForm> alive(form);
+  form->ShowModal();
+  if (alive) form->Destroy();
+}
+
+}  // namespace zek

@@ -1,0 +1,118 @@
+#include <array>
+
+#include <wx/statusbr.h>
+
+#include "forms/browser/ZV_TSC.h"
+#include "forms/browser/ZV_TSCForm.h"
+#include "lang/TextNumbers.h"
+#include "ui/WxText.h"
+
+// What the browser shows beside its tree: menus, status bar, and how it looks during a transfer.
+namespace zek {
+
+using namespace browser;
+
+namespace {
+constexpr int kWaitingPanel = 0;
+constexpr int kTransferPanel = 1;
+constexpr int kCancelPanel = 2;
+constexpr int kCancelMargin = 2;
+constexpr int kCancelPadding = 12;
+}  // namespace
+
+wxString ZV_TSC::Label(std::int32_t number, const char* key) const {
+  const wxString label = ToWx(proc_.Text(number));
+  return *key == '\0' ? label : label + "\t" + key;
+}
+
+std::unique_ptr<wxMenu> ZV_TSC::TSCMenu() const {
+  auto menu = std::make_unique<wxMenu>();
+  menu->Append(Menu_ExpandAll, Label(text::kBrowserExpandAll));
+  menu->Append(Menu_CollapseAll, Label(text::kBrowserCollapseAll));
+  menu->AppendSeparator();
+  menu->Append(Menu_GetWDC, Label(text::kBrowserGetWDC, "F5"));
+  menu->Append(Menu_GetSDC, Label(text::kBrowserGetSDC, "F6"));
+  menu->Append(Menu_GetOVC, Label(text::kBrowserGetOVC, "F7"));
+  menu->AppendSeparator();
+  menu->Append(Menu_EraseWDC, Label(text::kBrowserEraseWDC, "Del"));
+  menu->Append(Menu_EraseSDC, Label(text::kBrowserEraseSDC));
+  menu->Append(Menu_EraseOVC, Label(text::kBrowserEraseOVC));
+  menu->Append(Menu_History, Label(text::kHistoryMenu, "F8"));
+  return menu;
+}
+
+void ZV_TSC::BuildMenus() {
+  auto* const file = new wxMenu;
+  file->Append(Menu_Exit, Label(text::kBrowserClose, "Alt+F4"));
+  menuTSC_ = TSCMenu().release();
+  menuBatch_ = new wxMenu;
+  menuBatch_->Append(Menu_Batch_Run, Label(text::kMenuBatchRun));
+  menuBatch_->AppendSeparator();
+  const BatchKinds& kinds = proc_.batch.Kinds;
+  menuBatch_->AppendCheckItem(Menu_Batch_GetWDC, Label(text::kMenuBatchWDC))->Check(kinds.WDC);
+  menuBatch_->AppendCheckItem(Menu_Batch_GetSDC, Label(text::kMenuBatchSDC))->Check(kinds.SDC);
+  menuBatch_->AppendCheckItem(Menu_Batch_GetOVC, Label(text::kMenuBatchOVC))->Check(kinds.OVC);
+  auto* const bar = new wxMenuBar;
+  bar->Append(file, Label(text::kMenuFile));
+  bar->Append(menuTSC_, Label(text::kBrowserTSC));
+  bar->Append(menuBatch_, Label(text::kMenuBatch));
+  SetMenuBar(bar);
+}
+
+void ZV_TSC::UpdateMenu(wxMenu& menu) const {
+  const bool selected = TreeView->Selected().has_value();
+  const auto has = [&](Catalogue catalogue) { return selected && HasLocalCopy(proc_, catalogue); };
+  const auto exists = [&](Catalogue catalogue) {
+    return selected && !LocalFileOf(proc_.selection, catalogue).empty();
+  };
+  menu.Enable(Menu_GetWDC, exists(Catalogue::Wdc));
+  menu.Enable(Menu_GetSDC, exists(Catalogue::Sdc));
+  menu.Enable(Menu_GetOVC, exists(Catalogue::Ovc));
+  menu.Enable(Menu_EraseWDC, has(Catalogue::Wdc));
+  menu.Enable(Menu_EraseSDC, has(Catalogue::Sdc));
+  menu.Enable(Menu_EraseOVC, has(Catalogue::Ovc));
+  menu.Enable(Menu_History, selected);
+}
+
+void ZV_TSC::BuildStatusBar() {
+  wxStatusBar* const bar = CreateStatusBar(kCancelPanel + 1);
+  bar->SetName("StatusBar");
+  cancel_ = new wxButton(bar, wxID_CANCEL, Label(text::kBatchCancel), wxDefaultPosition,
+                         wxDefaultSize, wxBU_EXACTFIT);
+  wxSize button = cancel_->GetBestSize();
+  cancel_->SetLabel(Label(text::kCancelTransfer));
+  button.IncTo(cancel_->GetBestSize());  // either label fits
+  const std::array widths{-2, -3, button.x + 2 * FromDIP(kCancelPadding)};
+  bar->SetStatusWidths(static_cast<int>(widths.size()), widths.data());
+  bar->SetMinHeight(button.y + 2 * FromDIP(kCancelMargin));
+  cancel_->Hide();
+}
+
+void ZV_TSC::PlaceCancel() {
+  wxRect field;
+  if (GetStatusBar()->GetFieldRect(kCancelPanel, field)) cancel_->SetSize(field);
+}
+
+void ZV_TSC::ShowStatus() {
+  SetStatusText(ToWx(proc_.status.Waiting), kWaitingPanel);
+  SetStatusText(ToWx(proc_.status.Transfer), kTransferPanel);
+  const bool busy = batch_.IsRunning() || (fetching_ && proc_.status.Busy > 0);
+  if (busy_ != busy) ShowBusy(busy);
+  ShowBatch();
+}
+
+void ZV_TSC::ShowBusy(bool busy) {
+  busy_ = busy;
+  cancel_->SetLabel(Label(batch_.IsRunning() ? text::kBatchCancel : text::kCancelTransfer));
+  cancel_->Enable();
+  cancel_->Show(busy);
+  PlaceCancel();
+  // The focus leaves the tree before it is disabled, so that Escape still has a way in.
+  if (busy) cancel_->SetFocus();
+  TreeView->Enable(!busy);
+  for (std::size_t i = 0; i < GetMenuBar()->GetMenuCount(); ++i) GetMenuBar()->EnableTop(i, !busy);
+  SetCursor(busy ? wxCursor(wxCURSOR_WAIT) : wxNullCursor);
+  if (!busy) TreeView->SetFocus();
+}
+
+}  // namespace zek

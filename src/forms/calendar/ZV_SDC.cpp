@@ -1,0 +1,136 @@
+#include "forms/calendar/ZV_SDC.h"
+
+#include <functional>
+#include <vector>
+
+#include <wx/accel.h>
+#include <wx/datetime.h>
+#include <wx/wxcrt.h>
+
+#include "forms/calendar/ZV_SDCForm.h"
+#include "lang/TextNumbers.h"
+#include "ui/WxText.h"
+
+namespace zek {
+namespace {
+
+CalendarDate Today() {
+  const wxDateTime today = wxDateTime::Today();
+  return {today.GetYear(), static_cast<int>(today.GetMonth()), today.GetDay()};
+}
+
+// The letter behind the "&" of a frame's caption, folded; 0 without one.
+int LetterOf(const wxStaticBox& frame) {
+  const wxString caption = frame.GetLabel();
+  const std::size_t mark = caption.find('&');
+  if (mark == wxString::npos || mark + 1 == caption.length()) return 0;
+  return wxToupper(static_cast<int>(caption[mark + 1].GetValue()));
+}
+
+}  // namespace
+
+ZV_SDC::ZV_SDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, CalendarEditor& editor)
+    : EditorForm(parent, proc, turn, Catalogue::Sdc,
+                 {"ZV_SDC", text::kCalendarCaption, editor.ViewOnly()}),
+      editor_(editor) {
+  Build();
+  BindEvents();
+  ShowAll();
+  FocusEntry();
+}
+
+SaveOutcome ZV_SDC::SaveTable(const CatalogueWriter& write) {
+  return editor_.Save(write, proc_.outside.prompts, proc_.texts);
+}
+
+void ZV_SDC::BindEvents() {
+  const auto choose = [](auto& options, const std::function<void(int)>& take) {
+    for (std::size_t i = 0; i < options.size(); ++i) {
+      options.at(i)->Bind(wxEVT_RADIOBUTTON,
+                          [take, i](wxCommandEvent&) { take(static_cast<int>(i)); });
+    }
+  };
+  choose(Option_Year, [this](int year) {
+    editor_.ShowYear(year);
+    ShowAll();
+  });
+  choose(Option_Month, [this](int month) {
+    editor_.ShowMonth(month);
+    ShowAll();
+  });
+  choose(Option_Day, [this](int type) {
+    editor_.ChooseType(type);
+    ShowAll();
+  });
+  const auto step = [this](wxButton* button, int months) {
+    button->Bind(wxEVT_BUTTON, [this, months](wxCommandEvent&) {
+      editor_.Step(months);
+      ShowAll();
+    });
+  };
+  step(Command_Last, -1);
+  step(Command_Next, 1);
+  BuildAccelerators();
+}
+
+// The frames' letters lead to what is in them: to the days and to the option that is chosen.
+void ZV_SDC::BuildAccelerators() {
+  std::vector<wxAcceleratorEntry> keys;
+  const auto lead = [&](const wxStaticBox* frame, const std::function<wxWindow*()>& target) {
+    const int letter = LetterOf(*frame);
+    if (letter == 0) return;
+    const int id = wxID_HIGHEST + 1 + static_cast<int>(keys.size());  // no control's own
+    keys.emplace_back(wxACCEL_ALT, letter, id);
+    Bind(
+        wxEVT_MENU,
+        [target](wxCommandEvent&) {
+          if (target()->IsEnabled()) target()->SetFocus();
+        },
+        id);
+  };
+  const auto place = [](int number) { return static_cast<std::size_t>(number); };
+  lead(Frame_SDC, [this] { return Picture_Days; });
+  lead(Frame_Day, [=, this] { return Option_Day.at(place(editor_.DayType())); });
+  lead(Frame_Year, [=, this] { return Option_Year.at(place(editor_.Year())); });
+  lead(Frame_Month, [=, this] { return Option_Month.at(place(editor_.Month())); });
+  SetAcceleratorTable(wxAcceleratorTable(static_cast<int>(keys.size()), keys.data()));
+}
+
+void ZV_SDC::ShowAll() {
+  const auto check = [](auto& options, int number) {
+    wxRadioButton& option = *options.at(static_cast<std::size_t>(number));
+    if (!option.GetValue()) option.SetValue(true);
+  };
+  check(Option_Year, editor_.Year());
+  check(Option_Month, editor_.Month());
+  check(Option_Day, editor_.DayType());
+  month_->SetLabel(ToWx(editor_.MonthText(proc_.texts)));
+  Picture_Days->ShowDays();
+  ShowChanges();
+}
+
+void ZV_SDC::Undo() {
+  if (!editor_.Undo()) return;
+  ShowAll();
+  FocusEntry();
+}
+
+void ZV_SDC::Redo() {
+  if (!editor_.Redo()) return;
+  ShowAll();
+  FocusEntry();
+}
+
+void ShowCalendarForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
+  const Topic& topic = proc.topics[proc.selection.CurrentObject];
+  // The editor outlives its form, which may go with its parent in the middle of a save.
+  CalendarEditor editor(proc.transfer.CatalogueLines, proc.selection.TscName,
+                        YearsOf(proc.settings, topic.ControllerGeneration()), Today(),
+                        proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit);
+  editor.CountLost(static_cast<std::size_t>(proc.transfer.LinesDropped));
+  ShowEditorForm(new ZV_SDC(parent, proc, turn, editor), proc, [&proc, refused = editor.Refused()] {
+    for (const RefusedDates& each : refused) ShowRefused(each, proc.outside.prompts, proc.texts);
+  });
+}
+
+}  // namespace zek

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include <wx/control.h>
+#include <wx/dc.h>
+
+#include "editors/CalendarEditor.h"
+#include "lang/LanguageTexts.h"
+
+namespace zek {
+
+struct DayColours;
+
+/// `Picture_Days`: the days of one month, a column for each weekday under its name. Days are chosen
+/// by mouse or keyboard and given the editor's day type.
+///
+/// Keys: arrows, Home and End move the cursor and with Shift select; Enter or Space applies the
+/// type; 0 chooses none and 1 to 7 SD1 to SD7; PageUp and PageDown show another month, with Ctrl
+/// another year.
+class DayGrid final : public wxControl {
+ public:
+  /// `changed` is called when the month shown, the chosen type or the calendar may be another one.
+  DayGrid(wxWindow* parent, CalendarEditor& editor, const LanguageTexts& texts, Prompts& prompts,
+          std::function<void()> changed);
+
+  /// Shows what the editor has.
+  void ShowDays();
+
+ protected:
+  wxSize DoGetBestClientSize() const override;
+
+ private:
+  void BindEvents();
+  wxRect CellAt(int row, int column) const;
+  std::optional<int> DayUnder(const wxPoint& point) const;
+  void OnPaint(wxPaintEvent& event);
+  void DrawHeadings(wxDC& dc) const;
+  void DrawDay(wxDC& dc, const wxRect& place, int day, const DayColours& colours) const;
+  void OnPress(wxMouseEvent& event);
+  void OnMotion(wxMouseEvent& event);
+  void OnRelease(wxMouseEvent& event);
+  void OnKey(wxKeyEvent& event);
+  bool TakeKey(int key, int modifiers);
+  bool TakeMove(int key, bool extend);
+  bool TakeStep(int key, bool years);
+  bool TakeDigit(int key);
+  void Apply();
+
+  CalendarEditor& editor_;
+  const LanguageTexts& texts_;
+  Prompts& prompts_;
+  std::function<void()> changed_;
+};
+
+}  // namespace zek

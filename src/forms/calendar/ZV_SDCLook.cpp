@@ -1,0 +1,143 @@
+#include <wx/gbsizer.h>
+
+#include "formats/CalendarNames.h"
+#include "forms/calendar/ZV_SDCForm.h"
+#include "lang/TextNumbers.h"
+#include "ui/WxText.h"
+
+// The calendar editor's controls and their places.
+namespace zek {
+namespace {
+
+constexpr int kFrameSdc = text::kCalendarCaption + 1;
+constexpr int kFrameYear = text::kCalendarCaption + 2;
+constexpr int kFrameMonth = text::kCalendarCaption + 3;
+constexpr int kFrameDay = text::kCalendarCaption + 4;
+constexpr int kGap = 8;
+constexpr int kOptionGap = 4;
+constexpr int kYearColumns = 3;
+constexpr int kMonthColumns = 6;
+
+// The first of `options` begins the group.
+template <std::size_t N, class CaptionOf>
+void BuildOptions(std::array<wxRadioButton*, N>& options, wxStaticBox* frame,
+                  const std::string& name, CaptionOf captionOf) {
+  for (std::size_t i = 0; i < N; ++i) {
+    options.at(i) = new wxRadioButton(frame, wxID_ANY, captionOf(static_cast<int>(i)),
+                                      wxDefaultPosition, wxDefaultSize, i == 0 ? wxRB_GROUP : 0);
+    options.at(i)->SetName(name + std::to_string(i));
+  }
+}
+
+// `options` in rows of `columns`, inside their frame.
+template <std::size_t N>
+wxSizer* InRows(const std::array<wxRadioButton*, N>& options, wxStaticBox* frame, int columns) {
+  const int gap = frame->FromDIP(kOptionGap);
+  auto* const cells = new wxFlexGridSizer(columns, gap, 3 * gap);
+  for (wxRadioButton* const option : options) cells->Add(option);
+  auto* const whole = new wxStaticBoxSizer(frame, wxVERTICAL);
+  whole->Add(cells, 0, wxALL, frame->FromDIP(kGap));
+  return whole;
+}
+
+}  // namespace
+
+// Created in the order of the Tab key.
+void ZV_SDC::Build() {
+  BuildGrid();
+  BuildDayTypes();
+  BuildYearsAndMonths();
+  undoAndRedo_ = NewUndoAndRedo(letters_);
+  Command_Ok = NewSave(letters_.Give(Caption(text::kCalendarOk)), {});
+  Command_Cancel = NewCommand(wxID_CANCEL, "Command_Cancel",
+                              letters_.Give(Caption(text::kCalendarCancel)), {}, false);
+  const int gap = FromDIP(kGap);
+  auto* const upper = new wxBoxSizer(wxHORIZONTAL);
+  upper->Add(GridContent(), 1, wxEXPAND | wxRIGHT, gap);
+  upper->Add(DayTypeContent(), 0, wxEXPAND);
+  auto* const lower = new wxBoxSizer(wxHORIZONTAL);
+  lower->Add(InRows(Option_Year, Frame_Year, kYearColumns), 0, wxEXPAND | wxRIGHT, gap);
+  lower->Add(InRows(Option_Month, Frame_Month, kMonthColumns), 1, wxEXPAND);
+  auto* const hint = new wxStaticText(
+      this, wxID_ANY, editor_.ViewOnly() ? wxString() : Caption(text::kCalendarHint),
+      wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_END);
+  auto* const commands = new wxBoxSizer(wxHORIZONTAL);
+  commands->Add(hint, 1, wxALIGN_CENTER_VERTICAL | wxRIGHT, gap);
+  commands->Add(undoAndRedo_, 0, wxRIGHT, 3 * gap);
+  commands->Add(Command_Ok, 0, wxRIGHT, gap);
+  commands->Add(Command_Cancel);
+  auto* const whole = new wxBoxSizer(wxVERTICAL);
+  whole->Add(upper, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
+  whole->Add(lower, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
+  whole->Add(commands, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
+  LayOut(whole);
+}
+
+// The frames bring the letters of their captions, so they come first.
+wxStaticBox* ZV_SDC::NewFrame(const std::string& name, int captionText, bool usable) {
+  auto* const frame = new wxStaticBox(this, wxID_ANY, letters_.Give(Caption(captionText)));
+  frame->SetName(name);
+  BlockWhileBusy(frame, usable);
+  return frame;
+}
+
+void ZV_SDC::BuildGrid() {
+  Frame_SDC = NewFrame("Frame_SDC", kFrameSdc);
+  const auto step = [this](const char* name, int caption) {
+    auto* const button = new wxButton(Frame_SDC, wxID_ANY, letters_.Give(Caption(caption)));
+    button->SetName(name);
+    return button;
+  };
+  Command_Last = step("Command_Last", text::kCalendarLast);
+  month_ = new wxStaticText(Frame_SDC, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
+                            wxALIGN_CENTRE_HORIZONTAL | wxST_NO_AUTORESIZE);
+  month_->SetName("Label_Month");
+  month_->SetFont(GetFont().Bold().Larger());
+  Command_Next = step("Command_Next", text::kCalendarNext);
+  Picture_Days =
+      new DayGrid(Frame_SDC, editor_, proc_.texts, proc_.outside.prompts, [this] { ShowAll(); });
+}
+
+void ZV_SDC::BuildDayTypes() {
+  Frame_Day = NewFrame("Frame_Day", kFrameDay, !editor_.ViewOnly());
+  BuildOptions(Option_Day, Frame_Day, "Option_Day",
+               [this](int type) { return ToWx(DayTypeCaption(type, proc_.texts)); });
+}
+
+void ZV_SDC::BuildYearsAndMonths() {
+  Frame_Year = NewFrame("Frame_Year", kFrameYear);
+  BuildOptions(Option_Year, Frame_Year, "Option_Year", [this](int year) {
+    return wxString(std::to_string(editor_.Table().BaseYear() + year));
+  });
+  Frame_Month = NewFrame("Frame_Month", kFrameMonth);
+  BuildOptions(Option_Month, Frame_Month, "Option_Month",
+               [this](int month) { return Caption(text::kMonthNamesShown + month); });
+}
+
+wxSizer* ZV_SDC::GridContent() {
+  const int gap = FromDIP(kGap);
+  auto* const heading = new wxBoxSizer(wxHORIZONTAL);
+  heading->Add(Command_Last);
+  heading->Add(month_, 1, wxALIGN_CENTER_VERTICAL | wxLEFT | wxRIGHT, gap);
+  heading->Add(Command_Next);
+  auto* const whole = new wxStaticBoxSizer(Frame_SDC, wxVERTICAL);
+  whole->Add(heading, 0, wxEXPAND | wxALL, gap);
+  whole->Add(Picture_Days, 1, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, gap);
+  return whole;
+}
+
+// The weekdays below the choice of none, SD1 to SD7 beside them.
+wxSizer* ZV_SDC::DayTypeContent() {
+  const int gap = FromDIP(kOptionGap);
+  auto* const cells = new wxGridBagSizer(gap, 3 * gap);
+  for (int type = 0; type <= kCalendarDayTypes; ++type) {
+    const bool special = type > kDaysOfWeek;
+    cells->Add(Option_Day.at(static_cast<std::size_t>(type)),
+               special ? wxGBPosition(type - kDaysOfWeek, 1) : wxGBPosition(type, 0));
+  }
+  auto* const whole = new wxStaticBoxSizer(Frame_Day, wxVERTICAL);
+  whole->Add(cells, 0, wxALL, FromDIP(kGap));
+  return whole;
+}
+
+}  // namespace zek

@@ -1,0 +1,114 @@
+#include "forms/exception/ZV_OVC.h"
+
+#include <wx/datetime.h>
+#include <wx/sizer.h>
+
+#include "formats/ExceptionDrops.h"
+#include "forms/exception/ZV_OVCForm.h"
+#include "lang/TextNumbers.h"
+
+namespace zek {
+namespace {
+
+constexpr int kErase = text::kExceptionCaption + 5;
+constexpr int kOk = text::kExceptionCaption + 6;
+constexpr int kCancel = text::kExceptionCaption + 7;
+constexpr int kOkToolTip = text::kExceptionCaption + 8;
+constexpr int kGap = 8;
+
+Moment Now() {
+  const wxDateTime now = wxDateTime::Now();
+  return DateMoment(now.GetYear(), now.GetMonth() + 1, now.GetDay()) +
+         TimeMoment(now.GetHour(), now.GetMinute());
+}
+
+}  // namespace
+
+ZV_OVC::ZV_OVC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, ExceptionEditor& editor,
+               const PickList& pickList)
+    : EditorForm(parent, proc, turn, Catalogue::Ovc,
+                 {"ZV_OVC", text::kExceptionTitle, editor.ViewOnly(), true}),
+      editor_(editor) {
+  Build(pickList);
+  Arrange();
+  Command_Erase->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Erase(); });
+  grid_->Focus({});
+  ShowChanges();
+}
+
+void ZV_OVC::Build(const PickList& pickList) {
+  Mnemonics letters;
+  Frame_OVC = new wxStaticBox(this, wxID_ANY, letters.Give(Caption(text::kExceptionFrame)));
+  Frame_OVC->SetName("Frame_OVC");
+  BlockWhileBusy(Frame_OVC);
+  grid_ = new OvcGrid(Frame_OVC, editor_,
+                      {proc_.texts, proc_.outside.prompts, pickList, [this] { ShowChanges(); }});
+  Command_Erase = NewCommand(wxID_ANY, "Command_Erase", letters.Give(Caption(kErase)),
+                             Caption(text::kEraseHint), true);
+  undoAndRedo_ = NewUndoAndRedo(letters);
+  Command_Ok = NewSave(letters.Give(Caption(kOk)), Caption(kOkToolTip));
+  Command_Cancel =
+      NewCommand(wxID_CANCEL, "Command_Cancel", letters.Give(Caption(kCancel)), {}, false);
+}
+
+void ZV_OVC::Arrange() {
+  const int gap = FromDIP(kGap);
+  auto* const table = new wxStaticBoxSizer(Frame_OVC, wxVERTICAL);
+  table->Add(grid_, 1, wxEXPAND | wxALL, gap);
+  auto* const commands = new wxBoxSizer(wxHORIZONTAL);
+  commands->Add(Command_Erase, 0, wxRIGHT, 3 * gap);
+  commands->Add(undoAndRedo_, 0, wxRIGHT, 3 * gap);
+  commands->AddStretchSpacer();
+  commands->Add(Command_Ok, 0, wxRIGHT, gap);
+  commands->Add(Command_Cancel);
+  auto* const whole = new wxBoxSizer(wxVERTICAL);
+  whole->Add(table, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
+  whole->Add(commands, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
+  LayOut(whole);
+}
+
+void ZV_OVC::Erase() {
+  grid_->TakeEntry();
+  const std::size_t erased = editor_.Row();
+  const std::size_t next = editor_.Erase();
+  grid_->ShowRow(erased);
+  grid_->Focus({ExceptionBox::DateOn, next});
+  ShowChanges();
+}
+
+void ZV_OVC::ShowAt(const std::optional<ExceptionFocus>& changed) {
+  if (!changed) return;
+  grid_->ShowRow(changed->row);
+  grid_->Focus(*changed);
+}
+
+SaveOutcome ZV_OVC::SaveTable(const CatalogueWriter& write) {
+  // What has taken the place of a wrong date is to be seen before it is sent.
+  if (grid_->TellWrong()) return SaveOutcome::NotTried;
+  ZV_Proc& proc = proc_;  // the form may be gone after the save
+  proc.transfer.NotInLines = LostStopTimes(
+      editor_.Table(), proc.topics[proc.selection.CurrentObject].ControllerGeneration());
+  const SaveOutcome outcome = editor_.Save(write, proc.Numbers());
+  proc.transfer.NotInLines.clear();
+  return outcome;
+}
+
+void ShowExceptionForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
+  const Topic& object = proc.topics[proc.selection.CurrentObject];
+  const char separator = proc.settings.DecimalSeparator;
+  // The editor outlives its form, which may go with its parent in the middle of a save.
+  ExceptionEditor editor(proc.transfer.CatalogueLines,
+                         {proc.selection.TscName, object.ControllerGeneration()}, separator,
+                         proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit, Now);
+  editor.CountLost(static_cast<std::size_t>(proc.transfer.LinesDropped));
+  const PickList pickList =
+      ReadPickList(proc.outside.profile, proc.selection.PickListTable, separator);
+  ShowEditorForm(new ZV_OVC(parent, proc, turn, editor, pickList), proc,
+                 [&proc, pickList, refused = editor.Refused()] {
+                   TellCut(pickList, proc.outside.prompts, proc.texts);
+                   for (const RefusedException& each : refused)
+                     ShowRefused(each, proc.outside.prompts, proc.texts);
+                 });
+}
+
+}  // namespace zek

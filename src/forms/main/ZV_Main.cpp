@@ -1,0 +1,264 @@
+#include "forms/main/ZV_Main.h"
+
+#include <wx/utils.h>
+
+#include "forms/browser/ZV_TSC.h"
+#include "lang/Message.h"
+#include "lang/TextNumbers.h"
+#include "text/Fields.h"
+#include "text/Windows1252.h"
+#include "ui/Pictures.h"
+#include "ui/WxText.h"
+
+namespace zek {
+
+using namespace main_menu;
+
+namespace {
+constexpr int kEnquiry = 5;       // Ctrl+E
+constexpr int kPrintEnable = 16;  // Ctrl+P
+}  // namespace
+
+ZV_Main::Working::~Working() {
+  if (--form_.working_ > 0 || !form_.closeRequested_) return;
+  form_.CallAfter([&form = form_] { form.Close(); });
+}
+
+ZV_Main::ZV_Main(ZV_Proc& proc, WxTurn& turn)
+    : wxFrame(nullptr, wxID_ANY, "ZEK View - version " ZEKVIEW_VERSION),
+      proc_(proc),
+      turn_(turn),
+      Timer_Comm([this] { OnTick(); }),
+      refresh_([this] { ShowState(); }) {
+  BuildMenus();
+  BuildToolbar();
+  BuildControls();
+  BuildAccelerators();
+  BindEvents();
+  RememberPlacement(*this, "ZV_Main");
+  if (proc_.settings.AlwaysOnTop) SetTopmost(*this, true);
+  if (proc_.status.Connection.empty()) proc_.status.Connection = proc_.Text(text::kNotConnected);
+  proc_.status.Changed = [this] { refresh_.Request(); };
+  ShowState();
+  Timer_Comm.Begin();
+  // A window that nobody looks at may never be painted.
+  if (proc_.settings.BatchMode) Activate();
+}
+
+ZV_Main::~ZV_Main() {
+  proc_.status.Changed = [] {};
+  if (hourglass_) wxEndBusyCursor();
+}
+
+void ZV_Main::BindEvents() {
+  const auto onMenu = [this](int id, auto action) {
+    Bind(
+        wxEVT_MENU, [action](wxCommandEvent&) { action(); }, id);
+  };
+  onMenu(Menu_Disconnect, [this] { Connect(-1); });
+  onMenu(Menu_Debug_Save, [this] { SaveLog(); });
+  onMenu(Menu_Debug_Open, [this] { OpenLog(); });
+  onMenu(Menu_Debug_Clear, [this] {
+    proc_.log.Replace({});
+    ShowState();
+  });
+  onMenu(Menu_Exit, [this] { Close(); });
+  onMenu(Menu_TSC, [this] { OpenBrowser(); });
+  Combo_Topics->Bind(wxEVT_CHOICE, [this](wxCommandEvent& event) {
+    const int item = event.GetSelection();
+    // Not from inside the control's own handler, since connecting waits.
+    const std::int16_t topic =
+        item < 0 ? std::int16_t{-1} : listed_[static_cast<std::size_t>(item)];
+    CallAfter([this, topic] { Connect(topic); });
+  });
+  // The wheel would connect to one topic after the other.
+  Combo_Topics->Bind(wxEVT_MOUSEWHEEL, [](wxMouseEvent&) {});
+  Text_Input->Bind(wxEVT_CHAR, &ZV_Main::OnKey, this);
+  Text_Input->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) {
+    const wxString typed = Text_Input->GetValue();
+    if (!FitsWindows1252(typed.utf8_string())) {
+      proc_.outside.prompts.Show(Icon::Information, proc_.Text(text::kCommandUnfit));
+      return;
+    }
+    Send(FromWx(typed), typed);
+  });
+  List_Output->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
+    event.Skip();
+    int flags = 0;
+    // New lines may come and be selected before the click's own work is done.
+    const long item = List_Output->HitTest(event.GetPosition(), flags);
+    if (item >= 0) CallAfter([this, line = List_Output->Line(item)] { OnLogChosen(line); });
+  });
+  List_Output->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent& event) {
+    OnLogChosen(List_Output->Line(event.GetIndex()));
+  });
+  Bind(wxEVT_CHAR_HOOK, &ZV_Main::OnCharHook, this);
+  Bind(wxEVT_CLOSE_WINDOW, &ZV_Main::OnClose, this);
+  Bind(wxEVT_ICONIZE, &ZV_Main::OnIconize, this);
+}
+
+// Shown is not yet visible: only a window that has been painted can be hidden again.
+void ZV_Main::OnFirstPaint(wxPaintEvent& event) {
+  event.Skip();
+  Activate();
+}
+
+void ZV_Main::Activate() {
+  if (activated_) return;
+  activated_ = true;
+  CallAfter([this] { FirstActivation(); });  // it waits, so not from inside the painting
+}
+
+// What follows once: the topics, the start switches, the about box. And what the first frame need
+// not wait for.
+void ZV_Main::FirstActivation() {
+  Raise();  // without a window manager nobody else makes it the active window
+  SetIcons(ProgramIcons());
+  {
+    const Working working(*this);
+    LoadTopics(proc_);
+    FillTopics();
+    Combo_Topics->SetFocus();
+    ShowState();
+    if (StartsWithBrowser()) {
+      OpenBrowser();
+      return;
+    }
+    if (!proc_.settings.StartDialog.empty()) StartDialog();
+    if (closeRequested_) return;
+  }
+  info_ = new ZV_Info(this, proc_.texts);
+  info_->ShowWithoutActivating();
+}
+
+void ZV_Main::StartDialog() {
+  const std::string name = proc_.settings.StartDialog;
+  const std::int16_t topic = proc_.topics.Find(name);
+  proc_.settings.StartDialog.clear();
+  if (topic >= 0) {
+    Connect(topic);
+  } else {
+    proc_.outside.prompts.Show(Icon::Information, Message(proc_.Text(text::kInvalidTopic), {name}));
+  }
+}
+
+void ZV_Main::OnTick() {
+  const Working working(*this);
+  if (!commands_.empty()) proc_.countdowns.WaitCountdown = 0;  // the next one is due
+  proc_.connection.Tick();
+}
+
+// Holding a key down repeats faster than a controller answers. A handler that is entered while it
+// waits therefore ends that wait and leaves its wish, instead of piling a wait upon a wait.
+void ZV_Main::Connect(std::int16_t topic) {
+  const Working working(*this);
+  wanted_ = topic;
+  if (connecting_) {
+    proc_.connection.Disconnect();
+    return;
+  }
+  connecting_ = true;
+  while (wanted_ && !closeRequested_) {
+    const std::int16_t next = *wanted_;
+    wanted_.reset();
+    if (next < 0) {
+      proc_.connection.Disconnect();
+    } else {
+      proc_.connection.Connect(next);
+    }
+  }
+  connecting_ = false;
+  ShowState();
+  if (IsConnected()) Text_Input->SetFocus();
+}
+
+void ZV_Main::OnKey(wxKeyEvent& event) {
+  if (IsConnected()) proc_.countdowns.IdleCountdown = proc_.settings.DisconnectTicks;
+  const int key = event.GetKeyCode();
+  if (key == kEnquiry || key == kPrintEnable) {
+    Send(std::string(1, static_cast<char>(key)), {});
+  } else {
+    event.Skip();
+  }
+}
+
+void ZV_Main::Send(const std::string& command, const wxString& typed) {
+  commands_.push_back({command, typed});
+  if (sending_) {
+    proc_.countdowns.WaitCountdown = 0;  // the command before no longer waits for its answer
+  } else {
+    sending_ = true;
+    CallAfter([this] { SendQueued(); });
+  }
+}
+
+void ZV_Main::SendQueued() {
+  const Working working(*this);
+  while (!commands_.empty() && !closeRequested_) {
+    const Command command = std::move(commands_.front());
+    commands_.pop_front();
+    const bool sent = proc_.connection.SendCommand(command.text);
+    // What was typed while the answer was on its way stays.
+    if (sent && !command.typed.empty() && Text_Input->GetValue() == command.typed) {
+      Text_Input->ChangeValue({});
+    }
+  }
+  sending_ = false;
+}
+
+void ZV_Main::OnLogChosen(const std::string& line) {
+  Text_Input->ChangeValue(ToWx(line));
+  if (!Text_Input->IsEnabled()) return;
+  Text_Input->SetFocus();
+  Text_Input->SetInsertionPointEnd();
+}
+
+void ZV_Main::OpenBrowser() {
+  if (proc_.status.Busy > 0) return;
+  {
+    const Working working(*this);
+    const bool hide = proc_.settings.HideDialogOnTSC;
+    if (hide) Hide();
+    ShowBrowser(hide ? nullptr : this, proc_, turn_);
+    if (StartsWithBrowser()) closeRequested_ = true;
+    if (hide && !closeRequested_) Show();
+  }
+  ShowState();
+}
+
+// The keyboard's way to close the about box, which leaves the focus here.
+void ZV_Main::OnCharHook(wxKeyEvent& event) {
+  if (event.GetKeyCode() == WXK_ESCAPE && info_) {
+    info_->Close();
+  } else {
+    event.Skip();
+  }
+}
+
+void ZV_Main::OnIconize(wxIconizeEvent& event) {
+  if (event.IsIconized() && proc_.settings.PreventMinimize) CallAfter([this] { Restore(); });
+  event.Skip();
+}
+
+void ZV_Main::OnClose(wxCloseEvent& event) {
+  if (closed_) return;
+  if (working_ == 0) {
+    Unload();
+    return;
+  }
+  if (event.CanVeto()) event.Veto();
+  closeRequested_ = true;
+  // Ends the waits for a connection and for an answer. A transfer ends by itself.
+  if (proc_.status.Busy == 0) proc_.connection.Disconnect();
+}
+
+void ZV_Main::Unload() {
+  closed_ = true;
+  proc_.connection.Disconnect();
+  proc_.connection.CloseAllTags();
+  turn_.Quit();
+  Timer_Comm.Stop();
+  Destroy();
+}
+
+}  // namespace zek

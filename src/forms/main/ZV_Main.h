@@ -1,0 +1,130 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include <wx/choice.h>
+#include <wx/frame.h>
+#include <wx/menu.h>
+#include <wx/textctrl.h>
+#include <wx/weakref.h>
+
+#include "app/ZV_Proc.h"
+#include "forms/main/ZV_Info.h"
+#include "forms/main/ZV_MainLog.h"
+#include "ui/Forms.h"
+#include "wxbase/WxTurn.h"
+
+namespace zek {
+
+/// The main window's menu items; the tool bar has some of them too.
+namespace main_menu {
+enum Menu : int {
+  Menu_Exit = wxID_EXIT,
+  Menu_Disconnect = wxID_HIGHEST + 1,
+  Menu_Debug_Save,
+  Menu_Debug_Open,
+  Menu_Debug_Clear,
+  Menu_TSC,
+};
+}  // namespace main_menu
+
+/// `ZV_Main`, the main window: a terminal onto the connected controller, with the log of its
+/// replies. Closing it disconnects and ends the program.
+///
+/// Its handlers run waits, and waits run events. So a handler that can be entered again while it
+/// waits leaves its wish to the one that is running, and a close request waits for all of them.
+class ZV_Main final : public wxFrame {
+ public:
+  ZV_Main(ZV_Proc& proc, WxTurn& turn);
+  ~ZV_Main() override;
+
+  /// Asks for the file in which the log is saved, or for a saved one: its path in UTF-8, "" when
+  /// the question was cancelled.
+  std::function<std::string(bool save)> AskFile = [this](bool save) { return AskLogFile(save); };
+
+ private:
+  // Lives as long as a handler that may wait. When the last of them ends, a close request that
+  // came meanwhile is carried out: no window goes while a wait that began in it is running.
+  class Working {
+   public:
+    explicit Working(ZV_Main& form) : form_(form) { ++form_.working_; }
+    Working(const Working&) = delete;
+    Working& operator=(const Working&) = delete;
+    ~Working();
+
+   private:
+    ZV_Main& form_;
+  };
+
+  void BuildMenus();
+  void BuildToolbar();
+  void BuildControls();
+  void BuildAccelerators();
+  void BindEvents();
+  void OnFirstPaint(wxPaintEvent& event);
+  void Activate();
+  void FirstActivation();
+  void FillTopics();
+
+  void ShowState();
+  void ShowStatusBar();
+  void ShowTopic();
+  void ShowPointer();
+  void EnableParts();
+
+  void OnTick();
+  void OnKey(wxKeyEvent& event);
+  void OnCharHook(wxKeyEvent& event);
+  void OnClose(wxCloseEvent& event);
+  void OnIconize(wxIconizeEvent& event);
+  void OnLogChosen(const std::string& line);
+  void Connect(std::int16_t topic);
+  void Send(const std::string& command, const wxString& typed);
+  void SendQueued();
+  void OpenBrowser();
+  std::string AskLogFile(bool save);
+  void SaveLog();
+  void OpenLog();
+  void StartDialog();
+  void Unload();
+
+  // The browser opens at once, and the program ends with it.
+  bool StartsWithBrowser() const {
+    return !proc_.settings.StartTopic.empty() || proc_.settings.BatchMode;
+  }
+  bool IsConnected() const { return proc_.connection.CurrentTopic >= 0; }
+  wxString Label(std::int32_t number, const char* key = "") const;
+
+  struct Command {
+    std::string text;
+    wxString typed;  // what to empty `Text_Input` of when it was sent; "" = nothing
+  };
+
+  ZV_Proc& proc_;
+  WxTurn& turn_;
+  wxMenu* menuFile_ = nullptr;
+  wxMenu* menuDebug_ = nullptr;
+  wxChoice* Combo_Topics = nullptr;
+  LogList* List_Output = nullptr;
+  wxTextCtrl* Text_Input = nullptr;
+  wxWeakRef<ZV_Info> info_;
+  WxTick Timer_Comm;
+  FrameRefresh refresh_;
+
+  std::deque<std::int16_t> listed_;     // the topics of `Combo_Topics`, in its order
+  std::optional<std::int16_t> wanted_;  // the topic to connect next, -1 for none
+  std::deque<Command> commands_;        // typed and not sent yet
+  bool connecting_ = false;
+  bool sending_ = false;
+  bool hourglass_ = false;
+  int working_ = 0;  // handlers that are running, one inside another
+  bool activated_ = false;
+  bool closeRequested_ = false;
+  bool closed_ = false;
+};
+
+}  // namespace zek

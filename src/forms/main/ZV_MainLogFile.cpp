@@ -1,0 +1,44 @@
+#include <wx/filedlg.h>
+
+#include "forms/main/ZV_Main.h"
+#include "lang/Message.h"
+#include "lang/TextNumbers.h"
+#include "text/Lines.h"
+#include "ui/WxText.h"
+
+/// Saving the log in a file, and showing a saved one.
+namespace zek {
+
+std::string ZV_Main::AskLogFile(bool save) {
+  wxFileDialog dialog(this, Label(save ? text::kLogSaveTitle : text::kLogOpenTitle), {}, {},
+                      Label(text::kLogFilter),
+                      save ? wxFD_SAVE | wxFD_OVERWRITE_PROMPT : wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+  const Working working(*this);
+  return dialog.ShowModal() == wxID_OK ? std::string(dialog.GetPath().utf8_str()) : std::string();
+}
+
+void ZV_Main::SaveLog() {
+  const std::string path = AskFile(true);
+  if (path.empty()) return;
+  std::string bytes;
+  for (const std::string& line : proc_.log.Lines()) bytes += line + "\r\n";
+  if (const auto error = proc_.outside.files.Write(path, bytes)) {
+    proc_.outside.prompts.Show(Icon::Exclamation, FileMessage(proc_.texts, *error));
+  }
+}
+
+void ZV_Main::OpenLog() {
+  const std::string path = AskFile(false);
+  if (path.empty()) return;
+  const FileContent file = proc_.outside.files.Read(path);
+  if (file.error) {
+    proc_.outside.prompts.Show(Icon::Exclamation, FileMessage(proc_.texts, *file.error));
+    return;
+  }
+  std::vector<std::string> lines;
+  for (std::string_view rest = file.bytes; !rest.empty();) lines.emplace_back(TakeLine(rest));
+  proc_.log.Replace(std::move(lines));
+  ShowState();
+}
+
+}  // namespace zek

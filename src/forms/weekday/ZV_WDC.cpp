@@ -1,0 +1,68 @@
+#include "forms/weekday/ZV_WDC.h"
+
+#include "forms/weekday/ZV_WDCForm.h"
+#include "lang/TextNumbers.h"
+
+namespace zek {
+
+ZV_WDC::ZV_WDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, WeekdayEditor& editor,
+               const PickList& pickList)
+    : EditorForm(parent, proc, turn, Catalogue::Wdc,
+                 {"ZV_WDC", text::kWeekdayCaption, editor.ViewOnly()}),
+      editor_(editor) {
+  Build(pickList);
+  BindEvents();
+  grid_->FocusStart(0);
+  ShowChanges();
+}
+
+void ZV_WDC::BindEvents() {
+  for (std::size_t type = 0; type < Option_Type.size(); ++type) {
+    Option_Type.at(type)->Bind(wxEVT_RADIOBUTTON, [this, type](wxCommandEvent&) {
+      grid_->TakeEntry();
+      editor_.ShowType(type);
+      grid_->ShowCells();
+    });
+  }
+  Command_Copy->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Change(&WeekdayEditor::Copy); });
+  Command_Erase->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Change(&WeekdayEditor::Erase); });
+}
+
+void ZV_WDC::Change(std::size_t (WeekdayEditor::*change)()) {
+  grid_->TakeEntry();
+  const std::size_t column = (editor_.*change)();
+  grid_->ShowCells();
+  ShowTypeCaptions();
+  grid_->FocusStart(column);
+  ShowChanges();
+}
+
+void ZV_WDC::ShowAt(const std::optional<WeekdayFocus>& changed) {
+  if (!changed) return;
+  Option_Type.at(editor_.Type())->SetValue(true);
+  ShowTypeCaptions();
+  grid_->ShowCells();
+  grid_->Focus(*changed);
+}
+
+SaveOutcome ZV_WDC::SaveTable(const CatalogueWriter& write) {
+  return editor_.Save(write, proc_.outside.prompts, proc_.texts);
+}
+
+void ShowWeekdayForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
+  // The node of a whole object has no name: its editor owns none of the lines it would replace.
+  const bool viewOnly = proc.settings.ViewOnly || proc.selection.TscName.empty();
+  // The editor outlives its form, which may go with its parent in the middle of a save.
+  WeekdayEditor editor(proc.transfer.CatalogueLines, proc.selection.TscName,
+                       proc.settings.DecimalSeparator, viewOnly ? Access::ViewOnly : Access::Edit);
+  editor.CountLost(static_cast<std::size_t>(proc.transfer.LinesDropped));
+  const PickList pickList = ReadPickList(proc.outside.profile, proc.selection.PickListTable,
+                                         proc.settings.DecimalSeparator);
+  ShowEditorForm(new ZV_WDC(parent, proc, turn, editor, pickList), proc,
+                 [&proc, pickList, refused = editor.Refused()] {
+                   TellCut(pickList, proc.outside.prompts, proc.texts);
+                   if (refused) ShowRefused(*refused, proc.outside.prompts, proc.texts);
+                 });
+}
+
+}  // namespace zek

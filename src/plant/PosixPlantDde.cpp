@@ -1,0 +1,17 @@
+#include "plant/PlantDde.h"
+
+namespace zek::sim {
+
+class PlantDde::Server {};
+
+// NOLINTNEXTLINE(performance-unnecessary-value-param): as elsewhere
+PlantDde::PlantDde(Plant& /*plant*/, std::function<void()> /*settled*/) {}
+
+PlantDde::~PlantDde() = default;
+
+// NOLINTNEXTLINE(readability-convert-member-functions-to-static): there is a server elsewhere
+std::string PlantDde::Serve(const PlantOptions& options) {
+  return options.ddeServices.empty() ? std::string() : "--dde: this system has no DDE";
+}
+
+}  // namespace zek::sim

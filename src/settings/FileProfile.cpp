@@ -1,0 +1,38 @@
+#include "settings/FileProfile.h"
+
+#include "settings/ProfileText.h"
+
+namespace zek {
+
+const std::string& FileProfile::Text() const {
+  static const std::string none;
+  FileContent file = files_.Read(path_);
+  if (!file.error) text_ = ProfileBytes(std::move(file.bytes));
+  return text_ ? *text_ : none;
+}
+
+std::string FileProfile::ReadIni(std::string_view section, std::string_view key,
+                                 std::string_view fallback) const {
+  if (!IsProfileName(section) || !IsProfileName(key)) return ProfileDefault(fallback);
+  std::optional<std::string> value = ProfileValue(Text(), section, key);
+  return value ? ProfileCut(std::move(*value)) : ProfileDefault(fallback);
+}
+
+std::optional<FileError> FileProfile::WriteIni(std::string_view section, std::string_view key,
+                                               std::string_view value) {
+  const std::string refusal = ProfileRefusal(section, key, value);
+  if (!refusal.empty()) return FileError{path_, FileError::Reason::Other, refusal};
+  FileContent file = files_.Read(path_);
+  // A file that was there before would lose all else that it holds.
+  const bool isNew = file.error && file.error->reason == FileError::Reason::Missing && !text_;
+  if (file.error && !isNew) return file.error;
+  const std::string text = ProfileBytes(std::move(file.bytes));
+  return files_.Write(path_, ProfileWithValue(text, section, key, value));
+}
+
+ProfileSection FileProfile::ReadSection(std::string_view section, std::size_t bufferSize) const {
+  if (!IsProfileName(section)) return {};
+  return ProfileSectionText(Text(), section, bufferSize);
+}
+
+}  // namespace zek

@@ -1,0 +1,10 @@
+#include "settings/FileProfile.h"
+#include "settings/SettingsFile.h"
+
+namespace zek {
+
+std::unique_ptr<Profile> OpenSettingsFile(Files& files, const std::string& path) {
+  return std::make_unique<FileProfile>(files, path);
+}
+
+}  // namespace zek

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "system/Files.h"
+
+namespace zek {
+
+/// A whole section as the platform's profile call delivers it.
+struct ProfileSection {
+  std::vector<std::string> entries;  // "key=value" without blanks around "=", quotes kept
+  std::size_t length = 0;            // characters returned, the end of each entry counted
+  bool cut = false;                  // the section filled the buffer; the last entry may be torn
+};
+
+/// Access to ZEKView.INI. Sections and keys are found without regard to case.
+class Profile {
+ public:
+  virtual ~Profile() = default;
+
+  /// The value, at most 127 characters; `fallback` when file, section or key is missing.
+  virtual std::string ReadIni(std::string_view section, std::string_view key,
+                              std::string_view fallback) const = 0;
+
+  /// What went wrong, if anything.
+  virtual std::optional<FileError> WriteIni(std::string_view section, std::string_view key,
+                                            std::string_view value) = 0;
+
+  /// The entries of a section, read into a buffer of `bufferSize` characters.
+  virtual ProfileSection ReadSection(std::string_view section, std::size_t bufferSize) const = 0;
+};
+
+/// True exactly when the value is "YES" in any case.
+bool ReadYesNo(const Profile& profile, std::string_view section, std::string_view key,
+               std::string_view fallback);
+
+}  // namespace zek

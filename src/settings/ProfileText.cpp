@@ -1,0 +1,202 @@
+#include "settings/ProfileText.h"
+
+#include <algorithm>
+
+#include "text/Fields.h"
+#include "text/Windows1252.h"
+
+namespace zek {
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+constexpr std::size_t kLongestValue = 127;  // the platform's buffer of 128 less its end
+
+std::string_view Strip(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(kBlanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+struct Line {
+  std::size_t start = 0;  // in the text
+  std::size_t end = 0;    // of its characters
+  std::size_t next = 0;   // where the line after it starts
+};
+
+Line LineAt(std::string_view text, std::size_t start) {
+  const std::size_t end = std::min(text.find_first_of("\r\n", start), text.size());
+  std::size_t next = end;
+  if (next < text.size()) next += text.substr(next, 2) == "\r\n" ? 2U : 1U;
+  return {start, end, next};
+}
+
+std::string_view Content(std::string_view text, const Line& line) {
+  return Strip(text.substr(line.start, line.end - line.start));
+}
+
+std::optional<std::string_view> SectionName(std::string_view line) {
+  const std::size_t close = line.rfind(']');
+  if (line.empty() || line.front() != '[' || close == std::string_view::npos) return std::nullopt;
+  return Strip(line.substr(1, close - 1));
+}
+
+struct Span {
+  std::size_t start = 0;  // of the first line behind the header
+  std::size_t end = 0;    // of the section's last line
+};
+
+std::optional<Span> FindSection(std::string_view text, std::string_view section) {
+  std::optional<Span> found;
+  for (std::size_t at = 0; at < text.size();) {
+    const Line line = LineAt(text, at);
+    if (const auto name = SectionName(Content(text, line))) {
+      if (found) {
+        found->end = line.start;
+        return found;
+      }
+      if (EqualNoCase(*name, section)) found = Span{line.next, text.size()};
+    }
+    at = line.next;
+  }
+  return found;
+}
+
+// A line "key = value"; without "=" the key is the whole line and there is no value.
+struct Entry {
+  std::string_view key;
+  std::optional<std::string_view> value;
+};
+
+Entry EntryOf(std::string_view line) {
+  const std::size_t equals = line.find('=');
+  if (equals == std::string_view::npos) return {line, std::nullopt};
+  return {Strip(line.substr(0, equals)), Strip(line.substr(equals + 1))};
+}
+
+std::optional<Line> FindKey(std::string_view text, const Span& section, std::string_view key) {
+  for (std::size_t at = section.start; at < section.end;) {
+    const Line line = LineAt(text, at);
+    const std::string_view content = Content(text, line);
+    if (!content.empty() && EqualNoCase(EntryOf(content).key, key)) return line;
+    at = line.next;
+  }
+  return std::nullopt;
+}
+
+std::string_view WithoutQuotes(std::string_view value) {
+  const bool quoted = value.size() >= 2 && (value.front() == '"' || value.front() == '\'') &&
+                      value.front() == value.back();
+  return quoted ? value.substr(1, value.size() - 2) : value;
+}
+
+std::string Utf8FromUtf16(std::string_view littleEndian) {
+  std::string utf8;
+  for (std::size_t i = 0; i + 1 < littleEndian.size(); i += 2) {
+    const unsigned code =
+        static_cast<unsigned char>(littleEndian[i]) |
+        (static_cast<unsigned>(static_cast<unsigned char>(littleEndian[i + 1])) << 8);
+    if (code < 0x80) {
+      utf8 += static_cast<char>(code);
+    } else if (code < 0x800) {
+      utf8 += {static_cast<char>(0xC0 | (code >> 6)), static_cast<char>(0x80 | (code & 0x3F))};
+    } else {  // surrogates have no place in windows-1252 either: they end as "?"
+      utf8 +=
+          {static_cast<char>(0xE0 | (code >> 12)), static_cast<char>(0x80 | ((code >> 6) & 0x3F)),
+           static_cast<char>(0x80 | (code & 0x3F))};
+    }
+  }
+  return utf8;
+}
+
+}  // namespace
+
+bool IsProfileName(std::string_view name) { return !Strip(name).empty(); }
+
+std::string ProfileCut(std::string value) {
+  value.resize(std::min(value.size(), kLongestValue));
+  return value;
+}
+
+std::string ProfileDefault(std::string_view fallback) {
+  return ProfileCut(std::string(fallback.substr(0, fallback.find_last_not_of(' ') + 1)));
+}
+
+std::string ProfileRefusal(std::string_view section, std::string_view key, std::string_view value) {
+  if (!IsProfileName(section) || !IsProfileName(key)) return "a value needs a section and a key";
+  const bool oneLine = value.find_first_of(std::string_view("\r\n\0", 3)) == std::string_view::npos;
+  return oneLine ? "" : "a value can't hold a line end";
+}
+
+std::optional<std::string> ProfileValue(std::string_view text, std::string_view section,
+                                        std::string_view key) {
+  const std::optional<Span> span = FindSection(text, section);
+  if (!span) return std::nullopt;
+  const std::optional<Line> line = FindKey(text, *span, key);
+  if (!line) return std::nullopt;
+  const std::optional<std::string_view> value = EntryOf(Content(text, *line)).value;
+  if (!value) return std::nullopt;
+  return std::string(WithoutQuotes(*value));
+}
+
+ProfileSection ProfileSectionText(std::string_view text, std::string_view section,
+                                  std::size_t bufferSize) {
+  ProfileSection result;
+  const std::optional<Span> span = FindSection(text, section);
+  if (!span) return result;
+  const std::size_t limit = bufferSize - 2;  // the buffer ends in two NULs when it is too small
+  for (std::size_t at = span->start; at < span->end;) {
+    const Line line = LineAt(text, at);
+    at = line.next;
+    const std::string_view content = Content(text, line);
+    if (content.empty() || content.front() == ';') continue;
+    const Entry entry = EntryOf(content);
+    if (entry.value && entry.key.empty() && entry.value->empty()) continue;
+    std::string item(entry.key);
+    if (entry.value) item.append("=").append(*entry.value);
+    const std::size_t room = limit - result.length;
+    if (item.size() + 1 > room) {
+      result.cut = true;
+      result.length = limit;
+      item.resize(std::min(item.size(), room));
+      if (!item.empty()) result.entries.push_back(std::move(item));
+      return result;
+    }
+    result.length += item.size() + 1;
+    result.entries.push_back(std::move(item));
+  }
+  // An exact fit can't be told from a cut by its length; it counts as one, as the callers do.
+  result.cut = result.length >= limit;
+  return result;
+}
+
+std::string ProfileWithValue(std::string_view text, std::string_view section, std::string_view key,
+                             std::string_view value) {
+  const std::size_t firstLetter = std::min(value.find_first_not_of(kBlanks), value.size());
+  const std::string entry =
+      std::string(key).append("=").append(value.substr(firstLetter)).append("\r\n");
+  std::string result(text);
+  const std::optional<Span> span = FindSection(text, section);
+  if (!span) {
+    if (!result.empty() && result.back() != '\n' && result.back() != '\r') result += "\r\n";
+    return result.append("[").append(section).append("]\r\n").append(entry);
+  }
+  if (const std::optional<Line> line = FindKey(text, *span, key)) {
+    return result.replace(line->start, line->next - line->start, entry);
+  }
+  std::size_t insertAt = span->start;
+  for (std::size_t at = span->start; at < span->end;) {
+    const Line line = LineAt(text, at);
+    if (!Content(text, line).empty()) insertAt = line.next;
+    at = line.next;
+  }
+  const bool openLine = insertAt > 0 && text[insertAt - 1] != '\n' && text[insertAt - 1] != '\r';
+  return result.insert(insertAt, (openLine ? "\r\n" : "") + entry);
+}
+
+std::string ProfileBytes(std::string file) {
+  if (file.starts_with("\xEF\xBB\xBF")) return Windows1252FromUtf8(file.substr(3));
+  if (file.starts_with("\xFF\xFE")) return Windows1252FromUtf8(Utf8FromUtf16(file.substr(2)));
+  return file;
+}
+
+}  // namespace zek

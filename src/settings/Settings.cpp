@@ -1,0 +1,127 @@
+#include "settings/Settings.h"
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+
+#include "lang/Message.h"
+#include "lang/TextNumbers.h"
+#include "text/Fields.h"
+#include "text/Numbers.h"
+#include "text/Windows1252.h"
+
+namespace zek {
+namespace {
+
+constexpr std::string_view kGeneral = "general";
+constexpr int kShortestDisconnectTime = 60;  // seconds
+constexpr int kShortestGetTSCTimeout = 5;    // seconds
+constexpr int kLastTwoDigitYear = 93;        // 94 to 99 are of the last century
+constexpr int kLastYear = 9999;              // four digits
+constexpr int kLargestHistory = 9999;        // copies of each catalogue
+
+std::int16_t ReadDialogMode(const Profile& profile) {
+  const std::string mode = UpperCase(profile.ReadIni(kGeneral, "DialogMode", "1"));
+  if (mode == "ALL") return 2;
+  return mode == "DEFAULT" ? 1 : 0;
+}
+
+// Reads the numeric settings of start-up; the first that does not fit is told and ends it.
+class StartNumbers {
+ public:
+  explicit StartNumbers(const NumberReader& reader) : reader_(reader) {}
+
+  bool Ok() const { return ok_; }
+
+  std::int16_t Seconds(std::string_view key) { return Number(key, "0", kLongestWaitSeconds); }
+
+  std::int16_t Number(std::string_view key, std::string_view fallback, int largest) {
+    if (!ok_) return 0;
+    const auto number = reader_.Read(kGeneral, key, fallback, largest);
+    ok_ = number.has_value();
+    return number.value_or(0);
+  }
+
+  // Seconds as ticks; a value below `least` shows text `tooLow` and is replaced by it.
+  std::int16_t Ticks(std::string_view key, int least, std::int32_t tooLow) {
+    int seconds = Seconds(key);
+    if (ok_ && seconds < least) {
+      reader_.prompts.Show(Icon::None, reader_.texts.Text(tooLow));
+      seconds = least;
+    }
+    return static_cast<std::int16_t>(seconds * kTicksPerSecond);
+  }
+
+ private:
+  const NumberReader& reader_;
+  bool ok_ = true;
+};
+
+}  // namespace
+
+std::string WithSeparator(std::string directory) {
+  constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
+  if (!directory.ends_with('/') && !directory.ends_with(kSeparator)) directory += kSeparator;
+  return directory;
+}
+
+std::string IniPathOf(const CommandLine& line, const std::string& programPath) {
+  if (line.ini) return WithSeparator(*line.ini);
+  const std::string value = SwitchValue(line.text, "/INI:");
+  return value.empty() ? programPath : WithSeparator(Utf8FromWindows1252(value));
+}
+
+bool LoadSettings(Settings& settings, std::string_view commandLine, const Profile& profile,
+                  const LanguageTexts& texts, Prompts& prompts) {
+  settings.LocalMode = HasSwitch(commandLine, "/LOCAL");
+  settings.BatchMode = HasSwitch(commandLine, "/BATCH");
+  settings.AlwaysOnTop =
+      HasSwitch(commandLine, "/ALWAYSONTOP") || ReadYesNo(profile, "General", "AlwaysOnTop", "no");
+  settings.ViewOnly = HasSwitch(commandLine, "/VIEWONLY");
+  settings.TopicComboIndex = ReadYesNo(profile, "General", "SortTopics", "yes") ? 0 : 1;
+  settings.TagMode = !settings.LocalMode && ReadYesNo(profile, "General", "TagMode", "no");
+  settings.StartTopic = SwitchValue(commandLine, "/TOPIC:");
+  const std::string tag = SwitchValue(commandLine, "/TAG:");
+  if (!tag.empty()) settings.StartTopic = tag;
+  settings.StartDialog = SwitchValue(commandLine, "/DIALOG:");
+
+  const NumberReader reader{profile, texts, prompts};
+  StartNumbers numbers(reader);
+  settings.DisconnectTicks =
+      numbers.Ticks("DisconnectTime", kShortestDisconnectTime, text::kDisconnectTimeLow);
+  const double closing = Val(profile.ReadIni(kGeneral, "DisconnectDelay", "0"));
+  settings.DisconnectDelay =
+      static_cast<std::int32_t>(std::nearbyint(std::clamp(closing, -2147483648.0, 2147483647.0)));
+  settings.ConnectDelayTime = numbers.Seconds("ConnectDelayTime");
+  settings.DisconnectDelayTime = numbers.Seconds("DisconnectDelayTime");
+  settings.GetTSCTimeoutTicks =
+      numbers.Ticks("GetTSCTimeout", kShortestGetTSCTimeout, text::kGetTSCTimeoutLow);
+
+  // Only a higher value moves a limit.
+  const Settings builtIn;
+  settings.SDCLastTwoDigitYear = std::max(
+      builtIn.SDCLastTwoDigitYear, numbers.Number("SDCLastTwoDigitYear", "20", kLastTwoDigitYear));
+  settings.SDCLastYear =
+      std::max(builtIn.SDCLastYear, numbers.Number("SDCLastYear", "2030", kLastYear));
+  settings.HistoryCount = numbers.Number("HistoryCount", "50", kLargestHistory);
+
+  settings.HideDialogOnTSC = ReadYesNo(profile, kGeneral, "HideDialogOnTSC", "yes");
+  settings.PreventMinimize = ReadYesNo(profile, kGeneral, "PreventMinimize", "no");
+  settings.AlwaysUseLocal = ReadYesNo(profile, kGeneral, "AlwaysUseLocal", "yes");
+  settings.AlwaysUseDSS = ReadYesNo(profile, kGeneral, "AlwaysUseDSS", "yes");
+  settings.VerifyAfterWrite = ReadYesNo(profile, kGeneral, "VerifyAfterWrite", "no");
+  settings.DialogMode = ReadDialogMode(profile);
+  return numbers.Ok();
+}
+
+std::optional<std::int16_t> NumberReader::Read(std::string_view section, std::string_view key,
+                                               std::string_view fallback, int largest) const {
+  const std::string value = profile.ReadIni(section, key, fallback);
+  const std::optional<std::int16_t> number = ToInt16(Val(value));
+  if (number && *number <= largest) return number;
+  prompts.Show(Icon::Exclamation, Message(texts.Text(text::kSettingTooLarge),
+                                          {section, key, value, std::to_string(largest)}));
+  return std::nullopt;
+}
+
+}  // namespace zek

@@ -1,0 +1,30 @@
+#include "system/Interrupt.h"
+
+#include <atomic>
+#include <csignal>
+
+namespace zek {
+namespace {
+
+// A signal handler reaches nothing else.
+std::atomic<bool> interrupted{false};
+static_assert(std::atomic<bool>::is_always_lock_free);
+
+extern "C" void OnSignal(int number) {
+  interrupted = true;
+  std::signal(number, SIG_DFL);  // who asks twice does not want to wait
+}
+
+}  // namespace
+
+void CatchInterrupts() {
+  std::signal(SIGINT, OnSignal);
+  std::signal(SIGTERM, OnSignal);
+#ifdef SIGHUP
+  std::signal(SIGHUP, OnSignal);
+#endif
+}
+
+bool Interrupted() { return interrupted; }
+
+}  // namespace zek

@@ -1,0 +1,33 @@
+#include <clocale>
+#include <iostream>
+#include <system_error>
+#include <unistd.h>
+
+#include "settings/Settings.h"
+#include "system/Paths.h"
+#include "system/Process.h"
+
+namespace zek {
+
+std::vector<std::string> ProgramArguments(int argc, char** argv) { return {argv + 1, argv + argc}; }
+
+std::string ExecutableDirectory() {
+  std::error_code error;  // where the system does not tell, the current directory has to do
+  return WithSeparator(
+      Utf8Of(std::filesystem::read_symlink("/proc/self/exe", error).parent_path()));
+}
+
+char SystemDecimalSeparator() {
+  std::setlocale(LC_NUMERIC, "");
+  const char separator = *std::localeconv()->decimal_point == ',' ? ',' : '.';
+  std::setlocale(LC_NUMERIC, "C");
+  return separator;
+}
+
+void PrepareStandardStreams() {}
+
+bool IsErrorTerminal() { return ::isatty(STDERR_FILENO) != 0; }
+
+void Complain(const std::string& utf8) { std::cerr << utf8 << '\n'; }
+
+}  // namespace zek

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "system/Prompts.h"
+
+namespace zek {
+
+/// The message boxes of a session, or for a while something else in their place.
+class PromptSwitch final : public Prompts {
+ public:
+  explicit PromptSwitch(Prompts& box) : target_(&box) {}
+
+  using Prompts::Show;
+  void Show(Icon icon, const std::string& message, const std::string& caption) override {
+    ++shown_;
+    target_->Show(icon, message, caption);
+  }
+  bool AskYesNo(Icon icon, const std::string& question, const std::string& caption) override {
+    return target_->AskYesNo(icon, question, caption);
+  }
+  void ShowDetails(Icon icon, const std::string& message, const std::string& caption,
+                   const PromptDetails& details) override {
+    ++shown_;
+    target_->ShowDetails(icon, message, caption, details);
+  }
+  bool AskWithDetails(Icon icon, const std::string& question, const std::string& caption,
+                      const PromptDetails& details) override {
+    return target_->AskWithDetails(icon, question, caption, details);
+  }
+
+  /// How many messages there were so far.
+  unsigned Shown() const { return shown_; }
+
+ private:
+  friend class PromptsInstead;
+  Prompts* target_;
+  unsigned shown_ = 0;
+};
+
+/// For its own life messages and questions go to `other`.
+class PromptsInstead {
+ public:
+  PromptsInstead(PromptSwitch& prompts, Prompts& other)
+      : prompts_(prompts), before_(prompts.target_) {
+    prompts_.target_ = &other;
+  }
+  PromptsInstead(const PromptsInstead&) = delete;
+  PromptsInstead& operator=(const PromptsInstead&) = delete;
+  ~PromptsInstead() { prompts_.target_ = before_; }
+
+ private:
+  PromptSwitch& prompts_;
+  Prompts* before_;
+};
+
+}  // namespace zek

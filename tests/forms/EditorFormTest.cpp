@@ -1,0 +1,170 @@
+#include <gtest/gtest.h>
+
+#include <wx/dialog.h>
+
+#include "Keys.h"
+#include "PlantWorld.h"
+#include "catalogue/Catalogue.h"
+#include "forms/calendar/ZV_SDC.h"
+#include "forms/exception/ZV_OVC.h"
+#include "forms/weekday/ZV_WDC.h"
+
+// What the three editors share: undo and redo, what "Spara" and the title show, and closing.
+namespace zek::window {
+namespace {
+
+struct Editor {
+  const char* form;
+  Catalogue catalogue;
+  void (*show)(wxWindow*, ZV_Proc&, WxTurn&);
+  const char* first;        // what has the focus at first
+  std::vector<int> change;  // keys that begin a change
+  int end;                  // the key that makes it, 0 when the others have
+};
+
+void PrintTo(const Editor& editor, std::ostream* out) { *out << editor.form; }
+
+bool Usable(const char* button) { return Shown(button)->IsEnabled(); }
+void Control(int key) { Press(key, wxMOD_CONTROL); }
+
+struct EditorFormTest : testing::TestWithParam<Editor> {
+  // Fetches the catalogue, opens the editor and plays there; it must close by that.
+  void Run(std::function<void()> act, LinesFrom from = LinesFrom::Controller,
+           std::string_view commandLine = {}) {
+    PlantWorld world(commandLine);
+    prompts_ = &world.prompts;
+    world.session.settings.SDCLastTwoDigitYear = 93;
+    world.plant.outstations[0].exceptions.header = "UNDANTAG";
+    world.plant.outstations[0].calendar.header = "SPECIALDAGAR";
+    ZV_Proc& session = world.session;
+    session.tree =
+        BuildObjectTree(session.topics, world.profile, session.texts, session.outside.prompts);
+    SelectNode(session, FindNode(session.tree, session.topics, "SKOLA/AHU1").value());
+    ASSERT_TRUE(session.settings.LocalMode || GetCatalogue(session, GetParam().catalogue));
+    session.transfer.From = from;
+    const std::vector<std::string> fetched = session.transfer.CatalogueLines;
+    Play(
+        {{[] { return IsActive(GetParam().form) && HasFocus(GetParam().first); }, std::move(act)}});
+    GetParam().show(nullptr, session, world.turn);
+    EXPECT_EQ(session.transfer.CatalogueLines, fetched);
+    asked_ = world.prompts.shown.size();
+    Pump(20);  // the form goes when there is time, and the next one has parts of the same names
+  }
+
+  static void BeginChange() {
+    for (const int key : GetParam().change) Press(key);
+  }
+  static void MakeChange() {
+    BeginChange();
+    if (GetParam().end != 0) Press(GetParam().end);
+  }
+  // Title and buttons: "*" of the title, then S, U and R for those that can be used.
+  static std::string State() {
+    const auto& form = dynamic_cast<wxDialog&>(*Shown(GetParam().form));
+    std::string state = form.GetTitle().StartsWith("*") ? "*" : "";
+    if (Usable("Command_Ok")) state += "S";
+    if (Usable("Command_Undo")) state += "U";
+    if (Usable("Command_Redo")) state += "R";
+    return state;
+  }
+  static void Becomes(const std::string& state, const char* when) {
+    EXPECT_TRUE(PumpUntil([&] { return State() == state; })) << when << ": " << State();
+  }
+
+  ScriptedPrompts* prompts_ = nullptr;
+  std::size_t asked_ = 0;
+};
+
+TEST_P(EditorFormTest, UndoAndRedoByKeyAndByMouse) {
+  Run([this] {
+    EXPECT_EQ(State(), "");
+    Control('S');
+    Control('Z');
+    Control('Y');
+    BeginChange();
+    Becomes("*SU", "while it is typed");
+    Control('Z');
+    Becomes(GetParam().end == 0 ? "R" : "", "taken back");
+    if (GetParam().end != 0) {
+      BeginChange();
+      Becomes("*SU", "while it is typed again");
+      Click(*Shown("Command_Undo"));
+      Becomes("", "taken back by mouse");
+      EXPECT_TRUE(HasFocus(GetParam().first));
+    }
+    MakeChange();
+    Becomes("*SU", "changed");
+    Control('Z');
+    Becomes("R", "undone");
+    Control('Y');
+    Becomes("*SU", "redone");
+    Click(*Shown("Command_Undo"));
+    Becomes("R", "undone by mouse");
+    Click(*Shown("Command_Redo"));
+    Becomes("*SU", "redone by mouse");
+    Control('Z');
+    Becomes("R", "undone after the mouse");
+    Press('Z', wxMOD_CONTROL | wxMOD_SHIFT);
+    Becomes("*SU", "redone with Shift");
+    Control('Z');
+    Becomes("R", "undone at last");
+    Escape();
+  });
+  EXPECT_EQ(asked_, 0U);  // nothing saved, nothing to lose
+}
+
+TEST_P(EditorFormTest, ClosingAsksBeforeChangesAreLost) {
+  Run([this] {
+    BeginChange();
+    Becomes("*SU", "while it is typed");
+    Escape();
+    EXPECT_TRUE(PumpUntil([this] { return prompts_->shown.size() == 1; }));
+    EXPECT_FALSE(dynamic_cast<wxDialog&>(*Shown(GetParam().form)).Close());
+    EXPECT_EQ(prompts_->shown.size(), 2U);
+    EXPECT_EQ(State(), "*SU");
+    prompts_->answers = {true};
+    Click(*Shown("Command_Cancel"));
+  });
+  EXPECT_EQ(asked_, 3U);
+}
+
+TEST_P(EditorFormTest, AForcedCloseAsksNothing) {
+  Run([] {
+    MakeChange();
+    Becomes("*SU", "changed");
+    dynamic_cast<wxDialog&>(*Shown(GetParam().form)).Close(true);
+  });
+  EXPECT_EQ(asked_, 0U);
+}
+
+TEST_P(EditorFormTest, AnUnchangedLocalCopyCanBeSent) {
+  Run(
+      [] {
+        EXPECT_EQ(State(), "S");
+        Escape();
+      },
+      LinesFrom::LocalCopy);
+  Run(
+      [] {
+        EXPECT_EQ(State(), "");
+        Escape();
+      },
+      LinesFrom::LocalCopy, "/LOCAL");
+  EXPECT_EQ(asked_, 0U);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Each, EditorFormTest,
+    testing::Values(
+        Editor{"ZV_WDC", Catalogue::Wdc, ShowWeekdayForm, "Text_Start0", {'8'}, WXK_RETURN},
+        Editor{"ZV_SDC", Catalogue::Sdc, ShowCalendarForm, "Picture_Days", {'1', WXK_RETURN}, 0},
+        Editor{"ZV_OVC",
+               Catalogue::Ovc,
+               ShowExceptionForm,
+               "Text_DateOn0",
+               {'2', '0', '2', '6', '1', '2', '2', '4'},
+               WXK_RETURN}),
+    [](const auto& each) { return std::string(each.param.form).substr(3); });
+
+}  // namespace
+}  // namespace zek::window

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include <wx/app.h>
+
+#include "WindowApp.h"
+#include "plant/PlantConversation.h"
+#include "text/Windows1252.h"
+
+namespace zek::window {
+
+/// A connection to a simulated plant in memory. Replies come with later turns of the event loop.
+class PlantLink final : public Link {
+ public:
+  explicit PlantLink(sim::Plant& plant) : plant_(plant) {}
+
+  bool silent = false;            // takes commands and answers none
+  bool answersOpen = true;        // else a connect waits in vain
+  std::vector<std::string> sent;  // all bytes of each connection
+
+  void Open(const LinkTarget& /*target*/) override {
+    ++opened_;
+    state_ = LinkState::Opening;
+    conversation_.emplace(plant_);
+    sent.emplace_back();
+    if (!answersOpen) return;
+    Post([this] {
+      state_ = LinkState::Connected;
+      Events().OnLinkText(conversation_->Greeting());
+    });
+  }
+  bool Send(std::string_view bytes) override {
+    if (state_ != LinkState::Connected) return false;
+    sent.back() += bytes;
+    if (silent) return true;
+    Post([this, reply = conversation_->Receive(bytes)] {
+      if (!reply.empty()) Events().OnLinkText(reply);
+    });
+    return true;
+  }
+  bool AllSent() const override { return true; }
+  void Close() override {
+    ++opened_;
+    state_ = LinkState::Closed;
+  }
+  LinkState State() const override { return state_; }
+
+ private:
+  template <class Event>
+  void Post(Event event) {
+    wxTheApp->CallAfter([this, opened = opened_, event = std::move(event)] {
+      if (opened == opened_) event();
+    });
+  }
+
+  sim::Plant& plant_;
+  std::optional<sim::PlantConversation> conversation_;
+  LinkState state_ = LinkState::Closed;
+  unsigned opened_ = 0;  // replies of an earlier connection are dropped
+};
+
+/// A session on a small plant, with a real timer: an old controller SKOLA and a modern KONTOR.
+struct PlantWorld : World {
+  explicit PlantWorld(std::string_view commandLine = {}) : World(kIni, commandLine) {
+    session.settings = proc.settings;
+    session.topics.LoadTopics(profile, session.settings, session.texts, prompts);
+    ticks.Begin();
+  }
+
+  static sim::Plant SmallPlant() {
+    sim::Outstation old;
+    old.weekday = {"VECKODAGAR",
+                   {{1000,
+                     " 1000 !AHU1        !MO..FR       !07:00..16:30             !21"
+                     "       !17"}}};
+    sim::Outstation modern;
+    modern.generation = Generation::Zek2;
+    modern.dus = 3;
+    modern.controls = {{"TF2", {"VECKODAGAR", {}}, {"UNDANTAG", {}}, "21.5"}};
+    return {{old, modern}};
+  }
+
+  static constexpr std::string_view kIni =
+      "[General]\nSortTopics=no\nDialogMode=ALL\nDisconnectTime=300\nGetTSCTimeout=5\n"
+      "AlwaysUseDSS=yes\n[TCPIP]\nSendTimeOut=5\n"
+      "[GetDelay]\nDelayA=0\nDelayB=0\nDelayD=0\n"
+      "[SaveDelay]\nDelayA=0\nDelayB=0\nDelayC=0\nDelayD=0\nDelayE=0\nDelayF=0\nDelayG=0\n"
+      "DelayH=0\n"
+      "[Topics]\nSKOLA=YES,ZEK1,plant:5100,Bj\xF6rkskolan\nKONTOR=YES,ZEK2,plant:5100:3,Kontoret\n"
+      "[SKOLA]\nAHU1=Skolan/DUC 1/Ventilation aula;1\nVS1=Skolan/DUC 1/V\xE4rme\n"
+      "[KONTOR]\nTF2=Kontoret/DUC 3/Till\xE4gg;1\n[TXI_1]\nAv=0\nDag=20.5\n";
+
+  sim::Plant plant = SmallPlant();
+  PlantLink plantLink{plant};
+  ZV_Proc session{Outside{files, profile, turn, prompts, plantLink, dde, tags}};
+  WxTick ticks{[this] { session.connection.Tick(); }};
+};
+
+}  // namespace zek::window

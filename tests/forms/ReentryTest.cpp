@@ -1,0 +1,248 @@
+#include <array>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <iostream>
+
+#include <wx/treectrl.h>
+#include <wx/weakref.h>
+
+#include "Keys.h"
+#include "PlantWorld.h"
+#include "forms/browser/ZV_TSC.h"
+#include "forms/main/ZV_Main.h"
+
+// Whatever a user does to the windows while one of them waits: nothing is sent twice or in between,
+// every window closes in the end, and none is used after that (which the sanitizers see).
+namespace zek::window {
+namespace {
+
+constexpr std::array kForms{"ZV_OVC", "ZV_WDC", "ZV_TSCSummary", "ZV_TSC", "ZV_Main"};
+
+struct ReentryWorld : PlantWorld {
+  ReentryWorld() {
+    ticks.Stop();  // the main window has its own
+    prompts.answers.assign(50, true);
+    EXPECT_FALSE(profile.WriteIni("SaveDelay", "DelayA", "1"));
+    EXPECT_FALSE(files.Write(directory + "PLANT_5100 Bj\xC3\xB6rkskolan SDC.TXT", ""));
+    main = new ZV_Main(session, turn);  // deleted when it closes
+    main->AskFile = [](bool /*save*/) { return std::string(); };
+    main->Show();
+    EXPECT_TRUE(PumpUntil([] { return Shown("ZV_Info") != nullptr; }));
+    Shown("ZV_Info")->Close();
+    EXPECT_TRUE(PumpUntil([] { return Shown("ZV_Info") == nullptr; }));
+  }
+
+  wxWeakRef<ZV_Main> main;
+};
+
+wxWindow* FormInFront() {
+  for (const char* const name : kForms)
+    if (wxWindow* const form = Shown(name)) return form;
+  return nullptr;
+}
+void Post(const char* window, wxEventType type, int id, int number = 0) {
+  wxWindow* const target = Shown(window);
+  if (target == nullptr || !target->IsEnabled()) return;
+  if (wxGetTopLevelParent(target) != FormInFront()) return;  // a modal form is above it
+  auto event = std::make_unique<wxCommandEvent>(type, id == 0 ? target->GetId() : id);
+  event->SetEventObject(target);
+  event->SetInt(number);
+  target->GetEventHandler()->QueueEvent(event.release());
+}
+void Menu(const char* form, int id) { Post(form, wxEVT_MENU, id); }
+void ChooseTopic(int topic) { Post("Combo_Topics", wxEVT_CHOICE, 0, topic); }
+void CloseForm(const char* name, bool force = false) {
+  if (wxWindow* const form = Shown(name)) form->Close(force);
+}
+void CloseInnermost() {
+  if (wxWindow* const form = FormInFront()) form->Close();
+}
+void TypeCommand(const char* command) {
+  if (Shown("Text_Input") == nullptr) return;
+  Box("Text_Input").ChangeValue(command);
+  Post("Text_Input", wxEVT_TEXT_ENTER, 0);
+}
+
+// --- What there is to wait for ---
+
+struct Wait {
+  const char* name;
+  std::function<void(ReentryWorld&)> begin;  // is to lead there without being waited for
+  std::function<bool(const ReentryWorld&)> reached;
+};
+
+void InBrowser(ReentryWorld& /*world*/, std::function<void()> act) {
+  Menu("ZV_Main", main_menu::Menu_TSC);
+  When([] { return Shown("TreeView") != nullptr && HasFocus("TreeView"); },
+       [act = std::move(act)] {
+         auto& tree = dynamic_cast<wxTreeCtrl&>(*Shown("TreeView"));
+         wxTreeItemIdValue cookie = nullptr;
+         tree.SelectItem(tree.GetFirstChild(tree.GetSelection(), cookie));
+         act();
+       });
+}
+bool IsFetching(const ReentryWorld& world) { return world.session.status.Busy > 0; }
+
+const std::vector<Wait> kWaits = {
+    {"a connection",
+     [](ReentryWorld& world) {
+       world.plantLink.answersOpen = false;
+       ChooseTopic(0);
+     },
+     [](const ReentryWorld& world) { return !world.session.status.Waiting.empty(); }},
+    {"an answer",
+     [](ReentryWorld& world) {
+       ChooseTopic(0);
+       When([] { return Shown("Text_Input")->IsEnabled(); },
+            [&world] {
+              world.plantLink.silent = true;
+              TypeCommand("TIME");
+            });
+     },
+     [](const ReentryWorld& world) { return world.session.status.Hourglass > 0; }},
+    {"a catalogue",
+     [](ReentryWorld& world) {
+       world.plantLink.silent = true;
+       InBrowser(world, [] { Menu("ZV_TSC", browser::Menu_GetWDC); });
+     },
+     IsFetching},
+    {"the editor",
+     [](ReentryWorld& world) {
+       InBrowser(world, [] { Menu("ZV_TSC", browser::Menu_GetWDC); });
+       When([] { return HasFocus("Text_Start0"); }, [] { Box("Text_Start0").SetValue("8"); });
+     },
+     [](const ReentryWorld& /*world*/) {
+       return Shown("Command_Ok") != nullptr && Shown("Command_Ok")->IsEnabled();
+     }},
+    {"a write",
+     [](ReentryWorld& world) {
+       InBrowser(world, [] { Menu("ZV_TSC", browser::Menu_GetWDC); });
+       When([] { return HasFocus("Text_Start0"); },
+            [] {
+              Box("Text_Start0").SetValue("8");
+              Post("Command_Ok", wxEVT_BUTTON, 0);
+            });
+     },
+     [](const ReentryWorld& world) {
+       return Shown("ZV_WDC") != nullptr && world.session.status.Busy > 0;
+     }},
+    {"an export",
+     [](ReentryWorld& world) {
+       world.plantLink.silent = true;
+       InBrowser(world, [] { Menu("ZV_TSC", browser::Menu_Batch_Run); });
+     },
+     IsFetching},
+};
+
+// --- What a user can do then ---
+
+struct Action {
+  const char* name;
+  std::function<void()> act;
+};
+
+const std::vector<Action> kActions = {
+    {"close what is in front", CloseInnermost},
+    {"close the browser", [] { CloseForm("ZV_TSC"); }},
+    {"close the main window", [] { CloseForm("ZV_Main"); }},
+    {"end the session",
+     [] {
+       for (const char* form : kForms) CloseForm(form, true);
+     }},
+    {"end it from the main window", [] { CloseForm("ZV_Main", true); }},
+    {"Escape", Escape},
+    {"F5", [] { Press(WXK_F5); }},
+    {"Delete", [] { Press(WXK_DELETE); }},
+    {"Ctrl+S", [] { Press('S', wxMOD_CONTROL); }},
+    {"Ctrl+Z", [] { Press('Z', wxMOD_CONTROL); }},
+    {"save", [] { Post("Command_Ok", wxEVT_BUTTON, 0); }},
+    {"get", [] { Menu("ZV_TSC", browser::Menu_GetOVC); }},
+    {"erase", [] { Menu("ZV_TSC", browser::Menu_EraseSDC); }},
+    {"export", [] { Menu("ZV_TSC", browser::Menu_Batch_Run); }},
+    {"disconnect", [] { Menu("ZV_Main", main_menu::Menu_Disconnect); }},
+    {"another topic", [] { ChooseTopic(1); }},
+    {"a command", [] { TypeCommand("TIME"); }},
+    {"the browser", [] { Menu("ZV_Main", main_menu::Menu_TSC); }},
+};
+
+// --- A case ---
+
+// True when the bytes of a connection are typed commands or the beginning of one transfer.
+bool BeginsOneTransfer(std::string sent) {
+  for (const std::string aside : {"DUS:3\r", "TIME\r"}) {
+    while (sent.starts_with(aside)) sent.erase(0, aside.size());
+  }
+  if (sent.starts_with("\x05")) {
+    const std::size_t list = sent.find("LIST ");
+    return sent.size() == 1 || (list == 1 && sent.find('\r') + 1 == sent.size());
+  }
+  const std::string write = "EXIT\rEXIT\r.WDC\r";
+  const auto exits = [&] {
+    std::size_t count = 0;
+    for (std::size_t at = 0; (at = sent.find("EXIT\r", at)) != std::string::npos; ++at) ++count;
+    return count;
+  };
+  return write.starts_with(sent) ||
+         (sent.starts_with(write) && exits() <= 3 && sent.find("LIST") == std::string::npos);
+}
+
+std::string FaultOf(const ReentryWorld& world, bool closed) {
+  const ZV_Proc& session = world.session;
+  if (!closed) return "not every window closed";
+  if (session.status.Busy != 0 || session.status.Hourglass != 0) return "busy";
+  if (session.transfer.Kind != TransferKind::Idle) return "a transfer is left over";
+  if (session.batch.IsRunning()) return "an export is left over";
+  if (session.connection.CurrentTopic >= 0 || world.plantLink.State() != LinkState::Closed)
+    return "connected";
+  for (const std::string& sent : world.plantLink.sent)
+    if (!BeginsOneTransfer(sent)) return "sent: " + sent;
+  return {};
+}
+
+// Closes one form after the other, the innermost first, from inside whatever runs.
+void CloseAll(const wxWeakRef<ZV_Main>& main) {
+  When([] { return true; },
+       [main] {
+         if (!main) return;
+         CloseAll(main);
+         CloseInnermost();
+       });
+}
+
+std::string Played(const Wait& wait, const Action& action) {
+  ReentryWorld world;
+  const wxWeakRef<ZV_Main> main = world.main;
+  bool acted = false;
+  When([&] { return wait.reached(world); },
+       [&] {
+         acted = true;
+         CloseAll(main);
+         action.act();
+       });
+  wait.begin(world);
+  const bool closed = PumpUntil([&] { return !main; });
+  Pump(20);  // what is still on its way finds no window
+  EXPECT_TRUE(acted);
+  return FaultOf(world, closed);
+}
+
+// All of them take a minute or two; without ZEKVIEW_FULL every eleventh is played.
+TEST(WindowReentry, EveryActionAtEveryWait) {
+  const std::size_t step = std::getenv("ZEKVIEW_FULL") != nullptr ? 1 : 11;
+  std::size_t number = 0;
+  std::size_t cases = 0;
+  std::size_t good = 0;
+  for (const Wait& wait : kWaits) {
+    for (const Action& action : kActions) {
+      if (number++ % step != 0) continue;
+      const std::string fault = Played(wait, action);
+      EXPECT_EQ(fault, "") << action.name << " during " << wait.name;
+      ++cases;
+      good += fault.empty() ? 1U : 0U;
+    }
+  }
+  std::cout << "figure: re-entry, windows: " << good << " of " << cases << std::endl;
+}
+
+}  // namespace
+}  // namespace zek::window

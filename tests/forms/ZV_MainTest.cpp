@@ -1,0 +1,298 @@
+#include <fstream>
+#include <gtest/gtest.h>
+#include <iostream>
+#include <sstream>
+
+#include <wx/choice.h>
+#include <wx/toolbar.h>
+#include <wx/uiaction.h>
+
+#include "WindowApp.h"
+#include "forms/main/ZV_Main.h"
+
+namespace zek::window {
+namespace {
+
+using namespace main_menu;
+
+constexpr std::string_view kIni =
+    "[General]\r\nDialogMode=ALL\r\nHideDialogOnTSC=yes\r\n"
+    "[Topics]\r\nSKOLA=YES,1,HOST:1,Skolan\r\nKONTOR=YES,2,HOST:2,Kontoret\r\n";
+
+std::string FileText(const std::string& path) {
+  std::stringstream text;
+  text << std::ifstream(path, std::ios::binary).rdbuf();
+  return text.str();
+}
+
+class ZV_MainTest : public testing::Test {
+ protected:
+  void TearDown() override {
+    if (form_) form_->Close();
+    EXPECT_TRUE(PumpUntil([this] { return !form_; }));
+  }
+
+  void Open(std::string_view ini = kIni, std::string_view commandLine = {}) {
+    world_ = std::make_unique<World>(ini, commandLine);
+    form_ = new ZV_Main(world_->proc, world_->turn);  // deleted when it closes
+    form_->Show();
+    EXPECT_TRUE(PumpUntil([this] { return Shown("ZV_Info") && topics().GetCount() > 0; }));
+  }
+
+  // Without a window manager the keys go to the window under the pointer, with some to the newest
+  // window: not to the about box.
+  void CloseAboutBox() {
+    if (wxWindow* const box = Shown("ZV_Info")) box->Close();
+    EXPECT_TRUE(PumpUntil([] { return Shown("ZV_Info") == nullptr; }));
+  }
+
+  void Connect(int item = 0) {
+    CloseAboutBox();
+    topics().SetSelection(item);
+    wxCommandEvent event(wxEVT_CHOICE, topics().GetId());
+    event.SetInt(item);
+    topics().ProcessWindowEvent(event);
+    EXPECT_TRUE(PumpUntil([this] { return input().IsEnabled() && input().HasFocus(); }));
+    Pump(50);
+  }
+
+  void Key(int key, int modifiers = wxMOD_NONE) {
+    keys_.Char(key, modifiers);
+    Pump(50);
+  }
+
+  void Type(const char* text) {
+    keys_.Text(text);
+    Pump(50);
+  }
+
+  wxChoice& topics() { return *dynamic_cast<wxChoice*>(Shown("Combo_Topics")); }
+  LogList& list() { return *dynamic_cast<LogList*>(Shown("List_Output")); }
+  wxTextCtrl& input() { return *dynamic_cast<wxTextCtrl*>(Shown("Text_Input")); }
+  ZV_Proc& proc() { return world_->proc; }
+  FakeLink& link() { return world_->link; }
+
+  std::unique_ptr<World> world_;
+  wxWeakRef<ZV_Main> form_;
+  wxUIActionSimulator keys_;
+};
+
+TEST_F(ZV_MainTest, ATypedCommandIsSentAndItsAnswerLogged) {
+  Open();
+  link().answers["LIST X"] = {" 1000 !svar"};
+  Connect();
+  EXPECT_EQ(topics().GetStringSelection(), "Kontoret [HOST:2/KONTOR]");  // sorted
+  Type("list x");
+  input().ChangeValue(input().GetValue().Upper());
+  Key(WXK_RETURN);
+  EXPECT_TRUE(PumpUntil([this] { return list().GetItemCount() == 1; }));
+  EXPECT_EQ(link().sent, std::vector<std::string>{"LIST X"});
+  EXPECT_EQ(list().SelectedLine(), " 1000 !svar");
+  EXPECT_TRUE(PumpUntil([this] { return input().IsEmpty(); }));
+  EXPECT_EQ(form_->GetStatusBar()->GetStatusText(0), "Kontoret (KONTOR)");
+  EXPECT_EQ(form_->GetStatusBar()->GetStatusText(2), "0001");
+}
+
+TEST_F(ZV_MainTest, ControlCharactersGoAtOnceAndLeaveTheText) {
+  Open();
+  link().answers = {{"\x05", {"svar"}}, {"\x10", {"svar"}}};
+  Connect();
+  proc().countdowns.IdleCountdown = 1;
+  Type("abc");
+  Key('E', wxMOD_CONTROL);
+  Key('P', wxMOD_CONTROL);
+  EXPECT_TRUE(PumpUntil([this] { return link().sent.size() == 2; }));
+  EXPECT_EQ(link().sent, (std::vector<std::string>{"\x05", "\x10"}));
+  EXPECT_EQ(input().GetValue().Lower(), "abc");
+  EXPECT_GT(proc().countdowns.IdleCountdown, 1);
+}
+
+// A wait runs inside whatever event began it, so what happens meanwhile is planned beforehand.
+TEST_F(ZV_MainTest, KeysWorkWhileACommandWaitsForItsAnswer) {
+  Open();
+  Connect();
+  When([this] { return proc().status.Hourglass > 0; },
+       [this] {
+         Type("x");
+         for (int i = 0; i < 4; ++i) Key(WXK_RETURN);
+         EXPECT_EQ(proc().status.Hourglass, 1) << "waits pile up on waits";
+       });
+  When([this] { return link().sent.size() == 5; },
+       [this] {
+         form_->Close();  // ends the wait first
+         EXPECT_TRUE(form_);
+       });
+  Type("one");
+  Key(WXK_RETURN);
+  EXPECT_TRUE(PumpUntil([this] { return !form_; }));
+  EXPECT_EQ(link().sent[1].length(), 4U);
+}
+
+TEST_F(ZV_MainTest, WhatIsTypedDuringTheWaitStays) {
+  Open();
+  Connect();
+  When([this] { return proc().status.Hourglass > 0; },
+       [this] {
+         Type("x");
+         link().Say("svar");
+       });
+  Type("one");
+  Key(WXK_RETURN);
+  EXPECT_TRUE(PumpUntil([this] { return list().GetItemCount() == 1; }));
+  EXPECT_EQ(input().GetValue().length(), 4U);
+}
+
+TEST_F(ZV_MainTest, AFloodOfLinesIsShownInBatches) {
+  Open();
+  Connect();
+  int changes = 0;
+  list().Bind(wxEVT_LIST_ITEM_SELECTED, [&changes](wxListEvent&) { ++changes; });
+  for (int i = 0; i < 100000; ++i) proc().log.Add("rad " + std::to_string(i));
+  proc().status.Changed();
+  EXPECT_TRUE(PumpUntil([this] { return list().GetItemCount() == 250; }));
+  EXPECT_EQ(list().SelectedLine(), "rad 99999");
+  proc().log.Add(std::string(5000, 'x'));
+  proc().status.Changed();
+  EXPECT_TRUE(PumpUntil([this] { return list().SelectedLine().size() == 5000; }));
+  EXPECT_LE(list().GetItemText(249).length(), LogList::kShownCharacters + 1);
+  EXPECT_LE(changes, 4);
+}
+
+TEST_F(ZV_MainTest, TheLogIsSavedOpenedAndEmptied) {
+  Open();
+  std::string path = world_->directory + "logg.txt";
+  form_->AskFile = [&path](bool) { return path; };
+  proc().log.Add("f\xF6rsta\t");
+  proc().log.Add("andra");
+  Command(*form_, wxEVT_MENU, Menu_Debug_Save);
+  EXPECT_TRUE(PumpUntil([&] { return !FileText(path).empty(); }));
+  EXPECT_EQ(FileText(path), "f\xF6rsta<9>\r\nandra\r\n");
+  Command(*form_, wxEVT_MENU, Menu_Debug_Clear);
+  EXPECT_TRUE(PumpUntil([this] { return proc().log.Lines().empty() && list().IsEmpty(); }));
+  std::string many;
+  for (int i = 0; i < 1000; ++i) many += "rad\n";
+  std::ofstream(path, std::ios::binary) << many;
+  Command(*form_, wxEVT_MENU, Menu_Debug_Open);
+  EXPECT_TRUE(PumpUntil([this] { return list().GetItemCount() == 1000; }));
+  EXPECT_TRUE(world_->prompts.shown.empty());
+}
+
+TEST_F(ZV_MainTest, EveryByteOfAReplyIsOneLineOnTheScreenAndInTheSavedLog) {
+  Open();
+  Connect();
+  std::string path = world_->directory + "bytes.txt";
+  form_->AskFile = [&path](bool) { return path; };
+  std::size_t right = 0;
+  for (const int first : {0, 128}) {  // the log holds 250 lines
+    proc().log.Replace({});
+    for (int code = first; code < first + 128; ++code) {
+      // Character 10 is the end of the line, 255 that of a piece.
+      const std::string byte = code == '\n' ? "" : std::string(1, static_cast<char>(code));
+      link().Say(std::to_string(code) + ":" + byte + (code == 255 ? "0002>" : "") + "b");
+    }
+    const std::string last = std::to_string(first + 127) + ":";
+    EXPECT_TRUE(PumpUntil(
+        [&] { return list().GetItemCount() == 128 && list().Line(127).starts_with(last); }));
+    form_->ProcessWindowEvent(*std::make_unique<wxCommandEvent>(wxEVT_MENU, Menu_Debug_Save));
+    std::ifstream saved(path, std::ios::binary);
+    for (int code = first; code < first + 128; ++code) {
+      std::string line;
+      std::getline(saved, line);
+      const std::string start = std::to_string(code) + ":";
+      const bool one = line.starts_with(start) && line.ends_with("b\r") &&
+                       list().GetItemText(code - first).StartsWith(start);
+      EXPECT_TRUE(one) << code << ": " << line;
+      if (one) ++right;
+    }
+    EXPECT_EQ(saved.peek(), std::ifstream::traits_type::eof());
+  }
+  std::cout << "figure: bytes of a reply that are one line on screen and in the saved log: "
+            << right << " of 256\n";
+}
+
+TEST_F(ZV_MainTest, FileErrorsAreToldAndCancelDoesNothing) {
+  Open();
+  for (const std::string path : {"", "saknas/logg.txt"}) {
+    form_->AskFile = [&](bool) { return path.empty() ? path : world_->directory + path; };
+    for (const int id : {Menu_Debug_Save, Menu_Debug_Open}) {
+      world_->prompts.shown.clear();
+      form_->ProcessWindowEvent(*std::make_unique<wxCommandEvent>(wxEVT_MENU, id));
+      const auto& shown = world_->prompts.shown;
+      ASSERT_EQ(shown.size(), path.empty() ? 0U : 1U);
+      if (!path.empty()) {
+        EXPECT_NE(shown.front().find(path), std::string::npos);
+      }
+    }
+  }
+}
+
+TEST_F(ZV_MainTest, TheSelectionFollowsTheConnection) {
+  Open();
+  Connect(1);
+  EXPECT_TRUE(form_->GetToolBar()->GetToolEnabled(Menu_Disconnect));
+  Command(*form_, wxEVT_MENU, Menu_Disconnect);
+  EXPECT_TRUE(PumpUntil([this] { return topics().GetSelection() == wxNOT_FOUND; }));
+  EXPECT_EQ(proc().connection.CurrentTopic, -1);
+  EXPECT_FALSE(input().IsEnabled());
+  EXPECT_FALSE(form_->GetToolBar()->GetToolEnabled(Menu_Disconnect));
+  link().answersOpen = false;
+  bool shownEarly = false;
+  When([this] { return topics().GetSelection() == 0; },
+       [&] {
+         shownEarly = proc().connection.CurrentTopic == -1;
+         Command(*form_, wxEVT_MENU, Menu_Disconnect);  // ends the wait for the connection
+       });
+  Command(topics(), wxEVT_CHOICE, topics().GetId());  // item 0
+  EXPECT_TRUE(PumpUntil([&] { return shownEarly; }));
+  EXPECT_TRUE(PumpUntil([this] { return topics().GetSelection() == wxNOT_FOUND; }));
+}
+
+TEST_F(ZV_MainTest, EverythingGoesByKeyboard) {
+  Open();
+  link().answers["\x05"] = {"svar"};
+  Key(WXK_ESCAPE);  // the about box goes
+  EXPECT_TRUE(PumpUntil([] { return Shown("ZV_Info") == nullptr; }));
+  Key('F', wxMOD_ALT);
+  EXPECT_TRUE(PumpUntil([this] { return topics().HasFocus(); }));
+  Key(WXK_DOWN);
+  EXPECT_TRUE(PumpUntil([this] { return input().HasFocus(); }));
+  Key('E', wxMOD_CONTROL);
+  EXPECT_TRUE(PumpUntil([this] { return list().GetItemCount() == 1; }));
+  list().SetFocus();
+  Pump(50);
+  Key(WXK_RETURN);  // takes the selected line
+  EXPECT_TRUE(PumpUntil([this] { return input().GetValue() == "svar" && input().HasFocus(); }));
+  Key('L', wxMOD_CONTROL);
+  EXPECT_TRUE(PumpUntil([this] { return list().IsEmpty(); }));
+  Key('D', wxMOD_CONTROL);
+  EXPECT_TRUE(PumpUntil([this] { return proc().connection.CurrentTopic == -1; }));
+}
+
+TEST_F(ZV_MainTest, StartDialogConnectsOrIsRefused) {
+  Open(kIni, "/dialog:skola");
+  CloseAboutBox();
+  EXPECT_TRUE(PumpUntil([this] { return input().HasFocus(); }));
+  EXPECT_EQ(form_->GetStatusBar()->GetStatusText(0), "Skolan (SKOLA)");
+  form_->Close();
+  EXPECT_TRUE(PumpUntil([this] { return !form_; }));
+  Open(kIni, "/DIALOG:NIX");
+  EXPECT_EQ(world_->prompts.shown, std::vector<std::string>{"Ogiltig Topic 'NIX'!"});
+}
+
+TEST_F(ZV_MainTest, StartTopicOpensTheBrowserAndItsEndTheProgram) {
+  world_ = std::make_unique<World>(kIni, "/TOPIC:SKOLA");
+  form_ = new ZV_Main(world_->proc, world_->turn);
+  form_->Show();
+  When([] { return Shown("ZV_TSC") != nullptr; },
+       [this] {
+         EXPECT_FALSE(form_->IsShown());
+         form_->Close();  // is remembered, since the browser's loop runs inside a handler
+         EXPECT_TRUE(form_);
+         Shown("ZV_TSC")->Close();
+       });
+  EXPECT_TRUE(PumpUntil([this] { return !form_; }));
+  EXPECT_TRUE(world_->turn.Quitting());
+}
+
+}  // namespace
+}  // namespace zek::window

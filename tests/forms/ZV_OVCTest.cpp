@@ -1,0 +1,214 @@
+#include <gtest/gtest.h>
+
+#include <wx/dialog.h>
+#include <wx/textctrl.h>
+
+#include "Keys.h"
+#include "PlantWorld.h"
+#include "catalogue/Catalogue.h"
+#include "forms/exception/ZV_OVC.h"
+
+namespace zek::window {
+namespace {
+
+std::string Row(int row) {
+  std::string all;
+  for (const char* box :
+       {"Text_DateOn", "Text_Start", "Text_ValueOn", "Text_DateOff", "Text_Stop", "Text_ValueOff"})
+    all += Value(box + std::to_string(row)) + " ";
+  return all;
+}
+
+void TypeInto(const std::string& box, const std::string& text) {
+  Reach(box, [&] { Click(Box(box)); });
+  EXPECT_TRUE(PumpUntil([&] { return Box(box).GetStringSelection() == Box(box).GetValue(); }));
+  Type(text);
+}
+
+bool InEditor() { return IsActive("ZV_OVC") && HasFocus("Text_DateOn0"); }
+
+struct ExceptionFormTest : testing::Test {
+  explicit ExceptionFormTest(std::string_view commandLine = {}) : world(commandLine) {
+    ZV_Proc& session = world.session;
+    session.tree =
+        BuildObjectTree(session.topics, world.profile, session.texts, session.outside.prompts);
+    world.plant.outstations[0].exceptions.header = "UNDANTAG";
+  }
+
+  // Fetches a time control's exceptions and plays the steps in its editor.
+  void Run(const std::string& node, std::vector<Step> steps) {
+    ZV_Proc& session = world.session;
+    SelectNode(session, FindNode(session.tree, session.topics, node).value());
+    ASSERT_TRUE(GetCatalogue(session, Catalogue::Ovc));
+    Play(std::move(steps));
+    ShowExceptionForm(nullptr, session, world.turn);
+  }
+
+  // What the editor shows in its first row when the catalogue has been fetched again.
+  void ExpectFetched(const std::string& node, const std::string& row) {
+    Run(node, {{InEditor, [&row] {
+                  EXPECT_EQ(Row(0), row);
+                  Escape();
+                }}});
+  }
+
+  std::map<int, std::string>& OldLines() { return world.plant.outstations[0].exceptions.lines; }
+  const std::map<int, std::string>& ModernLines() {
+    return world.plant.outstations[1].controls[0].exceptions.lines;
+  }
+
+  using Lines = std::map<int, std::string>;
+  static constexpr std::string_view kOld =
+      "    1 !AHU1        !24-DEC-26,08:00..26-DEC-26,17:00       !20.5     !0";
+  static constexpr std::string_view kModern =
+      "1     24-DEC-2026..26-DEC-2026 !08:00..17:00 !20.5  !0";
+  static constexpr std::string_view kRow = "2026-12-24 08:00 20.5 2026-12-26 17:00 0 ";
+
+  PlantWorld world;
+};
+
+void EnterByKeyboard() {
+  Type("20261224");
+  Enter("Text_Start0");
+  EXPECT_EQ(Row(0), "2026-12-24 00:00 0 2026-12-24 00:00  ");
+  Type("0800");
+  Enter("Text_ValueOn0");
+  Type("20,5");
+  Enter("Text_DateOff0");
+  Type("2026-12-26");
+  Enter("Text_Stop0");
+  Type("17:00");
+  Enter("Text_ValueOff0");
+  InPickList([] { Press(WXK_DOWN, wxMOD_ALT); }, {WXK_DOWN, WXK_DOWN, WXK_RETURN});
+  EXPECT_TRUE(PumpUntil([] { return Value("Text_ValueOff0") == "0"; }));
+  Enter("Text_DateOn1");
+  Press('S', wxMOD_CONTROL);
+}
+
+void EnterByMouse() {
+  TypeInto("Text_Start0", "0800");  // without a date this is no entry
+  TypeInto("Text_DateOn0", "2026-12-24");
+  TypeInto("Text_Start0", "0800");
+  TypeInto("Text_DateOff0", "20261226");
+  TypeInto("Text_Stop0", "1700");
+  InPickList([] { Click(Box("Text_ValueOn0")); }, {WXK_DOWN, WXK_DOWN, WXK_DOWN, WXK_RETURN});
+  EXPECT_TRUE(PumpUntil([] { return Value("Text_ValueOn0") == "20.5"; }));
+  InPickList([] { Click(Box("Text_ValueOff0")); }, {WXK_DOWN, WXK_DOWN, WXK_RETURN});
+  EXPECT_TRUE(PumpUntil([] { return Value("Text_ValueOff0") == "0"; }));
+  Click(*Shown("Command_Ok"));
+}
+
+TEST_F(ExceptionFormTest, ByKeyboardToTheOldPlant) {
+  OldLines()[9] = "    9 !VS1         !01-JAN-26,00:00                        !1        !.";
+  world.prompts.answers = {true};
+  Run("SKOLA/AHU1", {{InEditor, EnterByKeyboard}});
+  EXPECT_EQ(OldLines().at(1), kOld);
+  EXPECT_EQ(OldLines().size(), 2U);
+  ExpectFetched("SKOLA/AHU1", std::string(kRow));
+}
+
+TEST_F(ExceptionFormTest, ByKeyboardToTheModernPlant) {
+  world.prompts.answers = {true};
+  Run("KONTOR/TF2", {{InEditor, EnterByKeyboard}});
+  EXPECT_EQ(ModernLines().at(1), kModern);
+  ExpectFetched("KONTOR/TF2", std::string(kRow));
+}
+
+TEST_F(ExceptionFormTest, ByMouseToTheOldPlant) {
+  world.prompts.answers = {true};
+  Run("SKOLA/AHU1", {{InEditor, EnterByMouse}});
+  EXPECT_EQ(OldLines().at(1), kOld);
+}
+
+TEST_F(ExceptionFormTest, ByMouseToTheModernPlant) {
+  world.prompts.answers = {true};
+  Run("KONTOR/TF2", {{InEditor, EnterByMouse}});
+  EXPECT_EQ(ModernLines().at(1), kModern);
+  EXPECT_EQ(world.prompts.shown.size(), 2U);  // whether to send, and that it was sent
+}
+
+TEST_F(ExceptionFormTest, EraseGoesDownTheRows) {
+  OldLines()[1] = kOld;
+  OldLines()[2] = "    2 !AHU1        !24-DEC-25,08:00                        !1        !.";
+  world.prompts.answers = {true};
+  const auto marked = [](const char* row) {
+    return Shown(row)->GetFont().GetWeight() == wxFONTWEIGHT_BOLD;
+  };
+  Run("SKOLA/AHU1", {{InEditor, [&] {
+                        EXPECT_TRUE(marked("Label_Row0"));
+                        Reach("Text_DateOn1", [] { Click(*Shown("Command_Erase")); });
+                        EXPECT_EQ(Row(0), "      ");
+                        EXPECT_EQ(Row(1), "2025-12-24 08:00 1    ");
+                        EXPECT_TRUE(marked("Label_Row1") && !marked("Label_Row0"));
+                        Shown("Command_Ok")->SetFocus();
+                        Pump(50);
+                        EXPECT_TRUE(marked("Label_Row1"));
+                        Press('S', wxMOD_CONTROL);
+                      }}});
+  const std::vector<std::string>& sent = world.session.transfer.CatalogueLines;
+  ASSERT_EQ(sent.size(), 1U);
+  EXPECT_NE(sent[0].find("24-DEC-25"), std::string::npos);
+  EXPECT_EQ(OldLines().at(1), sent[0]);
+}
+
+// The wrong parts are told once the focus has moved on; saving waits until they were seen.
+TEST_F(ExceptionFormTest, WrongDatesAndTimesAreToldAndReplaced) {
+  world.prompts.answers = {true};  // close without saving
+  OldLines()[1] = kOld;
+  const auto told = [this](std::size_t count) {
+    EXPECT_TRUE(PumpUntil([&] { return world.prompts.shown.size() == count; }));
+    return count == 0 ? "" : world.prompts.shown.back();
+  };
+  Run("SKOLA/AHU1",
+      {{InEditor, [&] {
+          for (const char* next : {"Text_Start0", "Text_ValueOn0", "Text_DateOff0", "Text_Stop0"})
+            Enter(next);
+          EXPECT_EQ(told(0), "");
+          Type("25:00");
+          Enter("Text_ValueOff0");
+          EXPECT_EQ(told(1), "Felaktig tid 25:00");
+          EXPECT_EQ(Value("Text_DateOff0"), "2026-12-26");
+          EXPECT_NE(Value("Text_Stop0"), "17:00");
+          TypeInto("Text_DateOn0", "261224");
+          Press('S', wxMOD_CONTROL);
+          EXPECT_EQ(told(2), "Felaktigt datum 261224");
+          EXPECT_EQ(Value("Text_DateOn0").size(), 10U);
+          Escape();
+        }}});
+  EXPECT_EQ(OldLines(), (Lines{{1, std::string(kOld)}}));
+}
+
+struct ExceptionViewOnlyTest : ExceptionFormTest {
+  ExceptionViewOnlyTest() : ExceptionFormTest("/VIEWONLY") {}
+
+  void ExpectNothingChanges() {
+    EXPECT_FALSE(Shown("Command_Erase")->IsEnabled());
+    EXPECT_FALSE(Shown("Command_Ok")->IsEnabled());
+    Type("x");
+    Enter("Text_Start0");
+    EXPECT_EQ(Value("Text_DateOn0"), "2026-12-24");
+    Press('S', wxMOD_CONTROL);
+    Escape();
+  }
+};
+
+TEST_F(ExceptionViewOnlyTest, NothingCanBeChangedOrSaved) {
+  OldLines()[1] = kOld;
+  Run("SKOLA/AHU1", {{InEditor, [this] { ExpectNothingChanges(); }}});
+  EXPECT_TRUE(world.prompts.shown.empty());
+}
+
+TEST_F(ExceptionFormTest, ARootNodeIsForViewingAndUnknownMonthsAreTold) {
+  OldLines()[1] = kOld;
+  OldLines()[2] = "    2 !            !24-MAJ-26,08:00                        !1        !.";
+  const auto told = [this] { return InEditor() && world.prompts.shown.size() == 1; };
+  Run("SKOLA", {{told, [] {
+                   EXPECT_FALSE(Shown("Command_Ok")->IsEnabled());
+                   EXPECT_EQ(Row(0), "      ");
+                   Escape();
+                 }}});
+  EXPECT_NE(world.prompts.shown[0].find("24-MAJ-26"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace zek::window

@@ -1,0 +1,197 @@
+#include <gtest/gtest.h>
+
+#include <wx/datetime.h>
+#include <wx/dialog.h>
+#include <wx/radiobut.h>
+
+#include "Keys.h"
+#include "PlantWorld.h"
+#include "SpokenName.h"
+#include "catalogue/Catalogue.h"
+#include "forms/calendar/ZV_SDC.h"
+
+namespace zek::window {
+namespace {
+
+constexpr std::string_view kOldNode = "SKOLA/AHU1";
+
+bool InEditor() { return IsActive("ZV_SDC") && HasFocus("Picture_Days"); }
+std::string Label(const std::string& name) { return Shown(name)->GetLabel().ToStdString(); }
+bool IsChosen(const std::string& name) {
+  return dynamic_cast<const wxRadioButton&>(*Shown(name)).GetValue();
+}
+// What a screen reader is told of a control.
+std::string Spoken(const std::string& name) { return SpokenName(*Shown(name)); }
+int ThisYear() { return wxDateTime::Today().GetYear(); }
+
+// The middle of a day's cell on the screen: a row of headings and six of days, seven columns.
+wxPoint PlaceOf(int day, int month, int year) {
+  const auto weekday = [](const wxDateTime& date) { return (date.GetWeekDay() + 6) % 7; };
+  const int cell = weekday(wxDateTime(1, static_cast<wxDateTime::Month>(month), year)) + day - 1;
+  const wxWindow& grid = *Shown("Picture_Days");
+  const wxSize size = grid.GetClientSize();
+  return grid.ClientToScreen(
+      wxPoint((2 * (cell % 7) + 1) * size.x / 14, (2 * (cell / 7 + 1) + 1) * size.y / 14));
+}
+
+void Drag(const wxPoint& from, const wxPoint& to) {
+  wxUIActionSimulator().MouseDragDrop(from.x, from.y, to.x, to.y);
+  Pump(50);
+}
+
+void Choose(const std::string& option) {
+  Click(*Shown(option));
+  EXPECT_TRUE(PumpUntil([&] { return IsChosen(option); })) << option;
+}
+
+// Presses a key and waits until the window above the grid shows that month.
+void Turn(const std::string& month, const std::function<void()>& by) {
+  by();
+  EXPECT_TRUE(PumpUntil([&] { return Label("Label_Month") == month; })) << month;
+}
+
+struct CalendarFormTest : testing::Test {
+  explicit CalendarFormTest(std::string_view commandLine = {}) : world(commandLine) {
+    world.session.texts.Read(
+        "201=&Helgdagar\n202=&Year\n203=&Manad\n204=&Dagtyp\n212=Januari\n223=December\n"
+        "225=Next\n226=Last\n227=Spara\n228=Avbryt\n229=type\n");
+    world.session.settings.SDCLastTwoDigitYear = 93;
+    world.session.settings.SDCLastYear = 2099;
+    world.plant.outstations[0].calendar.header = "SPECIALDAGAR";
+    world.prompts.answers = {true};
+  }
+
+  // Fetches the calendar and opens the editor on it, as the browser does.
+  void Run(std::vector<Step> steps) {
+    world.session.tree =
+        BuildObjectTree(world.session.topics, world.profile, world.session.texts, world.prompts);
+    const auto node = FindNode(world.session.tree, world.session.topics, kOldNode);
+    ASSERT_TRUE(node);
+    SelectNode(world.session, *node);
+    Play(std::move(steps));
+    ASSERT_TRUE(GetCatalogue(world.session, Catalogue::Sdc));
+    ShowCalendarForm(nullptr, world.session, world.turn);
+  }
+  std::map<int, std::string>& PlantLines() { return world.plant.outstations[0].calendar.lines; }
+
+  // "24-DEC-26" of the year that is shown first, or one after it.
+  static std::string Date(const std::string& dayAndMonth, int yearsOn = 0) {
+    return dayAndMonth + "-" + std::to_string(ThisYear() + yearsOn).substr(2);
+  }
+  void ExpectChristmasWithoutBoxingDay() {
+    ASSERT_EQ(PlantLines().size(), 2U);
+    EXPECT_EQ(PlantLines().at(1000).substr(7, 20), Date("24-DEC") + ".." + Date("25-DEC"));
+    EXPECT_EQ(PlantLines().at(1000).substr(59), "!SD1");
+    EXPECT_EQ(PlantLines().at(1001).substr(7, 10), Date("01-JAN", 1) + " ");
+    EXPECT_EQ(PlantLines().at(1001).substr(59), "!SD2");
+  }
+
+  PlantWorld world;
+  const std::string december = "December " + std::to_string(ThisYear());
+  const std::string january = "Januari " + std::to_string(ThisYear() + 1);
+};
+
+TEST_F(CalendarFormTest, ByMouse) {
+  Run({{InEditor, [this] {
+          Turn(december, [] { Click(*Shown("Option_Month11")); });
+          Choose("Option_Day8");
+          const int year = ThisYear();
+          Drag(PlaceOf(24, 11, year), PlaceOf(26, 11, year));
+          const std::string spoken = Spoken("Picture_Days");
+          EXPECT_NE(spoken.find(" 26 december "), std::string::npos) << spoken;
+          EXPECT_NE(spoken.find("SD1"), std::string::npos) << spoken;
+          Choose("Option_Day0");
+          Drag(PlaceOf(26, 11, year), PlaceOf(26, 11, year));
+          Turn(january, [] { Click(*Shown("Command_Next")); });
+          EXPECT_TRUE(IsChosen("Option_Year1") && IsChosen("Option_Month0"));
+          Choose("Option_Day9");
+          Drag(PlaceOf(1, 0, year + 1), PlaceOf(1, 0, year + 1));
+          Turn(december, [] { Click(*Shown("Command_Last")); });
+          Click(*Shown("Command_Ok"));
+        }}});
+  ExpectChristmasWithoutBoxingDay();
+}
+
+TEST_F(CalendarFormTest, ByKeyboardAndFetchedAgain) {
+  const auto press = [](std::initializer_list<int> keys, int modifiers = 0) {
+    for (const int key : keys) Press(key, modifiers);
+  };
+  Run({{InEditor, [this, press] {
+          // The months of this year, from today's to December.
+          for (int month = static_cast<int>(wxDateTime::Today().GetMonth()); month < 11; ++month)
+            Press(WXK_PAGEDOWN);
+          Turn(december, [] {});
+          press({WXK_HOME, WXK_DOWN, WXK_DOWN, WXK_DOWN, WXK_RIGHT, WXK_RIGHT});  // to the 24th
+          press({WXK_RIGHT, WXK_RIGHT}, wxMOD_SHIFT);
+          press({'1', WXK_RETURN});
+          EXPECT_TRUE(PumpUntil([] { return IsChosen("Option_Day8"); }));
+          press({WXK_LEFT, WXK_RIGHT, '0', WXK_SPACE});
+          Turn(january, [&] { press({WXK_END, WXK_RIGHT}); });
+          press({'2', WXK_RETURN});
+          Press('S', wxMOD_CONTROL);
+        }}});
+  ExpectChristmasWithoutBoxingDay();
+
+  const std::map<int, std::string> saved = PlantLines();
+  PlantLines().at(1001).replace(7, 2, "02");  // as if somebody else had changed it
+  world.prompts.answers = {true};
+  Run({{InEditor, [this, press] {
+          for (int month = static_cast<int>(wxDateTime::Today().GetMonth()); month < 12; ++month)
+            Press(WXK_PAGEDOWN);
+          Turn(january, [] {});
+          press({WXK_HOME, WXK_RIGHT, WXK_RIGHT, '2', WXK_RETURN});
+          Press('S', wxMOD_CONTROL);
+        }}});
+  EXPECT_EQ(PlantLines().at(1000), saved.at(1000));
+  EXPECT_EQ(PlantLines().at(1001).substr(7, 20), Date("02-JAN", 1) + ".." + Date("03-JAN", 1));
+}
+
+TEST_F(CalendarFormTest, TheTypeAndTheFramesHaveKeys) {
+  Run({{InEditor, [this] {
+          Press('D', wxMOD_ALT);
+          EXPECT_TRUE(PumpUntil([] { return HasFocus("Option_Day0"); }));
+          Press(WXK_DOWN);
+          EXPECT_TRUE(PumpUntil([] { return HasFocus("Option_Day1"); }));
+          Press(WXK_SPACE);  // the arrow has chosen it already, but under Wine
+          EXPECT_TRUE(PumpUntil([] { return IsChosen("Option_Day1"); }));
+          Press('H', wxMOD_ALT);
+          EXPECT_TRUE(PumpUntil([] { return HasFocus("Picture_Days"); }));
+          Press(WXK_PAGEDOWN, wxMOD_CONTROL);
+          EXPECT_TRUE(PumpUntil([] { return IsChosen("Option_Year1"); }));
+          Press(WXK_TAB);
+          EXPECT_TRUE(PumpUntil([] { return HasFocus("Option_Day1"); }));
+          Press(WXK_ESCAPE);
+        }}});
+  EXPECT_TRUE(PlantLines().empty());
+}
+
+TEST_F(CalendarFormTest, RefusedLinesAreToldInOrderThenTheGridHasTheFocus) {
+  PlantLines() = {{1000, " 1000 !31-FEB-26                                           !SD1"},
+                  {1001, " 1001 !01-JAN-26                                           !SD9"}};
+  Run({{[this] { return world.prompts.shown.size() == 2 && InEditor(); },
+        [] { Press(WXK_ESCAPE); }}});
+  ASSERT_EQ(world.prompts.shown.size(), 2U);
+  EXPECT_EQ(world.prompts.shown[0], "Felaktiga tider i SDC (rad 1000)");
+  EXPECT_NE(world.prompts.shown[1].find("!SD9)"), std::string::npos);
+}
+
+struct CalendarViewOnlyTest : CalendarFormTest {
+  CalendarViewOnlyTest() : CalendarFormTest("/VIEWONLY") {}
+};
+
+TEST_F(CalendarViewOnlyTest, NothingCanBeChangedOrSaved) {
+  Run({{InEditor, [this] {
+          EXPECT_FALSE(Shown("Command_Ok")->IsEnabled());
+          EXPECT_FALSE(Shown("Option_Day8")->IsEnabled());
+          Turn(december, [] { Click(*Shown("Option_Month11")); });
+          Drag(PlaceOf(24, 11, ThisYear()), PlaceOf(26, 11, ThisYear()));
+          for (const int key : {int{'1'}, int{WXK_RETURN}, int{WXK_SPACE}}) Press(key);
+          Press('S', wxMOD_CONTROL);
+          Press(WXK_ESCAPE);
+        }}});
+  EXPECT_TRUE(PlantLines().empty());
+  EXPECT_TRUE(world.prompts.shown.empty());
+}
+
+}  // namespace
+}  // namespace zek::window

@@ -1,0 +1,162 @@
+#include <gtest/gtest.h>
+
+#include <wx/button.h>
+#include <wx/frame.h>
+#include <wx/menu.h>
+#include <wx/statusbr.h>
+#include <wx/treectrl.h>
+
+#include "Keys.h"
+#include "PlantWorld.h"
+#include "catalogue/Catalogue.h"
+#include "forms/browser/ZV_TSC.h"
+
+namespace zek::window {
+namespace {
+
+using namespace browser;
+
+wxFrame& Browser() { return dynamic_cast<wxFrame&>(*Shown("ZV_TSC")); }
+wxTreeCtrl& Tree() { return dynamic_cast<wxTreeCtrl&>(*Shown("TreeView")); }
+
+// The tree is built and one can begin.
+bool IsReady() {
+  return IsActive("ZV_TSC") && HasFocus("TreeView") && Tree().GetSelection().IsOk();
+}
+
+void Select(const std::string& tsc) {
+  wxTreeItemIdValue cookie = nullptr;
+  wxTreeCtrl& tree = Tree();
+  tree.ExpandAll();
+  for (wxTreeItemId item = tree.GetFirstChild(tree.GetRootItem(), cookie); item.IsOk();
+       item = tree.GetNextVisible(item)) {
+    if (tree.GetItemText(item).EndsWith(tsc)) return tree.SelectItem(item);
+  }
+  ADD_FAILURE() << tsc;
+}
+
+struct BrowserTest : testing::Test {
+  bool Fetching() const { return world.session.status.Busy > 0 && Shown("ZV_TSC") != nullptr; }
+  bool CanCancel() const {
+    const wxWindow* const button = wxWindow::FindWindowById(wxID_CANCEL, &Browser());
+    return Fetching() && button->IsShownOnScreen();
+  }
+  void Run(std::vector<Step> steps) {
+    Play(std::move(steps));
+    ShowBrowser(nullptr, world.session, world.turn);
+  }
+
+  PlantWorld world;
+};
+
+TEST_F(BrowserTest, OpensOnTheStartTopicAndClosesWithEscape) {
+  world.session.settings.StartTopic = "KONTOR";
+  int changes = 0;
+  world.session.status.Changed = [&changes] { ++changes; };
+  Run({{IsReady, [this] {
+          EXPECT_TRUE(Tree().GetItemText(Tree().GetSelection()).EndsWith("KONTOR]"));
+          EXPECT_TRUE(Tree().IsExpanded(Tree().GetSelection()));
+          world.session.status.SetWaiting("x");
+          Press(WXK_ESCAPE);
+        }}});
+  world.session.status.Changed();
+  EXPECT_EQ(changes, 2);  // the main window was told all the time
+}
+
+TEST_F(BrowserTest, MenuItemsFollowTheSelection) {
+  struct Case {
+    const char* node;
+    bool get;
+    bool eraseWdc;
+    bool eraseSdc;
+  };
+  EXPECT_FALSE(world.files.Write(world.directory + "PLANT_5100_3 Kontoret TF2.TXT", "x"));
+  EXPECT_FALSE(world.files.Write(world.directory + "PLANT_5100 Bj\xC3\xB6rkskolan SDC.TXT", "x"));
+  Run({{IsReady, [] {
+          const wxMenuBar& bar = *Browser().GetMenuBar();
+          for (const Case& each : {Case{"SKOLA]", true, false, true},
+                                   {"KONTOR]", false, false, false},
+                                   {"[AHU1]", true, false, true},
+                                   {"[TF2]", true, true, false}}) {
+            Select(each.node);
+            EXPECT_EQ(bar.IsEnabled(Menu_GetWDC), each.get) << each.node;
+            EXPECT_EQ(bar.IsEnabled(Menu_EraseWDC), each.eraseWdc) << each.node;
+            EXPECT_EQ(bar.IsEnabled(Menu_EraseSDC), each.eraseSdc) << each.node;
+          }
+          Press(WXK_ESCAPE);
+        }}});
+}
+
+TEST_F(BrowserTest, EraseAsksFirst) {
+  const std::string path = world.directory + "PLANT_5100_3 Kontoret TF2.TXT";
+  EXPECT_FALSE(world.files.Write(path, "x"));
+  world.prompts.answers = {false, true};
+  Run({{IsReady, [&] {
+          Select("[TF2]");
+          Press(WXK_DELETE);
+          EXPECT_TRUE(PumpUntil([&] { return world.prompts.shown.size() == 1; }));
+          EXPECT_TRUE(world.files.Exists(path));
+          Press(WXK_DELETE);
+          EXPECT_TRUE(PumpUntil([&] { return !world.files.Exists(path); }));
+          EXPECT_FALSE(Browser().GetMenuBar()->IsEnabled(Menu_EraseWDC));
+          Press(WXK_ESCAPE);
+        }}});
+}
+
+// By key, by mouse, and a third time with a close request, which waits until the fetch has ended.
+TEST_F(BrowserTest, AFetchCanBeCancelled) {
+  world.plantLink.silent = true;
+  const auto canCancel = [this] { return CanCancel(); };
+  const auto fetch = [] { Press(WXK_F5); };
+  Run({{IsReady, fetch},
+       {canCancel,
+        [] {
+          EXPECT_FALSE(Tree().IsEnabled());
+          EXPECT_FALSE(Browser().GetMenuBar()->IsEnabledTop(1));
+          EXPECT_NE(Browser().GetStatusBar()->GetStatusText(1), "");
+          Press(WXK_ESCAPE);
+        }},
+       {IsReady,
+        [&] {
+          EXPECT_TRUE(Browser().GetMenuBar()->IsEnabledTop(1));
+          EXPECT_EQ(Browser().GetStatusBar()->GetStatusText(1), "");
+          fetch();
+        }},
+       {canCancel, [] { Click(*wxWindow::FindWindowById(wxID_CANCEL, &Browser())); }},
+       {IsReady, fetch},
+       {canCancel, [] {
+          EXPECT_FALSE(Browser().Close());
+          EXPECT_TRUE(Shown("ZV_TSC"));
+          Press(WXK_ESCAPE);
+        }}});
+  EXPECT_FALSE(world.session.waits.CancelRequested);
+  EXPECT_TRUE(world.prompts.shown.empty());
+}
+
+TEST_F(BrowserTest, AnEarlierCopyIsRestoredFromTheHistory) {
+  const std::string name = "PLANT_5100_3 Kontoret TF2";
+  const std::string path = world.directory + name + ".TXT";
+  EXPECT_FALSE(world.files.Write(path, "now\r\n"));
+  EXPECT_FALSE(world.files.MakeDirectory(world.directory + "History"));
+  EXPECT_FALSE(
+      world.files.Write(world.directory + "History/" + name + " 20261121-083000.TXT", "then\r\n"));
+  world.prompts.answers = {true};
+  Run({{IsReady,
+        [] {
+          Select("[TF2]");
+          Press(WXK_F8);
+        }},
+       {[] { return IsActive("ZV_TSCHistory"); },
+        [&] {
+          EXPECT_EQ(Value("Text_Differences"), "- then\n+ now\n");
+          Click(*Shown("Command_Restore"));
+          EXPECT_TRUE(PumpUntil([&] { return world.prompts.shown.size() == 2; }));
+          EXPECT_EQ(world.files.Read(path).bytes, "then\r\n");
+          EXPECT_EQ(Value("Text_Differences"), "- now\n+ then\n");  // the copy it replaced
+          Press(WXK_ESCAPE);
+        }},
+       {IsReady, [] { Press(WXK_ESCAPE); }}});
+}
+
+}  // namespace
+}  // namespace zek::window

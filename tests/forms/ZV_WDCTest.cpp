@@ -1,0 +1,211 @@
+#include <gtest/gtest.h>
+
+#include <wx/dialog.h>
+#include <wx/radiobut.h>
+#include <wx/textctrl.h>
+#include <wx/treectrl.h>
+
+#include "Keys.h"
+#include "PlantWorld.h"
+#include "forms/browser/ZV_TSC.h"
+#include "forms/weekday/ZV_WDC.h"
+
+namespace zek::window {
+namespace {
+
+bool InBrowser() {
+  const auto* const tree = dynamic_cast<wxTreeCtrl*>(Shown("TreeView"));
+  return IsActive("ZV_TSC") && HasFocus("TreeView") && tree->GetSelection().IsOk();
+}
+bool InEditor() { return IsActive("ZV_WDC") && HasFocus("Text_Start0"); }
+
+void FetchFirstTimeControl() {
+  Press(WXK_DOWN);
+  Press(WXK_RETURN);
+}
+
+struct WeekdayFormTest : testing::Test {
+  explicit WeekdayFormTest(std::string_view commandLine = {}) : world(commandLine) {}
+
+  void Run(std::vector<Step> steps) {
+    Play(std::move(steps));
+    ShowBrowser(nullptr, world.session, world.turn);
+  }
+  const std::map<int, std::string>& PlantLines() const {
+    return world.plant.outstations[0].weekday.lines;
+  }
+
+  static constexpr std::string_view kChanged =
+      " 1000 !AHU1        !MO           !07:00..17:30             !22.5     !17";
+
+  PlantWorld world;
+};
+
+TEST_F(WeekdayFormTest, ByKeyboardFromTheTreeToThePlant) {
+  world.prompts.answers = {true};
+  Run({{InBrowser, FetchFirstTimeControl},
+       {InEditor,
+        [] {
+          EXPECT_EQ(Value("Text_Start0"), "07:00");
+          Enter("Text_Stop0");
+          Type("1730");  // replaces the selected 16:30
+          Enter("Text_ValueOn0");
+          EXPECT_EQ(Value("Text_Stop0"), "17:30");
+          Type("22,5");
+          Press('S', wxMOD_CONTROL);  // takes the entry that still has the focus
+        }},
+       {InBrowser, Escape}});
+  EXPECT_EQ(PlantLines().at(1000), kChanged);
+  EXPECT_EQ(world.prompts.shown.size(), 2U);  // whether to send, and that it was sent
+}
+
+TEST_F(WeekdayFormTest, ByMouseFromTheTreeToThePlant) {
+  world.prompts.answers = {true};
+  Run({{InBrowser,
+        [] {
+          auto& tree = dynamic_cast<wxTreeCtrl&>(*Shown("TreeView"));
+          wxTreeItemIdValue cookie = nullptr;
+          wxRect item;
+          tree.GetBoundingRect(tree.GetFirstChild(tree.GetSelection(), cookie), item, true);
+          wxUIActionSimulator mouse;
+          mouse.MouseMove(tree.ClientToScreen(item.GetPosition() + item.GetSize() / 2));
+          mouse.MouseDblClick();
+        }},
+       {InEditor,
+        [] {
+          Reach("Text_Stop0", [] { Click(Box("Text_Stop0")); });
+          EXPECT_TRUE(PumpUntil([] { return Box("Text_Stop0").GetStringSelection() == "16:30"; }));
+          Type("17.30");
+          InPickList([] { Click(Box("Text_ValueOn0")); }, {WXK_ESCAPE});
+          Type("22,5");
+          Click(*Shown("Command_Ok"));
+        }},
+       {InBrowser, Escape}});
+  EXPECT_EQ(PlantLines().at(1000), kChanged);
+}
+
+TEST_F(WeekdayFormTest, EnterRowsCopyEraseAndTypes) {
+  world.prompts.answers = {true};  // close without saving
+  Run({{InBrowser, FetchFirstTimeControl},
+       {InEditor,
+        [] {
+          const auto text = [](const char* name) { return Shown(name)->GetLabel().ToStdString(); };
+          for (const char* box : {"Text_Stop0", "Text_ValueOn0", "Text_ValueOff0", "Text_Start1"})
+            Enter(box);
+          Type("25:00");
+          Enter("Text_Stop1");
+          EXPECT_EQ(Value("Text_Start1"), "07:00");  // refused
+          Press(WXK_PAGEDOWN);
+          EXPECT_TRUE(PumpUntil([] { return Value("Text_Stop1").empty(); }));
+          Reach("Text_Start6", [] { Box("Text_Start6").SetFocus(); });
+          Type("8");
+          Reach("Text_Start0", [] { Click(*Shown("Command_Copy")); });
+          EXPECT_EQ(Value("Text_Start0"), "08:00");
+          EXPECT_NE(text("Option_Type0").find("(7)"), std::string::npos);
+          Reach("Text_Start1", [] { Click(*Shown("Command_Erase")); });
+          EXPECT_NE(text("Option_Type0").find("(6)"), std::string::npos);
+          Press(WXK_PAGEUP);
+          EXPECT_TRUE(PumpUntil([] { return Value("Text_Start0") == "07:00"; }));
+          Click(*Shown("Option_Type1"));
+          EXPECT_TRUE(PumpUntil([] { return Value("Text_Start0").empty(); }));
+          EXPECT_EQ(text("Label_Weekdays6"), "SD 7");
+          Escape();
+        }},
+       {InBrowser, Escape}});
+  EXPECT_EQ(PlantLines(), PlantWorld::SmallPlant().outstations[0].weekday.lines);
+}
+
+TEST_F(WeekdayFormTest, ValuesComeFromAPickListByClickAndByKey) {
+  world.prompts.answers = {true};  // close without saving
+  Run({{InBrowser, FetchFirstTimeControl},
+       {InEditor,
+        [] {
+          const auto holds = [](const std::string& box, const std::string& value) {
+            EXPECT_TRUE(PumpUntil([&] { return Value(box) == value; })) << Value(box);
+          };
+          const auto byKey = [] { Press(WXK_DOWN, wxMOD_ALT); };
+          InPickList([] { Click(Box("Text_ValueOn0")); }, {WXK_DOWN, WXK_DOWN, WXK_RETURN});
+          holds("Text_ValueOn0", "20.5");
+          Enter("Text_ValueOff0");
+          InPickList(byKey, {WXK_DOWN, WXK_RETURN});
+          holds("Text_ValueOff0", "");
+          InPickList(byKey, {WXK_DOWN, WXK_DOWN, WXK_RETURN});
+          holds("Text_ValueOff0", "0");
+          Escape();
+        }},
+       {InBrowser, Escape}});
+}
+
+TEST_F(WeekdayFormTest, AFailedSaveLeavesItOpenAndUnreadLinesAreTold) {
+  world.plant.outstations[0].weekday.lines[1001] =
+      " 1001 !AHU1        !XX           !07:00..16:30             !21       !17";
+  const auto shown = [this](std::size_t count) {
+    return [this, count] { return InEditor() && world.prompts.shown.size() == count; };
+  };
+  // Lines are lost; don't send; don't try again; close without it.
+  world.prompts.answers = {true, false, false, true};
+  Run({{InBrowser, FetchFirstTimeControl},
+       {shown(1),
+        [] {
+          Type("8");
+          Press('S', wxMOD_CONTROL);
+        }},
+       {shown(4),
+        [] {
+          EXPECT_TRUE(Shown("Command_Ok")->IsEnabled());
+          Press('Z', wxMOD_CONTROL);  // as fetched again, which the local copy is no longer
+          EXPECT_TRUE(PumpUntil([] { return Value("Text_Start0") == "07:00"; }));
+          EXPECT_TRUE(Shown("Command_Ok")->IsEnabled());
+          Escape();
+        }},
+       {InBrowser, Escape}});
+  EXPECT_EQ(world.prompts.shown.size(), 5U);
+  EXPECT_NE(world.prompts.shown[0].find("!XX"), std::string::npos);
+}
+
+// The answers wait while the user clicks about; closing is put off until the catalogue is written.
+TEST_F(WeekdayFormTest, AWriteIsShownAndCanNotBeStopped) {
+  ASSERT_FALSE(world.profile.WriteIni("SaveDelay", "DelayA", "1"));
+  world.prompts.answers = {true};
+  Run({{InBrowser, FetchFirstTimeControl},
+       {InEditor,
+        [] {
+          Type("8");
+          Press('S', wxMOD_CONTROL);
+        }},
+       {[] {
+          const wxWindow* const status = Shown("Label_Status");
+          return status != nullptr && !status->GetLabel().empty() &&
+                 !Shown("Command_Cancel")->IsEnabled();
+        },
+        [] {
+          Escape();
+          EXPECT_FALSE(dynamic_cast<wxDialog&>(*Shown("ZV_WDC")).Close());
+        }},
+       {InBrowser, Escape}});
+  EXPECT_NE(PlantLines().at(1000).find("!08:00..16:30"), std::string::npos);
+}
+
+struct ViewOnlyTest : WeekdayFormTest {
+  ViewOnlyTest() : WeekdayFormTest("/VIEWONLY") {}
+};
+
+TEST_F(ViewOnlyTest, NothingCanBeChangedOrSaved) {
+  Run({{InBrowser, FetchFirstTimeControl},
+       {InEditor,
+        [] {
+          for (const char* name : {"Command_Copy", "Command_Erase", "Command_Ok"})
+            EXPECT_FALSE(Shown(name)->IsEnabled()) << name;
+          EXPECT_TRUE(Shown("Command_Cancel")->IsEnabled());
+          Type("8");
+          Enter("Text_Stop0");
+          EXPECT_EQ(Value("Text_Start0"), "07:00");
+          Press('S', wxMOD_CONTROL);
+          Escape();
+        }},
+       {InBrowser, Escape}});
+  EXPECT_TRUE(world.prompts.shown.empty());
+}
+
+}  // namespace
+}  // namespace zek::window

@@ -1,0 +1,96 @@
+#include <filesystem>
+#include <gtest/gtest.h>
+
+#include "settings/CommandLine.h"
+#include "settings/Settings.h"
+#include "support/TestSession.h"
+
+namespace zek {
+namespace {
+
+using Shown = std::vector<std::string>;
+
+// Start-up with that settings file and command line.
+struct Started {
+  Settings settings;
+  Shown shown;
+  bool ok = false;
+};
+
+Started Start(const std::string& ini, std::string_view commandLine = "") {
+  test::TestSession session;
+  session.files.files["/ini/ZEKView.INI"] = ini;
+  session.prompts.shown.clear();
+  Started started;
+  started.ok = LoadSettings(started.settings, commandLine, session.profile, session.proc.texts,
+                            session.prompts);
+  started.shown = session.prompts.shown;
+  return started;
+}
+
+TEST(Settings, WithoutAFileTheMinimaHoldAndAreTold) {
+  const Started started = Start("");
+  EXPECT_TRUE(started.ok);
+  EXPECT_EQ(started.shown, (Shown{"n T59", "n T60"}));
+  EXPECT_EQ(started.settings.DisconnectTicks, 300);
+  EXPECT_EQ(started.settings.GetTSCTimeoutTicks, 25);
+  EXPECT_TRUE(started.settings.AlwaysUseDSS);
+  EXPECT_TRUE(started.settings.AlwaysUseLocal);
+  EXPECT_FALSE(started.settings.VerifyAfterWrite);
+  EXPECT_TRUE(started.settings.HideDialogOnTSC);
+  EXPECT_FALSE(started.settings.PreventMinimize);
+  EXPECT_EQ(started.settings.DialogMode, 0);
+  EXPECT_EQ(started.settings.TopicComboIndex, 0);
+}
+
+TEST(Settings, SixteenBitsAreTheLimit) {
+  EXPECT_EQ(Start("[general]\nDisconnectTime=6553\nGetTSCTimeout=5.5\n").settings.DisconnectTicks,
+            32765);
+  EXPECT_EQ(Start("[general]\nDisconnectTime=60\nGetTSCTimeout=5.5\n").settings.GetTSCTimeoutTicks,
+            30);
+  const Started tooLong = Start("[general]\nDisconnectTime=6554\nGetTSCTimeout=5\n");
+  EXPECT_FALSE(tooLong.ok);
+  EXPECT_EQ(tooLong.shown, Shown{"x T500"});
+  EXPECT_FALSE(Start("[general]\nDisconnectTime=60\nGetTSCTimeout=1e9\n").ok);
+  EXPECT_EQ(Start("[general]\nDisconnectTime=-1e9\nGetTSCTimeout=5\n").ok, false);
+}
+
+TEST(Settings, YesIsOnlyYes) {
+  const char* const times = "DisconnectTime=60\nGetTSCTimeout=5\n";
+  EXPECT_TRUE(Start(std::string("[general]\nAlwaysOnTop=Yes\n") + times).settings.AlwaysOnTop);
+  EXPECT_FALSE(Start(std::string("[general]\nAlwaysOnTop=1\n") + times).settings.AlwaysOnTop);
+  EXPECT_EQ(Start(std::string("[general]\nSortTopics=ja\n") + times).settings.TopicComboIndex, 1);
+  EXPECT_EQ(Start(std::string("[general]\nDialogMode=all\n") + times).settings.DialogMode, 2);
+  EXPECT_EQ(Start(std::string("[general]\nDialogMode=Alla\n") + times).settings.DialogMode, 0);
+  EXPECT_TRUE(Start(std::string("[general]\nTagMode=YES\n") + times).settings.TagMode);
+  EXPECT_FALSE(Start(std::string("[general]\nTagMode=YES\n") + times, "/local").settings.TagMode);
+}
+
+TEST(Settings, SwitchesAreFoundAnywhereInAnyCase) {
+  const Settings settings =
+      Start("", "x/LocalX /viewonly /TOPIC:ahu1/x /dialog:tv\xE5 /TAG:  /BATCHES").settings;
+  EXPECT_TRUE(settings.LocalMode);
+  EXPECT_TRUE(settings.ViewOnly);
+  EXPECT_TRUE(settings.BatchMode);
+  EXPECT_FALSE(settings.AlwaysOnTop);
+  EXPECT_EQ(settings.StartTopic, "AHU1");
+  EXPECT_EQ(settings.StartDialog, "TV\xC5");
+  EXPECT_EQ(Start("", "/TAG:b /TOPIC:a").settings.StartTopic, "B");
+}
+
+TEST(CommandLine, OptionsAreTakenOutBeforeTheSwitches) {
+  const CommandLine line =
+      ParseCommandLine({"/LOCAL", "--dir", "/srv/LOCAL/batch", "x", "--ini", "/etc/\xC3\xA5"});
+  EXPECT_EQ(line.text, "/LOCAL x");
+  EXPECT_EQ(line.dir, "/srv/LOCAL/batch");
+  const auto separator = static_cast<char>(std::filesystem::path::preferred_separator);
+  EXPECT_EQ(IniPathOf(line, "/p/"), std::string("/etc/\xC3\xA5") + separator);
+  EXPECT_EQ(IniPathOf(ParseCommandLine({"/ini:c:\\data"}), "/p/"),
+            std::string("C:\\DATA") + separator);
+  EXPECT_EQ(IniPathOf(ParseCommandLine({}), "/p/"), "/p/");
+  EXPECT_EQ(WithSeparator("c:/data/"), "c:/data/");
+  EXPECT_EQ(ParseCommandLine({"--dir"}).missingValue, "--dir");
+}
+
+}  // namespace
+}  // namespace zek
