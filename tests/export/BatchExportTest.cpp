@@ -25,7 +25,7 @@ class BatchExportTest : public ::testing::Test, protected test::TransferSession 
   BatchExportTest() {
     ReplaceInSettings("[TWO]", "VS1=  Plant 1/DUC 1\r\n[TWO]");
     Load("");
-    proc.outside.now = [] { return LocalTime{2026, 11, 21, 8, 30, 59}; };
+    proc.now = [] { return LocalTime{2026, 11, 21, 8, 30, 59}; };
     batch.Selected = [this](std::size_t node) { Answer(node); };
     answers["LIST WDC"] =
         " 1000 !AHU1        !MO..FR       !07:00..16:30             !21        !17         \r\n"

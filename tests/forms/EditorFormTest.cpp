@@ -37,8 +37,7 @@ struct EditorFormTest : testing::TestWithParam<Editor> {
     world.plant.outstations[0].exceptions.header = "UNDANTAG";
     world.plant.outstations[0].calendar.header = "SPECIALDAGAR";
     ZV_Proc& session = world.session;
-    session.tree =
-        BuildObjectTree(session.topics, world.profile, session.texts, session.outside.prompts);
+    session.tree = BuildObjectTree(session.topics, world.profile, session.texts, session.prompts);
     SelectNode(session, FindNode(session.tree, session.topics, "SKOLA/AHU1").value());
     ASSERT_TRUE(session.settings.LocalMode || GetCatalogue(session, GetParam().catalogue));
     session.transfer.From = from;

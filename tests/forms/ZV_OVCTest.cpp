@@ -30,8 +30,7 @@ bool InEditor() { return IsActive("ZV_OVC") && HasFocus("Text_DateOn0"); }
 struct ExceptionFormTest : testing::Test {
   explicit ExceptionFormTest(std::string_view commandLine = {}) : world(commandLine) {
     ZV_Proc& session = world.session;
-    session.tree =
-        BuildObjectTree(session.topics, world.profile, session.texts, session.outside.prompts);
+    session.tree = BuildObjectTree(session.topics, world.profile, session.texts, session.prompts);
     world.plant.outstations[0].exceptions.header = "UNDANTAG";
   }
 
