@@ -172,7 +172,7 @@ std::size_t DaysWidth(const CatalogueRules& rules) {
 }  // namespace
 
 CatalogueRules RulesOf(const ZV_Proc& proc, Catalogue kind) {
-  const Generation generation = proc.topics[proc.selection.CurrentObject].ControllerGeneration();
+  const Generation generation = proc.topics[proc.selection.CurrentObject].TopicType;
   return {kind,
           proc.selection.TscName,
           generation,

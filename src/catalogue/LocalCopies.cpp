@@ -18,7 +18,7 @@ const std::string& LocalFileOf(const Selection& selection, Catalogue catalogue) 
 }
 
 bool HasNamedControls(const ZV_Proc& proc) {
-  return proc.topics[proc.selection.CurrentObject].TopicType != 1;
+  return proc.topics[proc.selection.CurrentObject].TopicType == Generation::Zek2;
 }
 
 std::string AttemptText(const ZV_Proc& proc, std::int32_t number, int attempt) {

@@ -56,7 +56,7 @@ LocalFileNames LocalFilesOf(const Topic& topic, const TreeNode& node) {
   const std::string base = BaseName(topic);
   LocalFileNames names;
   names.SDC = FileName(base + " SDC.TXT");
-  if (topic.TopicType == 1) {
+  if (topic.TopicType == Generation::Zek1) {
     names.WDC = FileName(base + " WDC.TXT");
     names.OVC = FileName(base + " OVC.TXT");
   } else if (node.IsTimeControl()) {

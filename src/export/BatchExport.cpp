@@ -95,7 +95,8 @@ void BatchExport::NextState() {
 void BatchExport::Select(std::size_t node) {
   SelectNode(proc_, node);
   // Every time control of a modern controller has catalogues of its own.
-  if (proc_.topics[proc_.tree[node].Object].TopicType == 2) proc_.transfer.CatalogueLoaded = false;
+  if (proc_.topics[proc_.tree[node].Object].TopicType == Generation::Zek2)
+    proc_.transfer.CatalogueLoaded = false;
   proc_.batch.Labels = LabelsOf(proc_.tree[node]);
   Selected(node);
 }

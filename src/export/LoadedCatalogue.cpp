@@ -14,7 +14,7 @@ namespace zek {
 namespace {
 
 Generation GenerationOf(const ZV_Proc& proc) {
-  return proc.topics[proc.selection.CurrentObject].ControllerGeneration();
+  return proc.topics[proc.selection.CurrentObject].TopicType;
 }
 
 LoadedCatalogue LoadWeekday(const ZV_Proc& proc, const RecordLabels& labels) {

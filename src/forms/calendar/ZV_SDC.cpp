@@ -125,7 +125,7 @@ void ShowCalendarForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
   const Topic& topic = proc.topics[proc.selection.CurrentObject];
   // The editor outlives its form, which may go with its parent in the middle of a save.
   CalendarEditor editor(proc.transfer.CatalogueLines, proc.selection.TscName,
-                        YearsOf(proc.settings, topic.ControllerGeneration()), Today(),
+                        YearsOf(proc.settings, topic.TopicType), Today(),
                         proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit);
   editor.CountLost(static_cast<std::size_t>(proc.transfer.LinesDropped));
   ShowEditorForm(new ZV_SDC(parent, proc, turn, editor), proc, [&proc, refused = editor.Refused()] {

@@ -86,8 +86,8 @@ SaveOutcome ZV_OVC::SaveTable(const CatalogueWriter& write) {
   // What has taken the place of a wrong date is to be seen before it is sent.
   if (grid_->TellWrong()) return SaveOutcome::NotTried;
   ZV_Proc& proc = proc_;  // the form may be gone after the save
-  proc.transfer.NotInLines = LostStopTimes(
-      editor_.Table(), proc.topics[proc.selection.CurrentObject].ControllerGeneration());
+  proc.transfer.NotInLines =
+      LostStopTimes(editor_.Table(), proc.topics[proc.selection.CurrentObject].TopicType);
   const SaveOutcome outcome = editor_.Save(write, proc.Numbers());
   proc.transfer.NotInLines.clear();
   return outcome;
@@ -97,9 +97,8 @@ void ShowExceptionForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
   const Topic& object = proc.topics[proc.selection.CurrentObject];
   const char separator = proc.settings.DecimalSeparator;
   // The editor outlives its form, which may go with its parent in the middle of a save.
-  ExceptionEditor editor(proc.transfer.CatalogueLines,
-                         {proc.selection.TscName, object.ControllerGeneration()}, separator,
-                         proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit, Now);
+  ExceptionEditor editor(proc.transfer.CatalogueLines, {proc.selection.TscName, object.TopicType},
+                         separator, proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit, Now);
   editor.CountLost(static_cast<std::size_t>(proc.transfer.LinesDropped));
   const PickList pickList =
       ReadPickList(proc.outside.profile, proc.selection.PickListTable, separator);
