@@ -59,7 +59,7 @@ const std::string& LocalFileNames::operator[](Catalogue catalogue) const {
 
 LocalFileNames LocalFilesOf(const Topic& topic, const TreeNode& node) {
   const std::string base = BaseName(topic);
-  const bool ownCatalogues = topic.ControllerGeneration() == Generation::Zek2;
+  const bool ownCatalogues = topic.TopicType == Generation::Zek2;
   const auto name = [&](Catalogue catalogue) {
     const CatalogueKind& kind = KindOf(catalogue);
     const bool own = kind.ofControl && ownCatalogues;

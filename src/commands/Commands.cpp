@@ -26,8 +26,9 @@ ExitStatus Topics(Console& console) {
   for (std::int16_t index = 0; index < console.proc.topics.TopicCount(); ++index) {
     const Topic& topic = console.proc.topics[index];
     console.out << index << '\t'
-                << Utf8FromWindows1252(topic.TopicName + '\t' + std::to_string(topic.TopicType) +
-                                       '\t' + topic.Address + '\t' + topic.Description)
+                << Utf8FromWindows1252(topic.TopicName + '\t' +
+                                       std::to_string(static_cast<int>(topic.TopicType)) + '\t' +
+                                       topic.Address + '\t' + topic.Description)
                 << '\n';
   }
   return kDone;

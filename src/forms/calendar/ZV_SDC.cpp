@@ -119,7 +119,7 @@ void ShowCalendarForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
   const Topic& topic = proc.topics[proc.selection.CurrentObject];
   // The editor outlives its form, which may go with its parent in the middle of a save.
   CalendarEditor editor(content.lines, proc.selection.TscName,
-                        YearsOf(proc.settings, topic.ControllerGeneration()), DateOf(proc.now()),
+                        YearsOf(proc.settings, topic.TopicType), DateOf(proc.now()),
                         proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit);
   editor.CountLost(content.linesDropped);
   ShowEditorForm(new ZV_SDC(parent, proc, turn, content, editor), proc,
