@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "app/StartSession.h"
 #include "lang/BuiltInTexts.h"
 #include "lang/LanguageTexts.h"
 #include "lang/Message.h"
