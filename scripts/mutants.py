@@ -3,8 +3,8 @@
 
 A mutant is one file of the core with one change: a comparison flipped, a condition negated, a
 constant changed or a statement removed. It is compiled apart from the work tree, linked in front of
-the core as build/release has it, and the tests are run, first those of the same name, until one
-fails. Those that the unit tests let live go to the programs that make random and hostile
+the core as build/release has it, and the tests are run, first those of the same file or folder, until
+one fails. Those that the unit tests let live go to the programs that make random and hostile
 catalogues. One that does not compile is replaced by another; files of forms and of one system,
 tables of texts and headers are left out.
 
@@ -197,10 +197,10 @@ def limited(command):
 
 
 def suites_of(file):
-    """The test suites in the files that are named like a file of the core."""
-    name = re.sub(r"^(ZV_|Win|Wx)", "", file.stem)
-    return sorted({suite for path in ROOT.glob("tests/*/*.cpp") if path.stem.startswith(name)
-                   for suite in TEST.findall(path.read_text())})
+    """The test suites in the file that is named like a file of the core, else in its folder."""
+    paths = list((ROOT / "tests" / file.parent.relative_to(ROOT / "src")).glob("*.cpp"))
+    named = [path for path in paths if path.stem.startswith(file.stem)]
+    return sorted({suite for path in named or paths for suite in TEST.findall(path.read_text())})
 
 
 class Tests:
