@@ -90,7 +90,8 @@ TEST(CommandLine, OptionsAreTakenOutBeforeTheSwitches) {
             std::string("C:\\DATA") + separator);
   EXPECT_EQ(IniPathOf(ParseCommandLine({}), "/p/"), "/p/");
   EXPECT_EQ(WithSeparator("c:/data/"), "c:/data/");
-  EXPECT_EQ(ParseCommandLine({"--dir"}).missingValue, "--dir");
+  EXPECT_TRUE(ParseCommandLine({"--dir"}).error.starts_with("--dir"));
+  EXPECT_NE(ParseCommandLine({"/LOCAL", "--help"}).help, "");
 }
 
 }  // namespace
