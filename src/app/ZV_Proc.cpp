@@ -12,9 +12,11 @@ ZV_Proc::ZV_Proc(const Outside& world)
       outside{world.files,  world.profile, world.turn, prompts,
               world.socket, world.dde,     world.tags, world.now},
       waits(world.turn, countdowns),
-      connection(ConnectionParts{settings, texts, outside.profile, outside.prompts, topics,
-                                 countdowns, waits, transfer, log, status, outside.socket,
-                                 outside.dde, outside.tags}) {}
+      connection({{settings, outside.profile, {texts, prompts}, countdowns, waits, status},
+                  topics,
+                  transfer,
+                  log,
+                  {outside.socket, outside.dde, outside.tags}}) {}
 
 bool CheckSettingsFile(ZV_Proc& proc) {
   const FileContent file = proc.outside.files.Read(proc.settings.IniPath + "ZEKView.INI");

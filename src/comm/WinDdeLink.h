@@ -3,7 +3,7 @@
 #include <memory>
 #include <string_view>
 
-#include "comm/Link.h"
+#include "comm/Transport.h"
 #include "system/Later.h"
 
 namespace zek {
@@ -19,7 +19,7 @@ namespace zek {
 /// A transaction that the server refuses, or text that comes faster than it is read
 /// (`kMostUnread`), ends the conversation with OnLinkError: a command that was taken in part must
 /// not be followed by others, and no text may be lost unnoticed.
-class WinDdeLink final : public Link {
+class WinDdeLink final : public Transport {
  public:
   /// So many characters of text wait at most to be handed over.
   static constexpr std::size_t kMostUnread = std::size_t{1} << 20;

@@ -2,15 +2,15 @@
 
 #include <utility>
 
-#include "comm/Link.h"
 #include "comm/TagServer.h"
+#include "comm/Transport.h"
 #include "lang/TextNumbers.h"
 #include "system/Later.h"
 
 namespace zek {
 
 /// The DDE link of a system that has no DDE: opening it fails.
-class WithoutDde final : public Link {
+class WithoutDde final : public Transport {
  public:
   /// What is posted must not run after the link is gone.
   explicit WithoutDde(Later later) : later_(std::move(later)) {}

@@ -8,13 +8,13 @@
 
 #include "comm/HostAddress.h"
 #include "comm/HostLookup.h"
-#include "comm/Link.h"
+#include "comm/Transport.h"
 
 namespace zek {
 
 /// A TCP/IP socket as a link. All events come through the event loop of the program, which never
 /// stands still: also a host name is looked up beside it.
-class WxTcpLink final : public wxEvtHandler, public Link {
+class WxTcpLink final : public wxEvtHandler, public Transport {
  public:
   explicit WxTcpLink(HostLookup::Resolve resolve = LookUpHost);
   WxTcpLink(const WxTcpLink&) = delete;

@@ -42,7 +42,7 @@ std::string TemporaryDirectory();
 
 /// A controller in memory. It speaks as a communication server without DUS number does:
 /// "<TRANSPARENT>" first, then pieces that end with character 255.
-class FakeLink final : public Link {
+class FakeLink final : public Transport {
  public:
   /// The answer to each command: lines without their end. Any other command stays unanswered.
   std::map<std::string, std::vector<std::string>> answers;

@@ -6,13 +6,13 @@
 #include <utility>
 #include <vector>
 
-#include "comm/Link.h"
+#include "comm/Transport.h"
 #include "support/VirtualTurn.h"
 
 namespace zek::test {
 
 /// A link in virtual time. What it reports comes as an event, as from a real one.
-class MemoryLink final : public Link {
+class MemoryLink final : public Transport {
  public:
   explicit MemoryLink(VirtualTurn& turn) : turn_(turn) {}
 

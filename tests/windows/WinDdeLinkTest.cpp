@@ -19,7 +19,7 @@ constexpr const char* kService = "ZEKDOUBLE";
 constexpr const char* kNetService = R"(\\PLANT2\NDDE$)";
 constexpr ULONGLONG kLongestWait = 20'000;  // ms, for a machine that does much else
 
-class WinDdeLinkTest : public ::testing::Test, protected LinkEvents {
+class WinDdeLinkTest : public ::testing::Test, protected TransportEvents {
  protected:
   static void SetUpTestSuite() {
     Server() = std::make_unique<test::ServerProcess>(

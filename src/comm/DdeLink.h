@@ -1,0 +1,26 @@
+#pragma once
+
+#include <cstdint>
+
+#include "comm/TransportLink.h"
+
+namespace zek {
+
+/// Topics without an address, or with that of a computer: the communication server by DDE.
+class DdeLink final : public TransportLink {
+ public:
+  using TransportLink::TransportLink;
+
+  void Open(Topic& topic, const Attempt& attempt) override;
+  bool Close(Topic& topic, const Attempt& attempt) override;
+  bool Write(std::string_view command) override;
+  /// "{", digits, "}": the DDE server replaces it by the character of that code.
+  bool HoldsEscape(std::string_view text) const override;
+  TextLoss Receive(std::string_view bytes, const HandOver& handOver) override;
+  std::int32_t ErrorText() const override;
+
+ private:
+  bool writing_ = false;
+};
+
+}  // namespace zek
