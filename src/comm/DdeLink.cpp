@@ -32,14 +32,6 @@ bool DdeLink::Write(std::string_view command) {
   return taken;
 }
 
-bool DdeLink::HoldsEscape(std::string_view text) const {
-  for (std::size_t at = text.find('{'); at != std::string_view::npos; at = text.find('{', at + 1)) {
-    const std::size_t end = text.find_first_not_of("0123456789", at + 1);
-    if (end != std::string_view::npos && end > at + 1 && text[end] == '}') return true;
-  }
-  return false;
-}
-
 // The item returns what is poked into it, which is no reply.
 TextLoss DdeLink::Receive(std::string_view bytes, const HandOver& handOver) {
   if (!writing_) handOver(bytes);

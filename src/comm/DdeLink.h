@@ -14,8 +14,7 @@ class DdeLink final : public TransportLink {
   void Open(Topic& topic, const Attempt& attempt) override;
   bool Close(Topic& topic, const Attempt& attempt) override;
   bool Write(std::string_view command) override;
-  /// "{", digits, "}": the DDE server replaces it by the character of that code.
-  bool HoldsEscape(std::string_view text) const override;
+  bool ReadsEscapes() const override { return true; }
   TextLoss Receive(std::string_view bytes, const HandOver& handOver) override;
   std::int32_t ErrorText() const override;
 

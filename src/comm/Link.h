@@ -37,7 +37,7 @@ struct LinkParts {
   Waits& waits;
   StatusPanels& status;
 
-  NumberReader Numbers() const { return {profile, messages.texts, messages.prompts}; }
+  NumberReader Numbers() const { return {profile, messages}; }
 
   /// Waits while the condition holds, at most that many seconds.
   template <class Condition>
@@ -89,8 +89,8 @@ class Link {
   virtual bool AllSent() const { return true; }
   /// How many seconds `AllSent` is worth waiting for.
   virtual double SendTimeOut() const { return 0; }
-  /// True when the other side would replace a part of `text` that looks like an escape.
-  virtual bool HoldsEscape(std::string_view /*text*/) const { return false; }
+  /// True when the other side turns text like "{13}" into the character of that code.
+  virtual bool ReadsEscapes() const { return false; }
 
   /// Turns bytes of OnLinkText into reply texts for `ReplyReader`.
   virtual TextLoss Receive(std::string_view bytes, const HandOver& handOver) = 0;

@@ -37,16 +37,14 @@ struct EditorFormTest : testing::TestWithParam<Editor> {
     world.plant.outstations[0].exceptions.header = "UNDANTAG";
     world.plant.outstations[0].calendar.header = "SPECIALDAGAR";
     ZV_Proc& session = world.session;
-    session.tree =
-        BuildObjectTree(session.topics, world.profile, session.texts, session.outside.prompts);
-    SelectNode(session, FindNode(session.tree, session.topics, "SKOLA/AHU1").value());
-    ASSERT_TRUE(session.settings.LocalMode || GetCatalogue(session, GetParam().catalogue));
+    world.Select("SKOLA/AHU1");
+    ASSERT_TRUE(session.settings.LocalMode || test::Fetch(session, GetParam().catalogue).done);
     session.transfer.From = from;
-    const std::vector<std::string> fetched = session.transfer.CatalogueLines;
+    const std::vector<std::string> fetched = world.Lines();
     Play(
         {{[] { return IsActive(GetParam().form) && HasFocus(GetParam().first); }, std::move(act)}});
     GetParam().show(nullptr, session, world.turn);
-    EXPECT_EQ(session.transfer.CatalogueLines, fetched);
+    EXPECT_EQ(world.Lines(), fetched);
     asked_ = world.prompts.shown.size();
     Pump(20);  // the form goes when there is time, and the next one has parts of the same names
   }

@@ -9,7 +9,9 @@
 #include <wx/app.h>
 
 #include "WindowApp.h"
+#include "catalogue/Catalogue.h"
 #include "plant/PlantConversation.h"
+#include "support/Transfers.h"
 #include "text/Windows1252.h"
 
 namespace zek::window {
@@ -71,6 +73,14 @@ struct PlantWorld : World {
     session.topics.LoadTopics(profile, session.settings, session.texts, prompts);
     ticks.Begin();
   }
+
+  void Select(std::string_view node) {
+    session.tree = BuildObjectTree(session.topics, profile, session.texts, prompts);
+    SelectNode(session, FindNode(session.tree, session.topics, node).value());
+  }
+  /// What was fetched last, or is to be sent.
+  const std::vector<std::string>& Lines() const { return session.transfer.CatalogueLines; }
+  bool IsVerifying() const { return session.transfer.Verifying; }
 
   static sim::Plant SmallPlant() {
     sim::Outstation old;

@@ -9,6 +9,7 @@
 #include "files/FileCalls.h"
 #include "files/Tree.h"
 #include "support/TemporaryFolder.h"
+#include "support/Transfers.h"
 #include "text/Fields.h"
 #include "text/Windows1252.h"
 
@@ -123,9 +124,8 @@ class HostileNamesTest : public ::testing::Test {
     for (std::size_t node = 0; node < proc.tree.size(); ++node) {
       SelectNode(proc, node);
       for (const Catalogue catalogue : {Catalogue::Wdc, Catalogue::Sdc, Catalogue::Ovc}) {
-        proc.transfer.CatalogueLines = {"1000 !x"};
-        static_cast<void>(SaveCatalogue(proc, catalogue));
-        static_cast<void>(GetCatalogue(proc, catalogue));
+        test::Send(proc, catalogue, {"1000 !x"});
+        test::Fetch(proc, catalogue);
         if (node % 2 == 1) EraseLocalCopy(proc, catalogue);
       }
     }
