@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "comm/Secret.h"
 #include "lang/TextNumbers.h"
+#include "text/Fields.h"
 
 namespace zek {
 

@@ -10,7 +10,7 @@
 #include <wx/window.h>
 
 #include "app/ZV_Proc.h"
-#include "comm/WithoutWindows.h"
+#include "comm/SystemTransports.h"
 #include "settings/FileProfile.h"
 #include "system/DiskFiles.h"
 #include "wxbase/WxLater.h"

@@ -11,10 +11,10 @@
 
 namespace zek::test {
 
-/// A link in virtual time. What it reports comes as an event, as from a real one.
-class MemoryLink final : public Transport {
+/// A transport in virtual time. What it reports comes as an event, as from a real one.
+class MemoryTransport final : public Transport {
  public:
-  explicit MemoryLink(VirtualTurn& turn) : turn_(turn) {}
+  explicit MemoryTransport(VirtualTurn& turn) : turn_(turn) {}
 
   bool reachable = true;  // false: opening fails at once
   bool silent = false;    // opening never ends
