@@ -17,7 +17,7 @@
 namespace zek::window {
 
 /// A connection to a simulated plant in memory. Replies come with later turns of the event loop.
-class PlantLink final : public Link {
+class PlantLink final : public Transport {
  public:
   explicit PlantLink(sim::Plant& plant) : plant_(plant) {}
 

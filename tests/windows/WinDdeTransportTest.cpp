@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "comm/WinDdeLink.h"
+#include "comm/WinDdeTransport.h"
 #include "lang/TextNumbers.h"
 #include "windows/ServerProcess.h"
 
@@ -19,7 +19,7 @@ constexpr const char* kService = "ZEKDOUBLE";
 constexpr const char* kNetService = R"(\\PLANT2\NDDE$)";
 constexpr ULONGLONG kLongestWait = 20'000;  // ms, for a machine that does much else
 
-class WinDdeLinkTest : public ::testing::Test, protected LinkEvents {
+class WinDdeTransportTest : public ::testing::Test, protected TransportEvents {
  protected:
   static void SetUpTestSuite() {
     Server() = std::make_unique<test::ServerProcess>(
@@ -27,7 +27,7 @@ class WinDdeLinkTest : public ::testing::Test, protected LinkEvents {
   }
   static void TearDownTestSuite() { Server().reset(); }
 
-  WinDdeLinkTest() { link.Attach(this); }
+  WinDdeTransportTest() { link.Attach(this); }
 
   // Handles messages and, unless `deaf`, what was posted, until the condition holds.
   template <class Condition>
@@ -64,7 +64,7 @@ class WinDdeLinkTest : public ::testing::Test, protected LinkEvents {
   std::deque<std::function<void()>> posted;
   std::vector<std::string> events;  // texts; "closed"; "error" and the text number
   std::function<void()> onText = [] {};
-  WinDdeLink link{[this](std::function<void()> call) { posted.push_back(std::move(call)); }};
+  WinDdeTransport link{[this](std::function<void()> call) { posted.push_back(std::move(call)); }};
 
  private:
   static std::unique_ptr<test::ServerProcess>& Server() {
@@ -88,7 +88,7 @@ class WinDdeLinkTest : public ::testing::Test, protected LinkEvents {
 
 std::string Error(std::int32_t number) { return "error " + std::to_string(number); }
 
-TEST_F(WinDdeLinkTest, TextGoesBothWays) {
+TEST_F(WinDdeTransportTest, TextGoesBothWays) {
   OpenAndAwait("GOOD");
   const std::string bytes = "\x05\xE5\xE4\xF6\x80\xFF";
   EXPECT_TRUE(link.Send(bytes));
@@ -99,13 +99,13 @@ TEST_F(WinDdeLinkTest, TextGoesBothWays) {
   EXPECT_TRUE(Await([this] { return link.AllSent(); }));
 }
 
-TEST_F(WinDdeLinkTest, AComputersServiceIsANameLikeAnyOther) {
+TEST_F(WinDdeTransportTest, AComputersServiceIsANameLikeAnyOther) {
   link.Open({kNetService, "GOOD"});
   EXPECT_TRUE(AwaitEvent());
   EXPECT_EQ(events.front(), "0000><TRANSPARENT>");
 }
 
-TEST_F(WinDdeLinkTest, WhatCannotBeOpenedIsTold) {
+TEST_F(WinDdeTransportTest, WhatCannotBeOpenedIsTold) {
   struct Case {
     LinkTarget target;
     std::int32_t number = 0;
@@ -128,14 +128,14 @@ TEST_F(WinDdeLinkTest, WhatCannotBeOpenedIsTold) {
   OpenAndAwait("GOOD");
 }
 
-TEST_F(WinDdeLinkTest, AServerThatSaysNothingLeavesTheLinkWithoutText) {
+TEST_F(WinDdeTransportTest, AServerThatSaysNothingLeavesTheLinkWithoutText) {
   link.Open({kService, "SILENT"});
   EXPECT_TRUE(Await([this] { return link.State() == LinkState::Connected; }));
   EXPECT_TRUE(link.AllSent());
   EXPECT_TRUE(events.empty());
 }
 
-TEST_F(WinDdeLinkTest, ARefusedPokeEndsTheLink) {
+TEST_F(WinDdeTransportTest, ARefusedPokeEndsTheLink) {
   for (const auto& [topic, number] :
        {std::pair("NOPOKE", text::kDdeRefused), std::pair("BUSY", text::kDdeBusy)}) {
     events.clear();
@@ -151,7 +151,7 @@ TEST_F(WinDdeLinkTest, ARefusedPokeEndsTheLink) {
   }
 }
 
-TEST_F(WinDdeLinkTest, AServerThatHangsUpIsToldAfterItsLastText) {
+TEST_F(WinDdeTransportTest, AServerThatHangsUpIsToldAfterItsLastText) {
   OpenAndAwait("HANGUP");
   EXPECT_TRUE(link.Send("bye"));
   EXPECT_TRUE(Await([this] { return link.State() == LinkState::Closed; }));
@@ -159,7 +159,7 @@ TEST_F(WinDdeLinkTest, AServerThatHangsUpIsToldAfterItsLastText) {
   EXPECT_EQ(link.State(), LinkState::Closed);
 }
 
-TEST_F(WinDdeLinkTest, AServerThatDiesIsNoticed) {
+TEST_F(WinDdeTransportTest, AServerThatDiesIsNoticed) {
   test::ServerProcess other("zekview-dde-double.exe", {"ZEKDOUBLE2"});
   link.Open({"ZEKDOUBLE2", "VANISH"});
   ASSERT_TRUE(AwaitEvent());
@@ -170,7 +170,7 @@ TEST_F(WinDdeLinkTest, AServerThatDiesIsNoticed) {
   EXPECT_FALSE(link.Send("LIST"));
 }
 
-TEST_F(WinDdeLinkTest, EveryTextOfManyArrivesInOrder) {
+TEST_F(WinDdeTransportTest, EveryTextOfManyArrivesInOrder) {
   constexpr int kCount = 2000;
   OpenAndAwait("COUNT");
   EXPECT_TRUE(link.Send(std::to_string(kCount)));
@@ -178,29 +178,29 @@ TEST_F(WinDdeLinkTest, EveryTextOfManyArrivesInOrder) {
   for (int i = 0; i < kCount; ++i) ASSERT_EQ(events[i], "0001>" + std::to_string(i) + "\r\n");
 }
 
-TEST_F(WinDdeLinkTest, AFloodEndsTheLinkBeforeItFillsTheMemory) {
+TEST_F(WinDdeTransportTest, AFloodEndsTheLinkBeforeItFillsTheMemory) {
   OpenAndAwait("FLOOD");
   EXPECT_TRUE(link.Send("go"));
   EXPECT_TRUE(Await([this] { return !link.AllSent() && !link.Send("more"); }, true));
   ASSERT_TRUE(AwaitEvent());
   std::size_t total = 0;
   for (const std::string& text : events) total += text.size();
-  EXPECT_LE(total, WinDdeLink::kMostUnread + 20);
+  EXPECT_LE(total, WinDdeTransport::kMostUnread + 20);
   EXPECT_EQ(events.back(), Error(text::kDdeFlooded));
   events.clear();
   OpenAndAwait("GOOD");
 }
 
-TEST_F(WinDdeLinkTest, PokesThatNobodyTakesAreBounded) {
+TEST_F(WinDdeTransportTest, PokesThatNobodyTakesAreBounded) {
   OpenAndAwait("GOOD");
   int taken = 0;
-  while (taken <= WinDdeLink::kMostOutstanding && link.Send("x")) ++taken;  // no message runs
-  EXPECT_EQ(taken, WinDdeLink::kMostOutstanding);
+  while (taken <= WinDdeTransport::kMostOutstanding && link.Send("x")) ++taken;  // no message runs
+  EXPECT_EQ(taken, WinDdeTransport::kMostOutstanding);
   EXPECT_TRUE(Await([this] { return link.AllSent(); })) << "and the link is as good as before";
   EXPECT_TRUE(link.Send("x"));
 }
 
-TEST_F(WinDdeLinkTest, NothingIsToldOfALinkThatWasClosed) {
+TEST_F(WinDdeTransportTest, NothingIsToldOfALinkThatWasClosed) {
   OpenAndAwait("COUNT");
   EXPECT_TRUE(link.Send("100"));
   onText = [this] { link.Close(); };
@@ -243,7 +243,7 @@ class Caller {
   DWORD instance_ = 0;
 };
 
-TEST_F(WinDdeLinkTest, TheServerMayCallBackWhileTheLinkIsOpen) {
+TEST_F(WinDdeTransportTest, TheServerMayCallBackWhileTheLinkIsOpen) {
   Caller caller;
   OpenAndAwait("GOOD");
   EXPECT_TRUE(caller.Call("ZV_Main", "Text_CTServCallBack", "0007>called"));
@@ -256,7 +256,7 @@ TEST_F(WinDdeLinkTest, TheServerMayCallBackWhileTheLinkIsOpen) {
   EXPECT_FALSE(caller.Call("ZV_Main", "Text_CTServCallBack", "0007>late"));
 }
 
-TEST_F(WinDdeLinkTest, ATextEndsAtItsNulOrAtItsEnd) {
+TEST_F(WinDdeTransportTest, ATextEndsAtItsNulOrAtItsEnd) {
   OpenAndAwait("RAW");
   EXPECT_TRUE(link.Send("NUL"));
   EXPECT_TRUE(link.Send(std::string("cut\0here", 8)));

@@ -1,4 +1,4 @@
-#include "comm/WinDdeLink.h"
+#include "comm/WinDdeTransport.h"
 
 #include <windows.h>
 #include <algorithm>
@@ -55,7 +55,7 @@ std::size_t Load(const std::string& text) { return text.size() + kLoad; }
 std::string TextOf(HDDEDATA data) {
   // One byte more than can be used tells that there was too much.
   const DWORD size = std::min<DWORD>(::DdeGetData(data, nullptr, 0, 0),
-                                     static_cast<DWORD>(WinDdeLink::kMostUnread) + 1);
+                                     static_cast<DWORD>(WinDdeTransport::kMostUnread) + 1);
   std::string text(size, '\0');
   text.resize(::DdeGetData(data, reinterpret_cast<BYTE*>(text.data()), size, 0));
   return text.substr(0, text.find('\0'));
@@ -64,9 +64,9 @@ std::string TextOf(HDDEDATA data) {
 }  // namespace
 
 /// The one conversation of a link, and what it has heard and not yet told.
-class WinDdeLink::Conversation : public std::enable_shared_from_this<Conversation> {
+class WinDdeTransport::Conversation : public std::enable_shared_from_this<Conversation> {
  public:
-  Conversation(WinDdeLink& owner, Later later) : owner_(&owner), later_(std::move(later)) {
+  Conversation(WinDdeTransport& owner, Later later) : owner_(&owner), later_(std::move(later)) {
     All().push_back(this);
   }
   Conversation(const Conversation&) = delete;
@@ -111,7 +111,7 @@ class WinDdeLink::Conversation : public std::enable_shared_from_this<Conversatio
   void HandOverLater();
   void HandOver();
 
-  WinDdeLink* owner_;
+  WinDdeTransport* owner_;
   Later later_;
   DWORD instance_ = 0;
   HCONV handle_ = nullptr;
@@ -125,7 +125,7 @@ class WinDdeLink::Conversation : public std::enable_shared_from_this<Conversatio
   bool posted_ = false;
 };
 
-void WinDdeLink::Conversation::Open(const LinkTarget& target) {
+void WinDdeTransport::Conversation::Open(const LinkTarget& target) {
   Drop();
   state_ = LinkState::Opening;
   const bool ready = Prepare();
@@ -142,7 +142,7 @@ void WinDdeLink::Conversation::Open(const LinkTarget& target) {
   if (!Start(XTYP_ADVSTART, {})) End({false, {text::kDdeNoAdvise, {}}});
 }
 
-bool WinDdeLink::Conversation::Prepare() {
+bool WinDdeTransport::Conversation::Prepare() {
   if (instance_ != 0) return true;
   if (::DdeInitializeA(&instance_, &Conversation::Callback, kOwnKind, 0) != DMLERR_NO_ERROR) {
     return false;
@@ -152,14 +152,14 @@ bool WinDdeLink::Conversation::Prepare() {
   return true;
 }
 
-bool WinDdeLink::Conversation::Names(HSZ name, std::string_view text) const {
+bool WinDdeTransport::Conversation::Names(HSZ name, std::string_view text) const {
   std::string known(256, '\0');
   known.resize(::DdeQueryStringA(instance_, name, known.data(), static_cast<DWORD>(known.size()),
                                  CP_WINANSI));
   return EqualNoCase(known, text);
 }
 
-bool WinDdeLink::Conversation::Start(UINT type, std::string_view bytes) {
+bool WinDdeTransport::Conversation::Start(UINT type, std::string_view bytes) {
   const DdeName item(instance_, kItem);
   std::string text(bytes);  // DDE text ends in a NUL, which is counted
   const bool poke = type == XTYP_POKE;
@@ -173,14 +173,14 @@ bool WinDdeLink::Conversation::Start(UINT type, std::string_view bytes) {
   return true;
 }
 
-bool WinDdeLink::Conversation::Send(std::string_view bytes) {
+bool WinDdeTransport::Conversation::Send(std::string_view bytes) {
   if (State() != LinkState::Connected || ended_ || outstanding_ >= kMostOutstanding) return false;
   if (Start(XTYP_POKE, bytes.substr(0, bytes.find('\0')))) return true;
   Lost();
   return false;
 }
 
-void WinDdeLink::Conversation::Drop() {
+void WinDdeTransport::Conversation::Drop() {
   ++serial_;
   state_ = LinkState::Closed;
   outstanding_ = 0;
@@ -191,35 +191,35 @@ void WinDdeLink::Conversation::Drop() {
 }
 
 // A server that died says nothing, and not every system tells of one that hung up.
-bool WinDdeLink::Conversation::IsAlive() const {
+bool WinDdeTransport::Conversation::IsAlive() const {
   CONVINFO info{};
   info.cb = sizeof info;
   return ::DdeQueryConvInfo(handle_, QID_SYNC, &info) != 0 && (info.wStatus & ST_CONNECTED) != 0 &&
          ::IsWindow(info.hwndPartner) != FALSE;
 }
 
-LinkState WinDdeLink::Conversation::State() {
+LinkState WinDdeTransport::Conversation::State() {
   if (handle_ != nullptr && !IsAlive()) Lost();
   return state_;
 }
 
 // The first of all causes counts; what comes after it is its consequence. The conversation itself
 // is ended from the event loop: DDE goes on working on it when this was called by its callback.
-void WinDdeLink::Conversation::End(Ending ending) {
+void WinDdeTransport::Conversation::End(Ending ending) {
   if (ended_) return;
   ended_ = true;
   ending_ = std::move(ending);
   HandOverLater();
 }
 
-void WinDdeLink::Conversation::HandOverLater() {
+void WinDdeTransport::Conversation::HandOverLater() {
   if (std::exchange(posted_, true)) return;
   later_([self = weak_from_this()] {
     if (const std::shared_ptr<Conversation> conversation = self.lock()) conversation->HandOver();
   });
 }
 
-void WinDdeLink::Conversation::HandOver() {
+void WinDdeTransport::Conversation::HandOver() {
   posted_ = false;
   const unsigned serial = serial_;
   while (serial == serial_ && owner_ != nullptr && !heard_.empty()) {
@@ -238,7 +238,7 @@ void WinDdeLink::Conversation::HandOver() {
   }
 }
 
-void WinDdeLink::Conversation::TakeText(std::string text) {
+void WinDdeTransport::Conversation::TakeText(std::string text) {
   if (ended_ || text.empty()) return;
   if (unread_ + Load(text) > kMostUnread) {
     End({false, {text::kDdeFlooded, {}}});
@@ -252,7 +252,7 @@ void WinDdeLink::Conversation::TakeText(std::string text) {
 
 // Transactions are answered in their order: the first answer is that to the link. Their numbers
 // are no help, since one system gives all of them the same.
-void WinDdeLink::Conversation::TakeCompletion(bool taken, ULONG_PTR status) {
+void WinDdeTransport::Conversation::TakeCompletion(bool taken, ULONG_PTR status) {
   if (outstanding_ > 0) --outstanding_;
   if (taken) {
     state_ = LinkState::Connected;
@@ -266,7 +266,8 @@ void WinDdeLink::Conversation::TakeCompletion(bool taken, ULONG_PTR status) {
 }
 
 // A program has one link, so the first one that is connected is meant.
-HDDEDATA WinDdeLink::Conversation::AnswerCaller(UINT type, HSZ topic, HSZ item, HDDEDATA data) {
+HDDEDATA WinDdeTransport::Conversation::AnswerCaller(UINT type, HSZ topic, HSZ item,
+                                                     HDDEDATA data) {
   for (Conversation* const each : All()) {
     if (each->state_ != LinkState::Connected || !each->Names(topic, kOwnTopic)) continue;
     if (type == XTYP_CONNECT) return Code(1);
@@ -277,9 +278,10 @@ HDDEDATA WinDdeLink::Conversation::AnswerCaller(UINT type, HSZ topic, HSZ item, 
   return Code(DDE_FNOTPROCESSED);
 }
 
-HDDEDATA CALLBACK WinDdeLink::Conversation::Callback(UINT type, UINT format, HCONV conversation,
-                                                     HSZ topic, HSZ item, HDDEDATA data,
-                                                     ULONG_PTR /*data1*/, ULONG_PTR data2) {
+HDDEDATA CALLBACK WinDdeTransport::Conversation::Callback(UINT type, UINT format,
+                                                          HCONV conversation, HSZ topic, HSZ item,
+                                                          HDDEDATA data, ULONG_PTR /*data1*/,
+                                                          ULONG_PTR data2) {
   const bool poke = type == XTYP_POKE && format == CF_TEXT;
   if (type == XTYP_CONNECT || poke) return AnswerCaller(type, topic, item, data);
   const auto found = std::find_if(All().begin(), All().end(), [conversation](const auto* each) {
@@ -303,19 +305,19 @@ HDDEDATA CALLBACK WinDdeLink::Conversation::Callback(UINT type, UINT format, HCO
   }
 }
 
-WinDdeLink::WinDdeLink(Later later)
+WinDdeTransport::WinDdeTransport(Later later)
     : conversation_(std::make_shared<Conversation>(*this, std::move(later))) {}
 
-WinDdeLink::~WinDdeLink() { conversation_->Leave(); }
+WinDdeTransport::~WinDdeTransport() { conversation_->Leave(); }
 
-void WinDdeLink::Open(const LinkTarget& target) { conversation_->Open(target); }
+void WinDdeTransport::Open(const LinkTarget& target) { conversation_->Open(target); }
 
-bool WinDdeLink::Send(std::string_view bytes) { return conversation_->Send(bytes); }
+bool WinDdeTransport::Send(std::string_view bytes) { return conversation_->Send(bytes); }
 
-bool WinDdeLink::AllSent() const { return conversation_->AllSent(); }
+bool WinDdeTransport::AllSent() const { return conversation_->AllSent(); }
 
-void WinDdeLink::Close() { conversation_->Drop(); }
+void WinDdeTransport::Close() { conversation_->Drop(); }
 
-LinkState WinDdeLink::State() const { return conversation_->State(); }
+LinkState WinDdeTransport::State() const { return conversation_->State(); }
 
 }  // namespace zek

@@ -6,20 +6,19 @@
 #include <wx/event.h>
 #include <wx/socket.h>
 
-#include "comm/HostAddress.h"
 #include "comm/HostLookup.h"
-#include "comm/Link.h"
+#include "comm/Transport.h"
 
 namespace zek {
 
-/// A TCP/IP socket as a link. All events come through the event loop of the program, which never
+/// A TCP/IP socket as a transport. All events come through the event loop of the program, which never
 /// stands still: also a host name is looked up beside it.
-class WxTcpLink final : public wxEvtHandler, public Link {
+class WxTcpTransport final : public wxEvtHandler, public Transport {
  public:
-  explicit WxTcpLink(HostLookup::Resolve resolve = LookUpHost);
-  WxTcpLink(const WxTcpLink&) = delete;
-  WxTcpLink& operator=(const WxTcpLink&) = delete;
-  ~WxTcpLink() override;
+  explicit WxTcpTransport(HostLookup::Resolve resolve = LookUpHost);
+  WxTcpTransport(const WxTcpTransport&) = delete;
+  WxTcpTransport& operator=(const WxTcpTransport&) = delete;
+  ~WxTcpTransport() override;
 
   void Open(const LinkTarget& target) override;
   bool Send(std::string_view bytes) override;

@@ -1,18 +1,24 @@
 #pragma once
 
+// The DDE transport and the tag object of the system that the program is built for.
+
 #include <utility>
 
-#include "comm/Link.h"
 #include "comm/TagServer.h"
+#ifdef _WIN32
+#include "comm/WinDdeTransport.h"
+#include "comm/WinTags.h"
+#endif
+#include "comm/Transport.h"
 #include "lang/TextNumbers.h"
 #include "system/Later.h"
 
 namespace zek {
 
-/// The DDE link of a system that has no DDE: opening it fails.
-class WithoutDde final : public Link {
+/// DDE on a system without it: opening fails.
+class WithoutDde final : public Transport {
  public:
-  /// What is posted must not run after the link is gone.
+  /// What is posted must not run after this object is gone.
   explicit WithoutDde(Later later) : later_(std::move(later)) {}
 
   void Open(const LinkTarget& /*target*/) override {
@@ -37,7 +43,7 @@ class WithoutDde final : public Link {
   unsigned serial_ = 0;  // counts Open and Close
 };
 
-/// The tag object of a system that has no COM: it can't be created.
+/// The tag object on a system without COM: it can't be created.
 class WithoutTags final : public TagServer {
  public:
   bool Create() override { return false; }
@@ -48,5 +54,13 @@ class WithoutTags final : public TagServer {
   std::string TagRead(const std::string&) override { return {}; }
   std::int16_t Close() override { return 0; }
 };
+
+#ifdef _WIN32
+using SystemDde = WinDdeTransport;
+using SystemTags = WinTags;
+#else
+using SystemDde = WithoutDde;
+using SystemTags = WithoutTags;
+#endif
 
 }  // namespace zek

@@ -1,11 +1,10 @@
-#include "wxbase/WxTcpLink.h"
+#include "wxbase/WxTcpTransport.h"
 
 #include <array>
 #include <memory>
 #include <utility>
 #include <vector>
 
-#include "comm/HostAddress.h"
 #include "comm/SocketState.h"
 #include "lang/TextNumbers.h"
 #include "text/Numbers.h"
@@ -20,14 +19,14 @@ constexpr std::size_t kMostUnsent = std::size_t{1} << 20;
 
 }  // namespace
 
-WxTcpLink::WxTcpLink(HostLookup::Resolve resolve)
+WxTcpTransport::WxTcpTransport(HostLookup::Resolve resolve)
     : lookup_(std::move(resolve), [this](const std::function<void()>& call) { CallAfter(call); }) {
-  Bind(wxEVT_SOCKET, &WxTcpLink::OnSocket, this);
+  Bind(wxEVT_SOCKET, &WxTcpTransport::OnSocket, this);
 }
 
-WxTcpLink::~WxTcpLink() { Drop(); }
+WxTcpTransport::~WxTcpTransport() { Drop(); }
 
-void WxTcpLink::Drop() {
+void WxTcpTransport::Drop() {
   ++serial_;
   state_ = LinkState::Closed;
   lookup_.Cancel();
@@ -41,9 +40,9 @@ void WxTcpLink::Drop() {
   CallAfter([dropped = std::move(socket_)] {});
 }
 
-void WxTcpLink::Close() { Drop(); }
+void WxTcpTransport::Close() { Drop(); }
 
-void WxTcpLink::Open(const LinkTarget& target) {
+void WxTcpTransport::Open(const LinkTarget& target) {
   Drop();
   state_ = LinkState::Opening;
   const double port = Val(target.service);
@@ -73,7 +72,7 @@ void WxTcpLink::Open(const LinkTarget& target) {
 }
 
 // The host is an address in dots here, for which the toolkit does not look anything up.
-void WxTcpLink::Connect(wxIPV4address address, const std::string& host) {
+void WxTcpTransport::Connect(wxIPV4address address, const std::string& host) {
   address.Hostname(wxString::FromUTF8(host.c_str()));
   socket_ = std::make_shared<wxSocketClient>(wxSOCKET_NOWAIT);
   socket_->SetEventHandler(*this);
@@ -84,7 +83,7 @@ void WxTcpLink::Connect(wxIPV4address address, const std::string& host) {
 }
 
 // Errors are never reported from inside Open.
-void WxTcpLink::FailLater(std::int32_t textNumber) {
+void WxTcpTransport::FailLater(std::int32_t textNumber) {
   CallAfter([this, textNumber, serial = serial_] {
     if (serial != serial_) return;
     Drop();
@@ -92,19 +91,19 @@ void WxTcpLink::FailLater(std::int32_t textNumber) {
   });
 }
 
-bool WxTcpLink::Send(std::string_view bytes) {
+bool WxTcpTransport::Send(std::string_view bytes) {
   if (state_ != LinkState::Connected || unsent_.size() + bytes.size() > kMostUnsent) return false;
   unsent_ += bytes;
   FlushUnsent();
   return state_ == LinkState::Connected;
 }
 
-bool WxTcpLink::AllSent() const {
+bool WxTcpTransport::AllSent() const {
   if (socket_ == nullptr || !unsent_.empty()) return false;
   return IsAllAcknowledged(socket_->GetSocket());
 }
 
-void WxTcpLink::FlushUnsent() {
+void WxTcpTransport::FlushUnsent() {
   while (!unsent_.empty()) {
     socket_->Write(unsent_.data(), static_cast<wxUint32>(unsent_.size()));
     const std::size_t written = socket_->LastWriteCount();
@@ -117,7 +116,7 @@ void WxTcpLink::FlushUnsent() {
   }
 }
 
-void WxTcpLink::OnSocket(wxSocketEvent& event) {
+void WxTcpTransport::OnSocket(wxSocketEvent& event) {
   if (socket_ == nullptr || event.GetSocket() != socket_.get()) return;
   switch (event.GetSocketEvent()) {
     case wxSOCKET_CONNECTION:
@@ -138,7 +137,7 @@ void WxTcpLink::OnSocket(wxSocketEvent& event) {
   }
 }
 
-void WxTcpLink::OnInput() {
+void WxTcpTransport::OnInput() {
   std::vector<char> bytes(kReadSize);
   const unsigned serial = serial_;
   for (std::size_t total = 0; total < kReadPerEvent && serial == serial_;) {
@@ -151,7 +150,7 @@ void WxTcpLink::OnInput() {
   }
 }
 
-void WxTcpLink::OnLost() {
+void WxTcpTransport::OnLost() {
   const bool opening = state_ == LinkState::Opening;
   const unsigned serial = serial_;
   const int code = PendingSocketError(socket_->GetSocket());

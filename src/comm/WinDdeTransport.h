@@ -3,12 +3,12 @@
 #include <memory>
 #include <string_view>
 
-#include "comm/Link.h"
+#include "comm/Transport.h"
 #include "system/Later.h"
 
 namespace zek {
 
-/// A DDE conversation as a link: an automatic link on item "TRANSPARENT" brings the text, pokes of
+/// A DDE conversation as a transport: an automatic link on item "TRANSPARENT" brings the text, pokes of
 /// the same item carry the commands. All transactions are asynchronous, and what the system reports
 /// inside a message is posted to the event loop, so that no handler ever runs inside a DDE call.
 ///
@@ -19,17 +19,17 @@ namespace zek {
 /// A transaction that the server refuses, or text that comes faster than it is read
 /// (`kMostUnread`), ends the conversation with OnLinkError: a command that was taken in part must
 /// not be followed by others, and no text may be lost unnoticed.
-class WinDdeLink final : public Link {
+class WinDdeTransport final : public Transport {
  public:
   /// So many characters of text wait at most to be handed over.
   static constexpr std::size_t kMostUnread = std::size_t{1} << 20;
   /// So many pokes wait at most for the server; beyond it Send refuses.
   static constexpr int kMostOutstanding = 100;
 
-  explicit WinDdeLink(Later later);
-  WinDdeLink(const WinDdeLink&) = delete;
-  WinDdeLink& operator=(const WinDdeLink&) = delete;
-  ~WinDdeLink() override;
+  explicit WinDdeTransport(Later later);
+  WinDdeTransport(const WinDdeTransport&) = delete;
+  WinDdeTransport& operator=(const WinDdeTransport&) = delete;
+  ~WinDdeTransport() override;
 
   void Open(const LinkTarget& target) override;
   /// Pokes the text; a NUL ends it, as everywhere in DDE text.

@@ -6,15 +6,15 @@
 #include <utility>
 #include <vector>
 
-#include "comm/Link.h"
+#include "comm/Transport.h"
 #include "support/VirtualTurn.h"
 
 namespace zek::test {
 
-/// A link in virtual time. What it reports comes as an event, as from a real one.
-class MemoryLink final : public Link {
+/// A transport in virtual time. What it reports comes as an event, as from a real one.
+class MemoryTransport final : public Transport {
  public:
-  explicit MemoryLink(VirtualTurn& turn) : turn_(turn) {}
+  explicit MemoryTransport(VirtualTurn& turn) : turn_(turn) {}
 
   bool reachable = true;  // false: opening fails at once
   bool silent = false;    // opening never ends
