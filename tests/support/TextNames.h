@@ -6,10 +6,12 @@
 #include <regex>
 #include <string>
 
+#include "lang/LanguageTexts.h"
+
 namespace zek::test {
 
 /// The name of a text number in lang/TextNumbers.h, "kCatalogueFull"; the digits of one without.
-inline std::string TextName(std::int32_t number) {
+inline const std::map<int, std::string>& TextNames() {
   static const std::map<int, std::string> names = [] {
     std::map<int, std::string> read;
     std::ifstream file(ZEKVIEW_TEXT_NUMBERS);
@@ -19,8 +21,26 @@ inline std::string TextName(std::int32_t number) {
       if (std::regex_match(line, match, definition)) read[std::stoi(match[2])] = match[1];
     return read;
   }();
-  const auto found = names.find(number);
-  return found == names.end() ? std::to_string(number) : found->second;
+  return names;
+}
+
+inline std::string TextName(std::int32_t number) {
+  const auto found = TextNames().find(number);
+  return found == TextNames().end() ? std::to_string(number) : found->second;
+}
+
+/// A language whose texts are their names and what is put into them, but for those given.
+inline LanguageTexts NamedTexts(std::string language) {
+  for (const auto& [number, name] : TextNames())
+    language += "\n" + std::to_string(number) + "=" + name + " %1 %2 %3 %4 %5 %6";
+  LanguageTexts texts;
+  texts.Read(language);
+  return texts;
+}
+
+/// A message without the places that nothing was put into.
+inline std::string Filled(const std::string& message) {
+  return std::regex_replace(message, std::regex(" %\\d"), "");
 }
 
 }  // namespace zek::test
