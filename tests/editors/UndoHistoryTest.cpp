@@ -67,8 +67,8 @@ struct Calendar {
       {"= 1000 !24-DEC-26..26-DEC-26                                !SD1",
        "= 1001 !01-JAN-27                                           !SD2"}};
   inline static const std::vector<std::vector<std::string>> commands = {
-      {"press", "release", "release", "apply", "type 0", "type 8", "type 9", "step 1", "step -1"},
-      {"1", "2", "3", "7", "12"}};
+      {"press", "release", "apply", "apply", "type 0", "type 8", "type 9", "step 1", "step -1"},
+      {"1", "2", "3", "7", "12", "18", "24", "25", "26", "28"}};
 };
 
 template <class Case>
@@ -95,6 +95,7 @@ TYPED_TEST(EditorUndo, AnyWayBackAndForthGivesTheSameTables) {
     typename TypeParam::Player player(TypeParam::given);
     std::vector tables{player.Table()};
     std::size_t at = 0;
+    std::size_t changes = 0;
     const auto play = [&](const std::string& command) {
       player.Play(command);
       if (command == "undo") at -= at > 0 ? 1 : 0;
@@ -104,6 +105,7 @@ TYPED_TEST(EditorUndo, AnyWayBackAndForthGivesTheSameTables) {
         tables.erase(tables.begin() + static_cast<std::ptrdiff_t>(at) + 1, tables.end());
         tables.push_back(player.Table());
         ++at;
+        ++changes;
       }
       const bool changed = !TypeParam::same(tables[at], tables[0]);
       EXPECT_EQ(player.State(), (EditState{changed, at > 0, at + 1 < tables.size()})) << command;
@@ -112,7 +114,7 @@ TYPED_TEST(EditorUndo, AnyWayBackAndForthGivesTheSameTables) {
       const std::size_t what = this->Any(10);
       play(what == 0 ? "undo" : what == 1 ? "redo" : this->AnyCommand());
     }
-    EXPECT_GT(tables.size(), 20U);
+    EXPECT_GT(changes, 10U);
     for (const char* const way : {"undo", "redo"})
       for (std::size_t steps = 0; steps < tables.size(); ++steps) play(way);
     EXPECT_EQ(at + 1, tables.size());
