@@ -10,7 +10,10 @@ namespace {
 
 TEST(LanguageTexts, ReadsLines) {
   LanguageTexts texts;
-  texts.Read("0=Svenska\r\ncomment\n12=Spara=Save\n 13 =\n12=second\n-1=x\n600x=y");
+  texts.Read(
+      "0=Svenska\r\ncomment\n12=Spara=Save\n 13 =\n12=second\n-1=x\n600x=y\n"
+      "2147483647=last\n2147483648=none");
+  EXPECT_EQ(texts.Text(2147483647), "last");
   EXPECT_EQ(texts.Text(12), "Spara");
   EXPECT_EQ(texts.Text(13), "");
   EXPECT_EQ(texts.Text(600), "y");
