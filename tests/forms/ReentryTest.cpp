@@ -86,7 +86,7 @@ bool IsFetching(const ReentryWorld& world) { return world.session.status.Busy > 
 const std::vector<Wait> kWaits = {
     {"a connection",
      [](ReentryWorld& world) {
-       world.plantLink.answersOpen = false;
+       world.link.answersOpen = false;
        ChooseTopic(0);
      },
      [](const ReentryWorld& world) { return !world.session.status.Waiting.empty(); }},
@@ -95,14 +95,14 @@ const std::vector<Wait> kWaits = {
        ChooseTopic(0);
        When([] { return Shown("Text_Input")->IsEnabled(); },
             [&world] {
-              world.plantLink.silent = true;
+              world.link.silent = true;
               TypeCommand("TIME");
             });
      },
      [](const ReentryWorld& world) { return world.session.status.Hourglass > 0; }},
     {"a catalogue",
      [](ReentryWorld& world) {
-       world.plantLink.silent = true;
+       world.link.silent = true;
        InBrowser(world, [] { Menu("ZV_TSC", browser::Menu_GetWDC); });
      },
      IsFetching},
@@ -128,7 +128,7 @@ const std::vector<Wait> kWaits = {
      }},
     {"an export",
      [](ReentryWorld& world) {
-       world.plantLink.silent = true;
+       world.link.silent = true;
        InBrowser(world, [] { Menu("ZV_TSC", browser::Menu_Batch_Run); });
      },
      IsFetching},
@@ -192,9 +192,9 @@ std::string FaultOf(const ReentryWorld& world, bool closed) {
   if (session.status.Busy != 0 || session.status.Hourglass != 0) return "busy";
   if (session.transfer.Kind != TransferKind::Idle) return "a transfer is left over";
   if (session.batch.IsRunning()) return "an export is left over";
-  if (session.connection.CurrentTopic >= 0 || world.plantLink.State() != LinkState::Closed)
+  if (session.connection.CurrentTopic >= 0 || world.link.State() != LinkState::Closed)
     return "connected";
-  for (const std::string& sent : world.plantLink.sent)
+  for (const std::string& sent : world.link.sent)
     if (!BeginsOneTransfer(sent)) return "sent: " + sent;
   return {};
 }
