@@ -6,6 +6,7 @@
 
 #include "catalogue/LocalFiles.h"
 #include "settings/Settings.h"
+#include "system/Paths.h"
 #include "text/Numbers.h"
 
 namespace zek {

@@ -66,6 +66,11 @@ class Connection final : private LinkEvents, private ReplyEvents {
   /// True while the link of the connected topic is up.
   bool IsLinkUp() const;
 
+  /// True when the way to that topic turns text like "{13}" into a control character.
+  bool ReadsEscapes(std::int16_t topic) const {
+    return !p_.settings.TagMode && !p_.topics[topic].IsTcp();
+  }
+
   /// Waits, at most "SendTimeOut" seconds, until the other side has confirmed every byte; false
   /// when it did not, or the link is down.
   bool AwaitAllSent();

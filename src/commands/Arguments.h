@@ -4,12 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/Catalogue.h"
+#include "app/ExitStatus.h"
+#include "catalogue/CatalogueKind.h"
 
 namespace zek::cli {
-
-/// The exit status of the command line program.
-enum ExitStatus { kDone = 0, kFailed = 1, kWrongUsage = 2 };
 
 /// The command line: options of the program first, then a command with its own.
 struct Arguments {

@@ -13,14 +13,15 @@
 #include <wx/sstream.h>
 #include <wx/stdpaths.h>
 
-#include "desktop/Desktop.h"
 #include "desktop/StartUp.h"
 #include "desktop/Tour.h"
 #include "desktop/Unattended.h"
 #include "forms/main/ZV_Main.h"
 #include "system/Interrupt.h"
+#include "system/Paths.h"
 #include "system/Process.h"
 #include "ui/WxPrompts.h"
+#include "wxbase/SystemSession.h"
 
 namespace zek {
 namespace {
@@ -76,13 +77,14 @@ class Program final : public wxApp {
     }
     UseConfiguration(!line_.tour);
     Prompts* const prompts = line_.tour ? static_cast<Prompts*>(&tourPrompts_) : &prompts_;
-    desktop_ = std::make_unique<Desktop>(programPath, IniPathOf(line_, programPath), *prompts);
+    desktop_ =
+        std::make_unique<SystemSession>(programPath, IniPathOf(line_, programPath), *prompts);
     prompts_.Speak(desktop_->proc.texts);
     if (IsUnattended(line_)) {
       unattended_.emplace(desktop_->proc);
       CatchInterrupts();
     }
-    if (const auto ended = StartUp(*desktop_, line_, instance_)) return *ended;
+    if (const auto ended = StartUp(desktop_->proc, line_, instance_)) return *ended;
     ShowMain();
     wxApp::OnRun();
     if (tour_ && !tour_->Succeeded()) return kFailed;
@@ -120,7 +122,7 @@ class Program final : public wxApp {
   WxPrompts prompts_;
   TourPrompts tourPrompts_;
   wxSingleInstanceChecker instance_;
-  std::unique_ptr<Desktop> desktop_;
+  std::unique_ptr<SystemSession> desktop_;
   std::optional<Unattended> unattended_;
   std::unique_ptr<Tour> tour_;
 };

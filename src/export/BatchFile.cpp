@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "settings/Settings.h"
+#include "system/Paths.h"
 #include "text/Windows1252.h"
 
 namespace zek {
@@ -51,20 +51,8 @@ std::string LineStamp(const LocalTime& t) { return Stamp(t, "-", " ", ":"); }
 
 std::string FileStamp(const LocalTime& now) { return Stamp(now, "", "_", ""); }
 
-std::string_view KindName(Catalogue kind) {
-  switch (kind) {
-    case Catalogue::Wdc:
-      return "WDC";
-    case Catalogue::Sdc:
-      return "SDC";
-    case Catalogue::Ovc:
-      break;
-  }
-  return "OVC";
-}
-
 void BatchFile::Open(Files& files, const std::string& directory, const LocalTime& now) {
-  path_ = WithSeparator(directory) + std::string(KindName(kind_)) + FileStamp(now) + ".SKV";
+  path_ = WithSeparator(directory) + std::string(KindOf(kind_).name) + FileStamp(now) + ".SKV";
   error_ = files.MakeDirectory(directory);
   if (error_) return;
   CreatedFile created = files.Create(path_);

@@ -3,7 +3,6 @@
 #include <system_error>
 #include <unistd.h>
 
-#include "settings/Settings.h"
 #include "system/Paths.h"
 #include "system/Process.h"
 

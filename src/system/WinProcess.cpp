@@ -7,7 +7,6 @@
 #include <memory>
 #include <shellapi.h>
 
-#include "settings/Settings.h"
 #include "system/Paths.h"
 #include "system/Process.h"
 #include "system/WinConsole.h"

@@ -25,7 +25,7 @@ class BatchExportTest : public ::testing::Test, protected test::TransferSession 
   BatchExportTest() {
     ReplaceInSettings("[TWO]", "VS1=  Plant 1/DUC 1\r\n[TWO]");
     Load("");
-    proc.outside.now = [] { return LocalTime{2026, 11, 21, 8, 30, 59}; };
+    proc.now = [] { return LocalTime{2026, 11, 21, 8, 30, 59}; };
     batch.Selected = [this](std::size_t node) { Answer(node); };
     answers["LIST WDC"] =
         " 1000 !AHU1        !MO..FR       !07:00..16:30             !21        !17         \r\n"
@@ -126,8 +126,7 @@ TEST_F(BatchExportTest, ACatalogueThatControlsShareIsFetchedOnce) {
 
 TEST_F(BatchExportTest, ACopyFromBeforeTheBatchIsNotUsed) {
   files.files["/zek/f127_0_0_1_5100 First WDC.TXT"] = " 1000 !AHU1!MO!01:00!1!0\r\n";
-  proc.transfer.CatalogueLoaded = true;
-  proc.transfer.LoadedTopic = 0;
+  FetchedBefore(0);
   Run({true, false, false});
   EXPECT_EQ(Fetches("LIST WDC"), 1U);
 }
@@ -200,7 +199,6 @@ TEST_F(BatchExportTest, ADiskThatIsFullForAWhileCostsTheNodesOfThatTime) {
     files.failWrites.reset();
     if (proc.tree[node].TscName == "VS1") files.failWrites = FileError::Reason::Full;
   };
-  proc.transfer.CatalogueLoaded = false;
   const BatchReport& report = Run({true, false, false});
   EXPECT_EQ(report.exported, 3U);
   ASSERT_EQ(report.failures.size(), 1U);

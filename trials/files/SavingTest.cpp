@@ -62,7 +62,7 @@ struct Step {
 
 int Settings(test::DiskProgram& program) {
   return program.Start([&program](cli::Console& console) -> int {
-    const auto error = console.proc.outside.profile.WriteIni("General", "Language", "044");
+    const auto error = console.proc.profile.WriteIni("General", "Language", "044");
     if (error) program.err << FileMessage(console.proc.texts, *error);
     return error ? cli::kFailed : cli::kDone;
   });

@@ -4,7 +4,6 @@
 #include <vector>
 
 #include <wx/accel.h>
-#include <wx/datetime.h>
 #include <wx/wxcrt.h>
 
 #include "forms/calendar/ZV_SDCForm.h"
@@ -14,10 +13,7 @@
 namespace zek {
 namespace {
 
-CalendarDate Today() {
-  const wxDateTime today = wxDateTime::Today();
-  return {today.GetYear(), static_cast<int>(today.GetMonth()), today.GetDay()};
-}
+CalendarDate DateOf(const LocalTime& now) { return {now.year, now.month - 1, now.day}; }
 
 // The letter behind the "&" of a frame's caption, folded; 0 without one.
 int LetterOf(const wxStaticBox& frame) {
@@ -29,18 +25,15 @@ int LetterOf(const wxStaticBox& frame) {
 
 }  // namespace
 
-ZV_SDC::ZV_SDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, CalendarEditor& editor)
-    : EditorForm(parent, proc, turn, Catalogue::Sdc,
+ZV_SDC::ZV_SDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
+               CalendarEditor& editor)
+    : EditorForm(parent, proc, turn, Catalogue::Sdc, content,
                  {"ZV_SDC", text::kCalendarCaption, editor.ViewOnly()}),
       editor_(editor) {
   Build();
   BindEvents();
   ShowAll();
   FocusEntry();
-}
-
-SaveOutcome ZV_SDC::SaveTable(const CatalogueWriter& write) {
-  return editor_.Save(write, proc_.outside.prompts, proc_.texts);
 }
 
 void ZV_SDC::BindEvents() {
@@ -121,16 +114,19 @@ void ZV_SDC::Redo() {
   FocusEntry();
 }
 
-void ShowCalendarForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
+void ShowCalendarForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
+                      const CatalogueContent& content) {
   const Topic& topic = proc.topics[proc.selection.CurrentObject];
   // The editor outlives its form, which may go with its parent in the middle of a save.
-  CalendarEditor editor(proc.transfer.CatalogueLines, proc.selection.TscName,
-                        YearsOf(proc.settings, topic.ControllerGeneration()), Today(),
+  CalendarEditor editor(content.lines, proc.selection.TscName,
+                        YearsOf(proc.settings, topic.TopicType), DateOf(proc.now()),
                         proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit);
-  editor.CountLost(static_cast<std::size_t>(proc.transfer.LinesDropped));
-  ShowEditorForm(new ZV_SDC(parent, proc, turn, editor), proc, [&proc, refused = editor.Refused()] {
-    for (const RefusedDates& each : refused) ShowRefused(each, proc.outside.prompts, proc.texts);
-  });
+  editor.CountLost(content.linesDropped);
+  ShowEditorForm(new ZV_SDC(parent, proc, turn, content, editor), proc,
+                 [&proc, refused = editor.Refused()] {
+                   for (const RefusedDates& each : refused)
+                     ShowRefused(each, proc.prompts, proc.texts);
+                 });
 }
 
 }  // namespace zek

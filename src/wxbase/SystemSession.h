@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "app/ZV_Proc.h"
@@ -12,11 +13,13 @@
 
 namespace zek {
 
-/// The outside world of the desktop program, and the session on it.
-struct Desktop {
-  /// Both directories end in the system's separator; `box` shows the messages.
-  Desktop(const std::string& programPath, const std::string& iniPath, Prompts& box)
-      : profile(OpenSettingsFile(files, iniPath + "ZEKView.INI")), prompts(box) {
+/// The world outside as the programs have it: the disk, the toolkit's event loop, the links of the
+/// system; and the session on it.
+struct SystemSession {
+  /// Both directories end in the system's separator; `prompts` shows the messages.
+  SystemSession(const std::string& programPath, const std::string& iniPath, Prompts& prompts)
+      : profile(OpenSettingsFile(files, iniPath + "ZEKView.INI")),
+        proc(Outside{files, *profile, turn, prompts, socket, dde, tags}) {
     proc.settings.ProgramPath = programPath;
     proc.settings.IniPath = iniPath;
   }
@@ -24,12 +27,11 @@ struct Desktop {
   DiskFiles files;
   std::unique_ptr<Profile> profile;
   WxTurn turn;
-  Prompts& prompts;
   WxTcpLink socket;
   WxLater later;
   SystemDde dde{later.Post()};
   SystemTags tags;
-  ZV_Proc proc{Outside{files, *profile, turn, prompts, socket, dde, tags}};
+  ZV_Proc proc;
 };
 
 }  // namespace zek
