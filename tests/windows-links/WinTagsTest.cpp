@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "comm/WinTags.h"
-#include "windows/ServerProcess.h"
-#include "windows/TagDoubleId.h"
+#include "windows-links/ServerProcess.h"
+#include "windows-links/TagDoubleId.h"
 
 namespace zek {
 namespace {

@@ -1,4 +1,4 @@
-#include "windows/ServerProcess.h"
+#include "windows-links/ServerProcess.h"
 
 #include <windows.h>
 #include <stdexcept>
