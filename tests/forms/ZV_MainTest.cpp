@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <iostream>
 #include <sstream>
@@ -20,12 +19,6 @@ using namespace main_menu;
 constexpr std::string_view kIni =
     "[General]\r\nDialogMode=ALL\r\nHideDialogOnTSC=yes\r\n"
     "[Topics]\r\nSKOLA=YES,1,HOST:1,Skolan\r\nKONTOR=YES,2,HOST:2,Kontoret\r\n";
-
-std::string FileText(const std::string& path) {
-  std::stringstream text;
-  text << std::ifstream(path, std::ios::binary).rdbuf();
-  return text.str();
-}
 
 class ZV_MainTest : public testing::Test {
  protected:
@@ -166,18 +159,19 @@ TEST_F(ZV_MainTest, AFloodOfLinesIsShownInBatches) {
 
 TEST_F(ZV_MainTest, TheLogIsSavedOpenedAndEmptied) {
   Open();
-  std::string path = world_->directory + "logg.txt";
-  form_->AskFile = [&path](bool) { return path; };
+  const std::string path = world_->directory + "logg.txt";
+  const auto saved = [&] { return world_->files.Read(path).bytes; };
+  form_->AskFile = [path](bool) { return path; };
   proc().log.Add("f\xF6rsta\t");
   proc().log.Add("andra");
   Command(*form_, wxEVT_MENU, Menu_Debug_Save);
-  EXPECT_TRUE(PumpUntil([&] { return !FileText(path).empty(); }));
-  EXPECT_EQ(FileText(path), "f\xF6rsta<9>\r\nandra\r\n");
+  EXPECT_TRUE(PumpUntil([&] { return !saved().empty(); }));
+  EXPECT_EQ(saved(), "f\xF6rsta<9>\r\nandra\r\n");
   Command(*form_, wxEVT_MENU, Menu_Debug_Clear);
   EXPECT_TRUE(PumpUntil([this] { return proc().log.Lines().empty() && list().IsEmpty(); }));
   std::string many;
   for (int i = 0; i < 1000; ++i) many += "rad\n";
-  std::ofstream(path, std::ios::binary) << many;
+  EXPECT_FALSE(world_->files.Write(path, many));
   Command(*form_, wxEVT_MENU, Menu_Debug_Open);
   EXPECT_TRUE(PumpUntil([this] { return list().GetItemCount() == 1000; }));
   EXPECT_TRUE(world_->prompts.shown.empty());
@@ -186,8 +180,8 @@ TEST_F(ZV_MainTest, TheLogIsSavedOpenedAndEmptied) {
 TEST_F(ZV_MainTest, EveryByteOfAReplyIsOneLineOnTheScreenAndInTheSavedLog) {
   Open();
   Connect();
-  std::string path = world_->directory + "bytes.txt";
-  form_->AskFile = [&path](bool) { return path; };
+  const std::string path = world_->directory + "bytes.txt";
+  form_->AskFile = [path](bool) { return path; };
   std::size_t right = 0;
   for (const int first : {0, 128}) {  // the log holds 250 lines
     proc().log.Replace({});
@@ -200,7 +194,7 @@ TEST_F(ZV_MainTest, EveryByteOfAReplyIsOneLineOnTheScreenAndInTheSavedLog) {
     EXPECT_TRUE(PumpUntil(
         [&] { return list().GetItemCount() == 128 && list().Line(127).starts_with(last); }));
     form_->ProcessWindowEvent(*std::make_unique<wxCommandEvent>(wxEVT_MENU, Menu_Debug_Save));
-    std::ifstream saved(path, std::ios::binary);
+    std::istringstream saved(world_->files.Read(path).bytes);
     for (int code = first; code < first + 128; ++code) {
       std::string line;
       std::getline(saved, line);
