@@ -3,7 +3,10 @@
 Every function draws from the random.Random it is given, so a seed gives the same catalogue again.
 """
 
-from catalogue_rules import (DAY_KEYS, LINES, MONTHS, SPECIAL_DAYS, WEEKDAYS, is_plt, month_length,
+import calendar
+import datetime
+
+from catalogue_rules import (DAY_KEYS, LINES, ONE_DAY, SPECIAL_DAYS, WEEKDAYS, date_text, is_plt,
                              pad_or_cut)
 
 VALUES = "0 1 1 21 20.5 17,25 -5 0.1 1E3 999999 .5 +3 x".split()
@@ -78,9 +81,9 @@ class Dice:
         """Often at the end of a month or of the year."""
         year = self.rng.randint(first_year, last_year)
         month = self.rng.choice([1, 2, 2, 3, 12, 12, self.rng.randint(1, 12)])
-        length = month_length(year, month)
-        return year, month, self.rng.choice([1, length, max(1, length - 2),
-                                             self.rng.randint(1, length)])
+        length = calendar.monthrange(year, month)[1]
+        return datetime.date(year, month, self.rng.choice([1, length, length - 2,
+                                                           self.rng.randint(1, length)]))
 
     def spoiled(self, line):
         """One fault of the kind that a bad transmission or a wrong hand makes."""
@@ -107,20 +110,6 @@ class Dice:
 
 
 COUNTS = [0, 1, 3, 6, 12, 12, 20, 20, 30]
-
-
-def days_later(date, days):
-    year, month, day = date
-    day += days
-    while day > month_length(year, month):
-        day -= month_length(year, month)
-        year, month = (year, month + 1) if month < 12 else (year + 1, 1)
-    return year, month, day
-
-
-def date_text(date, new):
-    return f"{date[2]:02}-{MONTHS[date[1] - 1]}-" + (
-        f"{date[0]:04}" if new else f"{date[0] % 100:02}")
 
 
 def weekday_line(dice, name, days=None):
@@ -151,7 +140,7 @@ def weekday_catalogue(rng, name, new):
 def calendar_line(dice, plt, new, last_year):
     first = dice.date(*dice.rng.choice([(2026, 2027), (2026, 2027), (1994, last_year)]))
     days = dice.either(0.01, [400, 511, 512, 3000], lambda: dice.rng.choice([0, 0, 0, 1, 2, 5, 40]))
-    run = date_text(first, new) + (f"..{date_text(days_later(first, days), new)}" if days else "")
+    run = date_text(first, new) + (f"..{date_text(first + days * ONE_DAY, new)}" if days else "")
     run = dice.either(dice.bad, BAD_DATES_NEW if new else BAD_DATES_OLD, lambda: run)
     day_type = dice.either(dice.bad * 0.3, BAD_DAY_TYPES, lambda: dice.either(
         0.5, DAY_KEYS, lambda: "SD1"))
@@ -177,7 +166,7 @@ def exception_date(dice, date, new):
 def exception_line(dice, name, new):
     first = dice.date(*dice.rng.choice([(2026, 2027), (1991, 2088)]))
     start = exception_date(dice, first, new)
-    stop = exception_date(dice, days_later(first, dice.rng.choice([0, 1, 2, 10, 31])), new)
+    stop = exception_date(dice, first + dice.rng.choice([0, 1, 2, 10, 31]) * ONE_DAY, new)
     start_time, stop_time = dice.either(dice.bad, BAD_START_TIMES, dice.time), dice.time()
     with_stop = dice.chance(0.6)
     if new:
