@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <map>
 
-#include "formats/ExceptionDrops.h"
+#include "formats/ExceptionText.h"
 #include "support/TransferSession.h"
 
 namespace zek {
