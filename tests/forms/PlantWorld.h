@@ -9,7 +9,7 @@
 #include <wx/app.h>
 
 #include "WindowApp.h"
-#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueKind.h"
 #include "plant/PlantConversation.h"
 #include "support/Transfers.h"
 #include "text/Windows1252.h"
@@ -78,9 +78,11 @@ struct PlantWorld : World {
     session.tree = BuildObjectTree(session.topics, profile, session.texts, prompts);
     SelectNode(session, FindNode(session.tree, session.topics, node).value());
   }
-  /// What was fetched last, or is to be sent.
-  const std::vector<std::string>& Lines() const { return session.transfer.CatalogueLines; }
-  bool IsVerifying() const { return session.transfer.Verifying; }
+  /// A catalogue of the selected node, fetched or from its copy.
+  CatalogueContent Get(Catalogue catalogue) {
+    return session.catalogues.GetCatalogue(session.selection.Id(catalogue)).value();
+  }
+  bool IsVerifying() const { return session.waits.CanCancel(); }
 
   static sim::Plant SmallPlant() {
     sim::Outstation old;

@@ -8,7 +8,7 @@
 
 #include "Keys.h"
 #include "PlantWorld.h"
-#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueKind.h"
 #include "forms/browser/ZV_TSC.h"
 
 namespace zek::window {

@@ -1,12 +1,11 @@
-#include "system/WinFileError.h"
-
 #include <windows.h>
 
+#include "system/FileErrors.h"
 #include "system/WinText.h"
 
 namespace zek {
 
-FileError WinFileError(const std::string& path, unsigned long code) {
+FileError FileErrorOf(const std::string& path, int code) {
   using Reason = FileError::Reason;
   Reason reason = Reason::Other;
   switch (code) {

@@ -1,11 +1,11 @@
-#include "system/PosixFileError.h"
-
 #include <cerrno>
 #include <system_error>
 
+#include "system/FileErrors.h"
+
 namespace zek {
 
-FileError PosixFileError(const std::string& path, int code) {
+FileError FileErrorOf(const std::string& path, int code) {
   using Reason = FileError::Reason;
   Reason reason = Reason::Other;
   if (code == ENOENT || code == ENOTDIR) reason = Reason::Missing;
