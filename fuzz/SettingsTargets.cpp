@@ -7,7 +7,7 @@
 #include "catalogue/ObjectTree.h"
 #include "formats/ExceptionText.h"
 #include "settings/Settings.h"
-#include "system/LogPrompts.h"
+#include "system/OtherPrompts.h"
 #include "text/Lines.h"
 
 namespace zek::fuzz {

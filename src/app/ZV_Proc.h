@@ -14,7 +14,7 @@
 #include "settings/Settings.h"
 #include "system/Files.h"
 #include "system/LocalTime.h"
-#include "system/PromptSwitch.h"
+#include "system/OtherPrompts.h"
 #include "system/Prompts.h"
 #include "system/Turn.h"
 

@@ -7,7 +7,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/LocalCopies.h"
-#include "comm/Exchange.h"
+#include "comm/Connection.h"
 #include "lang/Messages.h"
 #include "settings/Settings.h"
 

@@ -4,9 +4,11 @@
 #include <string>
 #include <string_view>
 
+#include "comm/Countdowns.h"
 #include "comm/Links.h"
 #include "comm/ReplyLog.h"
 #include "comm/ReplyReader.h"
+#include "comm/StatusPanels.h"
 #include "comm/TopicTable.h"
 #include "comm/Transfer.h"
 
@@ -99,6 +101,15 @@ class Connection final : private LinkEvents, private ReplyEvents {
   std::uint32_t commands_ = 0;
   std::uint32_t linkFaults_ = 0;
   bool dropReported_ = false;  // of this connection
+};
+
+/// What a dialogue with a controller works with, and shows of itself.
+struct Exchange {
+  Connection& connection;
+  Transfer& transfer;
+  Countdowns& countdowns;
+  Waits& waits;
+  StatusPanels& status;
 };
 
 }  // namespace zek

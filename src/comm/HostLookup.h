@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "system/Later.h"
+#include "system/Turn.h"
 
 namespace zek {
 

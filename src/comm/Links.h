@@ -4,7 +4,7 @@
 #include <string>
 
 #include "comm/Link.h"
-#include "comm/TagServer.h"
+#include "comm/TagLink.h"
 
 namespace zek {
 

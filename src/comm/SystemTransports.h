@@ -4,14 +4,14 @@
 
 #include <utility>
 
-#include "comm/TagServer.h"
+#include "comm/TagLink.h"
 #ifdef _WIN32
 #include "comm/WinDdeTransport.h"
 #include "comm/WinTags.h"
 #endif
 #include "comm/Transport.h"
 #include "lang/TextNumbers.h"
-#include "system/Later.h"
+#include "system/Turn.h"
 
 namespace zek {
 

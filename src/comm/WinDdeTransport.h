@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "comm/Transport.h"
-#include "system/Later.h"
+#include "system/Turn.h"
 
 namespace zek {
 

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "comm/TagServer.h"
+#include "comm/TagLink.h"
 
 namespace zek {
 

@@ -10,7 +10,7 @@
 #include "app/StartSession.h"
 #include "app/ZV_Proc.h"
 #include "settings/CommandLine.h"
-#include "system/LogPrompts.h"
+#include "system/OtherPrompts.h"
 #include "text/Windows1252.h"
 
 namespace zek {

@@ -5,7 +5,7 @@
 #include "export/CatalogueRecords.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
-#include "system/LogPrompts.h"
+#include "system/OtherPrompts.h"
 #include "system/Paths.h"
 
 namespace zek {

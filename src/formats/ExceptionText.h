@@ -14,6 +14,12 @@
 
 namespace zek {
 
+/// How the lines of an exception catalogue are numbered, see `BuildExceptions`.
+struct ExceptionOptions {
+  std::int16_t OVCStartRow = 1;
+  std::int16_t OVCMultiplyPLT = 0;
+};
+
 /// The text form of an exception catalogue: numbered lines, one an exception, with fields between
 /// "!". Months are JAN to DEC. Columns count from 1.
 ///
@@ -74,12 +80,6 @@ ExceptionReading ReadExceptions(std::span<const std::string> lines, const Except
 BuiltLines BuildExceptions(const ExceptionTable& table, const ExceptionOwner& owner,
                            std::span<const std::string> lines, const ExceptionOptions& options,
                            char decimalSeparator);
-
-/// How the lines of an exception catalogue are numbered, see `BuildExceptions`.
-struct ExceptionOptions {
-  std::int16_t OVCStartRow = 1;
-  std::int16_t OVCMultiplyPLT = 0;
-};
 
 /// The settings of section `SaveOptionsZEK1` or `SaveOptionsZEK2`, by default 1 and 100 or 1 and 0.
 /// Nothing when one does not fit 16 bits, which was told.

@@ -3,11 +3,15 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "plant/Plant.h"
 #include "plant/PlantOptions.h"
 
 namespace zek::sim {
+
+/// Shows on standard error what came from a client or went to it: "3 < DUS:3<13>".
+void PrintTraffic(const std::string& client, bool received, std::string_view bytes);
 
 /// Carries conversations with the plant over DDE: the topics are the outstations' names, the item
 /// is "TRANSPARENT". A link on the item is greeted with "<TRANSPARENT>" and brings the answers in

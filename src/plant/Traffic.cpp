@@ -1,7 +1,6 @@
-#include "plant/Traffic.h"
-
 #include <iostream>
 
+#include "plant/PlantDde.h"
 #include "text/Windows1252.h"
 
 namespace zek::sim {

@@ -11,7 +11,6 @@
 
 #include "plant/PlantConversation.h"
 #include "plant/PlantDde.h"
-#include "plant/Traffic.h"
 #include "text/Fields.h"
 #include "text/Windows1252.h"
 

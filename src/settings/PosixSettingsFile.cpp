@@ -1,5 +1,5 @@
 #include "settings/FileProfile.h"
-#include "settings/SettingsFile.h"
+#include "settings/Profile.h"
 
 namespace zek {
 

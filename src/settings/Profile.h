@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -37,5 +38,9 @@ class Profile {
 /// True exactly when the value is "YES" in any case.
 bool ReadYesNo(const Profile& profile, std::string_view section, std::string_view key,
                std::string_view fallback);
+
+/// The settings file at `path`, read by the platform's profile calls where the system has them,
+/// else by our own code, which behaves the same; written by that everywhere. `files` outlives it.
+std::unique_ptr<Profile> OpenSettingsFile(Files& files, const std::string& path);
 
 }  // namespace zek

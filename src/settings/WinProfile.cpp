@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "settings/FileProfile.h"
+#include "settings/Profile.h"
 #include "settings/ProfileText.h"
-#include "settings/SettingsFile.h"
 #include "system/WinText.h"
 
 namespace zek {

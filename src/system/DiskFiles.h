@@ -1,8 +1,13 @@
 #pragma once
 
+#include <string>
+
 #include "system/Files.h"
 
 namespace zek {
+
+/// The error for one of the system's codes: errno, or on Windows what GetLastError returns.
+FileError FileErrorOf(const std::string& path, int code);
 
 /// The real disk. Writing goes to a `BesideName` beside the file (behind a link: beside the file it
 /// leads to); a left-over of a crash is never read, and deleted by the next write beside it. A file

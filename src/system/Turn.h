@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 namespace zek {
 
 /// The event loop as the waits of the program see it. Anything may happen inside a turn: another
@@ -23,5 +25,8 @@ template <class Condition>
 void WaitWhile(Turn& turn, Condition condition) {
   while (!turn.Quitting() && condition()) turn.Once();
 }
+
+/// Posts a call to the program's event loop and returns at once; the calls run in their order.
+using Later = std::function<void(std::function<void()> call)>;
 
 }  // namespace zek

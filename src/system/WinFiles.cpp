@@ -1,10 +1,219 @@
+#include <windows.h>
+#include <aclapi.h>
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "system/BesideName.h"
 #include "system/DiskFiles.h"
-#include "system/FileErrors.h"
 #include "system/WinHandle.h"
-#include "system/WinHeld.h"
 #include "system/WinText.h"
 
 namespace zek {
+
+// A table of its own: the standard library takes a network drive that is away for a missing file,
+// and its messages are in the code page.
+FileError FileErrorOf(const std::string& path, int code) {
+  using Reason = FileError::Reason;
+  Reason reason = Reason::Other;
+  switch (code) {
+    case ERROR_FILE_NOT_FOUND:
+    case ERROR_PATH_NOT_FOUND:  // not so of a drive or a computer that is away: files may be there
+      reason = Reason::Missing;
+      break;
+    case ERROR_ACCESS_DENIED:
+      reason = Reason::Denied;
+      break;
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+      reason = Reason::InUse;
+      break;
+    case ERROR_FILENAME_EXCED_RANGE:
+      reason = Reason::NameTooLong;
+      break;
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+      reason = Reason::Full;
+      break;
+    case ERROR_WRITE_PROTECT:
+      reason = Reason::ReadOnly;
+      break;
+    default:
+      break;
+  }
+  // The system finds no folder of that name then.
+  constexpr std::size_t longest = MAX_PATH - 2;
+  if (code == ERROR_PATH_NOT_FOUND && WideFromUtf8(path).size() > longest) {
+    reason = Reason::NameTooLong;
+  }
+  return {path, reason, SystemMessage(code)};
+}
+
+/// Makes a call of the system, again for about a second while another program has the file open:
+/// virus scanners, indexers and backups do so for a moment right after it was written. False with
+/// the system's error.
+bool WhileHeld(const std::function<bool()>& call);
+
+/// The system's code for a call that failed with `code`: moving over or deleting a file that is
+/// open elsewhere is denied as if there were no right to it.
+unsigned long HeldReason(unsigned long code, const std::wstring& path);
+
+namespace {
+constexpr int kMostTries = 21;
+constexpr DWORD kPause = 50;  // ms
+}  // namespace
+
+bool WhileHeld(const std::function<bool()>& call) {
+  for (int tries = 1;; ++tries) {
+    if (call()) return true;
+    const DWORD code = ::GetLastError();
+    const bool held = code == ERROR_ACCESS_DENIED || code == ERROR_SHARING_VIOLATION ||
+                      code == ERROR_LOCK_VIOLATION;
+    if (!held || tries == kMostTries) return false;
+    ::Sleep(kPause);
+    ::SetLastError(code);
+  }
+}
+
+unsigned long HeldReason(unsigned long code, const std::wstring& path) {
+  if (code != ERROR_ACCESS_DENIED) return code;
+  const Handle probe(::CreateFileW(path.c_str(), DELETE,
+                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                   OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  const bool held = !probe.IsOpen() && ::GetLastError() == ERROR_SHARING_VIOLATION;
+  return held ? ERROR_SHARING_VIOLATION : code;
+}
+
+namespace {
+
+bool WriteAll(HANDLE file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    DWORD written = 0;
+    const auto size = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1U << 20));
+    if (::WriteFile(file, bytes.data(), size, &written, nullptr) == 0) return false;
+    bytes.remove_prefix(written);
+  }
+  return true;
+}
+
+// The new file is never more open to others than the one that it replaces. The system's call that
+// sees to that by itself replaces the file in several steps, between which there is none.
+void TakeAccessOf(const std::wstring& target, const std::wstring& beside) {
+  PACL access = nullptr;
+  PSECURITY_DESCRIPTOR descriptor = nullptr;
+  if (::GetNamedSecurityInfoW(target.c_str(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION, nullptr,
+                              nullptr, &access, nullptr, &descriptor) != ERROR_SUCCESS) {
+    return;
+  }
+  SECURITY_DESCRIPTOR_CONTROL control = 0;
+  DWORD revision = 0;
+  ::GetSecurityDescriptorControl(descriptor, &control, &revision);
+  const DWORD inherits = (control & SE_DACL_PROTECTED) != 0 ? PROTECTED_DACL_SECURITY_INFORMATION
+                                                            : UNPROTECTED_DACL_SECURITY_INFORMATION;
+  std::wstring name = beside;  // the call wants one that it could change
+  ::SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | inherits,
+                          nullptr, nullptr, access, nullptr);
+  ::LocalFree(descriptor);
+}
+
+bool IsRunning(DWORD process) {
+  const HANDLE handle = ::OpenProcess(SYNCHRONIZE, FALSE, process);
+  if (handle == nullptr) return ::GetLastError() != ERROR_INVALID_PARAMETER;  // no such process
+  const bool running = ::WaitForSingleObject(handle, 0) == WAIT_TIMEOUT;
+  ::CloseHandle(handle);
+  return running;
+}
+
+// What killed programs left in the directory: files of processes that are gone. One that a program
+// on another computer is writing is open and can't be deleted.
+void Sweep(const std::wstring& target) {
+  const std::size_t separator = target.find_last_of(L"/\\");
+  const std::wstring directory =
+      separator == std::wstring::npos ? std::wstring() : target.substr(0, separator + 1);
+  WIN32_FIND_DATAW found{};
+  const HANDLE search = ::FindFirstFileW((directory + L"*.zvtmp*").c_str(), &found);
+  if (search == INVALID_HANDLE_VALUE) return;
+  do {
+    const std::string name = Utf8FromWide(found.cFileName);
+    if (IsBesideName(name) && !IsRunning(BesideProcess(name))) {
+      ::DeleteFileW((directory + found.cFileName).c_str());
+    }
+  } while (::FindNextFileW(search, &found) != 0);
+  ::FindClose(search);
+}
+
+class WinOutputFile final : public OutputFile {
+ public:
+  // `path` is what messages name, `beside` is what is written until it replaces `target`.
+  WinOutputFile(HANDLE file, std::string path, std::wstring target, std::wstring beside)
+      : file_(file),
+        path_(std::move(path)),
+        target_(std::move(target)),
+        beside_(std::move(beside)) {}
+  WinOutputFile(const WinOutputFile&) = delete;
+  WinOutputFile& operator=(const WinOutputFile&) = delete;
+  ~WinOutputFile() override {
+    file_.Close();  // an open file can't be deleted
+    if (!inPlace_) ::DeleteFileW(beside_.c_str());
+  }
+
+  std::optional<FileError> Append(std::string_view bytes) override {
+    if (!torn_ && WriteAll(file_.Get(), bytes)) {
+      size_.QuadPart += static_cast<LONGLONG>(bytes.size());
+      return std::nullopt;
+    }
+    const DWORD code = torn_ ? ERROR_WRITE_FAULT : ::GetLastError();
+    // What was written of these bytes goes again.
+    torn_ = ::SetFilePointerEx(file_.Get(), size_, nullptr, FILE_BEGIN) == 0 ||
+            ::SetEndOfFile(file_.Get()) == 0;
+    return FileErrorOf(path_, code);
+  }
+
+  std::optional<FileError> Commit() override {
+    if (torn_) return FileErrorOf(path_, ERROR_WRITE_FAULT);
+    if (::FlushFileBuffers(file_.Get()) == 0 || !file_.Close()) {
+      return FileErrorOf(path_, ::GetLastError());
+    }
+    const bool moved = WhileHeld([this] {
+      return ::MoveFileExW(beside_.c_str(), target_.c_str(),
+                           MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+    });
+    if (!moved) return FileErrorOf(path_, HeldReason(::GetLastError(), target_));
+    inPlace_ = true;
+    return std::nullopt;
+  }
+
+ private:
+  Handle file_;
+  std::string path_;
+  std::wstring target_;
+  std::wstring beside_;
+  LARGE_INTEGER size_{};
+  bool torn_ = false;  // it ends in bytes that could not be taken back
+  bool inPlace_ = false;
+};
+
+}  // namespace
+
+CreatedFile DiskFiles::Create(const std::string& path) {
+  const std::wstring target = WideFromUtf8(path);
+  Sweep(target);
+  for (int attempt = 1;; ++attempt) {
+    const std::wstring beside = WideFromUtf8(BesideName(path, ::GetCurrentProcessId(), attempt));
+    const HANDLE file = ::CreateFileW(beside.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file != INVALID_HANDLE_VALUE) {
+      TakeAccessOf(target, beside);
+      return {std::make_unique<WinOutputFile>(file, path, target, beside), std::nullopt};
+    }
+    const DWORD code = ::GetLastError();
+    if (code != ERROR_FILE_EXISTS || attempt == kMostBesideNames) {
+      return {nullptr, FileErrorOf(path, code)};
+    }
+  }
+}
 
 FileContent DiskFiles::Read(const std::string& path) const {
   HANDLE opened = INVALID_HANDLE_VALUE;

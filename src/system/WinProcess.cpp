@@ -1,4 +1,5 @@
 #include <windows.h>
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <fcntl.h>
@@ -6,13 +7,79 @@
 #include <iostream>
 #include <memory>
 #include <shellapi.h>
+#include <streambuf>
+#include <string>
 
 #include "system/Paths.h"
 #include "system/Process.h"
-#include "system/WinConsole.h"
 #include "system/WinText.h"
 
 namespace zek {
+
+/// A stream's way into a console window: whole UTF-8 characters, whatever code page it has.
+class ConsoleBuffer final : public std::streambuf {
+ public:
+  /// `stream` is the system's number of a standard stream. Does nothing until `Begin`.
+  explicit ConsoleBuffer(unsigned long stream) : stream_(stream) {}
+
+  /// False when the stream is no console.
+  bool Begin();
+
+  /// The console takes escape sequences.
+  bool KnowsEscapes() const { return escapes_; }
+
+ private:
+  int_type overflow(int_type character) override;
+  std::streamsize xsputn(const char* text, std::streamsize size) override;
+  int sync() override;
+  bool Show(std::size_t bytes);
+
+  unsigned long stream_;
+  void* console_ = nullptr;
+  bool escapes_ = false;
+  std::string waiting_;  // of a line that has not ended
+};
+
+namespace {
+constexpr std::size_t kMostAtOnce = 8192;  // characters; consoles refuse what is much larger
+}
+
+bool ConsoleBuffer::Begin() {
+  DWORD mode = 0;
+  console_ = ::GetStdHandle(stream_);
+  if (::GetConsoleMode(console_, &mode) == 0) return false;
+  escapes_ = ::SetConsoleMode(console_, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING) != 0;
+  return true;
+}
+
+ConsoleBuffer::int_type ConsoleBuffer::overflow(int_type character) {
+  if (traits_type::eq_int_type(character, traits_type::eof())) return 0;
+  const char byte = traits_type::to_char_type(character);
+  return xsputn(&byte, 1) == 1 ? character : traits_type::eof();
+}
+
+std::streamsize ConsoleBuffer::xsputn(const char* text, std::streamsize size) {
+  waiting_.append(text, static_cast<std::size_t>(size));
+  return Show(waiting_.rfind('\n') + 1) ? size : 0;
+}
+
+// Whoever flushes has written whole characters.
+int ConsoleBuffer::sync() { return Show(waiting_.size()) ? 0 : -1; }
+
+bool ConsoleBuffer::Show(std::size_t bytes) {
+  const std::wstring wide = WideFromUtf8(std::string_view(waiting_).substr(0, bytes));
+  waiting_.erase(0, bytes);
+  for (std::wstring_view rest = wide; !rest.empty();) {
+    DWORD written = 0;
+    const auto size = static_cast<DWORD>(std::min(rest.size(), kMostAtOnce));
+    if (::WriteConsoleW(console_, rest.data(), size, &written, nullptr) == 0 || written == 0) {
+      return false;
+    }
+    rest.remove_prefix(written);
+  }
+  return true;
+}
+
 namespace {
 
 // The streams use them until the process ends, after every static object is gone: they stay.

@@ -5,9 +5,8 @@
 
 #include "app/ZV_Proc.h"
 #include "comm/SystemTransports.h"
-#include "settings/SettingsFile.h"
+#include "settings/Profile.h"
 #include "system/DiskFiles.h"
-#include "wxbase/WxLater.h"
 #include "wxbase/WxTcpTransport.h"
 #include "wxbase/WxTurn.h"
 

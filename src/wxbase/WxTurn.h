@@ -40,4 +40,15 @@ class WxTick final : public wxTimer {
   bool waiting_ = false;  // a posted call has not begun yet: no second one piles up behind it
 };
 
+/// Posts calls to the event loop as long as it lives; what is still posted then never runs.
+class WxLater {
+ public:
+  Later Post() {
+    return [this](const std::function<void()>& call) { handler_.CallAfter(call); };
+  }
+
+ private:
+  wxEvtHandler handler_;
+};
+
 }  // namespace zek

@@ -18,7 +18,6 @@
 #include "support/Transfers.h"
 #include "system/DiskFiles.h"
 #include "text/Windows1252.h"
-#include "wxbase/WxLater.h"
 #include "wxbase/WxTurn.h"
 
 namespace zek::window {

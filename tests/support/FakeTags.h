@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "comm/TagServer.h"
+#include "comm/TagLink.h"
 
 namespace zek::test {
 

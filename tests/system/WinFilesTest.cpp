@@ -5,10 +5,9 @@
 #include <sddl.h>
 #include <thread>
 
-#include "settings/SettingsFile.h"
+#include "settings/Profile.h"
 #include "support/TemporaryFolder.h"
 #include "system/DiskFiles.h"
-#include "system/FileErrors.h"
 #include "system/WinText.h"
 
 namespace zek {

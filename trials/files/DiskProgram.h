@@ -6,7 +6,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "commands/Commands.h"
-#include "settings/SettingsFile.h"
+#include "settings/Profile.h"
 #include "support/TransferSession.h"
 #include "system/DiskFiles.h"
 

@@ -1,4 +1,4 @@
-#include "system/LogPrompts.h"
+#include "system/OtherPrompts.h"
 
 #include "text/Lines.h"
 
