@@ -11,8 +11,6 @@ const std::string kCopyTwo = "/zek/f127_0_0_1_5100_3 Second TSC1.TXT";
 
 class CatalogueReadTest : public ::testing::Test, protected test::TransferSession {
  protected:
-  bool Get(Catalogue catalogue = Catalogue::Wdc) { return GetCatalogue(proc, catalogue); }
-
   // After every transfer, whatever became of it.
   void ExpectAtRest() {
     EXPECT_EQ(proc.transfer.Kind, TransferKind::Idle);
@@ -87,7 +85,7 @@ TEST(CatalogueRead, WhatIsNoWholeListingLeavesTheOldCopy) {
     session.files.files[kCopyOne] = "old";
     session.prompts.answers = {false};  // do not use the local copy
     session.answers["LIST WDC"] = each.reply;
-    EXPECT_FALSE(GetCatalogue(session.proc, Catalogue::Wdc)) << each.name;
+    EXPECT_FALSE(session.Get()) << each.name;
     EXPECT_EQ(session.files.files[kCopyOne], "old") << each.name;
     EXPECT_EQ(session.commands.size(), 6U) << each.name << ": three attempts";
     EXPECT_EQ(session.socket.opened.size(), 3U) << each.name;
@@ -105,7 +103,7 @@ TEST_F(CatalogueReadTest, TheTimeOutIsOneOfSilence) {
     Reply("EXIT\r\n", 20'000);
   };
   EXPECT_TRUE(Get());
-  EXPECT_EQ(proc.transfer.CatalogueLineCount(), 4);
+  EXPECT_EQ(GotLines().size(), 4U);
 }
 
 TEST_F(CatalogueReadTest, ALostLinkIsAFailedAttemptAndTheNextSucceeds) {
@@ -142,8 +140,8 @@ TEST_F(CatalogueReadTest, AnswersOfTheStepBeforeAreNotTaken) {
   answers["\x05"] = "1 !stray\r\nEXIT\r\n.DFV=9\r\n";
   answers["LIST WDC"] = "1000 !x\r\nEXIT\r\n";
   EXPECT_TRUE(Get());
-  EXPECT_EQ(proc.transfer.CatalogueLines, Shown{"1000 !x"});
-  EXPECT_EQ(proc.transfer.CatalogueDfv, ".");
+  EXPECT_EQ(GotLines(), Shown{"1000 !x"});
+  EXPECT_EQ(GotDfv(), ".");
 }
 
 TEST_F(CatalogueReadTest, CancelEndsItQuietlyAtAnyMoment) {
@@ -151,11 +149,11 @@ TEST_F(CatalogueReadTest, CancelEndsItQuietlyAtAnyMoment) {
     SelectOne();
     files.files.erase(kCopyOne);
     const auto start = turn.Now();
-    turn.After(moment, [this] { proc.waits.CancelRequested = true; });
+    turn.After(moment, [this] { proc.waits.Cancel(); });
     EXPECT_FALSE(Get()) << moment;
     EXPECT_LE(turn.Now() - start, moment + 300);
     EXPECT_TRUE(prompts.shown.empty()) << moment;
-    EXPECT_FALSE(proc.waits.CancelRequested);
+    EXPECT_FALSE(proc.waits.Stopped());
     ExpectAtRest();
   }
 }
@@ -165,12 +163,12 @@ TEST_F(CatalogueReadTest, LinesThatDoNotFitAreTold) {
   for (int i = 1; i <= 203; ++i) answers["LIST WDC"] += std::to_string(i) + " !x\r\n";
   answers["LIST WDC"] += "EXIT\r\n";
   EXPECT_TRUE(Get());
-  EXPECT_EQ(proc.transfer.CatalogueLineCount(), 201);
+  EXPECT_EQ(GotLines().size(), 201U);
   EXPECT_EQ(prompts.shown, Shown{"x T543"});
-  EXPECT_EQ(proc.transfer.LinesDropped, 2);
+  EXPECT_EQ(LinesDropped(), 2);
   proc.settings.AlwaysUseLocal = true;
   EXPECT_TRUE(Get());
-  EXPECT_EQ(proc.transfer.LinesDropped, 0) << "the copy is whole";
+  EXPECT_EQ(LinesDropped(), 0) << "the copy is whole";
 }
 
 TEST_F(CatalogueReadTest, ChoosesTheSource) {
@@ -178,8 +176,8 @@ TEST_F(CatalogueReadTest, ChoosesTheSource) {
   files.files[kCopyOne] = " 7 !local\r\n.DFV = 3\r\n 8 !more";
   prompts.answers = {true};
   EXPECT_TRUE(Get());
-  EXPECT_EQ(proc.transfer.CatalogueLines, (Shown{" 7 !local", " 8 !more"}));
-  EXPECT_EQ(proc.transfer.CatalogueDfv, "3");
+  EXPECT_EQ(GotLines(), (Shown{" 7 !local", " 8 !more"}));
+  EXPECT_EQ(GotDfv(), ".") << "a shared catalogue has no value";
   EXPECT_EQ(prompts.shown, Shown{"q? T416 (F127_0_0_1_5100 FIRST WDC.TXT)."});
   EXPECT_TRUE(socket.opened.empty());
 
@@ -203,8 +201,8 @@ TEST_F(CatalogueReadTest, BadCopiesAreToldByName) {
   EXPECT_FALSE(Get());
   EXPECT_EQ(prompts.shown, Shown{"x T540"});
   files.failReads = FileError::Reason::Denied;
-  EXPECT_FALSE(LoadLocalCopy(proc, Catalogue::Wdc));
-  EXPECT_EQ(proc.transfer.CatalogueLineCount(), 0);
+  EXPECT_FALSE(LoadCopy(Catalogue::Wdc));
+  EXPECT_TRUE(GotLines().empty());
 }
 
 TEST_F(CatalogueReadTest, ADelayTooLongForACountdownIsToldBeforeAnything) {

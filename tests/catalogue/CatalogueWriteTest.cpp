@@ -8,22 +8,16 @@ namespace {
 using Shown = std::vector<std::string>;
 const std::string kCopyOne = "/zek/f127_0_0_1_5100 First WDC.TXT";
 
+const Shown kLines = {" 1000 !AHU1!MO", " 1001 !AHU1!TU"};
+
 class CatalogueWriteTest : public ::testing::Test, protected test::TransferSession {
  protected:
-  CatalogueWriteTest() {
-    for (const char* key : {"A", "B", "C", "D", "E", "F", "G", "H"}) {
-      profile.WriteIni("SaveDelay", std::string("Delay") + key, "1");
-    }
-    proc.transfer.CatalogueLines = {" 1000 !AHU1!MO", " 1001 !AHU1!TU"};
-    prompts.answers = {true};
-  }
-
-  bool Save(Catalogue catalogue = Catalogue::Wdc) { return SaveCatalogue(proc, catalogue); }
+  CatalogueWriteTest() { prompts.answers = {true}; }
 };
 
 TEST_F(CatalogueWriteTest, SendsEveryStepAndTellsOfIt) {
   SelectOne();
-  EXPECT_TRUE(Save());
+  EXPECT_TRUE(Save(kLines));
   EXPECT_EQ(commands, (Shown{"EXIT", "EXIT", ".WDC", " 1000 !AHU1!MO", " 1001 !AHU1!TU", "EXIT"}));
   EXPECT_EQ(files.files[kCopyOne], " 1000 !AHU1!MO\r\n 1001 !AHU1!TU\r\n");
   EXPECT_EQ(prompts.shown,
@@ -35,8 +29,7 @@ TEST_F(CatalogueWriteTest, SendsEveryStepAndTellsOfIt) {
 
 TEST_F(CatalogueWriteTest, NamedControlsSendTheirValue) {
   SelectTwo();
-  proc.transfer.CatalogueDfv = "21";
-  EXPECT_TRUE(Save());
+  EXPECT_TRUE(Save(kLines, Catalogue::Wdc, "21"));
   EXPECT_EQ(commands, (Shown{"DUS:3", "EXIT", "EXIT", "TSC1.WDC", " 1000 !AHU1!MO",
                              " 1001 !AHU1!TU", "TSC1.DFV=21", "EXIT"}));
   EXPECT_EQ(files.files["/zek/f127_0_0_1_5100_3 Second TSC1.TXT"],
@@ -45,9 +38,10 @@ TEST_F(CatalogueWriteTest, NamedControlsSendTheirValue) {
 
 TEST_F(CatalogueWriteTest, AValueThatACopyDoesNotTellIsLeftAlone) {
   SelectTwo();
-  EXPECT_TRUE(TakeLocalCopy(proc, "1 24-DEC!x\r\n", "copy"));
-  EXPECT_EQ(proc.transfer.CatalogueDfv, ".");
-  EXPECT_TRUE(Save(Catalogue::Ovc));
+  files.files["/zek/f127_0_0_1_5100_3 Second TSC1 EXC.TXT"] = "1 24-DEC!x\r\n";
+  EXPECT_TRUE(LoadCopy(Catalogue::Ovc));
+  EXPECT_EQ(GotDfv(), ".");
+  EXPECT_TRUE(SaveWhatWasGot(Catalogue::Ovc));
   EXPECT_EQ(commands, (Shown{"DUS:3", "EXIT", "EXIT", "TSC1.EXC", "1 24-DEC!x", "EXIT"}));
   EXPECT_EQ(files.files["/zek/f127_0_0_1_5100_3 Second TSC1 EXC.TXT"], "1 24-DEC!x\r\n");
 }
@@ -55,11 +49,11 @@ TEST_F(CatalogueWriteTest, AValueThatACopyDoesNotTellIsLeftAlone) {
 TEST_F(CatalogueWriteTest, NoSendsNothingAndLocalModeAsksNothing) {
   SelectOne();
   prompts.answers = {false};
-  EXPECT_FALSE(Save());
+  EXPECT_FALSE(Save(kLines));
   EXPECT_TRUE(socket.opened.empty());
   EXPECT_TRUE(files.files.contains(kCopyOne));
   proc.settings.LocalMode = true;
-  EXPECT_TRUE(Save());
+  EXPECT_TRUE(Save(kLines));
   EXPECT_EQ(prompts.shown.back(), "i T424\r\n\r\nT425 'f127_0_0_1_5100 First WDC.TXT'");
   EXPECT_TRUE(socket.opened.empty());
 }
@@ -67,7 +61,7 @@ TEST_F(CatalogueWriteTest, NoSendsNothingAndLocalModeAsksNothing) {
 TEST_F(CatalogueWriteTest, ACopyThatCannotBeStoredStopsItAll) {
   SelectOne();
   files.failWrites = FileError::Reason::Full;
-  EXPECT_FALSE(Save());
+  EXPECT_FALSE(Save(kLines));
   EXPECT_EQ(prompts.shown, Shown{"x T501"});
   EXPECT_TRUE(socket.opened.empty());
 }
@@ -75,14 +69,10 @@ TEST_F(CatalogueWriteTest, ACopyThatCannotBeStoredStopsItAll) {
 TEST(CatalogueWrite, AProgramThatEndsBeforeTheLastCommandHasNotSent) {
   for (int milliseconds = 100; milliseconds < 7000; milliseconds += 500) {
     test::TransferSession session;
-    for (const char* key : {"A", "B", "C", "D", "E", "F", "G", "H"}) {
-      session.profile.WriteIni("SaveDelay", std::string("Delay") + key, "1");
-    }
-    session.proc.transfer.CatalogueLines = {" 1000 !AHU1!MO"};
     session.prompts.answers = {true};
     session.SelectOne();
     session.turn.After(milliseconds, [&] { session.turn.Quit(); });
-    const bool sent = SaveCatalogue(session.proc, Catalogue::Wdc);
+    const bool sent = session.Save({" 1000 !AHU1!MO"});
     EXPECT_TRUE(!sent || session.commands.size() == 5U) << milliseconds;
   }
 }
@@ -112,11 +102,8 @@ TEST(CatalogueWrite, IsSentOnlyWhenEveryStepHeld) {
     cases.push_back({"late error always", at, error, false});
   }
   for (const FaultCase& each : cases) {
-    test::TransferSession session(
-        "[SaveDelay]\r\nDelayA=1\r\nDelayB=1\r\nDelayC=1\r\nDelayD=1\r\n"
-        "DelayE=1\r\nDelayF=1\r\nDelayG=1\r\nDelayH=1\r\n");
+    test::TransferSession session;
     session.SelectOne();
-    session.proc.transfer.CatalogueLines = {" 1000 !AHU1!MO", " 1001 !AHU1!TU"};
     session.prompts.answers = {true};
     int faults = 0;
     std::vector<std::string> sent;
@@ -126,8 +113,7 @@ TEST(CatalogueWrite, IsSentOnlyWhenEveryStepHeld) {
       ++faults;
       each.fault(session);
     };
-    EXPECT_EQ(SaveCatalogue(session.proc, Catalogue::Wdc), each.onlyOnce)
-        << each.name << " at " << each.at;
+    EXPECT_EQ(session.Save(kLines), each.onlyOnce) << each.name << " at " << each.at;
     EXPECT_EQ(session.prompts.shown.back(), each.onlyOnce ? "i T430" : "x T429")
         << each.name << " at " << each.at;
     EXPECT_EQ(session.socket.opened.size(), each.onlyOnce ? 2U : 3U)
@@ -144,8 +130,7 @@ TEST(CatalogueWrite, IsSentOnlyWhenEveryStepHeld) {
 
 TEST_F(CatalogueWriteTest, AnEmptyCatalogueIsSentToo) {
   SelectOne();
-  proc.transfer.CatalogueLines.clear();
-  EXPECT_TRUE(Save(Catalogue::Sdc));
+  EXPECT_TRUE(Save({}, Catalogue::Sdc));
   EXPECT_EQ(commands, (Shown{"EXIT", "EXIT", ".SDC", "EXIT"}));
 }
 

@@ -58,13 +58,11 @@ TEST(CommandText, NothingOfAHostileCatalogueIsSent) {
   for (const HostileCase& each : cases) {
     test::TransferSession session;
     session.Select(each.dde ? "LOC" : "TWO/TSC1");
-    session.proc.topics[session.proc.selection.CurrentObject].TopicType = 2;  // it has a value
+    session.proc.selection.generation = Generation::Zek2;  // it has a value
     session.proc.selection.LocalFiles.WDC = "copy.TXT";
     session.proc.selection.TscName = each.control;
-    session.proc.transfer.CatalogueLines = each.lines;
-    session.proc.transfer.CatalogueDfv = each.value;
     session.prompts.answers = {true, true};
-    EXPECT_FALSE(SaveCatalogue(session.proc, Catalogue::Wdc)) << each.name;
+    EXPECT_FALSE(session.Save(each.lines, Catalogue::Wdc, each.value)) << each.name;
     EXPECT_EQ(session.prompts.shown.back(), each.told) << each.name;
     EXPECT_TRUE(session.socket.opened.empty() && session.dde.opened.empty()) << each.name;
   }
@@ -72,12 +70,11 @@ TEST(CommandText, NothingOfAHostileCatalogueIsSent) {
 
 TEST(CommandText, AnEscapeIsOneForTheDdeServerOnly) {
   test::TransferSession session;
-  session.proc.transfer.CatalogueLines = {kLine + "{13}"};
   for (const auto& [node, tagMode, sendable] :
        {std::tuple("ONE", false, true), {"LOC", true, true}, {"LOC", false, false}}) {
     session.Select(node);
     session.proc.settings.TagMode = tagMode;
-    EXPECT_EQ(CheckSendable(session.proc, Catalogue::Wdc), sendable) << node << tagMode;
+    EXPECT_EQ(session.Sendable({kLine + "{13}"}), sendable) << node << tagMode;
   }
 }
 
@@ -85,7 +82,7 @@ TEST(CommandText, AHostileNameIsNotAskedForEither) {
   test::TransferSession session;
   session.SelectTwo();
   session.proc.selection.TscName = "TSC1\rTSC1.DFV=0";
-  EXPECT_FALSE(GetCatalogue(session.proc, Catalogue::Wdc));
+  EXPECT_FALSE(session.Get());
   EXPECT_EQ(session.prompts.shown, std::vector<std::string>{"x T731"});
   EXPECT_TRUE(session.commands.empty());
 }

@@ -1,9 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueKind.h"
 #include "catalogue/History.h"
 #include "settings/Settings.h"
 #include "support/TransferSession.h"
+#include "system/Paths.h"
 
 namespace zek {
 namespace {
@@ -120,44 +121,41 @@ class HistoryOfTransfers : public testing::Test, public test::TransferSession {
  public:
   HistoryOfTransfers() {
     SelectTwo();
-    path = LocalPath("/zek/", LocalFileOf(proc.selection, Catalogue::Wdc));
+    path = LocalPath("/zek/", Id().localFile);
     files.files[path] = "old\r\n";
-    proc.transfer.CatalogueLines = {"new"};
   }
-
-  std::vector<KeptCopy> Kept() { return HistoryOf(proc, Catalogue::Wdc).Kept(); }
 
   std::string path;
 };
 
 TEST_F(HistoryOfTransfers, StoreEraseAndRestoreKeepFirst) {
-  EXPECT_TRUE(StoreLocalCopy(proc, Catalogue::Wdc, std::nullopt));
+  EXPECT_TRUE(Store({"new"}));
   EXPECT_EQ(files.files[path], "new\r\n");
-  EXPECT_TRUE(EraseLocalCopy(proc, Catalogue::Wdc));
+  EXPECT_TRUE(Erase());
   EXPECT_FALSE(files.files.contains(path));
   ASSERT_EQ(Kept().size(), 2U);
   EXPECT_EQ(files.files[Kept()[0].path], "new\r\n");
-  EXPECT_EQ(CompareWithKept(proc, Catalogue::Wdc, Kept()[1]), std::vector<std::string>{"- old"});
-  EXPECT_TRUE(RestoreLocalCopy(proc, Catalogue::Wdc, Kept()[1]));
+  EXPECT_EQ(Compare(Kept()[1]), std::vector<std::string>{"- old"});
+  EXPECT_TRUE(Restore(Kept()[1]));
   EXPECT_EQ(files.files[path], "old\r\n");
   EXPECT_TRUE(prompts.shown.empty());
 }
 
 TEST_F(HistoryOfTransfers, WhatCanNotBeKeptStays) {
   files.failWrites = FileError::Reason::Full;
-  EXPECT_FALSE(StoreLocalCopy(proc, Catalogue::Wdc, std::nullopt));
-  EXPECT_FALSE(EraseLocalCopy(proc, Catalogue::Wdc));
+  EXPECT_FALSE(Store({"new"}));
+  EXPECT_FALSE(Erase());
   EXPECT_EQ(files.files[path], "old\r\n");
   ASSERT_EQ(prompts.shown.size(), 2U);
   EXPECT_NE(prompts.shown[0].find("T769"), std::string::npos);
   files.failWrites.reset();
-  EXPECT_TRUE(StoreLocalCopy(proc, Catalogue::Wdc, std::nullopt));
+  EXPECT_TRUE(Store({"new"}));
   const KeptCopy kept = Kept().at(0);
   const auto before = files.files;
   files.failReads = FileError::Reason::Denied;
-  EXPECT_FALSE(EraseLocalCopy(proc, Catalogue::Wdc));
-  EXPECT_FALSE(RestoreLocalCopy(proc, Catalogue::Wdc, kept));
-  EXPECT_FALSE(CompareWithKept(proc, Catalogue::Wdc, kept));
+  EXPECT_FALSE(Erase());
+  EXPECT_FALSE(Restore(kept));
+  EXPECT_FALSE(Compare(kept));
   EXPECT_EQ(prompts.shown.size(), 5U);
   EXPECT_EQ(files.files, before);
 }

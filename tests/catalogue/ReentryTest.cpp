@@ -38,8 +38,6 @@ class Session : public test::TransferSession {
       : TransferSession(byTags ? "TagMode=YES\r\nConnectDelayTime=1\r\n"
                                  "DisconnectDelayTime=1\r\n"
                                : "") {
-    for (const char key : std::string("ABCDEFGH"))
-      profile.WriteIni("SaveDelay", std::string("Delay") + key, "1");
     profile.WriteIni("TCPIP", "SendTimeOut", "5");
     profile.WriteIni("TCPIP", "DelayAfterConnect", "1");
     proc.settings.DisconnectDelay = 5;
@@ -131,10 +129,7 @@ bool Connected(Session& session, std::int16_t topic) {
   return session.proc.connection.CurrentTopic == topic;
 }
 
-bool Save(Session& session) {
-  session.proc.transfer.CatalogueLines = {" 1000 !AHU1!MO", " 1001 !AHU1!TU"};
-  return SaveCatalogue(session.proc, Catalogue::Wdc);
-}
+bool Save(Session& session) { return session.Save({" 1000 !AHU1!MO", " 1001 !AHU1!TU"}); }
 
 bool Export(Session& session) {
   session.batch->Start();
@@ -171,11 +166,11 @@ const std::vector<Operation> kOperations = {
      [](Session& s) { Connected(s, kTagged); },
      [](Session& s) { return s.proc.connection.Disconnect(); },
      {}},
-    {"get", false, Nothing, [](Session& s) { return GetCatalogue(s.proc, Catalogue::Wdc); }, kRead},
+    {"get", false, Nothing, [](Session& s) { return s.Get(); }, kRead},
     {"get of a named control", false, [](Session& s) { s.SelectTwo(); },
-     [](Session& s) { return GetCatalogue(s.proc, Catalogue::Wdc); }, kRead},
+     [](Session& s) { return s.Get(); }, kRead},
     {"get in vain", false, [](Session& s) { s.answers.erase("LIST WDC"); },
-     [](Session& s) { return GetCatalogue(s.proc, Catalogue::Wdc); }, kRead},
+     [](Session& s) { return s.Get(); }, kRead},
     {"save", false, Nothing, Save, kWriteOne},
     {"save of a named control", false, [](Session& s) { s.SelectTwo(); }, Save, kWriteTwo},
     {"batch export", false, Nothing, Export, {}},
@@ -189,11 +184,11 @@ const std::vector<Action> kActions = {
     {"cancel",
      [](Session& s) {
        s.batch->Cancel();
-       if (s.proc.status.Busy > 0) s.proc.waits.CancelRequested = true;
+       if (s.proc.status.Busy > 0) s.proc.waits.Cancel();
      }},
     {"quit", [](Session& s) { s.turn.Quit(); }},
-    {"get", [](Session& s) { GetCatalogue(s.proc, Catalogue::Wdc); }},
-    {"erase", [](Session& s) { EraseLocalCopy(s.proc, Catalogue::Wdc); }},
+    {"get", [](Session& s) { s.Get(); }},
+    {"erase", [](Session& s) { s.Erase(); }},
     {"batch tick", [](Session& s) { s.batch->Tick(); }},
     {"command",
      [](Session& s) {
@@ -254,8 +249,8 @@ std::string FaultOfNextGet(Session& session) {
   session.SelectOne();
   session.answers["LIST WDC"] = Session::kLine + "\r\nEXIT\r\n";
   session.prompts.answers.clear();
-  const bool got = GetCatalogue(proc, Catalogue::Wdc);
-  const bool whole = proc.transfer.CatalogueLines == Shown{Session::kLine};
+  const bool got = session.Get();
+  const bool whole = session.GotLines() == Shown{Session::kLine};
   return got && whole ? "" : "no catalogue afterwards";
 }
 
@@ -291,7 +286,6 @@ std::string FaultOf(const Operation& operation, const Action& action, WaitPoint 
   session.Begin(point, action.act);
   const bool result = operation.run(session);
   // The windows take a cancel back when what it was meant for is over.
-  session.proc.waits.CancelRequested = false;
   std::string fault = FaultOfTraffic(session, operation, result);
   if (fault.empty()) fault = FaultOfState(session);
   return fault.empty() ? FaultOfNextGet(session) : fault;

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 #include <map>
 
-#include "catalogue/LastRead.h"
 #include "formats/ExceptionDrops.h"
 #include "support/TransferSession.h"
 
@@ -22,8 +21,6 @@ const std::string kCopy = "/zek/f127_0_0_1_5100 First WDC.TXT";
 class SendTest : public ::testing::Test, protected test::TransferSession {
  protected:
   SendTest() {
-    for (const char* key : {"A", "B", "C", "D", "E", "F", "G", "H"})
-      profile.WriteIni("SaveDelay", std::string("Delay") + key, "1");
     proc.settings.VerifyAfterWrite = true;
     proc.settings.AlwaysUseDSS = true;
     for (const char* line : {kOne, kTwo, kOther}) stored[LineNumber(line)] = line;
@@ -44,10 +41,9 @@ class SendTest : public ::testing::Test, protected test::TransferSession {
     if (answersList) Reply(listing + "EXIT\r\n", 50);
   }
 
-  bool Save(const Shown& lines) {
-    proc.transfer.CatalogueLines = lines;
+  bool Send(const Shown& lines) {
     prompts.answers.push_back(true);
-    return SaveCatalogue(proc, Catalogue::Wdc);
+    return Save(lines);
   }
 
   std::map<int, std::string> stored;
@@ -61,8 +57,8 @@ constexpr const char* kChanged =
     " 1000 !AHU1        !MO           !07:00                    !2        !0";
 
 TEST_F(SendTest, TheQuestionTellsWhatChangesAndTheWriteIsVerified) {
-  ASSERT_TRUE(GetCatalogue(proc, Catalogue::Wdc));
-  EXPECT_TRUE(Save({kChanged, kTwo}));
+  ASSERT_TRUE(Get());
+  EXPECT_TRUE(Send({kChanged, kTwo}));
   ASSERT_EQ(prompts.shown.size(), 2U);
   EXPECT_NE(prompts.shown[0].find("T700\r\nT704: 1, T709: 1"), std::string::npos)
       << prompts.shown[0];
@@ -72,21 +68,20 @@ TEST_F(SendTest, TheQuestionTellsWhatChangesAndTheWriteIsVerified) {
       "\r\nT709 (1)\r\nT710\r\n  AHU2    MO        07:00         5  0\r\n");
   EXPECT_EQ(prompts.shown[1], "i T721");
   EXPECT_EQ(files.files[kCopy], std::string(kChanged) + "\r\n" + kTwo + "\r\n") << "left alone";
-  EXPECT_EQ(proc.transfer.CatalogueLines, (Shown{kChanged, kTwo}));
   EXPECT_EQ(proc.transfer.Kind, TransferKind::Idle);
-  EXPECT_FALSE(proc.transfer.Verifying);
+  EXPECT_FALSE(Verifying());
   EXPECT_EQ(proc.status.Busy, 0);
   EXPECT_EQ(proc.connection.CurrentTopic, -1);
 }
 
 TEST_F(SendTest, WithoutChangesItSaysSoAndWithoutAReadAllIsShown) {
   stored.erase(1100);
-  ASSERT_TRUE(GetCatalogue(proc, Catalogue::Wdc));
-  EXPECT_TRUE(Save({kOne, kTwo}));
+  ASSERT_TRUE(Get());
+  EXPECT_TRUE(Send({kOne, kTwo}));
   EXPECT_NE(prompts.shown[0].find("T703"), std::string::npos);
   EXPECT_TRUE(prompts.details.empty());
-  proc.transfer.Last.LocalFile = "another catalogue";
-  EXPECT_FALSE(Save({kOne})) << "the other line stays";
+  ReadAnotherBefore();
+  EXPECT_FALSE(Send({kOne})) << "the other line stays";
   EXPECT_NE(prompts.shown[2].find("T702\r\nT705: 1"), std::string::npos) << prompts.shown[2];
 }
 
@@ -94,11 +89,10 @@ TEST_F(SendTest, ALocalCopyIsComparedToAsSuchAndNoLeavesTheBaseline) {
   files.files[kCopy] = std::string(kOne) + "\r\n";
   proc.settings.AlwaysUseDSS = false;
   proc.settings.AlwaysUseLocal = true;
-  ASSERT_TRUE(GetCatalogue(proc, Catalogue::Wdc));
-  proc.transfer.CatalogueLines = {kChanged};
-  EXPECT_FALSE(SaveCatalogue(proc, Catalogue::Wdc));
+  ASSERT_TRUE(Get());
+  EXPECT_FALSE(Save({kChanged}));
   EXPECT_NE(prompts.shown[0].find("T701\r\nT704: 1"), std::string::npos) << prompts.shown[0];
-  EXPECT_FALSE(SaveCatalogue(proc, Catalogue::Wdc));
+  EXPECT_FALSE(Save({kChanged}));
   EXPECT_EQ(prompts.shown[1], prompts.shown[0]);
   EXPECT_TRUE(sent.empty());
 }
@@ -107,13 +101,12 @@ TEST_F(SendTest, WhatTheControllerDidNotTakeIsTold) {
   constexpr const char* third =
       " 1002 !AHU1        !WE           !07:00                    !1        !0";
   swallowed = third;
-  EXPECT_FALSE(Save({kOne, kTwo, third}));
+  EXPECT_FALSE(Send({kOne, kTwo, third}));
   EXPECT_EQ(prompts.shown.back(), "x T723\r\nT725: 1");
   EXPECT_EQ(prompts.details.back(), "T725 (1)\r\n  WE        07:00         1  0\r\n");
-  EXPECT_EQ(proc.transfer.CatalogueLines.size(), 3U);
   // The next try compares with what the controller has now.
   swallowed.clear();
-  EXPECT_TRUE(Save({kOne, kTwo, third}));
+  EXPECT_TRUE(Send({kOne, kTwo, third}));
   EXPECT_NE(prompts.details.back().find("T705 (1)\r\n  WE "), std::string::npos)
       << prompts.details.back();
 }
@@ -121,7 +114,7 @@ TEST_F(SendTest, WhatTheControllerDidNotTakeIsTold) {
 TEST_F(SendTest, AChangedValueAndALineThatStaysAreTold) {
   swallowed = kOne;
   stored[1000] = kChanged;
-  EXPECT_FALSE(Save({kOne}));
+  EXPECT_FALSE(Send({kOne}));
   EXPECT_EQ(prompts.shown.back(), "x T723\r\nT724: 1, T726: 1");
   EXPECT_EQ(
       prompts.details.back(),
@@ -137,9 +130,9 @@ TEST_F(SendTest, WhatCannotBeFetchedAgainIsNotVerified) {
       {"unreachable", [this] { socket.HangUp(), socket.reachable = false; }},
       {"cancelled",
        [this] {
-         EXPECT_TRUE(proc.transfer.Verifying);
+         EXPECT_TRUE(Verifying());
          answersList = false;
-         proc.waits.CancelRequested = true;
+         proc.waits.Cancel();
        }},
       {kEnd,
        [this] {
@@ -151,15 +144,15 @@ TEST_F(SendTest, WhatCannotBeFetchedAgainIsNotVerified) {
     answersList = true;
     socket.reachable = true;
     onList = [] {};
-    ASSERT_TRUE(GetCatalogue(proc, Catalogue::Wdc)) << name;
+    ASSERT_TRUE(Get()) << name;
     onList = fault;
     const bool stopped = std::string_view(name) == "cancelled" || std::string_view(name) == kEnd;
-    EXPECT_FALSE(Save({kChanged, kTwo})) << name;
+    EXPECT_FALSE(Send({kChanged, kTwo})) << name;
     EXPECT_EQ(prompts.shown.back(), stopped ? "x T732" : "x T722") << name;
-    EXPECT_EQ(proc.transfer.CatalogueLines, (Shown{kChanged, kTwo})) << name;
-    EXPECT_EQ(LastReadOf(proc, Catalogue::Wdc).From, LinesFrom::Nowhere) << name;
+    EXPECT_EQ(ReadBefore().from, LinesFrom::Nowhere) << name;
     EXPECT_EQ(proc.transfer.Kind, TransferKind::Idle) << name;
-    EXPECT_FALSE(proc.transfer.Verifying || proc.waits.CancelRequested) << name;
+    EXPECT_FALSE(Verifying()) << name;
+    EXPECT_EQ(proc.waits.Stopped(), turn.Quitting()) << name;
     EXPECT_EQ(proc.connection.CurrentTopic, -1) << name;
     EXPECT_EQ(proc.status.Busy, 0) << name;
   }
@@ -168,19 +161,19 @@ TEST_F(SendTest, WhatCannotBeFetchedAgainIsNotVerified) {
 TEST_F(SendTest, WithoutTheSettingNothingIsFetched) {
   proc.settings.VerifyAfterWrite = false;
   swallowed = kOne;
-  EXPECT_TRUE(Save({kOne}));
+  EXPECT_TRUE(Send({kOne}));
   EXPECT_EQ(prompts.shown.back(), "i T430");
   EXPECT_EQ(sent.back(), "EXIT");
-  EXPECT_EQ(proc.transfer.Last.Lines, Shown{kOne});
+  EXPECT_EQ(ReadBefore().lines, Shown{kOne});
 }
 
 TEST_F(SendTest, TheLocalCopyOfAFileThatIsPutIsTheBaseline) {
-  RememberLocalCopy(proc, Catalogue::Wdc);
-  EXPECT_EQ(LastReadOf(proc, Catalogue::Wdc).From, LinesFrom::Nowhere);
+  ReadLocalCopyBefore();
+  EXPECT_EQ(ReadBefore().from, LinesFrom::Nowhere);
   files.files[kCopy] = std::string(kTwo) + "\r\n";
-  RememberLocalCopy(proc, Catalogue::Wdc);
-  EXPECT_EQ(LastReadOf(proc, Catalogue::Wdc).Lines, Shown{kTwo});
-  EXPECT_EQ(LastReadOf(proc, Catalogue::Sdc).From, LinesFrom::Nowhere);
+  ReadLocalCopyBefore();
+  EXPECT_EQ(ReadBefore().lines, Shown{kTwo});
+  EXPECT_EQ(ReadBefore(Catalogue::Sdc).from, LinesFrom::Nowhere);
 }
 
 TEST_F(SendTest, StopTimesThatNoLineHoldsAreTold) {
@@ -189,12 +182,12 @@ TEST_F(SendTest, StopTimesThatNoLineHoldsAreTold) {
   table.rows[1] = {true, DateMoment(2026, 12, 25) + 480, DateMoment(2026, 12, 26)};
   table.rows[2] = {true, DateMoment(2026, 12, 26) + 480, 0};
   EXPECT_TRUE(LostStopTimes(table, Generation::Zek2).empty());
-  proc.transfer.NotInLines = LostStopTimes(table, Generation::Zek1);
-  Save({});
+  prompts.answers.push_back(true);
+  SaveWithout(LostStopTimes(table, Generation::Zek1), {});
   EXPECT_EQ(prompts.details[0], "T708 (1)\r\n  24-DEC-26,08:00..17:00  (T716)\r\n");
   prompts.details.clear();
-  proc.transfer.NotInLines = {std::string(201, 'x'), "\x05" + std::string(199, 'y')};
-  Save({});
+  prompts.answers.push_back(true);
+  SaveWithout({std::string(201, 'x'), "\x05" + std::string(199, 'y')}, {});
   const std::string told =
       "T706 (1)\r\n  MO..TU    07:00         1  0  (T707)\r\n\r\nT708 (2)\r\n  " +
       std::string(200, 'x') + "...  (T716)\r\n  <5>" + std::string(199, 'y') + "  (T716)\r\n";

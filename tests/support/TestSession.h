@@ -1,12 +1,16 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "app/ZV_Proc.h"
+#include "catalogue/CommandText.h"
 #include "settings/FileProfile.h"
 #include "support/FakeTags.h"
 #include "support/MemoryFiles.h"
-#include "support/MemoryLink.h"
+#include "support/MemoryTransport.h"
 #include "support/ScriptedPrompts.h"
 #include "support/VirtualTurn.h"
 
@@ -22,6 +26,8 @@ class TestSession {
         "AlwaysUseLocal=no\r\nDialogMode=ALL\r\n" +
         general +
         "[GetDelay]\r\nDelayA=1\r\nDelayB=1\r\nDelayD=1\r\n"
+        "[SaveDelay]\r\nDelayA=1\r\nDelayB=1\r\nDelayC=1\r\nDelayD=1\r\n"
+        "DelayE=1\r\nDelayF=1\r\nDelayG=1\r\nDelayH=1\r\n"
         "[Topics]\r\nONE=YES,1,127.0.0.1:5100,First\r\nTWO=YES,2,127.0.0.1:5100:3,Second\r\n"
         "LOC=YES,1,,Local DDE\r\nNET=no,1,PLANT2,Network DDE,NETTAG\r\n"
         "[ONE]\r\nAHU1=Plant 1/DUC 1/Heating;2\r\n"
@@ -48,14 +54,77 @@ class TestSession {
     SelectNode(proc, FindNode(proc.tree, proc.topics, node).value());
   }
 
+  // The selected node's catalogues. What was got is in `Got`.
+  bool Get(Catalogue catalogue = Catalogue::Wdc) {
+    const auto content = proc.catalogues.GetCatalogue(Id(catalogue));
+    Got = content.value_or(CatalogueContent());
+    return content.has_value();
+  }
+  const std::vector<std::string>& GotLines() const { return Got.lines; }
+  std::string GotDfv() const { return Got.dfv.value_or("."); }
+  int LinesDropped() const { return static_cast<int>(Got.linesDropped); }
+  /// `dfv`: nothing when the controller's value is not known.
+  bool Save(std::vector<std::string> lines, Catalogue catalogue = Catalogue::Wdc,
+            const std::optional<std::string>& dfv = ".") {
+    return proc.catalogues.SaveCatalogue(Id(catalogue), {std::move(lines), dfv, {}});
+  }
+  bool SaveWhatWasGot(Catalogue catalogue) { return Save(Got.lines, catalogue, Got.dfv); }
+  /// Saves while an editor's table holds what its lines do not.
+  bool SaveWithout(std::vector<std::string> notInLines, std::vector<std::string> lines) {
+    return proc.catalogues.SaveCatalogue(Id(), {std::move(lines), ".", std::move(notInLines)});
+  }
+  bool Sendable(std::vector<std::string> lines) {
+    return CheckSendable(Id(), {std::move(lines), {}, {}}, Parts());
+  }
+
+  // What a write is compared with.
+  CatalogueContent ReadBefore(Catalogue catalogue = Catalogue::Wdc) const {
+    return proc.catalogues.LastKnown(Id(catalogue));
+  }
+  void ReadLocalCopyBefore() { proc.catalogues.CompareWithCopy(Id()); }
+  void ReadAnotherBefore() {
+    CatalogueId other = Id();
+    other.localFile = "another catalogue";
+    proc.catalogues.CompareWithCopy(other);
+  }
+  bool Verifying() const { return proc.waits.CanCancel(); }
+
+  // Its local copy.
+  bool LoadCopy(Catalogue catalogue) {
+    const auto content = proc.copies.Load(Id(catalogue));
+    Got = content.value_or(CatalogueContent());
+    return content.has_value();
+  }
+  bool Store(const std::vector<std::string>& lines) {
+    return proc.copies.Store(Id(), lines, std::nullopt);
+  }
+  bool Erase() { return proc.copies.Erase(Id()); }
+  bool Restore(const KeptCopy& kept) { return proc.copies.Restore(Id(), kept); }
+  auto Compare(const KeptCopy& kept) const { return proc.copies.CompareWith(Id(), kept); }
+  std::vector<KeptCopy> Kept() { return proc.copies.HistoryOf(Id()).Kept(); }
+
+  CatalogueId Id(Catalogue catalogue = Catalogue::Wdc) const {
+    return proc.selection.Id(catalogue);
+  }
+
+  CatalogueContent Got;
   MemoryFiles files;
   FileProfile profile{files, "/ini/ZEKView.INI"};
   VirtualTurn turn;
   ScriptedPrompts prompts;
-  MemoryLink socket{turn};
-  MemoryLink dde{turn};
+  MemoryTransport socket{turn};
+  MemoryTransport dde{turn};
   FakeTags tags;
   ZV_Proc proc{Outside{files, profile, turn, prompts, socket, dde, tags}};
+
+ private:
+  CatalogueParts Parts() {
+    return {proc.settings,
+            proc.Numbers(),
+            proc.ToUser(),
+            proc.copies,
+            {proc.connection, proc.transfer, proc.countdowns, proc.waits, proc.status}};
+  }
 };
 
 }  // namespace zek::test
