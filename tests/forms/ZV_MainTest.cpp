@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <iostream>
 #include <sstream>
