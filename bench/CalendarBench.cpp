@@ -8,7 +8,7 @@
 #include "Limits.h"
 #include "OnePass.h"
 #include "formats/CalendarText.h"
-#include "formats/CatalogueLimits.h"
+#include "formats/CatalogueLine.h"
 
 namespace zek::bench {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "Limits.h"
 #include "OnePass.h"
-#include "formats/CatalogueLimits.h"
+#include "formats/CatalogueLine.h"
 #include "formats/ExceptionText.h"
 
 namespace zek::bench {

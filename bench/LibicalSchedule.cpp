@@ -1,9 +1,10 @@
 #include "LibicalSchedule.h"
 
 #include <array>
-#include <cstdio>
 #include <libical/ical.h>
 #include <memory>
+
+#include "text/Numbers.h"
 
 namespace zek::bench {
 namespace {
@@ -20,9 +21,7 @@ Component Parsed(const std::string& calendar) {
 }
 
 std::string TimeOf(std::int16_t minutes) {
-  std::array<char, 32> text{};
-  std::snprintf(text.data(), text.size(), "20240101T%02d%02d00", minutes / 60, minutes % 60);
-  return text.data();
+  return "20240101T" + ZeroPadded(minutes / 60, 2) + ZeroPadded(minutes % 60, 2) + "00";
 }
 
 std::string EventOf(const WeekdayRow& row, std::size_t day, std::size_t entry) {

@@ -6,7 +6,7 @@
 #include "LibicalSchedule.h"
 #include "Limits.h"
 #include "OnePass.h"
-#include "formats/CatalogueLimits.h"
+#include "formats/CatalogueLine.h"
 #include "formats/WeekdayText.h"
 
 namespace zek::bench {

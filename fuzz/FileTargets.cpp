@@ -3,8 +3,8 @@
 
 #include "Demand.h"
 #include "Targets.h"
-#include "catalogue/LocalFiles.h"
-#include "formats/CatalogueLimits.h"
+#include "catalogue/CopyFormat.h"
+#include "formats/CatalogueLine.h"
 #include "plant/Plant.h"
 #include "plant/PlantCatalogueText.h"
 

@@ -5,7 +5,7 @@
 #include "MemoryProfile.h"
 #include "Targets.h"
 #include "catalogue/ObjectTree.h"
-#include "formats/ExceptionOptions.h"
+#include "formats/ExceptionText.h"
 #include "settings/Settings.h"
 #include "system/LogPrompts.h"
 #include "text/Lines.h"

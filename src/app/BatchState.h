@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "formats/RecordLabels.h"
+#include "formats/ExportRecords.h"
 
 namespace zek {
 

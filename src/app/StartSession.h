@@ -4,10 +4,12 @@
 #include <optional>
 #include <string_view>
 
-#include "app/ExitStatus.h"
 #include "app/ZV_Proc.h"
 
 namespace zek {
+
+/// The exit status of every program.
+enum ExitStatus : int { kDone = 0, kFailed = 1, kWrongUsage = 2 };
 
 /// What differs between the programs when they start.
 struct StartOptions {

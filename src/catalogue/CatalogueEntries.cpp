@@ -3,11 +3,8 @@
 #include <algorithm>
 #include <span>
 
-#include "formats/CatalogueDate.h"
+#include "formats/CatalogueFields.h"
 #include "formats/CatalogueLine.h"
-#include "formats/CatalogueTime.h"
-#include "formats/CatalogueValue.h"
-#include "formats/DayKeys.h"
 #include "formats/ExceptionText.h"
 #include "formats/LineNumbers.h"
 #include "formats/WeekdayText.h"

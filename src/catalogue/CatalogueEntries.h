@@ -5,8 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/CatalogueContent.h"
-#include "catalogue/CatalogueKind.h"
+#include "catalogue/Catalogue.h"
 #include "formats/CalendarText.h"
 #include "formats/Generation.h"
 #include "settings/Settings.h"

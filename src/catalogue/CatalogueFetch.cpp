@@ -1,7 +1,5 @@
 #include "catalogue/CatalogueFetch.h"
 
-#include "catalogue/Attempts.h"
-
 namespace zek {
 namespace {
 

@@ -2,12 +2,24 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 
-#include "catalogue/CatalogueContent.h"
-#include "catalogue/CatalogueKind.h"
+#include "catalogue/Catalogue.h"
 #include "catalogue/Catalogues.h"
+#include "lang/Messages.h"
+#include "lang/TextNumbers.h"
 
 namespace zek {
+
+/// A fetch and a write are each tried so often.
+inline constexpr int kAttempts = 3;
+
+/// Text `number`, and from the second attempt on which one it is: "Hämtar (försök 2 av 3)".
+inline std::string AttemptText(const Messages& messages, std::int32_t number, int attempt) {
+  if (attempt == 1) return messages.Text(number);
+  return messages.Text(number) + " (" + messages.Text(text::kAttempt, {std::to_string(attempt)}) +
+         ")";
+}
 
 /// The pauses of a fetch in seconds (section "GetDelay").
 struct FetchDelays {

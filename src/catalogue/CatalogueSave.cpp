@@ -2,8 +2,8 @@
 #include "catalogue/CatalogueSend.h"
 #include "catalogue/CatalogueVerify.h"
 #include "catalogue/Catalogues.h"
-#include "catalogue/CommandText.h"
 #include "catalogue/SendQuestion.h"
+#include "catalogue/Sendable.h"
 #include "lang/TextNumbers.h"
 
 namespace zek {

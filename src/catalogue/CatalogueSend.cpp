@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "catalogue/Attempts.h"
-#include "catalogue/CommandText.h"
+#include "catalogue/CatalogueFetch.h"
+#include "catalogue/Sendable.h"
 
 namespace zek {
 namespace {

@@ -1,6 +1,6 @@
 #include "catalogue/CatalogueVerify.h"
 
-#include "catalogue/ChangeTexts.h"
+#include "catalogue/SendQuestion.h"
 #include "lang/TextNumbers.h"
 
 namespace zek {

@@ -1,7 +1,7 @@
 #include "catalogue/Catalogues.h"
 
 #include "catalogue/CatalogueFetch.h"
-#include "catalogue/CommandText.h"
+#include "catalogue/Sendable.h"
 #include "lang/TextNumbers.h"
 #include "text/Fields.h"
 

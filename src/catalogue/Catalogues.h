@@ -5,8 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/CatalogueContent.h"
-#include "catalogue/CatalogueKind.h"
+#include "catalogue/Catalogue.h"
 #include "catalogue/LocalCopies.h"
 #include "comm/Exchange.h"
 #include "lang/Messages.h"

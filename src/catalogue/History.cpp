@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <utility>
 
-#include "catalogue/LocalFiles.h"
+#include "catalogue/CopyFormat.h"
 #include "settings/Settings.h"
 #include "system/Paths.h"
 #include "text/Numbers.h"

@@ -1,6 +1,6 @@
 #include "catalogue/LocalCopies.h"
 
-#include "catalogue/LocalFiles.h"
+#include "catalogue/CopyFormat.h"
 #include "lang/TextNumbers.h"
 
 namespace zek {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "lang/Message.h"
+#include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "text/Fields.h"
 #include "text/Numbers.h"

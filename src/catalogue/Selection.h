@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
-#include "catalogue/CatalogueKind.h"
-#include "catalogue/LocalFiles.h"
+#include "catalogue/Catalogue.h"
+#include "catalogue/CopyFormat.h"
 #include "catalogue/ObjectTree.h"
 #include "comm/TopicTable.h"
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "comm/Countdowns.h"
-#include "formats/CatalogueLimits.h"
+#include "formats/CatalogueLine.h"
 
 namespace zek {
 

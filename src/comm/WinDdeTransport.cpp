@@ -6,6 +6,7 @@
 #include <ddeml.h>
 
 #include <deque>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -63,10 +64,10 @@ std::string TextOf(HDDEDATA data) {
 
 }  // namespace
 
-/// The one conversation of a link, and what it has heard and not yet told.
+/// The one conversation of a transport, and what has arrived and is not yet reported.
 class WinDdeTransport::Conversation : public std::enable_shared_from_this<Conversation> {
  public:
-  Conversation(WinDdeTransport& owner, Later later) : owner_(&owner), later_(std::move(later)) {
+  Conversation(WinDdeTransport& owner, Later later) : owner_(owner), later_(std::move(later)) {
     All().push_back(this);
   }
   Conversation(const Conversation&) = delete;
@@ -80,9 +81,7 @@ class WinDdeTransport::Conversation : public std::enable_shared_from_this<Conver
   void Open(const LinkTarget& target);
   bool Send(std::string_view bytes);
   void Drop();
-  /// The link is going: what is posted finds nobody to tell.
-  void Leave() { owner_ = nullptr; }
-  bool AllSent() const { return outstanding_ == 0 && !ended_; }
+  bool AllSent() const { return outstanding_ == 0 && !ending_; }
   LinkState State();
 
  private:
@@ -106,12 +105,14 @@ class WinDdeTransport::Conversation : public std::enable_shared_from_this<Conver
   bool Start(UINT type, std::string_view bytes);
   void TakeText(std::string text);
   void TakeCompletion(bool taken, ULONG_PTR status);
+  std::int32_t Refusal(ULONG_PTR status) const;
   void End(Ending ending);
   void Lost() { End({state_ == LinkState::Connected, {text::kDdeNoServer, {}}}); }
   void HandOverLater();
   void HandOver();
+  std::string TakeHeard();
 
-  WinDdeTransport* owner_;
+  WinDdeTransport& owner_;  // dropping the conversation ends its use
   Later later_;
   DWORD instance_ = 0;
   HCONV handle_ = nullptr;
@@ -119,9 +120,8 @@ class WinDdeTransport::Conversation : public std::enable_shared_from_this<Conver
   int outstanding_ = 0;  // transactions the server has not answered
   unsigned serial_ = 0;  // counts the conversations: what an older one left is late
   std::deque<std::string> heard_;
-  std::size_t unread_ = 0;  // what heard_ costs
-  bool ended_ = false;
-  Ending ending_;  // told once everything heard is handed over
+  std::size_t unread_ = 0;        // what heard_ costs
+  std::optional<Ending> ending_;  // reported once everything heard is handed over
   bool posted_ = false;
 };
 
@@ -174,7 +174,7 @@ bool WinDdeTransport::Conversation::Start(UINT type, std::string_view bytes) {
 }
 
 bool WinDdeTransport::Conversation::Send(std::string_view bytes) {
-  if (State() != LinkState::Connected || ended_ || outstanding_ >= kMostOutstanding) return false;
+  if (State() != LinkState::Connected || ending_ || outstanding_ >= kMostOutstanding) return false;
   if (Start(XTYP_POKE, bytes.substr(0, bytes.find('\0')))) return true;
   Lost();
   return false;
@@ -186,7 +186,7 @@ void WinDdeTransport::Conversation::Drop() {
   outstanding_ = 0;
   heard_.clear();
   unread_ = 0;
-  ended_ = false;
+  ending_.reset();
   if (handle_ != nullptr) ::DdeDisconnect(std::exchange(handle_, nullptr));
 }
 
@@ -206,8 +206,7 @@ LinkState WinDdeTransport::Conversation::State() {
 // The first of all causes counts; what comes after it is its consequence. The conversation itself
 // is ended from the event loop: DDE goes on working on it when this was called by its callback.
 void WinDdeTransport::Conversation::End(Ending ending) {
-  if (ended_) return;
-  ended_ = true;
+  if (ending_) return;
   ending_ = std::move(ending);
   HandOverLater();
 }
@@ -222,24 +221,26 @@ void WinDdeTransport::Conversation::HandOverLater() {
 void WinDdeTransport::Conversation::HandOver() {
   posted_ = false;
   const unsigned serial = serial_;
-  while (serial == serial_ && owner_ != nullptr && !heard_.empty()) {
-    const std::string text = std::move(heard_.front());
-    heard_.pop_front();
-    unread_ -= Load(text);
-    owner_->Events().OnLinkText(text);
-  }
-  if (serial != serial_ || owner_ == nullptr || !ended_) return;
-  const Ending ending = std::move(ending_);
+  while (serial == serial_ && !heard_.empty()) owner_.Events().OnLinkText(TakeHeard());
+  if (serial != serial_ || !ending_) return;
+  const Ending ending = *ending_;
   Drop();
   if (ending.closed) {
-    owner_->Events().OnLinkClosed();
+    owner_.Events().OnLinkClosed();
   } else {
-    owner_->Events().OnLinkError(ending.fault);
+    owner_.Events().OnLinkError(ending.fault);
   }
 }
 
+std::string WinDdeTransport::Conversation::TakeHeard() {
+  std::string text = std::move(heard_.front());
+  heard_.pop_front();
+  unread_ -= Load(text);
+  return text;
+}
+
 void WinDdeTransport::Conversation::TakeText(std::string text) {
-  if (ended_ || text.empty()) return;
+  if (ending_ || text.empty()) return;
   if (unread_ + Load(text) > kMostUnread) {
     End({false, {text::kDdeFlooded, {}}});
     return;
@@ -257,12 +258,15 @@ void WinDdeTransport::Conversation::TakeCompletion(bool taken, ULONG_PTR status)
   if (taken) {
     state_ = LinkState::Connected;
   } else if (handle_ == nullptr || !IsAlive()) {
-    Lost();  // who is gone can't have refused
-  } else if (state_ == LinkState::Opening) {
-    End({false, {text::kDdeNoAdvise, {}}});
+    Lost();  // a server that is gone can't have refused
   } else {
-    End({false, {(status & DDE_FBUSY) != 0 ? text::kDdeBusy : text::kDdeRefused, {}}});
+    End({false, {Refusal(status), {}}});
   }
+}
+
+std::int32_t WinDdeTransport::Conversation::Refusal(ULONG_PTR status) const {
+  if (state_ == LinkState::Opening) return text::kDdeNoAdvise;
+  return (status & DDE_FBUSY) != 0 ? text::kDdeBusy : text::kDdeRefused;
 }
 
 // A program has one link, so the first one that is connected is meant.
@@ -308,7 +312,7 @@ HDDEDATA CALLBACK WinDdeTransport::Conversation::Callback(UINT type, UINT format
 WinDdeTransport::WinDdeTransport(Later later)
     : conversation_(std::make_shared<Conversation>(*this, std::move(later))) {}
 
-WinDdeTransport::~WinDdeTransport() { conversation_->Leave(); }
+WinDdeTransport::~WinDdeTransport() { conversation_->Drop(); }
 
 void WinDdeTransport::Open(const LinkTarget& target) { conversation_->Open(target); }
 

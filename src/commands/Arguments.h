@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "app/ExitStatus.h"
-#include "catalogue/CatalogueKind.h"
+#include "app/StartSession.h"
+#include "catalogue/Catalogue.h"
 
 namespace zek::cli {
 

@@ -1,7 +1,5 @@
-#include "commands/CheckCommand.h"
-
-#include "commands/FileOperand.h"
-#include "export/LoadedCatalogue.h"
+#include "commands/Commands.h"
+#include "export/CatalogueRecords.h"
 #include "text/Windows1252.h"
 
 namespace zek::cli {

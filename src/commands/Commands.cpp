@@ -3,11 +3,7 @@
 #include <iterator>
 
 #include "app/StartSession.h"
-#include "commands/CheckCommand.h"
-#include "commands/ExportCommand.h"
-#include "commands/FileOperand.h"
-#include "commands/HistoryCommand.h"
-#include "lang/Message.h"
+#include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "text/Windows1252.h"
 

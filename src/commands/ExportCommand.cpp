@@ -1,5 +1,4 @@
-#include "commands/ExportCommand.h"
-
+#include "commands/Commands.h"
 #include "export/BatchExport.h"
 #include "system/Process.h"
 #include "text/Windows1252.h"

@@ -1,9 +1,8 @@
-#include "commands/FileOperand.h"
-
 #include <array>
 #include <fstream>
 
-#include "lang/Message.h"
+#include "commands/Commands.h"
+#include "lang/Messages.h"
 #include "system/Paths.h"
 #include "text/Windows1252.h"
 

@@ -1,7 +1,6 @@
-#include "commands/HistoryCommand.h"
-
 #include <algorithm>
 
+#include "commands/Commands.h"
 #include "text/Controls.h"
 #include "text/Windows1252.h"
 

@@ -15,7 +15,6 @@
 
 #include "desktop/StartUp.h"
 #include "desktop/Tour.h"
-#include "desktop/Unattended.h"
 #include "forms/main/ZV_Main.h"
 #include "system/Interrupt.h"
 #include "system/Paths.h"

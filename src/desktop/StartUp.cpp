@@ -8,7 +8,6 @@
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
 
-#include "desktop/Unattended.h"
 #include "forms/main/ZV_Lang.h"
 #include "lang/TextNumbers.h"
 #include "system/Paths.h"

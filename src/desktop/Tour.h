@@ -13,6 +13,10 @@
 
 namespace zek {
 
+/// Saves what the screen shows of a window as a BMP file (the path in UTF-8), a format that the
+/// toolkit knows everywhere. False when the file can't be written.
+bool SaveScreenPicture(const wxWindow& window, const std::string& path);
+
 /// The messages of a tour: on standard error, and every question is answered with No.
 class TourPrompts final : public Prompts {
  public:

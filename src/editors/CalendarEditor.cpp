@@ -6,7 +6,7 @@
 
 #include "formats/CalendarNames.h"
 #include "formats/Holidays.h"
-#include "lang/Message.h"
+#include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 
 namespace zek {

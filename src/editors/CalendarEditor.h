@@ -7,8 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "editors/Access.h"
-#include "editors/SaveWithRetry.h"
+#include "editors/EditedCatalogue.h"
 #include "editors/UndoHistory.h"
 #include "formats/CalendarTable.h"
 #include "formats/CalendarText.h"

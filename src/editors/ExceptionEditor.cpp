@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "formats/ExceptionDrops.h"
-#include "formats/ExceptionOptions.h"
-#include "lang/Message.h"
+#include "formats/ExceptionText.h"
+#include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 
 namespace zek {

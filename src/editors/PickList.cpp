@@ -1,7 +1,7 @@
 #include "editors/PickList.h"
 
-#include "formats/CatalogueValue.h"
-#include "lang/Message.h"
+#include "formats/CatalogueFields.h"
+#include "lang/Messages.h"
 #include "text/Fields.h"
 #include "text/Numbers.h"
 

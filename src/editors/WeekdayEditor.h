@@ -7,8 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "editors/Access.h"
-#include "editors/SaveWithRetry.h"
+#include "editors/EditedCatalogue.h"
 #include "editors/UndoHistory.h"
 #include "formats/WeekdayTable.h"
 #include "formats/WeekdayText.h"

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "export/LoadedCatalogue.h"
-#include "lang/Message.h"
+#include "export/CatalogueRecords.h"
+#include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "system/LogPrompts.h"
 #include "system/Paths.h"

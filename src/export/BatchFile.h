@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "catalogue/CatalogueKind.h"
+#include "catalogue/Catalogue.h"
 #include "system/Files.h"
 #include "system/LocalTime.h"
 

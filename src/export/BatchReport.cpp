@@ -1,6 +1,6 @@
 #include "export/BatchReport.h"
 
-#include "lang/Message.h"
+#include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "text/Windows1252.h"
 

@@ -1,7 +1,7 @@
 #include "formats/CalendarNames.h"
 
-#include "formats/DayKeys.h"
-#include "lang/Message.h"
+#include "formats/CatalogueFields.h"
+#include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "text/Fields.h"
 

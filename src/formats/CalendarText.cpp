@@ -5,11 +5,9 @@
 #include <optional>
 #include <utility>
 
-#include "formats/CatalogueDate.h"
-#include "formats/CatalogueLimits.h"
+#include "formats/BuiltLines.h"
+#include "formats/CatalogueFields.h"
 #include "formats/CatalogueLine.h"
-#include "formats/DayKeys.h"
-#include "formats/LineChecks.h"
 #include "formats/LineNumbers.h"
 #include "lang/TextNumbers.h"
 

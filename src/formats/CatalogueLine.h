@@ -8,8 +8,12 @@
 #include "text/Fields.h"
 #include "text/Numbers.h"
 
-// What the lines of all catalogues have in common. Columns of this file count from 0.
 namespace zek {
+
+/// The line buffer of a catalogue has places 0 to 200: no controller's catalogue is longer.
+inline constexpr std::size_t kMaxCatalogueLines = 201;
+
+// What the lines of all catalogues have in common. Columns of this file count from 0.
 
 inline constexpr std::string_view kFieldMark = "!";   // between the fields of a line
 inline constexpr std::string_view kRangeMark = "..";  // between first and last, start and stop

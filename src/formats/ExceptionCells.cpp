@@ -1,6 +1,6 @@
 #include "formats/ExceptionCells.h"
 
-#include "formats/CatalogueDate.h"
+#include "formats/CatalogueFields.h"
 
 namespace zek {
 namespace {

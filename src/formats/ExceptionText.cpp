@@ -6,15 +6,15 @@
 #include <string_view>
 #include <utility>
 
-#include "formats/CatalogueDate.h"
-#include "formats/CatalogueLimits.h"
+#include "formats/BuiltLines.h"
+#include "formats/CatalogueFields.h"
 #include "formats/CatalogueLine.h"
 #include "formats/ExceptionCells.h"
-#include "formats/LineChecks.h"
 #include "formats/LineNumbers.h"
 #include "lang/TextNumbers.h"
 
 namespace zek {
+
 namespace {
 
 bool IsModern(const ExceptionOwner& owner) { return owner.generation == Generation::Zek2; }
@@ -301,6 +301,31 @@ BuiltLines BuildExceptions(const ExceptionTable& table, const ExceptionOwner& ow
                            decimalSeparator);
   for (const OvcRow& row : table.rows) builder.AddRow(row);
   return builder.Take();
+}
+
+std::optional<ExceptionOptions> ReadExceptionOptions(const NumberReader& numbers,
+                                                     Generation generation) {
+  const bool modern = generation == Generation::Zek2;
+  const std::string_view section = modern ? "SaveOptionsZEK2" : "SaveOptionsZEK1";
+  const auto startRow = numbers.Read(section, "OVCStartRow", "1");
+  if (!startRow) return std::nullopt;
+  const auto multiplyPlt = numbers.Read(section, "OVCMultiplyPLT", modern ? "0" : "100");
+  if (!multiplyPlt) return std::nullopt;
+  return ExceptionOptions{*startRow, *multiplyPlt};
+}
+
+std::vector<std::string> LostStopTimes(const ExceptionTable& table, Generation generation) {
+  std::vector<std::string> lost;
+  if (generation == Generation::Zek2) return lost;
+  for (const OvcRow& row : table.rows) {
+    if (!row.used || row.HasStopDate() || row.stop == 0) continue;
+    const DateParts date = DateOf(row.start);
+    std::string start = "DD-MON-YY";
+    PutDate(start, 0, date.year, date.month - 1, date.day, generation);
+    lost.push_back(start + "," + ClockText(TimeOfDay(row.start)) + std::string(kRangeMark) +
+                   ClockText(row.StopTime()));
+  }
+  return lost;
 }
 
 }  // namespace zek

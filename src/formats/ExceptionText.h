@@ -2,14 +2,15 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "formats/BuiltLines.h"
-#include "formats/ExceptionOptions.h"
 #include "formats/ExceptionTable.h"
 #include "formats/Generation.h"
+#include "settings/Settings.h"
 
 namespace zek {
 
@@ -73,5 +74,20 @@ ExceptionReading ReadExceptions(std::span<const std::string> lines, const Except
 BuiltLines BuildExceptions(const ExceptionTable& table, const ExceptionOwner& owner,
                            std::span<const std::string> lines, const ExceptionOptions& options,
                            char decimalSeparator);
+
+/// How the lines of an exception catalogue are numbered, see `BuildExceptions`.
+struct ExceptionOptions {
+  std::int16_t OVCStartRow = 1;
+  std::int16_t OVCMultiplyPLT = 0;
+};
+
+/// The settings of section `SaveOptionsZEK1` or `SaveOptionsZEK2`, by default 1 and 100 or 1 and 0.
+/// Nothing when one does not fit 16 bits, which was told.
+std::optional<ExceptionOptions> ReadExceptionOptions(const NumberReader& numbers,
+                                                     Generation generation);
+
+/// The rows whose stop time no line of theirs can hold, as "24-DEC-26,08:00..17:00": on a ZEK1 a
+/// stop stands in the line with its date or not at all.
+std::vector<std::string> LostStopTimes(const ExceptionTable& table, Generation generation);
 
 }  // namespace zek

@@ -4,8 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "formats/CatalogueTime.h"
-#include "formats/CatalogueValue.h"
+#include "formats/CatalogueFields.h"
 
 namespace zek {
 

@@ -7,10 +7,9 @@
 #include <utility>
 #include <vector>
 
-#include "formats/CatalogueLimits.h"
+#include "formats/BuiltLines.h"
+#include "formats/CatalogueFields.h"
 #include "formats/CatalogueLine.h"
-#include "formats/DayKeys.h"
-#include "formats/LineChecks.h"
 #include "formats/LineNumbers.h"
 #include "formats/WeekdayCells.h"
 #include "lang/TextNumbers.h"

@@ -10,7 +10,7 @@
 #include <wx/stattext.h>
 
 #include "app/ZV_Proc.h"
-#include "editors/SaveWithRetry.h"
+#include "editors/EditedCatalogue.h"
 #include "editors/UndoHistory.h"
 #include "ui/Mnemonics.h"
 #include "wxbase/WxTurn.h"

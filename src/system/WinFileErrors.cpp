@@ -5,6 +5,8 @@
 
 namespace zek {
 
+// A table of its own: the standard library takes a network drive that is away for a missing file,
+// and its messages are in the code page.
 FileError FileErrorOf(const std::string& path, int code) {
   using Reason = FileError::Reason;
   Reason reason = Reason::Other;

@@ -13,8 +13,8 @@ std::string_view TakeLine(std::string_view& text);
 /// line for a log or a terminal.
 std::string OnOneLine(std::string_view message);
 
-/// `text`, or when it is longer than `longest` characters, that many of it with "..." in place of
-/// the others: the first ones and the last `end` ones.
+/// `text`, or when it is longer than `longest` characters, that many of it with an ellipsis in
+/// place of the others: the first ones and the last `end` ones. windows-1252.
 std::string Shortened(std::string_view text, std::size_t longest, std::size_t end = 0);
 
 }  // namespace zek

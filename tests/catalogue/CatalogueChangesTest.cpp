@@ -3,7 +3,7 @@
 #include <string>
 
 #include "catalogue/CatalogueChanges.h"
-#include "catalogue/LocalFiles.h"
+#include "catalogue/CopyFormat.h"
 #include "support/CaseFile.h"
 #include "text/Fields.h"
 

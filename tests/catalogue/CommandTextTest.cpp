@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "catalogue/CommandText.h"
+#include "catalogue/Sendable.h"
 #include "support/TransferSession.h"
 
 namespace zek {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "catalogue/CatalogueKind.h"
+#include "catalogue/Catalogue.h"
 #include "catalogue/History.h"
 #include "settings/Settings.h"
 #include "support/TransferSession.h"

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "catalogue/LocalFiles.h"
+#include "catalogue/CopyFormat.h"
 #include "catalogue/ObjectTree.h"
 #include "support/TestSession.h"
 

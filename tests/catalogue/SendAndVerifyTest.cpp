@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 #include <map>
 
-#include "formats/ExceptionDrops.h"
+#include "formats/ExceptionText.h"
 #include "support/TransferSession.h"
 
 namespace zek {
@@ -190,7 +190,7 @@ TEST_F(SendTest, StopTimesThatNoLineHoldsAreTold) {
   SaveWithout({std::string(201, 'x'), "\x05" + std::string(199, 'y')}, {});
   const std::string told =
       "T706 (1)\r\n  MO..TU    07:00         1  0  (T707)\r\n\r\nT708 (2)\r\n  " +
-      std::string(200, 'x') + "...  (T716)\r\n  <5>" + std::string(199, 'y') + "  (T716)\r\n";
+      std::string(200, 'x') + "\x85  (T716)\r\n  <5>" + std::string(199, 'y') + "  (T716)\r\n";
   EXPECT_TRUE(prompts.details[0].starts_with(told)) << prompts.details[0];
 }
 

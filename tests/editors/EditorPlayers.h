@@ -9,7 +9,7 @@
 #include "editors/CalendarEditor.h"
 #include "editors/ExceptionEditor.h"
 #include "editors/WeekdayEditor.h"
-#include "formats/CalendarRecords.h"
+#include "formats/ExportRecords.h"
 #include "formats/FormatCases.h"
 #include "support/TestSession.h"
 

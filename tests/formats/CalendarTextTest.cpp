@@ -2,9 +2,9 @@
 #include <string>
 #include <vector>
 
-#include "formats/CalendarRecords.h"
 #include "formats/CalendarText.h"
-#include "formats/CatalogueLimits.h"
+#include "formats/CatalogueLine.h"
+#include "formats/ExportRecords.h"
 #include "formats/FormatCases.h"
 
 namespace zek {

@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "formats/ExceptionCells.h"
-#include "formats/ExceptionRecords.h"
 #include "formats/ExceptionText.h"
+#include "formats/ExportRecords.h"
 #include "formats/FormatCases.h"
 #include "support/TestSession.h"
 

@@ -4,11 +4,11 @@
 #include <string>
 #include <vector>
 
-#include "formats/CatalogueLimits.h"
-#include "formats/DayKeys.h"
+#include "formats/CatalogueFields.h"
+#include "formats/CatalogueLine.h"
+#include "formats/ExportRecords.h"
 #include "formats/FormatCases.h"
 #include "formats/LineNumbers.h"
-#include "formats/WeekdayRecords.h"
 #include "formats/WeekdayText.h"
 #include "text/Windows1252.h"
 

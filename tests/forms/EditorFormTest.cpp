@@ -4,7 +4,7 @@
 
 #include "Keys.h"
 #include "PlantWorld.h"
-#include "catalogue/CatalogueKind.h"
+#include "catalogue/Catalogue.h"
 #include "forms/calendar/ZV_SDC.h"
 #include "forms/exception/ZV_OVC.h"
 #include "forms/weekday/ZV_WDC.h"

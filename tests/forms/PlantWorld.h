@@ -9,7 +9,7 @@
 
 #include <wx/app.h>
 
-#include "catalogue/CatalogueKind.h"
+#include "catalogue/Catalogue.h"
 #include "comm/SystemTransports.h"
 #include "plant/PlantConversation.h"
 #include "settings/FileProfile.h"

@@ -5,7 +5,7 @@
 
 #include "Keys.h"
 #include "PlantWorld.h"
-#include "catalogue/CatalogueKind.h"
+#include "catalogue/Catalogue.h"
 #include "forms/exception/ZV_OVC.h"
 
 namespace zek::window {

@@ -7,7 +7,7 @@
 #include "Keys.h"
 #include "PlantWorld.h"
 #include "SpokenName.h"
-#include "catalogue/CatalogueKind.h"
+#include "catalogue/Catalogue.h"
 #include "forms/calendar/ZV_SDC.h"
 
 namespace zek::window {

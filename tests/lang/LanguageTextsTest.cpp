@@ -2,7 +2,7 @@
 
 #include "app/StartSession.h"
 #include "lang/LanguageTexts.h"
-#include "lang/Message.h"
+#include "lang/Messages.h"
 #include "support/TestSession.h"
 
 namespace zek {

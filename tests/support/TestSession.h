@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "app/ZV_Proc.h"
-#include "catalogue/CommandText.h"
+#include "catalogue/Sendable.h"
 #include "settings/FileProfile.h"
 #include "support/FakeTags.h"
 #include "support/MemoryFiles.h"

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/CatalogueKind.h"
+#include "catalogue/Catalogue.h"
 #include "support/TestSession.h"
 
 namespace zek::test {

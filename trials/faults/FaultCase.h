@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/CatalogueKind.h"
+#include "catalogue/Catalogue.h"
 #include "formats/Generation.h"
 
 namespace zek::faults {

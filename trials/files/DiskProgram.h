@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/CatalogueKind.h"
+#include "catalogue/Catalogue.h"
 #include "commands/Commands.h"
 #include "settings/SettingsFile.h"
 #include "support/TransferSession.h"

@@ -13,7 +13,7 @@
 #include "files/Child.h"
 #include "files/DiskProgram.h"
 #include "files/Tree.h"
-#include "lang/Message.h"
+#include "lang/Messages.h"
 #include "support/TemporaryFolder.h"
 #include "system/BesideName.h"
 

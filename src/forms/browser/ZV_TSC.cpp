@@ -7,12 +7,11 @@
 
 #include "app/StartSession.h"
 #include "forms/StatusChain.h"
-#include "forms/browser/ZV_TSCForm.h"
 #include "forms/browser/ZV_TSCHistory.h"
 #include "forms/calendar/ZV_SDC.h"
 #include "forms/exception/ZV_OVC.h"
 #include "forms/weekday/ZV_WDC.h"
-#include "lang/Message.h"
+#include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "ui/Forms.h"
 #include "ui/InputBlock.h"

@@ -1,11 +1,93 @@
 #pragma once
 
+#include <memory>
+
+#include <wx/button.h>
+#include <wx/evtloop.h>
+#include <wx/frame.h>
+#include <wx/gauge.h>
+#include <wx/menu.h>
+#include <wx/panel.h>
+#include <wx/stattext.h>
 #include <wx/window.h>
 
 #include "app/ZV_Proc.h"
+#include "catalogue/Catalogue.h"
+#include "export/BatchExport.h"
+#include "forms/browser/ZV_TSCTree.h"
+#include "ui/InputBlock.h"
 #include "wxbase/WxTurn.h"
 
 namespace zek {
+
+/// The browser's window. A frame in an event loop of its own rather than a dialog, since a dialog
+/// has no menu bar on every system.
+class ZV_TSC final : public wxFrame {
+ public:
+  ZV_TSC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, BatchExport& batch);
+  ~ZV_TSC() override;
+
+  /// Shows the form until it is closed. The form may be gone afterwards, with its parent.
+  void RunModal();
+
+  /// Shows what is transferred and waited for, and where a batch stands.
+  void ShowStatus();
+
+  /// Selects the node that a batch visits.
+  void ShowNode(std::size_t place) { TreeView->SelectPlace(place); }
+
+ private:
+  void BuildMenus();
+  void BuildStatusBar();
+  wxWindow* BatchRow();
+  void BindEvents();
+  void ShowTree();
+  void ShowBusy(bool busy);
+  void PlaceCancel();
+  void UpdateMenu(wxMenu& menu) const;
+  std::unique_ptr<wxMenu> TSCMenu() const;
+
+  void OnSelected();
+  void OnActivated(wxTreeEvent& event);
+  void OnContextMenu(wxContextMenuEvent& event);
+  void ShowContextMenu();
+  void OnKey(wxKeyEvent& event);
+  void OnClose(wxCloseEvent& event);
+  void OnIconize(wxIconizeEvent& event);
+  using ShowEditor = void (*)(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
+                              const CatalogueContent& content);
+  void Get(Catalogue catalogue, ShowEditor showEditor);
+  void Erase(Catalogue catalogue);
+  void OnHistory();
+
+  void StartBatch();
+  void ToggleBatch(bool BatchKinds::*kind);
+  void OnBatchTick();
+  void FinishBatch();
+  void ShowSummary();
+  void EndBatch();
+  void OnCancel();
+  void ShowBatch();
+
+  wxString Label(std::int32_t number, const char* key = "") const;
+
+  ZV_Proc& proc_;
+  WxTurn& turn_;
+  BatchExport& batch_;
+  ObjectTreeView* TreeView;
+  wxMenu* menuTSC_ = nullptr;
+  wxMenu* menuBatch_ = nullptr;
+  wxPanel* batchRow_ = nullptr;
+  wxStaticText* batchText_ = nullptr;
+  wxGauge* batchGauge_ = nullptr;
+  wxButton* cancel_ = nullptr;
+  bool fetching_ = false;  // a fetch that was begun here; the editor shows its own writes
+  bool busy_ = false;      // what the form looks like
+  wxEventLoopBase* loop_ = nullptr;
+  bool closing_ = false;                    // it will be gone soon
+  std::unique_ptr<InputBlock> batchBlock_;  // while a batch runs
+  WxTick Timer_Batch;
+};
 
 /// The browser's menu items.
 namespace browser {

@@ -7,10 +7,10 @@
 #include <wx/weakref.h>
 
 #include "forms/browser/ZV_TSC.h"
-#include "forms/browser/ZV_TSCForm.h"
-#include "forms/browser/ZV_TSCSummary.h"
 #include "lang/TextNumbers.h"
 #include "ui/AccessibleName.h"
+#include "ui/DetailsBox.h"
+#include "ui/Forms.h"
 #include "ui/WxText.h"
 
 // The batch export as the browser drives and shows it.
@@ -76,7 +76,7 @@ void ZV_TSC::FinishBatch() {
   if (proc_.settings.BatchMode) {
     batch_.StoreReport();
   } else if (!closing_ && !turn_.Quitting()) {
-    ShowBatchSummary(this, proc_, batch_.Report());
+    ShowSummary();
   }
   if (!alive) return;
   if (close) {
@@ -85,6 +85,18 @@ void ZV_TSC::FinishBatch() {
     Raise();
     TreeView->SetFocus();
   }
+}
+
+void ZV_TSC::ShowSummary() {
+  const BatchReport& report = batch_.Report();
+  wxString details;
+  for (const std::string& line : report.Details(proc_.texts)) details += ToWx(line) + "\n";
+  DetailsBox box(this, {wxOK | (report.Succeeded() ? wxICON_INFORMATION : wxICON_EXCLAMATION),
+                        Label(text::kBatchTitle), ToWx(report.Headline(proc_.texts)),
+                        Label(text::kBatchDetails), details.Trim()});
+  box.SetName("ZV_TSCSummary");
+  if (proc_.settings.AlwaysOnTop) SetTopmost(box, true);
+  box.ShowModal();
 }
 
 // The batch is over for this form, or the form for the batch, which ends with `ShowBrowser` then.

@@ -12,7 +12,7 @@
 #include <wx/textctrl.h>
 #include <wx/weakref.h>
 
-#include "lang/Message.h"
+#include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "text/Controls.h"
 #include "ui/AccessibleName.h"

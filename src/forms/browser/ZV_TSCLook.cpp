@@ -3,7 +3,6 @@
 #include <wx/statusbr.h>
 
 #include "forms/browser/ZV_TSC.h"
-#include "forms/browser/ZV_TSCForm.h"
 #include "lang/TextNumbers.h"
 #include "ui/WxText.h"
 

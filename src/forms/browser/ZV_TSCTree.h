@@ -4,11 +4,17 @@
 #include <optional>
 #include <vector>
 
+#include <wx/bmpbndl.h>
 #include <wx/treectrl.h>
+#include <wx/vector.h>
 
 #include "catalogue/ObjectTree.h"
 
 namespace zek {
+
+/// The pictures of the browser's tree, crisp at any resolution. The index is the `NodePicture`;
+/// 0 is blank.
+wxVector<wxBitmapBundle> NodePictures();
 
 /// `TreeView`: shows an `ObjectTree` and speaks of its nodes by their places in it.
 class ObjectTreeView final : public wxTreeCtrl {

@@ -5,7 +5,6 @@
 
 #include <wx/accel.h>
 
-#include "forms/calendar/ZV_SDCForm.h"
 #include "lang/TextNumbers.h"
 #include "ui/Mnemonics.h"
 #include "ui/WxText.h"

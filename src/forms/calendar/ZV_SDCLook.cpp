@@ -1,7 +1,7 @@
 #include <wx/gbsizer.h>
 
 #include "formats/CalendarNames.h"
-#include "forms/calendar/ZV_SDCForm.h"
+#include "forms/calendar/ZV_SDC.h"
 #include "lang/TextNumbers.h"
 #include "ui/WxText.h"
 

@@ -2,7 +2,6 @@
 
 #include <wx/sizer.h>
 
-#include "forms/exception/ZV_OVCForm.h"
 #include "lang/TextNumbers.h"
 
 namespace zek {

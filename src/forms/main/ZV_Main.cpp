@@ -4,7 +4,7 @@
 
 #include "app/StartSession.h"
 #include "forms/browser/ZV_TSC.h"
-#include "lang/Message.h"
+#include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "text/Fields.h"
 #include "text/Windows1252.h"

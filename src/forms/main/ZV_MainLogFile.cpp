@@ -1,7 +1,7 @@
 #include <wx/filedlg.h>
 
 #include "forms/main/ZV_Main.h"
-#include "lang/Message.h"
+#include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "text/Lines.h"
 #include "ui/WxText.h"

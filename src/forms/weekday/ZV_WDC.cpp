@@ -1,6 +1,5 @@
 #include "forms/weekday/ZV_WDC.h"
 
-#include "forms/weekday/ZV_WDCForm.h"
 #include "lang/TextNumbers.h"
 
 namespace zek {

@@ -1,11 +1,60 @@
 #pragma once
 
+#include <array>
+#include <optional>
+
+#include <wx/radiobut.h>
+#include <wx/statbox.h>
 #include <wx/window.h>
 
 #include "app/ZV_Proc.h"
+#include "editors/WeekdayEditor.h"
+#include "forms/EditorForm.h"
+#include "forms/weekday/ZV_WDCGrid.h"
+#include "ui/Mnemonics.h"
 #include "wxbase/WxTurn.h"
 
 namespace zek {
+
+/// The weekday editor's window. The rules are the editor's, which it borrows.
+class ZV_WDC final : public EditorForm {
+ public:
+  ZV_WDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
+         WeekdayEditor& editor, const PickList& pickList);
+
+ private:
+  void Build(const PickList& pickList);
+  void BuildFrames(Mnemonics& letters, const PickList& pickList);
+  void BuildCommands(Mnemonics& letters);
+  void Arrange();
+  wxString TypeCaption(std::size_t type) const;
+  void BindEvents();
+  void ShowTypeCaptions();
+  void Change(std::size_t (WeekdayEditor::*change)());
+  void ShowAt(const std::optional<WeekdayFocus>& changed);
+
+  void TakeEntry() override { grid_->TakeEntry(); }
+  void DropEntry() override { grid_->DropEntry(); }
+  bool HasEntry() const override { return grid_->HasEntry(); }
+  EditState State() const override { return editor_.State(); }
+  void Undo() override { ShowAt(editor_.Undo()); }
+  void Redo() override { ShowAt(editor_.Redo()); }
+  std::optional<EditedCatalogue> Edited() override { return editor_.Edited(); }
+  void FocusEntry() override { grid_->FocusStart(editor_.Column()); }
+  bool TakeKey(int key) override { return grid_->TakeKey(key); }
+
+  WeekdayEditor& editor_;
+  wxStaticBox* Frame_WDC = nullptr;
+  WeekdayGrid* grid_ = nullptr;
+  wxStaticBox* Frame_Type = nullptr;
+  std::array<wxRadioButton*, 2> Option_Type{};
+  std::array<std::size_t, 2> optionLetters_{};  // where the "&" of each caption stands
+  wxButton* Command_Copy = nullptr;
+  wxButton* Command_Erase = nullptr;
+  wxSizer* undoAndRedo_ = nullptr;
+  wxButton* Command_Ok = nullptr;
+  wxButton* Command_Cancel = nullptr;
+};
 
 /// `ZV_WDC`, the weekday editor: shows a weekday catalogue of the selected node, lets the user edit
 /// it and, on "Spara", hands it to the catalogue write. Modal: returns when the editor was closed.

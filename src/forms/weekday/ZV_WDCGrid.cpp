@@ -6,7 +6,7 @@
 #include <wx/sizer.h>
 
 #include "forms/ZV_PickList.h"
-#include "lang/Message.h"
+#include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "ui/AccessibleName.h"
 #include "ui/EntryBox.h"

@@ -1,6 +1,6 @@
 #include <wx/sizer.h>
 
-#include "forms/weekday/ZV_WDCForm.h"
+#include "forms/weekday/ZV_WDC.h"
 #include "lang/TextNumbers.h"
 #include "ui/WxText.h"
 

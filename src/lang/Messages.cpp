@@ -1,4 +1,4 @@
-#include "lang/Message.h"
+#include "lang/Messages.h"
 
 #include "lang/TextNumbers.h"
 #include "text/Lines.h"

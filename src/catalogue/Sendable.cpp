@@ -1,4 +1,4 @@
-#include "catalogue/CommandText.h"
+#include "catalogue/Sendable.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "formats/CatalogueValue.h"
+#include "formats/CatalogueFields.h"
 
 #include "text/Fields.h"
 #include "text/Numbers.h"

@@ -2,8 +2,10 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "comm/Transfer.h"
 #include "formats/Generation.h"
@@ -66,6 +68,17 @@ struct CatalogueId {
 
  private:
   std::string Name() const { return std::string(Kind().name); }
+};
+
+/// Where the lines of a catalogue come from. A local copy may hold what was never sent.
+enum class LinesFrom { Nowhere, Controller, LocalCopy };
+
+/// What a catalogue says: at most `kMaxCatalogueLines` lines as a controller lists them.
+struct CatalogueContent {
+  std::vector<std::string> lines;
+  std::optional<std::string> dfv;  // the ".DFV" value; none where it is unknown or does not exist
+  LinesFrom from = LinesFrom::Nowhere;
+  std::size_t linesDropped = 0;  // listed lines beyond the limit
 };
 
 }  // namespace zek

@@ -1,13 +1,11 @@
-#include "export/LoadedCatalogue.h"
+#include "export/CatalogueRecords.h"
 
 #include <algorithm>
 
 #include "editors/CalendarEditor.h"
 #include "editors/ExceptionEditor.h"
 #include "editors/WeekdayEditor.h"
-#include "formats/CalendarRecords.h"
-#include "formats/ExceptionRecords.h"
-#include "formats/WeekdayRecords.h"
+#include "formats/ExportRecords.h"
 #include "text/Fields.h"
 
 namespace zek {

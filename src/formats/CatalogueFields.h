@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -10,6 +11,10 @@
 #include "text/Numbers.h"
 
 namespace zek {
+
+/// The day keys of catalogue lines: Monday to Sunday, then the special days.
+inline constexpr auto kDayKeys = std::to_array<std::string_view>(
+    {"MO", "TU", "WE", "TH", "FR", "SA", "SU", "SD1", "SD2", "SD3", "SD4", "SD5", "SD6", "SD7"});
 
 /// Months in catalogue lines, January first.
 inline constexpr std::string_view kMonthNames = "JANFEBMARAPRMAYJUNJULAUGSEPOCTNOVDEC";
@@ -39,5 +44,37 @@ inline std::size_t PutDate(std::string& line, std::size_t column, int year, int 
 inline std::string IsoDate(int year, int month, int day) {
   return ZeroPadded(year, 4) + "-" + ZeroPadded(month, 2) + "-" + ZeroPadded(day, 2);
 }
+
+inline constexpr int kMinutesOfDay = 1440;     // 24:00, the end of the day
+inline constexpr std::size_t kTimeLength = 5;  // "07:05"
+
+/// Writes minutes after midnight, 0 to `kMinutesOfDay`, as "HH:MM"; returns the column behind.
+inline std::size_t PutTime(std::string& line, std::size_t column, int minutes) {
+  PutTwoDigits(line, column, minutes / 60);
+  line[column + 2] = ':';
+  return PutTwoDigits(line, column + 3, minutes % 60);
+}
+
+/// The same as a text of its own.
+inline std::string ClockText(int minutes) {
+  std::string text(kTimeLength, ' ');
+  PutTime(text, 0, minutes);
+  return text;
+}
+
+/// Stands for no value; "." in a catalogue line, an empty box in an editor.
+inline constexpr float kNoValue = 999999.F;
+inline constexpr std::string_view kNoValueText = ".";
+
+/// The value of a field of a line. "," and "." are both decimal separators, text that is not a
+/// number reads as 0.
+float ReadValue(std::string_view field);
+
+/// The text of a value in a line ("." for none) and in a box ("" for none).
+std::string LineValue(float value, char decimalSeparator);
+std::string BoxValue(float value, char decimalSeparator);
+
+/// A value as it is typed: `ReadValue`, and "," alone is none as well.
+float TypedValue(std::string_view text);
 
 }  // namespace zek

@@ -1,11 +1,14 @@
-#include "formats/WeekdayRecords.h"
+#include "formats/ExportRecords.h"
 
 #include <string_view>
 
+#include "formats/CatalogueFields.h"
+#include "formats/ExceptionCells.h"
 #include "formats/WeekdayCells.h"
 #include "text/Windows1252.h"
 
 namespace zek {
+
 namespace {
 
 constexpr std::string_view kValueOnHead = ";;;Startvärde;"_w1252;
@@ -45,6 +48,30 @@ std::vector<std::string> WeekdayRecords(const WeekdayTable& table, const RecordL
       return ValueOffText(cells(day), decimalSeparator);
     });
     if (!filled) records.resize(before);
+  }
+  return records;
+}
+
+std::vector<std::string> CalendarRecords(const CalendarTable& table, const RecordLabels& labels) {
+  const std::string object = labels.object + ";" + labels.duc + ";";
+  std::vector<std::string> records;
+  records.reserve(table.Used().size());
+  for (const CalendarEntry& entry : table.Used()) {
+    const CalendarDate date = UnpackDate(entry.date, table.BaseYear());
+    records.push_back(object + IsoDate(date.year, date.month + 1, date.day) + ";");
+    records.back() += kDayKeys.at(static_cast<std::size_t>(entry.type) - 1);
+  }
+  return records;
+}
+
+std::vector<std::string> ExceptionRecords(const ExceptionTable& table, const RecordLabels& labels,
+                                          char decimalSeparator) {
+  std::vector<std::string> records;
+  for (const OvcRow& row : table.rows) {
+    if (!row.used) continue;
+    std::string record = labels.object + ";" + labels.duc + ";" + labels.destination;
+    for (const std::string& text : TextsOf(row, decimalSeparator).texts) record += ";" + text;
+    records.push_back(std::move(record));
   }
   return records;
 }

@@ -5,11 +5,10 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/CatalogueContent.h"
-#include "catalogue/CatalogueKind.h"
+#include "catalogue/Catalogue.h"
 #include "catalogue/ObjectTree.h"
 #include "formats/BuiltLines.h"
-#include "formats/RecordLabels.h"
+#include "formats/ExportRecords.h"
 #include "settings/Settings.h"
 
 namespace zek {

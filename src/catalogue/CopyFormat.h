@@ -5,8 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "catalogue/CatalogueContent.h"
-#include "catalogue/CatalogueKind.h"
+#include "catalogue/Catalogue.h"
 #include "catalogue/ObjectTree.h"
 #include "comm/TopicTable.h"
 

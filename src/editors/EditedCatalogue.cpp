@@ -1,4 +1,4 @@
-#include "editors/SaveWithRetry.h"
+#include "editors/EditedCatalogue.h"
 
 #include "lang/TextNumbers.h"
 

@@ -11,6 +11,9 @@
 
 namespace zek {
 
+/// What an editor is opened for. With `ViewOnly` nothing can be changed or saved.
+enum class Access { Edit, ViewOnly };
+
 /// Hands the lines of a catalogue to the catalogue write; true when they were written.
 using CatalogueWriter = std::function<bool(const std::vector<std::string>& lines)>;
 

@@ -1,4 +1,4 @@
-#include "catalogue/LocalFiles.h"
+#include "catalogue/CopyFormat.h"
 
 #include <algorithm>
 #include <array>
