@@ -9,8 +9,7 @@ else()
 endif()
 # GCC 12 sees overlaps in plain string assignments that are none (its bug 105329).
 target_compile_options(zekview-options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
-# Debug information names files from the root of the project, wherever the clone is: with the base
-# directory of the presets the compiler's cache then serves every clone.
+# Debug information names files from the root of the project, so that it is the same in every clone.
 if(NOT MSVC)
   target_compile_options(zekview-options INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
 endif()

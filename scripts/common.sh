@@ -22,13 +22,11 @@ worktree_files() {
 # or when tests are to be built and it has none. With TESTING=OFF it needs no packages of the tests.
 # Changes of the CMakeLists.txt files are noticed by the build itself.
 configure() {
-  local preset="$1" testing="${2:-ON}" folder="build/$1" options=()
+  local preset="$1" testing="${2:-ON}" folder="build/$1"
   if [[ -f $folder/build.ninja && $folder/configured -nt CMakePresets.json ]] &&
     { [[ $testing == OFF ]] || grep -qx 'BUILD_TESTING:BOOL=ON' "$folder/CMakeCache.txt"; }; then
     return
   fi
-  options=("-DBUILD_TESTING=$testing")
-  if command -v ccache >/dev/null; then options+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache); fi
-  cmake --preset "$preset" "${options[@]}"
+  cmake --preset "$preset" "-DBUILD_TESTING=$testing"
   touch "$folder/configured"
 }

@@ -1,0 +1,9 @@
+# Compiles through ccache where it is installed. With the base directory, paths below it do not count,
+# so that what one clone compiled serves every other one.
+if(NOT CMAKE_HOST_WIN32 AND NOT DEFINED CMAKE_CXX_COMPILER_LAUNCHER)
+  find_program(ccache ccache)
+  mark_as_advanced(ccache)
+  if(ccache)
+    set(CMAKE_CXX_COMPILER_LAUNCHER env CCACHE_BASEDIR=${PROJECT_SOURCE_DIR} ${ccache})
+  endif()
+endif()
