@@ -46,6 +46,7 @@ figures() {
 }
 
 [[ $# -gt 0 ]] || set -- "${all[@]}"
+scripts/setup.sh screen
 scripts/build.sh
 cmake --build --preset release --target zekview-measure
 : >"$log"

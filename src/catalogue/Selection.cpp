@@ -9,8 +9,8 @@ CatalogueId Selection::Id(Catalogue catalogue) const {
 Selection SelectionOf(const ObjectTree& tree, const TopicTable& topics, std::size_t node) {
   const TreeNode& selected = tree.at(node);
   const Topic& topic = topics[selected.Object];
-  return {selected.Object, selected.TscName, topic.TopicType,
-          LocalFilesOf(topic, selected), selected.PickListTable};
+  return {selected.Object, selected.TscName, topic.TopicType, LocalFilesOf(topic, selected),
+          selected.PickListTable};
 }
 
 }  // namespace zek

@@ -236,11 +236,12 @@ void CalendarEditor::TellYear(Prompts& prompts, const LanguageTexts& texts) cons
                std::to_string(fourDigits ? years_.lastYear : years_.lastTwoDigitYear)}));
 }
 
-EditedCatalogue CalendarEditor::Edited() const {
-  return {BuildCalendar(Table(), name_, years_.generation),
-          linesLost_,
-          {text::kWeekdayRetry, text::kWeekdayRetryTitle},
-          {}};
+std::optional<EditedCatalogue> CalendarEditor::Edited() const {
+  if (ViewOnly()) return std::nullopt;
+  return EditedCatalogue{BuildCalendar(Table(), name_, years_.generation),
+                         linesLost_,
+                         {text::kWeekdayRetry, text::kWeekdayRetryTitle},
+                         {}};
 }
 
 }  // namespace zek

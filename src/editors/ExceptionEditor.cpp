@@ -123,6 +123,7 @@ std::size_t ExceptionEditor::Erase() {
 }
 
 std::optional<EditedCatalogue> ExceptionEditor::Edited(const NumberReader& numbers) const {
+  if (ViewOnly()) return std::nullopt;
   const auto options = ReadExceptionOptions(numbers, owner_.generation);
   if (!options) return std::nullopt;
   return EditedCatalogue{BuildExceptions(Table(), owner_, lines_, *options, decimalSeparator_),

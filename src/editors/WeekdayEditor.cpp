@@ -133,11 +133,13 @@ std::size_t WeekdayEditor::Erase() {
   return column_;
 }
 
-EditedCatalogue WeekdayEditor::Edited() const {
-  return {BuildWeekday(Table(), name_, lines_, BuildStart::Afresh, decimalSeparator_),
-          linesLost_,
-          {text::kWeekdayRetry, text::kWeekdayRetryTitle},
-          {}};
+std::optional<EditedCatalogue> WeekdayEditor::Edited() const {
+  if (ViewOnly()) return std::nullopt;
+  return EditedCatalogue{
+      BuildWeekday(Table(), name_, lines_, BuildStart::Afresh, decimalSeparator_),
+      linesLost_,
+      {text::kWeekdayRetry, text::kWeekdayRetryTitle},
+      {}};
 }
 
 }  // namespace zek

@@ -149,11 +149,11 @@ TEST_F(CatalogueReadTest, CancelEndsItQuietlyAtAnyMoment) {
     SelectOne();
     files.files.erase(kCopyOne);
     const auto start = turn.Now();
-    turn.After(moment, [this] { proc.waits.CancelRequested = true; });
+    turn.After(moment, [this] { proc.waits.Cancel(); });
     EXPECT_FALSE(Get()) << moment;
     EXPECT_LE(turn.Now() - start, moment + 300);
     EXPECT_TRUE(prompts.shown.empty()) << moment;
-    EXPECT_FALSE(proc.waits.CancelRequested);
+    EXPECT_FALSE(proc.waits.Stopped());
     ExpectAtRest();
   }
 }
@@ -177,7 +177,7 @@ TEST_F(CatalogueReadTest, ChoosesTheSource) {
   prompts.answers = {true};
   EXPECT_TRUE(Get());
   EXPECT_EQ(GotLines(), (Shown{" 7 !local", " 8 !more"}));
-  EXPECT_EQ(GotDfv(), "3");
+  EXPECT_EQ(GotDfv(), ".") << "a shared catalogue has no value";
   EXPECT_EQ(prompts.shown, Shown{"q? T416 (F127_0_0_1_5100 FIRST WDC.TXT)."});
   EXPECT_TRUE(socket.opened.empty());
 

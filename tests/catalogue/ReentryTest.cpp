@@ -184,7 +184,7 @@ const std::vector<Action> kActions = {
     {"cancel",
      [](Session& s) {
        s.batch->Cancel();
-       if (s.proc.status.Busy > 0) s.proc.waits.CancelRequested = true;
+       if (s.proc.status.Busy > 0) s.proc.waits.Cancel();
      }},
     {"quit", [](Session& s) { s.turn.Quit(); }},
     {"get", [](Session& s) { s.Get(); }},
@@ -286,7 +286,6 @@ std::string FaultOf(const Operation& operation, const Action& action, WaitPoint 
   session.Begin(point, action.act);
   const bool result = operation.run(session);
   // The windows take a cancel back when what it was meant for is over.
-  session.proc.waits.CancelRequested = false;
   std::string fault = FaultOfTraffic(session, operation, result);
   if (fault.empty()) fault = FaultOfState(session);
   return fault.empty() ? FaultOfNextGet(session) : fault;

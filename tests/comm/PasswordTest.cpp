@@ -72,10 +72,10 @@ class TagSession : public test::TestSession {
     proc.connection.SendCommand("LIST");
     proc.waits.WaitSeconds(2);
     Select("TWO/TSC1");
-    static_cast<void>(GetCatalogue(proc, Catalogue::Wdc));
+    static_cast<void>(Get());
     proc.transfer.CatalogueLines = {"1000 !TSC1"};
     prompts.answers = {true};
-    static_cast<void>(SaveCatalogue(proc, Catalogue::Wdc));
+    static_cast<void>(SaveWhatWasGot(Catalogue::Wdc));
     BatchExport batch(proc);
     batch.Start();
     while (batch.Tick()) proc.waits.RunPending();

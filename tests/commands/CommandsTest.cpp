@@ -4,6 +4,7 @@
 #include "commands/Commands.h"
 #include "support/TestSession.h"
 #include "support/TransferSession.h"
+#include "system/Paths.h"
 
 namespace zek::cli {
 namespace {
@@ -31,8 +32,8 @@ class Program {
     proc.settings.ProgramPath = "/zek/";
     session.turn.tick = [&proc] { proc.connection.Tick(); };
     Console console{proc, prompts, in, out, err};
-    const ExitStatus started = StartSession(console);
-    return started == kDone ? RunCommand(console, arguments) : started;
+    const auto ended = StartCommands(console);
+    return ended ? *ended : RunCommand(console, arguments);
   }
 
   test::TransferSession session;

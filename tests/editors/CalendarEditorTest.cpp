@@ -231,7 +231,8 @@ struct CalendarSaveTest : CalendarEditorTest {
       written.push_back(lines);
       return written.size() > failures;
     };
-    return editor.Save(writer, prompts, texts) == SaveOutcome::Written;
+    const auto edited = editor.Edited();
+    return edited && SaveWithRetry(*edited, writer, {texts, prompts}) == SaveOutcome::Written;
   }
 
   std::vector<Lines> written;

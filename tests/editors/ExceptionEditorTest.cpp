@@ -190,7 +190,8 @@ struct SaveExceptionsTest : testing::Test {
       written.push_back(lines);
       return written.size() > static_cast<std::size_t>(failures);
     };
-    return editor.Save(writer, session.proc.Numbers());
+    const auto edited = editor.Edited(session.proc.Numbers());
+    return edited ? SaveWithRetry(*edited, writer, session.proc.ToUser()) : SaveOutcome::NotTried;
   }
 
   test::TestSession session;

@@ -114,7 +114,8 @@ struct SaveTest : testing::Test {
       written.push_back(lines);
       return written.size() > static_cast<std::size_t>(failures);
     };
-    return editor.Save(writer, prompts, texts) == SaveOutcome::Written;
+    const auto edited = editor.Edited();
+    return edited && SaveWithRetry(*edited, writer, {texts, prompts}) == SaveOutcome::Written;
   }
 
   LanguageTexts texts;

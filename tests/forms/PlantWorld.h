@@ -9,7 +9,8 @@
 
 #include <wx/app.h>
 
-#include "catalogue/Catalogue.h"
+#include "app/StartSession.h"
+#include "catalogue/CatalogueKind.h"
 #include "comm/WithoutWindows.h"
 #include "plant/PlantConversation.h"
 #include "settings/FileProfile.h"
@@ -94,9 +95,11 @@ struct PlantWorld {
     session.tree = BuildObjectTree(session.topics, profile, session.texts, prompts);
     SelectNode(session, FindNode(session.tree, session.topics, node).value());
   }
-  /// What was fetched last, or is to be sent.
-  const std::vector<std::string>& Lines() const { return session.transfer.CatalogueLines; }
-  bool IsVerifying() const { return session.transfer.Verifying; }
+  /// A catalogue of the selected node, fetched or from its copy.
+  CatalogueContent Get(Catalogue catalogue) {
+    return session.catalogues.GetCatalogue(session.selection.Id(catalogue)).value();
+  }
+  bool IsVerifying() const { return session.waits.CanCancel(); }
 
   static sim::Plant SmallPlant() {
     sim::Outstation old;

@@ -4,6 +4,7 @@
 
 #include "PlantWorld.h"
 #include "WindowApp.h"
+#include "app/StartSession.h"
 #include "forms/main/ZV_Lang.h"
 
 namespace zek::window {

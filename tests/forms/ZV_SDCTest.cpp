@@ -7,7 +7,7 @@
 #include "Keys.h"
 #include "PlantWorld.h"
 #include "SpokenName.h"
-#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueKind.h"
 #include "forms/calendar/ZV_SDC.h"
 
 namespace zek::window {
@@ -63,8 +63,7 @@ struct CalendarFormTest : testing::Test {
   void Run(std::vector<Step> steps) {
     world.Select("SKOLA/AHU1");
     Play(std::move(steps));
-    ASSERT_TRUE(test::Fetch(world.session, Catalogue::Sdc).done);
-    ShowCalendarForm(nullptr, world.session, world.turn);
+    ShowCalendarForm(nullptr, world.session, world.turn, world.Get(Catalogue::Sdc));
   }
   std::map<int, std::string>& PlantLines() { return world.plant.outstations[0].calendar.lines; }
 

@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
+#include "app/StartSession.h"
 #include "lang/BuiltInTexts.h"
 #include "lang/LanguageTexts.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
+#include "support/SourceTree.h"
 #include "support/TestSession.h"
 #include "system/DiskFiles.h"
 
@@ -40,8 +42,8 @@ TEST(LanguageTexts, ListsWhatItCanName) {
 
 TEST(LanguageTexts, TheShippedFilesHaveEveryBuiltInText) {
   const DiskFiles files;
-  for (const char* const name : {"/lang/zek_lang.046", "/lang/zek_lang.044"}) {
-    const FileContent file = files.Read(std::string(ZEKVIEW_DATA) + name);
+  for (const char* const name : {"zek_lang.046", "zek_lang.044"}) {
+    const FileContent file = files.Read(test::SourceTree() + "/data/lang/" + name);
     ASSERT_FALSE(file.error) << name;
     for (std::int32_t number = 500; number < 1000; ++number) {
       if (!BuiltInText(number)) continue;

@@ -4,6 +4,7 @@
 #include "settings/CommandLine.h"
 #include "settings/Settings.h"
 #include "support/TestSession.h"
+#include "system/Paths.h"
 
 namespace zek {
 namespace {

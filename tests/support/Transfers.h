@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "app/ZV_Proc.h"
-#include "catalogue/Catalogue.h"
 
 namespace zek::test {
 
@@ -17,19 +16,19 @@ struct Fetched {
 };
 
 inline Fetched Fetch(ZV_Proc& proc, Catalogue catalogue) {
-  const bool done = GetCatalogue(proc, catalogue);
-  return {done, proc.transfer.CatalogueLines, proc.transfer.CatalogueDfv};
+  const auto content = proc.catalogues.GetCatalogue(proc.selection.Id(catalogue));
+  if (!content) return {false, {}, "."};
+  return {true, content->lines, content->dfv.value_or(".")};
 }
 
 /// Sends a catalogue, as an editor or a command does.
 inline bool Send(ZV_Proc& proc, Catalogue catalogue, std::vector<std::string> lines,
                  std::string value = ".") {
-  proc.transfer.CatalogueLines = std::move(lines);
-  proc.transfer.CatalogueDfv = std::move(value);
-  return SaveCatalogue(proc, catalogue);
+  return proc.catalogues.SaveCatalogue(proc.selection.Id(catalogue),
+                                       {std::move(lines), std::move(value), {}});
 }
 
 /// A cancel that no wait has taken yet.
-inline bool CancelIsPending(const ZV_Proc& proc) { return proc.waits.CancelRequested; }
+inline bool CancelIsPending(const ZV_Proc& proc) { return proc.waits.CanCancel(); }
 
 }  // namespace zek::test

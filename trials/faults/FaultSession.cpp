@@ -88,7 +88,7 @@ FaultSession::FaultSession(const FaultCase& what, std::size_t floodBytes, bool v
   Load("");
   Select("X/AHU1");
   proc.settings.VerifyAfterWrite = verify;
-  localCopy_ = "/zek/" + LocalFileOf(proc.selection, what.catalogue);
+  localCopy_ = "/zek/" + proc.selection.Id(what.catalogue).localFile;
   files.files[localCopy_] = kOldCopy;
 }
 

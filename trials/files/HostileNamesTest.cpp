@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <iostream>
 
+#include "app/StartSession.h"
 #include "files/DiskProgram.h"
 #include "files/FileCalls.h"
 #include "files/Tree.h"
@@ -126,10 +127,10 @@ class HostileNamesTest : public ::testing::Test {
       for (const Catalogue catalogue : {Catalogue::Wdc, Catalogue::Sdc, Catalogue::Ovc}) {
         test::Send(proc, catalogue, {"1000 !x"});
         test::Fetch(proc, catalogue);
-        if (node % 2 == 1) EraseLocalCopy(proc, catalogue);
+        if (node % 2 == 1) proc.copies.Erase(proc.selection.Id(catalogue));
       }
     }
-    return cli::kDone;
+    return kDone;
   }
 
   // Runs the program and judges the calls it made; "" when nothing is wrong. Nothing outside is

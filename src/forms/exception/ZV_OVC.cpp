@@ -89,8 +89,8 @@ void ShowExceptionForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
   const Topic& object = proc.topics[proc.selection.CurrentObject];
   const char separator = proc.settings.DecimalSeparator;
   // The editor outlives its form, which may go with its parent in the middle of a save.
-  ExceptionEditor editor(content.lines, {proc.selection.TscName, object.TopicType},
-                         separator, proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit,
+  ExceptionEditor editor(content.lines, {proc.selection.TscName, object.TopicType}, separator,
+                         proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit,
                          [&proc] { return MomentOf(proc.now()); });
   editor.CountLost(content.linesDropped);
   const PickList pickList = ReadPickList(proc.profile, proc.selection.PickListTable, separator);
