@@ -5,7 +5,7 @@ set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
 
-all=(faults saving history sending undo limits re-entry nobody-in soak living-window round-trips
+all=(faults saving history sending undo re-entry nobody-in soak living-window round-trips
   fuzz mutants)
 bin=build/bin
 log=build/reliability.log
@@ -21,7 +21,6 @@ measure() {
     history) tests '*History*:-Undo*' ;;
     sending) tests '*Changes*:*CatalogueFaults*:*Send*' ;;
     undo) tests '*Undo*' && windows '*EditorForm*' ;;
-    limits) tests 'Limits.*' ;;
     re-entry) tests '*Reentry*' && windows '*WindowReentry*' ;;
     nobody-in)
       tests 'Password.*:*EveryByte*' && windows '*EveryByte*' && "$bin/zekview-peer-cost" &&

@@ -10,8 +10,11 @@ ZV_Proc::ZV_Proc(const Outside& world)
       now(world.now),
       prompts(world.prompts),
       waits(world.turn, countdowns),
-      connection(ConnectionParts{settings, texts, profile, prompts, topics, countdowns, waits,
-                                 transfer, log, status, world.socket, world.dde, world.tags}),
+      connection({{settings, profile, ToUser(), countdowns, waits, status},
+                  topics,
+                  transfer,
+                  log,
+                  {world.socket, world.dde, world.tags}}),
       copies(files, settings, ToUser(), now),
       catalogues({settings, Numbers(), ToUser(), copies,
                   Exchange{connection, transfer, countdowns, waits, status}}) {}

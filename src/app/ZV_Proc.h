@@ -26,8 +26,8 @@ struct Outside {
   Profile& profile;
   Turn& turn;
   Prompts& prompts;
-  Link& socket;
-  Link& dde;
+  Transport& socket;
+  Transport& dde;
   TagServer& tags;
   Clock now = SystemTime;
 };

@@ -58,7 +58,7 @@ class Fetching {
     x_.connection.SendCommand(id_.ListCommand());
     x_.status.Dot();
     AwaitListing(settings_.GetTSCTimeoutTicks);
-    if (settings_.TagMode && !IsOver()) {
+    if (x_.connection.IsPolled() && !IsOver()) {
       x_.connection.SendCommand("\r");
       AwaitListing(TicksOf(kTagAnswerSeconds));
     }

@@ -107,12 +107,12 @@ class Application final : public wxAppConsole {
 int main(int argc, char** argv) {
   zek::PrepareStandardStreams();
   zek::cli::Arguments arguments = zek::cli::ParseArguments(zek::ProgramArguments(argc, argv));
-  if (arguments.help) {
-    std::cout << zek::cli::Usage();
+  if (!arguments.help.empty()) {
+    std::cout << arguments.help;
     return zek::kDone;
   }
   if (!arguments.error.empty()) {
-    std::cerr << "zekview-cli: " << arguments.error << "\n\n" << zek::cli::Usage();
+    std::cerr << "zekview-cli: " << arguments.error << " (--help shows the usage)\n";
     return zek::kWrongUsage;
   }
   wxAppConsole::SetInstance(

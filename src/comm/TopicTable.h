@@ -31,8 +31,6 @@ struct Topic {
   std::string Tag;
   std::int16_t TagState = 0;  // 2 after the tag was opened, 1 after it was closed
   bool HasDus = false;        // the address has a third field
-
-  bool IsTcp() const { return Address.find(':') != std::string::npos; }
 };
 
 /// One entry of section "Topics"; nothing for a comment or an entry without "=".

@@ -18,16 +18,13 @@ struct Arguments {
   bool local = false;                 // get --local, export --local
   bool noSend = false;                // put --no-send
   bool rebuild = false;               // check --rebuild
-  bool help = false;
-  std::string error;  // what is wrong with it; empty when nothing is
+  std::string help;                   // the text to print when --help was given, else empty
+  std::string error;                  // what is wrong; empty when nothing is
 };
 
 Arguments ParseArguments(const std::vector<std::string>& arguments);
 
 /// "wdc", "sdc" or "ovc" in any case.
 std::optional<Catalogue> CatalogueOf(const std::string& kind);
-
-/// The usage text.
-std::string Usage();
 
 }  // namespace zek::cli

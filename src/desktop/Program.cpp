@@ -4,7 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
+#include <utility>
 
 #include <wx/app.h>
 #include <wx/fileconf.h>
@@ -55,8 +55,7 @@ void UseErrorOutput() { delete wxLog::SetActiveTarget(Given<wxLogStderr>()); }
 
 class Program final : public wxApp {
  public:
-  explicit Program(const std::vector<std::string>& arguments)
-      : line_(ParseCommandLine(arguments)) {}
+  explicit Program(CommandLine line) : line_(std::move(line)) {}
 
   // Not the toolkit's own, which would parse the command line.
   bool OnInit() override { return true; }
@@ -131,9 +130,13 @@ class Program final : public wxApp {
 }  // namespace zek
 
 int main(int argc, char** argv) {
+  zek::CommandLine line = zek::ParseCommandLine(zek::ProgramArguments(argc, argv));
+  if (!line.help.empty()) {
+    zek::Inform(line.help);
+    return zek::kDone;
+  }
   zek::UseErrorOutput();
-  wxApp::SetInstance(
-      new zek::Program(zek::ProgramArguments(argc, argv)));  // the toolkit deletes it
+  wxApp::SetInstance(new zek::Program(std::move(line)));  // the toolkit deletes it
   int noArguments = 1;  // ours are parsed already; the toolkit would convert them by the locale
   return wxEntry(noArguments, argv);
 }

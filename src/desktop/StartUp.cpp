@@ -28,7 +28,7 @@ bool IsAnotherRunning(wxSingleInstanceChecker& instance, const std::string& prog
 }  // namespace
 
 std::string Complaint(const CommandLine& line, const std::string& programPath) {
-  if (!line.missingValue.empty()) return line.missingValue + " needs a directory behind it.";
+  if (!line.error.empty()) return line.error;
   std::error_code error;
   if (!std::filesystem::is_directory(PathOf(programPath), error)) {
     return "There is no directory " + programPath + (error ? " (" + error.message() + ")" : "");

@@ -29,4 +29,6 @@ bool IsErrorTerminal() { return ::isatty(STDERR_FILENO) != 0; }
 
 void Complain(const std::string& utf8) { std::cerr << utf8 << '\n'; }
 
+void Inform(const std::string& utf8) { std::cout << utf8 << '\n'; }
+
 }  // namespace zek

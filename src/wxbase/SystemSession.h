@@ -4,17 +4,17 @@
 #include <string>
 
 #include "app/ZV_Proc.h"
-#include "comm/SystemLinks.h"
+#include "comm/SystemTransports.h"
 #include "settings/SettingsFile.h"
 #include "system/DiskFiles.h"
 #include "wxbase/WxLater.h"
-#include "wxbase/WxTcpLink.h"
+#include "wxbase/WxTcpTransport.h"
 #include "wxbase/WxTurn.h"
 
 namespace zek {
 
-/// The world outside as the programs have it: the disk, the toolkit's event loop, the links of the
-/// system; and the session on it.
+/// The world outside as the programs have it: the disk, the toolkit's event loop, the transports of
+/// the system; and the session on it.
 struct SystemSession {
   /// Both directories end in the system's separator; `prompts` shows the messages.
   SystemSession(const std::string& programPath, const std::string& iniPath, Prompts& prompts)
@@ -27,7 +27,7 @@ struct SystemSession {
   DiskFiles files;
   std::unique_ptr<Profile> profile;
   WxTurn turn;
-  WxTcpLink socket;
+  WxTcpTransport socket;
   WxLater later;
   SystemDde dde{later.Post()};
   SystemTags tags;

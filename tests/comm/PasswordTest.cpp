@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 #include <iostream>
 
-#include "comm/Secret.h"
 #include "export/BatchExport.h"
 #include "support/TestSession.h"
 #include "text/Fields.h"

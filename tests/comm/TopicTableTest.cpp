@@ -15,7 +15,6 @@ TEST(TopicTable, ParsesEntries) {
   EXPECT_EQ(topic->Address, "PLANT2");
   EXPECT_EQ(topic->Description, "Skola \xE5");
   EXPECT_EQ(topic->Tag, "Tag.1");
-  EXPECT_FALSE(topic->IsTcp());
   EXPECT_EQ(ParseTopic("ahu1=", true)->TopicName, "ahu1");
   EXPECT_FALSE(ParseTopic(";x=1", false));
   EXPECT_FALSE(ParseTopic("no equals", false));

@@ -1,90 +1,30 @@
-#include <algorithm>
-#include <cctype>
 #include <gtest/gtest.h>
 #include <random>
-#include <string>
-#include <vector>
 
-#include "editors/CalendarEditor.h"
-#include "editors/ExceptionEditor.h"
+#include "editors/EditorPlayers.h"
 #include "editors/UndoHistory.h"
-#include "editors/WeekdayEditor.h"
-#include "support/ScriptedPrompts.h"
-#include "text/Fields.h"
 
 namespace zek {
 namespace {
 
-// Letters are appended, "-" changes nothing, "<" and ">" undo and redo. A change of case is a
-// change of the table, but none of what it means.
-struct SameLetters {
-  static std::string Folded(std::string text) {
-    std::transform(text.begin(), text.end(), text.begin(), [](char c) { return std::toupper(c); });
-    return text;
-  }
-  bool operator()(const std::string& one, const std::string& other) const {
-    return Folded(one) == Folded(other);
-  }
+// What means the same, here the same last digit, is no step and is not lost.
+struct SameDigit {
+  bool operator()(int one, int other) const { return one % 10 == other % 10; }
 };
-using History = UndoHistory<std::string, int, SameLetters>;
-
-std::string Played(History& history, std::string_view script) {
-  std::string places;
-  const auto note = [&places](std::optional<int> place) {
-    places += place ? std::to_string(*place) : "-";
-  };
-  for (std::size_t i = 0; i < script.size(); ++i) {
-    const char step = script[i];
-    if (step == '<') {
-      note(history.Undo());
-    } else if (step == '>') {
-      note(history.Redo());
-    } else {
-      history.Change(static_cast<int>(i), [step](std::string& table) {
-        if (step != '-') table += step;
-      });
-    }
-  }
-  const EditState state = history.State();
-  return history.Now() + (state.changed ? " changed" : "") + (state.canUndo ? " undo" : "") +
-         (state.canRedo ? " redo" : "") + (places.empty() ? "" : " at " + places);
-}
-
-TEST(UndoHistory, StepsAreTakenBackAndAgain) {
-  // What is done, and what there is then: the table, what can be done, the places shown.
-  const std::vector<std::string> cases = {
-      "~",
-      "-~",
-      "a~a changed undo",
-      "ab<~a changed undo redo at 1",
-      "ab<<~ redo at 10",
-      "a<<~ redo at 0-",
-      "ab<<>>~ab changed undo at 1001",
-      "ab<>~ab changed undo at 11",
-      "a>~a changed undo at -",
-      "ab<-~a changed undo redo at 1",  // what changes nothing leaves the steps that were undone
-      "ab<c~ac changed undo at 1",      // a change forgets them
-      "ab<c>~ac changed undo at 1-",
-      "ab<c<<~ redo at 130",
-  };
-  for (const std::string& each : cases) {
-    History history{""};
-    EXPECT_EQ(Played(history, GetField(each, 0, "~")), GetField(each, 1, "~")) << each;
-  }
-}
 
 TEST(UndoHistory, WhatMeansTheSameIsNoStepAndIsNotLost) {
-  History history{"a"};
-  const auto set = [&history](const std::string& value) {
-    history.Change(0, [&value](std::string& table) { table = value; });
+  UndoHistory<int, int, SameDigit> history{1};
+  const auto set = [&history](int value) {
+    history.Change(0, [value](int& table) { table = value; });
   };
-  set("A");
+  set(11);
   EXPECT_EQ(history.State(), EditState{});
-  set("Ab");
+  set(12);
   history.Undo();
-  EXPECT_EQ(history.Now(), "A");
+  EXPECT_EQ(history.Now(), 11);
+  set(21);  // leaves the step that was undone
   history.Redo();
-  EXPECT_EQ(history.Now(), "Ab");
+  EXPECT_EQ(history.Now(), 12);
 }
 
 TEST(UndoHistory, TheOldestStepsAreForgotten) {
@@ -97,195 +37,88 @@ TEST(UndoHistory, TheOldestStepsAreForgotten) {
   EXPECT_TRUE(history.State().changed);
 }
 
-// --- The three editors ---
-
-const std::vector<std::string> kWeek = {
-    " 1000 !T           !MO..WE       !07:00..16:30             !21       !17"};
-const std::vector<std::string> kExceptions = {
-    "    1 !T           !24-DEC-26,08:00..26-DEC-26,17:00       !21       !16"};
-const std::vector<std::string> kDates = {
-    " 1000 !24-DEC-26..26-DEC-26                                !SD1",
-    " 1001 !01-JAN-27                                           !SD2"};
-constexpr CalendarYears kYears{Generation::Zek1, 93, 2099};
-
+// An editor with a catalogue, and the parts of commands to edit it with: a choice for each word.
 struct Weekday {
-  WeekdayEditor editor{kWeek, "T", '.', Access::Edit};
+  using Player = test::WeekdayPlayer;
   static constexpr std::equal_to<WeekdayTable> same{};
+  inline static const test::FormatCase given{
+      "T", {"= 1000 !T           !MO..WE       !07:00..16:30             !21       !17"}};
+  inline static const std::vector<std::vector<std::string>> commands = {
+      {"start", "stop", "on", "off", "copy", "erase", "type", "row", "column"},
+      {"0", "1"},
+      {"", ".", "0", "21", "21.5", "-3", "1e9", "7", "07:00", "16:30", "25:00", "24"}};
 };
-struct Exception {
-  ExceptionEditor editor{kExceptions, {"T", Generation::Zek1}, '.', Access::Edit, [] {
-                           return DateMoment(2026, 8, 1);
-                         }};
+struct Exceptions {
+  using Player = test::ExceptionPlayer;
   static constexpr SameExceptions same{};
+  inline static const test::FormatCase given{
+      "T", {"=    1 !T           !24-DEC-26,08:00..26-DEC-26,17:00       !21       !16"}};
+  inline static const std::vector<std::vector<std::string>> commands = {
+      {"enter", "enter", "enter", "row", "erase"},
+      {"0", "1", "2", "3", "4", "5", "6", "7"},
+      {"date=", "date=2026-12-24", "start=0800", "start=x", "on=21", "on=", "until=20261231",
+       "until=", "stop=24:00", "stop=", "off=.", "off=21"}};
 };
 struct Calendar {
-  CalendarEditor editor{kDates, "T", kYears, {2026, 11, 24}, Access::Edit};
+  using Player = test::CalendarPlayer;
   static constexpr SameCalendar same{};
+  inline static const test::FormatCase given{
+      "T",
+      {"= 1000 !24-DEC-26..26-DEC-26                                !SD1",
+       "= 1001 !01-JAN-27                                           !SD2"}};
+  inline static const std::vector<std::vector<std::string>> commands = {
+      {"press", "release", "apply", "apply", "type 0", "type 8", "type 9", "step 1", "step -1"},
+      {"1", "2", "3", "7", "12", "18", "24", "25", "26", "28"}};
 };
 
 template <class Case>
 class EditorUndo : public testing::Test {
  protected:
   std::size_t Any(std::size_t count) { return random_() % count; }
-  std::string AnyOf(const std::vector<std::string>& texts) { return texts[Any(texts.size())]; }
-  std::string AnyValue() { return AnyOf({"", ".", "0", "21", "21.5", "-3", "1e9"}); }
-
-  void Edit(WeekdayEditor& editor) {
-    editor.ShowType(Any(2));
-    editor.ShowRow(Any(3));
-    editor.FocusColumn(Any(7));
-    const std::string time = AnyOf({"", "7", "07:00", "16:30", "25:00", "24"});
-    const std::size_t column = Any(7);
-    const std::size_t what = Any(6);
-    if (what == 0) editor.EnterStart(column, time);
-    if (what == 1) editor.EnterStop(column, time);
-    if (what == 2) editor.EnterValueOn(column, AnyValue());
-    if (what == 3) editor.EnterValueOff(column, AnyValue());
-    if (what == 4) editor.Copy();
-    if (what == 5) editor.Erase();
-  }
-  void Edit(ExceptionEditor& editor) {
-    const std::size_t row = Any(kExceptionRows);
-    editor.FocusRow(row);
-    const std::size_t what = Any(kExceptionBoxes + 1);
-    if (what == kExceptionBoxes) {
-      editor.Erase();
-      return;
-    }
-    const auto box = static_cast<ExceptionBox>(what);
-    ExceptionTexts typed = editor.RowTexts(row);
-    typed[box] = AnyOf({"", "2026-12-24", "20261231", "0800", "24:00", "x", "21", "."});
-    editor.Enter({box, row}, typed);
-  }
-  void Edit(CalendarEditor& editor) {
-    editor.ShowYear(static_cast<int>(Any(2)));
-    editor.ShowMonth(static_cast<int>(Any(2)) * 11);
-    editor.ChooseType(static_cast<int>(Any(3)) * 7);
-    editor.Press(static_cast<int>(20 + Any(8)));
-    editor.Release(static_cast<int>(20 + Any(8)), prompts_, texts_);
+  std::string AnyCommand() {
+    std::string command;
+    for (const auto& words : Case::commands) command += words[Any(words.size())] + " ";
+    return command;
   }
 
+ private:
   std::mt19937 random_{20261121};
-  test::ScriptedPrompts prompts_;
-  LanguageTexts texts_;
 };
 
-using Editors = testing::Types<Weekday, Exception, Calendar>;
+using Editors = testing::Types<Weekday, Exceptions, Calendar>;
 TYPED_TEST_SUITE(EditorUndo, Editors, );
 
 // Edits, undos and redos at random against a list of all tables there were.
 TYPED_TEST(EditorUndo, AnyWayBackAndForthGivesTheSameTables) {
   constexpr int sessions = 40;
   for (int session = 0; session < sessions; ++session) {
-    TypeParam edited;
-    auto& editor = edited.editor;
-    const auto opened = editor.Table();
-    std::vector tables{opened};
+    typename TypeParam::Player player(TypeParam::given);
+    std::vector tables{player.Table()};
     std::size_t at = 0;
-    const auto matches = [&] {
-      EXPECT_TRUE(edited.same(editor.Table(), tables[at])) << session;
-      EXPECT_EQ(editor.State(),
-                (EditState{!edited.same(tables[at], opened), at > 0, at + 1 < tables.size()}));
+    std::size_t changes = 0;
+    const auto play = [&](const std::string& command) {
+      player.Play(command);
+      if (command == "undo") at -= at > 0 ? 1 : 0;
+      if (command == "redo") at += at + 1 < tables.size() ? 1 : 0;
+      if (!TypeParam::same(player.Table(), tables[at])) {
+        EXPECT_TRUE(command != "undo" && command != "redo");
+        tables.erase(tables.begin() + static_cast<std::ptrdiff_t>(at) + 1, tables.end());
+        tables.push_back(player.Table());
+        ++at;
+        ++changes;
+      }
+      const bool changed = !TypeParam::same(tables[at], tables[0]);
+      EXPECT_EQ(player.State(), (EditState{changed, at > 0, at + 1 < tables.size()})) << command;
     };
     for (int i = 0; i < 200; ++i) {
       const std::size_t what = this->Any(10);
-      if (what == 0) {
-        if (editor.Undo()) --at;
-      } else if (what == 1) {
-        if (editor.Redo()) ++at;
-      } else {
-        this->Edit(editor);
-        if (!edited.same(editor.Table(), tables[at])) {
-          tables.erase(tables.begin() + static_cast<std::ptrdiff_t>(at) + 1, tables.end());
-          tables.push_back(editor.Table());
-          ++at;
-        }
-      }
-      matches();
+      play(what == 0 ? "undo" : what == 1 ? "redo" : this->AnyCommand());
     }
-    EXPECT_GT(tables.size(), 20U);
-    while (editor.Redo()) ++at;
-    const auto last = editor.Table();
-    while (editor.Undo()) {
-      --at;
-      matches();
-    }
-    EXPECT_EQ(at, 0U);
-    while (editor.Redo()) {
-      ++at;
-      matches();
-    }
+    EXPECT_GT(changes, 10U);
+    for (const char* const way : {"undo", "redo"})
+      for (std::size_t steps = 0; steps < tables.size(); ++steps) play(way);
     EXPECT_EQ(at + 1, tables.size());
-    EXPECT_EQ(editor.Table(), last);
   }
-}
-
-TEST(WeekdayUndo, ShowsWhereTheChangeWas) {
-  WeekdayEditor editor(kWeek, "T", '.', Access::Edit);
-  editor.ShowType(1);
-  editor.ShowRow(4);
-  editor.EnterStop(2, "16:30");
-  editor.FocusColumn(6);
-  editor.Copy();  // of an empty row onto an empty one: nothing
-  editor.FocusColumn(2);
-  editor.Copy();
-  editor.ShowType(0);
-  editor.ShowRow(0);
-  EXPECT_EQ(editor.Undo(), (WeekdayFocus{WeekdayBox::Start, 3}));
-  EXPECT_EQ(editor.Undo(), (WeekdayFocus{WeekdayBox::Stop, 2}));
-  EXPECT_EQ(editor.Undo(), std::nullopt);
-  EXPECT_EQ(editor.Type(), 1U);
-  EXPECT_EQ(editor.Row(), 4U);
-  EXPECT_EQ(editor.Column(), 2U);
-  EXPECT_EQ(editor.State(), (EditState{false, false, true}));
-}
-
-TEST(ExceptionUndo, WhatDoesNotShowIsNoStep) {
-  Exception edited;
-  ExceptionEditor& editor = edited.editor;
-  ExceptionTexts typed;
-  typed[ExceptionBox::ValueOn] = "5";
-  editor.Enter({ExceptionBox::ValueOn, 3}, typed);
-  editor.FocusRow(5);
-  editor.Erase();
-  EXPECT_EQ(editor.State(), EditState{});
-  editor.FocusRow(0);
-  editor.Erase();
-  EXPECT_EQ(editor.Undo(), (ExceptionFocus{ExceptionBox::DateOn, 0}));
-  EXPECT_EQ(editor.Row(), 0U);
-  EXPECT_EQ(editor.RowTexts(0)[ExceptionBox::DateOn], "2026-12-24");
-}
-
-TEST(CalendarUndo, ASelectionIsOneStepAndIsShownAgain) {
-  Calendar edited;
-  CalendarEditor& editor = edited.editor;
-  test::ScriptedPrompts prompts;
-  const LanguageTexts texts;
-  const auto drag = [&](int from, int to) {
-    editor.Press(from);
-    editor.Release(to, prompts, texts);
-  };
-  editor.ChooseType(8);
-  drag(24, 26);  // they have it already
-  EXPECT_EQ(editor.State(), EditState{});
-  drag(1, 9);
-  editor.ShowYear(3);
-  editor.ShowMonth(5);
-  EXPECT_TRUE(editor.Undo());
-  EXPECT_EQ(editor.State(), (EditState{false, false, true}));
-  EXPECT_EQ(editor.Year(), 0);
-  EXPECT_EQ(editor.Month(), 11);
-  EXPECT_EQ(editor.Selection(), (DayRun{1, 9}));
-  EXPECT_TRUE(editor.Redo());
-  EXPECT_FALSE(editor.Redo());
-  editor.ChooseType(9);
-  drag(3, 3);
-  editor.ChooseType(8);
-  drag(3, 3);
-  drag(1, 9);  // by now they have it all again
-  int steps = 0;
-  while (editor.Undo()) ++steps;
-  EXPECT_EQ(steps, 3);
 }
 
 }  // namespace

@@ -11,7 +11,7 @@
 
 #include "app/StartSession.h"
 #include "catalogue/CatalogueKind.h"
-#include "comm/WithoutWindows.h"
+#include "comm/SystemTransports.h"
 #include "plant/PlantConversation.h"
 #include "settings/FileProfile.h"
 #include "support/ScriptedPrompts.h"
@@ -25,7 +25,7 @@
 namespace zek::window {
 
 /// A connection to a simulated plant in memory. Replies come with later turns of the event loop.
-class PlantLink final : public Link {
+class PlantLink final : public Transport {
  public:
   explicit PlantLink(sim::Plant& plant) : plant_(plant) {}
 

@@ -85,6 +85,12 @@ TEST_F(PlantFolder, ChangesAreKept) {
   EXPECT_NE(again.plant.FindDus(3)->FindControl("k\xF6k"), nullptr);
 }
 
+std::string Numbered(std::size_t lines) {
+  std::string text;
+  for (std::size_t line = 1; line <= lines; ++line) text += std::to_string(line) + " x\n";
+  return text;
+}
+
 TEST_F(PlantFolder, FaultsNameTheFileAndThePlace) {
   struct Case {
     std::string file;
@@ -94,8 +100,9 @@ TEST_F(PlantFolder, FaultsNameTheFileAndThePlace) {
   const std::vector<Case> cases = {
       {"HUS/OUTSTATION.TXT", "Kind = 3\n", "HUS/OUTSTATION.TXT: line 1: expected"},
       {"HUS/OUTSTATION.TXT", "\nDus = 0\n", "HUS/OUTSTATION.TXT: line 2: expected"},
-      {"HUS/OUTSTATION.TXT", "Dus = 40000\n", "HUS/OUTSTATION.TXT: line 1: expected"},
+      {"HUS/OUTSTATION.TXT", "Dus = 32768\n", "HUS/OUTSTATION.TXT: line 1: expected"},
       {"HUS/WDC.TXT", "HEAD\n5 a\n5 b\n", "HUS/WDC.TXT: line 3: the number 5 occurs twice"},
+      {"HUS/WDC.TXT", Numbered(kMostLines + 1), "HUS/WDC.TXT: line"},
       {"HUS/SDC.TXT", "HEAD\nHEAD\n", "HUS/SDC.TXT: line 2: begins with no line number"},
       {"HUS/OVC.TXT", std::string("1 a\0b\n", 6), "HUS/OVC.TXT: line 1: longer than"},
       {"HUS/OVC.TXT", std::string(2 << 20, 'x'), "HUS/OVC.TXT: larger than 1 MiB"},
@@ -111,6 +118,10 @@ TEST_F(PlantFolder, FaultsNameTheFileAndThePlace) {
     EXPECT_NE(loaded.error.find(wanted), std::string::npos) << loaded.error;
     EXPECT_TRUE(loaded.plant.outstations.empty());
   }
+  fs::remove_all(root_);
+  Write("HUS/OUTSTATION.TXT", "Dus = 32767\n");
+  Write("HUS/SDC.TXT", Numbered(kMostLines));
+  EXPECT_EQ(Load().error, "");
   fs::remove_all(root_);
   EXPECT_NE(Load().error.find(Utf8Of(root_)), std::string::npos);
   Write("A/OUTSTATION.TXT", "Dus = 3\n");

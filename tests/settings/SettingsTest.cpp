@@ -44,16 +44,40 @@ TEST(Settings, WithoutAFileTheMinimaHoldAndAreTold) {
   EXPECT_EQ(started.settings.TopicComboIndex, 0);
 }
 
-TEST(Settings, SixteenBitsAreTheLimit) {
-  EXPECT_EQ(Start("[general]\nDisconnectTime=6553\nGetTSCTimeout=5.5\n").settings.DisconnectTicks,
-            32765);
-  EXPECT_EQ(Start("[general]\nDisconnectTime=60\nGetTSCTimeout=5.5\n").settings.GetTSCTimeoutTicks,
-            30);
-  const Started tooLong = Start("[general]\nDisconnectTime=6554\nGetTSCTimeout=5\n");
-  EXPECT_FALSE(tooLong.ok);
-  EXPECT_EQ(tooLong.shown, Shown{"x T500"});
-  EXPECT_FALSE(Start("[general]\nDisconnectTime=60\nGetTSCTimeout=1e9\n").ok);
-  EXPECT_EQ(Start("[general]\nDisconnectTime=-1e9\nGetTSCTimeout=5\n").ok, false);
+TEST(Settings, NumbersHaveLimits) {
+  using Number = std::int16_t Settings::*;
+  const struct {
+    const char* entry;
+    Number number;
+    std::int16_t value;  // 0: start-up ends
+    const char* shown = "";
+  } cases[] = {
+      {"DisconnectTime=59", &Settings::DisconnectTicks, 300, "n T59"},
+      {"DisconnectTime=60", &Settings::DisconnectTicks, 300},
+      {"DisconnectTime=61", &Settings::DisconnectTicks, 305},
+      {"DisconnectTime=6553", &Settings::DisconnectTicks, 32765},
+      {"DisconnectTime=6554", &Settings::DisconnectTicks, 0, "x T500"},
+      {"DisconnectTime=-1e9", &Settings::DisconnectTicks, 0, "x T500"},
+      {"GetTSCTimeout=4", &Settings::GetTSCTimeoutTicks, 25, "n T60"},
+      {"GetTSCTimeout=5", &Settings::GetTSCTimeoutTicks, 25},
+      {"GetTSCTimeout=5.5", &Settings::GetTSCTimeoutTicks, 30},
+      {"GetTSCTimeout=1e9", &Settings::GetTSCTimeoutTicks, 0, "x T500"},
+      {"SDCLastTwoDigitYear=19", &Settings::SDCLastTwoDigitYear, 20},
+      {"SDCLastTwoDigitYear=21", &Settings::SDCLastTwoDigitYear, 21},
+      {"SDCLastTwoDigitYear=93", &Settings::SDCLastTwoDigitYear, 93},
+      {"SDCLastTwoDigitYear=94", &Settings::SDCLastTwoDigitYear, 0, "x T500"},
+      {"SDCLastYear=2029", &Settings::SDCLastYear, 2030},
+      {"SDCLastYear=2031", &Settings::SDCLastYear, 2031},
+      {"SDCLastYear=9999", &Settings::SDCLastYear, 9999},
+      {"SDCLastYear=10000", &Settings::SDCLastYear, 0, "x T500"},
+  };
+  for (const auto& each : cases) {  // the first of two entries counts
+    const Started started =
+        Start(std::string("[general]\n") + each.entry + "\nDisconnectTime=60\nGetTSCTimeout=5\n");
+    EXPECT_EQ(started.ok, each.value != 0) << each.entry;
+    EXPECT_TRUE(!started.ok || started.settings.*each.number == each.value) << each.entry;
+    EXPECT_EQ(started.shown, *each.shown == '\0' ? Shown{} : Shown{each.shown}) << each.entry;
+  }
 }
 
 TEST(Settings, YesIsOnlyYes) {
@@ -90,7 +114,8 @@ TEST(CommandLine, OptionsAreTakenOutBeforeTheSwitches) {
             std::string("C:\\DATA") + separator);
   EXPECT_EQ(IniPathOf(ParseCommandLine({}), "/p/"), "/p/");
   EXPECT_EQ(WithSeparator("c:/data/"), "c:/data/");
-  EXPECT_EQ(ParseCommandLine({"--dir"}).missingValue, "--dir");
+  EXPECT_TRUE(ParseCommandLine({"--dir"}).error.starts_with("--dir"));
+  EXPECT_NE(ParseCommandLine({"/LOCAL", "--help"}).help, "");
 }
 
 }  // namespace

@@ -10,7 +10,7 @@
 #include "settings/FileProfile.h"
 #include "support/FakeTags.h"
 #include "support/MemoryFiles.h"
-#include "support/MemoryLink.h"
+#include "support/MemoryTransport.h"
 #include "support/ScriptedPrompts.h"
 #include "support/VirtualTurn.h"
 
@@ -112,8 +112,8 @@ class TestSession {
   FileProfile profile{files, "/ini/ZEKView.INI"};
   VirtualTurn turn;
   ScriptedPrompts prompts;
-  MemoryLink socket{turn};
-  MemoryLink dde{turn};
+  MemoryTransport socket{turn};
+  MemoryTransport dde{turn};
   FakeTags tags;
   ZV_Proc proc{Outside{files, profile, turn, prompts, socket, dde, tags}};
 

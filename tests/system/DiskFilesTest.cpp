@@ -50,6 +50,14 @@ TEST_F(DiskFilesTest, ErrorsNameTheFileAndTheReason) {
   EXPECT_EQ(noFolder->reason, FileError::Reason::Missing);
 }
 
+TEST_F(DiskFilesTest, AFileThatIsTooLargeIsNotRead) {
+  EXPECT_FALSE(files.Write(folder + "x", ""));
+  std::filesystem::resize_file(temporary.Path() / "x", kLargestFile);
+  EXPECT_EQ(files.Read(folder + "x").bytes.size(), std::size_t{kLargestFile});
+  std::filesystem::resize_file(temporary.Path() / "x", std::uintmax_t{kLargestFile} + 1);
+  EXPECT_TRUE(files.Read(folder + "x").error);
+}
+
 TEST_F(DiskFilesTest, AFailedWriteLeavesTheOldFileAndNothingElse) {
   std::filesystem::create_directory(temporary.Path() / "taken");  // nothing moves over a folder
   std::filesystem::create_directory(temporary.Path() / "taken" / "inside");

@@ -82,7 +82,7 @@ Replay::Replay(const Dialogue& dialogue) : dialogue_(dialogue) {
                                     dialogue.address + ",Plant\r\n[X]\r\nAHU1=Air\r\n";
   Load("");
   Select("X/AHU1");
-  for (test::MemoryLink* link : {&socket, &dde}) {
+  for (test::MemoryTransport* link : {&socket, &dde}) {
     link->onConnected = [this] { Answer(""); };
     link->onSent = [this](std::string_view bytes) { Answer(std::string(bytes)); };
   }

@@ -4,24 +4,16 @@
 #include <vector>
 
 #include <wx/accel.h>
-#include <wx/wxcrt.h>
 
 #include "forms/calendar/ZV_SDCForm.h"
 #include "lang/TextNumbers.h"
+#include "ui/Mnemonics.h"
 #include "ui/WxText.h"
 
 namespace zek {
 namespace {
 
 CalendarDate DateOf(const LocalTime& now) { return {now.year, now.month - 1, now.day}; }
-
-// The letter behind the "&" of a frame's caption, folded; 0 without one.
-int LetterOf(const wxStaticBox& frame) {
-  const wxString caption = frame.GetLabel();
-  const std::size_t mark = caption.find('&');
-  if (mark == wxString::npos || mark + 1 == caption.length()) return 0;
-  return wxToupper(static_cast<int>(caption[mark + 1].GetValue()));
-}
 
 }  // namespace
 
@@ -70,7 +62,7 @@ void ZV_SDC::BindEvents() {
 void ZV_SDC::BuildAccelerators() {
   std::vector<wxAcceleratorEntry> keys;
   const auto lead = [&](const wxStaticBox* frame, const std::function<wxWindow*()>& target) {
-    const int letter = LetterOf(*frame);
+    const int letter = MnemonicOf(frame->GetLabel());
     if (letter == 0) return;
     const int id = wxID_HIGHEST + 1 + static_cast<int>(keys.size());  // no control's own
     keys.emplace_back(wxACCEL_ALT, letter, id);

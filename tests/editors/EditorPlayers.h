@@ -1,0 +1,311 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "editors/CalendarEditor.h"
+#include "editors/ExceptionEditor.h"
+#include "editors/WeekdayEditor.h"
+#include "formats/CalendarRecords.h"
+#include "formats/FormatCases.h"
+#include "support/TestSession.h"
+
+// Editors that are driven by commands of words; "_" is a blank within a word. Every command gives a
+// line: what is shown, what can be done ("changed", "undo", "redo"), what the user was told.
+namespace zek::test {
+
+using Words = std::vector<std::string>;
+
+class Player {
+ public:
+  explicit Player(const FormatCase& given) : given_(given) {
+    for (const std::string& line : given.lines)
+      (line[0] == '=' ? lines_ : commands_).push_back(line[0] == '=' ? line.substr(1) : line);
+  }
+  Player(const Player&) = delete;
+  Player& operator=(const Player&) = delete;
+  virtual ~Player() = default;
+
+  std::string PlayAll() {
+    std::string outcome = Told() + "\n";
+    for (const std::string& command : commands_) outcome += Play(command) + "\n";
+    return outcome;
+  }
+
+  std::string Play(const std::string& command) {
+    std::istringstream in(command);
+    Words words;
+    for (std::string word; in >> word;) {
+      std::replace(word.begin(), word.end(), '_', ' ');
+      words.push_back(word);
+    }
+    words.resize(std::max<std::size_t>(words.size(), 3));
+    const std::string shown = words[0] == "save" ? Saved(words) : Do(words);
+    const EditState state = State();
+    return shown + (state.changed ? " changed" : "") + (state.canUndo ? " undo" : "") +
+           (state.canRedo ? " redo" : "") + Told();
+  }
+
+  virtual EditState State() const = 0;
+
+ protected:
+  virtual std::string Do(const Words& words) = 0;
+  virtual SaveOutcome Save(const CatalogueWriter& writer) = 0;
+
+  Access access() const { return given_.Has("view") ? Access::ViewOnly : Access::Edit; }
+  char separator() const { return given_.Has("comma") ? ',' : '.'; }
+  static std::size_t Number(const std::string& word) { return std::stoul(word); }
+
+  const FormatCase& given_;
+  std::vector<std::string> lines_;
+  TestSession session_;
+  ScriptedPrompts& prompts_ = session_.prompts;
+
+ private:
+  // "save 2 yes no": the first two writes fail, the questions are answered.
+  std::string Saved(const Words& words) {
+    std::size_t failures = words[1].empty() ? 0 : Number(words[1]);
+    for (std::size_t word = 2; word < words.size(); ++word)
+      if (!words[word].empty()) prompts_.answers.push_back(words[word] == "yes");
+    std::string written;
+    const SaveOutcome outcome = Save([&](const Words& lines) {
+      written += " [";
+      for (const std::string& line : lines) written += line + ";";
+      written += "]";
+      return failures-- == 0;
+    });
+    constexpr std::array outcomes = {"not tried", "given up", "written"};
+    return outcomes.at(static_cast<std::size_t>(outcome)) + written;
+  }
+
+  std::string Told() {
+    std::string told;
+    for (const std::string& message : prompts_.shown) told += " <" + Filled(message) + ">";
+    prompts_.shown.clear();
+    return told;
+  }
+
+  SaveOutcome SaveEdited(const std::optional<EditedCatalogue>& edited,
+                         const CatalogueWriter& writer) {
+    if (!edited) return SaveOutcome::NotTried;
+    return SaveWithRetry(*edited, writer, {session_.proc.texts, prompts_});
+  }
+
+  std::vector<std::string> commands_;
+};
+
+class WeekdayPlayer final : public Player {
+ public:
+  explicit WeekdayPlayer(const FormatCase& given) : Player(given) {
+    session_.proc.texts = NamedTexts("");
+    if (editor_.Refused()) ShowRefused(*editor_.Refused(), prompts_, session_.proc.texts);
+  }
+
+  EditState State() const override { return editor_.State(); }
+  const WeekdayTable& Table() const { return editor_.Table(); }
+
+ protected:
+  std::string Do(const Words& words) override {
+    const std::string& what = words[0];
+    const std::size_t at = words[1].empty() ? 0 : Number(words[1]);
+    if (what == "type") editor_.ShowType(at);
+    if (what == "row") editor_.ShowRow(at);
+    if (what == "column") editor_.FocusColumn(at);
+    if (what == "start") editor_.EnterStart(at, words[2]);
+    if (what == "stop") editor_.EnterStop(at, words[2]);
+    if (what == "on") editor_.EnterValueOn(at, words[2]);
+    if (what == "off") editor_.EnterValueOff(at, words[2]);
+    if (what == "copy") editor_.Copy();
+    if (what == "erase") editor_.Erase();
+    if (what == "lost") editor_.CountLost(at);
+    if (what == "undo") return Place(editor_.Undo());
+    if (what == "redo") return Place(editor_.Redo());
+    if (what == "walk") return Walk();
+    return Shown(words[1].empty() ? editor_.Column() : at);
+  }
+  SaveOutcome Save(const CatalogueWriter& writer) override {
+    return SaveEdited(editor_.Edited(), writer);
+  }
+
+ private:
+  // The box's place, and what is shown there.
+  std::string Shown(std::size_t column) const {
+    std::string shown = Filled(editor_.TypeCaption(editor_.Type(), session_.proc.texts)) + " " +
+                        std::to_string(editor_.Row()) + "/" + std::to_string(column) + ":";
+    for (const std::string& text : {editor_.StartText(column), editor_.StopText(column),
+                                    editor_.ValueOnText(column), editor_.ValueOffText(column)})
+      shown += " " + (text.empty() ? "-" : text);
+    return shown;
+  }
+  std::string Place(const std::optional<WeekdayFocus>& focus) const {
+    if (!focus) return "nothing";
+    return Shown(focus->column) + " box " + std::to_string(static_cast<int>(focus->box));
+  }
+  // Over all boxes by the Enter key, each left as it is.
+  std::string Walk() {
+    WeekdayFocus at;
+    std::string way;
+    do {
+      const std::size_t column = at.column;
+      way += std::to_string(static_cast<int>(at.box)) + std::to_string(column) + " ";
+      if (at.box == WeekdayBox::Start) editor_.EnterStart(column, editor_.StartText(column));
+      if (at.box == WeekdayBox::Stop) editor_.EnterStop(column, editor_.StopText(column));
+      if (at.box == WeekdayBox::ValueOn) editor_.EnterValueOn(column, editor_.ValueOnText(column));
+      if (at.box == WeekdayBox::ValueOff)
+        editor_.EnterValueOff(column, editor_.ValueOffText(column));
+      at = NextFocus(at);
+    } while (at != WeekdayFocus{});
+    return way + (editor_.HasStopValues() ? "with stop values" : "without stop values");
+  }
+
+  WeekdayEditor editor_{lines_, given_.Name(), separator(), access()};
+};
+
+class ExceptionPlayer final : public Player {
+ public:
+  explicit ExceptionPlayer(const FormatCase& given) : Player(given) {
+    session_.proc.texts = NamedTexts("");
+    for (const RefusedException& refused : editor_.Refused())
+      ShowRefused(refused, prompts_, session_.proc.texts);
+  }
+
+  EditState State() const override { return editor_.State(); }
+  const ExceptionTable& Table() const { return editor_.Table(); }
+
+ protected:
+  std::string Do(const Words& words) override {
+    const std::string& what = words[0];
+    std::size_t row = words[1].empty() || what == "first" ? editor_.Row() : Number(words[1]);
+    if (what == "row") editor_.FocusRow(row);
+    if (what == "enter") Enter(row, {words.begin() + 2, words.end()});
+    if (what == "erase") row = editor_.Erase();
+    if (what == "first") session_.profile.WriteIni("SaveOptionsZEK1", "OVCStartRow", words[1]);
+    if (what == "undo") return Place(editor_.Undo());
+    if (what == "redo") return Place(editor_.Redo());
+    if (what == "walk") return Walk();
+    return Shown(row);
+  }
+  SaveOutcome Save(const CatalogueWriter& writer) override {
+    return SaveEdited(editor_.Edited(session_.proc.Numbers()), writer);
+  }
+
+ private:
+  // "date=2026-12-24 start=08:00": typed into boxes of a row, of which the last one is left.
+  void Enter(std::size_t row, const Words& entries) {
+    constexpr std::array boxes = {"date", "start", "on", "until", "stop", "off"};
+    ExceptionTexts typed = editor_.RowTexts(row);
+    ExceptionBox box{};
+    for (const std::string& entry : entries) {
+      const std::size_t equals = entry.find('=');
+      const auto* const found = std::find(boxes.begin(), boxes.end(), entry.substr(0, equals));
+      box = static_cast<ExceptionBox>(found - boxes.begin());
+      typed[box] = entry.substr(equals + 1);
+    }
+    ShowWrong(editor_.Enter({box, row}, typed), prompts_, session_.proc.texts);
+  }
+  std::string Shown(std::size_t row) const {
+    std::string shown = std::to_string(row) + ":";
+    for (const std::string& text : editor_.RowTexts(row).texts)
+      shown += " " + (text.empty() ? "-" : text);
+    return shown;
+  }
+  std::string Place(const std::optional<ExceptionFocus>& focus) const {
+    if (!focus) return "nothing";
+    return Shown(editor_.Row()) + " box " + std::to_string(static_cast<int>(focus->box));
+  }
+  std::string Walk() {
+    ExceptionFocus at;
+    std::string way;
+    do {
+      way += std::to_string(at.row) + std::to_string(static_cast<int>(at.box)) + " ";
+      ShowWrong(editor_.Enter(at, editor_.RowTexts(at.row)), prompts_, session_.proc.texts);
+      at = NextFocus(at);
+    } while (at != ExceptionFocus{});
+    return way;
+  }
+
+  // It is half past one in the afternoon of the first of August 2026.
+  ExceptionEditor editor_{lines_,
+                          {given_.Name(), given_.Has("ZEK2") ? Generation::Zek2 : Generation::Zek1},
+                          separator(),
+                          access(),
+                          [] { return DateMoment(2026, 8, 1) + TimeMoment(13, 30); }};
+};
+
+class CalendarPlayer final : public Player {
+ public:
+  explicit CalendarPlayer(const FormatCase& given) : Player(given) {
+    session_.proc.texts = NamedTexts(
+        "205=Mandag\n206=Tisdag\n207=Onsdag\n208=Torsdag\n209=Fredag\n210=Lordag\n211=\xD6ndag\n"
+        "212=January\n213=February\n217=June\n222=November\n223=December\n"
+        "230=   Ma Ti On To Fr Lo So SD1SD2SD3SD4SD5SD6SD7");
+    for (const RefusedDates& refused : editor_.Refused())
+      ShowRefused(refused, prompts_, session_.proc.texts);
+  }
+
+  EditState State() const override { return editor_.State(); }
+  const CalendarTable& Table() const { return editor_.Table(); }
+
+ protected:
+  std::string Do(const Words& words) override {
+    const std::string& what = words[0];
+    const LanguageTexts& texts = session_.proc.texts;
+    const bool mouse = words[1].empty() || words[1] == "-";
+    const std::optional<int> day =
+        mouse ? std::nullopt : std::optional(std::atoi(words[1].c_str()));
+    if (what == "press") editor_.Press(day);
+    if (what == "drag") editor_.Drag(day);
+    if (what == "release") editor_.Release(day, prompts_, texts);
+    if (what == "cancel") editor_.CancelDrag();
+    if (what == "type") editor_.ChooseType(*day);
+    if (what == "apply") editor_.Apply(prompts_, texts);
+    if (what == "year") editor_.ShowYear(*day);
+    if (what == "month") editor_.ShowMonth(*day);
+    if (what == "step" && !editor_.Step(*day)) return "no step";
+    if (what == "undo" && !editor_.Undo()) return "nothing";
+    if (what == "redo" && !editor_.Redo()) return "nothing";
+    if (what == "move" || what == "extend") editor_.MoveCursor(MoveOf(words[1]), what == "extend");
+    if (what == "cell") return Cell(*day);
+    if (what == "dates") return Dates();
+    const auto selection = editor_.Selection();
+    return Filled(editor_.MonthText(texts)) + " " + std::to_string(editor_.Cursor()) +
+           (selection ? " selected " + std::to_string(selection->first) + ".." +
+                            std::to_string(selection->last)
+                      : "");
+  }
+  SaveOutcome Save(const CatalogueWriter& writer) override {
+    return SaveEdited(editor_.Edited(), writer);
+  }
+
+ private:
+  static CalendarMove MoveOf(const std::string& word) {
+    constexpr std::array moves = {"left", "right", "up", "down", "home", "end"};
+    return static_cast<CalendarMove>(std::find(moves.begin(), moves.end(), word) - moves.begin());
+  }
+  std::string Cell(int day) const {
+    const CalendarCell cell = editor_.Cell(day, session_.proc.texts);
+    constexpr std::array colours = {"ordinary", "free", "selected"};
+    return cell.number + " '" + cell.type + "' " +
+           colours.at(static_cast<std::size_t>(cell.Colour())) + (cell.today ? " today: " : ": ") +
+           Filled(editor_.CellName(day, session_.proc.texts));
+  }
+  std::string Dates() const {
+    std::string dates;
+    const auto records = CalendarRecords(editor_.Table(), {});
+    if (records.size() > 30) return std::to_string(records.size()) + " dates";
+    for (const std::string& record : records) dates += record.substr(2) + " ";
+    return dates;
+  }
+  CalendarDate Today() const {
+    return given_.Has("today")
+               ? CalendarDate{given_.Number("today"), given_.Number("month"), given_.Number("day")}
+               : CalendarDate{2026, 11, 24};  // a Thursday
+  }
+
+  CalendarEditor editor_{lines_, given_.Name(), {Generation::Zek1, 30, 2030}, Today(), access()};
+};
+
+}  // namespace zek::test

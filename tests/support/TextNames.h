@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <regex>
+#include <string>
+
+#include "lang/LanguageTexts.h"
+
+namespace zek::test {
+
+/// The names of the text numbers, "kCatalogueFull".
+inline const std::map<int, std::string>& TextNames() {
+  static const std::map<int, std::string> names = {
+#define ZEK_TEXT(name, number) {number, #name},
+#define ZEK_BUILT_IN(name, number, swedish) {number, #name},
+#include "lang/Texts.def"
+#undef ZEK_TEXT
+#undef ZEK_BUILT_IN
+  };
+  return names;
+}
+
+/// The name of a text; the digits of one without.
+inline std::string TextName(std::int32_t number) {
+  const auto found = TextNames().find(number);
+  return found == TextNames().end() ? std::to_string(number) : found->second;
+}
+
+/// A language whose texts are their names and what is put into them, but for those given.
+inline LanguageTexts NamedTexts(std::string language) {
+  for (const auto& [number, name] : TextNames())
+    language += "\n" + std::to_string(number) + "=" + name + " %1 %2 %3 %4 %5 %6";
+  LanguageTexts texts;
+  texts.Read(language);
+  return texts;
+}
+
+/// A message without the places that nothing was put into.
+inline std::string Filled(const std::string& message) {
+  return std::regex_replace(message, std::regex(" %\\d"), "");
+}
+
+}  // namespace zek::test
