@@ -8,9 +8,10 @@
 
 namespace zek {
 
-/// A DDE conversation as a transport: an automatic link on item "TRANSPARENT" brings the text, pokes of
-/// the same item carry the commands. All transactions are asynchronous, and what the system reports
-/// inside a message is posted to the event loop, so that no handler ever runs inside a DDE call.
+/// A DDE conversation as a transport: an automatic link on item "TRANSPARENT" brings the text,
+/// pokes of the same item carry the commands. All transactions are asynchronous, and what the
+/// system reports inside a message is posted to the event loop, so that no handler ever runs inside
+/// a DDE call.
 ///
 /// The communication server may also call back: what it pokes into item "Text_CTServCallBack" of
 /// our own service "ZEKView", topic "ZV_Main", is reply text like any other, a line by itself. It

@@ -11,8 +11,8 @@
 
 namespace zek {
 
-/// A TCP/IP socket as a transport. All events come through the event loop of the program, which never
-/// stands still: also a host name is looked up beside it.
+/// A TCP/IP socket as a transport. All events come through the event loop of the program, which
+/// never stands still: also a host name is looked up beside it.
 class WxTcpTransport final : public wxEvtHandler, public Transport {
  public:
   explicit WxTcpTransport(HostLookup::Resolve resolve = LookUpHost);

@@ -57,6 +57,12 @@ class Player {
 
   Access access() const { return given_.Has("view") ? Access::ViewOnly : Access::Edit; }
   char separator() const { return given_.Has("comma") ? ',' : '.'; }
+  SaveOutcome SaveEdited(const std::optional<EditedCatalogue>& edited,
+                         const CatalogueWriter& writer) {
+    if (!edited) return SaveOutcome::NotTried;
+    return SaveWithRetry(*edited, writer, {session_.proc.texts, prompts_});
+  }
+
   static std::size_t Number(const std::string& word) { return std::stoul(word); }
 
   const FormatCase& given_;
@@ -86,12 +92,6 @@ class Player {
     for (const std::string& message : prompts_.shown) told += " <" + Filled(message) + ">";
     prompts_.shown.clear();
     return told;
-  }
-
-  SaveOutcome SaveEdited(const std::optional<EditedCatalogue>& edited,
-                         const CatalogueWriter& writer) {
-    if (!edited) return SaveOutcome::NotTried;
-    return SaveWithRetry(*edited, writer, {session_.proc.texts, prompts_});
   }
 
   std::vector<std::string> commands_;
