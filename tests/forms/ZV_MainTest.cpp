@@ -159,9 +159,9 @@ TEST_F(ZV_MainTest, AFloodOfLinesIsShownInBatches) {
 
 TEST_F(ZV_MainTest, TheLogIsSavedOpenedAndEmptied) {
   Open();
-  const std::string path = world_->directory + "logg.txt";
+  std::string path = world_->directory + "logg.txt";
   const auto saved = [&] { return world_->files.Read(path).bytes; };
-  form_->AskFile = [path](bool) { return path; };
+  form_->AskFile = [&path](bool) { return path; };
   proc().log.Add("f\xF6rsta\t");
   proc().log.Add("andra");
   Command(*form_, wxEVT_MENU, Menu_Debug_Save);
@@ -180,8 +180,8 @@ TEST_F(ZV_MainTest, TheLogIsSavedOpenedAndEmptied) {
 TEST_F(ZV_MainTest, EveryByteOfAReplyIsOneLineOnTheScreenAndInTheSavedLog) {
   Open();
   Connect();
-  const std::string path = world_->directory + "bytes.txt";
-  form_->AskFile = [path](bool) { return path; };
+  std::string path = world_->directory + "bytes.txt";
+  form_->AskFile = [&path](bool) { return path; };
   std::size_t right = 0;
   for (const int first : {0, 128}) {  // the log holds 250 lines
     proc().log.Replace({});
