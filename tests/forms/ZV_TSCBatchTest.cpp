@@ -4,6 +4,7 @@
 #include <wx/statusbr.h>
 
 #include "BrowserFixture.h"
+#include "system/Paths.h"
 
 namespace zek::window {
 namespace {

@@ -2,11 +2,11 @@
 // the old file or the new one, never a torn one, and a failure is told.
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <iostream>
-#include <map>
 #include <unistd.h>
 
 #include "app/StartSession.h"
@@ -122,20 +122,22 @@ bool IsPartOf(const std::string& file, const std::string& whole) {
   return true;
 }
 
+bool Holds(const Tree& tree, const std::string& name, const std::string& bytes) {
+  return tree.contains(name) && tree.at(name) == bytes;
+}
+bool IsLeftOver(const std::string& name) { return IsBesideName(name.substr(name.rfind('/') + 1)); }
+
 struct Case {
   const Step& step;
   CallFault fault;
   FileCall call;
 
   std::string Name() const {
-    static const std::map<Kind, std::string> names = {{Kind::Error, "error"},
-                                                      {Kind::Half, "half"},
-                                                      {Kind::KillBefore, "killed before"},
-                                                      {Kind::KillHalf, "killed in"},
-                                                      {Kind::KillAfter, "killed after"}};
+    static constexpr std::array kNames = {"nothing",       "error",     "half",
+                                          "killed before", "killed in", "killed after"};
     return step.name + ", call " + std::to_string(fault.at) + " " + call.name + " " + call.path +
-           ": " + names.at(fault.kind) + " " + std::to_string(fault.code) +
-           (fault.lasting ? " from there on" : "");
+           ": " + kNames.at(static_cast<std::size_t>(fault.kind)) + " " +
+           std::to_string(fault.code) + (fault.lasting ? " from there on" : "");
   }
 };
 
@@ -183,19 +185,18 @@ class Saving : public ::testing::Test {
     const Tree now = test::TreeOf(home);
     const bool done = !outcome.killed && outcome.status == kDone;
     for (const auto& [name, bytes] : now) {
-      const auto old = before.find(name);
-      const auto fresh = whole.find(name);
-      if (old == before.end() && fresh == whole.end()) {
-        if (!IsBesideName(name.substr(name.rfind('/') + 1))) return name + " is unknown";
+      const bool isOld = Holds(before, name, bytes);
+      const bool isNew = Holds(whole, name, bytes);
+      if (!before.contains(name) && !whole.contains(name)) {
+        if (!IsLeftOver(name)) return name + " is unknown";
         if (done) return name + " is left though all went well";
-        continue;
+      } else if (done && !isNew) {
+        return name + " is not new though all went well";
+      } else if (!isOld && !isNew &&
+                 !(name.starts_with("Batch/") && whole.contains(name) &&
+                   IsPartOf(bytes, whole.at(name)))) {
+        return name + " is torn";
       }
-      const bool isOld = old != before.end() && bytes == old->second;
-      const bool isNew = fresh != whole.end() && bytes == fresh->second;
-      const bool isPart = name.starts_with("Batch/") && fresh != whole.end() && !done &&
-                          IsPartOf(bytes, fresh->second);
-      if (!isOld && !isNew && !isPart) return name + " is torn";
-      if (done && !isNew) return name + " is old though all went well";
     }
     for (const auto& [name, bytes] : before) {
       if (!now.contains(name) && whole.contains(name)) return name + " is gone";
@@ -215,9 +216,8 @@ class Saving : public ::testing::Test {
     const Outcome again = Run(step, {});
     if (again.status != kDone) return "afterwards: " + again.told;
     for (const auto& [name, bytes] : test::TreeOf(home)) {
-      if (IsBesideName(name.substr(name.rfind('/') + 1))) return name + " stays for ever";
-      const auto fresh = whole.find(name);
-      if (fresh == whole.end() || fresh->second != bytes) return name + " differs afterwards";
+      if (IsLeftOver(name)) return name + " stays for ever";
+      if (!Holds(whole, name, bytes)) return name + " differs afterwards";
     }
     return {};
   }
@@ -286,17 +286,17 @@ TEST_F(Saving, WhatIsRenamedWasFlushed) {
     for (std::size_t at = 0; at < calls.size(); ++at) {
       if (calls[at].name != "rename") continue;
       ++renames;
-      const auto isOf = [](const std::string& path, const char* name) {
-        return
-            [&path, name](const FileCall& call) { return call.name == name && call.path == path; };
+      // The first such call from one on; `calls.size()` when there is none.
+      const auto next = [&calls](std::size_t from, const char* name, const std::string& path) {
+        while (from < calls.size() && (calls[from].name != name || calls[from].path != path))
+          ++from;
+        return from;
       };
       const std::string directory = calls[at].to.substr(0, calls[at].to.rfind('/') + 1);
-      const auto rename = calls.begin() + static_cast<std::ptrdiff_t>(at);
-      const auto flush = std::find_if(calls.begin(), rename, isOf(calls[at].path, "fsync"));
-      EXPECT_NE(flush, rename) << step.name;
-      EXPECT_EQ(std::find_if(flush, rename, isOf(calls[at].path, "write")), rename) << step.name;
-      EXPECT_NE(std::find_if(rename, calls.end(), isOf(directory, "fsync")), calls.end())
-          << step.name;
+      const std::size_t flush = next(0, "fsync", calls[at].path);
+      EXPECT_LT(flush, at) << step.name;
+      EXPECT_GT(next(flush, "write", calls[at].path), at) << step.name;
+      EXPECT_LT(next(at, "fsync", directory), calls.size()) << step.name;
     }
     EXPECT_GT(renames, 0) << step.name;
   }
