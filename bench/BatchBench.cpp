@@ -9,7 +9,7 @@
 #include "export/BatchExport.h"
 #include "settings/FileProfile.h"
 #include "support/FakeTags.h"
-#include "support/MemoryLink.h"
+#include "support/MemoryTransport.h"
 #include "support/ScriptedPrompts.h"
 #include "support/VirtualTurn.h"
 #include "system/DiskFiles.h"
@@ -82,8 +82,8 @@ class StoredPlant {
   FileProfile profile_{files, directory_ + "ZEKView.INI"};
   test::VirtualTurn turn_;
   test::ScriptedPrompts prompts_;
-  test::MemoryLink socket_{turn_};
-  test::MemoryLink dde_{turn_};
+  test::MemoryTransport socket_{turn_};
+  test::MemoryTransport dde_{turn_};
   test::FakeTags tags_;
   std::array<std::vector<std::string>, 3> copies_;
 

@@ -9,6 +9,11 @@ else()
 endif()
 # GCC 12 sees overlaps in plain string assignments that are none (its bug 105329).
 target_compile_options(zekview-options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
+# Debug information names files from the root of the project, wherever the clone is: with the base
+# directory of the presets the compiler's cache then serves every clone.
+if(NOT MSVC)
+  target_compile_options(zekview-options INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+endif()
 target_include_directories(zekview-options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 target_compile_definitions(zekview-options INTERFACE ZEKVIEW_VERSION="${PROJECT_VERSION}")
 if(WIN32)

@@ -37,7 +37,7 @@ void Desktop(const Words& arguments) {
 
 void Commands(const Words& arguments) {
   const cli::Arguments parsed = cli::ParseArguments(arguments);
-  if (parsed.help || !parsed.error.empty()) return;
+  if (!parsed.help.empty() || !parsed.error.empty()) return;
   Words built;
   if (parsed.dir) built.insert(built.end(), {"--dir", *parsed.dir});
   if (parsed.ini) built.insert(built.end(), {"--ini", *parsed.ini});
@@ -66,7 +66,8 @@ void CommandLines(std::string_view input) {
   Desktop(arguments);
   Commands(arguments);
   const sim::PlantOptions options = sim::ReadPlantOptions(arguments);
-  if (!arguments.empty() && arguments.front() == "--help") Demand(options.help, "help is given");
+  if (!arguments.empty() && arguments.front() == "--help")
+    Demand(!options.help.empty() || !options.error.empty(), "help is given");
 }
 
 }  // namespace zek::fuzz

@@ -18,7 +18,7 @@ LogPrompts NoPrompts() {
 }
 
 using TopicParts =
-    std::tuple<std::string, std::string, std::string, std::int16_t, bool, std::string, bool>;
+    std::tuple<std::string, std::string, std::string, Generation, bool, std::string, bool>;
 
 TopicParts PartsOf(const Topic& topic) {
   return {topic.TopicName,  topic.Address, topic.Description, topic.TopicType,
@@ -27,8 +27,8 @@ TopicParts PartsOf(const Topic& topic) {
 
 std::string EntryOf(const Topic& topic) {
   return topic.TopicName + "=" + (topic.ShowInList ? "YES," : "no,") +
-         std::to_string(topic.TopicType) + "," + topic.Address + "," + topic.Description + "," +
-         topic.Tag;
+         std::to_string(static_cast<int>(topic.TopicType)) + "," + topic.Address + "," +
+         topic.Description + "," + topic.Tag;
 }
 
 using NodeParts = std::tuple<std::string, std::string, std::string, std::int32_t>;

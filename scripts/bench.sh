@@ -6,6 +6,7 @@ set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
 
+scripts/setup.sh screen
 scripts/build.sh
 log=build/bench.log
 failed=()

@@ -9,6 +9,6 @@ case "$preset" in
   release | debug | asan) ;;
   *) die "There is no preset '$preset'; there are release, debug and asan." ;;
 esac
-scripts/setup.sh
+scripts/setup.sh run test bench
 configure "$preset"
 cmake --build --preset "$preset"

@@ -1,16 +1,26 @@
 #!/usr/bin/env python3
-"""Checks the data files: windows-1252 with CR LF ends, whole language files, unambiguous settings."""
+"""Checks the data files: windows-1252 with CR LF ends, unambiguous settings, and that the texts of
+the program, of every language file and of docs/texts.md are the same ones."""
 import pathlib
 import re
 import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-NUMBER = re.compile(r"constexpr std::int32_t \w+ = (\d+);")
+TABLE = pathlib.PurePath("src/lang/Texts.def")
+ROW = re.compile(r'^ZEK_(?:TEXT|BUILT_IN)\(k\w+, (\d+)', re.MULTILINE)
+BUILT_IN = re.compile(r'^ZEK_BUILT_IN\(k\w+, (\d+),(?:  //.*)?\s*((?:"(?:[^"\\]|\\.)*"\s*)+)\)',
+                      re.MULTILINE)
+BUILT_IN_LANGUAGE = "zek_lang.046"
+DOCUMENT = pathlib.PurePath("docs/texts.md")
+DOCUMENT_ROW = re.compile(r"^\| (\d[\d, to]*) \|", re.MULTILINE)
 # Captions that are shown side by side, so that a mnemonic may stand for one of them only.
 MENUS = [(10, 13), (11, 12), (201, 202, 203, 204)]
 DAY_TYPES = 230
 DAY_TYPES_LENGTH = 45  # none, seven weekdays, SD1 to SD7, three characters each
+# A language chooses one of two places: the weekday or month as in the captions, or with a small
+# initial.
+SAME_PLACES = {665: {"%5": "%1", "%6": "%3"}, 666: {"%2": "%1"}}
 
 
 def read_lines(path, findings):
@@ -63,6 +73,49 @@ def check_texts(path, texts, wanted, findings):
         findings.append(f"{path}: text {DAY_TYPES} is not {DAY_TYPES_LENGTH} characters long")
 
 
+def read_table(findings):
+    """The numbers of the table of texts, and those texts that are built in."""
+    source = (ROOT / TABLE).read_text()
+    numbers = [int(number) for number in ROW.findall(source)]
+    findings += [f"{TABLE}: text {number} is there twice"
+                 for number in sorted({n for n in numbers if numbers.count(n) > 1})]
+    texts = {int(number): "".join(re.findall(r'"((?:[^"\\]|\\.)*)"', literals))
+             for number, literals in BUILT_IN.findall(source)}
+    if len(texts) != source.count("\nZEK_BUILT_IN("):
+        findings.append(f"{TABLE}: a row of a built-in text can't be read")
+    return set(numbers), texts
+
+
+def documented():
+    numbers = set()
+    for row in DOCUMENT_ROW.findall((ROOT / DOCUMENT).read_text()):
+        for first, last in re.findall(r"(\d+)(?: to (\d+))?", row):
+            numbers |= set(range(int(first), int(last or first) + 1))
+    return numbers
+
+
+def places(number, text):
+    same = SAME_PLACES.get(number, {})
+    return {same.get(place, place) for place in re.findall("%[1-9]", text)}
+
+
+def check_all_texts(languages, findings):
+    """Every text is in the table or in a language file, and then in all of them and documented."""
+    table, built_in = read_table(findings)
+    wanted = table.union(*languages.values())
+    findings += [f"{DOCUMENT}: lacks text {number}" for number in sorted(wanted - documented())]
+    findings += [f"{DOCUMENT}: no text has number {number}"
+                 for number in sorted(documented() - wanted)]
+    swedish = next(texts for path, texts in languages.items() if path.name == BUILT_IN_LANGUAGE)
+    findings += [f"{TABLE}: text {number} is another in {BUILT_IN_LANGUAGE}"
+                 for number, text in built_in.items() if swedish.get(number, text) != text]
+    for path, texts in languages.items():
+        check_texts(path, texts, wanted, findings)
+        findings += [f"{path}: text {number} has other places than {BUILT_IN_LANGUAGE}"
+                     for number, text in texts.items()
+                     if places(number, text) != places(number, swedish.get(number, text))]
+
+
 def check_settings(path, lines, findings):
     """Of equal names only the first would count."""
     sections, keys = set(), set()
@@ -94,10 +147,7 @@ def main():
             languages[path] = read_texts(path, lines, findings)
         elif path.suffix == ".INI":
             check_settings(path, lines, findings)
-    wanted = set().union(*languages.values())
-    wanted |= {int(number) for number in NUMBER.findall((ROOT / "src/lang/TextNumbers.h").read_text())}
-    for path, texts in languages.items():
-        check_texts(path, texts, wanted, findings)
+    check_all_texts(languages, findings)
     print("\n".join(findings + [f"data: {len(paths)} files, {len(findings)} findings"]))
     return 1 if findings else 0
 

@@ -18,14 +18,17 @@ worktree_files() {
     done
 }
 
-# Configures build/PRESET when it is not, or when the presets changed since. Changes of the
-# CMakeLists.txt files are noticed by the build itself.
+# configure PRESET [TESTING]: configures build/PRESET when it is not, when the presets changed since,
+# or when tests are to be built and it has none. With TESTING=OFF it needs no packages of the tests.
+# Changes of the CMakeLists.txt files are noticed by the build itself.
 configure() {
-  local preset="$1" launcher=()
-  if [[ -f "build/$preset/build.ninja" && "build/$preset/configured" -nt CMakePresets.json ]]; then
+  local preset="$1" testing="${2:-ON}" folder="build/$1" options=()
+  if [[ -f $folder/build.ninja && $folder/configured -nt CMakePresets.json ]] &&
+    { [[ $testing == OFF ]] || grep -qx 'BUILD_TESTING:BOOL=ON' "$folder/CMakeCache.txt"; }; then
     return
   fi
-  if command -v ccache >/dev/null; then launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache); fi
-  cmake --preset "$preset" "${launcher[@]}"
-  touch "build/$preset/configured"
+  options=("-DBUILD_TESTING=$testing")
+  if command -v ccache >/dev/null; then options+=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache); fi
+  cmake --preset "$preset" "${options[@]}"
+  touch "$folder/configured"
 }

@@ -1,6 +1,13 @@
 # The demonstration: a program directory of its own and a simulated plant; sourced.
 # shellcheck shell=bash
 
+# Builds what a demonstration takes and nothing of the tests, which have packages of their own.
+build_demo() {
+  scripts/setup.sh run
+  configure release OFF
+  cmake --build --preset release --target zekview zekview-sim
+}
+
 # Lays out DIRECTORY as a program directory: languages, settings and the plant. What is newer there
 # stays, so that a demonstration goes on where the last one ended.
 prepare_demo() {

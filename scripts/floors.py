@@ -15,9 +15,9 @@ settings         command line, ZEKView.INI, settings
 formats          the three tables, their line formats and their export records
 comm             topics, links, connection, commands and replies
 catalogue        reading, sending and comparing catalogues; local copies; the object tree
-export           the batch export
 editors          the rules of the three editors and the pick-lists, without windows
 app              the session, and what every program does when it starts
+export           the batch export
 wxbase           event loop and sockets of the toolkit's base library
 ui               boxes, fonts, pictures and keys: the thin layer over the toolkit's windows
 forms            what the forms share

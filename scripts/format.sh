@@ -4,5 +4,5 @@ set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
 
-scripts/setup.sh
+scripts/setup.sh lint
 worktree_files '*.cpp' '*.h' | xargs -0 clang-format -i

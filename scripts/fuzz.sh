@@ -18,8 +18,8 @@ if [[ $# -eq 0 ]]; then
   for folder in fuzz/corpus/*/; do targets+=("$(basename "$folder")"); done
 fi
 
-scripts/setup.sh
-configure fuzz
+scripts/setup.sh run fuzz
+configure fuzz OFF
 cmake --build --preset fuzz --target zekview-fuzz
 
 # Long stacks of allocations and a large quarantine cost most of the time; an input that failed is

@@ -27,6 +27,10 @@ check_data() {
   scripts/check-data.py
 }
 
+check_floors() {
+  scripts/floors.py
+}
+
 check_tidy() {
   configure release >/dev/null &&
     cmake --build --preset release --target build.ninja >/dev/null && # new files join the build
@@ -35,9 +39,10 @@ check_tidy() {
 
 scripts/setup.sh
 failed=()
-for check in format whitespace scripts data tidy; do
+for check in format whitespace scripts data floors tidy; do
   echo "lint: $check"
   "check_$check" || failed+=("$check")
 done
+scripts/count-lines.py
 [[ ${#failed[@]} -eq 0 ]] || die "lint found something in: ${failed[*]}"
 echo "lint: clean"

@@ -3,9 +3,13 @@
 
 A mutant is one file of the core with one change: a comparison flipped, a condition negated, a
 constant changed or a statement removed. It is compiled apart from the work tree, linked in front of
-the core as build/release has it, and the tests are run. Those that the unit tests let live go to
-the programs that make random and hostile catalogues. One that does not compile is replaced by
-another; files of forms and of one system, tables of texts and headers are left out.
+the core as build/release has it, and the tests are run, first those of the same file or folder, until
+one fails. Those that the unit tests let live go to the programs that make random and hostile
+catalogues. One that does not compile is replaced by another; files of forms and of one system,
+tables of texts and headers are left out.
+
+A mutant that changes nothing observable is named in mutants-equal.txt with the reason. It is shown
+and not counted.
 """
 import collections
 import concurrent.futures
@@ -18,15 +22,18 @@ import shlex
 import subprocess
 import sys
 import threading
+import time
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build" / "release"
 PLACE = ROOT / "build" / "mutants"
 FOLDERS = ["text", "system", "lang", "settings", "formats", "comm", "catalogue", "export", "editors",
            "app"]
-NO_CORE = re.compile(r"/(Win\w+|Posix\w+|BuiltInTexts)\.cpp$")
+EQUAL = ROOT / "scripts" / "mutants-equal.txt"
+NO_CORE = re.compile(r"/(Win\w+|Posix\w+)\.cpp$")
 PROGRAMS = ["zekview-tests", "zekview-fuzz-corpora", "zekview-round-trips", "zekview-cli"]
-SECONDS = 60  # no test takes long; what does not end has failed
+TIMES = 5  # as long as without a mutant; what does not end has failed
+LEAST_SECONDS = 5
 
 FLIPPED = {"==": "!=", "!=": "==", "<": "<=", "<=": "<", ">": ">=", ">=": ">", "&&": "||",
            "||": "&&"}
@@ -38,9 +45,27 @@ STATEMENT = re.compile(r"^(\s+(?:if \(.*\) |else )?)((?:\+\+|--)?[A-Za-z_][\w.:>
                        r"(?:\(.*\)| [-+|&]?= .*|\+\+|--)?);$")
 NO_STATEMENT = re.compile(r"^(return|using|const|constexpr|static|auto|namespace|public|class|struct"
                           r"|default|case|friend|throw|template|typedef|goto)\b")
+TEST = re.compile(r"^(?:TEST|TEST_F|TEST_P|TYPED_TEST)\((\w+),", re.MULTILINE)
 STRING = re.compile(r'R"\(.*?\)"|"(?:\\.|[^"\\])*"|\'(?:\\.|[^\'\\])\'')
 
 Mutant = collections.namedtuple("Mutant", "kind file row before after")
+
+
+def key_of(mutant):
+    """How mutants-equal.txt names it, whatever its row."""
+    return str(mutant.file.relative_to(ROOT)), mutant.before.strip(), mutant.after.strip()
+
+
+def read_equal():
+    """The reasons in mutants-equal.txt by key."""
+    rows = [row for row in EQUAL.read_text().split("\n") if not row.startswith("#")]
+    reasons = {}
+    for block in filter(None, "\n".join(rows).strip().split("\n\n")):
+        file, before, after, reason = (block.strip().split("\n") + [""] * 4)[:4]
+        if before[:2] != "- " or after[:2] != "+ " or not reason.startswith("reason: "):
+            raise SystemExit(f"{EQUAL.name}: not in its format:\n{block}")
+        reasons[file, before[2:], after[2:]] = reason.removeprefix("reason: ")
+    return reasons
 
 
 def without_texts(line):
@@ -171,41 +196,68 @@ def limited(command):
     return ["bash", "-c", "ulimit -v 8000000 -c 0; exec \"$@\"", "bash", *map(str, command)]
 
 
-def survives(builder, folder):
-    """None when the tests find it, else how far it came."""
-    for program in PROGRAMS:
-        if not builder.link(program, folder):
-            raise SystemExit(f"{program} can't be linked with a mutant")
-        command = {
-            "zekview-tests": [folder / program, "--gtest_fail_fast", "--gtest_brief=1"],
+def suites_of(file):
+    """The test suites in the file that is named like a file of the core, else in its folder."""
+    paths = list((ROOT / "tests" / file.parent.relative_to(ROOT / "src")).glob("*.cpp"))
+    named = [path for path in paths if path.stem.startswith(file.stem)]
+    return sorted({suite for path in named or paths for suite in TEST.findall(path.read_text())})
+
+
+class Tests:
+    """All that is run against a mutant; a run without one shows how long each may take."""
+
+    def __init__(self, builder):
+        self.builder = builder
+        self.seconds = {}
+
+    def commands(self, program, folder, file):
+        if program == "zekview-tests":
+            unit = [folder / program, "--gtest_fail_fast", "--gtest_brief=1"]
+            own = ":".join(f"*{suite}.*" for suite in suites_of(file))
+            return [[*unit, f"--gtest_filter={own}"], [*unit, f"--gtest_filter=-{own}"]] if own else [unit]
+        return [{
             "zekview-fuzz-corpora": [folder / program, ROOT / "fuzz" / "corpus"],
             "zekview-round-trips": [folder / program, "300"],
             "zekview-cli": [ROOT / "tests/cli/random-catalogues.py", folder, ROOT / "data", "300"],
-        }[program]
-        if not run(limited(command), cwd=folder, timeout=SECONDS):
-            return program
-    return None
+        }[program]]
 
+    def find(self, mutant, folder):
+        """The program that fails with the mutant, None when it survives."""
+        for program in PROGRAMS:
+            if not self.builder.link(program, folder):
+                raise SystemExit(f"{program} can't be linked with a mutant")
+            for command in self.commands(program, folder, mutant.file):
+                if not run(limited(command), cwd=folder, timeout=self.seconds.get(program, 300)):
+                    return program
+        return None
 
-def check_unchanged(builder, mutant):
-    folder = PLACE / "0"
-    folder.mkdir(parents=True, exist_ok=True)
-    same = mutant._replace(after=mutant.before)
-    if not builder.compile(same, folder):
-        raise SystemExit(f"{mutant.file} can't be compiled as it stands")
-    failed = survives(builder, folder)
-    if failed:
-        raise SystemExit(f"{failed} fails without a mutant")
+    def measure(self, mutant):
+        folder = PLACE / "0"
+        folder.mkdir(parents=True, exist_ok=True)
+        same = mutant._replace(after=mutant.before)
+        if not self.builder.compile(same, folder):
+            raise SystemExit(f"{mutant.file} can't be compiled as it stands")
+        for program in PROGRAMS:
+            self.builder.link(program, folder)
+            begin = time.monotonic()
+            for command in self.commands(program, folder, mutant.file):
+                if not run(limited(command), cwd=folder, timeout=300):
+                    raise SystemExit(f"{program} fails without a mutant")
+            self.seconds[program] = max(LEAST_SECONDS, TIMES * (time.monotonic() - begin))
 
 
 def main():
     count = int(sys.argv[1]) if len(sys.argv) > 1 else 300
     seed = int(sys.argv[2]) if len(sys.argv) > 2 else 1
-    order = order_of(all_mutants(), seed)
-    builder = Builder()
-    check_unchanged(builder, next(order))
+    equal, found = read_equal(), all_mutants()
+    unknown = equal.keys() - {key_of(mutant) for mutants in found.values() for mutant in mutants}
+    if unknown:
+        raise SystemExit(f"{EQUAL.name}: there is no such mutant: {sorted(unknown)}")
+    order = order_of(found, seed)
+    tests = Tests(Builder())
+    tests.measure(next(order))
     lock = threading.Lock()
-    results = []
+    results, named = [], []
     left = [count]
 
     def work(number):
@@ -217,11 +269,14 @@ def main():
                 if mutant is None:
                     return
                 left[0] -= 1
-            if not builder.compile(mutant, folder):
+                if key_of(mutant) in equal:
+                    named.append(mutant)
+                    continue
+            if not tests.builder.compile(mutant, folder):
                 with lock:
                     left[0] += 1
                 continue
-            caught = survives(builder, folder)
+            caught = tests.find(mutant, folder)
             with lock:
                 results.append((mutant, caught))
                 place = f"{mutant.file.relative_to(ROOT)}:{mutant.row}"
@@ -234,8 +289,12 @@ def main():
     for mutant in sorted(survivors):
         print(f"\nsurvivor: {mutant.kind}, {mutant.file.relative_to(ROOT)}:{mutant.row}")
         print(f"  - {mutant.before.strip()}\n  + {mutant.after.strip()}")
+    for mutant in sorted(named):
+        print(f"\nnot counted: {mutant.kind}, {mutant.file.relative_to(ROOT)}:{mutant.row}")
+        print(f"  - {mutant.before.strip()}\n  + {mutant.after.strip()}\n  {equal[key_of(mutant)]}")
     by_program = collections.Counter(caught for _, caught in results)
     print("\ncaught by: " + ", ".join(f"{name} {by_program[name]}" for name in PROGRAMS))
+    print(f"figure: mutants that change nothing observable: {len(named)} of {count}")
     print(f"figure: mutants caught: {len(results) - len(survivors)} of {len(results)}")
 
 

@@ -5,7 +5,7 @@ set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
 
-scripts/setup.sh
+scripts/setup.sh run test bench
 configure release
 cmake --build --preset release --target \
   zekview-tests zekview-cli zekview-fuzz-corpora zekview-round-trips

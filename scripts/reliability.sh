@@ -45,6 +45,7 @@ figures() {
 }
 
 [[ $# -gt 0 ]] || set -- "${all[@]}"
+scripts/setup.sh screen
 scripts/build.sh
 : >"$log"
 status=0

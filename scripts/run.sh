@@ -12,7 +12,7 @@ if [[ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]]; then
   exec scripts/tour.sh build/tour
 fi
 
-scripts/build.sh
+build_demo
 prepare_demo build/demo
 start_plant build/demo
 build/bin/zekview --dir "$PWD/build/demo/" "$@"

@@ -1,17 +1,24 @@
 #!/usr/bin/env bash
-# setup.sh [LIST...]: installs the packages of scripts/packages.txt, and of these lists, that are
-# missing. Every subcommand begins with this, so it has to be quick when nothing is.
+# setup.sh [SECTION...]: installs the packages of these sections of scripts/packages.txt that are
+# missing; without sections, all but those for Windows. Most subcommands begin with this, so it has to
+# be quick when nothing is missing.
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
 
 log=build/setup.log
-lists=(scripts/packages.txt "$@")
+list=scripts/packages.txt
+[[ $# -gt 0 ]] || set -- run screen test bench fuzz lint
+for section in "$@"; do
+  grep -qxF "[$section]" "$list" || die "$list has no section [$section]."
+done
+mapfile -t wanted < <(awk -v sections=" $* " '
+  /^\[/ { taken = index(sections, " " substr($1, 2, length($1) - 2) " "); next }
+  taken && /^[^#]/ { print $1 }' "$list")
 
 command -v dpkg-query >/dev/null || die "This is no Debian system. Install what matches these" \
-  "packages yourself and build with the CMake presets:" "$(grep -hv '^#' "${lists[@]}")"
+  "packages yourself and build with the CMake presets: ${wanted[*]}"
 
-mapfile -t wanted < <(sed -E 's/#.*//; s/[[:space:]]+//g; /^$/d' "${lists[@]}")
 # dpkg-query fails for packages that it never heard of; those are just missing.
 installed="$(dpkg-query -W -f='${Package} ${db:Status-Status}\n' "${wanted[@]}" 2>/dev/null || true)"
 missing=()

@@ -67,7 +67,7 @@ fi
 
 counts="0 passed, 1 failed" # unless the tests say otherwise
 trap 'echo "$counts"' EXIT
-scripts/setup.sh scripts/packages-windows.txt
+scripts/setup.sh run screen test windows
 configure win64
 cmake --build --preset win64
 rm -rf "$reports"

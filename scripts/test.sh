@@ -21,6 +21,7 @@ done
 counts="0 passed, 1 failed"  # unless the tests say otherwise
 trap 'echo "$counts"' EXIT
 
+scripts/setup.sh screen
 scripts/build.sh "$preset"
 
 if [[ $preset == asan ]]; then

@@ -2,7 +2,8 @@
 """tidy.py BUILD: runs clang-tidy over every file that the build in BUILD compiles.
 
 A file that was clean is left out until it, a header of ours that it includes, its compiler command
-or .clang-tidy changes: .cache/tidy holds an empty file named by the hash of all that.
+or .clang-tidy changes: an empty file named by the hash of all that is kept outside the work tree, in
+${ZEKVIEW_CACHE:-~/.cache/zekview}/tidy, for other clones and later runs.
 """
 import concurrent.futures
 import hashlib
@@ -14,9 +15,8 @@ import subprocess
 import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
-CACHE = ROOT / ".cache" / "tidy"
-INCLUDE_FOLDERS = [ROOT / "src", ROOT / "tests", ROOT / "bench", ROOT / "fuzz",
-                   ROOT / "trials"]
+CACHE = pathlib.Path(os.environ.get("ZEKVIEW_CACHE") or pathlib.Path.home() / ".cache/zekview") / "tidy"
+INCLUDE_FOLDERS = [ROOT / name for name in ("src", "tests", "bench", "fuzz", "trials")]
 INCLUDE = re.compile(rb'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 # The commands are GCC's: clang must neither stumble over options that it lacks nor add its own
 # warnings to those that the compiler has already judged.
@@ -44,9 +44,11 @@ def with_headers(file):
 
 
 def key_of(entry, settings):
+    """The same in every clone."""
     digest = hashlib.sha256(settings)
-    digest.update(entry["command"].encode())
+    digest.update(entry["command"].replace(str(ROOT), ".").encode())
     for path in with_headers(pathlib.Path(entry["file"])):
+        digest.update(f"{path.relative_to(ROOT)}\n".encode())
         digest.update(hashlib.sha256(path.read_bytes()).digest())
     return digest.hexdigest()
 

@@ -13,7 +13,8 @@ language="${2:-046}"
 export ZEKVIEW_SCALE="${3:-1}"
 program_directory=build/tour/program  # afresh each time, so that the pictures are the same
 
-scripts/build.sh
+scripts/setup.sh screen
+build_demo
 rm -rf "$program_directory"
 mkdir -p "$pictures"
 rm -f "$pictures"/*.{png,bmp}

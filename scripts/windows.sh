@@ -5,7 +5,7 @@ set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
 
-scripts/setup.sh scripts/packages-windows.txt
+scripts/setup.sh run windows
 version="$(sed -nE 's/^project\(ZekView VERSION ([0-9.]+).*/\1/p' CMakeLists.txt)"
 programs=(zekview zekview-cli zekview-sim)
 
@@ -23,7 +23,7 @@ lay_out() {
 
 mkdir -p dist
 for word in ${1:-win64 win32}; do
-  configure "$word"
+  configure "$word" OFF
   cmake --build --preset "$word" --target "${programs[@]}"
   name="zekview-$version-$word"
   strip=x86_64-w64-mingw32-strip

@@ -59,7 +59,8 @@ double Hear(const Peer& peer, std::size_t bytes) {
   session.dde.onConnected = [&session] { session.dde.Say("0000><TRANSPARENT>"); };
   session.proc.connection.Connect(session.proc.topics.Find(peer.topic));
   session.proc.transfer.Collect(TransferKind::ReadWdc);
-  test::MemoryLink& link = std::string_view(peer.topic) == "LOC" ? session.dde : session.socket;
+  test::MemoryTransport& link =
+      std::string_view(peer.topic) == "LOC" ? session.dde : session.socket;
   // A byte at a time is heard of a hundredth: what counts is how much stands in the buffers then.
   const std::size_t said = peer.block.size() == 1 ? bytes / 100 : bytes;
   const std::clock_t start = std::clock();

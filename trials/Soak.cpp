@@ -20,16 +20,11 @@
 #include <wx/apptrait.h>
 #include <wx/evtloop.h>
 
-#include "comm/SystemLinks.h"
 #include "commands/CliPrompts.h"
 #include "commands/Commands.h"
-#include "settings/SettingsFile.h"
-#include "system/DiskFiles.h"
 #include "system/Paths.h"
 #include "system/Process.h"
-#include "wxbase/WxLater.h"
-#include "wxbase/WxTcpLink.h"
-#include "wxbase/WxTurn.h"
+#include "wxbase/SystemSession.h"
 
 namespace zek::cli {
 namespace {
@@ -71,31 +66,24 @@ class Soak final : public wxAppConsole {
 
  private:
   void Run() {
-    DiskFiles files;
-    const std::unique_ptr<Profile> profile = OpenSettingsFile(files, directory_ + "ZEKView.INI");
-    WxTurn turn;
     std::ostringstream err;
     CliPrompts prompts(err);
-    WxLater later;
-    SystemDde dde(later.Post());
-    SystemTags tags;
-    WxTcpLink socket;
-    ZV_Proc proc({files, *profile, turn, prompts, socket, dde, tags});
-    proc.settings.ProgramPath = directory_;
-    proc.settings.IniPath = directory_;
+    SystemSession session(directory_, directory_, prompts);
+    ZV_Proc& proc = session.proc;
     WxTick tick([&proc] { proc.connection.Tick(); });
     tick.Begin(kTickMs);
     std::ostringstream out;
     std::istringstream noInput;
     Console console{proc, prompts, noInput, out, err};
-    status_ = StartSession(console);
-    if (status_ != kDone) {
+    if (const auto ended = StartCommands(console)) {
+      status_ = *ended;
       std::cerr << err.str();
       return;
     }
+    status_ = kDone;
     for (std::string line; std::getline(std::cin, line);) {
       if (line == "resources") {
-        turn.Once();  // what the last transfer posted is done
+        session.turn.Once();  // what the last transfer posted is done
         TellResources();
       } else {
         const Arguments arguments = ParseArguments(Words(line));
@@ -139,7 +127,7 @@ int main(int argc, char** argv) {
   const std::vector<std::string> arguments = zek::ProgramArguments(argc, argv);
   if (arguments.size() != 1) {
     std::cerr << "zekview-soak: needs a program directory\n";
-    return zek::cli::kWrongUsage;
+    return zek::kWrongUsage;
   }
   // The toolkit deletes it.
   wxAppConsole::SetInstance(std::make_unique<zek::cli::Soak>(arguments[0]).release());

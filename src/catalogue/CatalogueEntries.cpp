@@ -171,14 +171,13 @@ std::size_t DaysWidth(const CatalogueRules& rules) {
 
 }  // namespace
 
-CatalogueRules RulesOf(const ZV_Proc& proc, Catalogue kind) {
-  const Generation generation = proc.topics[proc.selection.CurrentObject].ControllerGeneration();
-  return {kind,
-          proc.selection.TscName,
-          generation,
-          !HasNamedControls(proc),
-          YearsOf(proc.settings, generation),
-          proc.settings.DecimalSeparator};
+CatalogueRules RulesOf(const CatalogueId& id, const Settings& settings) {
+  return {id.catalogue,
+          id.control,
+          id.generation,
+          id.generation == Generation::Zek1,
+          YearsOf(settings, id.generation),
+          settings.DecimalSeparator};
 }
 
 std::vector<CatalogueEntry> EntriesOf(const CatalogueContent& content,

@@ -5,9 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueContent.h"
+#include "catalogue/CatalogueKind.h"
 #include "formats/CalendarText.h"
 #include "formats/Generation.h"
+#include "settings/Settings.h"
 
 namespace zek {
 
@@ -22,14 +24,8 @@ struct CatalogueRules {
   char decimalSeparator = '.';
 };
 
-/// The rules of the selected node's catalogue.
-CatalogueRules RulesOf(const ZV_Proc& proc, Catalogue kind);
-
-/// The lines of a catalogue, and its ".DFV" value where it has one that is known.
-struct CatalogueContent {
-  std::vector<std::string> lines;
-  std::optional<std::string> dfv;
-};
+/// The rules of a catalogue.
+CatalogueRules RulesOf(const CatalogueId& id, const Settings& settings);
 
 /// One thing that a catalogue says, in a form that two catalogues have in common when they mean the
 /// same: a line about five days is five entries, and neither numbers nor padding count.

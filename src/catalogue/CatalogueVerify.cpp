@@ -1,48 +1,38 @@
 #include "catalogue/CatalogueVerify.h"
 
-#include <utility>
-
 #include "catalogue/ChangeTexts.h"
-#include "catalogue/LastRead.h"
 #include "lang/TextNumbers.h"
 
 namespace zek {
 
-Verification VerifyCatalogue(ZV_Proc& proc, Catalogue catalogue, const ReadDelays& delays) {
-  Transfer sent = proc.transfer;
-  const CatalogueContent wanted{sent.CatalogueLines, DfvToSend(proc, catalogue)};
-  proc.transfer.Verifying = true;
-  const FetchOutcome outcome = FetchCatalogue(proc, catalogue, delays, text::kVerifying);
-  // A cancel that came after the last wait of the fetch must not end the waits of others.
-  proc.waits.CancelRequested = false;
-  Verification verification;
-  verification.stopped = outcome == FetchOutcome::Stopped;
-  // Of a listing that was cut nobody knows what the rest says.
-  verification.fetched = outcome == FetchOutcome::Complete && proc.transfer.LinesDropped == 0;
-  if (verification.fetched) {
-    RememberRead(proc, catalogue);
-    const LastRead& fetched = proc.transfer.Last;
-    verification.faults = FaultsOf(wanted, {fetched.Lines, fetched.Dfv}, RulesOf(proc, catalogue));
+Verification VerifyCatalogue(const CatalogueId& id, const CatalogueDraft& sent,
+                             const CatalogueParts& parts, const FetchDelays& delays) {
+  Fetched fetched = FetchCatalogue(id, parts, delays, text::kVerifying);
+  Verification verification{fetched.outcome, {}, {}};
+  // Of a listing that was cut, the rest is unknown.
+  if (fetched.outcome != FetchOutcome::Complete || fetched.content.linesDropped > 0) {
+    return verification;
   }
-  sent.Last = std::move(proc.transfer.Last);
-  proc.transfer = std::move(sent);
+  verification.fetched = std::move(fetched.content);
+  verification.faults =
+      FaultsOf({sent.lines, sent.dfv}, verification.fetched, RulesOf(id, parts.settings));
   return verification;
 }
 
-bool TellVerification(ZV_Proc& proc, const Verification& verification) {
-  Prompts& prompts = proc.outside.prompts;
-  if (!verification.fetched) {
-    const auto why = verification.stopped ? text::kVerifyStopped : text::kNotVerified;
-    prompts.Show(Icon::Exclamation, proc.Text(why));
+bool TellVerification(const Verification& verification, const Messages& messages) {
+  if (verification.fetched.from == LinesFrom::Nowhere) {
+    const bool stopped = verification.outcome == FetchOutcome::Stopped;
+    messages.Tell(Icon::Exclamation, stopped ? text::kVerifyStopped : text::kNotVerified);
     return false;
   }
   if (verification.faults.empty()) {
-    prompts.Show(Icon::Information, proc.Text(text::kVerified));
+    messages.Tell(Icon::Information, text::kVerified);
     return true;
   }
-  const ChangeTexts told = TextsOfFaults(verification.faults, proc.texts);
-  prompts.ShowDetails(Icon::Exclamation, proc.Text(text::kVerifyFaults) + "\r\n" + told.Summary, {},
-                      {proc.Text(text::kFaultsLabel), told.Details});
+  const ChangeTexts told = TextsOfFaults(verification.faults, messages.texts);
+  messages.prompts.ShowDetails(Icon::Exclamation,
+                               messages.Text(text::kVerifyFaults) + "\r\n" + told.Summary, {},
+                               {messages.Text(text::kFaultsLabel), told.Details});
   return false;
 }
 

@@ -3,21 +3,22 @@
 #include <vector>
 
 #include "catalogue/CatalogueChanges.h"
+#include "catalogue/CatalogueFetch.h"
 
 namespace zek {
 
 /// What a controller has of a catalogue that was sent to it.
 struct Verification {
-  bool fetched = false;                 // whole; else nothing is known
-  bool stopped = false;                 // the user did not want to wait for it
+  FetchOutcome outcome = FetchOutcome::Failed;
+  CatalogueContent fetched;             // `LinesFrom::Nowhere` when it did not come whole
   std::vector<CatalogueChange> faults;  // none when it means what was sent
 };
 
-/// Fetches the catalogue that `proc.transfer` holds, which was just sent, and compares the two.
-/// `proc.transfer` holds afterwards what was sent; its `Last` is what was fetched.
-Verification VerifyCatalogue(ZV_Proc& proc, Catalogue catalogue, const ReadDelays& delays);
+/// Fetches a catalogue that was just sent and compares the two.
+Verification VerifyCatalogue(const CatalogueId& id, const CatalogueDraft& sent,
+                             const CatalogueParts& parts, const FetchDelays& delays);
 
-/// Tells of it; true when the controller has what was sent.
-bool TellVerification(ZV_Proc& proc, const Verification& verification);
+/// Shows how it ended; true when the controller has what was sent.
+bool TellVerification(const Verification& verification, const Messages& messages);
 
 }  // namespace zek

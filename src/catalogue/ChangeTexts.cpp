@@ -6,6 +6,7 @@
 
 #include "lang/TextNumbers.h"
 #include "text/Controls.h"
+#include "text/Lines.h"
 
 namespace zek {
 namespace {
@@ -63,11 +64,10 @@ std::int32_t ReasonText(DropReason reason) {
 }
 
 // A line of a controller can be longer than any screen and hold anything.
-std::string Readable(std::string line) {
-  const bool cut = line.size() > kLongestLine;
-  if (cut) line.resize(kLongestLine);
-  ShowControls(line);
-  return cut ? line + "..." : line;
+std::string Readable(std::string_view line) {
+  std::string readable = Shortened(line, kLongestLine);
+  ShowControls(readable);
+  return readable;
 }
 
 class Report {

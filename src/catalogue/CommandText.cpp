@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "catalogue/LastRead.h"
-#include "lang/Message.h"
 #include "lang/TextNumbers.h"
 #include "text/Controls.h"
 #include "text/Fields.h"
@@ -11,10 +9,6 @@
 
 namespace zek {
 namespace {
-
-bool IsOverDde(const ZV_Proc& proc) {
-  return !proc.settings.TagMode && !proc.topics[proc.selection.CurrentObject].IsTcp();
-}
 
 // "{", digits, "}".
 bool HoldsEscape(std::string_view text) {
@@ -25,9 +19,9 @@ bool HoldsEscape(std::string_view text) {
   return false;
 }
 
-bool Refuse(ZV_Proc& proc, std::int32_t number, std::string text) {
+bool Refuse(const Messages& messages, std::int32_t number, std::string text) {
   ShowControls(text);
-  proc.outside.prompts.Show(Icon::Exclamation, Message(proc.Text(number), {text}));
+  messages.Tell(Icon::Exclamation, number, {text});
   return false;
 }
 
@@ -40,25 +34,27 @@ bool IsCatalogueLine(std::string_view line) {
 
 bool IsBlank(std::string_view line) { return Trim(line).empty(); }
 
-bool StaysOneCommand(std::string_view text, bool overDde) {
-  return FindControl(text) == std::string_view::npos && !(overDde && HoldsEscape(text));
+bool StaysOneCommand(std::string_view text, bool readsEscapes) {
+  return FindControl(text) == std::string_view::npos && !(readsEscapes && HoldsEscape(text));
 }
 
-bool CheckNameSendable(ZV_Proc& proc) {
-  if (StaysOneCommand(proc.selection.TscName, IsOverDde(proc))) return true;
-  return Refuse(proc, text::kNotOneCommand, proc.selection.TscName);
+bool CheckNameSendable(const CatalogueId& id, const CatalogueParts& parts) {
+  if (StaysOneCommand(id.control, parts.exchange.connection.ReadsEscapes(id.object))) return true;
+  return Refuse(parts.messages, text::kNotOneCommand, id.control);
 }
 
-bool CheckSendable(ZV_Proc& proc, Catalogue catalogue) {
-  const bool overDde = IsOverDde(proc);
-  const auto& lines = proc.transfer.CatalogueLines;
-  const auto refused = std::find_if(lines.begin(), lines.end(), [overDde](const auto& line) {
-    return !IsBlank(line) && (!IsCatalogueLine(line) || !StaysOneCommand(line, overDde));
-  });
-  if (refused != lines.end()) return Refuse(proc, text::kNoCatalogueLine, *refused);
-  const std::optional<std::string> dfv = DfvToSend(proc, catalogue);
-  if (dfv && !StaysOneCommand(*dfv, overDde)) return Refuse(proc, text::kNotOneCommand, *dfv);
-  return CheckNameSendable(proc);
+bool CheckSendable(const CatalogueId& id, const CatalogueDraft& draft,
+                   const CatalogueParts& parts) {
+  const bool escapes = parts.exchange.connection.ReadsEscapes(id.object);
+  const auto refused =
+      std::find_if(draft.lines.begin(), draft.lines.end(), [escapes](const auto& line) {
+        return !IsBlank(line) && (!IsCatalogueLine(line) || !StaysOneCommand(line, escapes));
+      });
+  if (refused != draft.lines.end()) return Refuse(parts.messages, text::kNoCatalogueLine, *refused);
+  if (draft.dfv && !StaysOneCommand(*draft.dfv, escapes)) {
+    return Refuse(parts.messages, text::kNotOneCommand, *draft.dfv);
+  }
+  return CheckNameSendable(id, parts);
 }
 
 }  // namespace zek

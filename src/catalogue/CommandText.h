@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "catalogue/Catalogue.h"
+#include "catalogue/Catalogues.h"
 
 namespace zek {
 
@@ -15,15 +15,15 @@ bool IsCatalogueLine(std::string_view line);
 /// True when there is nothing to send in `line`.
 bool IsBlank(std::string_view line);
 
-/// True when `text` stays one command on its way: without control characters and, over DDE, without
-/// what the server turns into one ("{13}").
-bool StaysOneCommand(std::string_view text, bool overDde);
+/// True when `text` stays one command on its way: without control characters and, where the way
+/// to the controller reads escapes (DDE), without one like "{13}".
+bool StaysOneCommand(std::string_view text, bool readsEscapes);
 
-/// True when the lines, the value and the name of the selected time control can be sent; else that
-/// was told with the first that can't.
-bool CheckSendable(ZV_Proc& proc, Catalogue catalogue);
+/// True when the lines, the value and the control's name can be sent; else the first that can't was
+/// shown.
+bool CheckSendable(const CatalogueId& id, const CatalogueDraft& draft, const CatalogueParts& parts);
 
 /// The same for the name alone.
-bool CheckNameSendable(ZV_Proc& proc);
+bool CheckNameSendable(const CatalogueId& id, const CatalogueParts& parts);
 
 }  // namespace zek

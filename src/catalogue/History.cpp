@@ -6,6 +6,7 @@
 
 #include "catalogue/LocalFiles.h"
 #include "settings/Settings.h"
+#include "system/Paths.h"
 #include "text/Numbers.h"
 
 namespace zek {
@@ -41,16 +42,9 @@ bool IsOlder(const KeptCopy& one, const KeptCopy& other) {
   return key(one) < key(other);
 }
 
-std::string Digits(int number, std::size_t width) {
-  std::string digits = std::to_string(std::max(number, 0));
-  if (digits.size() < width) digits.insert(0, width - digits.size(), '0');
-  return digits;
-}
-
 std::string StampOf(const LocalTime& t) {
-  constexpr std::size_t year = 4;
-  return Digits(t.year, year) + Digits(t.month, 2) + Digits(t.day, 2) + "-" + Digits(t.hour, 2) +
-         Digits(t.minute, 2) + Digits(t.second, 2);
+  return ZeroPadded(t.year, 4) + ZeroPadded(t.month, 2) + ZeroPadded(t.day, 2) + "-" +
+         ZeroPadded(t.hour, 2) + ZeroPadded(t.minute, 2) + ZeroPadded(t.second, 2);
 }
 
 std::string TimeOf(std::string_view id) {

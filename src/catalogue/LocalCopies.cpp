@@ -1,131 +1,103 @@
-#include "catalogue/Catalogue.h"
-#include "lang/Message.h"
+#include "catalogue/LocalCopies.h"
+
+#include "catalogue/LocalFiles.h"
 #include "lang/TextNumbers.h"
-#include "text/Fields.h"
 
 namespace zek {
-
-const std::string& LocalFileOf(const Selection& selection, Catalogue catalogue) {
-  switch (catalogue) {
-    case Catalogue::Sdc:
-      return selection.LocalFiles.SDC;
-    case Catalogue::Wdc:
-      return selection.LocalFiles.WDC;
-    case Catalogue::Ovc:
-      break;
-  }
-  return selection.LocalFiles.OVC;
-}
-
-bool HasNamedControls(const ZV_Proc& proc) {
-  return proc.topics[proc.selection.CurrentObject].TopicType != 1;
-}
-
-std::string AttemptText(const ZV_Proc& proc, std::int32_t number, int attempt) {
-  if (attempt == 1) return proc.Text(number);
-  return proc.Text(number) + " (" + Message(proc.Text(text::kAttempt), {std::to_string(attempt)}) +
-         ")";
-}
-
 namespace {
-std::string PathOf(const ZV_Proc& proc, Catalogue catalogue) {
-  return LocalPath(proc.settings.ProgramPath, LocalFileOf(proc.selection, catalogue));
+
+CatalogueContent ContentOf(const CatalogueId& id, LocalCopy copy) {
+  CatalogueContent content;
+  content.lines = std::move(copy.lines);
+  if (id.IsOfControl()) content.dfv = std::move(copy.dfv);
+  content.from = LinesFrom::LocalCopy;
+  return content;
 }
+
 }  // namespace
 
-bool HasLocalCopy(const ZV_Proc& proc, Catalogue catalogue) {
-  return !LocalFileOf(proc.selection, catalogue).empty() &&
-         proc.outside.files.Exists(PathOf(proc, catalogue));
+std::string LocalCopies::PathOf(const CatalogueId& id) const {
+  return LocalPath(settings_.ProgramPath, id.localFile);
 }
 
-bool LoadLocalCopy(ZV_Proc& proc, Catalogue catalogue) {
-  const FileContent file = proc.outside.files.Read(PathOf(proc, catalogue));
-  if (file.error) {
-    proc.transfer.CatalogueLines.clear();
-    proc.outside.prompts.Show(Icon::Exclamation, FileMessage(proc.texts, *file.error));
-    return false;
-  }
-  return TakeLocalCopy(proc, file.bytes, LocalFileOf(proc.selection, catalogue));
+bool LocalCopies::Exists(const CatalogueId& id) const {
+  return !id.localFile.empty() && files_.Exists(PathOf(id));
 }
 
-bool TakeLocalCopy(ZV_Proc& proc, std::string_view file, const std::string& name) {
+std::optional<CatalogueContent> LocalCopies::Load(const CatalogueId& id) const {
+  const FileContent file = files_.Read(PathOf(id));
+  if (!file.error) return Parse(id, file.bytes, id.localFile);
+  messages_.Tell(*file.error);
+  return std::nullopt;
+}
+
+std::optional<CatalogueContent> LocalCopies::Parse(const CatalogueId& id, std::string_view file,
+                                                   const std::string& name) const {
   LocalCopy copy = ReadLocalCopy(file);
-  proc.transfer.CatalogueLines.clear();
-  if (copy.tooLong) {
-    proc.outside.prompts.Show(
-        Icon::Exclamation,
-        Message(proc.Text(text::kLocalCopyTooLong), {name, std::to_string(kMaxCatalogueLines)}));
-    return false;
-  }
-  proc.transfer.CatalogueLines = std::move(copy.lines);
-  proc.transfer.From = LinesFrom::LocalCopy;
-  proc.transfer.LinesDropped = 0;
-  proc.transfer.DfvKnown = copy.dfv.has_value();
-  proc.transfer.CatalogueDfv = copy.dfv.value_or(std::string(1, '.'));
-  return true;
+  if (!copy.tooLong) return ContentOf(id, std::move(copy));
+  messages_.Tell(Icon::Exclamation, text::kLocalCopyTooLong,
+                 {name, std::to_string(kMaxCatalogueLines)});
+  return std::nullopt;
 }
 
-History HistoryOf(ZV_Proc& proc, Catalogue catalogue) {
-  return {proc.outside.files, proc.settings.ProgramPath, LocalFileOf(proc.selection, catalogue),
-          proc.settings.HistoryCount};
+CatalogueContent LocalCopies::Peek(const CatalogueId& id) const {
+  const FileContent file = files_.Read(PathOf(id));
+  LocalCopy copy = ReadLocalCopy(file.bytes);
+  if (file.error || copy.tooLong) return {};
+  return ContentOf(id, std::move(copy));
 }
 
-namespace {
+History LocalCopies::HistoryOf(const CatalogueId& id) const {
+  return {files_, settings_.ProgramPath, id.localFile, settings_.HistoryCount};
+}
 
-// Has `change` replace or erase the local copy, after what stands there was kept; when it can't be
-// kept, it stays.
+// Has `change` replace or erase the copy, after it was kept; a copy that can't be kept stays.
 template <class ChangeFile>
-bool ChangeCopy(ZV_Proc& proc, Catalogue catalogue, std::optional<std::string_view> next,
-                ChangeFile change) {
-  History history = HistoryOf(proc, catalogue);
-  std::optional<FileError> error = history.Keep(next, proc.outside.now());
-  if (error) {
-    proc.outside.prompts.Show(Icon::Exclamation, proc.Text(text::kHistoryFailed) + "\r\n\r\n" +
-                                                     FileMessage(proc.texts, *error));
+bool LocalCopies::Change(const CatalogueId& id, std::optional<std::string_view> next,
+                         ChangeFile change) {
+  History history = HistoryOf(id);
+  if (const auto error = history.Keep(next, now_())) {
+    messages_.prompts.Show(Icon::Exclamation, messages_.Text(text::kHistoryFailed) + "\r\n\r\n" +
+                                                  FileMessage(messages_.texts, *error));
     return false;
   }
-  error = change(PathOf(proc, catalogue));
-  if (error) {
-    proc.outside.prompts.Show(Icon::Exclamation, FileMessage(proc.texts, *error));
+  if (const std::optional<FileError> error = change(PathOf(id))) {
+    messages_.Tell(*error);
     return false;
   }
   history.Prune();
   return true;
 }
 
-bool Replace(ZV_Proc& proc, Catalogue catalogue, std::string_view file) {
-  return ChangeCopy(proc, catalogue, file,
-                    [&](const std::string& path) { return proc.outside.files.Write(path, file); });
+bool LocalCopies::Replace(const CatalogueId& id, std::string_view file) {
+  return Change(id, file, [&](const std::string& path) { return files_.Write(path, file); });
 }
 
-}  // namespace
-
-bool StoreLocalCopy(ZV_Proc& proc, Catalogue catalogue, const std::optional<std::string>& dfv) {
-  return Replace(proc, catalogue, BuildLocalCopy(proc.transfer.CatalogueLines, dfv));
+bool LocalCopies::Store(const CatalogueId& id, const std::vector<std::string>& lines,
+                        const std::optional<std::string>& dfv) {
+  return Replace(id, BuildLocalCopy(lines, dfv));
 }
 
-bool RestoreLocalCopy(ZV_Proc& proc, Catalogue catalogue, const KeptCopy& kept) {
-  const FileContent file = proc.outside.files.Read(kept.path);
-  if (!file.error) return Replace(proc, catalogue, file.bytes);
-  proc.outside.prompts.Show(Icon::Exclamation, FileMessage(proc.texts, *file.error));
+bool LocalCopies::Erase(const CatalogueId& id) {
+  if (id.localFile.empty()) return true;
+  return Change(id, std::nullopt, [&](const std::string& path) { return files_.Remove(path); });
+}
+
+bool LocalCopies::Restore(const CatalogueId& id, const KeptCopy& kept) {
+  const FileContent file = files_.Read(kept.path);
+  if (!file.error) return Replace(id, file.bytes);
+  messages_.Tell(*file.error);
   return false;
 }
 
-std::optional<std::vector<std::string>> CompareWithKept(const ZV_Proc& proc, Catalogue catalogue,
-                                                        const KeptCopy& kept) {
-  const FileContent before = proc.outside.files.Read(kept.path);
-  const FileContent now = proc.outside.files.Read(PathOf(proc, catalogue));
+std::optional<std::vector<std::string>> LocalCopies::CompareWith(const CatalogueId& id,
+                                                                 const KeptCopy& kept) const {
+  const FileContent before = files_.Read(kept.path);
+  const FileContent now = files_.Read(PathOf(id));
   const bool erased = now.error && now.error->reason == FileError::Reason::Missing;
   if (!before.error && (!now.error || erased)) return DifferencesOf(before.bytes, now.bytes);
-  const FileError& error = before.error ? *before.error : *now.error;
-  proc.outside.prompts.Show(Icon::Exclamation, FileMessage(proc.texts, error));
+  messages_.Tell(before.error ? *before.error : *now.error);
   return std::nullopt;
-}
-
-bool EraseLocalCopy(ZV_Proc& proc, Catalogue catalogue) {
-  if (LocalFileOf(proc.selection, catalogue).empty()) return true;
-  return ChangeCopy(proc, catalogue, std::nullopt,
-                    [&](const std::string& path) { return proc.outside.files.Remove(path); });
 }
 
 }  // namespace zek

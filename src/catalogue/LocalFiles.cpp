@@ -52,18 +52,22 @@ std::string BaseName(const Topic& topic) {
 
 }  // namespace
 
+const std::string& LocalFileNames::operator[](Catalogue catalogue) const {
+  if (catalogue == Catalogue::Sdc) return SDC;
+  return catalogue == Catalogue::Wdc ? WDC : OVC;
+}
+
 LocalFileNames LocalFilesOf(const Topic& topic, const TreeNode& node) {
   const std::string base = BaseName(topic);
-  LocalFileNames names;
-  names.SDC = FileName(base + " SDC.TXT");
-  if (topic.TopicType == 1) {
-    names.WDC = FileName(base + " WDC.TXT");
-    names.OVC = FileName(base + " OVC.TXT");
-  } else if (node.IsTimeControl()) {
-    names.WDC = FileName(base + " " + node.TscName + ".TXT");
-    names.OVC = FileName(base + " " + node.TscName + " EXC.TXT");
-  }
-  return names;
+  const bool ownCatalogues = topic.TopicType == Generation::Zek2;
+  const auto name = [&](Catalogue catalogue) {
+    const CatalogueKind& kind = KindOf(catalogue);
+    const bool own = kind.ofControl && ownCatalogues;
+    if (own && !node.IsTimeControl()) return std::string();
+    const std::string rest = own ? node.TscName + std::string(kind.file) : std::string(kind.name);
+    return FileName(base + " " + rest + ".TXT");
+  };
+  return {name(Catalogue::Sdc), name(Catalogue::Wdc), name(Catalogue::Ovc)};
 }
 
 std::string LocalPath(const std::string& programPath, std::string_view name) {

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "catalogue/CatalogueContent.h"
+#include "catalogue/CatalogueKind.h"
 #include "catalogue/ObjectTree.h"
 #include "comm/TopicTable.h"
 
@@ -18,6 +20,8 @@ struct LocalFileNames {
   std::string SDC;
   std::string WDC;
   std::string OVC;
+
+  const std::string& operator[](Catalogue catalogue) const;
 };
 
 LocalFileNames LocalFilesOf(const Topic& topic, const TreeNode& node);

@@ -55,7 +55,8 @@ class ObjectReader {
     node.Key = "_" + std::to_string(object_) + "_" + std::to_string(table) + "_" +
                std::to_string(children_++);
     node.Text = std::string(label) + " [" + name + "]";
-    node.Picture = topic_.TopicType == 1 ? NodePicture::TimeControl1 : NodePicture::TimeControl2;
+    node.Picture = topic_.TopicType == Generation::Zek1 ? NodePicture::TimeControl1
+                                                        : NodePicture::TimeControl2;
     node.Object = object_;
     node.Parent = root_;
     node.TscName = GetField(GetField(name, 0, "["), 0, "]");

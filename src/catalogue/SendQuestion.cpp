@@ -1,18 +1,15 @@
 #include "catalogue/SendQuestion.h"
 
 #include "catalogue/ChangeTexts.h"
-#include "catalogue/LastRead.h"
 #include "lang/TextNumbers.h"
 
 namespace zek {
 namespace {
 
-std::vector<CatalogueChange> Changes(const ZV_Proc& proc, Catalogue catalogue,
-                                     const LastRead& last) {
-  std::vector<CatalogueChange> changes = ChangesBetween(
-      {last.Lines, last.Dfv}, {proc.transfer.CatalogueLines, DfvToSend(proc, catalogue)},
-      RulesOf(proc, catalogue));
-  for (const std::string& lost : proc.transfer.NotInLines)
+std::vector<CatalogueChange> Changes(const CatalogueContent& last, const CatalogueDraft& draft,
+                                     const CatalogueRules& rules) {
+  std::vector<CatalogueChange> changes = ChangesBetween(last, {draft.lines, draft.dfv}, rules);
+  for (const std::string& lost : draft.notInLines)
     changes.push_back({ChangeKind::Dropped, lost, {}, DropReason::StopTime});
   return changes;
 }
@@ -31,19 +28,17 @@ std::int32_t AgainstText(LinesFrom from) {
 
 }  // namespace
 
-bool AskSend(ZV_Proc& proc, Catalogue catalogue, const std::string& question) {
-  const LastRead last = LastReadOf(proc, catalogue);
-  const ChangeTexts told = TextsOfChanges(Changes(proc, catalogue, last), proc.texts);
-  const bool known = last.From != LinesFrom::Nowhere;
+bool AskSend(const std::string& question, const CatalogueContent& last, const CatalogueDraft& draft,
+             const CatalogueRules& rules, const Messages& messages) {
+  const ChangeTexts told = TextsOfChanges(Changes(last, draft, rules), messages.texts);
   std::string whole = question;
-  if (known || !told.Details.empty()) {
-    whole += "\r\n\r\n" + proc.Text(AgainstText(last.From)) + "\r\n" + told.Summary;
+  if (last.from != LinesFrom::Nowhere || !told.Details.empty()) {
+    whole += "\r\n\r\n" + messages.Text(AgainstText(last.from)) + "\r\n" + told.Summary;
   }
-  Prompts& prompts = proc.outside.prompts;
-  const std::string title = proc.Text(text::kSendTitle);
-  if (told.Details.empty()) return prompts.AskYesNo(Icon::Question, whole, title);
-  return prompts.AskWithDetails(Icon::Question, whole, title,
-                                {proc.Text(text::kDetailsLabel), told.Details});
+  const std::string title = messages.Text(text::kSendTitle);
+  if (told.Details.empty()) return messages.prompts.AskYesNo(Icon::Question, whole, title);
+  return messages.prompts.AskWithDetails(Icon::Question, whole, title,
+                                         {messages.Text(text::kDetailsLabel), told.Details});
 }
 
 }  // namespace zek

@@ -2,12 +2,15 @@
 
 #include <string>
 
-#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueContent.h"
+#include "catalogue/CatalogueEntries.h"
+#include "catalogue/Catalogues.h"
 
 namespace zek {
 
-/// Asks whether to send `proc.transfer.CatalogueLines`: `question`, and what that changes against
-/// what was last read of the catalogue.
-bool AskSend(ZV_Proc& proc, Catalogue catalogue, const std::string& question);
+/// Asks whether to send a catalogue: `question`, and what that changes against `last`, which was
+/// last read of it.
+bool AskSend(const std::string& question, const CatalogueContent& last, const CatalogueDraft& draft,
+             const CatalogueRules& rules, const Messages& messages);
 
 }  // namespace zek

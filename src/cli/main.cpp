@@ -10,18 +10,13 @@
 #include <wx/log.h>
 #include <wx/socket.h>
 
-#include "comm/SystemLinks.h"
 #include "commands/Commands.h"
 #include "export/BatchExport.h"
-#include "settings/SettingsFile.h"
-#include "system/DiskFiles.h"
 #include "system/Interrupt.h"
 #include "system/Paths.h"
 #include "system/Process.h"
 #include "text/Windows1252.h"
-#include "wxbase/WxLater.h"
-#include "wxbase/WxTcpLink.h"
-#include "wxbase/WxTurn.h"
+#include "wxbase/SystemSession.h"
 
 namespace zek::cli {
 namespace {
@@ -85,17 +80,9 @@ class Application final : public wxAppConsole {
       return kWrongUsage;
     }
     const std::string iniPath = arguments_.ini ? WithSeparator(*arguments_.ini) : programPath;
-    DiskFiles files;
-    const std::unique_ptr<Profile> profile = OpenSettingsFile(files, iniPath + "ZEKView.INI");
-    WxTurn turn;
     CliPrompts prompts(std::cerr);
-    WxLater later;
-    SystemDde dde(later.Post());
-    SystemTags tags;
-    WxTcpLink socket;
-    ZV_Proc proc({files, *profile, turn, prompts, socket, dde, tags});
-    proc.settings.ProgramPath = programPath;
-    proc.settings.IniPath = iniPath;
+    SystemSession session(programPath, iniPath, prompts);
+    ZV_Proc& proc = session.proc;
     WxTick tick([&proc] { proc.connection.Tick(); });
     tick.Begin();
     // The answers of `send` come while it waits and would stand behind what it shows.
@@ -103,8 +90,8 @@ class Application final : public wxAppConsole {
     Console console{proc, prompts, std::cin, std::cout, std::cerr};
     // A blocked program would not see them, so only what has files to put in order waits for them.
     if (arguments_.command == "export") CatchInterrupts();
-    const ExitStatus started = StartSession(console);
-    const ExitStatus status = started == kDone ? RunCommand(console, arguments_) : started;
+    const auto ended = StartCommands(console);
+    const ExitStatus status = ended ? *ended : RunCommand(console, arguments_);
     if (std::cout.flush()) return status;
     std::cerr << "zekview-cli: standard output could not be written\n";
     return status == kDone ? kFailed : status;
@@ -120,13 +107,13 @@ class Application final : public wxAppConsole {
 int main(int argc, char** argv) {
   zek::PrepareStandardStreams();
   zek::cli::Arguments arguments = zek::cli::ParseArguments(zek::ProgramArguments(argc, argv));
-  if (arguments.help) {
-    std::cout << zek::cli::Usage();
-    return zek::cli::kDone;
+  if (!arguments.help.empty()) {
+    std::cout << arguments.help;
+    return zek::kDone;
   }
   if (!arguments.error.empty()) {
-    std::cerr << "zekview-cli: " << arguments.error << "\n\n" << zek::cli::Usage();
-    return zek::cli::kWrongUsage;
+    std::cerr << "zekview-cli: " << arguments.error << " (--help shows the usage)\n";
+    return zek::kWrongUsage;
   }
   wxAppConsole::SetInstance(
       new zek::cli::Application(std::move(arguments)));  // the toolkit deletes it

@@ -22,19 +22,38 @@ struct Countdowns {
 /// Seconds as ticks; what a 16-bit countdown can't hold gives the longest one, below 0 gives 0.
 std::int16_t TicksOf(double seconds);
 
-/// The waits of a session. A cancelled read ends all of them until the request is taken back.
+/// The waits of a session.
 class Waits {
  public:
   Waits(Turn& turn, Countdowns& countdowns) : turn_(turn), countdowns_(countdowns) {}
 
-  /// The user no longer wants the running read.
-  bool CancelRequested = false;
+  /// While one lives, the user may cancel what is going on: `Cancel` ends all waits until it goes.
+  class Cancellable {
+   public:
+    explicit Cancellable(Waits& waits) : waits_(waits) { ++waits_.cancellable_; }
+    Cancellable(const Cancellable&) = delete;
+    Cancellable& operator=(const Cancellable&) = delete;
+    ~Cancellable() {
+      --waits_.cancellable_;
+      TakeBack();
+    }
 
-  bool Stopped() const { return CancelRequested || turn_.Quitting(); }
+    /// The waits that follow are waited again.
+    void TakeBack() { waits_.cancelled_ = false; }
+
+   private:
+    Waits& waits_;
+  };
+
+  bool CanCancel() const { return cancellable_ > 0; }
+  /// Does nothing when there is nothing that can be cancelled.
+  void Cancel() { cancelled_ = CanCancel(); }
+
+  bool Stopped() const { return cancelled_ || turn_.Quitting(); }
 
   template <class Condition>
   void While(Condition condition) {
-    WaitWhile(turn_, [&] { return !CancelRequested && condition(); });
+    WaitWhile(turn_, [&] { return !cancelled_ && condition(); });
   }
 
   /// Waits that many seconds, counted in ticks, while events run.
@@ -48,6 +67,8 @@ class Waits {
  private:
   Turn& turn_;
   Countdowns& countdowns_;
+  int cancellable_ = 0;
+  bool cancelled_ = false;
 };
 
 }  // namespace zek

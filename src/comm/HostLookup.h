@@ -10,6 +10,13 @@
 
 namespace zek {
 
+/// The IPv4 address in dots of a host that is given by its address already; nothing for a name.
+std::optional<std::string> NumericAddress(const std::string& host);
+
+/// The IPv4 address in dots of a host; nothing when it is unknown. Blocks while the system's
+/// resolver asks, many seconds when no server answers; may be called from any thread.
+std::optional<std::string> LookUpHost(const std::string& host);
+
 /// Looks up the address of a host in a thread of its own, since the system's resolver blocks its
 /// caller when nobody answers. Nobody waits for that thread, not even the end of the program: it
 /// touches nothing but what it shares in here.

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "text/Controls.h"
-
 namespace zek {
 namespace {
 
@@ -25,42 +23,44 @@ void ReplyReader::HandleReplyText(std::string_view text, ReplyEvents& events) {
     events.OnLinkUp();
     return;
   }
-  sequenceLength_ = std::min(sequence_.size(), text.size());
-  for (std::size_t i = 0; i < sequenceLength_; ++i) sequence_[i] = text[i];
+  TakeSequence(text.substr(0, kPrefixLength - 1));
   text.remove_prefix(std::min(kPrefixLength, text.size()));
-  std::string unfilled;  // hardly any text needs it, which one character's search finds out
-  if (text.find(kFiller) != std::string_view::npos) {
-    unfilled = text;
+  // Hardly any text has fillers, which one character's search finds out.
+  if (text.find(kFiller) == std::string_view::npos) {
+    ReadLines(text, events);
+  } else {
+    std::string unfilled(text);
     std::erase(unfilled, kFiller);
-    text = unfilled;
+    ReadLines(unfilled, events);
   }
-  bool clean = ReplyBuffer.empty();  // most lines stand whole in the text and need no copy
-  for (std::size_t at = FindControl(text); at != std::string_view::npos;) {
-    const std::size_t lineFeed = text[at] == '\r' ? at + 1 : at;
-    if (lineFeed == text.size() || text[lineFeed] != '\n') {
-      clean = clean && text[at] != '\r';
-      at = FindControl(text, at + 1);
-      continue;
-    }
-    const std::string_view line = text.substr(0, at);
-    if (clean && line.size() <= kLongestReply) {
-      events.OnReplyLine(line);
-    } else {
-      EndLine(line, events);
-    }
-    text.remove_prefix(lineFeed + 1);
-    clean = true;
-    at = text.empty() ? std::string_view::npos : FindControl(text);
+}
+
+void ReplyReader::TakeSequence(std::string_view digits) {
+  sequenceLength_ = digits.size();
+  std::copy(digits.begin(), digits.end(), sequence_.begin());
+}
+
+void ReplyReader::ReadLines(std::string_view text, ReplyEvents& events) {
+  for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
+    std::string_view line = text.substr(0, end);
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    EndLine(line, events);
+    text.remove_prefix(end + 1);
   }
   if (!text.empty()) Keep(text, events);
 }
 
 void ReplyReader::EndLine(std::string_view line, ReplyEvents& events) {
+  // Most lines are whole in the text and need no copy.
+  const bool whole = ReplyBuffer.empty() && line.size() <= kLongestReply;
+  if (whole && line.find('\r') == std::string_view::npos) {
+    events.OnReplyLine(line);
+    return;
+  }
   Keep(line, events);
-  const std::string whole = std::move(ReplyBuffer);
-  ReplyBuffer.clear();
+  const std::string all = std::exchange(ReplyBuffer, {});
   events.OnReplyLine(
-      std::string_view(whole).substr(whole.size() - std::min(whole.size(), kLongestReply)));
+      std::string_view(all).substr(all.size() - std::min(all.size(), kLongestReply)));
 }
 
 void ReplyReader::Keep(std::string_view text, ReplyEvents& events) {

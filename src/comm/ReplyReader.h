@@ -46,6 +46,8 @@ class ReplyReader {
   std::string_view Sequence() const { return {sequence_.data(), sequenceLength_}; }
 
  private:
+  void TakeSequence(std::string_view digits);
+  void ReadLines(std::string_view text, ReplyEvents& events);
   void EndLine(std::string_view line, ReplyEvents& events);
   void Keep(std::string_view text, ReplyEvents& events);
 

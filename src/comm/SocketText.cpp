@@ -73,31 +73,26 @@ void SocketText::HandOverPlain(std::string_view text, const HandOver& handOver) 
 }
 
 void SocketText::TakePieces(std::string_view bytes, const HandOver& handOver) {
-  const bool begun = !buffer_.empty();  // else the pieces are handed over where they stand
-  if (begun) buffer_ += bytes;
-  std::string_view rest = begun ? std::string_view(buffer_) : bytes;
-  while (true) {
-    std::size_t length = kLinkUp.size();
-    std::size_t taken = length;
-    if (!rest.starts_with(kLinkUp)) {
-      length = rest.find(kPieceEnd, searched_);
-      if (length == std::string_view::npos) break;
-      taken = length + 1;
-      torn_ = torn_ || (length > 0 && !ReplyReader::HasPrefix(rest.substr(0, length)));
-    }
-    handOver(rest.substr(0, length));
-    rest.remove_prefix(taken);
-    searched_ = 0;
-  }
+  buffer_ += bytes;
+  std::string_view rest = buffer_;
+  while (const auto piece = NextPiece(rest)) handOver(*piece);
   if (rest.size() > kLongestReply) dropped_ = true;
   // Cut at twice the limit only, so that a flood of single bytes costs no copy each.
   if (rest.size() > 2 * kLongestReply) rest = rest.substr(rest.size() - kLongestReply);
-  if (begun) {
-    buffer_.erase(0, buffer_.size() - rest.size());
-  } else {
-    buffer_ = rest;
-  }
+  buffer_.erase(0, buffer_.size() - rest.size());
   searched_ = buffer_.size();
+}
+
+// Takes the first piece off `rest`, without its end; nothing when it is not complete.
+std::optional<std::string_view> SocketText::NextPiece(std::string_view& rest) {
+  const bool linkUp = rest.starts_with(kLinkUp);
+  const std::size_t length = linkUp ? kLinkUp.size() : rest.find(kPieceEnd, searched_);
+  if (length == std::string_view::npos) return std::nullopt;
+  const std::string_view piece = rest.substr(0, length);
+  rest.remove_prefix(linkUp ? length : length + 1);
+  searched_ = 0;
+  if (!linkUp && !piece.empty() && !ReplyReader::HasPrefix(piece)) torn_ = true;
+  return piece;
 }
 
 }  // namespace zek

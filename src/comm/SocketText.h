@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -36,6 +37,7 @@ class SocketText {
   void TakePlain(std::string_view bytes, const HandOver& handOver);
   void HandOverPlain(std::string_view text, const HandOver& handOver);
   void TakePieces(std::string_view bytes, const HandOver& handOver);
+  std::optional<std::string_view> NextPiece(std::string_view& rest);
 
   bool hasDus_ = false;
   unsigned sequence_ = 0;

@@ -30,7 +30,8 @@ std::optional<Topic> ParseTopic(std::string_view entry, bool tagMode) {
   Topic topic;
   topic.TopicName = tagMode ? std::string(name) : UpperCase(name);
   topic.ShowInList = EqualNoCase(list, "YES") || list == "1";
-  topic.TopicType = GetField(fields, 1, ",").find('2') != std::string_view::npos ? 2 : 1;
+  const bool zek2 = GetField(fields, 1, ",").find('2') != std::string_view::npos;
+  topic.TopicType = zek2 ? Generation::Zek2 : Generation::Zek1;
   topic.Address = UpperCase(Trim(GetField(fields, 2, ",")));
   topic.Description = GetField(fields, 3, ",");
   topic.Tag = GetField(fields, 4, ",");

@@ -25,17 +25,12 @@ struct Topic {
   /// Upper-cased: empty = local DDE; a computer's name = network DDE; HOST:PORT or HOST:PORT:DUS
   /// = TCP/IP.
   std::string Address;
-  std::string TopicName;       // upper-cased but in tag mode
-  std::int16_t TopicType = 1;  // 2 = ZEK2, 1 = ZEK1
+  std::string TopicName;  // upper-cased but in tag mode
+  Generation TopicType = Generation::Zek1;
   bool ShowInList = false;
   std::string Tag;
   std::int16_t TagState = 0;  // 2 after the tag was opened, 1 after it was closed
   bool HasDus = false;        // the address has a third field
-
-  Generation ControllerGeneration() const {
-    return TopicType == 2 ? Generation::Zek2 : Generation::Zek1;
-  }
-  bool IsTcp() const { return Address.find(':') != std::string::npos; }
 };
 
 /// One entry of section "Topics"; nothing for a comment or an entry without "=".

@@ -9,7 +9,8 @@
 namespace zek {
 namespace {
 
-constexpr int kMostCounted = 1'000'000'000;  // of lines that are dropped: a peer may never end
+constexpr std::size_t kMostCounted =
+    1'000'000'000;  // of lines that are dropped: a peer may never end
 
 bool Contains(std::string_view line, std::string_view word) {
   return line.find(word) != std::string_view::npos;
@@ -32,8 +33,6 @@ void Transfer::Collect(TransferKind kind) {
   Kind = kind;
   CatalogueLines.clear();
   CatalogueDfv = ".";
-  From = LinesFrom::Controller;
-  DfvKnown = true;
   LinesDropped = 0;
   ExitSeen = false;
   ErrorSeen = false;

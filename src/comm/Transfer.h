@@ -2,7 +2,6 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,43 +23,17 @@ enum class TransferKind : std::int16_t {
   ReadWdcExceptions = 7,  // a weekday listing that has reached its ".EXC" part: no line is stored
 };
 
-/// Where the lines of a catalogue come from: what stands in a local copy may never have been sent.
-enum class LinesFrom { Nowhere, Controller, LocalCopy };
-
-/// A catalogue as it was last read, or sent without fault: what a write changes is told against it.
-struct LastRead {
-  LinesFrom From = LinesFrom::Nowhere;
-  std::int16_t Topic = -1;  // index in the topic table
-  std::string LocalFile;    // the name of its local copy, which no two catalogues share
-  std::vector<std::string> Lines;
-  std::optional<std::string> Dfv;  // nothing when there is none, or it is not known
-};
-
-/// The shared state of catalogue transfers, filled by reply lines while one is running.
+/// What reply lines have brought of the transfer that is running.
 struct Transfer {
   TransferKind Kind = TransferKind::Idle;  // `TransferKind`
   /// The numbered lines of a catalogue as received, without characters 0, 2 and 3; at most
   /// `kMaxCatalogueLines`.
   std::vector<std::string> CatalogueLines;
-  LinesFrom From = LinesFrom::Nowhere;
   /// The value of the catalogue's ".DFV" line; "." for none.
   std::string CatalogueDfv = ".";
-  /// False when the lines came from a local copy that does not tell the controller's value.
-  bool DfvKnown = true;
 
-  LastRead Last;
-  /// What the table of an editor holds and its lines can't, in words, while it is saved.
-  std::vector<std::string> NotInLines;
-  /// What was sent is being fetched again; a cancel ends that.
-  bool Verifying = false;
-
-  /// A catalogue was fetched whole and stored as the local copy of `LoadedTopic`; a batch export
-  /// clears it and takes the copy instead of fetching the same catalogue twice.
-  bool CatalogueLoaded = false;
-  std::int16_t LoadedTopic = -1;  // index in the topic table
-
-  int LinesDropped = 0;    // numbered lines of the catalogue beyond the places there are
-  bool ExitSeen = false;   // a listing has ended with "EXIT" since `Collect`
+  std::size_t LinesDropped = 0;  // numbered lines of the catalogue beyond the places there are
+  bool ExitSeen = false;         // a listing has ended with "EXIT" since `Collect`
   bool ErrorSeen = false;  // since `Collect` "ERROR" has come, or text of the listing was lost
 
   std::int16_t CatalogueLineCount() const {

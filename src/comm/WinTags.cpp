@@ -6,7 +6,6 @@
 #include <utility>
 #include <vector>
 
-#include "comm/Secret.h"
 #include "text/Fields.h"
 
 namespace zek {

@@ -1,93 +1,116 @@
 #include "commands/Arguments.h"
 
-#include <algorithm>
 #include <array>
+#include <memory>
+#include <sstream>
 
+#include "settings/OptionParser.h"
 #include "text/Fields.h"
 
 namespace zek::cli {
 namespace {
 
 struct CommandShape {
-  std::string_view name;
-  std::size_t fewest;  // operands
-  std::size_t most;
-  std::string_view option;  // the one option it knows, if any
+  const char* name;
+  const char* operands;  // one in brackets is optional, "..." stands for up to three
+  const char* flag;      // its option, if any
+  bool Arguments::*flagValue;
+  const char* description;
 };
 
 constexpr auto kCommands = std::to_array<CommandShape>({
-    {"topics", 0, 0, ""},
-    {"objects", 0, 0, ""},
-    {"send", 2, 2, ""},
-    {"get", 2, 2, "--local"},
-    {"put", 3, 3, "--no-send"},
-    {"check", 3, 3, "--rebuild"},
-    {"export", 0, 3, "--local"},
-    {"history", 2, 4, ""},
+    {"topics", "", nullptr, nullptr, "the topic table"},
+    {"objects", "", nullptr, nullptr, "the objects and their time controls"},
+    {"send", "TOPIC TEXT", nullptr, nullptr, "send one command, print the answer"},
+    {"get", "KIND NODE", "--local", &Arguments::local,
+     "fetch a catalogue, keep its local copy, print it;\n"
+     "--local prints the local copy instead"},
+    {"put", "KIND NODE FILE", "--no-send", &Arguments::noSend,
+     "store a catalogue locally and send it;\n"
+     "--no-send only stores it"},
+    {"check", "KIND NODE FILE", "--rebuild", &Arguments::rebuild,
+     "read a catalogue and print its table;\n"
+     "--rebuild prints the lines that would be sent"},
+    {"export", "[KIND...]", "--local", &Arguments::local,
+     "fetch the catalogues of all time controls (all kinds\n"
+     "when none is named) into files in DIR/Batch;\n"
+     "--local takes the local copies instead"},
+    {"history", "KIND NODE [ACTION] [ID]", nullptr, nullptr,
+     "the earlier local copies of a catalogue, by ID;\n"
+     "compare ID: how one of them and the local copy differ;\n"
+     "restore ID: make it the local copy again, send nothing"},
 });
 
-const CommandShape* ShapeOf(std::string_view name) {
-  const auto* const found = std::find_if(kCommands.begin(), kCommands.end(),
-                                         [name](const CommandShape& c) { return c.name == name; });
-  return found == kCommands.end() ? nullptr : found;
-}
+constexpr const char* kNotes =
+    "KIND is wdc, sdc or ovc; NODE is TOPIC or TOPIC/TSC; FILE may be - for standard input.\n"
+    "What begins with a hyphen and is no option goes behind --.\n"
+    "\n"
+    "exit status: 0 done, 1 failed or a line was refused, 2 wrong usage or unknown name";
 
-bool TakeProgramOption(Arguments& parsed, const std::vector<std::string>& arguments,
-                       std::size_t& at) {
-  const std::string& name = arguments[at];
-  if (name == "--help" || name == "-h") {
-    parsed.help = true;
-    return true;
+// Lists each command with its operands and its option.
+class CommandList : public CLI::Formatter {
+ public:
+  std::string make_option_usage(const CLI::Option* option) const override {
+    return option->get_required() ? option->get_name() : "[" + option->get_name() + "]";
   }
-  if (name != "--dir" && name != "--ini") return false;
-  if (at + 1 == arguments.size()) {
-    parsed.error = name + " needs a directory";
-    return true;
-  }
-  (name == "--dir" ? parsed.dir : parsed.ini) = arguments[++at];
-  return true;
-}
 
-// Everything behind the command. "--" ends the options, so that a text may begin with "--".
-void TakeOperands(Arguments& parsed, const std::vector<std::string>& arguments, std::size_t at) {
-  const CommandShape& shape = *ShapeOf(parsed.command);
-  bool optionsEnded = false;
-  for (; at < arguments.size() && parsed.error.empty(); ++at) {
-    const std::string& argument = arguments[at];
-    if (!optionsEnded && argument == "--") {
-      optionsEnded = true;
-    } else if (!optionsEnded && !shape.option.empty() && argument == shape.option) {
-      parsed.local = argument == "--local";
-      parsed.noSend = argument == "--no-send";
-      parsed.rebuild = argument == "--rebuild";
-    } else if (!optionsEnded && argument.starts_with("--")) {
-      parsed.error = parsed.command + ": unknown option " + argument;
-    } else {
-      parsed.operands.push_back(argument);
+  std::string make_subcommand(const CLI::App* command) const override {
+    std::string synopsis = command->get_name();
+    for (const CLI::Option* const option : command->get_options()) {
+      if (option != command->get_help_ptr()) synopsis += " " + make_option_usage(option);
     }
+    std::ostringstream line;
+    CLI::detail::format_help(line, synopsis, command->get_description(), get_column_width());
+    return line.str();
   }
-  const std::size_t given = parsed.operands.size();
-  if (parsed.error.empty() && (given < shape.fewest || given > shape.most)) {
-    parsed.error = parsed.command + ": takes " + (shape.fewest == shape.most ? "" : "at most ") +
-                   std::to_string(shape.most) + " arguments, got " + std::to_string(given);
-  }
+};
+
+void AddOperand(CLI::App& command, std::string name, Arguments& parsed) {
+  const bool optional = name.front() == '[';
+  if (optional) name = name.substr(1, name.size() - 2);
+  const auto add = [&parsed](const std::vector<std::string>& values) {
+    parsed.operands.insert(parsed.operands.end(), values.begin(), values.end());
+    return true;
+  };
+  constexpr int most = 3;
+  const bool several = name.ends_with("...");
+  command.add_option(name, add)
+      ->expected(1, several ? most : 1)
+      ->allow_extra_args(several)
+      ->multi_option_policy(CLI::MultiOptionPolicy::Throw)
+      ->required(!optional);
+}
+
+void AddCommand(CLI::App& program, const CommandShape& shape, Arguments& parsed) {
+  CLI::App& command = *program.add_subcommand(shape.name, shape.description)->group("Commands");
+  command.callback([&parsed, &shape] { parsed.command = shape.name; });
+  std::istringstream operands(shape.operands);
+  for (std::string name; operands >> name;) AddOperand(command, name, parsed);
+  if (shape.flag != nullptr) command.add_flag(shape.flag, parsed.*shape.flagValue);
 }
 
 }  // namespace
 
 Arguments ParseArguments(const std::vector<std::string>& arguments) {
   Arguments parsed;
-  std::size_t at = 0;
-  while (at < arguments.size() && TakeProgramOption(parsed, arguments, at)) ++at;
-  if (parsed.help || !parsed.error.empty()) return parsed;
-  if (at == arguments.size()) {
+  OptionParser program("zekview-cli", "The time catalogues of ZEK1 and ZEK2 without a window.");
+  const auto list = std::make_shared<CommandList>();
+  list->column_width(35);
+  list->label("SUBCOMMAND", "COMMAND ...");
+  program.formatter(list);
+  program.set_help_flag("-h,--help", "show this text; behind a command, that command's");
+  program
+      .add_option("--dir", parsed.dir,
+                  "language files and local copies (default: the program's directory)")
+      ->type_name("DIR");
+  program.add_option("--ini", parsed.ini, "the directory of ZEKView.INI (default: the same)")
+      ->type_name("DIR");
+  for (const CommandShape& shape : kCommands) AddCommand(program, shape, parsed);
+  program.require_subcommand(0, 1);  // a missing one is reported below, behind unknown words
+  program.footer(kNotes);
+  parsed.error = program.Read(arguments, parsed.help);
+  if (parsed.error.empty() && parsed.help.empty() && parsed.command.empty()) {
     parsed.error = "a command is missing";
-  } else if (ShapeOf(arguments[at]) == nullptr) {
-    parsed.error =
-        (arguments[at].starts_with("-") ? "unknown option " : "unknown command ") + arguments[at];
-  } else {
-    parsed.command = arguments[at];
-    TakeOperands(parsed, arguments, at + 1);
   }
   return parsed;
 }
@@ -97,29 +120,6 @@ std::optional<Catalogue> CatalogueOf(const std::string& kind) {
   if (EqualNoCase(kind, "sdc")) return Catalogue::Sdc;
   if (EqualNoCase(kind, "ovc")) return Catalogue::Ovc;
   return std::nullopt;
-}
-
-std::string Usage() {
-  return "usage: zekview-cli [--dir DIR] [--ini DIR] COMMAND ...\n"
-         "\n"
-         "  topics                           the topic table\n"
-         "  objects                          the objects and their time controls\n"
-         "  send TOPIC TEXT                  send one command, print the answer\n"
-         "  get KIND NODE [--local]          fetch a catalogue, keep its local copy, print it\n"
-         "  put KIND NODE FILE [--no-send]   store a catalogue locally and send it\n"
-         "  check KIND NODE FILE [--rebuild] read a catalogue and print its table\n"
-         "  export [KIND...] [--local]       fetch the catalogues of all time controls (all kinds\n"
-         "                                   when none is named) into files in DIR/Batch; --local\n"
-         "                                   takes the local copies instead\n"
-         "  history KIND NODE                the earlier local copies of a catalogue, by ID\n"
-         "  history KIND NODE compare ID     how one of them and the local copy differ\n"
-         "  history KIND NODE restore ID     make it the local copy again, send nothing\n"
-         "\n"
-         "  --dir DIR  language files and local copies (default: the program's directory)\n"
-         "  --ini DIR  the directory of ZEKView.INI (default: the same)\n"
-         "  KIND is wdc, sdc or ovc; NODE is TOPIC or TOPIC/TSC; FILE may be - for standard input\n"
-         "\n"
-         "exit status: 0 done, 1 failed or a line was refused, 2 wrong usage or unknown name\n";
 }
 
 }  // namespace zek::cli

@@ -4,12 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/Catalogue.h"
+#include "app/ExitStatus.h"
+#include "catalogue/CatalogueKind.h"
 
 namespace zek::cli {
-
-/// The exit status of the command line program.
-enum ExitStatus { kDone = 0, kFailed = 1, kWrongUsage = 2 };
 
 /// The command line: options of the program first, then a command with its own.
 struct Arguments {
@@ -20,16 +18,13 @@ struct Arguments {
   bool local = false;                 // get --local, export --local
   bool noSend = false;                // put --no-send
   bool rebuild = false;               // check --rebuild
-  bool help = false;
-  std::string error;  // what is wrong with it; empty when nothing is
+  std::string help;                   // the text to print when --help was given, else empty
+  std::string error;                  // what is wrong; empty when nothing is
 };
 
 Arguments ParseArguments(const std::vector<std::string>& arguments);
 
 /// "wdc", "sdc" or "ovc" in any case.
 std::optional<Catalogue> CatalogueOf(const std::string& kind);
-
-/// The usage text.
-std::string Usage();
 
 }  // namespace zek::cli

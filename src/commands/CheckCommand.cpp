@@ -13,13 +13,15 @@ void Print(Console& console, const std::vector<std::string>& lines) {
 
 }  // namespace
 
-ExitStatus Check(Console& console, Catalogue catalogue, std::size_t node,
+ExitStatus Check(Console& console, const CatalogueId& id, std::size_t node,
                  const Arguments& arguments) {
   ZV_Proc& proc = console.proc;
   const std::optional<std::string> text = ReadFileOperand(console, arguments.operands[2]);
   if (!text) return kWrongUsage;
-  if (!TakeLocalCopy(proc, *text, Windows1252FromUtf8(arguments.operands[2]))) return kFailed;
-  const LoadedCatalogue checked = LoadCatalogue(proc, catalogue, LabelsOf(proc.tree[node]));
+  const auto content = proc.copies.Parse(id, *text, Windows1252FromUtf8(arguments.operands[2]));
+  if (!content) return kFailed;
+  const LoadedCatalogue checked =
+      LoadCatalogue(id, *content, LabelsOf(proc.tree[node]), proc.settings, proc.Numbers());
   const ExitStatus status = checked.linesLost == 0 ? kDone : kFailed;
   if (status != kDone) {
     console.err << "zekview-cli: lines that a saved catalogue would not hold: " << checked.linesLost

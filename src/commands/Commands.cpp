@@ -2,7 +2,7 @@
 
 #include <iterator>
 
-#include "catalogue/LastRead.h"
+#include "app/StartSession.h"
 #include "commands/CheckCommand.h"
 #include "commands/ExportCommand.h"
 #include "commands/FileOperand.h"
@@ -26,8 +26,9 @@ ExitStatus Topics(Console& console) {
   for (std::int16_t index = 0; index < console.proc.topics.TopicCount(); ++index) {
     const Topic& topic = console.proc.topics[index];
     console.out << index << '\t'
-                << Utf8FromWindows1252(topic.TopicName + '\t' + std::to_string(topic.TopicType) +
-                                       '\t' + topic.Address + '\t' + topic.Description)
+                << Utf8FromWindows1252(topic.TopicName + '\t' +
+                                       std::to_string(static_cast<int>(topic.TopicType)) + '\t' +
+                                       topic.Address + '\t' + topic.Description)
                 << '\n';
   }
   return kDone;
@@ -65,30 +66,30 @@ ExitStatus Send(Console& console, const std::string& topicName, const std::strin
   return sent && answered ? kDone : kFailed;
 }
 
-void PrintCatalogue(Console& console, Catalogue catalogue) {
-  const Transfer& transfer = console.proc.transfer;
-  if (catalogue != Catalogue::Sdc && HasNamedControls(console.proc)) {
-    console.out << ".DFV = " << Utf8FromWindows1252(transfer.CatalogueDfv) << '\n';
-  }
-  for (const std::string& line : transfer.CatalogueLines) {
-    console.out << Utf8FromWindows1252(line) << '\n';
+void PrintCatalogue(std::ostream& out, const CatalogueId& id, const CatalogueContent& content) {
+  if (id.IsOfControl()) out << ".DFV = " << Utf8FromWindows1252(content.dfv.value_or(".")) << '\n';
+  for (const std::string& line : content.lines) {
+    out << Utf8FromWindows1252(line) << '\n';
   }
 }
 
-ExitStatus Get(Console& console, Catalogue catalogue, bool local) {
+ExitStatus Get(Console& console, const CatalogueId& id, bool local) {
   console.prompts.answerYes = local;
-  if (!GetCatalogue(console.proc, catalogue)) return kFailed;
-  PrintCatalogue(console, catalogue);
+  const std::optional<CatalogueContent> content = console.proc.catalogues.GetCatalogue(id);
+  if (!content) return kFailed;
+  PrintCatalogue(console.out, id, *content);
   return kDone;
 }
 
-ExitStatus Put(Console& console, Catalogue catalogue, const std::string& file, bool noSend) {
+ExitStatus Put(Console& console, const CatalogueId& id, const std::string& file, bool noSend) {
   const std::optional<std::string> text = ReadFileOperand(console, file);
   if (!text) return kWrongUsage;
-  if (!TakeLocalCopy(console.proc, *text, Windows1252FromUtf8(file))) return kFailed;
+  ZV_Proc& proc = console.proc;
+  const auto content = proc.copies.Parse(id, *text, Windows1252FromUtf8(file));
+  if (!content) return kFailed;
   console.prompts.answerYes = !noSend;
-  RememberLocalCopy(console.proc, catalogue);
-  const bool saved = SaveCatalogue(console.proc, catalogue);
+  proc.catalogues.CompareWithCopy(id);
+  const bool saved = proc.catalogues.SaveCatalogue(id, {content->lines, content->dfv, {}});
   // A question that was answered No comes only after the local copy was stored.
   const bool storedOnly = noSend && console.prompts.asked > 0;
   return saved || storedOnly ? kDone : kFailed;
@@ -103,38 +104,33 @@ ExitStatus RunCatalogueCommand(Console& console, const Arguments& arguments) {
   const auto node = FindNode(console.proc.tree, console.proc.topics, Windows1252FromUtf8(name));
   if (!node) return Refuse(console, "unknown node " + name);
   SelectNode(console.proc, *node);
-  if (LocalFileOf(console.proc.selection, *catalogue).empty()) {
+  const CatalogueId id = console.proc.selection.Id(*catalogue);
+  if (id.localFile.empty()) {
     return Refuse(console, Utf8FromWindows1252(console.proc.Text(text::kNoSuchCatalogue)) + " (" +
                                name + ")");
   }
-  if (arguments.command == "get") return Get(console, *catalogue, arguments.local);
+  if (arguments.command == "get") return Get(console, id, arguments.local);
   if (arguments.command == "put") {
-    return Put(console, *catalogue, arguments.operands[2], arguments.noSend);
+    return Put(console, id, arguments.operands[2], arguments.noSend);
   }
-  if (arguments.command == "history") return HistoryOfCatalogue(console, *catalogue, arguments);
-  return Check(console, *catalogue, *node, arguments);
+  if (arguments.command == "history") return HistoryOfCatalogue(console, id, arguments);
+  return Check(console, id, *node, arguments);
 }
 
 }  // namespace
 
-ExitStatus StartSession(Console& console) {
+std::optional<ExitStatus> StartCommands(Console& console) {
   ZV_Proc& proc = console.proc;
-  if (!CheckSettingsFile(proc)) return kWrongUsage;
-  if (!LoadLanguage(proc)) {
+  StartOptions options;
+  options.chooseLanguage = [&] {
     console.err << "zekview-cli: no language file: setting Language in [General] of "
                 << proc.settings.IniPath << "ZEKView.INI names none in "
                 << proc.settings.ProgramPath << '\n';
-    return kFailed;
-  }
-  if (!LoadSettings(proc.settings, {}, proc.outside.profile, proc.texts, proc.outside.prompts)) {
-    return kFailed;
-  }
-  if (proc.settings.TagMode && !proc.outside.tags.Create()) {
-    proc.outside.prompts.Show(Icon::None, proc.Text(text::kNoTagObject));
-    return kFailed;
-  }
-  LoadTopics(proc);
-  return kDone;
+    return false;
+  };
+  const std::optional<ExitStatus> ended = StartSession(proc, options);
+  if (!ended) LoadTopics(proc);
+  return ended;
 }
 
 ExitStatus RunCommand(Console& console, const Arguments& arguments) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <istream>
+#include <optional>
 #include <ostream>
 
 #include "app/ZV_Proc.h"
@@ -18,8 +19,8 @@ struct Console {
   std::ostream& err;
 };
 
-/// Start-up as the desktop program does it: language, settings, tag object, topics.
-ExitStatus StartSession(Console& console);
+/// `StartSession` and the topics; the exit status when the program ends here, which was reported.
+std::optional<ExitStatus> StartCommands(Console& console);
 
 /// Runs one command; waits run in `console.proc`'s event loop.
 ExitStatus RunCommand(Console& console, const Arguments& arguments);

@@ -1,6 +1,7 @@
 #include "commands/ExportCommand.h"
 
 #include "export/BatchExport.h"
+#include "system/Process.h"
 #include "text/Windows1252.h"
 
 namespace zek::cli {
@@ -38,6 +39,7 @@ ExitStatus Export(Console& console, const Arguments& arguments) {
   if (!kinds) return kWrongUsage;
   if (arguments.local) proc.settings.LocalMode = true;
   proc.batch.Kinds = *kinds;
+  proc.settings.DecimalSeparator = SystemDecimalSeparator();  // as /BATCH prints them
   BatchExport batch(proc);
   batch.Start();
   while (batch.Tick()) proc.waits.RunPending();

@@ -34,7 +34,7 @@ std::optional<std::string> ReadFileOperand(Console& console, const std::string& 
     std::ifstream pipe(PathOf(file), std::ios::binary);
     content = ReadInput(pipe);
   } else {
-    content = console.proc.outside.files.Read(file);
+    content = console.proc.files.Read(file);
   }
   if (!content.error) return std::move(content.bytes);
   console.err << "zekview-cli: "

@@ -18,8 +18,8 @@ ExitStatus List(Console& console, const std::vector<KeptCopy>& kept) {
   return kDone;
 }
 
-ExitStatus Compare(Console& console, Catalogue catalogue, const KeptCopy& copy) {
-  auto differences = CompareWithKept(console.proc, catalogue, copy);
+ExitStatus Compare(Console& console, const CatalogueId& id, const KeptCopy& copy) {
+  auto differences = console.proc.copies.CompareWith(id, copy);
   if (!differences) return kFailed;
   for (std::string& line : *differences) {
     ShowControls(line);
@@ -30,20 +30,20 @@ ExitStatus Compare(Console& console, Catalogue catalogue, const KeptCopy& copy) 
 
 }  // namespace
 
-ExitStatus HistoryOfCatalogue(Console& console, Catalogue catalogue, const Arguments& arguments) {
-  const std::vector<KeptCopy> kept = HistoryOf(console.proc, catalogue).Kept();
+ExitStatus HistoryOfCatalogue(Console& console, const CatalogueId& id, const Arguments& arguments) {
+  const std::vector<KeptCopy> kept = console.proc.copies.HistoryOf(id).Kept();
   constexpr std::size_t what = 2;
-  constexpr std::size_t id = 3;
+  constexpr std::size_t which = 3;
   if (arguments.operands.size() == what) return List(console, kept);
   const std::string& action = arguments.operands[what];
   if (action != "compare" && action != "restore") return Refuse(console, "unknown " + action);
-  if (arguments.operands.size() == id) return Refuse(console, action + " needs an ID");
+  if (arguments.operands.size() == which) return Refuse(console, action + " needs an ID");
   const auto copy = std::find_if(kept.begin(), kept.end(), [&](const KeptCopy& each) {
-    return each.id == arguments.operands[id];
+    return each.id == arguments.operands[which];
   });
-  if (copy == kept.end()) return Refuse(console, "there is no copy " + arguments.operands[id]);
-  if (action == "compare") return Compare(console, catalogue, *copy);
-  return RestoreLocalCopy(console.proc, catalogue, *copy) ? kDone : kFailed;
+  if (copy == kept.end()) return Refuse(console, "there is no copy " + arguments.operands[which]);
+  if (action == "compare") return Compare(console, id, *copy);
+  return console.proc.copies.Restore(id, *copy) ? kDone : kFailed;
 }
 
 }  // namespace zek::cli

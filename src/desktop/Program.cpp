@@ -4,7 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
-#include <vector>
+#include <utility>
 
 #include <wx/app.h>
 #include <wx/fileconf.h>
@@ -13,14 +13,15 @@
 #include <wx/sstream.h>
 #include <wx/stdpaths.h>
 
-#include "desktop/Desktop.h"
 #include "desktop/StartUp.h"
 #include "desktop/Tour.h"
 #include "desktop/Unattended.h"
 #include "forms/main/ZV_Main.h"
 #include "system/Interrupt.h"
+#include "system/Paths.h"
 #include "system/Process.h"
 #include "ui/WxPrompts.h"
+#include "wxbase/SystemSession.h"
 
 namespace zek {
 namespace {
@@ -54,8 +55,7 @@ void UseErrorOutput() { delete wxLog::SetActiveTarget(Given<wxLogStderr>()); }
 
 class Program final : public wxApp {
  public:
-  explicit Program(const std::vector<std::string>& arguments)
-      : line_(ParseCommandLine(arguments)) {}
+  explicit Program(CommandLine line) : line_(std::move(line)) {}
 
   // Not the toolkit's own, which would parse the command line.
   bool OnInit() override { return true; }
@@ -76,13 +76,14 @@ class Program final : public wxApp {
     }
     UseConfiguration(!line_.tour);
     Prompts* const prompts = line_.tour ? static_cast<Prompts*>(&tourPrompts_) : &prompts_;
-    desktop_ = std::make_unique<Desktop>(programPath, IniPathOf(line_, programPath), *prompts);
+    desktop_ =
+        std::make_unique<SystemSession>(programPath, IniPathOf(line_, programPath), *prompts);
     prompts_.Speak(desktop_->proc.texts);
     if (IsUnattended(line_)) {
       unattended_.emplace(desktop_->proc);
       CatchInterrupts();
     }
-    if (const auto ended = StartUp(*desktop_, line_, instance_)) return *ended;
+    if (const auto ended = StartUp(desktop_->proc, line_, instance_)) return *ended;
     ShowMain();
     wxApp::OnRun();
     if (tour_ && !tour_->Succeeded()) return kFailed;
@@ -120,7 +121,7 @@ class Program final : public wxApp {
   WxPrompts prompts_;
   TourPrompts tourPrompts_;
   wxSingleInstanceChecker instance_;
-  std::unique_ptr<Desktop> desktop_;
+  std::unique_ptr<SystemSession> desktop_;
   std::optional<Unattended> unattended_;
   std::unique_ptr<Tour> tour_;
 };
@@ -129,9 +130,13 @@ class Program final : public wxApp {
 }  // namespace zek
 
 int main(int argc, char** argv) {
+  zek::CommandLine line = zek::ParseCommandLine(zek::ProgramArguments(argc, argv));
+  if (!line.help.empty()) {
+    zek::Inform(line.help);
+    return zek::kDone;
+  }
   zek::UseErrorOutput();
-  wxApp::SetInstance(
-      new zek::Program(zek::ProgramArguments(argc, argv)));  // the toolkit deletes it
+  wxApp::SetInstance(new zek::Program(std::move(line)));  // the toolkit deletes it
   int noArguments = 1;  // ours are parsed already; the toolkit would convert them by the locale
   return wxEntry(noArguments, argv);
 }

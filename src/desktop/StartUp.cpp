@@ -25,19 +25,10 @@ bool IsAnotherRunning(wxSingleInstanceChecker& instance, const std::string& prog
   return instance.Create(name, wxStandardPaths::Get().GetTempDir()) && instance.IsAnotherRunning();
 }
 
-// Asks for a language when the settings name none that is there.
-bool ChooseLanguage(Desktop& desktop, bool mayAsk) {
-  if (LoadLanguage(desktop.proc)) return true;
-  if (!mayAsk) return false;
-  ZV_Lang form(desktop.proc);
-  form.ShowModal();
-  return LoadLanguage(desktop.proc);
-}
-
 }  // namespace
 
 std::string Complaint(const CommandLine& line, const std::string& programPath) {
-  if (!line.missingValue.empty()) return line.missingValue + " needs a directory behind it.";
+  if (!line.error.empty()) return line.error;
   std::error_code error;
   if (!std::filesystem::is_directory(PathOf(programPath), error)) {
     return "There is no directory " + programPath + (error ? " (" + error.message() + ")" : "");
@@ -47,28 +38,28 @@ std::string Complaint(const CommandLine& line, const std::string& programPath) {
   return {};
 }
 
-std::optional<int> StartUp(Desktop& desktop, const CommandLine& line,
-                           wxSingleInstanceChecker& instance) {
-  ZV_Proc& proc = desktop.proc;
-  if (!CheckSettingsFile(proc)) return kFailed;
+std::optional<ExitStatus> StartUp(ZV_Proc& proc, const CommandLine& line,
+                                  wxSingleInstanceChecker& instance) {
   const bool attended = !line.tour && !IsUnattended(line);
-  if (!ChooseLanguage(desktop, attended)) {
-    if (!attended) std::cerr << "zekview: setting Language names no language file\n";
-    return kFailed;
-  }
-  if (IsAnotherRunning(instance, proc.settings.ProgramPath)) {
-    proc.outside.prompts.Show(Icon::Information, proc.Text(text::kAlreadyRunning));
+  StartOptions options;
+  options.switches = line.text;
+  options.chooseLanguage = [&] {
+    if (!attended) {
+      std::cerr << "zekview: setting Language names no language file\n";
+      return false;
+    }
+    ZV_Lang form(proc);
+    form.ShowModal();
+    return LoadLanguage(proc);
+  };
+  options.mayStart = [&]() -> std::optional<ExitStatus> {
+    if (!IsAnotherRunning(instance, proc.settings.ProgramPath)) return std::nullopt;
+    proc.ToUser().Tell(Icon::Information, text::kAlreadyRunning);
     return attended ? kDone : kFailed;
-  }
-  if (!LoadSettings(proc.settings, line.text, *desktop.profile, proc.texts, proc.outside.prompts)) {
-    return kFailed;
-  }
+  };
+  const std::optional<ExitStatus> ended = StartSession(proc, options);
   proc.settings.DecimalSeparator = SystemDecimalSeparator();
-  if (proc.settings.TagMode && !desktop.tags.Create()) {
-    proc.outside.prompts.Show(Icon::None, proc.Text(text::kNoTagObject));
-    return kFailed;
-  }
-  return std::nullopt;
+  return ended;
 }
 
 }  // namespace zek

@@ -6,20 +6,17 @@
 #include <wx/defs.h>
 #include <wx/snglinst.h>
 
-#include "desktop/Desktop.h"
+#include "app/StartSession.h"
 #include "settings/CommandLine.h"
 
 namespace zek {
 
-enum ExitStatus : int { kDone = 0, kFailed = 1, kWrongUsage = 2 };
-
 /// What is wrong with the command line, for standard error; "" when nothing is.
 std::string Complaint(const CommandLine& line, const std::string& programPath);
 
-/// Everything ahead of the main window, in this order: the language, one instance only, the
-/// switches and settings, the tag object. The exit status when the program ends here.
-/// `instance` stands for this instance as long as it lives.
-std::optional<int> StartUp(Desktop& desktop, const CommandLine& line,
-                           wxSingleInstanceChecker& instance);
+/// `StartSession` with what a desktop program adds: a question for the language, one instance only,
+/// numbers as the system prints them. `instance` stands for this instance as long as it lives.
+std::optional<ExitStatus> StartUp(ZV_Proc& proc, const CommandLine& line,
+                                  wxSingleInstanceChecker& instance);
 
 }  // namespace zek

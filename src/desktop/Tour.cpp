@@ -12,6 +12,7 @@
 #include "desktop/ScreenPicture.h"
 #include "forms/browser/ZV_TSC.h"
 #include "forms/main/ZV_Main.h"
+#include "system/Paths.h"
 #include "text/Windows1252.h"
 
 namespace zek {

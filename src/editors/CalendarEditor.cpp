@@ -236,12 +236,12 @@ void CalendarEditor::TellYear(Prompts& prompts, const LanguageTexts& texts) cons
                std::to_string(fourDigits ? years_.lastYear : years_.lastTwoDigitYear)}));
 }
 
-SaveOutcome CalendarEditor::Save(const CatalogueWriter& writer, Prompts& prompts,
-                                 const LanguageTexts& texts) const {
-  if (ViewOnly()) return SaveOutcome::NotTried;
-  constexpr RetryTexts retry{text::kWeekdayRetry, text::kWeekdayRetryTitle};
-  return SaveWithRetry(BuildCalendar(Table(), name_, years_.generation), linesLost_, writer, retry,
-                       prompts, texts);
+std::optional<EditedCatalogue> CalendarEditor::Edited() const {
+  if (ViewOnly()) return std::nullopt;
+  return EditedCatalogue{BuildCalendar(Table(), name_, years_.generation),
+                         linesLost_,
+                         {text::kWeekdayRetry, text::kWeekdayRetryTitle},
+                         {}};
 }
 
 }  // namespace zek

@@ -131,9 +131,8 @@ class CalendarEditor {
   /// All of a day in words, for those who don't see it: "torsdag 24 december 2026, SD1, markerad".
   std::string CellName(int day, const LanguageTexts& texts) const;
 
-  /// Builds the lines and has them written (see `SaveWithRetry`).
-  SaveOutcome Save(const CatalogueWriter& writer, Prompts& prompts,
-                   const LanguageTexts& texts) const;
+  /// The table as lines, to be saved; nothing with `ViewOnly`.
+  std::optional<EditedCatalogue> Edited() const;
 
  private:
   CalendarDate DateOf(int day) const { return {Table().BaseYear() + year_, month_, day}; }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "formats/ExceptionDrops.h"
 #include "formats/ExceptionOptions.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
@@ -121,14 +122,14 @@ std::size_t ExceptionEditor::Erase() {
   return row_;
 }
 
-SaveOutcome ExceptionEditor::Save(const CatalogueWriter& writer,
-                                  const NumberReader& numbers) const {
-  if (ViewOnly()) return SaveOutcome::NotTried;
+std::optional<EditedCatalogue> ExceptionEditor::Edited(const NumberReader& numbers) const {
+  if (ViewOnly()) return std::nullopt;
   const auto options = ReadExceptionOptions(numbers, owner_.generation);
-  if (!options) return SaveOutcome::NotTried;
-  const BuiltLines built = BuildExceptions(Table(), owner_, lines_, *options, decimalSeparator_);
-  constexpr RetryTexts retry{text::kExceptionRetry, text::kExceptionRetryTitle};
-  return SaveWithRetry(built, linesLost_, writer, retry, numbers.prompts, numbers.texts);
+  if (!options) return std::nullopt;
+  return EditedCatalogue{BuildExceptions(Table(), owner_, lines_, *options, decimalSeparator_),
+                         linesLost_,
+                         {text::kExceptionRetry, text::kExceptionRetryTitle},
+                         LostStopTimes(Table(), owner_.generation)};
 }
 
 }  // namespace zek

@@ -86,9 +86,9 @@ class ExceptionEditor {
   std::optional<ExceptionFocus> Redo() { return ShowPlace(history_.Redo()); }
   EditState State() const { return history_.State(); }
 
-  /// Builds the lines by the settings that `numbers` reads and has them written (see
-  /// `SaveWithRetry`).
-  SaveOutcome Save(const CatalogueWriter& writer, const NumberReader& numbers) const;
+  /// The table as lines, to be saved, by the settings that `numbers` reads; nothing when one of
+  /// them can't be used, which was shown.
+  std::optional<EditedCatalogue> Edited(const NumberReader& numbers) const;
 
  private:
   std::optional<ExceptionFocus> ShowPlace(const std::optional<ExceptionFocus>& place);

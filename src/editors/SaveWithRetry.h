@@ -7,8 +7,7 @@
 #include <vector>
 
 #include "formats/BuiltLines.h"
-#include "lang/LanguageTexts.h"
-#include "system/Prompts.h"
+#include "lang/Messages.h"
 
 namespace zek {
 
@@ -28,11 +27,18 @@ enum class SaveOutcome {
   Written,
 };
 
-/// Saves what an editor has built. Lines that can't be built are reported and nothing is written.
+/// The catalogue that an editor gives to be saved.
+struct EditedCatalogue {
+  BuiltLines lines;
+  std::size_t linesLost = 0;            // of the catalogue as it was read, which saving loses
+  RetryTexts retry{};                   // asked after a write that failed
+  std::vector<std::string> notInLines;  // what the table holds and lines can't, in words
+};
+
+/// Has an edited catalogue written. Lines that can't be built are reported and nothing is written.
 /// When saving loses lines that could not be read, the user is asked first; a failed write is
 /// repeated as often as the user wants it.
-SaveOutcome SaveWithRetry(const BuiltLines& built, std::size_t linesLost,
-                          const CatalogueWriter& writer, RetryTexts retry, Prompts& prompts,
-                          const LanguageTexts& texts);
+SaveOutcome SaveWithRetry(const EditedCatalogue& edited, const CatalogueWriter& writer,
+                          const Messages& messages);
 
 }  // namespace zek

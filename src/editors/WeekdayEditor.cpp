@@ -133,13 +133,13 @@ std::size_t WeekdayEditor::Erase() {
   return column_;
 }
 
-SaveOutcome WeekdayEditor::Save(const CatalogueWriter& writer, Prompts& prompts,
-                                const LanguageTexts& texts) const {
-  if (ViewOnly()) return SaveOutcome::NotTried;
-  const BuiltLines built =
-      BuildWeekday(Table(), name_, lines_, BuildStart::Afresh, decimalSeparator_);
-  constexpr RetryTexts retry{text::kWeekdayRetry, text::kWeekdayRetryTitle};
-  return SaveWithRetry(built, linesLost_, writer, retry, prompts, texts);
+std::optional<EditedCatalogue> WeekdayEditor::Edited() const {
+  if (ViewOnly()) return std::nullopt;
+  return EditedCatalogue{
+      BuildWeekday(Table(), name_, lines_, BuildStart::Afresh, decimalSeparator_),
+      linesLost_,
+      {text::kWeekdayRetry, text::kWeekdayRetryTitle},
+      {}};
 }
 
 }  // namespace zek

@@ -96,9 +96,8 @@ class WeekdayEditor {
   std::optional<WeekdayFocus> Redo() { return ShowPlace(history_.Redo()); }
   EditState State() const { return history_.State(); }
 
-  /// Builds the lines and has them written (see `SaveWithRetry`).
-  SaveOutcome Save(const CatalogueWriter& writer, Prompts& prompts,
-                   const LanguageTexts& texts) const;
+  /// The table as lines, to be saved; nothing with `ViewOnly`.
+  std::optional<EditedCatalogue> Edited() const;
 
  private:
   const WeekdayRow& Cells(std::size_t column) const {

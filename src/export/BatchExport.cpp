@@ -6,6 +6,7 @@
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
 #include "system/LogPrompts.h"
+#include "system/Paths.h"
 
 namespace zek {
 namespace {
@@ -22,17 +23,16 @@ void BatchExport::Start() {
   Batch& batch = proc_.batch;
   if (batch.IsRunning()) return;
   batch.State = BatchState::Started;
-  batch.IncludeBatchHeader =
-      ReadYesNo(proc_.outside.profile, "General", "IncludeBatchHeader", "yes");
+  batch.IncludeBatchHeader = ReadYesNo(proc_.profile, "General", "IncludeBatchHeader", "yes");
   passes_.clear();
   if (batch.Kinds.WDC) passes_.push_back({BatchState::WdcPass, BatchFile(Catalogue::Wdc)});
   if (batch.Kinds.SDC) passes_.push_back({BatchState::SdcPass, BatchFile(Catalogue::Sdc)});
   if (batch.Kinds.OVC) passes_.push_back({BatchState::OvcPass, BatchFile(Catalogue::Ovc)});
   for (Pass& pass : passes_) {
-    pass.file.Open(proc_.outside.files, BatchDirectory(proc_.settings), proc_.outside.now());
-    if (batch.IncludeBatchHeader) pass.file.WriteHeader(proc_.outside.now());
+    pass.file.Open(proc_.files, BatchDirectory(proc_.settings), proc_.now());
+    if (batch.IncludeBatchHeader) pass.file.WriteHeader(proc_.now());
   }
-  proc_.transfer.CatalogueLoaded = false;
+  loadedObject_ = -1;
   report_ = {};
   const auto controls = std::count_if(proc_.tree.begin(), proc_.tree.end(),
                                       [](const TreeNode& node) { return node.IsTimeControl(); });
@@ -48,14 +48,12 @@ bool BatchExport::Tick() {
   stepping_ = true;
   Step();
   stepping_ = false;
-  // A cancel that came after the last wait of a fetch must not end the waits of others.
-  proc_.waits.CancelRequested = false;
   return IsRunning();
 }
 
 void BatchExport::Step() {
   Batch& batch = proc_.batch;
-  if (proc_.outside.turn.Quitting()) Cancel();
+  if (proc_.turn.Quitting()) Cancel();
   if (batch.State == BatchState::Started) {
     batch.BatchNodeIndex = 0;
     batch.State = BatchState::WdcPass;
@@ -80,7 +78,7 @@ void BatchExport::NextState() {
   Batch& batch = proc_.batch;
   batch.BatchNodeIndex = 0;
   if (batch.State == BatchState::Finishing) return;
-  proc_.transfer.CatalogueLoaded = false;
+  loadedObject_ = -1;
   if (batch.State == BatchState::WdcPass) {
     batch.State = BatchState::SdcPass;
   } else if (batch.State == BatchState::SdcPass) {
@@ -88,14 +86,14 @@ void BatchExport::NextState() {
   } else {
     batch.State = BatchState::Finishing;
     if (!batch.IncludeBatchHeader) return;
-    for (Pass& pass : passes_) pass.file.WriteFinished(proc_.outside.now());
+    for (Pass& pass : passes_) pass.file.WriteFinished(proc_.now());
   }
 }
 
 void BatchExport::Select(std::size_t node) {
   SelectNode(proc_, node);
   // Every time control of a modern controller has catalogues of its own.
-  if (proc_.topics[proc_.tree[node].Object].TopicType == 2) proc_.transfer.CatalogueLoaded = false;
+  if (proc_.selection.generation == Generation::Zek2) loadedObject_ = -1;
   proc_.batch.Labels = LabelsOf(proc_.tree[node]);
   Selected(node);
 }
@@ -103,7 +101,7 @@ void BatchExport::Select(std::size_t node) {
 void BatchExport::Export(Pass& pass, std::size_t node) {
   Batch& batch = proc_.batch;
   batch.Node = NodeName(proc_.tree, proc_.topics, node);
-  batch.Kind = KindName(pass.file.Kind());
+  batch.Kind = KindOf(pass.file.Kind()).name;
   ++batch.Step;
   proc_.status.Changed();
   told_.clear();
@@ -129,18 +127,31 @@ void BatchExport::Export(Pass& pass, std::size_t node) {
 // cancel, and where there is no file to write it to, which the report says once for all nodes.
 bool BatchExport::FetchAndWrite(Pass& pass) {
   if (!pass.file.IsOpen()) return false;
-  const Catalogue kind = pass.file.Kind();
-  if (!GetCatalogue(proc_, kind)) {
-    if (proc_.batch.State == BatchState::Finishing || proc_.outside.turn.Quitting()) return false;
+  const CatalogueId id = proc_.selection.Id(pass.file.Kind());
+  const std::optional<CatalogueContent> content = Fetch(id);
+  if (!content) {
+    if (proc_.batch.State == BatchState::Finishing || proc_.turn.Quitting()) return false;
     if (told_.empty()) TakeMessage(Text(text::kNoAnswer));
     return true;
   }
   // What was said on the way to a whole catalogue does not make it worse.
-  if (proc_.transfer.LinesDropped == 0) told_.clear();
-  const LoadedCatalogue loaded = LoadCatalogue(proc_, kind, proc_.batch.Labels);
+  if (content->linesDropped == 0) told_.clear();
+  const LoadedCatalogue loaded =
+      LoadCatalogue(id, *content, proc_.batch.Labels, proc_.settings, proc_.Numbers());
   const auto error = pass.file.WriteRecords(loaded.records);
   if (error) TakeMessage(FileMessage(proc_.texts, *error));
   return true;
+}
+
+// A batch fetches afresh, but not the same catalogue twice; in local mode it takes what there is.
+std::optional<CatalogueContent> BatchExport::Fetch(const CatalogueId& id) {
+  const bool loaded = loadedObject_ == id.object && !proc_.settings.AlwaysUseDSS;
+  const CopyUse use = proc_.settings.LocalMode || loaded ? CopyUse::Take : CopyUse::PassOver;
+  std::optional<CatalogueContent> content = proc_.catalogues.GetCatalogue(id, use);
+  if (content && content->from == LinesFrom::Controller) {
+    loadedObject_ = content->linesDropped == 0 ? id.object : std::int16_t{-1};
+  }
+  return content;
 }
 
 void BatchExport::TakeMessage(const std::string& line) {
@@ -152,9 +163,9 @@ void BatchExport::Cancel() {
   if (!IsRunning() || proc_.batch.State == BatchState::Finishing) return;
   proc_.batch.State = BatchState::Finishing;
   proc_.batch.BatchBusy = false;
-  proc_.waits.CancelRequested = stepping_;
+  if (stepping_) proc_.waits.Cancel();
   report_.stopped = true;
-  for (Pass& pass : passes_) pass.file.WriteStopped(proc_.outside.now());
+  for (Pass& pass : passes_) pass.file.WriteStopped(proc_.now());
   proc_.status.Changed();
 }
 
@@ -185,13 +196,12 @@ void BatchExport::StoreReport() {
   for (const std::string& note : proc_.batch.Notes) add(note);
   add(report_.Headline(proc_.texts));
   for (const std::string& line : report_.Details(proc_.texts)) add(line);
-  const std::string path = WithSeparator(BatchDirectory(proc_.settings)) + "BATCH" +
-                           FileStamp(proc_.outside.now()) + ".TXT";
-  const auto error = proc_.outside.files.Write(path, text);
+  const std::string path =
+      WithSeparator(BatchDirectory(proc_.settings)) + "BATCH" + FileStamp(proc_.now()) + ".TXT";
+  const auto error = proc_.files.Write(path, text);
   if (!error) return;
-  proc_.outside.prompts.Show(Icon::Exclamation, FileMessage(proc_.texts, *error));
-  for (const std::string& line : report_.Details(proc_.texts))
-    proc_.outside.prompts.Show(Icon::None, line);
+  proc_.prompts.Show(Icon::Exclamation, FileMessage(proc_.texts, *error));
+  for (const std::string& line : report_.Details(proc_.texts)) proc_.prompts.Show(Icon::None, line);
 }
 
 std::string BatchProgress(const ZV_Proc& proc) {

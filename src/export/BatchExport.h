@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -64,6 +65,7 @@ class BatchExport {
   void Select(std::size_t node);
   void Export(Pass& pass, std::size_t node);
   bool FetchAndWrite(Pass& pass);
+  std::optional<CatalogueContent> Fetch(const CatalogueId& id);
   void TakeMessage(const std::string& line);
   void Finish();
   std::string Text(std::int32_t number) const { return proc_.Text(number); }
@@ -72,6 +74,7 @@ class BatchExport {
   std::vector<Pass> passes_;       // of the checked kinds
   std::vector<std::string> told_;  // messages about the catalogue that is being exported
   BatchReport report_;
+  std::int16_t loadedObject_ = -1;  // whose shared catalogue of this pass is the local copy now
   bool stepping_ = false;
 };
 

@@ -2,7 +2,8 @@
 
 #include <utility>
 
-#include "settings/Settings.h"
+#include "system/Paths.h"
+#include "text/Numbers.h"
 #include "text/Windows1252.h"
 
 namespace zek {
@@ -31,18 +32,16 @@ std::string_view ColumnsOf(Catalogue kind) {
   return kExceptionColumns;
 }
 
-std::string TwoDigits(int number) {
-  constexpr int ten = 10;
-  return {static_cast<char>('0' + number / ten % ten), static_cast<char>('0' + number % ten)};
-}
-
 // "YY-MM-DD HH:NN:SS" with these separators.
 std::string Stamp(const LocalTime& t, std::string_view inDate, std::string_view between,
                   std::string_view inTime) {
   std::string stamp;
-  stamp.append(TwoDigits(t.year)).append(inDate).append(TwoDigits(t.month)).append(inDate);
-  stamp.append(TwoDigits(t.day)).append(between).append(TwoDigits(t.hour)).append(inTime);
-  return stamp.append(TwoDigits(t.minute)).append(inTime).append(TwoDigits(t.second));
+  stamp.append(ZeroPadded(t.year % 100, 2))
+      .append(inDate)
+      .append(ZeroPadded(t.month, 2))
+      .append(inDate);
+  stamp.append(ZeroPadded(t.day, 2)).append(between).append(ZeroPadded(t.hour, 2)).append(inTime);
+  return stamp.append(ZeroPadded(t.minute, 2)).append(inTime).append(ZeroPadded(t.second, 2));
 }
 
 std::string LineStamp(const LocalTime& t) { return Stamp(t, "-", " ", ":"); }
@@ -51,20 +50,8 @@ std::string LineStamp(const LocalTime& t) { return Stamp(t, "-", " ", ":"); }
 
 std::string FileStamp(const LocalTime& now) { return Stamp(now, "", "_", ""); }
 
-std::string_view KindName(Catalogue kind) {
-  switch (kind) {
-    case Catalogue::Wdc:
-      return "WDC";
-    case Catalogue::Sdc:
-      return "SDC";
-    case Catalogue::Ovc:
-      break;
-  }
-  return "OVC";
-}
-
 void BatchFile::Open(Files& files, const std::string& directory, const LocalTime& now) {
-  path_ = WithSeparator(directory) + std::string(KindName(kind_)) + FileStamp(now) + ".SKV";
+  path_ = WithSeparator(directory) + std::string(KindOf(kind_).name) + FileStamp(now) + ".SKV";
   error_ = files.MakeDirectory(directory);
   if (error_) return;
   CreatedFile created = files.Create(path_);

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueKind.h"
 #include "system/Files.h"
 #include "system/LocalTime.h"
 
@@ -58,8 +58,5 @@ class BatchFile {
 
 /// "YYMMDD_HHNNSS", as it stands in the names of the files.
 std::string FileStamp(const LocalTime& now);
-
-/// "WDC", "SDC" or "OVC".
-std::string_view KindName(Catalogue kind);
 
 }  // namespace zek

@@ -13,46 +13,53 @@
 namespace zek {
 namespace {
 
-Generation GenerationOf(const ZV_Proc& proc) {
-  return proc.topics[proc.selection.CurrentObject].ControllerGeneration();
-}
+// What reading a catalogue takes besides its lines.
+struct Context {
+  const CatalogueId& id;
+  const RecordLabels& labels;
+  const Settings& settings;
+  const NumberReader& numbers;
 
-LoadedCatalogue LoadWeekday(const ZV_Proc& proc, const RecordLabels& labels) {
-  const char separator = proc.settings.DecimalSeparator;
-  const WeekdayReading reading = ReadWeekday(proc.transfer.CatalogueLines, proc.selection.TscName);
-  if (reading.refused) ShowRefused(*reading.refused, proc.outside.prompts, proc.texts);
-  const auto rebuild = [&proc, table = reading.table, separator] {
-    return BuildWeekday(table, proc.selection.TscName, proc.transfer.CatalogueLines,
-                        BuildStart::Afresh, separator);
+  char Separator() const { return settings.DecimalSeparator; }
+  template <class Refused>
+  void Show(const Refused& refused) const {
+    ShowRefused(refused, numbers.messages.prompts, numbers.messages.texts);
+  }
+};
+
+LoadedCatalogue LoadWeekday(const std::vector<std::string>& lines, const Context& context) {
+  const char separator = context.Separator();
+  const WeekdayReading reading = ReadWeekday(lines, context.id.control);
+  if (reading.refused) context.Show(*reading.refused);
+  const auto rebuild = [lines, name = context.id.control, table = reading.table, separator] {
+    return BuildWeekday(table, name, lines, BuildStart::Afresh, separator);
   };
-  return {reading.linesLost, WeekdayRecords(reading.table, labels, separator), rebuild};
+  return {reading.linesLost, WeekdayRecords(reading.table, context.labels, separator), rebuild};
 }
 
-LoadedCatalogue LoadCalendar(const ZV_Proc& proc, const RecordLabels& labels) {
-  const Generation generation = GenerationOf(proc);
-  const CalendarReading reading = ReadCalendar(
-      proc.transfer.CatalogueLines, YearsOf(proc.settings, generation), CalendarYears::kFirst);
-  for (const RefusedDates& refused : reading.refused)
-    ShowRefused(refused, proc.outside.prompts, proc.texts);
-  const auto rebuild = [&proc, table = reading.table, generation] {
-    return BuildCalendar(table, proc.selection.TscName, generation);
+LoadedCatalogue LoadCalendar(const std::vector<std::string>& lines, const Context& context) {
+  const Generation generation = context.id.generation;
+  const CalendarReading reading =
+      ReadCalendar(lines, YearsOf(context.settings, generation), CalendarYears::kFirst);
+  for (const RefusedDates& refused : reading.refused) context.Show(refused);
+  const auto rebuild = [name = context.id.control, table = reading.table, generation] {
+    return BuildCalendar(table, name, generation);
   };
-  return {reading.linesLost, CalendarRecords(reading.table, labels), rebuild};
+  return {reading.linesLost, CalendarRecords(reading.table, context.labels), rebuild};
 }
 
-LoadedCatalogue LoadExceptions(const ZV_Proc& proc, const RecordLabels& labels) {
-  const char separator = proc.settings.DecimalSeparator;
-  const ExceptionOwner owner{proc.selection.TscName, GenerationOf(proc)};
-  const ExceptionReading reading = ReadExceptions(proc.transfer.CatalogueLines, owner);
-  for (const RefusedException& refused : reading.refused)
-    ShowRefused(refused, proc.outside.prompts, proc.texts);
-  const auto rebuild = [&proc, table = reading.table, owner,
-                        separator]() -> std::optional<BuiltLines> {
-    const auto options = ReadExceptionOptions(proc.Numbers(), owner.generation);
+LoadedCatalogue LoadExceptions(const std::vector<std::string>& lines, const Context& context) {
+  const char separator = context.Separator();
+  const ExceptionOwner owner{context.id.control, context.id.generation};
+  const ExceptionReading reading = ReadExceptions(lines, owner);
+  for (const RefusedException& refused : reading.refused) context.Show(refused);
+  const auto rebuild = [lines, table = reading.table, owner, separator,
+                        numbers = context.numbers]() -> std::optional<BuiltLines> {
+    const auto options = ReadExceptionOptions(numbers, owner.generation);
     if (!options) return std::nullopt;
-    return BuildExceptions(table, owner, proc.transfer.CatalogueLines, *options, separator);
+    return BuildExceptions(table, owner, lines, *options, separator);
   };
-  return {reading.linesLost, ExceptionRecords(reading.table, labels, separator), rebuild};
+  return {reading.linesLost, ExceptionRecords(reading.table, context.labels, separator), rebuild};
 }
 
 }  // namespace
@@ -64,17 +71,19 @@ RecordLabels LabelsOf(const TreeNode& node) {
           std::string(GetField(label, 2, "/"))};
 }
 
-LoadedCatalogue LoadCatalogue(const ZV_Proc& proc, Catalogue catalogue,
-                              const RecordLabels& labels) {
-  switch (catalogue) {
+LoadedCatalogue LoadCatalogue(const CatalogueId& id, const CatalogueContent& content,
+                              const RecordLabels& labels, const Settings& settings,
+                              const NumberReader& numbers) {
+  const Context context{id, labels, settings, numbers};
+  switch (id.catalogue) {
     case Catalogue::Wdc:
-      return LoadWeekday(proc, labels);
+      return LoadWeekday(content.lines, context);
     case Catalogue::Sdc:
-      return LoadCalendar(proc, labels);
+      return LoadCalendar(content.lines, context);
     case Catalogue::Ovc:
       break;
   }
-  return LoadExceptions(proc, labels);
+  return LoadExceptions(content.lines, context);
 }
 
 }  // namespace zek

@@ -7,6 +7,7 @@
 
 #include "formats/CatalogueLine.h"
 #include "formats/Generation.h"
+#include "text/Numbers.h"
 
 namespace zek {
 
@@ -32,6 +33,11 @@ inline std::size_t PutDate(std::string& line, std::size_t column, int year, int 
   column += 7;
   if (generation == Generation::Zek2) column = PutTwoDigits(line, column, year / 100);
   return PutTwoDigits(line, column, year % 100);
+}
+
+/// A date as "YYYY-MM-DD", with the month 1 to 12.
+inline std::string IsoDate(int year, int month, int day) {
+  return ZeroPadded(year, 4) + "-" + ZeroPadded(month, 2) + "-" + ZeroPadded(day, 2);
 }
 
 }  // namespace zek

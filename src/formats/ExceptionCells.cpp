@@ -1,6 +1,6 @@
 #include "formats/ExceptionCells.h"
 
-#include "formats/CatalogueLine.h"
+#include "formats/CatalogueDate.h"
 
 namespace zek {
 namespace {
@@ -15,11 +15,7 @@ bool IsBetween(double number, double least, double most) {
 
 std::string DateText(Moment moment) {
   const DateParts date = DateOf(moment);
-  std::string text = "-00-00";
-  PutTwoDigits(text, 1, date.month);
-  PutTwoDigits(text, 4, date.day);
-  const std::string year = std::to_string(date.year);
-  return std::string(year.size() < 4 ? 4 - year.size() : 0, '0') + year + text;
+  return IsoDate(date.year, date.month, date.day);
 }
 
 ExceptionTexts TextsOf(const OvcRow& row, char decimalSeparator) {

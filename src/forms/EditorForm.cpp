@@ -15,24 +15,21 @@
 namespace zek {
 namespace {
 constexpr int kGap = 8;
-
-void CancelVerification(ZV_Proc& proc) {
-  if (proc.transfer.Verifying) proc.waits.CancelRequested = true;
-}
 }  // namespace
 
 EditorForm::EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue catalogue,
-                       const Kind& kind)
+                       const CatalogueContent& content, const Kind& kind)
     : wxDialog(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
                wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX, kind.name),
       proc_(proc),
       turn_(turn),
-      catalogue_(catalogue),
+      id_(proc.selection.Id(catalogue)),
+      dfv_(content.dfv),
       viewOnly_(kind.viewOnly),
       closesWhenGivenUp_(kind.closesWhenGivenUp),
       status_(new wxStaticText(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
                                wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END)),
-      fromCopy_(proc.transfer.From == LinesFrom::LocalCopy && !proc.settings.LocalMode) {
+      fromCopy_(content.from == LinesFrom::LocalCopy && !proc.settings.LocalMode) {
   const std::string& tsc = proc.selection.TscName;
   const std::string& object = proc.topics[proc.selection.CurrentObject].TopicName;
   title_ = Caption(kind.titleText) + " - " + ToWx(tsc.empty() ? object : tsc);
@@ -121,18 +118,13 @@ void EditorForm::Save() {
   ShowChanges();
   if (!CanSave()) return;
   const wxWeakRef<EditorForm> alive(this);
-  const auto write = [&proc = proc_,
-                      catalogue = catalogue_](const std::vector<std::string>& lines) {
-    proc.transfer.CatalogueLines = lines;
-    return SaveCatalogue(proc, catalogue);
-  };
   SaveOutcome outcome = SaveOutcome::NotTried;
   bool close = false;
   {
     // A catalogue that is sent half is worse than either whole one: a write can't be cancelled,
     // only what is done when it has been sent.
-    const InputBlock block([&proc = proc_] { CancelVerification(proc); }, FindWindow(wxID_CANCEL));
-    outcome = SaveTable(write);
+    const InputBlock block([&proc = proc_] { proc.waits.Cancel(); }, FindWindow(wxID_CANCEL));
+    outcome = SaveEdited();
     close = block.CloseRequested();
   }
   if (!alive) return;
@@ -145,6 +137,17 @@ void EditorForm::Save() {
   givenUp_ = givenUp_ || givenUp;
   ShowChanges();
   if (close || turn_.Quitting()) CloseOrStay();
+}
+
+// The form may be gone when a write ends: only the session is used then.
+SaveOutcome EditorForm::SaveEdited() {
+  ZV_Proc& proc = proc_;
+  const std::optional<EditedCatalogue> edited = Edited();
+  if (!edited) return SaveOutcome::NotTried;
+  const auto write = [&proc, &edited, id = id_, dfv = dfv_](const std::vector<std::string>& lines) {
+    return proc.catalogues.SaveCatalogue(id, {lines, dfv, edited->notInLines});
+  };
+  return SaveWithRetry(*edited, write, proc.ToUser());
 }
 
 // --- Undo, redo and what is not saved ---
@@ -182,7 +185,7 @@ void EditorForm::ShowChanges() {
 
 void EditorForm::OnCancel(wxCommandEvent& /*event*/) {
   if (busy_) {
-    CancelVerification(proc_);
+    proc_.waits.Cancel();
   } else {
     CloseOrStay();
   }
@@ -212,7 +215,7 @@ void EditorForm::CloseOrStay() {
   ShowChanges();
   if (IsUnsaved() && !viewOnly_ && !turn_.Quitting()) {
     asking_ = true;
-    const bool close = proc_.outside.prompts.AskYesNo(
+    const bool close = proc_.prompts.AskYesNo(
         Icon::Exclamation,
         proc_.Text(State().changed && !givenUp_ ? text::kAskClose : text::kAskCloseUnsent),
         proc_.Text(text::kAskCloseTitle));
@@ -238,7 +241,7 @@ void EditorForm::ShowStatus() {
 // The only button that works then; without a window that has the focus no key would arrive.
 void EditorForm::OfferCancel() {
   wxWindow* const cancel = FindWindow(wxID_CANCEL);
-  const bool offered = proc_.transfer.Verifying;
+  const bool offered = proc_.waits.CanCancel();
   if (cancel == nullptr || cancel->IsEnabled() == offered) return;
   cancel->Enable(offered);
   if (offered) cancel->SetFocus();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,7 +10,6 @@
 #include <wx/stattext.h>
 
 #include "app/ZV_Proc.h"
-#include "catalogue/Catalogue.h"
 #include "editors/SaveWithRetry.h"
 #include "editors/UndoHistory.h"
 #include "ui/Mnemonics.h"
@@ -35,7 +35,8 @@ class EditorForm : public wxDialog {
     bool closesWhenGivenUp = false;  // after a write that failed and was not wanted again
   };
 
-  EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue catalogue, const Kind& kind);
+  EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue catalogue,
+             const CatalogueContent& content, const Kind& kind);
 
   /// Takes what was typed into the box that has the focus, or shows there again what it held.
   virtual void TakeEntry() {}
@@ -48,8 +49,8 @@ class EditorForm : public wxDialog {
   virtual EditState State() const = 0;
   virtual void Undo() = 0;
   virtual void Redo() = 0;
-  /// Builds the lines and has them written by `write`.
-  virtual SaveOutcome SaveTable(const CatalogueWriter& write) = 0;
+  /// What is to be saved; nothing when it can't be, which was shown.
+  virtual std::optional<EditedCatalogue> Edited() = 0;
   /// A key without modifiers; false for one that means nothing to the form.
   virtual bool TakeKey(int /*key*/) { return false; }
 
@@ -88,11 +89,13 @@ class EditorForm : public wxDialog {
   void StepForward();
   bool IsUnsaved() const;
   bool CanSave() const;
+  SaveOutcome SaveEdited();
   void CloseOrStay();
   void End();
 
   WxTurn& turn_;
-  Catalogue catalogue_;
+  CatalogueId id_;
+  std::optional<std::string> dfv_;  // the value that came with the catalogue
   bool viewOnly_;
   bool closesWhenGivenUp_;
   std::vector<Part> parts_;

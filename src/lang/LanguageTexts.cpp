@@ -1,18 +1,13 @@
 #include "lang/LanguageTexts.h"
 
-#include <algorithm>
-#include <array>
-#include <cstdio>
-
-#include "lang/BuiltInTexts.h"
 #include "text/Fields.h"
 #include "text/Lines.h"
 #include "text/Numbers.h"
+#include "text/Windows1252.h"
 
 namespace zek {
 namespace {
 
-constexpr std::size_t kFirstRows = 65;
 constexpr std::string_view kFileStem = "ZEK_LANG.";
 constexpr double kLargestNumber = 2147483647;
 
@@ -25,29 +20,36 @@ std::string NameOf(std::string_view file) {
   return {};
 }
 
+std::string_view BuiltInText(std::int32_t number) {
+  switch (number) {
+#define ZEK_TEXT(name, number)
+#define ZEK_BUILT_IN(name, number, swedish) \
+  case number:                              \
+    return swedish##_w1252;
+#include "lang/Texts.def"
+#undef ZEK_TEXT
+#undef ZEK_BUILT_IN
+    default:
+      return {};
+  }
+}
+
 }  // namespace
 
 void LanguageTexts::Read(std::string_view file) {
-  rows_.clear();
-  rows_.reserve(kFirstRows);
-  pool_.clear();
+  texts_.clear();
   while (!file.empty()) {
     const std::string_view line = TakeLine(file);
     if (line.find('=') == std::string_view::npos) continue;
     const double number = Val(GetField(line, 0, "="));
     if (number < 0 || number > kLargestNumber) continue;
-    const std::string_view text = GetField(line, 1, "=");
-    rows_.push_back({static_cast<std::int32_t>(number), static_cast<std::uint32_t>(pool_.size()),
-                     static_cast<std::uint32_t>(text.size())});
-    pool_ += text;
+    texts_.emplace(static_cast<std::int32_t>(number), GetField(line, 1, "="));
   }
 }
 
 std::string LanguageTexts::Text(std::int32_t number) const {
-  const auto row = std::find_if(rows_.begin(), rows_.end(),
-                                [number](const Row& each) { return each.number == number; });
-  if (row != rows_.end()) return pool_.substr(row->start, row->length);
-  if (const auto builtIn = BuiltInText(number)) return std::string(*builtIn);
+  if (const auto found = texts_.find(number); found != texts_.end()) return found->second;
+  if (const auto builtIn = BuiltInText(number); !builtIn.empty()) return std::string(builtIn);
   return "Invalid Text (" + std::to_string(number) + ")";
 }
 
@@ -64,10 +66,6 @@ std::vector<LanguageChoice> ListLanguages(const Files& files, const std::string&
   return choices;
 }
 
-std::string LanguageFileName(int number) {
-  std::array<char, 16> digits{};
-  std::snprintf(digits.data(), digits.size(), "%03d", number);
-  return std::string("zek_lang.") + digits.data();
-}
+std::string LanguageFileName(int number) { return "zek_lang." + ZeroPadded(number, 3); }
 
 }  // namespace zek

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "system/Files.h"
@@ -21,13 +22,7 @@ class LanguageTexts {
   std::string Text(std::int32_t number) const;
 
  private:
-  struct Row {
-    std::int32_t number;
-    std::uint32_t start;  // in the pool
-    std::uint32_t length;
-  };
-  std::vector<Row> rows_;
-  std::string pool_;  // all texts one after another
+  std::unordered_map<std::int32_t, std::string> texts_;
 };
 
 /// A language that the language form offers: the number of its file and its own name (text 0).
@@ -40,7 +35,7 @@ struct LanguageChoice {
 /// order of their file names. A file without a "0=" line adds nothing.
 std::vector<LanguageChoice> ListLanguages(const Files& files, const std::string& directory);
 
-/// "zek_lang." and the number as three digits.
+/// "zek_lang." and the number as three digits or more.
 std::string LanguageFileName(int number);
 
 }  // namespace zek

@@ -1,6 +1,7 @@
 #include "lang/Message.h"
 
 #include "lang/TextNumbers.h"
+#include "text/Lines.h"
 #include "text/Windows1252.h"
 
 namespace zek {
@@ -43,19 +44,15 @@ std::string ReasonText(const LanguageTexts& texts, const FileError& error) {
   }
   return Windows1252FromUtf8(error.systemMessage);
 }
-
-// A name can be far too long for a file, and would be for a message.
-std::string Shortened(std::string path) {
-  constexpr std::size_t longest = 260;
-  constexpr std::size_t end = 60;
-  if (path.size() <= longest) return path;
-  return path.substr(0, longest - end) + "..." + path.substr(path.size() - end);
-}
 }  // namespace
 
 std::string FileMessage(const LanguageTexts& texts, const FileError& error) {
-  return Message(texts.Text(text::kFileFailed),
-                 {Shortened(Windows1252FromUtf8(error.path)), ReasonText(texts, error)});
+  // A name can be far too long for a file, and would be for a message.
+  constexpr std::size_t longest = 260;
+  constexpr std::size_t end = 60;
+  return Message(
+      texts.Text(text::kFileFailed),
+      {Shortened(Windows1252FromUtf8(error.path), longest, end), ReasonText(texts, error)});
 }
 
 std::string SectionCutMessage(const LanguageTexts& texts, const std::string& section,

@@ -99,9 +99,8 @@ std::string PlantConversation::Framed(const PlantReply& reply) {
 std::string PlantConversation::InPieces(std::string_view text) {
   std::string pieces;
   while (!text.empty()) {
-    const std::string number = std::to_string(sequence_);
     const std::string_view piece = text.substr(0, kLongestPiece);
-    pieces.append(4 - number.size(), '0').append(number).append(">").append(piece);
+    pieces.append(ZeroPadded(sequence_, 4)).append(">").append(piece);
     pieces += kPieceEnd;
     text.remove_prefix(piece.size());
     sequence_ = (sequence_ + 1) % kSequences;

@@ -1,33 +1,34 @@
 #include "settings/CommandLine.h"
 
+#include "settings/OptionParser.h"
 #include "text/Fields.h"
 #include "text/Windows1252.h"
 
 namespace zek {
 namespace {
-
-std::optional<std::string>* OptionOf(CommandLine& line, std::string_view name) {
-  if (name == "--dir") return &line.dir;
-  if (name == "--ini") return &line.ini;
-  if (name == "--tour") return &line.tour;
-  return nullptr;
-}
-
+constexpr const char* kSwitches =
+    "Switches, in any case and anywhere:\n"
+    "  /LOCAL       work with the local copies, without controllers\n"
+    "  /VIEWONLY    change nothing\n"
+    "  /BATCH       export all catalogues into files, ask nothing, then end\n"
+    "  /ALWAYSONTOP keep the window above others\n"
+    "  /TOPIC:NODE  open the browser on TOPIC or TOPIC/TSC; /TAG:NODE is the same\n"
+    "  /DIALOG:NAME connect to this topic\n"
+    "  /INI:DIR     the directory of ZEKView.INI, unless --ini names one";
 }  // namespace
 
 CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
   CommandLine line;
-  for (std::size_t i = 0; i < arguments.size(); ++i) {
-    if (std::optional<std::string>* const option = OptionOf(line, arguments[i])) {
-      if (i + 1 == arguments.size()) {
-        line.missingValue = arguments[i];
-      } else {
-        *option = arguments[++i];
-      }
-      continue;
-    }
+  OptionParser parser("zekview", "Shows and changes the time catalogues of ZEK1 and ZEK2.");
+  parser.allow_extras();
+  parser.add_option("--dir", line.dir, "language files and local copies")->type_name("DIR");
+  parser.add_option("--ini", line.ini, "the directory of ZEKView.INI")->type_name("DIR");
+  parser.add_option("--tour", line.tour)->type_name("DIR")->group("");
+  parser.footer(kSwitches);
+  line.error = parser.Read(arguments, line.help);
+  for (const std::string& argument : parser.remaining()) {
     if (!line.text.empty()) line.text += ' ';
-    line.text += Windows1252FromUtf8(arguments[i]);
+    line.text += Windows1252FromUtf8(argument);
   }
   return line;
 }

@@ -14,7 +14,8 @@ struct CommandLine {
   std::optional<std::string> dir;   // --dir DIR: the program directory, UTF-8
   std::optional<std::string> ini;   // --ini DIR: the directory of ZEKView.INI
   std::optional<std::string> tour;  // --tour DIR: take the screenshots of the documentation
-  std::string missingValue;         // an option that came last, without its value; else empty
+  std::string help;                 // the text to print when --help was given, else empty
+  std::string error;                // what is wrong with the options; empty when nothing is
 };
 
 /// `arguments` are UTF-8.

@@ -89,25 +89,6 @@ std::string_view WithoutQuotes(std::string_view value) {
   return quoted ? value.substr(1, value.size() - 2) : value;
 }
 
-std::string Utf8FromUtf16(std::string_view littleEndian) {
-  std::string utf8;
-  for (std::size_t i = 0; i + 1 < littleEndian.size(); i += 2) {
-    const unsigned code =
-        static_cast<unsigned char>(littleEndian[i]) |
-        (static_cast<unsigned>(static_cast<unsigned char>(littleEndian[i + 1])) << 8);
-    if (code < 0x80) {
-      utf8 += static_cast<char>(code);
-    } else if (code < 0x800) {
-      utf8 += {static_cast<char>(0xC0 | (code >> 6)), static_cast<char>(0x80 | (code & 0x3F))};
-    } else {  // surrogates have no place in windows-1252 either: they end as "?"
-      utf8 +=
-          {static_cast<char>(0xE0 | (code >> 12)), static_cast<char>(0x80 | ((code >> 6) & 0x3F)),
-           static_cast<char>(0x80 | (code & 0x3F))};
-    }
-  }
-  return utf8;
-}
-
 }  // namespace
 
 bool IsProfileName(std::string_view name) { return !Strip(name).empty(); }
@@ -195,7 +176,7 @@ std::string ProfileWithValue(std::string_view text, std::string_view section, st
 
 std::string ProfileBytes(std::string file) {
   if (file.starts_with("\xEF\xBB\xBF")) return Windows1252FromUtf8(file.substr(3));
-  if (file.starts_with("\xFF\xFE")) return Windows1252FromUtf8(Utf8FromUtf16(file.substr(2)));
+  if (file.starts_with("\xFF\xFE")) return Windows1252FromUtf16(file.substr(2));
   return file;
 }
 

@@ -2,10 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 
-#include "lang/Message.h"
 #include "lang/TextNumbers.h"
+#include "system/Paths.h"
 #include "text/Fields.h"
 #include "text/Numbers.h"
 #include "text/Windows1252.h"
@@ -46,7 +45,7 @@ class StartNumbers {
   std::int16_t Ticks(std::string_view key, int least, std::int32_t tooLow) {
     int seconds = Seconds(key);
     if (ok_ && seconds < least) {
-      reader_.prompts.Show(Icon::None, reader_.texts.Text(tooLow));
+      reader_.messages.Tell(Icon::None, tooLow);
       seconds = least;
     }
     return static_cast<std::int16_t>(seconds * kTicksPerSecond);
@@ -58,12 +57,6 @@ class StartNumbers {
 };
 
 }  // namespace
-
-std::string WithSeparator(std::string directory) {
-  constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
-  if (!directory.ends_with('/') && !directory.ends_with(kSeparator)) directory += kSeparator;
-  return directory;
-}
 
 std::string IniPathOf(const CommandLine& line, const std::string& programPath) {
   if (line.ini) return WithSeparator(*line.ini);
@@ -85,7 +78,7 @@ bool LoadSettings(Settings& settings, std::string_view commandLine, const Profil
   if (!tag.empty()) settings.StartTopic = tag;
   settings.StartDialog = SwitchValue(commandLine, "/DIALOG:");
 
-  const NumberReader reader{profile, texts, prompts};
+  const NumberReader reader{profile, {texts, prompts}};
   StartNumbers numbers(reader);
   settings.DisconnectTicks =
       numbers.Ticks("DisconnectTime", kShortestDisconnectTime, text::kDisconnectTimeLow);
@@ -119,8 +112,8 @@ std::optional<std::int16_t> NumberReader::Read(std::string_view section, std::st
   const std::string value = profile.ReadIni(section, key, fallback);
   const std::optional<std::int16_t> number = ToInt16(Val(value));
   if (number && *number <= largest) return number;
-  prompts.Show(Icon::Exclamation, Message(texts.Text(text::kSettingTooLarge),
-                                          {section, key, value, std::to_string(largest)}));
+  messages.Tell(Icon::Exclamation, text::kSettingTooLarge,
+                {section, key, value, std::to_string(largest)});
   return std::nullopt;
 }
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "lang/LanguageTexts.h"
+#include "lang/Messages.h"
 #include "settings/CommandLine.h"
 #include "settings/Profile.h"
 #include "system/Prompts.h"
@@ -46,9 +46,6 @@ struct Settings {
   char DecimalSeparator = '.';            // of printed values
 };
 
-/// `directory` with the system's separator at its end.
-std::string WithSeparator(std::string directory);
-
 /// `IniPath`: `--ini`, or else "/INI:", or else the program directory.
 std::string IniPathOf(const CommandLine& line, const std::string& programPath);
 
@@ -63,8 +60,7 @@ bool LoadSettings(Settings& settings, std::string_view commandLine, const Profil
 /// gives nothing.
 struct NumberReader {
   const Profile& profile;
-  const LanguageTexts& texts;
-  Prompts& prompts;
+  Messages messages;
 
   std::optional<std::int16_t> Read(std::string_view section, std::string_view key,
                                    std::string_view fallback, int largest = kLargestNumber) const;

@@ -63,8 +63,8 @@ int main(int argc, char** argv) {
   zek::PrepareStandardStreams();
   PlantOptions options = zek::sim::ReadPlantOptions(zek::ProgramArguments(argc, argv));
   if (!options.error.empty()) return Fail(options.error + " (--help shows the options)");
-  if (options.help) {
-    std::cout << zek::sim::PlantUsage();
+  if (!options.help.empty()) {
+    std::cout << options.help;
     return 0;
   }
   zek::sim::LoadedPlant loaded = zek::sim::LoadPlant(options.folder);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 namespace zek {
 
 /// Date and time of day as the clock on the wall shows them.
@@ -14,5 +16,8 @@ struct LocalTime {
 
 /// The system's clock, in its time zone.
 LocalTime SystemTime();
+
+/// Where a session gets its time from: the system, or a test.
+using Clock = std::function<LocalTime()>;
 
 }  // namespace zek

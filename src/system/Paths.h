@@ -16,4 +16,11 @@ inline std::string Utf8Of(const std::filesystem::path& path) {
   return {utf8.begin(), utf8.end()};
 }
 
+/// `directory` with the system's separator at its end.
+inline std::string WithSeparator(std::string directory) {
+  constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
+  if (!directory.ends_with('/') && !directory.ends_with(kSeparator)) directory += kSeparator;
+  return directory;
+}
+
 }  // namespace zek

@@ -5,20 +5,20 @@
 #include <system_error>
 
 #include "system/DiskFiles.h"
+#include "system/FileErrors.h"
 #include "system/PosixDescriptor.h"
-#include "system/PosixFileError.h"
 
 namespace zek {
 
 FileContent DiskFiles::Read(const std::string& path) const {
   FileContent content;
   const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
-  if (!file.IsOpen()) return {{}, PosixFileError(path, errno)};
+  if (!file.IsOpen()) return {{}, FileErrorOf(path, errno)};
   struct stat status = {};
-  if (::fstat(file.Number(), &status) != 0) return {{}, PosixFileError(path, errno)};
-  if (S_ISDIR(status.st_mode)) return {{}, PosixFileError(path, EISDIR)};
+  if (::fstat(file.Number(), &status) != 0) return {{}, FileErrorOf(path, errno)};
+  if (S_ISDIR(status.st_mode)) return {{}, FileErrorOf(path, EISDIR)};
   if (!S_ISREG(status.st_mode))
-    return {{}, PosixFileError(path, EINVAL)};  // a pipe could make us wait
+    return {{}, FileErrorOf(path, EINVAL)};  // a pipe could make us wait
   const auto expected = static_cast<std::size_t>(std::max<off_t>(status.st_size, 0));
   content.bytes.resize(std::min(expected, kLargestFile) + 1);  // one more shows the end at once
   std::size_t used = 0;
@@ -27,7 +27,7 @@ FileContent DiskFiles::Read(const std::string& path) const {
     if (used == content.bytes.size()) content.bytes.resize(used * 2);
     const ssize_t got = ::read(file.Number(), &content.bytes[used], content.bytes.size() - used);
     if (got < 0 && errno == EINTR) continue;
-    if (got < 0) return {{}, PosixFileError(path, errno)};
+    if (got < 0) return {{}, FileErrorOf(path, errno)};
     if (got == 0) break;
     used += static_cast<std::size_t>(got);
   }
@@ -40,7 +40,7 @@ std::optional<FileError> DiskFiles::MakeDirectory(const std::string& path) {
   const int code = errno;
   std::error_code error;
   if (code == EEXIST && std::filesystem::is_directory(path, error)) return std::nullopt;
-  return PosixFileError(path, code);
+  return FileErrorOf(path, code);
 }
 
 std::optional<FileError> DiskFiles::Remove(const std::string& path) {
@@ -49,7 +49,7 @@ std::optional<FileError> DiskFiles::Remove(const std::string& path) {
   struct stat status = {};
   const int code = errno;
   if (code == ENOENT && ::stat(DirectoryOf(path).c_str(), &status) == 0) return std::nullopt;
-  return PosixFileError(path, code);
+  return FileErrorOf(path, code);
 }
 
 }  // namespace zek

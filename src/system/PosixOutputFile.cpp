@@ -7,8 +7,8 @@
 
 #include "system/BesideName.h"
 #include "system/DiskFiles.h"
+#include "system/FileErrors.h"
 #include "system/PosixDescriptor.h"
-#include "system/PosixFileError.h"
 
 namespace zek {
 namespace {
@@ -91,17 +91,17 @@ class DiskOutputFile final : public OutputFile {
     const int code = torn_ ? EIO : errno;
     // What was written of these bytes goes again.
     torn_ = ::ftruncate(file_.Number(), size_) != 0 || ::lseek(file_.Number(), size_, SEEK_SET) < 0;
-    return PosixFileError(path_, code);
+    return FileErrorOf(path_, code);
   }
 
   std::optional<FileError> Commit() override {
-    if (torn_) return PosixFileError(path_, EIO);
+    if (torn_) return FileErrorOf(path_, EIO);
     if (::fsync(file_.Number()) != 0 || ::rename(beside_.c_str(), target_.c_str()) != 0) {
-      return PosixFileError(path_, errno);
+      return FileErrorOf(path_, errno);
     }
     inPlace_ = true;
     // In its place and whole, but until the directory is on the disk it may not stay there.
-    if (!FlushDirectoryOf(target_) || !file_.Close()) return PosixFileError(path_, errno);
+    if (!FlushDirectoryOf(target_) || !file_.Close()) return FileErrorOf(path_, errno);
     return std::nullopt;
   }
 
@@ -132,17 +132,17 @@ CreatedFile DiskFiles::Create(const std::string& path) {
   std::error_code error;
   const std::filesystem::path behindLinks = std::filesystem::canonical(path, error);
   if (error && error != std::errc::no_such_file_or_directory) {
-    return {nullptr, PosixFileError(path, error.value())};
+    return {nullptr, FileErrorOf(path, error.value())};
   }
   const std::string target = error ? path : behindLinks.string();
   struct stat old = {};
   const bool replaces = ::stat(target.c_str(), &old) == 0;
-  if (!replaces && errno != ENOENT) return {nullptr, PosixFileError(path, errno)};
+  if (!replaces && errno != ENOENT) return {nullptr, FileErrorOf(path, errno)};
   Sweep(DirectoryOf(target));
   // Nobody may read the new file who must not read the old one, at no time.
   const mode_t mode = replaces ? old.st_mode & 0777 : 0666;
   auto [file, beside] = OpenBeside(target, mode);
-  if (file < 0) return {nullptr, PosixFileError(path, errno)};
+  if (file < 0) return {nullptr, FileErrorOf(path, errno)};
   if (replaces) ::fchmod(file, old.st_mode & 07777);
   return {std::make_unique<DiskOutputFile>(file, path, target, std::move(beside)), std::nullopt};
 }

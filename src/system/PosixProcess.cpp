@@ -3,7 +3,6 @@
 #include <system_error>
 #include <unistd.h>
 
-#include "settings/Settings.h"
 #include "system/Paths.h"
 #include "system/Process.h"
 
@@ -29,5 +28,7 @@ void PrepareStandardStreams() {}
 bool IsErrorTerminal() { return ::isatty(STDERR_FILENO) != 0; }
 
 void Complain(const std::string& utf8) { std::cerr << utf8 << '\n'; }
+
+void Inform(const std::string& utf8) { std::cout << utf8 << '\n'; }
 
 }  // namespace zek

@@ -22,8 +22,11 @@ void PrepareStandardStreams();
 /// Standard error is a terminal that knows the escape sequences for its lines.
 bool IsErrorTerminal();
 
-/// Tells whoever started a program with windows what is wrong with that: on standard error, or in
-/// a message box where a program with windows has none.
+/// Reports an error of a program with windows: on standard error, or in a message box where such a
+/// program has none.
 void Complain(const std::string& utf8);
+
+/// The same for information, on standard output.
+void Inform(const std::string& utf8);
 
 }  // namespace zek

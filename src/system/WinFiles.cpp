@@ -1,5 +1,5 @@
 #include "system/DiskFiles.h"
-#include "system/WinFileError.h"
+#include "system/FileErrors.h"
 #include "system/WinHandle.h"
 #include "system/WinHeld.h"
 #include "system/WinText.h"
@@ -17,12 +17,12 @@ FileContent DiskFiles::Read(const std::string& path) const {
     return opened != INVALID_HANDLE_VALUE;
   });
   const Handle file(opened);
-  if (!file.IsOpen()) return {{}, WinFileError(path, ::GetLastError())};
+  if (!file.IsOpen()) return {{}, FileErrorOf(path, ::GetLastError())};
   if (::GetFileType(file.Get()) != FILE_TYPE_DISK) {  // a pipe could make us wait
-    return {{}, WinFileError(path, ERROR_BAD_FILE_TYPE)};
+    return {{}, FileErrorOf(path, ERROR_BAD_FILE_TYPE)};
   }
   LARGE_INTEGER size{};
-  if (::GetFileSizeEx(file.Get(), &size) == 0) return {{}, WinFileError(path, ::GetLastError())};
+  if (::GetFileSizeEx(file.Get(), &size) == 0) return {{}, FileErrorOf(path, ::GetLastError())};
   if (size.QuadPart > static_cast<LONGLONG>(kLargestFile)) {
     return {{}, FileError{path, FileError::Reason::TooLarge, {}}};
   }
@@ -32,7 +32,7 @@ FileContent DiskFiles::Read(const std::string& path) const {
   for (DWORD got = 1; got > 0 && used < content.bytes.size(); used += got) {
     const auto rest = static_cast<DWORD>(content.bytes.size() - used);
     if (::ReadFile(file.Get(), &content.bytes[used], rest, &got, nullptr) == 0) {
-      return {{}, WinFileError(path, ::GetLastError())};
+      return {{}, FileErrorOf(path, ::GetLastError())};
     }
   }
   content.bytes.resize(used);
@@ -47,7 +47,7 @@ std::optional<FileError> DiskFiles::MakeDirectory(const std::string& path) {
   const bool there =
       attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
   if (code == ERROR_ALREADY_EXISTS && there) return std::nullopt;
-  return WinFileError(path, code);
+  return FileErrorOf(path, code);
 }
 
 std::optional<FileError> DiskFiles::Remove(const std::string& path) {
@@ -55,7 +55,7 @@ std::optional<FileError> DiskFiles::Remove(const std::string& path) {
   if (WhileHeld([&wide] { return ::DeleteFileW(wide.c_str()) != 0; })) return std::nullopt;
   const DWORD code = ::GetLastError();
   if (code == ERROR_FILE_NOT_FOUND) return std::nullopt;  // not so that its folder is not there
-  return WinFileError(path, HeldReason(code, wide));
+  return FileErrorOf(path, HeldReason(code, wide));
 }
 
 }  // namespace zek

@@ -6,7 +6,7 @@
 
 #include "system/BesideName.h"
 #include "system/DiskFiles.h"
-#include "system/WinFileError.h"
+#include "system/FileErrors.h"
 #include "system/WinHandle.h"
 #include "system/WinHeld.h"
 #include "system/WinText.h"
@@ -94,19 +94,19 @@ class WinOutputFile final : public OutputFile {
     // What was written of these bytes goes again.
     torn_ = ::SetFilePointerEx(file_.Get(), size_, nullptr, FILE_BEGIN) == 0 ||
             ::SetEndOfFile(file_.Get()) == 0;
-    return WinFileError(path_, code);
+    return FileErrorOf(path_, code);
   }
 
   std::optional<FileError> Commit() override {
-    if (torn_) return WinFileError(path_, ERROR_WRITE_FAULT);
+    if (torn_) return FileErrorOf(path_, ERROR_WRITE_FAULT);
     if (::FlushFileBuffers(file_.Get()) == 0 || !file_.Close()) {
-      return WinFileError(path_, ::GetLastError());
+      return FileErrorOf(path_, ::GetLastError());
     }
     const bool moved = WhileHeld([this] {
       return ::MoveFileExW(beside_.c_str(), target_.c_str(),
                            MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
     });
-    if (!moved) return WinFileError(path_, HeldReason(::GetLastError(), target_));
+    if (!moved) return FileErrorOf(path_, HeldReason(::GetLastError(), target_));
     inPlace_ = true;
     return std::nullopt;
   }
@@ -136,7 +136,7 @@ CreatedFile DiskFiles::Create(const std::string& path) {
     }
     const DWORD code = ::GetLastError();
     if (code != ERROR_FILE_EXISTS || attempt == kMostBesideNames) {
-      return {nullptr, WinFileError(path, code)};
+      return {nullptr, FileErrorOf(path, code)};
     }
   }
 }

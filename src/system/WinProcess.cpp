@@ -7,7 +7,6 @@
 #include <memory>
 #include <shellapi.h>
 
-#include "settings/Settings.h"
 #include "system/Paths.h"
 #include "system/Process.h"
 #include "system/WinConsole.h"
@@ -24,6 +23,15 @@ ConsoleBuffer& Output() {
 ConsoleBuffer& ErrorOutput() {
   static ConsoleBuffer* const buffer = new ConsoleBuffer(STD_ERROR_HANDLE);
   return *buffer;
+}
+
+bool IsRedirected(DWORD standardHandle) {
+  const DWORD type = ::GetFileType(::GetStdHandle(standardHandle));
+  return type == FILE_TYPE_DISK || type == FILE_TYPE_PIPE;
+}
+
+void ShowBox(const std::string& utf8, UINT icon) {
+  ::MessageBoxW(nullptr, WideFromUtf8(utf8).c_str(), L"ZekView", MB_OK | icon);
 }
 
 }  // namespace
@@ -64,12 +72,13 @@ void PrepareStandardStreams() {
 bool IsErrorTerminal() { return ErrorOutput().KnowsEscapes(); }
 
 void Complain(const std::string& utf8) {
-  const DWORD type = ::GetFileType(::GetStdHandle(STD_ERROR_HANDLE));
-  if (type == FILE_TYPE_DISK || type == FILE_TYPE_PIPE) {
-    std::cerr << utf8 << '\n';
-    return;
-  }
-  ::MessageBoxW(nullptr, WideFromUtf8(utf8).c_str(), L"ZekView", MB_OK | MB_ICONERROR);
+  if (!IsRedirected(STD_ERROR_HANDLE)) return ShowBox(utf8, MB_ICONERROR);
+  std::cerr << utf8 << '\n';
+}
+
+void Inform(const std::string& utf8) {
+  if (!IsRedirected(STD_OUTPUT_HANDLE)) return ShowBox(utf8, MB_ICONINFORMATION);
+  std::cout << utf8 << '\n' << std::flush;
 }
 
 }  // namespace zek

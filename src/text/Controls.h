@@ -7,7 +7,6 @@
 namespace zek {
 
 /// The place of the first control character (below 32) of `text` from place `from` on, or npos.
-/// Looks at eight characters at a time: all that arrives goes through here.
 std::size_t FindControl(std::string_view text, std::size_t from = 0);
 
 /// Replaces control characters by "<" code ">": what comes from outside must neither hide in a

@@ -17,6 +17,9 @@ std::string_view Trim(std::string_view text);
 /// A to Z in place of a to z, and the same for the accented letters of windows-1252 (å to Å).
 std::string UpperCase(std::string_view text);
 
+/// `text` with "***" wherever `secret` occurs in it, in any case; an empty secret hides nothing.
+std::string WithoutSecret(std::string_view text, std::string_view secret);
+
 /// True when both are the same without regard to case, as `UpperCase` folds it.
 bool EqualNoCase(std::string_view left, std::string_view right);
 

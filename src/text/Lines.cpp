@@ -26,4 +26,10 @@ std::string OnOneLine(std::string_view message) {
   return joined;
 }
 
+std::string Shortened(std::string_view text, std::size_t longest, std::size_t end) {
+  if (text.size() <= longest) return std::string(text);
+  std::string shortened(text.substr(0, longest - end));
+  return shortened.append("...").append(text.substr(text.size() - end));
+}
+
 }  // namespace zek

@@ -103,4 +103,9 @@ std::string FormatNumber(double value, char decimalSeparator) {
   return text;
 }
 
+std::string ZeroPadded(int number, std::size_t width) {
+  const std::string digits = std::to_string(std::max(number, 0));
+  return std::string(width - std::min(width, digits.size()), '0') + digits;
+}
+
 }  // namespace zek

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -27,5 +28,8 @@ double ParseNumber(std::string_view text);
 /// At most 7 significant digits in the general format ("21", "21.5", "0.1", "1E+07" only beyond
 /// 7 digits before the point), with the given decimal separator.
 std::string FormatNumber(double value, char decimalSeparator);
+
+/// A whole number from 0 up with zeros before it, so that it has at least `width` digits.
+std::string ZeroPadded(int number, std::size_t width);
 
 }  // namespace zek

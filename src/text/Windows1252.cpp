@@ -83,6 +83,17 @@ std::string Windows1252FromUtf8(std::string_view utf8) {
   return bytes;
 }
 
+std::string Windows1252FromUtf16(std::string_view bytes) {
+  std::string text;
+  for (; bytes.size() > 1; bytes.remove_prefix(2)) {
+    const auto low = static_cast<unsigned char>(bytes[0]);
+    const auto high = static_cast<unsigned char>(bytes[1]);
+    // The two halves of a character beyond 16 bits become "?" each.
+    text += ByteOf(static_cast<char32_t>(high) << 8 | low).value_or('?');
+  }
+  return text;
+}
+
 bool FitsWindows1252(std::string_view utf8) {
   while (!utf8.empty()) {
     const std::optional<char32_t> character = TakeCharacter(utf8);

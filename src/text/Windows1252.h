@@ -13,6 +13,9 @@ std::string Utf8FromWindows1252(std::string_view bytes);
 /// Characters that windows-1252 lacks, and bytes that are no UTF-8, become "?".
 std::string Windows1252FromUtf8(std::string_view utf8);
 
+/// The same from UTF-16, low byte first; half a character at the end is left out.
+std::string Windows1252FromUtf16(std::string_view bytes);
+
 /// True when every character of the UTF-8 text has a place in windows-1252.
 bool FitsWindows1252(std::string_view utf8);
 

@@ -7,12 +7,15 @@ namespace {
 int Folded(wxUniChar letter) { return wxToupper(static_cast<int>(letter.GetValue())); }
 }  // namespace
 
+int MnemonicOf(const wxString& caption) {
+  const std::size_t mark = caption.find('&');
+  if (mark == wxString::npos || mark + 1 == caption.length()) return 0;
+  return Folded(caption[mark + 1]);
+}
+
 wxString Mnemonics::Give(const wxString& caption) {
-  const std::size_t own = caption.find('&');
-  if (own != wxString::npos) {
-    if (own + 1 < caption.length()) taken_.insert(Folded(caption[own + 1]));
-    return caption;
-  }
+  if (const int own = MnemonicOf(caption); own != 0) taken_.insert(own);
+  if (caption.Contains("&")) return caption;
   for (std::size_t i = 0; i < caption.length(); ++i) {
     const wxUniChar letter = caption[i];
     // Beyond ASCII the systems differ in which keys they know.

@@ -6,6 +6,9 @@
 
 namespace zek {
 
+/// The upper-case letter behind the "&" of a caption; 0 without one.
+int MnemonicOf(const wxString& caption);
+
 /// Gives the captions of one form their keyboard letters. Language files in the field have none
 /// in most captions, and a translation must not need them.
 class Mnemonics {

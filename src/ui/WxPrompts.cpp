@@ -44,15 +44,14 @@ wxWindow* LastForm() {
 // A line of a controller or a file can be longer than any screen and hold anything.
 wxString Readable(std::string_view message) {
   constexpr std::size_t longest = 1000;
-  const bool cut = message.size() > longest;
-  message = message.substr(0, longest);
+  const std::string shortened = Shortened(message, longest);
   wxString readable;
-  while (!message.empty()) {
-    std::string line(TakeLine(message));
+  for (std::string_view rest = shortened; !rest.empty();) {
+    std::string line(TakeLine(rest));
     ShowControls(line);
-    readable += ToWx(line) + (message.empty() ? "" : "\n");
+    readable += ToWx(line) + (rest.empty() ? "" : "\n");
   }
-  return cut ? readable + wxString(wxUniChar(0x2026)) : readable;
+  return readable;
 }
 }  // namespace
 

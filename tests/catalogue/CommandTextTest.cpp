@@ -58,7 +58,7 @@ TEST(CommandText, NothingOfAHostileCatalogueIsSent) {
   for (const HostileCase& each : cases) {
     test::TransferSession session;
     session.Select(each.dde ? "LOC" : "TWO/TSC1");
-    session.proc.topics[session.proc.selection.CurrentObject].TopicType = 2;  // it has a value
+    session.proc.selection.generation = Generation::Zek2;  // it has a value
     session.proc.selection.LocalFiles.WDC = "copy.TXT";
     session.proc.selection.TscName = each.control;
     session.prompts.answers = {true, true};

@@ -1,9 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueKind.h"
 #include "catalogue/History.h"
 #include "settings/Settings.h"
 #include "support/TransferSession.h"
+#include "system/Paths.h"
 
 namespace zek {
 namespace {
@@ -120,7 +121,7 @@ class HistoryOfTransfers : public testing::Test, public test::TransferSession {
  public:
   HistoryOfTransfers() {
     SelectTwo();
-    path = LocalPath("/zek/", LocalFileOf(proc.selection, Catalogue::Wdc));
+    path = LocalPath("/zek/", Id().localFile);
     files.files[path] = "old\r\n";
   }
 

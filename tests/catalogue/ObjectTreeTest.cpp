@@ -55,19 +55,20 @@ TEST(LocalFiles, NamesStayInTheirDirectory) {
   struct {
     const char* description;
     const char* address;
-    std::int16_t type;
+    Generation type;
     const char* tsc;
     const char* sdc;
     const char* wdc;
     const char* ovc;
   } const cases[] = {
-      {"Skola", "10.0.0.1:5:3", 1, "X", "f10_0_0_1_5_3 Skola SDC.TXT",
+      {"Skola", "10.0.0.1:5:3", Generation::Zek1, "X", "f10_0_0_1_5_3 Skola SDC.TXT",
        "f10_0_0_1_5_3 Skola WDC.TXT", "f10_0_0_1_5_3 Skola OVC.TXT"},
-      {"Skola", "", 2, "TSC1", "Skola SDC.TXT", "Skola TSC1.TXT", "Skola TSC1 EXC.TXT"},
-      {"Skola", "", 2, nullptr, "Skola SDC.TXT", "", ""},
-      {"../../etc/x", "PC", 1, "X", "PC ______etc_x SDC.TXT", "PC ______etc_x WDC.TXT",
-       "PC ______etc_x OVC.TXT"},
-      {"a*?\"<>|\x01", "", 2, "..\\b/", "a_______ SDC.TXT", "a_______ .._b_.TXT",
+      {"Skola", "", Generation::Zek2, "TSC1", "Skola SDC.TXT", "Skola TSC1.TXT",
+       "Skola TSC1 EXC.TXT"},
+      {"Skola", "", Generation::Zek2, nullptr, "Skola SDC.TXT", "", ""},
+      {"../../etc/x", "PC", Generation::Zek1, "X", "PC ______etc_x SDC.TXT",
+       "PC ______etc_x WDC.TXT", "PC ______etc_x OVC.TXT"},
+      {"a*?\"<>|\x01", "", Generation::Zek2, "..\\b/", "a_______ SDC.TXT", "a_______ .._b_.TXT",
        "a_______ .._b_ EXC.TXT"},
   };
   for (const auto& each : cases) {

@@ -145,7 +145,7 @@ bool Do(Session& session, std::string_view what) {
   if (what == "quit") session.turn.Quit();
   if (what == "cancel") {
     session.batch->Cancel();
-    if (session.proc.status.Busy > 0) session.proc.waits.CancelRequested = true;
+    if (session.proc.status.Busy > 0) session.proc.waits.Cancel();
   }
   return true;
 }
@@ -264,8 +264,6 @@ std::string FaultOf(const Operation& operation, const char* action, WaitPoint po
   Do(session, operation.prepare);
   session.Begin(point, [action](Session& inside) { Act(inside, action); });
   const bool result = Do(session, operation.run);
-  // The windows take a cancel back when what it was meant for is over.
-  session.proc.waits.CancelRequested = false;
   std::string fault = FaultOfTraffic(session, operation, result);
   if (fault.empty()) fault = FaultOfState(session);
   return fault.empty() ? FaultOfNextGet(session) : fault;

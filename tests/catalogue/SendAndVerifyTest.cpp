@@ -132,7 +132,7 @@ TEST_F(SendTest, WhatCannotBeFetchedAgainIsNotVerified) {
        [this] {
          EXPECT_TRUE(Verifying());
          answersList = false;
-         proc.waits.CancelRequested = true;
+         proc.waits.Cancel();
        }},
       {kEnd,
        [this] {
@@ -149,9 +149,10 @@ TEST_F(SendTest, WhatCannotBeFetchedAgainIsNotVerified) {
     const bool stopped = std::string_view(name) == "cancelled" || std::string_view(name) == kEnd;
     EXPECT_FALSE(Send({kChanged, kTwo})) << name;
     EXPECT_EQ(prompts.shown.back(), stopped ? "x T732" : "x T722") << name;
-    EXPECT_EQ(ReadBefore().From, LinesFrom::Nowhere) << name;
+    EXPECT_EQ(ReadBefore().from, LinesFrom::Nowhere) << name;
     EXPECT_EQ(proc.transfer.Kind, TransferKind::Idle) << name;
-    EXPECT_FALSE(Verifying() || proc.waits.CancelRequested) << name;
+    EXPECT_FALSE(Verifying()) << name;
+    EXPECT_EQ(proc.waits.Stopped(), turn.Quitting()) << name;
     EXPECT_EQ(proc.connection.CurrentTopic, -1) << name;
     EXPECT_EQ(proc.status.Busy, 0) << name;
   }
@@ -163,16 +164,16 @@ TEST_F(SendTest, WithoutTheSettingNothingIsFetched) {
   EXPECT_TRUE(Send({kOne}));
   EXPECT_EQ(prompts.shown.back(), "i T430");
   EXPECT_EQ(sent.back(), "EXIT");
-  EXPECT_EQ(ReadBefore().Lines, Shown{kOne});
+  EXPECT_EQ(ReadBefore().lines, Shown{kOne});
 }
 
 TEST_F(SendTest, TheLocalCopyOfAFileThatIsPutIsTheBaseline) {
   ReadLocalCopyBefore();
-  EXPECT_EQ(ReadBefore().From, LinesFrom::Nowhere);
+  EXPECT_EQ(ReadBefore().from, LinesFrom::Nowhere);
   files.files[kCopy] = std::string(kTwo) + "\r\n";
   ReadLocalCopyBefore();
-  EXPECT_EQ(ReadBefore().Lines, Shown{kTwo});
-  EXPECT_EQ(ReadBefore(Catalogue::Sdc).From, LinesFrom::Nowhere);
+  EXPECT_EQ(ReadBefore().lines, Shown{kTwo});
+  EXPECT_EQ(ReadBefore(Catalogue::Sdc).from, LinesFrom::Nowhere);
 }
 
 TEST_F(SendTest, StopTimesThatNoLineHoldsAreTold) {

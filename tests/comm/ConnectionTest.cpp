@@ -3,7 +3,7 @@
 #include <iostream>
 
 #include "comm/Connection.h"
-#include "comm/WithoutWindows.h"
+#include "comm/SystemTransports.h"
 #include "support/TestSession.h"
 
 namespace zek {

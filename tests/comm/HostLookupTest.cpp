@@ -6,7 +6,6 @@
 #include <utility>
 #include <vector>
 
-#include "comm/HostAddress.h"
 #include "comm/HostLookup.h"
 
 namespace zek {

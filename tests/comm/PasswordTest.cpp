@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 #include <iostream>
 
-#include "comm/Secret.h"
 #include "export/BatchExport.h"
 #include "support/TestSession.h"
 #include "text/Fields.h"
@@ -72,10 +71,10 @@ class TagSession : public test::TestSession {
     proc.connection.SendCommand("LIST");
     proc.waits.WaitSeconds(2);
     Select("TWO/TSC1");
-    static_cast<void>(GetCatalogue(proc, Catalogue::Wdc));
+    static_cast<void>(Get());
     proc.transfer.CatalogueLines = {"1000 !TSC1"};
     prompts.answers = {true};
-    static_cast<void>(SaveCatalogue(proc, Catalogue::Wdc));
+    static_cast<void>(SaveWhatWasGot(Catalogue::Wdc));
     BatchExport batch(proc);
     batch.Start();
     while (batch.Tick()) proc.waits.RunPending();

@@ -11,11 +11,10 @@ TEST(TopicTable, ParsesEntries) {
   ASSERT_TRUE(topic);
   EXPECT_EQ(topic->TopicName, "AHU1");
   EXPECT_TRUE(topic->ShowInList);
-  EXPECT_EQ(topic->TopicType, 2);
+  EXPECT_EQ(topic->TopicType, Generation::Zek2);
   EXPECT_EQ(topic->Address, "PLANT2");
   EXPECT_EQ(topic->Description, "Skola \xE5");
   EXPECT_EQ(topic->Tag, "Tag.1");
-  EXPECT_FALSE(topic->IsTcp());
   EXPECT_EQ(ParseTopic("ahu1=", true)->TopicName, "ahu1");
   EXPECT_FALSE(ParseTopic(";x=1", false));
   EXPECT_FALSE(ParseTopic("no equals", false));

@@ -3,6 +3,7 @@
 
 #include "commands/Commands.h"
 #include "support/SessionPlayer.h"
+#include "system/Paths.h"
 
 namespace zek::cli {
 namespace {
@@ -40,8 +41,8 @@ class CommandPlayer : public test::SessionPlayer {
     program.settings.ProgramPath = "/zek/";
     turn.tick = [&program] { program.connection.Tick(); };
     Console console{program, cliPrompts, in, out, err};
-    ExitStatus status = StartSession(console);
-    if (status == kDone) status = RunCommand(console, arguments);
+    const auto ended = StartCommands(console);
+    const ExitStatus status = ended ? *ended : RunCommand(console, arguments);
     turn.tick = [] {};
     return std::to_string(status) + ": " + Printed(out) + " <" + Printed(err) + ">" + Got();
   }

@@ -54,6 +54,11 @@ class Player {
  protected:
   virtual std::string Do(const Words& words) = 0;
   virtual SaveOutcome Save(const CatalogueWriter& writer) = 0;
+  SaveOutcome SaveEdited(const std::optional<EditedCatalogue>& edited,
+                         const CatalogueWriter& writer) {
+    if (!edited) return SaveOutcome::NotTried;
+    return SaveWithRetry(*edited, writer, {session_.proc.texts, prompts_});
+  }
 
   Access access() const { return given_.Has("view") ? Access::ViewOnly : Access::Edit; }
   char separator() const { return given_.Has("comma") ? ',' : '.'; }
@@ -121,7 +126,7 @@ class WeekdayPlayer final : public Player {
     return Shown(words[1].empty() ? editor_.Column() : at);
   }
   SaveOutcome Save(const CatalogueWriter& writer) override {
-    return editor_.Save(writer, prompts_, session_.proc.texts);
+    return SaveEdited(editor_.Edited(), writer);
   }
 
  private:
@@ -183,7 +188,7 @@ class ExceptionPlayer final : public Player {
     return Shown(row);
   }
   SaveOutcome Save(const CatalogueWriter& writer) override {
-    return editor_.Save(writer, session_.proc.Numbers());
+    return SaveEdited(editor_.Edited(session_.proc.Numbers()), writer);
   }
 
  private:
@@ -271,7 +276,7 @@ class CalendarPlayer final : public Player {
                       : "");
   }
   SaveOutcome Save(const CatalogueWriter& writer) override {
-    return editor_.Save(writer, prompts_, session_.proc.texts);
+    return SaveEdited(editor_.Edited(), writer);
   }
 
  private:

@@ -2,8 +2,10 @@
 #include <gtest/gtest.h>
 #include <utility>
 
+#include "app/StartSession.h"
 #include "export/BatchExport.h"
 #include "support/TransferSession.h"
+#include "system/Paths.h"
 #include "text/Windows1252.h"
 
 namespace zek {
@@ -25,7 +27,7 @@ class BatchExportTest : public ::testing::Test, protected test::TransferSession 
   BatchExportTest() {
     ReplaceInSettings("[TWO]", "VS1=  Plant 1/DUC 1\r\n[TWO]");
     Load("");
-    proc.outside.now = [] { return LocalTime{2026, 11, 21, 8, 30, 59}; };
+    proc.now = [] { return LocalTime{2026, 11, 21, 8, 30, 59}; };
     batch.Selected = [this](std::size_t node) { Answer(node); };
     answers["LIST WDC"] =
         " 1000 !AHU1        !MO..FR       !07:00..16:30             !21        !17         \r\n"
@@ -126,7 +128,6 @@ TEST_F(BatchExportTest, ACatalogueThatControlsShareIsFetchedOnce) {
 
 TEST_F(BatchExportTest, ACopyFromBeforeTheBatchIsNotUsed) {
   files.files["/zek/f127_0_0_1_5100 First WDC.TXT"] = " 1000 !AHU1!MO!01:00!1!0\r\n";
-  FetchedBefore(0);
   Run({true, false, false});
   EXPECT_EQ(Fetches("LIST WDC"), 1U);
 }
@@ -229,7 +230,7 @@ TEST_F(BatchExportTest, CancelEndsAFetchThatWaitsForADeadController) {
   EXPECT_TRUE(batch.Report().failures.empty()) << "what was cancelled did not fail";
   EXPECT_EQ(files.files[kWdc], std::string(kWeekdayHeader) + kStopped);
   EXPECT_EQ(files.files[kSdc], std::string(kCalendarHeader) + kStopped);
-  EXPECT_FALSE(proc.waits.CancelRequested);
+  EXPECT_FALSE(proc.waits.Stopped());
   EXPECT_FALSE(proc.batch.BatchBusy);
   socket.silent = false;
   EXPECT_TRUE(Run({true, false, false}).Succeeded()) << "the next batch works";

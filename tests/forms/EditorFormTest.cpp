@@ -4,7 +4,7 @@
 
 #include "Keys.h"
 #include "PlantWorld.h"
-#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueKind.h"
 #include "forms/calendar/ZV_SDC.h"
 #include "forms/exception/ZV_OVC.h"
 #include "forms/weekday/ZV_WDC.h"
@@ -16,7 +16,7 @@ namespace {
 struct Editor {
   const char* form;
   Catalogue catalogue;
-  void (*show)(wxWindow*, ZV_Proc&, WxTurn&);
+  void (*show)(wxWindow*, ZV_Proc&, WxTurn&, const CatalogueContent&);
   const char* first;        // what has the focus at first
   std::vector<int> change;  // keys that begin a change
   int end;                  // the key that makes it, 0 when the others have
@@ -37,16 +37,13 @@ struct EditorFormTest : testing::TestWithParam<Editor> {
     world.plant.outstations[0].exceptions.header = "UNDANTAG";
     world.plant.outstations[0].calendar.header = "SPECIALDAGAR";
     ZV_Proc& session = world.session;
-    session.tree =
-        BuildObjectTree(session.topics, world.profile, session.texts, session.outside.prompts);
-    SelectNode(session, FindNode(session.tree, session.topics, "SKOLA/AHU1").value());
-    ASSERT_TRUE(session.settings.LocalMode || GetCatalogue(session, GetParam().catalogue));
-    session.transfer.From = from;
-    const std::vector<std::string> fetched = session.transfer.CatalogueLines;
+    world.Select("SKOLA/AHU1");
+    CatalogueContent content;
+    if (!session.settings.LocalMode) content = world.Get(GetParam().catalogue);
+    content.from = from;
     Play(
         {{[] { return IsActive(GetParam().form) && HasFocus(GetParam().first); }, std::move(act)}});
-    GetParam().show(nullptr, session, world.turn);
-    EXPECT_EQ(session.transfer.CatalogueLines, fetched);
+    GetParam().show(nullptr, session, world.turn, content);
     asked_ = world.prompts.shown.size();
     Pump(20);  // the form goes when there is time, and the next one has parts of the same names
   }

@@ -9,13 +9,15 @@
 #include <wx/app.h>
 
 #include "WindowApp.h"
+#include "catalogue/CatalogueKind.h"
 #include "plant/PlantConversation.h"
+#include "support/Transfers.h"
 #include "text/Windows1252.h"
 
 namespace zek::window {
 
 /// A connection to a simulated plant in memory. Replies come with later turns of the event loop.
-class PlantLink final : public Link {
+class PlantLink final : public Transport {
  public:
   explicit PlantLink(sim::Plant& plant) : plant_(plant) {}
 
@@ -71,6 +73,16 @@ struct PlantWorld : World {
     session.topics.LoadTopics(profile, session.settings, session.texts, prompts);
     ticks.Begin();
   }
+
+  void Select(std::string_view node) {
+    session.tree = BuildObjectTree(session.topics, profile, session.texts, prompts);
+    SelectNode(session, FindNode(session.tree, session.topics, node).value());
+  }
+  /// A catalogue of the selected node, fetched or from its copy.
+  CatalogueContent Get(Catalogue catalogue) {
+    return session.catalogues.GetCatalogue(session.selection.Id(catalogue)).value();
+  }
+  bool IsVerifying() const { return session.waits.CanCancel(); }
 
   static sim::Plant SmallPlant() {
     sim::Outstation old;

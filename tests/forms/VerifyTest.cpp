@@ -48,7 +48,7 @@ TEST_F(VerifyTest, EscapeEndsAVerificationThatGetsNoAnswer) {
   ASSERT_FALSE(world.profile.WriteIni("GetDelay", "DelayA", "1"));
   Save({{[this] {
            const wxWindow* const editor = Shown("ZV_WDC");
-           return world.session.transfer.Verifying && editor != nullptr &&
+           return world.IsVerifying() && editor != nullptr &&
                   wxWindow::FindWindowById(wxID_CANCEL, editor)->HasFocus();
          },
          [this] {

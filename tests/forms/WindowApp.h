@@ -10,7 +10,7 @@
 #include <wx/window.h>
 
 #include "app/ZV_Proc.h"
-#include "comm/WithoutWindows.h"
+#include "comm/SystemTransports.h"
 #include "settings/FileProfile.h"
 #include "system/DiskFiles.h"
 #include "wxbase/WxLater.h"
@@ -42,7 +42,7 @@ std::string TemporaryDirectory();
 
 /// A controller in memory. It speaks as a communication server without DUS number does:
 /// "<TRANSPARENT>" first, then pieces that end with character 255.
-class FakeLink final : public Link {
+class FakeLink final : public Transport {
  public:
   /// The answer to each command: lines without their end. Any other command stays unanswered.
   std::map<std::string, std::vector<std::string>> answers;

@@ -3,6 +3,7 @@
 #include <wx/uiaction.h>
 
 #include "WindowApp.h"
+#include "app/StartSession.h"
 #include "forms/main/ZV_Lang.h"
 
 namespace zek::window {

@@ -5,7 +5,7 @@
 
 #include "Keys.h"
 #include "PlantWorld.h"
-#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueKind.h"
 #include "forms/exception/ZV_OVC.h"
 
 namespace zek::window {
@@ -29,19 +29,15 @@ bool InEditor() { return IsActive("ZV_OVC") && HasFocus("Text_DateOn0"); }
 
 struct ExceptionFormTest : testing::Test {
   explicit ExceptionFormTest(std::string_view commandLine = {}) : world(commandLine) {
-    ZV_Proc& session = world.session;
-    session.tree =
-        BuildObjectTree(session.topics, world.profile, session.texts, session.outside.prompts);
     world.plant.outstations[0].exceptions.header = "UNDANTAG";
   }
 
   // Fetches a time control's exceptions and plays the steps in its editor.
   void Run(const std::string& node, std::vector<Step> steps) {
-    ZV_Proc& session = world.session;
-    SelectNode(session, FindNode(session.tree, session.topics, node).value());
-    ASSERT_TRUE(GetCatalogue(session, Catalogue::Ovc));
+    world.Select(node);
+    const CatalogueContent content = world.Get(Catalogue::Ovc);
     Play(std::move(steps));
-    ShowExceptionForm(nullptr, session, world.turn);
+    ShowExceptionForm(nullptr, world.session, world.turn, content);
   }
 
   // What the editor shows in its first row when the catalogue has been fetched again.
@@ -145,10 +141,8 @@ TEST_F(ExceptionFormTest, EraseGoesDownTheRows) {
                         EXPECT_TRUE(marked("Label_Row1"));
                         Press('S', wxMOD_CONTROL);
                       }}});
-  const std::vector<std::string>& sent = world.session.transfer.CatalogueLines;
-  ASSERT_EQ(sent.size(), 1U);
-  EXPECT_NE(sent[0].find("24-DEC-25"), std::string::npos);
-  EXPECT_EQ(OldLines().at(1), sent[0]);
+  EXPECT_NE(OldLines().at(1).find("24-DEC-25"), std::string::npos);
+  EXPECT_EQ(world.plantLink.sent.back().find("24-DEC-26"), std::string::npos);
 }
 
 // The wrong parts are told once the focus has moved on; saving waits until they were seen.

@@ -7,13 +7,11 @@
 #include "Keys.h"
 #include "PlantWorld.h"
 #include "SpokenName.h"
-#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueKind.h"
 #include "forms/calendar/ZV_SDC.h"
 
 namespace zek::window {
 namespace {
-
-constexpr std::string_view kOldNode = "SKOLA/AHU1";
 
 bool InEditor() { return IsActive("ZV_SDC") && HasFocus("Picture_Days"); }
 std::string Label(const std::string& name) { return Shown(name)->GetLabel().ToStdString(); }
@@ -63,14 +61,9 @@ struct CalendarFormTest : testing::Test {
 
   // Fetches the calendar and opens the editor on it, as the browser does.
   void Run(std::vector<Step> steps) {
-    world.session.tree =
-        BuildObjectTree(world.session.topics, world.profile, world.session.texts, world.prompts);
-    const auto node = FindNode(world.session.tree, world.session.topics, kOldNode);
-    ASSERT_TRUE(node);
-    SelectNode(world.session, *node);
+    world.Select("SKOLA/AHU1");
     Play(std::move(steps));
-    ASSERT_TRUE(GetCatalogue(world.session, Catalogue::Sdc));
-    ShowCalendarForm(nullptr, world.session, world.turn);
+    ShowCalendarForm(nullptr, world.session, world.turn, world.Get(Catalogue::Sdc));
   }
   std::map<int, std::string>& PlantLines() { return world.plant.outstations[0].calendar.lines; }
 

@@ -7,6 +7,7 @@
 #include "Keys.h"
 #include "PlantWorld.h"
 #include "forms/browser/ZV_TSC.h"
+#include "system/Paths.h"
 
 namespace zek::window {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "Keys.h"
 #include "PlantWorld.h"
-#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueKind.h"
 #include "forms/browser/ZV_TSC.h"
 
 namespace zek::window {
@@ -129,7 +129,7 @@ TEST_F(BrowserTest, AFetchCanBeCancelled) {
           EXPECT_TRUE(Shown("ZV_TSC"));
           Press(WXK_ESCAPE);
         }}});
-  EXPECT_FALSE(world.session.waits.CancelRequested);
+  EXPECT_FALSE(test::CancelIsPending(world.session));
   EXPECT_TRUE(world.prompts.shown.empty());
 }
 

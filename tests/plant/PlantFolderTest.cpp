@@ -6,6 +6,7 @@
 #include "plant/PlantFolder.h"
 #include "plant/PlantLine.h"
 #include "plant/PlantOptions.h"
+#include "support/SourceTree.h"
 #include "support/TemporaryFolder.h"
 
 namespace zek::sim {
@@ -31,7 +32,7 @@ class PlantFolder : public testing::Test {
 };
 
 TEST_F(PlantFolder, DemoPlantHoldsOnlyLinesItWouldTake) {
-  LoadedPlant demo = LoadPlant(ZEKVIEW_DATA "/demo/plant");
+  LoadedPlant demo = LoadPlant(test::SourceTree() + "/data/demo/plant");
   ASSERT_EQ(demo.error, "");
   Outstation* const school = demo.plant.FindTransparent();
   Outstation* const office = demo.plant.FindDus(3);

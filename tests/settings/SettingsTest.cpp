@@ -4,6 +4,7 @@
 #include "settings/CommandLine.h"
 #include "settings/Settings.h"
 #include "support/TestSession.h"
+#include "system/Paths.h"
 
 namespace zek {
 namespace {
@@ -113,7 +114,8 @@ TEST(CommandLine, OptionsAreTakenOutBeforeTheSwitches) {
             std::string("C:\\DATA") + separator);
   EXPECT_EQ(IniPathOf(ParseCommandLine({}), "/p/"), "/p/");
   EXPECT_EQ(WithSeparator("c:/data/"), "c:/data/");
-  EXPECT_EQ(ParseCommandLine({"--dir"}).missingValue, "--dir");
+  EXPECT_TRUE(ParseCommandLine({"--dir"}).error.starts_with("--dir"));
+  EXPECT_NE(ParseCommandLine({"/LOCAL", "--help"}).help, "");
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "support/SourceTree.h"
 #include "text/Windows1252.h"
 
 namespace zek::test {
@@ -30,7 +31,7 @@ inline std::string Unescaped(const std::string& utf8) {
 
 inline std::vector<TextCase> CasesOf(const std::string& name) {
   std::vector<TextCase> cases;
-  std::ifstream file(std::string(ZEKVIEW_TESTS "/cases/") + name);
+  std::ifstream file(SourceTree() + "/tests/cases/" + name);
   for (std::string line; std::getline(file, line);) {
     if (line.empty() || line[0] == ';') continue;
     std::size_t copies = 1;

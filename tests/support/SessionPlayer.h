@@ -8,6 +8,7 @@
 #include "support/CaseFile.h"
 #include "support/TextNames.h"
 #include "support/TransferSession.h"
+#include "system/Paths.h"
 #include "text/Controls.h"
 
 namespace zek::test {
@@ -77,8 +78,7 @@ class SessionPlayer : public TransferSession {
     if (what == "silent") socket.silent = true;
     if (what == "full") files.failWrites = FileError::Reason::Full;
     if (what == "unreadable") files.failReads = FileError::Reason::Denied;
-    if (what == "cancel")
-      turn.After(std::stoi(rest), [this] { proc.waits.CancelRequested = true; });
+    if (what == "cancel") turn.After(std::stoi(rest), [this] { proc.waits.Cancel(); });
     if (what == "quit") turn.After(std::stoi(rest), [this] { turn.Quit(); });
     if (what == "line") toSave_.push_back(rest);
     if (what == "value") valueToSave_ = rest;
@@ -146,7 +146,7 @@ class SessionPlayer : public TransferSession {
     const bool atRest = proc.transfer.Kind == TransferKind::Idle &&
                         proc.connection.CurrentTopic == -1 && proc.status.Busy == 0 &&
                         proc.status.Transfer.empty() && proc.status.Waiting.empty() &&
-                        !proc.waits.CancelRequested;
+                        !proc.waits.Stopped();
     return (done ? "true" : "false") + shown + Told() + Got() + (atRest ? "" : " not at rest");
   }
 

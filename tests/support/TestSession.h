@@ -6,13 +6,11 @@
 #include <vector>
 
 #include "app/ZV_Proc.h"
-#include "catalogue/Catalogue.h"
 #include "catalogue/CommandText.h"
-#include "catalogue/LastRead.h"
 #include "settings/FileProfile.h"
 #include "support/FakeTags.h"
 #include "support/MemoryFiles.h"
-#include "support/MemoryLink.h"
+#include "support/MemoryTransport.h"
 #include "support/ScriptedPrompts.h"
 #include "support/VirtualTurn.h"
 
@@ -56,66 +54,76 @@ class TestSession {
     SelectNode(proc, FindNode(proc.tree, proc.topics, node).value());
   }
 
-  // The selected node's catalogues. What was got is in `GotLines` and `GotDfv`.
-  bool Get(Catalogue catalogue = Catalogue::Wdc) { return GetCatalogue(proc, catalogue); }
-  const std::vector<std::string>& GotLines() const { return proc.transfer.CatalogueLines; }
-  const std::string& GotDfv() const { return proc.transfer.CatalogueDfv; }
-  int LinesDropped() const { return proc.transfer.LinesDropped; }
+  // The selected node's catalogues. What was got is in `Got`.
+  bool Get(Catalogue catalogue = Catalogue::Wdc) {
+    const auto content = proc.catalogues.GetCatalogue(Id(catalogue));
+    Got = content.value_or(CatalogueContent());
+    return content.has_value();
+  }
+  const std::vector<std::string>& GotLines() const { return Got.lines; }
+  std::string GotDfv() const { return Got.dfv.value_or("."); }
+  int LinesDropped() const { return static_cast<int>(Got.linesDropped); }
   /// `dfv`: nothing when the controller's value is not known.
   bool Save(std::vector<std::string> lines, Catalogue catalogue = Catalogue::Wdc,
             const std::optional<std::string>& dfv = ".") {
-    Put(std::move(lines), dfv);
-    return SaveCatalogue(proc, catalogue);
+    return proc.catalogues.SaveCatalogue(Id(catalogue), {std::move(lines), dfv, {}});
   }
-  bool SaveWhatWasGot(Catalogue catalogue) { return SaveCatalogue(proc, catalogue); }
+  bool SaveWhatWasGot(Catalogue catalogue) { return Save(Got.lines, catalogue, Got.dfv); }
   /// Saves while an editor's table holds what its lines do not.
   bool SaveWithout(std::vector<std::string> notInLines, std::vector<std::string> lines) {
-    proc.transfer.NotInLines = std::move(notInLines);
-    return Save(std::move(lines));
+    return proc.catalogues.SaveCatalogue(Id(), {std::move(lines), ".", std::move(notInLines)});
   }
   bool Sendable(std::vector<std::string> lines) {
-    Put(std::move(lines), ".");
-    return CheckSendable(proc, Catalogue::Wdc);
+    return CheckSendable(Id(), {std::move(lines), {}, {}}, Parts());
   }
 
   // What a write is compared with.
-  LastRead ReadBefore(Catalogue catalogue = Catalogue::Wdc) const {
-    return LastReadOf(proc, catalogue);
+  CatalogueContent ReadBefore(Catalogue catalogue = Catalogue::Wdc) const {
+    return proc.catalogues.LastKnown(Id(catalogue));
   }
-  void ReadLocalCopyBefore() { RememberLocalCopy(proc, Catalogue::Wdc); }
-  void ReadAnotherBefore() { proc.transfer.Last.LocalFile = "another catalogue"; }
-  bool Verifying() const { return proc.transfer.Verifying; }
-  /// Another reader has fetched a catalogue of this topic whole, or none has.
-  void FetchedBefore(std::int16_t topic) {
-    proc.transfer.CatalogueLoaded = true;
-    proc.transfer.LoadedTopic = topic;
+  void ReadLocalCopyBefore() { proc.catalogues.CompareWithCopy(Id()); }
+  void ReadAnotherBefore() {
+    CatalogueId other = Id();
+    other.localFile = "another catalogue";
+    proc.catalogues.CompareWithCopy(other);
   }
+  bool Verifying() const { return proc.waits.CanCancel(); }
 
   // Its local copy.
-  bool LoadCopy(Catalogue catalogue) { return LoadLocalCopy(proc, catalogue); }
-  bool Store(std::vector<std::string> lines) {
-    Put(std::move(lines), std::nullopt);
-    return StoreLocalCopy(proc, Catalogue::Wdc, std::nullopt);
+  bool LoadCopy(Catalogue catalogue) {
+    const auto content = proc.copies.Load(Id(catalogue));
+    Got = content.value_or(CatalogueContent());
+    return content.has_value();
   }
-  bool Erase() { return EraseLocalCopy(proc, Catalogue::Wdc); }
-  bool Restore(const KeptCopy& kept) { return RestoreLocalCopy(proc, Catalogue::Wdc, kept); }
-  auto Compare(const KeptCopy& kept) const { return CompareWithKept(proc, Catalogue::Wdc, kept); }
-  std::vector<KeptCopy> Kept() { return HistoryOf(proc, Catalogue::Wdc).Kept(); }
+  bool Store(const std::vector<std::string>& lines) {
+    return proc.copies.Store(Id(), lines, std::nullopt);
+  }
+  bool Erase() { return proc.copies.Erase(Id()); }
+  bool Restore(const KeptCopy& kept) { return proc.copies.Restore(Id(), kept); }
+  auto Compare(const KeptCopy& kept) const { return proc.copies.CompareWith(Id(), kept); }
+  std::vector<KeptCopy> Kept() { return proc.copies.HistoryOf(Id()).Kept(); }
 
+  CatalogueId Id(Catalogue catalogue = Catalogue::Wdc) const {
+    return proc.selection.Id(catalogue);
+  }
+
+  CatalogueContent Got;
   MemoryFiles files;
   FileProfile profile{files, "/ini/ZEKView.INI"};
   VirtualTurn turn;
   ScriptedPrompts prompts;
-  MemoryLink socket{turn};
-  MemoryLink dde{turn};
+  MemoryTransport socket{turn};
+  MemoryTransport dde{turn};
   FakeTags tags;
   ZV_Proc proc{Outside{files, profile, turn, prompts, socket, dde, tags}};
 
  private:
-  void Put(std::vector<std::string> lines, const std::optional<std::string>& dfv) {
-    proc.transfer.CatalogueLines = std::move(lines);
-    proc.transfer.CatalogueDfv = dfv.value_or(".");
-    proc.transfer.DfvKnown = dfv.has_value();
+  CatalogueParts Parts() {
+    return {proc.settings,
+            proc.Numbers(),
+            proc.ToUser(),
+            proc.copies,
+            {proc.connection, proc.transfer, proc.countdowns, proc.waits, proc.status}};
   }
 };
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <fstream>
 #include <map>
 #include <regex>
 #include <string>
@@ -10,20 +9,19 @@
 
 namespace zek::test {
 
-/// The name of a text number in lang/TextNumbers.h, "kCatalogueFull"; the digits of one without.
+/// The names of the text numbers, "kCatalogueFull".
 inline const std::map<int, std::string>& TextNames() {
-  static const std::map<int, std::string> names = [] {
-    std::map<int, std::string> read;
-    std::ifstream file(ZEKVIEW_TEXT_NUMBERS);
-    const std::regex definition(R"(.* (k\w+) = (\d+);.*)");
-    std::smatch match;
-    for (std::string line; std::getline(file, line);)
-      if (std::regex_match(line, match, definition)) read[std::stoi(match[2])] = match[1];
-    return read;
-  }();
+  static const std::map<int, std::string> names = {
+#define ZEK_TEXT(name, number) {number, #name},
+#define ZEK_BUILT_IN(name, number, swedish) {number, #name},
+#include "lang/Texts.def"
+#undef ZEK_TEXT
+#undef ZEK_BUILT_IN
+  };
   return names;
 }
 
+/// The name of a text; the digits of one without.
 inline std::string TextName(std::int32_t number) {
   const auto found = TextNames().find(number);
   return found == TextNames().end() ? std::to_string(number) : found->second;

@@ -8,7 +8,7 @@
 #include "settings/SettingsFile.h"
 #include "support/TemporaryFolder.h"
 #include "system/DiskFiles.h"
-#include "system/WinFileError.h"
+#include "system/FileErrors.h"
 #include "system/WinText.h"
 
 namespace zek {
@@ -126,10 +126,10 @@ TEST(WinFiles, ErrorCodesHaveTheirReasons) {
       {ERROR_INVALID_FUNCTION, Reason::Other},
   };
   for (const auto& [code, reason] : cases) {
-    EXPECT_EQ(WinFileError("x", code).reason, reason) << code;
-    EXPECT_NE(WinFileError("x", code).systemMessage, "") << code;
+    EXPECT_EQ(FileErrorOf("x", code).reason, reason) << code;
+    EXPECT_NE(FileErrorOf("x", code).systemMessage, "") << code;
   }
-  EXPECT_EQ(WinFileError("C:/" + std::string(300, 'x'), ERROR_PATH_NOT_FOUND).reason,
+  EXPECT_EQ(FileErrorOf("C:/" + std::string(300, 'x'), ERROR_PATH_NOT_FOUND).reason,
             Reason::NameTooLong);
 }
 

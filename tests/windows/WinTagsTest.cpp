@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "comm/WinTags.h"
+#include "support/SourceTree.h"
 #include "windows/ServerProcess.h"
 #include "windows/TagDoubleId.h"
 
@@ -31,7 +32,8 @@ void Unregister() {
 class WinTagsTest : public ::testing::Test {
  protected:
   WinTagsTest() {
-    ::SetEnvironmentVariableA("ZEKVIEW_TAG_PLANT", ZEKVIEW_DATA "/demo/plant");
+    const std::string plant = test::SourceTree() + "/data/demo/plant";
+    ::SetEnvironmentVariableA("ZEKVIEW_TAG_PLANT", plant.c_str());
     Register(test::ProgramFolder() + "zekview-tag-double.dll");
   }
   void TearDown() override {

@@ -6,6 +6,7 @@
 #include <random>
 
 #include "faults/Dialogue.h"
+#include "support/SourceTree.h"
 
 namespace zek::faults {
 namespace {
@@ -44,7 +45,7 @@ void Check(Replay& replay, const Outcome& whole, const std::vector<std::size_t>&
 }
 
 TEST(Cutting, GivesTheSameLinesLogAndValueEverywhere) {
-  const std::vector<Dialogue> dialogues = LoadDialogues(ZEKVIEW_TRIALS "/dialogues");
+  const std::vector<Dialogue> dialogues = LoadDialogues(test::SourceTree() + "/trials/dialogues");
   ASSERT_GE(dialogues.size(), 12U);
   Count everywhere;
   Count bytewise;

@@ -5,6 +5,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "support/Transfers.h"
 #include "text/Fields.h"
 
 namespace zek::faults {
@@ -81,7 +82,7 @@ Replay::Replay(const Dialogue& dialogue) : dialogue_(dialogue) {
                                     dialogue.address + ",Plant\r\n[X]\r\nAHU1=Air\r\n";
   Load("");
   Select("X/AHU1");
-  for (test::MemoryLink* link : {&socket, &dde}) {
+  for (test::MemoryTransport* link : {&socket, &dde}) {
     link->onConnected = [this] { Answer(""); };
     link->onSent = [this](std::string_view bytes) { Answer(std::string(bytes)); };
   }
@@ -93,16 +94,15 @@ Outcome Replay::Run(const std::vector<std::size_t>& cuts) {
   place_ = 0;
   astray_.clear();
   proc.log.Replace({});
-  if (dialogue_.write) {
-    proc.transfer.CatalogueLines = dialogue_.lines;
-    proc.transfer.CatalogueDfv = dialogue_.value;
-  }
   prompts.answers = {true, true};
-  const bool result = dialogue_.write ? SaveCatalogue(proc, dialogue_.catalogue)
-                                      : GetCatalogue(proc, dialogue_.catalogue);
+  test::Fetched got{false, dialogue_.lines, dialogue_.value};
+  if (dialogue_.write) {
+    got.done = test::Send(proc, dialogue_.catalogue, got.lines, got.value);
+  } else {
+    got = test::Fetch(proc, dialogue_.catalogue);
+  }
   if (step_ != dialogue_.steps.size()) astray_ += "ends before the dialogue does";
-  return {result, proc.transfer.CatalogueDfv, proc.transfer.CatalogueLines, proc.log.Lines(),
-          astray_};
+  return {got.done, got.value, got.lines, proc.log.Lines(), astray_};
 }
 
 void Replay::Answer(const std::string& sent) {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueKind.h"
 #include "support/TestSession.h"
 
 namespace zek::faults {

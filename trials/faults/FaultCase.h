@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueKind.h"
 #include "formats/Generation.h"
 
 namespace zek::faults {

@@ -88,7 +88,7 @@ FaultSession::FaultSession(const FaultCase& what, std::size_t floodBytes, bool v
   Load("");
   Select("X/AHU1");
   proc.settings.VerifyAfterWrite = verify;
-  localCopy_ = "/zek/" + LocalFileOf(proc.selection, what.catalogue);
+  localCopy_ = "/zek/" + proc.selection.Id(what.catalogue).localFile;
   files.files[localCopy_] = kOldCopy;
 }
 
@@ -105,7 +105,7 @@ std::string FaultSession::Run() {
   if (what_.write) {
     CheckWrite(done);
   } else {
-    CheckRead(done);
+    CheckRead();
   }
   Expect(done || verified || !MustSucceed(), "fails, though a later attempt could succeed");
   CheckAtRest();
@@ -116,11 +116,10 @@ std::string FaultSession::Run() {
 }
 
 bool FaultSession::Transferred() {
-  if (!what_.write) return GetCatalogue(proc, what_.catalogue);
-  proc.transfer.CatalogueLines = newLines_;
-  proc.transfer.CatalogueDfv = kNewValue;
   prompts.answers = {true, true, true};
-  return SaveCatalogue(proc, what_.catalogue);
+  if (what_.write) return test::Send(proc, what_.catalogue, newLines_, kNewValue);
+  read_ = test::Fetch(proc, what_.catalogue);
+  return read_.done;
 }
 
 const sim::PlantCatalogue& FaultSession::CatalogueThere() const {
@@ -160,19 +159,17 @@ bool FaultSession::MustSucceed() const {
   return !what_.always && what_.step.command >= 0 && what_.step.command != kClose;
 }
 
-void FaultSession::CheckRead(bool read) {
+void FaultSession::CheckRead() {
   const std::string& copy = files.files[localCopy_];
-  if (!read) {
+  if (!read_.done) {
     Expect(copy == kOldCopy, "the local copy changed");
     return;
   }
-  const auto& transfer = proc.transfer;
-  const bool same = transfer.CatalogueLines == Listing() && transfer.CatalogueDfv == ValueThere();
+  const bool same = read_.lines == Listing() && read_.value == ValueThere();
   unnoticed_ = !same;
   Expect(same || IsUnnoticeable(), "read, but it isn't what the controller has");
-  const auto dfv = what_.HasDfv() ? std::optional(transfer.CatalogueDfv) : std::nullopt;
-  Expect(copy == BuildLocalCopy(transfer.CatalogueLines, dfv),
-         "the local copy isn't what was read");
+  const auto dfv = what_.HasDfv() ? std::optional(read_.value) : std::nullopt;
+  Expect(copy == BuildLocalCopy(read_.lines, dfv), "the local copy isn't what was read");
 }
 
 void FaultSession::CheckWrite(bool sent) {
@@ -193,7 +190,7 @@ void FaultSession::CheckAtRest() {
   Expect(status.Transfer.empty() && status.Progress.empty() && status.Waiting.empty(),
          "the status panels show something");
   Expect(status.Busy == 0 && status.Hourglass == 0, "the controls are not back");
-  Expect(!proc.waits.CancelRequested && !proc.connection.Sending, "a flag is left");
+  Expect(!test::CancelIsPending(proc) && !proc.connection.Sending, "a flag is left");
   // A line that the tag server refuses to close stays connected.
   const bool refused = what_.step.command == kClose && what_.transport == Transport::Tags;
   Expect(proc.connection.CurrentTopic == -1 || refused, "still connected");
@@ -224,9 +221,8 @@ void FaultSession::CheckTime(std::int64_t milliseconds) {
 
 void FaultSession::CheckNext() {
   plant_.Repair();
-  const bool read = GetCatalogue(proc, what_.catalogue);
-  Expect(read && proc.transfer.CatalogueLines == Listing() &&
-             proc.transfer.CatalogueDfv == ValueThere(),
+  const test::Fetched next = test::Fetch(proc, what_.catalogue);
+  Expect(next.done && next.lines == Listing() && next.value == ValueThere(),
          "the next read does not work");
 }
 

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "faults/FaultyPlant.h"
+#include "support/Transfers.h"
 
 namespace zek::faults {
 
@@ -24,12 +25,11 @@ class FaultSession : private test::TestSession {
 
  private:
   bool Transferred();
-  void CheckRead(bool read);
+  void CheckRead();
   void CheckWrite(bool sent);
   void CheckAtRest();
   void CheckTime(std::int64_t milliseconds);
   void CheckNext();
-  bool HasWhatController(bool ofValueToo) const;
   std::vector<std::string> Listing() const;
   const sim::PlantCatalogue& CatalogueThere() const;
   std::string ValueThere() const;
@@ -42,6 +42,7 @@ class FaultSession : private test::TestSession {
   sim::Outstation outstation_;
   FaultyPlant plant_;
   std::vector<std::string> newLines_;
+  test::Fetched read_;
   std::string localCopy_;  // its path
   std::string wrong_;
   bool unnoticed_ = false;

@@ -38,7 +38,7 @@ FaultyPlant::FaultyPlant(test::TestSession& world, sim::Outstation& outstation,
                          const FaultCase& what, std::size_t floodBytes)
     : world_(world), outstation_(outstation), what_(what), floodBytes_(floodBytes) {
   Prepare();
-  for (test::MemoryLink* link : {&world_.socket, &world_.dde}) {
+  for (test::MemoryTransport* link : {&world_.socket, &world_.dde}) {
     link->onConnected = [this] { OnConnected(); };
     link->onSent = [this](std::string_view bytes) { TakeLink(bytes); };
   }
@@ -47,7 +47,9 @@ FaultyPlant::FaultyPlant(test::TestSession& world, sim::Outstation& outstation,
   };
 }
 
-test::MemoryLink& FaultyPlant::Link() const { return what_.IsTcp() ? world_.socket : world_.dde; }
+test::MemoryTransport& FaultyPlant::Link() const {
+  return what_.IsTcp() ? world_.socket : world_.dde;
+}
 
 // What has to stand before the session makes its first step.
 void FaultyPlant::Prepare() {

@@ -28,7 +28,7 @@ class FaultyPlant {
  private:
   bool IsAt(int command) const { return active_ && what_.step.command == command; }
   bool Is(int command, Fault fault) const { return IsAt(command) && what_.fault == fault; }
-  test::MemoryLink& Link() const;
+  test::MemoryTransport& Link() const;
 
   void Prepare();
   void OnConnected();

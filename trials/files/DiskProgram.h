@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueKind.h"
 #include "commands/Commands.h"
 #include "settings/SettingsFile.h"
 #include "support/TransferSession.h"
@@ -36,15 +36,15 @@ class DiskProgram {
     proc.settings.IniPath = home_;
     controller.turn.tick = [&proc] { proc.connection.Tick(); };
     cli::Console console{proc, prompts, in, out, err};
-    const int started = cli::StartSession(console);
-    return started == cli::kDone ? work(console) : started;
+    const auto ended = cli::StartCommands(console);
+    return ended ? *ended : work(console);
   }
 
   int Run(const std::vector<std::string>& words) {
     const cli::Arguments arguments = cli::ParseArguments(words);
     if (!arguments.error.empty()) {
       err << arguments.error << '\n';
-      return cli::kWrongUsage;
+      return kWrongUsage;
     }
     return Start([&](cli::Console& console) { return cli::RunCommand(console, arguments); });
   }

@@ -5,10 +5,12 @@
 #include <gtest/gtest.h>
 #include <iostream>
 
+#include "app/StartSession.h"
 #include "files/DiskProgram.h"
 #include "files/FileCalls.h"
 #include "files/Tree.h"
 #include "support/TemporaryFolder.h"
+#include "support/Transfers.h"
 #include "text/Fields.h"
 #include "text/Windows1252.h"
 
@@ -123,13 +125,12 @@ class HostileNamesTest : public ::testing::Test {
     for (std::size_t node = 0; node < proc.tree.size(); ++node) {
       SelectNode(proc, node);
       for (const Catalogue catalogue : {Catalogue::Wdc, Catalogue::Sdc, Catalogue::Ovc}) {
-        proc.transfer.CatalogueLines = {"1000 !x"};
-        static_cast<void>(SaveCatalogue(proc, catalogue));
-        static_cast<void>(GetCatalogue(proc, catalogue));
-        if (node % 2 == 1) EraseLocalCopy(proc, catalogue);
+        test::Send(proc, catalogue, {"1000 !x"});
+        test::Fetch(proc, catalogue);
+        if (node % 2 == 1) proc.copies.Erase(proc.selection.Id(catalogue));
       }
     }
-    return cli::kDone;
+    return kDone;
   }
 
   // Runs the program and judges the calls it made; "" when nothing is wrong. Nothing outside is

@@ -9,6 +9,7 @@
 #include <map>
 #include <unistd.h>
 
+#include "app/StartSession.h"
 #include "files/Child.h"
 #include "files/DiskProgram.h"
 #include "files/Tree.h"
@@ -62,9 +63,9 @@ struct Step {
 
 int Settings(test::DiskProgram& program) {
   return program.Start([&program](cli::Console& console) -> int {
-    const auto error = console.proc.outside.profile.WriteIni("General", "Language", "044");
+    const auto error = console.proc.profile.WriteIni("General", "Language", "044");
     if (error) program.err << FileMessage(console.proc.texts, *error);
-    return error ? cli::kFailed : cli::kDone;
+    return error ? kFailed : kDone;
   });
 }
 
@@ -72,7 +73,7 @@ int Erase(test::DiskProgram& program) {
   return program.Start([](cli::Console& console) -> int {
     LoadTree(console.proc);
     SelectNode(console.proc, 1);
-    return EraseLocalCopy(console.proc, Catalogue::Wdc) ? cli::kDone : cli::kFailed;
+    return console.proc.copies.Erase(console.proc.selection.Id(Catalogue::Wdc)) ? kDone : kFailed;
   });
 }
 
@@ -180,7 +181,7 @@ class Saving : public ::testing::Test {
   std::string Wrong(const Case& each, const Outcome& outcome, const Tree& before,
                     const Tree& whole) const {
     const Tree now = test::TreeOf(home);
-    const bool done = !outcome.killed && outcome.status == cli::kDone;
+    const bool done = !outcome.killed && outcome.status == kDone;
     for (const auto& [name, bytes] : now) {
       const auto old = before.find(name);
       const auto fresh = whole.find(name);
@@ -212,7 +213,7 @@ class Saving : public ::testing::Test {
   // The next run does the whole step and clears what the first one left.
   std::string WrongAfterwards(const Step& step, const Tree& whole) {
     const Outcome again = Run(step, {});
-    if (again.status != cli::kDone) return "afterwards: " + again.told;
+    if (again.status != kDone) return "afterwards: " + again.told;
     for (const auto& [name, bytes] : test::TreeOf(home)) {
       if (IsBesideName(name.substr(name.rfind('/') + 1))) return name + " stays for ever";
       const auto fresh = whole.find(name);
@@ -251,7 +252,7 @@ TEST_F(Saving, EveryFaultAtEveryCall) {
     }
     test::PlantTree(home, before);
     const Outcome healthy = Run(step, {});
-    ASSERT_EQ(healthy.status, cli::kDone) << step.name << healthy.told;
+    ASSERT_EQ(healthy.status, kDone) << step.name << healthy.told;
     const Tree whole = test::TreeOf(home);
     ASSERT_NE(whole, before) << step.name;
     // All steps start alike: the calls of that are made to fail in the first one only.

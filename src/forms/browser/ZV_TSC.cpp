@@ -5,6 +5,7 @@
 #include <wx/utils.h>
 #include <wx/weakref.h>
 
+#include "app/StartSession.h"
 #include "forms/StatusChain.h"
 #include "forms/browser/ZV_TSCForm.h"
 #include "forms/browser/ZV_TSCHistory.h"
@@ -185,26 +186,24 @@ void ZV_TSC::OnIconize(wxIconizeEvent& event) {
 }
 
 void ZV_TSC::Get(Catalogue catalogue, ShowEditor showEditor) {
-  if (busy_ || LocalFileOf(proc_.selection, catalogue).empty()) return;
+  if (busy_ || !proc_.selection.Has(catalogue)) return;
   const wxWeakRef<ZV_TSC> alive(this);
-  bool fetched = false;
+  std::optional<CatalogueContent> content;
   bool close = false;
   fetching_ = true;
   {
-    const InputBlock block([this] { proc_.waits.CancelRequested = true; }, cancel_);
-    fetched = GetCatalogue(proc_, catalogue);
+    const InputBlock block([this] { proc_.waits.Cancel(); }, cancel_);
+    content = proc_.catalogues.GetCatalogue(proc_.selection.Id(catalogue));
     close = block.CloseRequested() || turn_.Quitting();
   }
-  // A cancel that came after the last wait of the read must not end the waits of others.
-  proc_.waits.CancelRequested = false;
   if (!alive) return;
   fetching_ = false;
   ShowStatus();
   UpdateMenu(*menuTSC_);
   if (close) {
     Close();
-  } else if (fetched) {
-    showEditor(this, proc_, turn_);
+  } else if (content) {
+    showEditor(this, proc_, turn_, *content);
     if (!alive) return;
     Raise();
     UpdateMenu(*menuTSC_);
@@ -212,14 +211,14 @@ void ZV_TSC::Get(Catalogue catalogue, ShowEditor showEditor) {
 }
 
 void ZV_TSC::Erase(Catalogue catalogue) {
-  if (busy_ || !HasLocalCopy(proc_, catalogue)) return;
+  const CatalogueId id = proc_.selection.Id(catalogue);
+  if (busy_ || !proc_.copies.Exists(id)) return;
   const wxWeakRef<ZV_TSC> alive(this);
-  const std::string question =
-      Message(proc_.Text(text::kAskErase), {LocalFileOf(proc_.selection, catalogue)});
-  if (!proc_.outside.prompts.AskYesNo(Icon::Question, question, proc_.Text(text::kAskEraseTitle))) {
+  const std::string question = Message(proc_.Text(text::kAskErase), {id.localFile});
+  if (!proc_.prompts.AskYesNo(Icon::Question, question, proc_.Text(text::kAskEraseTitle))) {
     return;
   }
-  EraseLocalCopy(proc_, catalogue);
+  proc_.copies.Erase(id);
   if (alive) UpdateMenu(*menuTSC_);
 }
 

@@ -98,7 +98,7 @@ void ZV_TSC::OnCancel() {
     batch_.Cancel();
     cancel_->Disable();
   } else {
-    proc_.waits.CancelRequested = busy_;
+    proc_.waits.Cancel();
   }
 }
 

@@ -11,7 +11,7 @@
 #include <wx/stattext.h>
 
 #include "app/ZV_Proc.h"
-#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueKind.h"
 #include "export/BatchExport.h"
 #include "forms/browser/ZV_TSCTree.h"
 #include "ui/InputBlock.h"
@@ -53,7 +53,8 @@ class ZV_TSC final : public wxFrame {
   void OnKey(wxKeyEvent& event);
   void OnClose(wxCloseEvent& event);
   void OnIconize(wxIconizeEvent& event);
-  using ShowEditor = void (*)(wxWindow* parent, ZV_Proc& proc, WxTurn& turn);
+  using ShowEditor = void (*)(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
+                              const CatalogueContent& content);
   void Get(Catalogue catalogue, ShowEditor showEditor);
   void Erase(Catalogue catalogue);
   void OnHistory();

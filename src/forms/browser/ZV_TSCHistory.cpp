@@ -12,7 +12,6 @@
 #include <wx/textctrl.h>
 #include <wx/weakref.h>
 
-#include "catalogue/Catalogue.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
 #include "text/Controls.h"
@@ -48,7 +47,7 @@ class HistoryForm final : public wxDialog {
                  wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX, "ZV_TSCHistory"),
         proc_(proc) {
     for (const auto& [catalogue, caption] : kKinds) {
-      if (!LocalFileOf(proc.selection, catalogue).empty()) kinds_.emplace_back(catalogue, caption);
+      if (proc.selection.Has(catalogue)) kinds_.emplace_back(catalogue, caption);
     }
     Build();
     Choice_Kind->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowKept(); });
@@ -126,13 +125,14 @@ class HistoryForm final : public wxDialog {
     SetSizerAndFit(whole);
   }
 
-  Catalogue Kind() const {
-    return kinds_.at(static_cast<std::size_t>(Choice_Kind->GetSelection())).first;
+  CatalogueId Chosen() const {
+    return proc_.selection.Id(
+        kinds_.at(static_cast<std::size_t>(Choice_Kind->GetSelection())).first);
   }
 
   // The newest is chosen: it is what was there last.
   void ShowKept() {
-    kept_ = HistoryOf(proc_, Kind()).Kept();
+    kept_ = proc_.copies.HistoryOf(Chosen()).Kept();
     List_Kept->Clear();
     for (const KeptCopy& copy : kept_) List_Kept->Append(ToWx(copy.time));
     if (!kept_.empty()) List_Kept->SetSelection(0);
@@ -147,7 +147,8 @@ class HistoryForm final : public wxDialog {
       return;
     }
     const wxWeakRef<HistoryForm> alive(this);
-    auto differences = CompareWithKept(proc_, Kind(), kept_.at(static_cast<std::size_t>(chosen)));
+    auto differences =
+        proc_.copies.CompareWith(Chosen(), kept_.at(static_cast<std::size_t>(chosen)));
     if (!alive) return;
     wxString text;
     // Also an equal one can be restored: a copy that was erased reads as an empty one does.
@@ -170,16 +171,16 @@ class HistoryForm final : public wxDialog {
     if (chosen == wxNOT_FOUND) return;
     const KeptCopy copy = kept_.at(static_cast<std::size_t>(chosen));
     const wxWeakRef<HistoryForm> alive(this);
-    Prompts& prompts = proc_.outside.prompts;
+    Prompts& prompts = proc_.prompts;
     std::string question = Message(proc_.Text(text::kAskRestore), {copy.time});
-    if (proc_.settings.HistoryCount > 0 && HasLocalCopy(proc_, Kind())) {
+    if (proc_.settings.HistoryCount > 0 && proc_.copies.Exists(Chosen())) {
       question += "\r\n\r\n" + proc_.Text(text::kRestoreKeeps);
     }
     if (!prompts.AskYesNo(Icon::Question, question, proc_.Text(text::kHistoryTitle))) {
       return;
     }
     if (!alive) return;
-    const bool restored = RestoreLocalCopy(proc_, Kind(), copy);
+    const bool restored = proc_.copies.Restore(Chosen(), copy);
     if (restored)
       prompts.Show(Icon::Information, Message(proc_.Text(text::kRestored), {copy.time}));
     if (alive) ShowKept();

@@ -61,9 +61,11 @@ void ZV_TSC::BuildMenus() {
 
 void ZV_TSC::UpdateMenu(wxMenu& menu) const {
   const bool selected = TreeView->Selected().has_value();
-  const auto has = [&](Catalogue catalogue) { return selected && HasLocalCopy(proc_, catalogue); };
+  const auto has = [&](Catalogue catalogue) {
+    return selected && proc_.copies.Exists(proc_.selection.Id(catalogue));
+  };
   const auto exists = [&](Catalogue catalogue) {
-    return selected && !LocalFileOf(proc_.selection, catalogue).empty();
+    return selected && proc_.selection.Has(catalogue);
   };
   menu.Enable(Menu_GetWDC, exists(Catalogue::Wdc));
   menu.Enable(Menu_GetSDC, exists(Catalogue::Sdc));

@@ -4,43 +4,28 @@
 #include <vector>
 
 #include <wx/accel.h>
-#include <wx/datetime.h>
-#include <wx/wxcrt.h>
 
 #include "forms/calendar/ZV_SDCForm.h"
 #include "lang/TextNumbers.h"
+#include "ui/Mnemonics.h"
 #include "ui/WxText.h"
 
 namespace zek {
 namespace {
 
-CalendarDate Today() {
-  const wxDateTime today = wxDateTime::Today();
-  return {today.GetYear(), static_cast<int>(today.GetMonth()), today.GetDay()};
-}
-
-// The letter behind the "&" of a frame's caption, folded; 0 without one.
-int LetterOf(const wxStaticBox& frame) {
-  const wxString caption = frame.GetLabel();
-  const std::size_t mark = caption.find('&');
-  if (mark == wxString::npos || mark + 1 == caption.length()) return 0;
-  return wxToupper(static_cast<int>(caption[mark + 1].GetValue()));
-}
+CalendarDate DateOf(const LocalTime& now) { return {now.year, now.month - 1, now.day}; }
 
 }  // namespace
 
-ZV_SDC::ZV_SDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, CalendarEditor& editor)
-    : EditorForm(parent, proc, turn, Catalogue::Sdc,
+ZV_SDC::ZV_SDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
+               CalendarEditor& editor)
+    : EditorForm(parent, proc, turn, Catalogue::Sdc, content,
                  {"ZV_SDC", text::kCalendarCaption, editor.ViewOnly()}),
       editor_(editor) {
   Build();
   BindEvents();
   ShowAll();
   FocusEntry();
-}
-
-SaveOutcome ZV_SDC::SaveTable(const CatalogueWriter& write) {
-  return editor_.Save(write, proc_.outside.prompts, proc_.texts);
 }
 
 void ZV_SDC::BindEvents() {
@@ -77,7 +62,7 @@ void ZV_SDC::BindEvents() {
 void ZV_SDC::BuildAccelerators() {
   std::vector<wxAcceleratorEntry> keys;
   const auto lead = [&](const wxStaticBox* frame, const std::function<wxWindow*()>& target) {
-    const int letter = LetterOf(*frame);
+    const int letter = MnemonicOf(frame->GetLabel());
     if (letter == 0) return;
     const int id = wxID_HIGHEST + 1 + static_cast<int>(keys.size());  // no control's own
     keys.emplace_back(wxACCEL_ALT, letter, id);
@@ -121,16 +106,19 @@ void ZV_SDC::Redo() {
   FocusEntry();
 }
 
-void ShowCalendarForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
+void ShowCalendarForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
+                      const CatalogueContent& content) {
   const Topic& topic = proc.topics[proc.selection.CurrentObject];
   // The editor outlives its form, which may go with its parent in the middle of a save.
-  CalendarEditor editor(proc.transfer.CatalogueLines, proc.selection.TscName,
-                        YearsOf(proc.settings, topic.ControllerGeneration()), Today(),
+  CalendarEditor editor(content.lines, proc.selection.TscName,
+                        YearsOf(proc.settings, topic.TopicType), DateOf(proc.now()),
                         proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit);
-  editor.CountLost(static_cast<std::size_t>(proc.transfer.LinesDropped));
-  ShowEditorForm(new ZV_SDC(parent, proc, turn, editor), proc, [&proc, refused = editor.Refused()] {
-    for (const RefusedDates& each : refused) ShowRefused(each, proc.outside.prompts, proc.texts);
-  });
+  editor.CountLost(content.linesDropped);
+  ShowEditorForm(new ZV_SDC(parent, proc, turn, content, editor), proc,
+                 [&proc, refused = editor.Refused()] {
+                   for (const RefusedDates& each : refused)
+                     ShowRefused(each, proc.prompts, proc.texts);
+                 });
 }
 
 }  // namespace zek

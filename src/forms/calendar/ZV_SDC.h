@@ -7,9 +7,10 @@
 
 namespace zek {
 
-/// `ZV_SDC`, the calendar editor: shows the special-day calendar in `proc.transfer` of the selected
-/// node, lets the user give days their types and, on "Spara", hands it to the catalogue write.
-/// Modal: returns when the editor was closed.
-void ShowCalendarForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn);
+/// `ZV_SDC`, the calendar editor: shows the special-day calendar of the selected node, lets the
+/// user edit it and, on "Spara", hands it to the catalogue write. Modal: returns when the editor
+/// was closed.
+void ShowCalendarForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
+                      const CatalogueContent& content);
 
 }  // namespace zek

@@ -18,7 +18,8 @@ namespace zek {
 /// The calendar editor's window. The rules are the editor's, which it borrows.
 class ZV_SDC final : public EditorForm {
  public:
-  ZV_SDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, CalendarEditor& editor);
+  ZV_SDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
+         CalendarEditor& editor);
 
   /// Puts the focus into the month grid.
   void FocusEntry() override { Picture_Days->SetFocus(); }
@@ -26,7 +27,7 @@ class ZV_SDC final : public EditorForm {
  private:
   static constexpr std::size_t kDayTypes = kCalendarDayTypes + 1;
 
-  SaveOutcome SaveTable(const CatalogueWriter& write) override;
+  std::optional<EditedCatalogue> Edited() override { return editor_.Edited(); }
   EditState State() const override { return editor_.State(); }
   void Undo() override;
   void Redo() override;

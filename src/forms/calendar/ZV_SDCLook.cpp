@@ -94,8 +94,7 @@ void ZV_SDC::BuildGrid() {
   month_->SetName("Label_Month");
   month_->SetFont(GetFont().Bold().Larger());
   Command_Next = step("Command_Next", text::kCalendarNext);
-  Picture_Days =
-      new DayGrid(Frame_SDC, editor_, proc_.texts, proc_.outside.prompts, [this] { ShowAll(); });
+  Picture_Days = new DayGrid(Frame_SDC, editor_, proc_.texts, proc_.prompts, [this] { ShowAll(); });
 }
 
 void ZV_SDC::BuildDayTypes() {

@@ -1,9 +1,7 @@
 #include "forms/exception/ZV_OVC.h"
 
-#include <wx/datetime.h>
 #include <wx/sizer.h>
 
-#include "formats/ExceptionDrops.h"
 #include "forms/exception/ZV_OVCForm.h"
 #include "lang/TextNumbers.h"
 
@@ -16,17 +14,15 @@ constexpr int kCancel = text::kExceptionCaption + 7;
 constexpr int kOkToolTip = text::kExceptionCaption + 8;
 constexpr int kGap = 8;
 
-Moment Now() {
-  const wxDateTime now = wxDateTime::Now();
-  return DateMoment(now.GetYear(), now.GetMonth() + 1, now.GetDay()) +
-         TimeMoment(now.GetHour(), now.GetMinute());
+Moment MomentOf(const LocalTime& now) {
+  return DateMoment(now.year, now.month, now.day) + TimeMoment(now.hour, now.minute);
 }
 
 }  // namespace
 
-ZV_OVC::ZV_OVC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, ExceptionEditor& editor,
-               const PickList& pickList)
-    : EditorForm(parent, proc, turn, Catalogue::Ovc,
+ZV_OVC::ZV_OVC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
+               ExceptionEditor& editor, const PickList& pickList)
+    : EditorForm(parent, proc, turn, Catalogue::Ovc, content,
                  {"ZV_OVC", text::kExceptionTitle, editor.ViewOnly(), true}),
       editor_(editor) {
   Build(pickList);
@@ -42,7 +38,7 @@ void ZV_OVC::Build(const PickList& pickList) {
   Frame_OVC->SetName("Frame_OVC");
   BlockWhileBusy(Frame_OVC);
   grid_ = new OvcGrid(Frame_OVC, editor_,
-                      {proc_.texts, proc_.outside.prompts, pickList, [this] { ShowChanges(); }});
+                      {proc_.texts, proc_.prompts, pickList, [this] { ShowChanges(); }});
   Command_Erase = NewCommand(wxID_ANY, "Command_Erase", letters.Give(Caption(kErase)),
                              Caption(text::kEraseHint), true);
   undoAndRedo_ = NewUndoAndRedo(letters);
@@ -82,32 +78,27 @@ void ZV_OVC::ShowAt(const std::optional<ExceptionFocus>& changed) {
   grid_->Focus(*changed);
 }
 
-SaveOutcome ZV_OVC::SaveTable(const CatalogueWriter& write) {
+std::optional<EditedCatalogue> ZV_OVC::Edited() {
   // What has taken the place of a wrong date is to be seen before it is sent.
-  if (grid_->TellWrong()) return SaveOutcome::NotTried;
-  ZV_Proc& proc = proc_;  // the form may be gone after the save
-  proc.transfer.NotInLines = LostStopTimes(
-      editor_.Table(), proc.topics[proc.selection.CurrentObject].ControllerGeneration());
-  const SaveOutcome outcome = editor_.Save(write, proc.Numbers());
-  proc.transfer.NotInLines.clear();
-  return outcome;
+  if (grid_->TellWrong()) return std::nullopt;
+  return editor_.Edited(proc_.Numbers());
 }
 
-void ShowExceptionForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
+void ShowExceptionForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
+                       const CatalogueContent& content) {
   const Topic& object = proc.topics[proc.selection.CurrentObject];
   const char separator = proc.settings.DecimalSeparator;
   // The editor outlives its form, which may go with its parent in the middle of a save.
-  ExceptionEditor editor(proc.transfer.CatalogueLines,
-                         {proc.selection.TscName, object.ControllerGeneration()}, separator,
-                         proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit, Now);
-  editor.CountLost(static_cast<std::size_t>(proc.transfer.LinesDropped));
-  const PickList pickList =
-      ReadPickList(proc.outside.profile, proc.selection.PickListTable, separator);
-  ShowEditorForm(new ZV_OVC(parent, proc, turn, editor, pickList), proc,
+  ExceptionEditor editor(content.lines, {proc.selection.TscName, object.TopicType}, separator,
+                         proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit,
+                         [&proc] { return MomentOf(proc.now()); });
+  editor.CountLost(content.linesDropped);
+  const PickList pickList = ReadPickList(proc.profile, proc.selection.PickListTable, separator);
+  ShowEditorForm(new ZV_OVC(parent, proc, turn, content, editor, pickList), proc,
                  [&proc, pickList, refused = editor.Refused()] {
-                   TellCut(pickList, proc.outside.prompts, proc.texts);
+                   TellCut(pickList, proc.prompts, proc.texts);
                    for (const RefusedException& each : refused)
-                     ShowRefused(each, proc.outside.prompts, proc.texts);
+                     ShowRefused(each, proc.prompts, proc.texts);
                  });
 }
 

@@ -14,8 +14,8 @@ namespace zek {
 /// The exception editor's window. The rules are the editor's, which it borrows.
 class ZV_OVC final : public EditorForm {
  public:
-  ZV_OVC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, ExceptionEditor& editor,
-         const PickList& pickList);
+  ZV_OVC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
+         ExceptionEditor& editor, const PickList& pickList);
 
  private:
   void Build(const PickList& pickList);
@@ -30,7 +30,7 @@ class ZV_OVC final : public EditorForm {
   EditState State() const override { return editor_.State(); }
   void Undo() override { ShowAt(editor_.Undo()); }
   void Redo() override { ShowAt(editor_.Redo()); }
-  SaveOutcome SaveTable(const CatalogueWriter& write) override;
+  std::optional<EditedCatalogue> Edited() override;
   void FocusEntry() override { grid_->FocusLast(); }
   bool TakeKey(int key) override { return grid_->TakeKey(key); }
 

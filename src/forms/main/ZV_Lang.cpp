@@ -21,7 +21,7 @@ constexpr int kListWidth = 240;
 ZV_Lang::ZV_Lang(ZV_Proc& proc)
     : wxDialog(nullptr, wxID_ANY, ToWx(proc.Text(text::kLanguageTitle))),
       proc_(proc),
-      choices_(ListLanguages(proc.outside.files, proc.settings.ProgramPath)) {
+      choices_(ListLanguages(proc.files, proc.settings.ProgramPath)) {
   SetName("ZV_Lang");
   SetIcons(ProgramIcons());
   Build();
@@ -73,8 +73,8 @@ void ZV_Lang::OnOk() {
   // The three digits of the file's name are what the setting holds.
   const std::string name = LanguageFileName(choices_[static_cast<std::size_t>(item)].number);
   const std::string digits = name.substr(name.rfind('.') + 1);
-  if (const auto error = proc_.outside.profile.WriteIni("General", "Language", digits)) {
-    proc_.outside.prompts.Show(Icon::Exclamation, FileMessage(proc_.texts, *error));
+  if (const auto error = proc_.profile.WriteIni("General", "Language", digits)) {
+    proc_.prompts.Show(Icon::Exclamation, FileMessage(proc_.texts, *error));
     return;
   }
   EndModal(wxID_OK);

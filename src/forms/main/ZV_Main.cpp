@@ -2,6 +2,7 @@
 
 #include <wx/utils.h>
 
+#include "app/StartSession.h"
 #include "forms/browser/ZV_TSC.h"
 #include "lang/Message.h"
 #include "lang/TextNumbers.h"
@@ -77,7 +78,7 @@ void ZV_Main::BindEvents() {
   Text_Input->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) {
     const wxString typed = Text_Input->GetValue();
     if (!FitsWindows1252(typed.utf8_string())) {
-      proc_.outside.prompts.Show(Icon::Information, proc_.Text(text::kCommandUnfit));
+      proc_.prompts.Show(Icon::Information, proc_.Text(text::kCommandUnfit));
       return;
     }
     Send(FromWx(typed), typed);
@@ -138,7 +139,7 @@ void ZV_Main::StartDialog() {
   if (topic >= 0) {
     Connect(topic);
   } else {
-    proc_.outside.prompts.Show(Icon::Information, Message(proc_.Text(text::kInvalidTopic), {name}));
+    proc_.prompts.Show(Icon::Information, Message(proc_.Text(text::kInvalidTopic), {name}));
   }
 }
 

@@ -10,7 +10,7 @@
 
 #include "forms/main/ZV_Main.h"
 #include "lang/TextNumbers.h"
-#include "text/Fields.h"
+#include "ui/Mnemonics.h"
 #include "ui/Pictures.h"
 #include "ui/WxText.h"
 
@@ -26,13 +26,6 @@ constexpr int kSmallestWidth = 420;
 constexpr int kSmallestHeight = 260;
 constexpr int kGap = 6;
 constexpr int kSequenceWidth = 60;
-
-// "&Kommando:" gives 'K'; 0 for a label without a mnemonic.
-int Mnemonic(const std::string& label) {
-  const std::size_t at = label.find('&');
-  if (at == std::string::npos || at + 1 == label.size()) return 0;
-  return static_cast<unsigned char>(UpperCase(label.substr(at + 1, 1)).front());
-}
 
 }  // namespace
 
@@ -119,7 +112,7 @@ void ZV_Main::BuildControls() {
 void ZV_Main::BuildAccelerators() {
   std::vector<wxAcceleratorEntry> keys;
   const auto add = [&](std::int32_t label, wxWindow* control) {
-    const int key = Mnemonic(proc_.Text(label));
+    const int key = MnemonicOf(ToWx(proc_.Text(label)));
     if (key == 0) return;
     const int id = control->GetId();
     keys.emplace_back(wxACCEL_ALT, key, id);

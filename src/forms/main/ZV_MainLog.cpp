@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "text/Lines.h"
 #include "ui/Forms.h"
 #include "ui/WxText.h"
 
@@ -49,9 +50,7 @@ std::string LogList::Line(long item) const {
 wxString LogList::OnGetItemText(long item, long /*column*/) const {
   const auto& lines = log_.Lines();
   if (item < 0 || static_cast<std::size_t>(item) >= lines.size()) return {};
-  const std::string& line = lines[static_cast<std::size_t>(item)];
-  if (line.size() <= kShownCharacters) return ToWx(line);
-  return ToWx(std::string_view(line).substr(0, kShownCharacters)) + wxUniChar(0x2026);
+  return ToWx(Shortened(lines[static_cast<std::size_t>(item)], kShownCharacters));
 }
 
 // As wide as the longest line, so that the list scrolls sideways no further than needed.

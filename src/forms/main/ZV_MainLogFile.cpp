@@ -22,17 +22,17 @@ void ZV_Main::SaveLog() {
   if (path.empty()) return;
   std::string bytes;
   for (const std::string& line : proc_.log.Lines()) bytes += line + "\r\n";
-  if (const auto error = proc_.outside.files.Write(path, bytes)) {
-    proc_.outside.prompts.Show(Icon::Exclamation, FileMessage(proc_.texts, *error));
+  if (const auto error = proc_.files.Write(path, bytes)) {
+    proc_.prompts.Show(Icon::Exclamation, FileMessage(proc_.texts, *error));
   }
 }
 
 void ZV_Main::OpenLog() {
   const std::string path = AskFile(false);
   if (path.empty()) return;
-  const FileContent file = proc_.outside.files.Read(path);
+  const FileContent file = proc_.files.Read(path);
   if (file.error) {
-    proc_.outside.prompts.Show(Icon::Exclamation, FileMessage(proc_.texts, *file.error));
+    proc_.prompts.Show(Icon::Exclamation, FileMessage(proc_.texts, *file.error));
     return;
   }
   std::vector<std::string> lines;

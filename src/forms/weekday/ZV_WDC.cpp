@@ -5,9 +5,9 @@
 
 namespace zek {
 
-ZV_WDC::ZV_WDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, WeekdayEditor& editor,
-               const PickList& pickList)
-    : EditorForm(parent, proc, turn, Catalogue::Wdc,
+ZV_WDC::ZV_WDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
+               WeekdayEditor& editor, const PickList& pickList)
+    : EditorForm(parent, proc, turn, Catalogue::Wdc, content,
                  {"ZV_WDC", text::kWeekdayCaption, editor.ViewOnly()}),
       editor_(editor) {
   Build(pickList);
@@ -45,23 +45,20 @@ void ZV_WDC::ShowAt(const std::optional<WeekdayFocus>& changed) {
   grid_->Focus(*changed);
 }
 
-SaveOutcome ZV_WDC::SaveTable(const CatalogueWriter& write) {
-  return editor_.Save(write, proc_.outside.prompts, proc_.texts);
-}
-
-void ShowWeekdayForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
+void ShowWeekdayForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
+                     const CatalogueContent& content) {
   // The node of a whole object has no name: its editor owns none of the lines it would replace.
   const bool viewOnly = proc.settings.ViewOnly || proc.selection.TscName.empty();
   // The editor outlives its form, which may go with its parent in the middle of a save.
-  WeekdayEditor editor(proc.transfer.CatalogueLines, proc.selection.TscName,
-                       proc.settings.DecimalSeparator, viewOnly ? Access::ViewOnly : Access::Edit);
-  editor.CountLost(static_cast<std::size_t>(proc.transfer.LinesDropped));
-  const PickList pickList = ReadPickList(proc.outside.profile, proc.selection.PickListTable,
-                                         proc.settings.DecimalSeparator);
-  ShowEditorForm(new ZV_WDC(parent, proc, turn, editor, pickList), proc,
+  WeekdayEditor editor(content.lines, proc.selection.TscName, proc.settings.DecimalSeparator,
+                       viewOnly ? Access::ViewOnly : Access::Edit);
+  editor.CountLost(content.linesDropped);
+  const PickList pickList =
+      ReadPickList(proc.profile, proc.selection.PickListTable, proc.settings.DecimalSeparator);
+  ShowEditorForm(new ZV_WDC(parent, proc, turn, content, editor, pickList), proc,
                  [&proc, pickList, refused = editor.Refused()] {
-                   TellCut(pickList, proc.outside.prompts, proc.texts);
-                   if (refused) ShowRefused(*refused, proc.outside.prompts, proc.texts);
+                   TellCut(pickList, proc.prompts, proc.texts);
+                   if (refused) ShowRefused(*refused, proc.prompts, proc.texts);
                  });
 }
 

@@ -16,8 +16,8 @@ namespace zek {
 /// The weekday editor's window. The rules are the editor's, which it borrows.
 class ZV_WDC final : public EditorForm {
  public:
-  ZV_WDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, WeekdayEditor& editor,
-         const PickList& pickList);
+  ZV_WDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
+         WeekdayEditor& editor, const PickList& pickList);
 
  private:
   void Build(const PickList& pickList);
@@ -36,7 +36,7 @@ class ZV_WDC final : public EditorForm {
   EditState State() const override { return editor_.State(); }
   void Undo() override { ShowAt(editor_.Undo()); }
   void Redo() override { ShowAt(editor_.Redo()); }
-  SaveOutcome SaveTable(const CatalogueWriter& write) override;
+  std::optional<EditedCatalogue> Edited() override { return editor_.Edited(); }
   void FocusEntry() override { grid_->FocusStart(editor_.Column()); }
   bool TakeKey(int key) override { return grid_->TakeKey(key); }
 

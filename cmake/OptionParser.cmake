@@ -1,0 +1,7 @@
+# The option parser, CLI11: headers only and the same for every system, so a cross build uses those
+# of the building system. They are copied: beside them are headers of that system's libraries.
+find_path(CLI11_INCLUDE_DIR CLI/CLI.hpp REQUIRED NO_CMAKE_FIND_ROOT_PATH)
+set(option_parser_headers ${PROJECT_BINARY_DIR}/option-parser)
+file(COPY ${CLI11_INCLUDE_DIR}/CLI DESTINATION ${option_parser_headers})
+add_library(zekview-option-parser INTERFACE)
+target_include_directories(zekview-option-parser SYSTEM INTERFACE ${option_parser_headers})

@@ -1,0 +1,75 @@
+#include "app/StartSession.h"
+
+#include <algorithm>
+
+#include "lang/TextNumbers.h"
+#include "text/Fields.h"
+
+namespace zek {
+namespace {
+
+// Nothing would be as set when ZEKView.INI is there but can't be read.
+bool CheckSettingsFile(ZV_Proc& proc) {
+  const FileContent file = proc.files.Read(proc.settings.IniPath + "ZEKView.INI");
+  if (!file.error || file.error->reason == FileError::Reason::Missing) return true;
+  proc.prompts.Show(Icon::Critical, FileMessage(proc.texts, *file.error));
+  return false;
+}
+
+// The name as it stands in the program directory, where files copied from elsewhere may be in
+// capitals; "" when there is none.
+std::string NameOnDisk(const ZV_Proc& proc, const std::string& name) {
+  const std::vector<std::string> names = proc.files.List(proc.settings.ProgramPath);
+  const auto same = std::find_if(names.begin(), names.end(), [&name](const std::string& each) {
+    return EqualNoCase(each, name);
+  });
+  return same == names.end() ? std::string() : *same;
+}
+}  // namespace
+
+std::optional<ExitStatus> StartSession(ZV_Proc& proc, const StartOptions& options) {
+  if (!CheckSettingsFile(proc)) return kWrongUsage;
+  if (!LoadLanguage(proc) && !options.chooseLanguage()) return kFailed;
+  if (const auto ended = options.mayStart()) return ended;
+  if (!LoadSettings(proc.settings, options.switches, proc.profile, proc.texts, proc.prompts)) {
+    return kFailed;
+  }
+  if (proc.settings.TagMode && !proc.tags.Create()) {
+    proc.ToUser().Tell(Icon::None, text::kNoTagObject);
+    return kFailed;
+  }
+  return std::nullopt;
+}
+
+bool LoadLanguage(ZV_Proc& proc) {
+  const std::string language = proc.profile.ReadIni("General", "Language", "");
+  if (language.empty()) return false;
+  const std::string path = LocalPath(proc.settings.ProgramPath, "zek_lang." + language);
+  FileContent file = proc.files.Read(path);
+  if (file.error && file.error->reason == FileError::Reason::Missing) {
+    const std::string found = NameOnDisk(proc, "zek_lang." + language);
+    if (!found.empty()) file = proc.files.Read(proc.settings.ProgramPath + found);
+  }
+  if (!file.error) {
+    proc.texts.Read(file.bytes);
+    return true;
+  }
+  if (file.error->reason != FileError::Reason::Missing) {
+    proc.ToUser().Tell(*file.error);
+  }
+  return false;
+}
+
+void LoadTopics(ZV_Proc& proc) {
+  const unsigned before = proc.prompts.Shown();
+  proc.topics.LoadTopics(proc.profile, proc.settings, proc.texts, proc.prompts);
+  proc.batch.PlantCut = proc.prompts.Shown() != before;
+}
+
+void LoadTree(ZV_Proc& proc) {
+  const unsigned before = proc.prompts.Shown();
+  proc.tree = BuildObjectTree(proc.topics, proc.profile, proc.texts, proc.prompts);
+  if (proc.prompts.Shown() != before) proc.batch.PlantCut = true;
+}
+
+}  // namespace zek

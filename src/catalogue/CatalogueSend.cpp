@@ -1,0 +1,146 @@
+#include "catalogue/CatalogueSend.h"
+
+#include <algorithm>
+#include <array>
+
+#include "catalogue/Attempts.h"
+#include "catalogue/CommandText.h"
+
+namespace zek {
+namespace {
+
+struct DelaySetting {
+  std::string_view key;
+  std::string_view seconds;  // when the settings file does not say
+};
+
+constexpr auto kDelays = std::to_array<DelaySetting>({
+    {"DelayA", "2"},  // after the connection was made, before the first "EXIT"
+    {"DelayB", "4"},  // before the second "EXIT"
+    {"DelayC", "8"},  // before the selector command
+    {"DelayD", "4"},  // after it, before the first line
+    {"DelayE", "2"},  // after every line and the ".DFV=" command
+    {"DelayF", "2"},  // twice after the closing "EXIT"
+    {"DelayG", "2"},  // before the connection is closed
+    {"DelayH", "2"},  // after that
+});
+
+// Read at each use, so that a slow controller can be served without a restart.
+std::optional<std::int16_t> ReadDelay(const NumberReader& numbers, std::string_view key) {
+  const auto* const delay = std::find_if(
+      kDelays.begin(), kDelays.end(), [key](const DelaySetting& each) { return each.key == key; });
+  return numbers.ReadSeconds("SaveDelay", key, delay->seconds);
+}
+
+class Sending {
+ public:
+  Sending(const CatalogueId& id, const CatalogueDraft& draft, const CatalogueParts& parts)
+      : id_(id), draft_(draft), parts_(parts), x_(parts.exchange) {}
+
+  SendOutcome Run() {
+    const CountedUp busy(x_.status, &StatusPanels::Busy);
+    bool sent = false;
+    bool connected = true;
+    for (int attempt = 1; attempt <= kAttempts && !sent && connected && !x_.waits.Stopped();
+         ++attempt) {
+      x_.status.SetTransfer(AttemptText(parts_.messages, text::kSending, attempt));
+      connected = Open();
+      sent = connected && Attempt() && x_.transfer.Kind != TransferKind::Idle;
+    }
+    x_.status.Dot();
+    Pause("DelayG");
+    // An answer to the last line may come as late as this; it counts.
+    sent = sent && x_.transfer.Kind != TransferKind::Idle && IsLinkWhole() &&
+           x_.connection.AwaitAllSent();
+    x_.connection.Disconnect();
+    Pause("DelayH");
+    x_.transfer.Kind = TransferKind::Idle;
+    x_.status.SetTransfer({});
+    if (sent) return SendOutcome::Sent;
+    return begun_ ? SendOutcome::Failed : SendOutcome::NotBegun;
+  }
+
+ private:
+  bool Open() {
+    if (!x_.connection.Disconnect()) return false;
+    x_.connection.Connect(id_.object);
+    faults_ = x_.connection.LinkFaults();
+    return x_.connection.CurrentTopic != -1 && !x_.waits.Stopped();
+  }
+
+  // Each step waits its pause and goes on only while the link holds.
+  bool Attempt() {
+    x_.transfer.Kind = TransferKind::Idle;
+    if (!Pause("DelayA") || !Send("EXIT")) return false;
+    if (!Pause("DelayB") || !Send("EXIT")) return false;
+    if (!Pause("DelayC")) return false;
+    x_.transfer.Kind = id_.Kind().write;
+    begun_ = true;
+    if (!Send(id_.SelectorCommand()) || !Pause("DelayD")) return false;
+    x_.status.Dot();
+    x_.countdowns.ReplyCountdown = parts_.settings.GetTSCTimeoutTicks;
+    if (!SendLines() || !SendDfv()) return false;
+    // "EXIT" ends the controller's input also after a line that it refused.
+    if (!Send("EXIT") || !Pause("DelayF")) return false;
+    x_.status.Dot();
+    return Pause("DelayF");
+  }
+
+  bool SendLines() {
+    const std::string count = std::to_string(draft_.lines.size());
+    for (std::size_t i = 0; i < draft_.lines.size() && x_.transfer.Kind != TransferKind::Idle;
+         ++i) {
+      const ShowWaiting waiting(
+          x_.status, parts_.messages.Text(text::kSendingLine, {std::to_string(i + 1), count}));
+      const std::string& line = draft_.lines[i];
+      if (IsBlank(line)) continue;  // of a file; the controller would take it for a command
+      if (!Send(line) || !Pause("DelayE")) return false;
+    }
+    return true;
+  }
+
+  bool SendDfv() {
+    if (!draft_.dfv || x_.transfer.Kind == TransferKind::Idle) return true;
+    return Send(id_.control + ".DFV=" + *draft_.dfv) && Pause("DelayE");
+  }
+
+  bool Send(std::string_view command) {
+    const bool taken = x_.connection.SendCommand(command);
+    x_.status.Dot();
+    return taken && IsLinkWhole();
+  }
+
+  bool Pause(std::string_view key) {
+    const std::optional<std::int16_t> seconds = ReadDelay(parts_.numbers, key);
+    if (!seconds) return false;
+    x_.waits.WaitSeconds(*seconds);
+    return IsLinkWhole();
+  }
+
+  bool IsLinkWhole() const {
+    return !x_.waits.Stopped() && x_.connection.CurrentTopic == id_.object &&
+           x_.connection.LinkFaults() == faults_;
+  }
+
+  const CatalogueId& id_;
+  const CatalogueDraft& draft_;
+  const CatalogueParts& parts_;
+  const Exchange& x_;
+  std::uint32_t faults_ = 0;  // link faults when this attempt's connection was made
+  bool begun_ = false;        // the controller was told that lines follow
+};
+
+}  // namespace
+
+SendOutcome SendCatalogue(const CatalogueId& id, const CatalogueDraft& draft,
+                          const CatalogueParts& parts) {
+  return Sending(id, draft, parts).Run();
+}
+
+bool CheckSendDelays(const NumberReader& numbers) {
+  return std::all_of(kDelays.begin(), kDelays.end(), [&numbers](const DelaySetting& each) {
+    return ReadDelay(numbers, each.key).has_value();
+  });
+}
+
+}  // namespace zek

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "catalogue/CatalogueContent.h"
+#include "catalogue/CatalogueKind.h"
+#include "catalogue/History.h"
+#include "lang/Messages.h"
+#include "settings/Settings.h"
+#include "system/Files.h"
+#include "system/LocalTime.h"
+
+namespace zek {
+
+/// The local copies of the catalogues, one file each in the program directory, and their history.
+/// What fails is shown to the user.
+class LocalCopies {
+ public:
+  LocalCopies(Files& files, const Settings& settings, const Messages& messages, Clock now)
+      : files_(files), settings_(settings), messages_(messages), now_(std::move(now)) {}
+
+  bool Exists(const CatalogueId& id) const;
+
+  /// Nothing when the copy can't be read or has too many lines.
+  std::optional<CatalogueContent> Load(const CatalogueId& id) const;
+
+  /// Reads a text by the rules of a local copy. `name` stands in the message when it has too many
+  /// lines.
+  std::optional<CatalogueContent> Parse(const CatalogueId& id, std::string_view file,
+                                        const std::string& name) const;
+
+  /// What the copy says, without a message; empty when it can't be used.
+  CatalogueContent Peek(const CatalogueId& id) const;
+
+  /// Replaces the copy by `lines`, below a line with `dfv` when there is one, after the old copy
+  /// was kept in the history. When that fails the old copy stays, or the new one is there and its
+  /// name may not be on the disk yet.
+  bool Store(const CatalogueId& id, const std::vector<std::string>& lines,
+             const std::optional<std::string>& dfv);
+
+  /// Deletes the copy, after it was kept in the history.
+  bool Erase(const CatalogueId& id);
+
+  History HistoryOf(const CatalogueId& id) const;
+
+  /// Replaces the copy by an earlier one. Nothing is sent.
+  bool Restore(const CatalogueId& id, const KeptCopy& kept);
+
+  /// `DifferencesOf` an earlier copy and the present one, which may have been erased; nothing when
+  /// one of them can't be read.
+  std::optional<std::vector<std::string>> CompareWith(const CatalogueId& id,
+                                                      const KeptCopy& kept) const;
+
+ private:
+  std::string PathOf(const CatalogueId& id) const;
+  bool Replace(const CatalogueId& id, std::string_view file);
+  template <class ChangeFile>
+  bool Change(const CatalogueId& id, std::optional<std::string_view> next, ChangeFile change);
+
+  Files& files_;
+  const Settings& settings_;
+  Messages messages_;
+  Clock now_;
+};
+
+}  // namespace zek

@@ -1,0 +1,101 @@
+#include "comm/TagLink.h"
+
+#include <utility>
+
+#include "lang/TextNumbers.h"
+#include "text/Fields.h"
+
+namespace zek {
+
+void TagLink::Open(Topic& topic, const Attempt& attempt) {
+  pollFaultReported_ = false;
+  if (!LogOn()) return;
+  if (!topic.Tag.empty()) {
+    tags_.TagWrite(topic.Tag, "2");
+    p_.waits.WaitSeconds(p_.settings.ConnectDelayTime);
+    topic.TagState = 2;
+  }
+  if (!attempt.IsLatest() || tags_.TagWrite(topic.TopicName, "transparent open") == 0) return;
+  open_ = topic.TopicName;
+  events_.OnLinkUp();
+}
+
+void TagLink::Abandon(Topic& topic) {
+  if (!topic.Tag.empty()) {
+    tags_.TagWrite(topic.Tag, "1");
+    p_.waits.WaitSeconds(p_.settings.DisconnectDelayTime);
+    topic.TagState = 1;
+  }
+  tags_.Close();
+  open_.clear();
+}
+
+bool TagLink::Close(Topic& topic, const Attempt& attempt) {
+  if (tags_.TagWrite(topic.TopicName, "transparent close") == 0) return false;
+  if (!topic.Tag.empty()) {
+    p_.waits.WaitSeconds(p_.settings.DisconnectDelayTime);
+    tags_.TagWrite(topic.Tag, "1");
+    topic.TagState = 1;
+  }
+  tags_.Close();
+  if (attempt.IsLatest()) open_.clear();
+  return true;
+}
+
+void TagLink::EndSession(TopicTable& topics) {
+  if (!LogOn()) return;
+  for (std::int16_t index = 0; index < topics.TopicCount(); ++index) {
+    Topic& topic = topics[index];
+    if (topic.Tag.empty() || topic.TagState == 0) continue;
+    tags_.TagWrite(topic.Tag, "0");
+    topic.TagState = 0;
+  }
+  tags_.Close();
+}
+
+bool TagLink::LogOn() {
+  password_ = p_.profile.ReadIni("General", "Password", "");
+  return tags_.Open(p_.profile.ReadIni("General", "ComputerName", ""),
+                    p_.profile.ReadIni("General", "UserName", ""), password_) != 0;
+}
+
+LinkState TagLink::State() const {
+  return open_.empty() ? LinkState::Closed : LinkState::Connected;
+}
+
+void TagLink::Poll() {
+  const std::string reply = tags_.TagRead(open_);
+  if (reply.empty()) {
+    ReportPollFault();
+  } else {
+    events_.OnLinkText(reply + "\n");
+  }
+}
+
+void TagLink::ReportPollFault() {
+  const std::string fault = TakeFault();
+  if (fault.empty() || std::exchange(pollFaultReported_, true)) return;
+  p_.messages.Tell(Icon::Critical, text::kTagError, {fault});
+}
+
+bool TagLink::Write(std::string_view command) {
+  return tags_.TagWrite(open_, std::string(command) + (NeedsReturn(command) ? "\r" : "")) != 0;
+}
+
+TextLoss TagLink::Receive(std::string_view bytes, const HandOver& handOver) {
+  handOver(bytes);
+  return TextLoss::None;
+}
+
+// The controller may repeat the password. A short one appears in its lines by chance.
+std::string TagLink::ForLog(std::string_view line) const {
+  constexpr std::size_t tooShort = 4;
+  return password_.size() < tooShort ? std::string(line) : WithoutSecret(line, password_);
+}
+
+std::int32_t TagLink::ErrorText() const { return text::kTagError; }
+
+// An object that repeats what it was called with must not give the password away.
+std::string TagLink::TakeFault() { return WithoutSecret(tags_.TakeFault(), password_); }
+
+}  // namespace zek
