@@ -3,7 +3,6 @@
 
 #include "commands/Commands.h"
 #include "support/SessionPlayer.h"
-#include "system/Paths.h"
 
 namespace zek::cli {
 namespace {
@@ -47,11 +46,7 @@ class CommandPlayer : public test::SessionPlayer {
     return std::to_string(status) + ": " + Printed(out) + " <" + Printed(err) + ">" + Got();
   }
   static std::string Printed(const std::ostringstream& stream) {
-    std::string printed = test::Filled(stream.str());
-    const std::string folder = WithSeparator("/zek/Batch");
-    const std::size_t at = printed.find(folder);
-    if (at != std::string::npos) printed.replace(at, folder.size(), "/zek/Batch/");
-    return Shown(Windows1252FromUtf8(printed));
+    return Shown(Windows1252FromUtf8(test::Filled(stream.str())));
   }
 
   std::string input_;

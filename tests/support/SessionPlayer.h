@@ -22,9 +22,10 @@ namespace zek::test {
 ///                             what the controller says to a command, parts of it after
 ///                             milliseconds; said once, the last answer always. "@50 !hangup",
 ///                             "!break" and "!full" (nothing more can be sent) are faults
+///   change LIST WDC=...       instead of the answers so far
 ///   many LIST WDC=203, copy NAME=202   an answer or a file of so many lines
 ///   yes, no                   answers the next question
-///   unreachable, silent, full disk, unreadable, disk
+///   unreachable, silent, heard, full disk, unreadable disk, lose NAME
 ///   cancel 500, quit 500      in so many milliseconds
 ///   line, value               what is to be saved
 ///   get WDC, save WDC         a transfer
@@ -66,7 +67,8 @@ class SessionPlayer : public TransferSession {
     if (what == "set") Flag(rest) = true;
     if (what == "file") files.files["/zek/" + name] = Lined(value);
     if (what == "kept") files.files[WithSeparator("/zek/History") + name] = Lined(value);
-    if (what == "answer") answers_[name].push_back(value);
+    if (what == "change") answers_[name].clear();
+    if (what == "answer" || (what == "change" && !value.empty())) answers_[name].push_back(value);
     if (what == "many" || what == "copy") {
       std::string lines;
       for (int number = std::stoi(value); number > 0; --number) lines += "1 !x/";
@@ -75,7 +77,8 @@ class SessionPlayer : public TransferSession {
     }
     if (what == "yes" || what == "no") prompts.answers.push_back(what == "yes");
     if (what == "unreachable") socket.reachable = false;
-    if (what == "silent") socket.silent = true;
+    if (what == "silent" || what == "heard") socket.silent = what == "silent";
+    if (what == "lose") files.files.erase("/zek/" + rest);
     if (what == "full") files.failWrites = FileError::Reason::Full;
     if (what == "unreadable") files.failReads = FileError::Reason::Denied;
     if (what == "cancel") turn.After(std::stoi(rest), [this] { proc.waits.Cancel(); });
@@ -86,6 +89,11 @@ class SessionPlayer : public TransferSession {
     if (what == "show")
       return files.files.contains("/zek/" + rest) ? Shown(files.files["/zek/" + rest]) : "no file";
     if (what == "time") return std::to_string((turn.Now() - start_) / 100 * 100) + " ms";
+    if (what == "log") {
+      std::string log;
+      for (const std::string& line : proc.log.Lines()) log += Shown(Filled(line)) + "; ";
+      return log;
+    }
     if (what == "opened") return std::to_string(socket.opened.size()) + " connections";
     return {};
   }
@@ -95,13 +103,18 @@ class SessionPlayer : public TransferSession {
       text.replace(at, 1, "\r\n");
     return text;
   }
-  // With "/" for CR LF.
+  // With "/" for CR LF and for the system's separator in names of exported files.
   static std::string Shown(std::string text) {
+    const std::string folder = WithSeparator("/zek/Batch");
+    for (std::size_t at = 0; (at = text.find(folder, at)) != std::string::npos; ++at)
+      text.replace(at, folder.size(), "/zek/Batch/");
     std::erase(text, '\r');
     std::replace(text.begin(), text.end(), '\n', '/');
     ShowControls(text);
     return text;
   }
+
+  void StartTime() { start_ = turn.Now(); }
 
   std::string Told() {
     std::string told;
@@ -127,7 +140,7 @@ class SessionPlayer : public TransferSession {
     const Catalogue catalogue = kind == "SDC"   ? Catalogue::Sdc
                                 : kind == "WDC" ? Catalogue::Wdc
                                                 : Catalogue::Ovc;
-    start_ = turn.Now();
+    StartTime();
     bool done = false;
     std::string shown;
     if (what == "get") {
