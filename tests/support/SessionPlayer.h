@@ -28,6 +28,7 @@ namespace zek::test {
 ///   unreachable, silent, heard, full disk, unreadable disk, lose NAME
 ///   cancel 500, quit 500      in so many milliseconds
 ///   line, value               what is to be saved
+///   control, copy-name, value-too   of the selected node: its name, its copy, that it has a value
 ///   get WDC, save WDC         a transfer
 ///   show NAME, time, opened   a file, how long the last transfer took, connections so far
 /// Every transfer gives its result, what the user was told, and what the controller got.
@@ -83,7 +84,11 @@ class SessionPlayer : public TransferSession {
     if (what == "unreadable") files.failReads = FileError::Reason::Denied;
     if (what == "cancel") turn.After(std::stoi(rest), [this] { proc.waits.Cancel(); });
     if (what == "quit") turn.After(std::stoi(rest), [this] { turn.Quit(); });
-    if (what == "line") toSave_.push_back(rest);
+    if (what == "control") proc.selection.TscName = rest;
+    if (what == "value-too") proc.selection.generation = Generation::Zek2;
+    if (what == "copy-name") proc.selection.LocalFiles.WDC = rest;
+    if (what == "tags") proc.settings.TagMode = true;
+    if (what == "line") toSave.push_back(rest);
     if (what == "value") valueToSave_ = rest;
     if (what == "get" || what == "save") return Transferred(what, rest);
     if (what == "show")
@@ -94,7 +99,8 @@ class SessionPlayer : public TransferSession {
       for (const std::string& line : proc.log.Lines()) log += Shown(Filled(line)) + "; ";
       return log;
     }
-    if (what == "opened") return std::to_string(socket.opened.size()) + " connections";
+    if (what == "opened")
+      return std::to_string(socket.opened.size() + dde.opened.size()) + " connections";
     return {};
   }
 
@@ -114,12 +120,16 @@ class SessionPlayer : public TransferSession {
     return text;
   }
 
+  std::vector<std::string> toSave;
+
   void StartTime() { start_ = turn.Now(); }
 
   std::string Told() {
     std::string told;
     for (const std::string& message : prompts.shown) told += " <" + Shown(Filled(message)) + ">";
+    for (const std::string& details : prompts.details) told += " {" + Shown(Filled(details)) + "}";
     prompts.shown.clear();
+    prompts.details.clear();
     return told;
   }
   std::string Got() {
@@ -153,8 +163,8 @@ class SessionPlayer : public TransferSession {
         shown += " value " + GotDfv();
       }
     } else {
-      done = toSave_.empty() && valueToSave_ == "as got" ? SaveWhatWasGot(catalogue)
-                                                         : Save(toSave_, catalogue, valueToSave_);
+      done = toSave.empty() && valueToSave_ == "as got" ? SaveWhatWasGot(catalogue)
+                                                        : Save(toSave, catalogue, valueToSave_);
     }
     const bool atRest = proc.transfer.Kind == TransferKind::Idle &&
                         proc.connection.CurrentTopic == -1 && proc.status.Busy == 0 &&
@@ -191,7 +201,6 @@ class SessionPlayer : public TransferSession {
   }
 
   std::map<std::string, std::vector<std::string>> answers_;
-  std::vector<std::string> toSave_;
   std::string valueToSave_ = ".";
   std::int64_t start_ = 0;
 };
