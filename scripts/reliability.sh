@@ -24,11 +24,11 @@ measure() {
     re-entry) tests '*Reentry*' && windows '*WindowReentry*' ;;
     nobody-in)
       tests 'Password.*:*EveryByte*' && windows '*EveryByte*' && "$bin/zekview-peer-cost" &&
-        tests/cli/greedy-peers.py "$bin" data 1024 &&
-        scripts/headless.sh tests/cli/network-calls.py "$bin" data
+        measure/greedy-peers.py "$bin" data 1024 &&
+        scripts/headless.sh measure/network-calls.py "$bin" data
       ;;
     soak) scripts/soak.sh ;;
-    living-window) scripts/headless.sh trials/living-window.py "$bin" data ;;
+    living-window) scripts/headless.sh measure/living-window.py "$bin" data ;;
     round-trips) "$bin/zekview-round-trips" 1000000 ;;
     fuzz) scripts/fuzz.sh 10 ;;
     mutants) scripts/mutants.sh 300 "${ZEKVIEW_SEED:-2}" ;;
@@ -47,6 +47,7 @@ figures() {
 [[ $# -gt 0 ]] || set -- "${all[@]}"
 scripts/setup.sh screen
 scripts/build.sh
+cmake --build --preset release --target zekview-measure
 : >"$log"
 status=0
 for part in "$@"; do

@@ -4,4 +4,5 @@
 # takes of the system in the end against what it took after the tenth transfer.
 set -euo pipefail
 scripts/build.sh
-exec trials/soak.py build/bin data "$@"
+cmake --build --preset release --target zekview-measure
+exec measure/soak.py build/bin data "$@"

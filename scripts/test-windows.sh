@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # test-windows.sh [FILTER]: builds the Windows programs and runs their tests under Wine: the unit
 # tests and the window tests, each in one process, since a start of Wine takes longer than most
-# tests, and the scripts tests/wine/*.sh. With FILTER only those whose name holds it. The last line
-# is "N passed, N failed".
+# tests, and the whole programs (windows-programs.sh). With FILTER only those whose name holds it.
+# The last line is "N passed, N failed".
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
@@ -38,17 +38,15 @@ run_program() {
     --gtest_output="xml:Z:$reports/$3.xml" </dev/null || echo "$1 ended with $?"
 }
 
-# Each script is a test; it gets the directory of the programs.
 run_scripts() {
-  local script name log status
+  local name log status
   {
     echo '<testsuite name="wine">'
-    for script in tests/wine/*.sh; do
-      name="$(basename "$script" .sh)"
-      [[ wine.$name == *"$filter"* && -x $script ]] || continue
+    for name in desktop package sockets; do
+      [[ wine.$name == *"$filter"* ]] || continue
       log="$reports/$name.log" status=0
       echo "== wine.$name" >&2
-      timeout 600 "$script" "$bin" "$PWD/data" </dev/null >"$log" 2>&1 || status=$?
+      timeout 600 scripts/windows-programs.sh "$name" </dev/null >"$log" 2>&1 || status=$?
       if [[ $status -eq 0 ]]; then
         echo "<testcase name=\"wine.$name\" status=\"run\"/>"
       else

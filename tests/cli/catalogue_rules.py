@@ -14,6 +14,7 @@ LINES = 201
 NO_VALUE = 999999.0
 LARGEST_INT16 = 32767
 DAY = 24 * 60
+ONE_DAY = datetime.timedelta(1)
 WEEKDAYS = ["MO", "TU", "WE", "TH", "FR", "SA", "SU"]
 SPECIAL_DAYS = ["SD1", "SD2", "SD3", "SD4", "SD5", "SD6", "SD7"]
 DAY_KEYS = WEEKDAYS + SPECIAL_DAYS
@@ -76,6 +77,11 @@ def format_value(value):
 
 def format_optional_value(value):
     return "." if value == NO_VALUE else format_value(value)
+
+
+def date_text(date, four_digits):
+    year = f"{date.year:04}" if four_digits else f"{date.year % 100:02}"
+    return f"{date.day:02}-{MONTHS[date.month - 1]}-{year}"
 
 
 def format_time(minutes):
@@ -250,34 +256,21 @@ class YearRule(NamedTuple):
         return 2000 + number if 0 <= number <= self.last else None
 
 
-def month_length(year, month):
-    return 29 if month == 2 and year % 4 == 0 else (31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30,
-                                                    31)[month - 1]
-
-
-def day_after(date):
-    year, month, day = date
-    if day < month_length(year, month):
-        return year, month, day + 1
-    return (year, month + 1, 1) if month < 12 else (year + 1, 1, 1)
-
-
-def calendar_date(text, year_text, rule):
-    year_text = year_text.strip(" ")
-    year = rule.year(int(year_text)) if year_text.isdigit() else None
-    day, month = round(val(columns(text, 1, 2))), columns(text, 4, 6)
-    if year is None or month not in MONTHS:
+def calendar_date(text, rule):
+    year = columns(text, 8).strip(" ")
+    year = rule.year(int(year)) if year.isdigit() else None
+    try:
+        month = MONTHS.index(columns(text, 4, 6)) + 1
+        return datetime.date(year or 0, month, round(val(columns(text, 1, 2))))
+    except ValueError:
         return None
-    number = MONTHS.index(month) + 1
-    return (year, number, day) if 1 <= day <= month_length(year, number) else None
 
 
 def calendar_run(text, rule):
     """The first and the last date; None when one of them does not exist or they run backwards."""
     begin, joined, end = text.partition("..")
-    first = last = calendar_date(begin, columns(begin, 8), rule)
-    if joined:
-        last = calendar_date(end, columns(end, 8), rule)
+    first = calendar_date(begin, rule)
+    last = calendar_date(end, rule) if joined else first
     return (first, last) if first and last and first <= last else None
 
 
@@ -301,7 +294,7 @@ def read_calendar(lines, rule):
         (date, last), day_type = entry
         while date <= last and len(entries) < CALENDAR_DATES:
             entries.append((date, day_type))
-            date = day_after(date)
+            date += ONE_DAY
         lost = lost or date <= last
     return entries, lost
 
@@ -309,7 +302,7 @@ def read_calendar(lines, rule):
 def calendar_runs(entries):
     runs = []
     for date, day_type in sorted(entries, key=lambda entry: entry[0]):
-        if runs and runs[-1][2] == day_type and day_after(runs[-1][1]) == date:
+        if runs and runs[-1][2] == day_type and runs[-1][1] + ONE_DAY == date:
             runs[-1][1] = date
         else:
             runs.append([date, date, day_type])
@@ -317,12 +310,10 @@ def calendar_runs(entries):
 
 
 def calendar_line(number, plt, run, rule):
-    def text(date):
-        year = f"{date[0]:04}" if rule.four_digits else f"{date[0] % 100:02}"
-        return f"{date[2]:02}-{MONTHS[date[1] - 1]}-{year}"
-
     first, last, day_type = run
-    dates = text(first) + (".." + text(last) if last != first else "")
+    dates = date_text(first, rule.four_digits)
+    if last != first:
+        dates += ".." + date_text(last, rule.four_digits)
     if plt:
         return pad_or_cut(f" {fitting_number(number, 4):<4} {dates}", 31) + "!" + day_type
     return pad_or_cut(f"{fitting_number(number, 5):>5} !{dates}", 59) + "!" + day_type
@@ -456,8 +447,7 @@ def date_of(minutes, new):
     date = datetime.date.fromordinal(ordinal)
     if not (1900 <= date.year if new else 1990 <= date.year <= 2089):
         raise CannotBuild
-    year = f"{date.year:04}" if new else f"{date.year % 100:02}"
-    return f"{date.day:02}-{MONTHS[date.month - 1]}-{year}"
+    return date_text(date, new)
 
 
 def exception_values(row, width):

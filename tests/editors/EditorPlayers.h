@@ -62,6 +62,12 @@ class Player {
 
   Access access() const { return given_.Has("view") ? Access::ViewOnly : Access::Edit; }
   char separator() const { return given_.Has("comma") ? ',' : '.'; }
+  SaveOutcome SaveEdited(const std::optional<EditedCatalogue>& edited,
+                         const CatalogueWriter& writer) {
+    if (!edited) return SaveOutcome::NotTried;
+    return SaveWithRetry(*edited, writer, {session_.proc.texts, prompts_});
+  }
+
   static std::size_t Number(const std::string& word) { return std::stoul(word); }
 
   const FormatCase& given_;

@@ -17,9 +17,10 @@ struct Editor {
   const char* form;
   Catalogue catalogue;
   void (*show)(wxWindow*, ZV_Proc&, WxTurn&, const CatalogueContent&);
-  const char* first;        // what has the focus at first
-  std::vector<int> change;  // keys that begin a change
-  int end;                  // the key that makes it, 0 when the others have
+  const char* first;                  // what has the focus at first
+  std::vector<int> change;            // keys that begin a change
+  int end;                            // the key that makes it, 0 when the others have
+  std::vector<const char*> changing;  // what else changes the catalogue
 };
 
 void PrintTo(const Editor& editor, std::ostream* out) { *out << editor.form; }
@@ -68,7 +69,7 @@ struct EditorFormTest : testing::TestWithParam<Editor> {
     EXPECT_TRUE(PumpUntil([&] { return State() == state; })) << when << ": " << State();
   }
 
-  ScriptedPrompts* prompts_ = nullptr;
+  test::ScriptedPrompts* prompts_ = nullptr;
   std::size_t asked_ = 0;
 };
 
@@ -150,18 +151,51 @@ TEST_P(EditorFormTest, AnUnchangedLocalCopyCanBeSent) {
   EXPECT_EQ(asked_, 0U);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Each, EditorFormTest,
-    testing::Values(
-        Editor{"ZV_WDC", Catalogue::Wdc, ShowWeekdayForm, "Text_Start0", {'8'}, WXK_RETURN},
-        Editor{"ZV_SDC", Catalogue::Sdc, ShowCalendarForm, "Picture_Days", {'1', WXK_RETURN}, 0},
-        Editor{"ZV_OVC",
-               Catalogue::Ovc,
-               ShowExceptionForm,
-               "Text_DateOn0",
-               {'2', '0', '2', '6', '1', '2', '2', '4'},
-               WXK_RETURN}),
-    [](const auto& each) { return std::string(each.param.form).substr(3); });
+TEST_P(EditorFormTest, WithViewOnlyNothingCanBeChangedOrSaved) {
+  Run(
+      [] {
+        const auto text = [] {
+          const auto* const box = dynamic_cast<wxTextCtrl*>(Shown(GetParam().first));
+          return box == nullptr ? std::string() : box->GetValue().ToStdString();
+        };
+        const std::string before = text();
+        for (const char* const button : GetParam().changing) EXPECT_FALSE(Usable(button)) << button;
+        MakeChange();
+        Shown(GetParam().first)->SetFocus();
+        Click(*Shown(GetParam().first));
+        MakeChange();
+        Control('S');
+        EXPECT_EQ(State(), "");
+        EXPECT_EQ(text(), before);
+        Escape();
+      },
+      LinesFrom::Controller, "/VIEWONLY");
+  EXPECT_EQ(asked_, 0U);
+}
+
+INSTANTIATE_TEST_SUITE_P(Each, EditorFormTest,
+                         testing::Values(Editor{"ZV_WDC",
+                                                Catalogue::Wdc,
+                                                ShowWeekdayForm,
+                                                "Text_Start0",
+                                                {'8'},
+                                                WXK_RETURN,
+                                                {"Command_Copy", "Command_Erase"}},
+                                         Editor{"ZV_SDC",
+                                                Catalogue::Sdc,
+                                                ShowCalendarForm,
+                                                "Picture_Days",
+                                                {'1', WXK_RETURN},
+                                                0,
+                                                {"Option_Day8"}},
+                                         Editor{"ZV_OVC",
+                                                Catalogue::Ovc,
+                                                ShowExceptionForm,
+                                                "Text_DateOn0",
+                                                {'2', '0', '2', '6', '1', '2', '2', '4'},
+                                                WXK_RETURN,
+                                                {"Command_Erase"}}),
+                         [](const auto& each) { return std::string(each.param.form).substr(3); });
 
 }  // namespace
 }  // namespace zek::window

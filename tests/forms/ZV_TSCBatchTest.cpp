@@ -1,38 +1,23 @@
 #include <gtest/gtest.h>
 
-#include <wx/frame.h>
 #include <wx/menu.h>
 #include <wx/statusbr.h>
 
-#include "Keys.h"
-#include "PlantWorld.h"
-#include "forms/browser/ZV_TSC.h"
-#include "system/Paths.h"
+#include "BrowserFixture.h"
 
 namespace zek::window {
 namespace {
 
 using namespace browser;
 
-wxFrame& Browser() { return dynamic_cast<wxFrame&>(*Shown("ZV_TSC")); }
-
-bool IsReady() { return IsActive("ZV_TSC") && HasFocus("TreeView"); }
-
 bool SummaryIsUp() {
   return IsActive("ZV_TSCSummary") &&
          wxWindow::FindWindowById(wxID_OK, Shown("ZV_TSCSummary"))->HasFocus();
 }
 
-bool HasFocusOnCancel() { return wxWindow::FindWindowById(wxID_CANCEL, &Browser())->HasFocus(); }
-
 void StartBatch() { Command(Browser(), wxEVT_MENU, Menu_Batch_Run); }
 
-struct BatchTest : testing::Test {
-  void Run(std::vector<Step> steps) {
-    Play(std::move(steps));
-    ShowBrowser(nullptr, world.session, world.turn);
-  }
-
+struct BatchTest : BrowserFixture {
   // The export files and reports, by the first three letters of their names.
   std::vector<std::string> Files() const {
     std::vector<std::string> kinds;
@@ -42,16 +27,11 @@ struct BatchTest : testing::Test {
   }
 
   // A batch waits for a controller that does not answer.
-  std::function<bool()> waits = [this] {
-    return world.session.batch.IsRunning() && world.session.status.Busy > 0 &&
-           wxWindow::FindWindowById(wxID_CANCEL, &Browser())->IsShownOnScreen();
-  };
-
-  PlantWorld world;
+  std::function<bool()> waits = [this] { return world.session.batch.IsRunning() && CanCancel(); };
 };
 
 TEST_F(BatchTest, ExportsFromTheMenuAndSaysWhatCameOfIt) {
-  Run({{IsReady,
+  Run({{InBrowser,
         [] {
           EXPECT_TRUE(Browser().GetMenuBar()->IsChecked(Menu_Batch_GetSDC));
           Command(Browser(), wxEVT_MENU, Menu_Batch_GetSDC);
@@ -66,49 +46,49 @@ TEST_F(BatchTest, ExportsFromTheMenuAndSaysWhatCameOfIt) {
           EXPECT_EQ(Files(), (std::vector<std::string>{"OVC", "WDC"}));
           Press(WXK_RETURN);
         }},
-       {IsReady, [] {
+       {InBrowser, [] {
           EXPECT_TRUE(Browser().GetMenuBar()->IsEnabledTop(2));
           EXPECT_FALSE(Shown("Gauge_Batch"));
-          Press(WXK_ESCAPE);
+          Escape();
         }}});
   EXPECT_TRUE(world.session.batch.Succeeded);
   EXPECT_TRUE(world.prompts.shown.empty());
 }
 
 TEST_F(BatchTest, NothingCheckedCannotBeStarted) {
-  Run({{IsReady, [] {
+  Run({{InBrowser, [] {
           for (const int id : {Menu_Batch_GetWDC, Menu_Batch_GetSDC, Menu_Batch_GetOVC})
             Command(Browser(), wxEVT_MENU, id);
           EXPECT_TRUE(PumpUntil([] { return !Browser().GetMenuBar()->IsEnabled(Menu_Batch_Run); }));
           Command(Browser(), wxEVT_MENU, Menu_Batch_GetOVC);
           EXPECT_TRUE(PumpUntil([] { return Browser().GetMenuBar()->IsEnabled(Menu_Batch_Run); }));
-          Press(WXK_ESCAPE);
+          Escape();
         }}});
 }
 
 TEST_F(BatchTest, IsCancelledByMouseWhileAControllerIsDead) {
-  world.plantLink.silent = true;
-  Run({{IsReady, StartBatch},
+  world.link.silent = true;
+  Run({{InBrowser, StartBatch},
        {waits,
         [] {
           for (std::size_t menu = 0; menu < 3; ++menu)
             EXPECT_FALSE(Browser().GetMenuBar()->IsEnabledTop(menu));
           EXPECT_TRUE(Shown("Gauge_Batch"));
-          Click(*wxWindow::FindWindowById(wxID_CANCEL, &Browser()));
+          Click(CancelOfBrowser());
         }},
        {SummaryIsUp, [] { Press(WXK_RETURN); }},
-       {IsReady, [] { Command(Browser(), wxEVT_MENU, Menu_GetSDC); }},
+       {InBrowser, [] { Command(Browser(), wxEVT_MENU, Menu_GetSDC); }},
        {[this] { return world.session.status.Busy > 0; },
-        [] { EXPECT_TRUE(wxWindow::FindWindowById(wxID_CANCEL, &Browser())->IsEnabled()); }},
-       {[] { return HasFocusOnCancel(); }, [] { Press(WXK_ESCAPE); }},
-       {IsReady, [] { Press(WXK_ESCAPE); }}});
+        [] { EXPECT_TRUE(CancelOfBrowser().IsEnabled()); }},
+       {[] { return CancelOfBrowser().HasFocus(); }, Escape},
+       {InBrowser, Escape}});
   EXPECT_EQ(Files(), (std::vector<std::string>{"OVC", "SDC", "WDC"})) << "what there is is kept";
   EXPECT_FALSE(world.session.batch.Succeeded);
 }
 
 TEST_F(BatchTest, AWishToCloseEndsItFirst) {
-  world.plantLink.silent = true;
-  Run({{IsReady, StartBatch},
+  world.link.silent = true;
+  Run({{InBrowser, StartBatch},
        {waits, [] { EXPECT_FALSE(Browser().Close()); }},
        {SummaryIsUp, [] { Press(WXK_RETURN); }}});
   EXPECT_FALSE(world.session.batch.IsRunning());
@@ -125,8 +105,8 @@ TEST_F(BatchTest, RunsAndClosesByItselfWithTheBatchSwitch) {
 
 // The end of the user's session asks nobody.
 TEST_F(BatchTest, AFormThatIsClosedByForceLeavesABatchThatIsWhole) {
-  world.plantLink.silent = true;
-  Run({{IsReady, StartBatch}, {waits, [] { Browser().Close(true); }}});
+  world.link.silent = true;
+  Run({{InBrowser, StartBatch}, {waits, [] { Browser().Close(true); }}});
   EXPECT_FALSE(world.session.batch.IsRunning());
   Pump(100);
   EXPECT_EQ(Files().size(), 3U);

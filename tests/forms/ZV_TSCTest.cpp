@@ -1,28 +1,14 @@
 #include <gtest/gtest.h>
 
-#include <wx/button.h>
-#include <wx/frame.h>
 #include <wx/menu.h>
 #include <wx/statusbr.h>
-#include <wx/treectrl.h>
 
-#include "Keys.h"
-#include "PlantWorld.h"
-#include "catalogue/CatalogueKind.h"
-#include "forms/browser/ZV_TSC.h"
+#include "BrowserFixture.h"
 
 namespace zek::window {
 namespace {
 
 using namespace browser;
-
-wxFrame& Browser() { return dynamic_cast<wxFrame&>(*Shown("ZV_TSC")); }
-wxTreeCtrl& Tree() { return dynamic_cast<wxTreeCtrl&>(*Shown("TreeView")); }
-
-// The tree is built and one can begin.
-bool IsReady() {
-  return IsActive("ZV_TSC") && HasFocus("TreeView") && Tree().GetSelection().IsOk();
-}
 
 void Select(const std::string& tsc) {
   wxTreeItemIdValue cookie = nullptr;
@@ -35,29 +21,17 @@ void Select(const std::string& tsc) {
   ADD_FAILURE() << tsc;
 }
 
-struct BrowserTest : testing::Test {
-  bool Fetching() const { return world.session.status.Busy > 0 && Shown("ZV_TSC") != nullptr; }
-  bool CanCancel() const {
-    const wxWindow* const button = wxWindow::FindWindowById(wxID_CANCEL, &Browser());
-    return Fetching() && button->IsShownOnScreen();
-  }
-  void Run(std::vector<Step> steps) {
-    Play(std::move(steps));
-    ShowBrowser(nullptr, world.session, world.turn);
-  }
-
-  PlantWorld world;
-};
+using BrowserTest = BrowserFixture;
 
 TEST_F(BrowserTest, OpensOnTheStartTopicAndClosesWithEscape) {
   world.session.settings.StartTopic = "KONTOR";
   int changes = 0;
   world.session.status.Changed = [&changes] { ++changes; };
-  Run({{IsReady, [this] {
+  Run({{InBrowser, [this] {
           EXPECT_TRUE(Tree().GetItemText(Tree().GetSelection()).EndsWith("KONTOR]"));
           EXPECT_TRUE(Tree().IsExpanded(Tree().GetSelection()));
           world.session.status.SetWaiting("x");
-          Press(WXK_ESCAPE);
+          Escape();
         }}});
   world.session.status.Changed();
   EXPECT_EQ(changes, 2);  // the main window was told all the time
@@ -72,7 +46,7 @@ TEST_F(BrowserTest, MenuItemsFollowTheSelection) {
   };
   EXPECT_FALSE(world.files.Write(world.directory + "PLANT_5100_3 Kontoret TF2.TXT", "x"));
   EXPECT_FALSE(world.files.Write(world.directory + "PLANT_5100 Bj\xC3\xB6rkskolan SDC.TXT", "x"));
-  Run({{IsReady, [] {
+  Run({{InBrowser, [] {
           const wxMenuBar& bar = *Browser().GetMenuBar();
           for (const Case& each : {Case{"SKOLA]", true, false, true},
                                    {"KONTOR]", false, false, false},
@@ -83,7 +57,7 @@ TEST_F(BrowserTest, MenuItemsFollowTheSelection) {
             EXPECT_EQ(bar.IsEnabled(Menu_EraseWDC), each.eraseWdc) << each.node;
             EXPECT_EQ(bar.IsEnabled(Menu_EraseSDC), each.eraseSdc) << each.node;
           }
-          Press(WXK_ESCAPE);
+          Escape();
         }}});
 }
 
@@ -91,7 +65,7 @@ TEST_F(BrowserTest, EraseAsksFirst) {
   const std::string path = world.directory + "PLANT_5100_3 Kontoret TF2.TXT";
   EXPECT_FALSE(world.files.Write(path, "x"));
   world.prompts.answers = {false, true};
-  Run({{IsReady, [&] {
+  Run({{InBrowser, [&] {
           Select("[TF2]");
           Press(WXK_DELETE);
           EXPECT_TRUE(PumpUntil([&] { return world.prompts.shown.size() == 1; }));
@@ -99,35 +73,35 @@ TEST_F(BrowserTest, EraseAsksFirst) {
           Press(WXK_DELETE);
           EXPECT_TRUE(PumpUntil([&] { return !world.files.Exists(path); }));
           EXPECT_FALSE(Browser().GetMenuBar()->IsEnabled(Menu_EraseWDC));
-          Press(WXK_ESCAPE);
+          Escape();
         }}});
 }
 
 // By key, by mouse, and a third time with a close request, which waits until the fetch has ended.
 TEST_F(BrowserTest, AFetchCanBeCancelled) {
-  world.plantLink.silent = true;
+  world.link.silent = true;
   const auto canCancel = [this] { return CanCancel(); };
   const auto fetch = [] { Press(WXK_F5); };
-  Run({{IsReady, fetch},
+  Run({{InBrowser, fetch},
        {canCancel,
         [] {
           EXPECT_FALSE(Tree().IsEnabled());
           EXPECT_FALSE(Browser().GetMenuBar()->IsEnabledTop(1));
           EXPECT_NE(Browser().GetStatusBar()->GetStatusText(1), "");
-          Press(WXK_ESCAPE);
+          Escape();
         }},
-       {IsReady,
+       {InBrowser,
         [&] {
           EXPECT_TRUE(Browser().GetMenuBar()->IsEnabledTop(1));
           EXPECT_EQ(Browser().GetStatusBar()->GetStatusText(1), "");
           fetch();
         }},
-       {canCancel, [] { Click(*wxWindow::FindWindowById(wxID_CANCEL, &Browser())); }},
-       {IsReady, fetch},
+       {canCancel, [] { Click(CancelOfBrowser()); }},
+       {InBrowser, fetch},
        {canCancel, [] {
           EXPECT_FALSE(Browser().Close());
           EXPECT_TRUE(Shown("ZV_TSC"));
-          Press(WXK_ESCAPE);
+          Escape();
         }}});
   EXPECT_FALSE(test::CancelIsPending(world.session));
   EXPECT_TRUE(world.prompts.shown.empty());
@@ -141,7 +115,7 @@ TEST_F(BrowserTest, AnEarlierCopyIsRestoredFromTheHistory) {
   EXPECT_FALSE(
       world.files.Write(world.directory + "History/" + name + " 20261121-083000.TXT", "then\r\n"));
   world.prompts.answers = {true};
-  Run({{IsReady,
+  Run({{InBrowser,
         [] {
           Select("[TF2]");
           Press(WXK_F8);
@@ -153,9 +127,9 @@ TEST_F(BrowserTest, AnEarlierCopyIsRestoredFromTheHistory) {
           EXPECT_TRUE(PumpUntil([&] { return world.prompts.shown.size() == 2; }));
           EXPECT_EQ(world.files.Read(path).bytes, "then\r\n");
           EXPECT_EQ(Value("Text_Differences"), "- now\n+ then\n");  // the copy it replaced
-          Press(WXK_ESCAPE);
+          Escape();
         }},
-       {IsReady, [] { Press(WXK_ESCAPE); }}});
+       {InBrowser, Escape}});
 }
 
 }  // namespace

@@ -3,20 +3,13 @@
 #include <wx/dialog.h>
 #include <wx/radiobut.h>
 #include <wx/textctrl.h>
-#include <wx/treectrl.h>
 
-#include "Keys.h"
-#include "PlantWorld.h"
-#include "forms/browser/ZV_TSC.h"
-#include "forms/weekday/ZV_WDC.h"
+#include "BrowserFixture.h"
+#include "lang/TextNumbers.h"
 
 namespace zek::window {
 namespace {
 
-bool InBrowser() {
-  const auto* const tree = dynamic_cast<wxTreeCtrl*>(Shown("TreeView"));
-  return IsActive("ZV_TSC") && HasFocus("TreeView") && tree->GetSelection().IsOk();
-}
 bool InEditor() { return IsActive("ZV_WDC") && HasFocus("Text_Start0"); }
 
 void FetchFirstTimeControl() {
@@ -24,21 +17,18 @@ void FetchFirstTimeControl() {
   Press(WXK_RETURN);
 }
 
-struct WeekdayFormTest : testing::Test {
-  explicit WeekdayFormTest(std::string_view commandLine = {}) : world(commandLine) {}
+void ChangeAndSave() {
+  Type("8");
+  Press('S', wxMOD_CONTROL);
+}
 
-  void Run(std::vector<Step> steps) {
-    Play(std::move(steps));
-    ShowBrowser(nullptr, world.session, world.turn);
-  }
+struct WeekdayFormTest : BrowserFixture {
   const std::map<int, std::string>& PlantLines() const {
     return world.plant.outstations[0].weekday.lines;
   }
 
   static constexpr std::string_view kChanged =
       " 1000 !AHU1        !MO           !07:00..17:30             !22.5     !17";
-
-  PlantWorld world;
 };
 
 TEST_F(WeekdayFormTest, ByKeyboardFromTheTreeToThePlant) {
@@ -63,7 +53,7 @@ TEST_F(WeekdayFormTest, ByMouseFromTheTreeToThePlant) {
   world.prompts.answers = {true};
   Run({{InBrowser,
         [] {
-          auto& tree = dynamic_cast<wxTreeCtrl&>(*Shown("TreeView"));
+          wxTreeCtrl& tree = Tree();
           wxTreeItemIdValue cookie = nullptr;
           wxRect item;
           tree.GetBoundingRect(tree.GetFirstChild(tree.GetSelection(), cookie), item, true);
@@ -145,11 +135,7 @@ TEST_F(WeekdayFormTest, AFailedSaveLeavesItOpenAndUnreadLinesAreTold) {
   // Lines are lost; don't send; don't try again; close without it.
   world.prompts.answers = {true, false, false, true};
   Run({{InBrowser, FetchFirstTimeControl},
-       {shown(1),
-        [] {
-          Type("8");
-          Press('S', wxMOD_CONTROL);
-        }},
+       {shown(1), ChangeAndSave},
        {shown(4),
         [] {
           EXPECT_TRUE(Shown("Command_Ok")->IsEnabled());
@@ -168,11 +154,7 @@ TEST_F(WeekdayFormTest, AWriteIsShownAndCanNotBeStopped) {
   ASSERT_FALSE(world.profile.WriteIni("SaveDelay", "DelayA", "1"));
   world.prompts.answers = {true};
   Run({{InBrowser, FetchFirstTimeControl},
-       {InEditor,
-        [] {
-          Type("8");
-          Press('S', wxMOD_CONTROL);
-        }},
+       {InEditor, ChangeAndSave},
        {[] {
           const wxWindow* const status = Shown("Label_Status");
           return status != nullptr && !status->GetLabel().empty() &&
@@ -186,25 +168,35 @@ TEST_F(WeekdayFormTest, AWriteIsShownAndCanNotBeStopped) {
   EXPECT_NE(PlantLines().at(1000).find("!08:00..16:30"), std::string::npos);
 }
 
-struct ViewOnlyTest : WeekdayFormTest {
-  ViewOnlyTest() : WeekdayFormTest("/VIEWONLY") {}
-};
+TEST_F(WeekdayFormTest, AWriteIsVerifiedAndSaysSo) {
+  world.session.settings.VerifyAfterWrite = true;
+  world.prompts.answers = {true};
+  Run({{InBrowser, FetchFirstTimeControl}, {InEditor, ChangeAndSave}, {InBrowser, Escape}});
+  ASSERT_EQ(world.prompts.shown.size(), 2U);
+  EXPECT_EQ(world.prompts.shown[1], "i " + world.session.Text(text::kVerified));
+}
 
-TEST_F(ViewOnlyTest, NothingCanBeChangedOrSaved) {
+// The controller has the catalogue by then, so that nothing is half when the wait is over.
+TEST_F(WeekdayFormTest, EscapeEndsAVerificationThatGetsNoAnswer) {
+  world.session.settings.VerifyAfterWrite = true;
+  world.prompts.answers = {true, false, true};  // send; don't try again; close all the same
+  ASSERT_FALSE(world.profile.WriteIni("GetDelay", "DelayA", "1"));
   Run({{InBrowser, FetchFirstTimeControl},
-       {InEditor,
-        [] {
-          for (const char* name : {"Command_Copy", "Command_Erase", "Command_Ok"})
-            EXPECT_FALSE(Shown(name)->IsEnabled()) << name;
-          EXPECT_TRUE(Shown("Command_Cancel")->IsEnabled());
-          Type("8");
-          Enter("Text_Stop0");
-          EXPECT_EQ(Value("Text_Start0"), "07:00");
-          Press('S', wxMOD_CONTROL);
+       {InEditor, ChangeAndSave},
+       {[this] {
+          const wxWindow* const editor = Shown("ZV_WDC");
+          return world.IsVerifying() && editor != nullptr &&
+                 wxWindow::FindWindowById(wxID_CANCEL, editor)->HasFocus();
+        },
+        [this] {
+          world.link.silent = true;
           Escape();
         }},
+       {[this] { return world.prompts.shown.size() == 3 && InEditor(); }, Escape},
        {InBrowser, Escape}});
-  EXPECT_TRUE(world.prompts.shown.empty());
+  ASSERT_EQ(world.prompts.shown.size(), 4U);
+  EXPECT_EQ(world.prompts.shown[1], "x " + world.session.Text(text::kVerifyStopped));
+  EXPECT_NE(PlantLines().at(1000).find("!08:00..16:30"), std::string::npos);
 }
 
 }  // namespace

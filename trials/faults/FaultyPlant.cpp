@@ -1,6 +1,6 @@
 #include "faults/FaultyPlant.h"
 
-#include <algorithm>
+#include <map>
 
 namespace zek::faults {
 namespace {
@@ -17,6 +17,8 @@ std::string AllBytes() {
   for (int code = 0; code < 256; ++code) bytes += static_cast<char>(code);
   return bytes;
 }
+
+bool IsCharacter(Fault fault) { return fault >= Fault::Char0; }
 
 // The place in `text` where its line `index` begins.
 std::size_t LineStart(const std::string& text, int index) {
@@ -96,33 +98,27 @@ void FaultyPlant::Greet() {
     if (IsAt(kLinkUp)) Disturb(10);
     return;
   }
-  switch (what_.fault) {
-    case Fault::Drop:
-    case Fault::Stall:
-    case Fault::Lost:
-      hole_ = what_.fault == Fault::Drop && what_.IsTcp();
-      Link().acknowledges = !hole_;
-      break;
-    case Fault::Late:
-      Link().Say(greeting, 10'000);
-      break;
-    case Fault::HalfLine:
-      Link().Say(greeting.substr(0, greeting.size() / 2), 10);
-      break;
-    case Fault::Error:
-      Say(kErrorLine, 10);
-      break;
-    case Fault::Char0:
-    case Fault::Char2:
-    case Fault::Char3:
-    case Fault::Char23:
-    case Fault::Char255:
-      Link().Say(std::string(greeting).insert(greeting.size() / 2, Noise()), 10);
-      break;
-    default:
-      Disturb(10);
-      if (what_.fault != Fault::Reset) Link().Say(greeting, 20);
+  const Fault fault = what_.fault;
+  if (fault == Fault::Drop && what_.IsTcp()) LoseTheRest();
+  if (fault == Fault::Drop || fault == Fault::Stall || fault == Fault::Lost) return;
+  if (fault == Fault::Late) {
+    Link().Say(greeting, 10'000);
+  } else if (fault == Fault::HalfLine) {
+    Link().Say(greeting.substr(0, greeting.size() / 2), 10);
+  } else if (fault == Fault::Error) {
+    Say(kErrorLine, 10);
+  } else if (IsCharacter(fault)) {
+    Link().Say(std::string(greeting).insert(greeting.size() / 2, Noise()), 10);
+  } else {
+    Disturb(10);
+    if (fault != Fault::Reset) Link().Say(greeting, 20);
   }
+}
+
+// Nothing gets through any more, and nothing is confirmed.
+void FaultyPlant::LoseTheRest() {
+  hole_ = true;
+  Link().acknowledges = false;
 }
 
 void FaultyPlant::TakeLink(std::string_view bytes) {
@@ -149,16 +145,14 @@ void FaultyPlant::TakeLink(std::string_view bytes) {
 
 bool FaultyPlant::TakeTag(const std::string& tag, const std::string& value) {
   if (tag != "X") return true;
+  const bool refused =
+      what_.fault == Fault::Drop || what_.fault == Fault::Stall || what_.fault == Fault::Reset;
   if (value == "transparent open") {
-    const bool refused = what_.fault == Fault::Drop || what_.fault == Fault::Stall ||
-                         what_.fault == Fault::Error || what_.fault == Fault::Reset;
     OnConnected();
-    return !(IsAt(kLinkUp) && refused);
+    return !(IsAt(kLinkUp) && (refused || what_.fault == Fault::Error));
   }
   if (value == "transparent close") {
     world_.tags.replies.clear();
-    const bool refused =
-        what_.fault == Fault::Drop || what_.fault == Fault::Stall || what_.fault == Fault::Reset;
     return !(IsAt(kClose) && refused && command_ > 0);
   }
   return TakeCommand(value.ends_with('\r') ? value.substr(0, value.size() - 1) : value);
@@ -173,9 +167,8 @@ bool FaultyPlant::TakeCommand(const std::string& command) {
   if (hole_) return true;
   const int number = command_++;
   if (Is(number, Fault::Drop) && !what_.InListing()) {
-    hole_ = what_.IsTcp();
-    Link().acknowledges = !hole_;
-    return hole_;
+    if (what_.IsTcp()) LoseTheRest();
+    return what_.IsTcp();
   }
   if (Is(number, Fault::Lost)) return true;
   const bool holds = Is(number + 1, Fault::Late) && !what_.InListing();
@@ -220,34 +213,22 @@ void FaultyPlant::AnswerWithFault(const std::string& command) {
 void FaultyPlant::Garble(const std::string& before, const std::string& rest) {
   const std::size_t lineEnd = rest.find('\n') + 1;
   const std::size_t middle = lineEnd / 2;
+  if (IsCharacter(what_.fault)) {
+    Say(before + rest.substr(0, middle) + Noise() + rest.substr(middle));
+    return;
+  }
+  if (what_.fault == Fault::Late && !what_.InListing()) {
+    Say(command_ == 1 ? kGreeting : std::exchange(held_, {}), kLater);
+    Say(rest, kLater + 20);
+    return;
+  }
   switch (what_.fault) {
     case Fault::Drop:  // of a listing
-      hole_ = what_.IsTcp();
+      if (what_.IsTcp()) LoseTheRest();
       Say(hole_ ? before : before + rest.substr(lineEnd));
-      break;
-    case Fault::Stall:
-      Say(before);
       break;
     case Fault::HalfLine:
       Say(before + rest.substr(0, middle));
-      break;
-    case Fault::Reset:
-      Say(before);
-      Reset(60);
-      break;
-    case Fault::Late:
-      if (what_.InListing()) {
-        Say(before);
-        Say(rest, 4000);
-      } else {
-        Say(command_ == 1 ? kGreeting : std::exchange(held_, {}), kLater);
-        Say(rest, kLater + 20);
-      }
-      break;
-    case Fault::Flood:
-      Say(before);
-      SayFlood(60);
-      Say(rest, 70);
       break;
     case Fault::Garbage:
     case Fault::Error:
@@ -255,7 +236,13 @@ void FaultyPlant::Garble(const std::string& before, const std::string& rest) {
       Say(before + Noise() + rest);
       break;
     default:
-      Say(before + rest.substr(0, middle) + Noise() + rest.substr(middle));
+      Say(before);
+      if (what_.fault == Fault::Reset) Reset(60);
+      if (what_.fault == Fault::Late) Say(rest, 4000);
+      if (what_.fault == Fault::Flood) {
+        SayFlood(60);
+        Say(rest, 70);
+      }
   }
 }
 
@@ -271,43 +258,26 @@ void FaultyPlant::BeforeClose() {
 
 // The fault where no answer is owed.
 void FaultyPlant::Disturb(int milliseconds) {
-  switch (what_.fault) {
-    case Fault::Drop:
-    case Fault::Stall:
-    case Fault::Late:
-    case Fault::Lost:
-      break;
-    case Fault::Reset:
-      Reset(milliseconds);
-      break;
-    case Fault::Flood:
-      SayFlood(milliseconds);
-      break;
-    case Fault::HalfLine:
-      Say("    9 !HAL", milliseconds);
-      break;
-    default:
-      Say(Noise(), milliseconds);
+  const Fault fault = what_.fault;
+  if (fault == Fault::Reset) {
+    Reset(milliseconds);
+  } else if (fault == Fault::Flood) {
+    SayFlood(milliseconds);
+  } else if (fault == Fault::HalfLine) {
+    Say("    9 !HAL", milliseconds);
+  } else if (!Noise().empty()) {
+    Say(Noise(), milliseconds);
   }
 }
 
+// What comes as well as what is owed, or instead of it.
 std::string FaultyPlant::Noise() const {
-  switch (what_.fault) {
-    case Fault::Garbage:
-      return AllBytes();
-    case Fault::Error:
-      return kErrorLine;
-    case Fault::Char0:
-      return std::string(1, '\0');
-    case Fault::Char3:
-      return "\x03";
-    case Fault::Char23:
-      return "\x17";
-    case Fault::Char255:
-      return "\xFF";
-    default:
-      return "\x02";
-  }
+  static const std::map<Fault, std::string> noises = {
+      {Fault::Garbage, AllBytes()}, {Fault::Error, kErrorLine}, {Fault::Stx, "\x02"},
+      {Fault::Char0, {"\0", 1}},    {Fault::Char2, "\x02"},     {Fault::Char3, "\x03"},
+      {Fault::Char23, "\x17"},      {Fault::Char255, "\xFF"}};
+  const auto noise = noises.find(what_.fault);
+  return noise == noises.end() ? std::string() : noise->second;
 }
 
 // Says a text the way the transport brings it.

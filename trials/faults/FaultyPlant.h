@@ -33,6 +33,7 @@ class FaultyPlant {
   void Prepare();
   void OnConnected();
   void Greet();
+  void LoseTheRest();
   void TakeLink(std::string_view bytes);
   bool TakeTag(const std::string& tag, const std::string& value);
   bool TakeCommand(const std::string& command);

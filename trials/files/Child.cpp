@@ -3,6 +3,7 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <sstream>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -52,26 +53,18 @@ Outcome RunWatched(const std::string& folder, const CallFault& fault,
     std::string told;
     WatchCalls(folder, fault);
     const int status = work(told);
-    const std::string text = Packed(status, told, TakeCalls());
-    for (std::size_t at = 0; at < text.size();) {
-      const ssize_t written = ::write(ends[1], text.data() + at, text.size() - at);
-      if (written <= 0) break;
-      at += static_cast<std::size_t>(written);
-    }
+    std::ofstream("/dev/fd/" + std::to_string(ends[1])) << Packed(status, told, TakeCalls());
     ::_exit(0);
   }
   ::close(ends[1]);
-  std::string text;
-  std::array<char, 65536> block{};
-  for (ssize_t got = 0; (got = ::read(ends[0], block.data(), block.size())) > 0;) {
-    text.append(block.data(), static_cast<std::size_t>(got));
-  }
+  std::ostringstream text;
+  text << std::ifstream("/dev/fd/" + std::to_string(ends[0])).rdbuf();
   ::close(ends[0]);
   int state = 0;
   ::waitpid(child, &state, 0);
   Outcome outcome;
   outcome.killed = WIFSIGNALED(state);
-  if (!outcome.killed) Unpack(text, outcome);
+  if (!outcome.killed) Unpack(text.str(), outcome);
   return outcome;
 }
 

@@ -137,33 +137,44 @@ using zek::test::Real;
 using zek::test::Watched;
 using zek::test::Whole;
 
-// Their names are another matter than the symbols that everybody calls.
+// The functions have names of their own, since those of the C library stand in its headers already.
+#define REPLACE(Result, Name, symbol, parameters) \
+  Result Name parameters __asm__(symbol);         \
+  Result Name parameters
+
+// NOLINTBEGIN(bugprone-macro-parentheses): parameter lists
+#define WATCH(Result, Name, symbol, what, path, parameters, arguments) \
+  REPLACE(Result, Name, symbol, parameters) {                          \
+    static auto* const real = Real<Result parameters>(symbol);         \
+    return Watched(what, path, [&] { return real arguments; });        \
+  }
+// NOLINTEND(bugprone-macro-parentheses)
+
 extern "C" {
 
-int CallOpen(const char* path, int flags, ...) __asm__("open");
-int CallOpen64(const char* path, int flags, ...) __asm__("open64");
-FILE* CallFopen(const char* path, const char* mode) __asm__("fopen");
-FILE* CallFopen64(const char* path, const char* mode) __asm__("fopen64");
-DIR* CallOpendir(const char* path) __asm__("opendir");
-ssize_t CallRead(int descriptor, void* bytes, size_t size) __asm__("read");
-ssize_t CallWrite(int descriptor, const void* bytes, size_t size) __asm__("write");
-int CallClose(int descriptor) __asm__("close");
-int CallFsync(int descriptor) __asm__("fsync");
-int CallFlock(int descriptor, int operation) __asm__("flock");
-int CallFtruncate(int descriptor, off_t size) __asm__("ftruncate");
-off_t CallLseek(int descriptor, off_t offset, int from) __asm__("lseek");
-int CallFchmod(int descriptor, mode_t mode) __asm__("fchmod");
-int CallFstat(int descriptor, struct stat* status) __asm__("fstat");
-int CallStat(const char* path, struct stat* status) __asm__("stat");
-int CallRename(const char* from, const char* to) __asm__("rename");
-int CallUnlink(const char* path) __asm__("unlink");
-int CallRemove(const char* path) __asm__("remove");
-int CallMkdir(const char* path, mode_t mode) __asm__("mkdir");
-int CallRmdir(const char* path) __asm__("rmdir");
-int CallSymlink(const char* target, const char* path) __asm__("symlink");
-int CallTruncate(const char* path, off_t size) __asm__("truncate");
+WATCH(DIR*, CallOpendir, "opendir", "list", Whole(path), (const char* path), (path))
+WATCH(int, CallStat, "stat", "status", Whole(path), (const char* path, struct stat* status),
+      (path, status))
+WATCH(int, CallUnlink, "unlink", "unlink", Whole(path), (const char* path), (path))
+WATCH(int, CallRemove, "remove", "unlink", Whole(path), (const char* path), (path))
+WATCH(int, CallMkdir, "mkdir", "mkdir", Whole(path), (const char* path, mode_t mode), (path, mode))
+WATCH(int, CallRmdir, "rmdir", "rmdir", Whole(path), (const char* path), (path))
+WATCH(int, CallSymlink, "symlink", "link", Whole(path), (const char* target, const char* path),
+      (target, path))
+WATCH(int, CallTruncate, "truncate", "truncate", Whole(path), (const char* path, off_t size),
+      (path, size))
+WATCH(ssize_t, CallRead, "read", "read", PathOf(file), (int file, void* bytes, size_t size),
+      (file, bytes, size))
+WATCH(int, CallFlock, "flock", "lock", PathOf(file), (int file, int operation), (file, operation))
+WATCH(int, CallFtruncate, "ftruncate", "truncate", PathOf(file), (int file, off_t size),
+      (file, size))
+WATCH(off_t, CallLseek, "lseek", "seek", PathOf(file), (int file, off_t offset, int from),
+      (file, offset, from))
+WATCH(int, CallFchmod, "fchmod", "chmod", PathOf(file), (int file, mode_t mode), (file, mode))
+WATCH(int, CallFstat, "fstat", "status", PathOf(file), (int file, struct stat* status),
+      (file, status))
 
-int CallOpen(const char* path, int flags, ...) {
+REPLACE(int, CallOpen, "open", (const char* path, int flags, ...)) {
   std::va_list list;
   va_start(list, flags);
   const mode_t mode = (flags & O_CREAT) == 0 ? 0 : va_arg(list, mode_t);
@@ -172,7 +183,7 @@ int CallOpen(const char* path, int flags, ...) {
   return zek::test::Open(path, flags, [&] { return real(path, flags, mode); });
 }
 
-int CallOpen64(const char* path, int flags, ...) {
+REPLACE(int, CallOpen64, "open64", (const char* path, int flags, ...)) {
   std::va_list list;
   va_start(list, flags);
   const mode_t mode = (flags & O_CREAT) == 0 ? 0 : va_arg(list, mode_t);
@@ -180,25 +191,17 @@ int CallOpen64(const char* path, int flags, ...) {
   return CallOpen(path, flags, mode);
 }
 
-FILE* CallFopen(const char* path, const char* mode) {
+REPLACE(FILE*, CallFopen, "fopen", (const char* path, const char* mode)) {
   static auto* const real = Real<FILE*(const char*, const char*)>("fopen");
   const bool reads = mode[0] == 'r' && std::string(mode).find('+') == std::string::npos;
   return Watched(reads ? "open" : "create", Whole(path), [&] { return real(path, mode); });
 }
 
-FILE* CallFopen64(const char* path, const char* mode) { return CallFopen(path, mode); }
-
-DIR* CallOpendir(const char* path) {
-  static auto* const real = Real<DIR*(const char*)>("opendir");
-  return Watched("list", Whole(path), [&] { return real(path); });
+REPLACE(FILE*, CallFopen64, "fopen64", (const char* path, const char* mode)) {
+  return CallFopen(path, mode);
 }
 
-ssize_t CallRead(int descriptor, void* bytes, size_t size) {
-  static auto* const real = Real<ssize_t(int, void*, size_t)>("read");
-  return Watched("read", PathOf(descriptor), [&] { return real(descriptor, bytes, size); });
-}
-
-ssize_t CallWrite(int descriptor, const void* bytes, size_t size) {
+REPLACE(ssize_t, CallWrite, "write", (int descriptor, const void* bytes, size_t size)) {
   static auto* const real = Real<ssize_t(int, const void*, size_t)>("write");
   const std::string path = PathOf(descriptor);
   if (path.empty()) return real(descriptor, bytes, size);
@@ -210,7 +213,7 @@ ssize_t CallWrite(int descriptor, const void* bytes, size_t size) {
   return written;
 }
 
-int CallClose(int descriptor) {
+REPLACE(int, CallClose, "close", (int descriptor)) {
   static auto* const real = Real<int(int)>("close");
   const std::string path = PathOf(descriptor);
   if (!path.empty()) Opened(descriptor)->clear();
@@ -218,73 +221,13 @@ int CallClose(int descriptor) {
   return Watched("close", path, [&] { return closed; });
 }
 
-int CallFsync(int descriptor) {
+REPLACE(int, CallFsync, "fsync", (int descriptor)) {
   return Watched("fsync", PathOf(descriptor), [] { return 0; });
 }
 
-int CallFlock(int descriptor, int operation) {
-  static auto* const real = Real<int(int, int)>("flock");
-  return Watched("lock", PathOf(descriptor), [&] { return real(descriptor, operation); });
-}
-
-int CallFtruncate(int descriptor, off_t size) {
-  static auto* const real = Real<int(int, off_t)>("ftruncate");
-  return Watched("truncate", PathOf(descriptor), [&] { return real(descriptor, size); });
-}
-
-off_t CallLseek(int descriptor, off_t offset, int from) {
-  static auto* const real = Real<off_t(int, off_t, int)>("lseek");
-  return Watched("seek", PathOf(descriptor), [&] { return real(descriptor, offset, from); });
-}
-
-int CallFchmod(int descriptor, mode_t mode) {
-  static auto* const real = Real<int(int, mode_t)>("fchmod");
-  return Watched("chmod", PathOf(descriptor), [&] { return real(descriptor, mode); });
-}
-
-int CallFstat(int descriptor, struct stat* status) {
-  static auto* const real = Real<int(int, struct stat*)>("fstat");
-  return Watched("status", PathOf(descriptor), [&] { return real(descriptor, status); });
-}
-
-int CallStat(const char* path, struct stat* status) {
-  static auto* const real = Real<int(const char*, struct stat*)>("stat");
-  return Watched("status", Whole(path), [&] { return real(path, status); });
-}
-
-int CallRename(const char* from, const char* to) {
+REPLACE(int, CallRename, "rename", (const char* from, const char* to)) {
   static auto* const real = Real<int(const char*, const char*)>("rename");
   return Watched(
       "rename", Whole(from), [&] { return real(from, to); }, Whole(to));
-}
-
-int CallUnlink(const char* path) {
-  static auto* const real = Real<int(const char*)>("unlink");
-  return Watched("unlink", Whole(path), [&] { return real(path); });
-}
-
-int CallRemove(const char* path) {
-  static auto* const real = Real<int(const char*)>("remove");
-  return Watched("unlink", Whole(path), [&] { return real(path); });
-}
-
-int CallMkdir(const char* path, mode_t mode) {
-  static auto* const real = Real<int(const char*, mode_t)>("mkdir");
-  return Watched("mkdir", Whole(path), [&] { return real(path, mode); });
-}
-
-int CallRmdir(const char* path) {
-  static auto* const real = Real<int(const char*)>("rmdir");
-  return Watched("rmdir", Whole(path), [&] { return real(path); });
-}
-
-int CallSymlink(const char* target, const char* path) {
-  static auto* const real = Real<int(const char*, const char*)>("symlink");
-  return Watched("link", Whole(path), [&] { return real(target, path); });
-}
-
-int CallTruncate(const char* path, off_t size) {
-  static auto* const real = Real<int(const char*, off_t)>("truncate");
-  return Watched("truncate", Whole(path), [&] { return real(path, size); });
 }
 }

@@ -9,8 +9,8 @@
 //   VANISH    its process ends when it is poked
 //   FLOOD     GOOD; a poke brings text without end
 //   RAW       GOOD, with what stands behind a NUL, and without any NUL at the end
-// Any other topic is refused. Arguments: the services. It says "ready" when it serves, and ends
-// with its standard input.
+// Any other topic is refused. Arguments: the services. An event of the first name tells that it
+// serves. It ends with its standard input.
 
 #include <windows.h>
 #include <algorithm>
@@ -169,8 +169,7 @@ int main(int argc, char** argv) {
     if (::DdeNameService(server.instance, name, nullptr, DNS_REGISTER) == nullptr) return 1;
   }
   ::CloseHandle(::CreateThread(nullptr, 0, &EndWithInput, nullptr, 0, nullptr));
-  std::puts("ready");
-  std::fflush(stdout);
+  ::CreateEventA(nullptr, TRUE, TRUE, argv[1]);  // it serves
   ::SetTimer(nullptr, 0, kTellTimer, nullptr);
   for (MSG message; ::GetMessageA(&message, nullptr, 0, 0) > 0;) {
     if (message.message == WM_TIMER && message.hwnd == nullptr) {

@@ -3,8 +3,8 @@
 
 #include "comm/WinTags.h"
 #include "support/SourceTree.h"
-#include "windows/ServerProcess.h"
-#include "windows/TagDoubleId.h"
+#include "windows-links/ServerProcess.h"
+#include "windows-links/TagDoubleId.h"
 
 namespace zek {
 namespace {

@@ -10,7 +10,7 @@
 
 #include "comm/WinDdeTransport.h"
 #include "lang/TextNumbers.h"
-#include "windows/ServerProcess.h"
+#include "windows-links/ServerProcess.h"
 
 namespace zek {
 namespace {

@@ -1,0 +1,62 @@
+#!/usr/bin/env bash
+# windows-programs.sh NAME: one of the trials of whole Windows programs, run by test-windows.sh.
+#   desktop  The desktop program opens, connects, sends a command, fetches catalogues, opens every
+#            editor and closes. Its pictures stay in build/win64/pictures.
+#   sockets  The command line program against the Windows plant over real sockets, by the same
+#            script as elsewhere.
+#   package  What is handed to users, unpacked in a Wine that has seen nothing of ours, fetches,
+#            changes and sends catalogues over every link.
+set -euo pipefail
+# shellcheck source=scripts/common.sh
+source scripts/common.sh
+# shellcheck source=scripts/demo.sh
+source scripts/demo.sh
+
+bin="$PWD/build/win64/bin"
+data="$PWD/data"
+
+# wrap FOLDER: the programs of that folder under the names that they have here, in $temporary.
+wrap() {
+  local program
+  for program in zekview-cli zekview-sim; do
+    printf '#!/bin/sh\nexec wine "%s/%s.exe" "$@"\n' "$1" "$program" >"$temporary/$program"
+    chmod +x "$temporary/$program"
+  done
+}
+
+case "$1" in
+  desktop)
+    pictures="$PWD/build/win64/pictures"
+    program_directory="$PWD/build/win64/tour"
+    rm -rf "$pictures" "$program_directory"
+    mkdir -p "$pictures"
+    prepare_demo "$program_directory"
+    start_plant "$program_directory" wine "$bin/zekview-sim.exe"
+    timeout 300 wine "$bin/zekview.exe" --dir "$program_directory" --tour "$pictures" </dev/null ||
+      die "The tour ended with $?."
+    keep_pictures "$pictures"
+    for picture in about main browser weekday calendar exception; do
+      [[ " ${taken[*]} " == *"/$picture.png "* ]] || die "There is no picture of: $picture"
+    done
+    ;;
+  sockets)
+    temporary="$(mktemp -d)"
+    trap 'rm -rf "$temporary"' EXIT
+    wrap "$bin"
+    tests/cli/real-sockets.sh "$temporary" "$data"
+    ;;
+  package)
+    scripts/windows.sh win64
+    temporary="$(mktemp -d)"
+    export WINEPREFIX="$temporary/wine"
+    trap 'wineserver -k || true; wineserver -w; rm -rf "$temporary"' EXIT
+    python3 -m zipfile -e dist/zekview-*-win64.zip "$temporary"
+    folder=("$temporary"/zekview-*)
+    for file in LÄSMIG.txt README.txt ZEKView.INI demo.cmd zek_lang.046 zekview.exe; do
+      [[ -s ${folder[0]}/$file ]] || die "The package lacks $file."
+    done
+    wrap "${folder[0]}"
+    tests/cli/real-links.sh "$temporary" "$data" "$bin"
+    ;;
+  *) die "windows-programs.sh knows no trial '$1'." ;;
+esac
