@@ -54,12 +54,6 @@ class Player {
  protected:
   virtual std::string Do(const Words& words) = 0;
   virtual SaveOutcome Save(const CatalogueWriter& writer) = 0;
-  SaveOutcome SaveEdited(const std::optional<EditedCatalogue>& edited,
-                         const CatalogueWriter& writer) {
-    if (!edited) return SaveOutcome::NotTried;
-    return SaveWithRetry(*edited, writer, {session_.proc.texts, prompts_});
-  }
-
   Access access() const { return given_.Has("view") ? Access::ViewOnly : Access::Edit; }
   char separator() const { return given_.Has("comma") ? ',' : '.'; }
   SaveOutcome SaveEdited(const std::optional<EditedCatalogue>& edited,
