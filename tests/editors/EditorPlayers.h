@@ -54,7 +54,6 @@ class Player {
  protected:
   virtual std::string Do(const Words& words) = 0;
   virtual SaveOutcome Save(const CatalogueWriter& writer) = 0;
-
   Access access() const { return given_.Has("view") ? Access::ViewOnly : Access::Edit; }
   char separator() const { return given_.Has("comma") ? ',' : '.'; }
   SaveOutcome SaveEdited(const std::optional<EditedCatalogue>& edited,

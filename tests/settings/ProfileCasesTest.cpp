@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "settings/ProfileKinds.h"
+#include "support/CaseFile.h"
 #include "support/TemporaryFolder.h"
 #include "system/DiskFiles.h"
 
@@ -39,26 +40,15 @@ constexpr const char* kFile =
     "[x] text\nk=x\n  [z]\nk=z\n[ sp ]\nk=sp\n[b]b]\nk=b\n[y\nlost=1\n[Q]\nonly=2\n[last]\nk=end";
 
 TEST_P(ProfileCases, Values) {
-  const struct {
-    const char* section;
-    const char* key;
-    const char* value;
-  } cases[] = {
-      {"Q", "a", "q"},         {"q", "B", "q"},        {"Q", "c", "\"open"},
-      {"Q", "d", "'mix\""},    {"Q", "e", "\""},       {"Q", "f", "\"dd\""},
-      {"Q", "g", "\"a\" b"},   {"Q", "h", "  in  "},   {"Q", "i", "\xE5\x80\x81\xFF\xA0"},
-      {"Q", "j", "a=b=c"},     {"Q", "key", "1"},      {"Q", "empty", ""},
-      {"Q", "noeq", "(none)"}, {"Q", "l", "v ; tail"}, {"Q", ";c", "x"},
-      {"x", "k", "x"},         {"z", "k", "z"},        {"sp", "k", "sp"},
-      {"b]b", "k", "b"},       {"b]b", "lost", "1"},   {"Q", "only", "(none)"},
-      {"last", "k", "end"},    {"nix", "k", "(none)"}, {"", "before", "(none)"},
-      {"Q", "", "(none)"},     {" ", "k", "(none)"},
-  };
   const Profile& read = With(kFile);
-  for (const auto& each : cases) {
-    EXPECT_EQ(read.ReadIni(each.section, each.key, "(none)"), each.value)
-        << each.section << " " << each.key;
-  }
+  test::CheckCases("profile.txt", [&read](const test::TextCase& given) {
+    std::string outcome;
+    for (const std::string& entry : given.given) {
+      const std::size_t key = entry.find('/');
+      outcome += read.ReadIni(entry.substr(0, key), entry.substr(key + 1), "(none)") + "\n";
+    }
+    return outcome;
+  });
 }
 
 TEST_P(ProfileCases, LongValuesAndDefaults) {

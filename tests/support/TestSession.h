@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "app/ZV_Proc.h"
-#include "catalogue/Sendable.h"
 #include "settings/FileProfile.h"
 #include "support/FakeTags.h"
 #include "support/MemoryFiles.h"
@@ -73,9 +72,6 @@ class TestSession {
   bool SaveWithout(std::vector<std::string> notInLines, std::vector<std::string> lines) {
     return proc.catalogues.SaveCatalogue(Id(), {std::move(lines), ".", std::move(notInLines)});
   }
-  bool Sendable(std::vector<std::string> lines) {
-    return CheckSendable(Id(), {std::move(lines), {}, {}}, Parts());
-  }
 
   // What a write is compared with.
   CatalogueContent ReadBefore(Catalogue catalogue = Catalogue::Wdc) const {
@@ -87,14 +83,8 @@ class TestSession {
     other.localFile = "another catalogue";
     proc.catalogues.CompareWithCopy(other);
   }
-  bool Verifying() const { return proc.waits.CanCancel(); }
 
   // Its local copy.
-  bool LoadCopy(Catalogue catalogue) {
-    const auto content = proc.copies.Load(Id(catalogue));
-    Got = content.value_or(CatalogueContent());
-    return content.has_value();
-  }
   bool Store(const std::vector<std::string>& lines) {
     return proc.copies.Store(Id(), lines, std::nullopt);
   }
@@ -116,15 +106,6 @@ class TestSession {
   MemoryTransport dde{turn};
   FakeTags tags;
   ZV_Proc proc{Outside{files, profile, turn, prompts, socket, dde, tags}};
-
- private:
-  CatalogueParts Parts() {
-    return {proc.settings,
-            proc.Numbers(),
-            proc.ToUser(),
-            proc.copies,
-            {proc.connection, proc.transfer, proc.countdowns, proc.waits, proc.status}};
-  }
 };
 
 }  // namespace zek::test

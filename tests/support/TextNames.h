@@ -27,12 +27,18 @@ inline std::string TextName(std::int32_t number) {
   return found == TextNames().end() ? std::to_string(number) : found->second;
 }
 
-/// A language whose texts are their names and what is put into them, but for those given.
-inline LanguageTexts NamedTexts(std::string language) {
+/// The text of a language file whose texts are their names and what is put into them.
+inline std::string NamedLanguage() {
+  std::string language;
   for (const auto& [number, name] : TextNames())
     language += "\n" + std::to_string(number) + "=" + name + " %1 %2 %3 %4 %5 %6";
+  return language;
+}
+
+/// That language, but for the texts that are given.
+inline LanguageTexts NamedTexts(const std::string& given) {
   LanguageTexts texts;
-  texts.Read(language);
+  texts.Read(given + NamedLanguage());
   return texts;
 }
 
