@@ -12,7 +12,6 @@
 
 #include "commands/Commands.h"
 #include "export/BatchExport.h"
-#include "system/Interrupt.h"
 #include "system/Paths.h"
 #include "system/Process.h"
 #include "text/Windows1252.h"

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 
 #include "settings/Settings.h"
@@ -16,11 +17,18 @@ struct Countdowns {
   std::int16_t ReplyCountdown = 0;         // until a catalogue transfer gives up
 
   /// Counts all of them but `IdleCountdown` down by one; that one belongs to the connection.
-  void Tick();
+  void Tick() {
+    for (std::int16_t* const countdown :
+         {&WaitCountdown, &AfterConnectCountdown, &DelayCountdown, &ReplyCountdown}) {
+      if (*countdown > 0) --*countdown;
+    }
+  }
 };
 
 /// Seconds as ticks; what a 16-bit countdown can't hold gives the longest one, below 0 gives 0.
-std::int16_t TicksOf(double seconds);
+inline std::int16_t TicksOf(double seconds) {
+  return static_cast<std::int16_t>(std::clamp(seconds * kTicksPerSecond, 0.0, 32767.0));
+}
 
 /// The waits of a session.
 class Waits {

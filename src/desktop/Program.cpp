@@ -16,7 +16,6 @@
 #include "desktop/StartUp.h"
 #include "desktop/Tour.h"
 #include "forms/main/ZV_Main.h"
-#include "system/Interrupt.h"
 #include "system/Paths.h"
 #include "system/Process.h"
 #include "ui/WxPrompts.h"

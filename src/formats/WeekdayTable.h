@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -33,7 +34,14 @@ struct WeekdayTable {
   void Clear() { *this = {}; }
 
   /// Used rows of the seven days of `type` (0 Monday to Sunday, 1 SD1 to SD7), all days together.
-  std::size_t UsedRows(std::size_t type) const;
+  std::size_t UsedRows(std::size_t type) const {
+    std::size_t used = 0;
+    for (std::size_t day = type * kDaysOfType; day < (type + 1) * kDaysOfType; ++day) {
+      used += static_cast<std::size_t>(
+          std::count_if(days[day].begin(), days[day].end(), [](auto& row) { return row.Used(); }));
+    }
+    return used;
+  }
 
   bool operator==(const WeekdayTable&) const = default;
 };

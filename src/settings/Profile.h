@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "system/Files.h"
+#include "text/Fields.h"
 
 namespace zek {
 
@@ -36,8 +37,10 @@ class Profile {
 };
 
 /// True exactly when the value is "YES" in any case.
-bool ReadYesNo(const Profile& profile, std::string_view section, std::string_view key,
-               std::string_view fallback);
+inline bool ReadYesNo(const Profile& profile, std::string_view section, std::string_view key,
+                      std::string_view fallback) {
+  return EqualNoCase(profile.ReadIni(section, key, fallback), "YES");
+}
 
 /// The settings file at `path`, read by the platform's profile calls where the system has them,
 /// else by our own code, which behaves the same; written by that everywhere. `files` outlives it.

@@ -6,7 +6,7 @@
 #include <wx/timer.h>
 
 #include "settings/Settings.h"
-#include "system/Interrupt.h"
+#include "system/Process.h"
 #include "system/Turn.h"
 
 namespace zek {

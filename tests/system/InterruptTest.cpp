@@ -1,7 +1,7 @@
 #include <csignal>
 #include <gtest/gtest.h>
 
-#include "system/Interrupt.h"
+#include "system/Process.h"
 
 namespace zek {
 namespace {

@@ -7,7 +7,6 @@
 
 #include "app/StartSession.h"
 #include "forms/StatusChain.h"
-#include "forms/browser/ZV_TSCHistory.h"
 #include "forms/calendar/ZV_SDC.h"
 #include "forms/exception/ZV_OVC.h"
 #include "forms/weekday/ZV_WDC.h"

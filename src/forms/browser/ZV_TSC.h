@@ -115,4 +115,8 @@ enum Menu : int {
 /// export by itself and closes.
 void ShowBrowser(wxWindow* parent, ZV_Proc& proc, WxTurn& turn);
 
+/// Shows the earlier local copies of the selected node's catalogues, how each differs from the
+/// present one, and restores the one that the user chooses. Modal.
+void ShowHistory(wxWindow* parent, ZV_Proc& proc);
+
 }  // namespace zek

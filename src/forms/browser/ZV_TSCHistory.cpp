@@ -1,5 +1,3 @@
-#include "forms/browser/ZV_TSCHistory.h"
-
 #include <array>
 #include <utility>
 
@@ -12,6 +10,7 @@
 #include <wx/textctrl.h>
 #include <wx/weakref.h>
 
+#include "forms/browser/ZV_TSC.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "text/Controls.h"

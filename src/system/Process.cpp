@@ -1,4 +1,4 @@
-#include "system/Interrupt.h"
+#include "system/Process.h"
 
 #include <atomic>
 #include <csignal>
