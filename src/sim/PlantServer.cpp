@@ -5,8 +5,8 @@
 
 #include <wx/platinfo.h>
 
-#include "plant/PlantDde.h"
 #include "plant/PlantFolder.h"
+#include "sim/PlantDde.h"
 
 namespace zek::sim {
 

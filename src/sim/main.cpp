@@ -9,9 +9,9 @@
 
 #include <wx/app.h>
 
-#include "plant/PlantDde.h"
 #include "plant/PlantFolder.h"
 #include "plant/PlantOptions.h"
+#include "sim/PlantDde.h"
 #include "sim/PlantServer.h"
 #include "system/Process.h"
 

@@ -1,6 +1,6 @@
 #include <iostream>
 
-#include "plant/PlantDde.h"
+#include "sim/PlantDde.h"
 #include "text/Windows1252.h"
 
 namespace zek::sim {

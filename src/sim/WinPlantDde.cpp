@@ -10,7 +10,7 @@
 #include <wx/timer.h>
 
 #include "plant/PlantConversation.h"
-#include "plant/PlantDde.h"
+#include "sim/PlantDde.h"
 #include "text/Fields.h"
 #include "text/Windows1252.h"
 

@@ -1,4 +1,4 @@
-#include "plant/PlantDde.h"
+#include "sim/PlantDde.h"
 
 namespace zek::sim {
 
