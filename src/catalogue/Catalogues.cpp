@@ -144,8 +144,7 @@ class Saving {
     if (!delays) return false;
     std::optional<Verification> verification;
     {
-      const CountedUp busy(p_.exchange.status,
-                           &StatusPanels::Busy);  // stay busy between sending and verifying
+      const CountedUp busy(p_.exchange.status, &StatusPanels::Busy);  // no gap between the two
       if (Send()) verification = VerifyCatalogue(id_, draft_, p_, *delays);
     }
     if (!verification) {
