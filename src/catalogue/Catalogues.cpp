@@ -165,7 +165,7 @@ class Saving {
 }  // namespace
 
 std::optional<CatalogueContent> Catalogues::GetCatalogue(const CatalogueId& id, CopyUse use) {
-  // Called during the wait of another transfer, a read would replace that transfer's lines.
+  // During the wait of another transfer, a read would replace that transfer's lines.
   if (p_.exchange.status.Busy > 0) return std::nullopt;
   std::optional<CatalogueContent> content = Reading(id, use, p_).Run();
   if (content) Remember(id, *content);

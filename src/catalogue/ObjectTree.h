@@ -32,7 +32,7 @@ struct TreeNode {
   std::int16_t Object = 0;            // the object's index in the topic table
   std::optional<std::size_t> Parent;  // index of the root node in the tree; empty for a root
   std::string TscName;                // the time control's name; "" of a root
-  std::int32_t PickListTable = 0;     // the number behind "TXI_"; 0 = none
+  std::int32_t PickListTable = 0;     // the number after "TXI_"; 0 = no pick-list
 
   bool IsTimeControl() const { return Parent.has_value(); }
 };

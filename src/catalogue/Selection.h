@@ -12,11 +12,11 @@ namespace zek {
 
 /// The node of the browser that Get, Erase, the transfers and the connection work on.
 struct Selection {
-  std::int16_t CurrentObject = -1;  // the object's index in the topic table; -1 = none
+  std::int16_t CurrentObject = -1;  // the object's index in the topic table; -1 = no selection
   std::string TscName;              // of the time control; "" for a root node
   Generation generation = Generation::Zek1;
   LocalFileNames LocalFiles;
-  std::int32_t PickListTable = 0;  // the number behind "TXI_"; 0 = none
+  std::int32_t PickListTable = 0;  // the number after "TXI_"; 0 = no pick-list
 
   /// Returns a catalogue of this node.
   CatalogueId Id(Catalogue catalogue) const;

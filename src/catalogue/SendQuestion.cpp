@@ -22,7 +22,7 @@ struct Section {
   ChangeKind kind;
   bool leaving;
   std::int32_t heading;
-  std::int32_t note;  // 0 for none
+  std::int32_t note;  // 0: no note
 };
 
 constexpr auto kChangeSections = std::to_array<Section>({

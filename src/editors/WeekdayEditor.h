@@ -60,7 +60,7 @@ class WeekdayEditor {
 
   std::size_t Type() const { return type_; }      // 0 Monday to Sunday, 1 SD1 to SD7
   std::size_t Row() const { return row_; }        // 0 to 15
-  std::size_t Column() const { return column_; }  // the column for Copy and Erase and Erase
+  std::size_t Column() const { return column_; }  // the column for Copy and Erase
   void ShowType(std::size_t type);
   void ShowRow(std::size_t row);
   void FocusColumn(std::size_t column);

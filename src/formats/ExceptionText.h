@@ -37,10 +37,10 @@ struct ExceptionOptions {
 /// | 70     "!"                                | 54-    stop value, "." for none            |
 /// | 71-    stop value, "." for none           |                                            |
 ///
-/// A start value of none is "." alone, without the blanks behind it. A ZEK1 line has years 1990 to
-/// 2089 and, without a stop date, no stop time either. Line 101 of PLT1 and line 1 of a ZEK2:
 /// A missing start value is "." alone, without trailing blanks. A ZEK1 line has years 1990 to 2089
 /// and, without a stop date, no stop time either. Line 101 of PLT1 and line 1 of a ZEK2:
+///  "  101 !PLT1        !24-DEC-26,08:00..26-DEC-26,17:00       !21       !16"
+///  "1     24-DEC-2026..26-DEC-2026 !08:00..17:00 !21    !16"
 
 /// The control whose lines are read. A ZEK1 lists the exceptions of all time controls together; a
 /// ZEK2 lists those of one control.

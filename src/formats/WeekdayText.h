@@ -58,7 +58,7 @@ struct WeekdayReading {
 WeekdayReading ReadWeekday(std::span<const std::string> lines, std::string_view name);
 
 enum class BuildStart {
-  Afresh,      // the new catalogue holds the table's lines only
+  Afresh,      // the new catalogue has only the table's lines
   FromBuffer,  // it also keeps the old lines, except those with this name or a "*"
 };
 
