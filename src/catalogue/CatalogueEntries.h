@@ -23,7 +23,6 @@ struct CatalogueRules {
   char decimalSeparator = '.';
 };
 
-/// Returns the rules of a catalogue.
 CatalogueRules RulesOf(const CatalogueId& id, const Settings& settings);
 
 /// One entry of a catalogue, in a form that is equal in two catalogues with the same meaning. A

@@ -18,7 +18,6 @@ struct Selection {
   LocalFileNames LocalFiles;
   std::int32_t PickListTable = 0;  // the number after "TXI_"; 0 = no pick-list
 
-  /// Returns a catalogue of this node.
   CatalogueId Id(Catalogue catalogue) const;
   bool Has(Catalogue catalogue) const { return !LocalFiles[catalogue].empty(); }
 };

@@ -55,7 +55,7 @@ class CalendarTable {
 
   int BaseYear() const { return baseYear_; }
 
-  /// The entries in use, in the order of their arrival until `Sort`.
+  /// The entries in use, in the order in which they were added until `Sort`.
   std::span<const CalendarEntry> Used() const { return std::span(entries_).first(used_); }
 
   /// Returns `kNoDayType` for a day without an entry.

@@ -66,8 +66,8 @@ inline std::string ClockText(int minutes) {
 inline constexpr float kNoValue = 999999.F;
 inline constexpr std::string_view kNoValueText = ".";
 
-/// Parses the value of a field. "," and "." are both decimal separators; text that is not a number
-/// reads as 0.
+/// Parses the value of a field; "." alone is `kNoValue`. "," and "." are both decimal separators;
+/// text that is not a number reads as 0.
 float ReadValue(std::string_view field);
 
 /// The text of a value in a line ("." for `kNoValue`) and in a box ("" for `kNoValue`).

@@ -14,7 +14,7 @@ namespace zek {
 enum class ExceptionBox { DateOn, Start, ValueOn, DateOff, Stop, ValueOff };
 inline constexpr std::size_t kExceptionBoxes = 6;
 
-/// A text for each box of a row.
+/// The text of each box of a row, windows-1252.
 struct ExceptionTexts {
   std::array<std::string, kExceptionBoxes> texts;
 

@@ -158,7 +158,6 @@ constexpr std::string_view kOldBlank =
     "      !            !                                       ";
 constexpr std::string_view kModernBlank = "                               !             ";
 
-// Returns the first line number.
 int FirstNumber(const ExceptionOwner& owner, std::span<const std::string> lines,
                 const ExceptionOptions& options) {
   constexpr std::int64_t limit = 1'000'000;
