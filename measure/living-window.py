@@ -2,10 +2,10 @@
 """living-window.py PROGRAMS DATA [FAULT...]: does the window stay responsive?
 
 On the screen that DISPLAY names, zekview fetches a calendar and sends one, driven by its keys,
-while the server fails in every way it can. Meanwhile the window is asked again and again whether it
-is alive, as a window manager does. For each fault the longest time to an answer is printed, with and
-without the time that the program or the X server waited for a processor. If the time without is
-more than 50 ms, it is measured four more times, and the median of the five counts.
+while the server fails in every way it can. Meanwhile the window is asked again and again whether
+it is alive, as a window manager does. For each fault the longest time to an answer is printed,
+with and without the time that the program or the X server waited for a processor. If the time
+without is more than 50 ms, it is measured four more times, and the median of the five counts.
 """
 
 import os

@@ -22,7 +22,7 @@ void RememberPlacement(wxTopLevelWindow& form, const std::string& name);
 /// The font of all text boxes and of the log: fixed pitch.
 wxFont FixedFont();
 
-/// Calls `refresh` within 20 ms of `Request`. Any number of requests in that time cause one call.
+/// Calls `refresh` 20 ms after `Request`. Further requests in that time cause no further call.
 class FrameRefresh {
  public:
   explicit FrameRefresh(std::function<void()> refresh);

@@ -31,8 +31,8 @@ long StyleOf(Icon icon) {
 // Warnings default to No, so that repeated Enter never confirms one.
 long Standard(Icon icon) { return icon == Icon::Exclamation ? wxNO_DEFAULT : wxYES_DEFAULT; }
 
-// The form that was opened last: the parent of a message box. The active window does not serve,
-// because there may be no active window during a transfer.
+// The form that was opened last: the parent of a message box. Not the active window, because there
+// may be none during a transfer.
 wxWindow* LastForm() {
   wxWindow* last = nullptr;
   for (wxWindow* const form : wxTopLevelWindows) {

@@ -14,7 +14,7 @@ namespace zek {
 /// of visible lines, not on the number of lines received.
 class LogList final : public wxListView {
  public:
-  /// Longer lines are shown shortened; the log keeps them whole.
+  /// Longer lines are shortened in the list; the log keeps the whole line.
   static constexpr std::size_t kShownCharacters = 1000;
 
   LogList(wxWindow* parent, const ReplyLog& log);
@@ -32,7 +32,7 @@ class LogList final : public wxListView {
 
   const ReplyLog& log_;
   std::uint64_t added_ = 0;     // the log's counter at the last `ShowNew`
-  std::uint64_t replaced_ = 0;  // likewise
+  std::uint64_t replaced_ = 0;  // the same
   std::size_t widest_ = 0;      // characters of the longest line shown so far
 };
 
