@@ -134,8 +134,7 @@ bool IsPlainLine(std::string_view line) {
 
 bool IsPlantValue(std::string_view text) {
   std::string value(Trim(text));
-  std::replace(value.begin(), value.end(), ',',
-               '.');  // clients send the decimal separator of their system
+  std::replace(value.begin(), value.end(), ',', '.');  // clients send either separator
   return value == "." || IsNumeric(value);
 }
 
