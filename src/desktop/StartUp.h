@@ -19,7 +19,7 @@ namespace zek {
 std::string Complaint(const CommandLine& line, const std::string& programPath);
 
 /// Starts the session of the desktop program: asks for the language, allows one instance only, uses
-/// the system's number format. `instance` is this instance's lock and must outlive the session.
+/// the system's number format. `instance` is the lock: its destructor lets another instance start.
 /// Returns an exit status if the program must end.
 std::optional<ExitStatus> StartUp(ZV_Proc& proc, const CommandLine& line,
                                   wxSingleInstanceChecker& instance);
