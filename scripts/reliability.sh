@@ -5,7 +5,7 @@ set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
 
-all=(faults saving history sending undo re-entry nobody-in soak living-window round-trips
+all=(faults saving history sending undo re-entry intrusion soak living-window round-trips
   fuzz mutants)
 bin=build/bin
 log=build/reliability.log
@@ -22,7 +22,7 @@ measure() {
     sending) tests '*Changes*:*CatalogueFaults*:*Send*' ;;
     undo) tests '*Undo*' && windows '*EditorForm*' ;;
     re-entry) tests '*Reentry*' && windows '*WindowReentry*' ;;
-    nobody-in)
+    intrusion)
       tests 'Password.*:*EveryByte*' && windows '*EveryByte*' && "$bin/zekview-peer-cost" &&
         measure/greedy-peers.py "$bin" data 1024 &&
         scripts/headless.sh measure/network-calls.py "$bin" data
