@@ -35,6 +35,27 @@ TEST(Limits, CharactersOfAReplyLineAndOfAPiece) {
   }
 }
 
+TEST(Limits, CharactersThatAreKeptOfWhatDoesNotEnd) {
+  const std::string endless(3 * kLongestReply, 'x');
+  SocketText socket;
+  std::size_t handedOver = 0;
+  socket.Reset(false);
+  for (const std::string& text : {endless, std::string("\xFF")})
+    socket.Take(text, [&](std::string_view piece) { handedOver = piece.size(); });
+  EXPECT_EQ(handedOver, kLongestReply);
+}
+
+TEST(Limits, SequenceNumbers) {
+  SocketText socket;
+  std::string last;
+  socket.Reset(true);
+  const auto take = [&] { socket.Take("x", [&](std::string_view text) { last = text; }); };
+  for (int text = 0; text < 10000; ++text) take();
+  EXPECT_EQ(last, "9999>x");
+  take();
+  EXPECT_EQ(last, "0000>x");
+}
+
 TEST(Limits, DotsAndTicks) {
   StatusPanels panels;
   for (int dots = 1; dots <= 251; ++dots) {
