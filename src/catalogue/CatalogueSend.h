@@ -4,6 +4,9 @@
 
 namespace zek {
 
+/// How a write ended. Until it has begun, the controller still has what it had.
+enum class SendOutcome { NotBegun, Failed, Sent };
+
 /// Sends a catalogue to its controller in at most three attempts, with the pauses of section
 /// "SaveDelay". `Sent` means that the link held through every step and no line was refused.
 SendOutcome SendCatalogue(const CatalogueId& id, const CatalogueDraft& draft,

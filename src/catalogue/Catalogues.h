@@ -32,9 +32,6 @@ struct CatalogueDraft {
   std::vector<std::string> notInLines;  // what the editor's table holds and lines can't, in words
 };
 
-/// How a write ended. Until it has begun, the controller still has what it had.
-enum class SendOutcome { NotBegun, Failed, Sent };
-
 /// Reads and writes the catalogues of the plant. Failures are shown to the user.
 class Catalogues {
  public:
@@ -57,14 +54,6 @@ class Catalogues {
   CatalogueContent LastKnown(const CatalogueId& id) const;
 
  private:
-  std::optional<CatalogueContent> GetOrLoad(const CatalogueId& id, CopyUse use);
-  std::optional<CatalogueContent> FetchAndStore(const CatalogueId& id);
-  bool MayUseCopy(const CatalogueId& id, CopyUse use) const;
-  void RefuseLocalMode(const CatalogueId& id) const;
-  bool Send(const CatalogueId& id, const CatalogueDraft& draft);
-  bool SendAndVerify(const CatalogueId& id, const CatalogueDraft& draft);
-  void RememberSent(const CatalogueId& id, const CatalogueDraft& draft, SendOutcome outcome);
-  bool TellSent(SendOutcome outcome) const;
   void Remember(const CatalogueId& id, CatalogueContent content) {
     last_ = {id, std::move(content)};
   }
