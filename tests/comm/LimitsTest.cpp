@@ -5,7 +5,6 @@
 #include "comm/ReplyReader.h"
 #include "comm/SocketText.h"
 #include "comm/StatusPanels.h"
-#include "support/TestSession.h"
 
 // What holds at a limit, and what one more changes.
 namespace zek {
@@ -65,19 +64,6 @@ TEST(Limits, DotsAndTicks) {
   EXPECT_EQ(TicksOf(6553.2), 32766);
   EXPECT_EQ(TicksOf(6553.4), 32767);
   EXPECT_EQ(TicksOf(6553.6), 32767);
-}
-
-TEST(Limits, Topics) {
-  for (const int topics : {300, 301}) {
-    test::TestSession session;
-    std::string& ini = session.files.files["/ini/ZEKView.INI"];
-    ini = "[General]\nDisconnectTime=60\nGetTSCTimeout=5\n[Topics]\n";
-    for (int topic = 0; topic < topics; ++topic) ini += "K" + std::to_string(topic) + "=YES\n";
-    session.prompts.shown.clear();
-    session.Load("");
-    EXPECT_EQ(session.proc.topics.TopicCount(), 300);
-    EXPECT_EQ(session.prompts.shown.size(), topics > 300 ? 1U : 0U);
-  }
 }
 
 }  // namespace
