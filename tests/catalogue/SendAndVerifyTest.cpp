@@ -38,7 +38,7 @@ class StorePlayer : public test::SessionPlayer {
     if (what == "read-copy") ReadLocalCopyBefore();
     if (what != "send") return SessionPlayer::Do(what, rest);
     prompts.answers.push_back(rest != "no");
-    const std::string sent = SessionPlayer::Do("save", "WDC");
+    std::string sent = SessionPlayer::Do("save", "WDC");
     toSave.clear();
     return sent;
   }
