@@ -1,4 +1,3 @@
-#include <algorithm>
 #include <array>
 
 #include "Targets.h"
@@ -24,11 +23,5 @@ constexpr auto kTargets = std::to_array<Target>({
 }  // namespace
 
 std::span<const Target> Targets() { return kTargets; }
-
-const Target* FindTarget(std::string_view name) {
-  const auto found = std::find_if(kTargets.begin(), kTargets.end(),
-                                  [name](const Target& each) { return each.name == name; });
-  return found == kTargets.end() ? nullptr : &*found;
-}
 
 }  // namespace zek::fuzz

@@ -3,10 +3,9 @@
 // lines again. The first table of a format that does not is shown with its seed.
 
 #include <algorithm>
-#include <charconv>
 #include <functional>
 #include <iostream>
-#include <optional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -129,25 +128,16 @@ bool Run(const Format& format, std::uint64_t count, std::uint64_t firstSeed) {
   return good == count;
 }
 
-std::optional<std::uint64_t> NumberOf(std::string_view text) {
-  std::uint64_t number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  return number;
-}
-
 }  // namespace
 }  // namespace zek::fuzz
 
-int main(int argc, char** argv) {
-  using zek::fuzz::NumberOf;
-  const auto count = NumberOf(argc > 1 ? argv[1] : "1000");
-  const auto seed = NumberOf(argc > 2 ? argv[2] : "1");
-  if (argc > 3 || !count || !seed) {
-    std::cerr << "usage: zekview-round-trips [COUNT] [SEED]\n";
-    return 2;
-  }
+int main(int argc, char** argv) try {
+  const std::uint64_t count = argc > 1 ? std::stoull(argv[1]) : 1000;
+  const std::uint64_t seed = argc > 2 ? std::stoull(argv[2]) : 1;
   bool good = true;
-  for (const auto& format : zek::fuzz::Formats()) good = Run(format, *count, *seed) && good;
+  for (const auto& format : zek::fuzz::Formats()) good = Run(format, count, seed) && good;
   return good ? 0 : 1;
+} catch (const std::invalid_argument&) {
+  std::cerr << "usage: zekview-round-trips [COUNT] [SEED]\n";
+  return 2;
 }

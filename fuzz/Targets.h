@@ -16,9 +16,6 @@ struct Target {
 /// All of them, in the order in which they are run.
 std::span<const Target> Targets();
 
-/// The one of that name, or none.
-const Target* FindTarget(std::string_view name);
-
 // Settings and languages
 void Settings(std::string_view input);
 void Language(std::string_view input);

@@ -43,6 +43,8 @@ TEST(History, KeepsWhatIsReplacedUnderItsTime) {
   files.files[kLocal] = "third";
   EXPECT_FALSE(history.Keep(std::nullopt, {2026, 1, 2, 3, 4, 5}));
   EXPECT_EQ(Ids(files).back(), "20260102-030405");
+  files.files[kFolder + "f1 WDC 20260102-030405-9999.TXT"] = "fourth";
+  EXPECT_EQ(Ids(files).size(), 4U);
 }
 
 TEST(History, TheOldestGoAndOnlyOnesOfItsOwn) {
@@ -94,6 +96,9 @@ TEST(History, LongNamesAreCutAndKeptApart) {
     EXPECT_FALSE(history.Keep(std::nullopt, kMorning));
     ASSERT_EQ(history.Kept().size(), 1U);
     EXPECT_LE(history.Kept()[0].path.size(), 255 + kFolder.size());
+    const char* const hash =
+        last == 'a' ? "~3400330620 " : "~3450663477 ";  // the same in every version
+    EXPECT_NE(history.Kept()[0].path.find(hash), std::string::npos) << history.Kept()[0].path;
     EXPECT_EQ(files.files[history.Kept()[0].path], std::string(1, last));
   }
 }
@@ -139,6 +144,12 @@ TEST_F(HistoryOfTransfers, StoreEraseAndRestoreKeepFirst) {
   EXPECT_TRUE(Restore(Kept()[1]));
   EXPECT_EQ(files.files[path], "old\r\n");
   EXPECT_TRUE(prompts.shown.empty());
+}
+
+TEST_F(HistoryOfTransfers, NoMoreIsKeptThanWanted) {
+  proc.settings.HistoryCount = 1;
+  EXPECT_TRUE(Store({"new"}) && Store({"newer"}));
+  EXPECT_EQ(Kept().size(), 1U);
 }
 
 TEST_F(HistoryOfTransfers, WhatCanNotBeKeptStays) {

@@ -215,6 +215,7 @@ std::string FaultOfState(const Session& session) {
   if (!proc.status.Waiting.empty()) return "waiting for " + proc.status.Waiting;
   if (connection.Sending) return "sending";
   if (connection.CurrentTopic < 0 && !connection.PendingTopic.empty()) return "half connected";
+  if (session.socket.openedTwice) return "opened before it was closed";
   const bool open = session.socket.State() == LinkState::Connected;
   if (!proc.settings.TagMode && open != (connection.CurrentTopic >= 0))
     return "link and topic differ";

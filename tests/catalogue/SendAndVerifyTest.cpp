@@ -9,10 +9,10 @@ namespace {
 
 // A ZEK1 that keeps lines by their number, as far as its faults let it.
 //   stored LINE               it has this line; swallow LINE: it does not take this one, or any
-//   at-list silent            what happens when it is asked for the catalogue: "mute", "hangup",
+//   at-list mute              what happens when it is asked for the catalogue: "mute", "hangup",
 //                             or another command; "at-list" ends that
 //   send                      saves the lines with yes, and forgets them
-//   before, forget            what the next write is compared with; something else was read
+//   forget                    something else was read
 class StorePlayer : public test::SessionPlayer {
  public:
   StorePlayer() {
@@ -36,21 +36,14 @@ class StorePlayer : public test::SessionPlayer {
     if (what == "local") proc.settings.AlwaysUseDSS = !(proc.settings.AlwaysUseLocal = true);
     if (what == "forget") ReadAnotherBefore();
     if (what == "read-copy") ReadLocalCopyBefore();
-    if (what == "before") return Before();
     if (what != "send") return SessionPlayer::Do(what, rest);
     prompts.answers.push_back(rest != "no");
-    const std::string sent = SessionPlayer::Do("save", "WDC");
+    std::string sent = SessionPlayer::Do("save", "WDC");
     toSave.clear();
     return sent;
   }
 
  private:
-  std::string Before() const {
-    std::string before = std::to_string(static_cast<int>(ReadBefore().from));
-    for (const std::string& line : ReadBefore().lines) before += " '" + line + "'";
-    return before;
-  }
-
   void Take(std::string_view command) {
     commands.emplace_back(command);
     if (command.size() > 5 && command[0] == ' ' && command != swallowed_)
@@ -58,8 +51,7 @@ class StorePlayer : public test::SessionPlayer {
     if (command != "LIST WDC") return;
     std::string listing = "WDC\r\n";
     for (const auto& [number, line] : stored_) listing += line + "\r\n";
-    const std::size_t blank = std::min(atList_.find(' '), atList_.size());
-    Do(atList_.substr(0, blank), atList_.substr(std::min(blank + 1, atList_.size())));
+    Play(atList_);
     if (atList_ != "mute" && atList_ != "cancel 0" && atList_ != "quit 0")
       Reply(listing + "EXIT\r\n", 50);
   }

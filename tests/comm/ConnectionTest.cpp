@@ -264,11 +264,12 @@ TEST_F(ConnectionTest, ASilentControllerCostsTenSeconds) {
 }
 
 TEST_F(ConnectionTest, AServerThatHangsUpIsToldAndForgotten) {
+  proc.texts.Read("515=lost %1");
   connection.Connect(kOne);
   socket.HangUp();
   proc.waits.WaitSeconds(1);
   EXPECT_EQ(connection.CurrentTopic, -1);
-  EXPECT_EQ(prompts.shown, Shown{"x T515"});
+  EXPECT_EQ(prompts.shown, Shown{"x lost ONE"});
   EXPECT_FALSE(connection.SendCommand("x"));
   connection.Connect(kOne);
   EXPECT_EQ(connection.CurrentTopic, kOne);

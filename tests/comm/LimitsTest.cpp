@@ -5,7 +5,6 @@
 #include "comm/ReplyReader.h"
 #include "comm/SocketText.h"
 #include "comm/StatusPanels.h"
-#include "support/TestSession.h"
 
 // What holds at a limit, and what one more changes.
 namespace zek {
@@ -35,6 +34,27 @@ TEST(Limits, CharactersOfAReplyLineAndOfAPiece) {
   }
 }
 
+TEST(Limits, CharactersThatAreKeptOfWhatDoesNotEnd) {
+  const std::string endless(3 * kLongestReply, 'x');
+  SocketText socket;
+  std::size_t handedOver = 0;
+  socket.Reset(false);
+  for (const std::string& text : {endless, std::string("\xFF")})
+    socket.Take(text, [&](std::string_view piece) { handedOver = piece.size(); });
+  EXPECT_EQ(handedOver, kLongestReply);
+}
+
+TEST(Limits, SequenceNumbers) {
+  SocketText socket;
+  std::string last;
+  socket.Reset(true);
+  const auto take = [&] { socket.Take("x", [&](std::string_view text) { last = text; }); };
+  for (int text = 0; text < 10000; ++text) take();
+  EXPECT_EQ(last, "9999>x");
+  take();
+  EXPECT_EQ(last, "0000>x");
+}
+
 TEST(Limits, DotsAndTicks) {
   StatusPanels panels;
   for (int dots = 1; dots <= 251; ++dots) {
@@ -44,19 +64,6 @@ TEST(Limits, DotsAndTicks) {
   EXPECT_EQ(TicksOf(6553.2), 32766);
   EXPECT_EQ(TicksOf(6553.4), 32767);
   EXPECT_EQ(TicksOf(6553.6), 32767);
-}
-
-TEST(Limits, Topics) {
-  for (const int topics : {300, 301}) {
-    test::TestSession session;
-    std::string& ini = session.files.files["/ini/ZEKView.INI"];
-    ini = "[General]\nDisconnectTime=60\nGetTSCTimeout=5\n[Topics]\n";
-    for (int topic = 0; topic < topics; ++topic) ini += "K" + std::to_string(topic) + "=YES\n";
-    session.prompts.shown.clear();
-    session.Load("");
-    EXPECT_EQ(session.proc.topics.TopicCount(), 300);
-    EXPECT_EQ(session.prompts.shown.size(), topics > 300 ? 1U : 0U);
-  }
 }
 
 }  // namespace

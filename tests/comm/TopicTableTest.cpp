@@ -26,34 +26,36 @@ TEST(TopicTable, ListsByModeAndSwedishOrder) {
   test::TestSession session;
   session.files.files["/ini/ZEKView.INI"] =
       "[General]\nDisconnectTime=60\nGetTSCTimeout=5\nDialogMode=Default\n"
-      "[Topics]\nA=1,1,,\xD6st\nB=YES,1,,\xE5ker\nC=no,1,,Norr\nD=1,1,,zon\n";
+      "[Topics]\nA=1,1,,\xD6st\nB=YES,1,,\xE5ker\nC=no,1,,Norr\nD=1,1,,zon\nE=1,1,,alfa\n";
   session.Load("");
   EXPECT_EQ(session.proc.topics.Listed(session.proc.settings),
-            (std::vector<std::int16_t>{3, 1, 0}));
+            (std::vector<std::int16_t>{4, 3, 1, 0}));
   session.proc.settings.TopicComboIndex = 1;
   session.proc.settings.DialogMode = 2;
   EXPECT_EQ(session.proc.topics.Listed(session.proc.settings),
-            (std::vector<std::int16_t>{0, 1, 2, 3}));
+            (std::vector<std::int16_t>{0, 1, 2, 3, 4}));
   session.proc.settings.DialogMode = 0;
   EXPECT_TRUE(session.proc.topics.Listed(session.proc.settings).empty());
 }
 
 TEST(TopicTable, TellsOfACutSectionAndOfTooManyTopics) {
   test::TestSession session;
-  std::string topics = "[Topics]\n";
-  for (int i = 0; i < 303; ++i) topics += "T" + std::to_string(i) + "=1\n";
-  session.files.files["/ini/ZEKView.INI"] = topics;
-  session.prompts.shown.clear();
-  session.proc.topics.LoadTopics(session.profile, session.proc.settings, session.proc.texts,
-                                 session.prompts);
-  EXPECT_EQ(session.proc.topics.TopicCount(), 300);
+  const auto load = [&session](const std::string& entries) {
+    session.files.files["/ini/ZEKView.INI"] = "[Topics]\n" + entries;
+    session.prompts.shown.clear();
+    session.proc.topics.LoadTopics(session.profile, session.proc.settings, session.proc.texts,
+                                   session.prompts);
+    return session.proc.topics.TopicCount();
+  };
+  std::string topics;
+  for (int i = 0; i < 300; ++i) topics += "T" + std::to_string(i) + "=1\n";
+  EXPECT_EQ(load(topics), 300);
+  EXPECT_TRUE(session.prompts.shown.empty());
+  EXPECT_EQ(load(topics + "T=1\n"), 300);
   EXPECT_EQ(session.prompts.shown, std::vector<std::string>{"x T510"});
 
-  session.files.files["/ini/ZEKView.INI"] = "[Topics]\nA=" + std::string(20'000, 'x') + "\n";
-  session.proc.topics.LoadTopics(session.profile, session.proc.settings, session.proc.texts,
-                                 session.prompts);
+  EXPECT_EQ(load("A=" + std::string(20'000, 'x') + "\n"), 1);
   EXPECT_EQ(session.prompts.shown.back(), "x T408\r\n16382 (>16384)\r\nT409");
-  EXPECT_EQ(session.proc.topics.TopicCount(), 1);
 }
 
 }  // namespace

@@ -252,9 +252,8 @@ class CalendarPlayer final : public Player {
   std::string Do(const Words& words) override {
     const std::string& what = words[0];
     const LanguageTexts& texts = session_.proc.texts;
-    const bool mouse = words[1].empty() || words[1] == "-";
-    const std::optional<int> day =
-        mouse ? std::nullopt : std::optional(std::atoi(words[1].c_str()));
+    const bool number = words[1].find_first_of("0123456789") != std::string::npos;
+    const auto day = number ? std::optional(std::stoi(words[1])) : std::nullopt;
     if (what == "press") editor_.Press(day);
     if (what == "drag") editor_.Drag(day);
     if (what == "release") editor_.Release(day, prompts_, texts);

@@ -24,6 +24,7 @@ TEST(CalendarEditor, MonthsBeginInTheirColumn) {
   EXPECT_EQ(december.FirstColumn(), 1);  // 1 December 2026 is a Tuesday
   EXPECT_EQ(december.DayAt(0, 0), std::nullopt);
   EXPECT_EQ(december.DayAt(0, 1), 1);
+  EXPECT_EQ(december.DayAt(1, 0), 7);
   EXPECT_EQ(december.DayAt(4, 3), 31);
   EXPECT_EQ(december.DayAt(4, 4), std::nullopt);
   EXPECT_EQ(december.DayAt(-1, 3), std::nullopt);

@@ -2,6 +2,7 @@
 
 #include "app/StartSession.h"
 #include "export/BatchExport.h"
+#include "export/CatalogueRecords.h"
 #include "support/SessionPlayer.h"
 #include "system/Paths.h"
 
@@ -12,6 +13,7 @@ const std::string kFolder = WithSeparator("/zek/Batch");
 
 // A plant of an old controller with two time controls and a modern one with two.
 //   batch WDC SDC             an export of these kinds; how it ended, and what the controllers got
+//   progress                  how it showed where it stood
 //   skv WDC, report           one of its files; the report that is stored beside them
 //   at VS1 full disk          another command when the walk comes to this time control; "at end"
 //   stop 500                  a cancel
@@ -20,7 +22,11 @@ class BatchPlayer : public test::SessionPlayer {
   BatchPlayer() {
     std::string& ini = files.files["/ini/ZEKView.INI"];
     ini.insert(ini.find("[TWO]"), "VS1=  Plant 1/DUC 1\r\n");
-    proc.now = [] { return LocalTime{2026, 11, 21, 8, 30, 59}; };
+    proc.now = [] { return LocalTime{2026, 1, 2, 3, 4, 5}; };
+    proc.status.Changed = [this] {
+      const std::string now = test::Filled(BatchProgress(proc));
+      if (!progress_.ends_with(now + "; ")) progress_ += now + "; ";
+    };
     batch.Selected = [this](std::size_t node) { OnSelected(node); };
     Load("");
     prompts.shown.clear();
@@ -44,10 +50,11 @@ class BatchPlayer : public test::SessionPlayer {
     if (what == "cut") proc.batch.PlantCut = true;
     if (what == "empty") proc.tree.clear();
     if (what == "well") files.failWrites.reset();
-    if (what == "skv") return FileText(rest + "261121_083059.SKV");
+    if (what == "progress") return std::exchange(progress_, {});
+    if (what == "skv") return FileText(rest + "260102_030405.SKV");
     if (what == "report") {
       batch.StoreReport();
-      return FileText("BATCH261121_083059.TXT") + Told();
+      return FileText("BATCH260102_030405.TXT") + Told();
     }
     return what == "batch" ? Exported(rest) : SessionPlayer::Do(what, rest);
   }
@@ -58,8 +65,7 @@ class BatchPlayer : public test::SessionPlayer {
     pieces = control.Object == 0;
     std::string command = at_[control.TscName];
     if (proc.batch.State == BatchState::OvcPass) command += at_["end"];
-    const std::size_t blank = std::min(command.find(' '), command.size());
-    Do(command.substr(0, blank), command.substr(std::min(blank + 1, command.size())));
+    Play(command);
   }
 
   std::string FileText(const std::string& name) {
@@ -88,6 +94,7 @@ class BatchPlayer : public test::SessionPlayer {
 
   BatchExport batch{proc};
   std::map<std::string, std::string> at_;
+  std::string progress_;
 };
 
 TEST(BatchExport, Cases) {
@@ -104,9 +111,16 @@ TEST(BatchExport, AnAbandonedBatchKeepsWhatItHas) {
   player.PlayAll(test::CasesOf("batch-plant.txt").at(0).given);
   player.Abandon(2);
   EXPECT_FALSE(player.proc.batch.IsRunning());
-  const std::string& file = player.files.files[kFolder + "WDC261121_083059.SKV"];
+  const std::string& file = player.files.files[kFolder + "WDC260102_030405.SKV"];
   EXPECT_NE(file.find("Heating ;Start;07:00"), std::string::npos);
-  EXPECT_TRUE(file.ends_with("Batch stoppad 26-11-21 08:30:59\r\n"));
+  EXPECT_TRUE(file.ends_with("Batch stoppad 26-01-02 03:04:05\r\n"));
+}
+
+TEST(BatchExport, LabelsAreCutAtTheirSlashes) {
+  TreeNode node;
+  node.Text = "  Plant/DUC/Air/x [TSC1]";
+  const RecordLabels labels = LabelsOf(node);
+  EXPECT_EQ(labels.object + "," + labels.duc + "," + labels.destination, "Plant,DUC,Air");
 }
 
 TEST(BatchFile, TheFirstFaultIsTheOneThatIsTold) {

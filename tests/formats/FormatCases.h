@@ -18,7 +18,9 @@ struct FormatCase {
   std::vector<std::string> lines;
 
   std::string Name() const { return std::string(Trim(GetField(head, 0, "|"))); }
-  bool Has(const std::string& option) const { return head.find("| " + option) != head.npos; }
+  bool Has(const std::string& option) const {
+    return head.find("| " + option) != std::string::npos;
+  }
   /// The number behind an option.
   int Number(const std::string& option) const {
     return std::stoi(head.substr(head.find("| " + option) + 2 + option.size()));

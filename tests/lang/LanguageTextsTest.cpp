@@ -14,6 +14,7 @@ TEST(LanguageTexts, ReadsLines) {
       "0=Svenska\r\ncomment\n12=Spara=Save\n 13 =\n12=second\n-1=x\n600x=y\n"
       "2147483647=last\n2147483648=none");
   EXPECT_EQ(texts.Text(2147483647), "last");
+  EXPECT_EQ(texts.Text(-2147483647 - 1), "Invalid Text (-2147483648)") << "none is beyond";
   EXPECT_EQ(texts.Text(12), "Spara");
   EXPECT_EQ(texts.Text(13), "");
   EXPECT_EQ(texts.Text(600), "y");

@@ -38,21 +38,17 @@ TEST_F(PlantFolder, DemoPlantHoldsOnlyLinesItWouldTake) {
   Outstation* const office = demo.plant.FindDus(3);
   ASSERT_TRUE(school != nullptr && office != nullptr);
   EXPECT_EQ(office->controls.size(), 5U);
-  for (const auto& [number, line] : school->weekday.lines) EXPECT_TRUE(IsZek1WeekdayLine(line));
+  const auto check = [](const PlantCatalogue& catalogue, const auto& isTaken) {
+    for (const auto& [number, line] : catalogue.lines) EXPECT_TRUE(isTaken(line)) << line;
+  };
+  check(school->weekday, IsZek1WeekdayLine);
   for (const Outstation* each : {school, office}) {
-    for (const auto& [number, line] : each->calendar.lines) {
-      EXPECT_TRUE(IsCalendarLine(line, each->generation)) << line;
-    }
-  }
-  for (const auto& [number, line] : school->exceptions.lines) {
-    EXPECT_TRUE(IsExceptionLine(line, Generation::Zek1)) << line;
-  }
-  for (const TimeControl& control : office->controls) {
-    for (const auto& [number, line] : control.weekday.lines) {
-      EXPECT_TRUE(IsZek2WeekdayLine(line, control.name)) << line;
-    }
-    for (const auto& [number, line] : control.exceptions.lines) {
-      EXPECT_TRUE(IsExceptionLine(line, Generation::Zek2)) << line;
+    const Generation generation = each->generation;
+    check(each->calendar, [=](auto& line) { return IsCalendarLine(line, generation); });
+    check(each->exceptions, [=](auto& line) { return IsExceptionLine(line, generation); });
+    for (const TimeControl& control : each->controls) {
+      check(control.weekday, [&](auto& line) { return IsZek2WeekdayLine(line, control.name); });
+      check(control.exceptions, [=](auto& line) { return IsExceptionLine(line, generation); });
     }
   }
 }

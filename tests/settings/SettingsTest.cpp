@@ -106,7 +106,7 @@ TEST(Settings, SwitchesAreFoundAnywhereInAnyCase) {
 TEST(CommandLine, OptionsAreTakenOutBeforeTheSwitches) {
   const CommandLine line =
       ParseCommandLine({"/LOCAL", "--dir", "/srv/LOCAL/batch", "x", "--ini", "/etc/\xC3\xA5"});
-  EXPECT_EQ(line.text, "/LOCAL x");
+  EXPECT_EQ(line.text + line.error, "/LOCAL x");
   EXPECT_EQ(line.dir, "/srv/LOCAL/batch");
   const auto separator = static_cast<char>(std::filesystem::path::preferred_separator);
   EXPECT_EQ(IniPathOf(line, "/p/"), std::string("/etc/\xC3\xA5") + separator);
@@ -114,6 +114,7 @@ TEST(CommandLine, OptionsAreTakenOutBeforeTheSwitches) {
             std::string("C:\\DATA") + separator);
   EXPECT_EQ(IniPathOf(ParseCommandLine({}), "/p/"), "/p/");
   EXPECT_EQ(WithSeparator("c:/data/"), "c:/data/");
+  EXPECT_NE(ParseCommandLine({"--help"}).help.find("/BATCH"), std::string::npos);
   EXPECT_TRUE(ParseCommandLine({"--dir"}).error.starts_with("--dir"));
   EXPECT_NE(ParseCommandLine({"/LOCAL", "--help"}).help, "");
 }

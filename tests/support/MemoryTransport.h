@@ -25,12 +25,14 @@ class MemoryTransport final : public Transport {
   bool acknowledges = true;     // false: what was sent stays unconfirmed
   bool takesThis = true;        // set false by onSent: these bytes were refused after all
   std::vector<LinkTarget> opened;
+  bool openedTwice = false;                   // while it was not closed
   std::string sent;                           // all bytes, of all connections
   std::function<void()> onConnected = [] {};  // the peer's greeting
   std::function<void(std::string_view)> onSent = [](std::string_view) {};
 
   void Open(const LinkTarget& target) override {
     opened.push_back(target);
+    openedTwice |= state_ != LinkState::Closed;
     state_ = LinkState::Opening;
     const unsigned serial = ++serial_;
     if (silent) return;

@@ -29,6 +29,7 @@ namespace zek::test {
 ///   cancel 500, quit 500      in so many milliseconds
 ///   line, value               what is to be saved
 ///   control, copy-name, value-too   of the selected node: its name, its copy, that it has a value
+///   before                    what the next write is compared with
 ///   get WDC, save WDC         a transfer
 ///   show NAME, time, opened   a file, how long the last transfer took, connections so far
 /// Every transfer gives its result, what the user was told, and what the controller got.
@@ -46,12 +47,14 @@ class SessionPlayer : public TransferSession {
   std::string PlayAll(const std::vector<std::string>& lines) {
     std::string outcome;
     for (const std::string& line : lines) {
-      const std::size_t blank = std::min(line.find(' '), line.size());
-      const std::string shown =
-          Do(line.substr(0, blank), line.substr(std::min(blank + 1, line.size())));
+      const std::string shown = Play(line);
       if (!shown.empty()) outcome += shown + "\n";
     }
     return outcome;
+  }
+  std::string Play(const std::string& line) {
+    const std::size_t blank = std::min(line.find(' '), line.size());
+    return Do(line.substr(0, blank), line.substr(std::min(blank + 1, line.size())));
   }
 
  protected:
@@ -59,10 +62,6 @@ class SessionPlayer : public TransferSession {
     const std::size_t equals = std::min(rest.find('='), rest.size());
     const std::string name = rest.substr(0, equals);
     const std::string value = rest.substr(std::min(equals + 1, rest.size()));
-    if (what == "select") {
-      Select(rest);
-      pieces = !rest.starts_with("TWO");
-    }
     if (what == "ini")
       profile.WriteIni(name.substr(0, name.find(' ')), name.substr(name.find(' ') + 1), value);
     if (what == "set") Flag(rest) = true;
@@ -75,6 +74,17 @@ class SessionPlayer : public TransferSession {
       for (int number = std::stoi(value); number > 0; --number) lines += "1 !x/";
       if (what == "copy") files.files["/zek/" + name] = Lined(lines);
       answers_[name].push_back(lines + "EXIT/");
+    }
+    User(what, rest);
+    return what == "get" || what == "save" ? Transferred(what, rest) : Looked(what, rest);
+  }
+
+ private:
+  // What the user and the world do.
+  void User(const std::string& what, const std::string& rest) {
+    if (what == "select") {
+      Select(rest);
+      pieces = !rest.starts_with("TWO");
     }
     if (what == "yes" || what == "no") prompts.answers.push_back(what == "yes");
     if (what == "unreachable") socket.reachable = false;
@@ -90,10 +100,17 @@ class SessionPlayer : public TransferSession {
     if (what == "tags") proc.settings.TagMode = true;
     if (what == "line") toSave.push_back(rest);
     if (what == "value") valueToSave_ = rest;
-    if (what == "get" || what == "save") return Transferred(what, rest);
+  }
+
+  std::string Looked(const std::string& what, const std::string& rest) {
     if (what == "show")
       return files.files.contains("/zek/" + rest) ? Shown(files.files["/zek/" + rest]) : "no file";
     if (what == "time") return std::to_string((turn.Now() - start_) / 100 * 100) + " ms";
+    if (what == "before") {
+      std::string before = std::to_string(static_cast<int>(ReadBefore().from));
+      for (const std::string& line : ReadBefore().lines) before += " '" + line + "'";
+      return before;
+    }
     if (what == "log") {
       std::string log;
       for (const std::string& line : proc.log.Lines()) log += Shown(Filled(line)) + "; ";
@@ -104,6 +121,7 @@ class SessionPlayer : public TransferSession {
     return {};
   }
 
+ protected:
   static std::string Lined(std::string text) {
     for (std::size_t at = 0; (at = text.find('/', at)) != std::string::npos;)
       text.replace(at, 1, "\r\n");

@@ -15,8 +15,7 @@ class TransferSession : public TestSession {
  public:
   std::map<std::string, std::string> answers;  // command (no carriage return) to reply text
   std::vector<std::string> commands;           // all that came, in order
-  int replyMilliseconds = 50;
-  bool pieces = true;  // the framing of an address without DUS number
+  bool pieces = true;                          // the framing of an address without DUS number
 
   explicit TransferSession(const std::string& general = "") : TestSession(general) {
     socket.onConnected = [this] {
@@ -41,7 +40,7 @@ class TransferSession : public TestSession {
     if (command.ends_with('\r')) command.pop_back();
     commands.push_back(command);
     const auto answer = answers.find(command);
-    if (answer != answers.end()) Reply(answer->second, replyMilliseconds);
+    if (answer != answers.end()) Reply(answer->second, 50);
   }
 };
 

@@ -10,6 +10,7 @@ TEST(BesideName, StandsBesideItsTargetAndFits) {
   EXPECT_EQ(BesideName("name", 12, 3), "name.zvtmp12-3");
   const std::string longest = BesideName("/dir/" + std::string(300, 'x'), 4'194'304, 100);
   EXPECT_EQ(longest, "/dir/" + std::string(200, 'x') + "~.zvtmp4194304-100");
+  EXPECT_EQ(BesideName(std::string(300, 'x'), 1, 1), std::string(200, 'x') + "~.zvtmp1");
   const std::string device = "NUL" + std::string(250, ' ');
   EXPECT_NE(BesideName(device, 1, 1).find(" ~.zvtmp1"), std::string::npos) << "no device";
   std::string letters = "/x";  // å is two bytes: none of them is cut
