@@ -6,8 +6,8 @@
 
 namespace zek::fuzz {
 
-/// One place where text from outside is read. `run` takes any text and ends the program when what
-/// the program promises of it does not hold.
+/// One place where text from outside is read. `run` accepts any text and ends the program if a check
+/// fails.
 struct Target {
   std::string_view name;  // of its folder in fuzz/corpus, too
   void (*run)(std::string_view input);
@@ -16,7 +16,7 @@ struct Target {
 /// All of them, in the order in which they are run.
 std::span<const Target> Targets();
 
-/// The one of that name, or none.
+/// The target with that name, or null.
 const Target* FindTarget(std::string_view name);
 
 // Settings and languages

@@ -7,12 +7,12 @@
 namespace zek {
 namespace {
 
-// A ZEK1 that keeps lines by their number, as far as its faults let it.
-//   stored LINE               it has this line; swallow LINE: it does not take this one, or any
-//   at-list silent            what happens when it is asked for the catalogue: "mute", "hangup",
-//                             or another command; "at-list" ends that
-//   send                      saves the lines with yes, and forgets them
-//   before, forget            what the next write is compared with; something else was read
+// A ZEK1 that stores lines by their number, with faults.
+//   stored LINE               it has this line; swallow LINE: it does not accept this one, or any
+//   at-list silent            what happens when the catalogue is requested: "mute", "hangup", or
+//                             another command; "at-list" ends that
+//   send                      saves the lines, answers yes, and clears the lines
+//   before, forget            what the next write is compared with; another catalogue was read
 class StorePlayer : public test::SessionPlayer {
  public:
   StorePlayer() {

@@ -7,7 +7,7 @@
 #include "comm/StatusPanels.h"
 #include "support/TestSession.h"
 
-// What holds at a limit, and what one more changes.
+// The behaviour at a limit and one above it.
 namespace zek {
 namespace {
 

@@ -7,7 +7,7 @@
 namespace zek {
 namespace {
 
-// Notes every event as one word.
+// Records every event as one word.
 class Notes final : public ReplyEvents {
  public:
   std::vector<std::string> events;
@@ -18,7 +18,7 @@ class Notes final : public ReplyEvents {
   void OnTextDropped() override { events.emplace_back("DROPPED"); }
 };
 
-// What a socket delivers, cut into pieces of that size.
+// Delivers bytes as a socket does, in pieces of `size`.
 std::vector<std::string> Deliver(const std::string& bytes, std::size_t pieceSize, bool hasDus) {
   Notes notes;
   ReplyReader reader;
@@ -127,7 +127,7 @@ TEST(ReplyLog, KeepsTheLast250AndShowsControls) {
   for (int i = 0; i < 300; ++i) log.Add(std::to_string(i));
   EXPECT_EQ(log.Lines().size(), 250U);
   EXPECT_EQ(log.Lines().front(), "50");
-  log.Add("x\x01");  // behind lines that were looked at
+  log.Add("x\x01");  // after lines that were already read
   log.Add("y");
   EXPECT_EQ(log.Lines().front(), "52");
   EXPECT_EQ(log.Lines()[248], "x<1>");
@@ -141,7 +141,7 @@ TEST(ReplyLog, AFileMayBeLongerAndShrinksLineByLine) {
   EXPECT_EQ(log.Lines().size(), 400U);
   EXPECT_EQ(log.Lines().back(), "new");
   EXPECT_EQ(log.Added(), 1U);
-  EXPECT_EQ(log.Replaced(), 1U);  // a view looks at both
+  EXPECT_EQ(log.Replaced(), 1U);  // a view reads both
   log.Add("not looked at");
   log.Replace({"a\tb"});
   EXPECT_EQ(log.Lines().back(), "a\tb") << "a file's lines are shown as they are";

@@ -10,10 +10,10 @@ namespace {
 
 const std::string kFolder = WithSeparator("/zek/Batch");
 
-// A plant of an old controller with two time controls and a modern one with two.
-//   batch WDC SDC             an export of these kinds; how it ended, and what the controllers got
-//   skv WDC, report           one of its files; the report that is stored beside them
-//   at VS1 full disk          another command when the walk comes to this time control; "at end"
+// A plant with a ZEK1 and a ZEK2 controller, each with two time controls.
+//   batch WDC SDC             an export of these kinds; its result, and what the controllers received
+//   skv WDC, report           one of its files; the report stored beside them
+//   at VS1 full disk          a command to run when the export reaches this time control, or "end"
 //   stop 500                  a cancel
 class BatchPlayer : public test::SessionPlayer {
  public:
@@ -26,7 +26,7 @@ class BatchPlayer : public test::SessionPlayer {
     prompts.shown.clear();
   }
 
-  // Begins an export that never ends.
+  // Starts an export that never ends.
   void Abandon(std::size_t steps) {
     proc.batch.Kinds = {true, false, false};
     BatchExport abandoned(proc);

@@ -11,15 +11,15 @@
 
 namespace zek::test {
 
-/// A case of a table's format. Its head is a time control's name and options behind "|"; it comes
-/// from the lines that are given, or with option "each" from each of them by itself.
+/// A case of a table's format. Its head is a time control's name, followed by options after "|". It
+/// uses all given lines together or, with option "each", one at a time.
 struct FormatCase {
   std::string head;
   std::vector<std::string> lines;
 
   std::string Name() const { return std::string(Trim(GetField(head, 0, "|"))); }
   bool Has(const std::string& option) const { return head.find("| " + option) != head.npos; }
-  /// The number behind an option.
+  /// The number after an option.
   int Number(const std::string& option) const {
     return std::stoi(head.substr(head.find("| " + option) + 2 + option.size()));
   }
@@ -32,7 +32,7 @@ inline std::string ErrorText(const BuildError& error) {
   return text + "\n";
 }
 
-/// What was built; "the same" for the lines that were given.
+/// The built lines, or "the same" if they equal the given ones.
 inline std::string BuiltText(const BuiltLines& built, const std::vector<std::string>& given) {
   if (const auto* error = std::get_if<BuildError>(&built)) return ErrorText(*error);
   const auto& lines = std::get<std::vector<std::string>>(built);

@@ -13,25 +13,25 @@
 
 namespace zek::test {
 
-/// A session that is driven by the lines of a case, each a word and what it needs:
+/// A session driven by the lines of a case. Each line is a word and its arguments:
 ///   select ONE/AHU1           a click in the tree
 ///   ini GetDelay DelayB=5     a setting in ZEKView.INI
 ///   set LocalMode             a flag of the settings
 ///   file NAME=TEXT            a file in the program directory, "/" for CR LF
 ///   answer LIST WDC=HEAD/@500 1000 !x/@600 EXIT/
-///                             what the controller says to a command, parts of it after
-///                             milliseconds; said once, the last answer always. "@50 !hangup",
+///                             the controller's answer to a command, with parts after
+///                             milliseconds; each is given once, the last one always. "@50 !hangup",
 ///                             "!break" and "!full" (nothing more can be sent) are faults
 ///   change LIST WDC=...       instead of the answers so far
-///   many LIST WDC=203, copy NAME=202   an answer or a file of so many lines
+///   many LIST WDC=203, copy NAME=202   an answer or a file with that many lines
 ///   yes, no                   answers the next question
 ///   unreachable, silent, heard, full disk, unreadable disk, lose NAME
-///   cancel 500, quit 500      in so many milliseconds
-///   line, value               what is to be saved
-///   control, copy-name, value-too   of the selected node: its name, its copy, that it has a value
+///   cancel 500, quit 500      after that many milliseconds
+///   line, value               the content to save
+///   control, copy-name, value-too   the selected node's name, its copy, whether it has a value
 ///   get WDC, save WDC         a transfer
-///   show NAME, time, opened   a file, how long the last transfer took, connections so far
-/// Every transfer gives its result, what the user was told, and what the controller got.
+///   show NAME, time, opened   a file, the duration of the last transfer, connections so far
+/// Every transfer gives its result, the messages to the user, and what the controller received.
 class SessionPlayer : public TransferSession {
  public:
   SessionPlayer() {

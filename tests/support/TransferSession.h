@@ -14,7 +14,7 @@ namespace zek::test {
 class TransferSession : public TestSession {
  public:
   std::map<std::string, std::string> answers;  // command (no carriage return) to reply text
-  std::vector<std::string> commands;           // all that came, in order
+  std::vector<std::string> commands;           // all received commands, in order
   int replyMilliseconds = 50;
   bool pieces = true;  // the framing of an address without DUS number
 

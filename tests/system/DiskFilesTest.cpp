@@ -59,7 +59,7 @@ TEST_F(DiskFilesTest, AFileThatIsTooLargeIsNotRead) {
 }
 
 TEST_F(DiskFilesTest, AFailedWriteLeavesTheOldFileAndNothingElse) {
-  std::filesystem::create_directory(temporary.Path() / "taken");  // nothing moves over a folder
+  std::filesystem::create_directory(temporary.Path() / "taken");  // a file cannot replace a folder
   std::filesystem::create_directory(temporary.Path() / "taken" / "inside");
   EXPECT_TRUE(files.Write(folder + "taken", "x"));
   EXPECT_EQ(test::NamesIn(temporary), std::vector<std::string>{"taken"});
