@@ -1,5 +1,6 @@
 // zekview-fuzz-corpora FOLDER: runs every target on each file of its corpus, FOLDER/NAME/*, and on
-// each of them cut short at every place and with every character replaced. An error ends the program.
+// each of them cut short at every place and with every character replaced. An error ends the
+// program.
 
 #include <filesystem>
 #include <fstream>

@@ -6,8 +6,8 @@
 
 namespace zek::fuzz {
 
-/// One place where text from outside is read. `run` accepts any text and ends the program if a check
-/// fails.
+/// One place where text from outside is read. `run` accepts any text and ends the program if a
+/// check fails.
 struct Target {
   std::string_view name;  // of its folder in fuzz/corpus, too
   void (*run)(std::string_view input);

@@ -1,5 +1,5 @@
-// The password of the tag log-on appears in no text that a user can read, whatever error happens and
-// whatever the tag object reports.
+// The password of the tag log-on appears in no text that a user can read, whatever error happens
+// and whatever the tag object reports.
 
 #include <gtest/gtest.h>
 #include <iostream>

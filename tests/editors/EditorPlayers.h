@@ -13,8 +13,8 @@
 #include "formats/FormatCases.h"
 #include "support/TestSession.h"
 
-// Editors driven by text commands; "_" is a blank within a word. Every command gives a line: what is
-// shown, the state ("changed", "undo", "redo"), and the messages to the user.
+// Editors driven by text commands; "_" is a blank within a word. Every command gives a line: what
+// is shown, the state ("changed", "undo", "redo"), and the messages to the user.
 namespace zek::test {
 
 using Words = std::vector<std::string>;

@@ -11,9 +11,9 @@ namespace {
 const std::string kFolder = WithSeparator("/zek/Batch");
 
 // A plant with a ZEK1 and a ZEK2 controller, each with two time controls.
-//   batch WDC SDC             an export of these kinds; its result, and what the controllers received
+//   batch WDC SDC             an export of these kinds; its result and what the controllers got
 //   skv WDC, report           one of its files; the report stored beside them
-//   at VS1 full disk          a command to run when the export reaches this time control, or "end"
+//   at VS1 full disk          a command to run at this time control, or at the "end"
 //   stop 500                  a cancel
 class BatchPlayer : public test::SessionPlayer {
  public:

@@ -16,8 +16,8 @@
 
 namespace zek::window {
 
-/// Drives modal forms: each action runs once its condition holds, inside the event loop that runs at
-/// that time. An action may open a form that a later step closes.
+/// Drives modal forms: each action runs once its condition holds, inside the event loop that runs
+/// at that time. An action may open a form that a later step closes.
 struct Step {
   std::function<bool()> when;
   std::function<void()> act;
@@ -66,8 +66,8 @@ inline void Enter(const std::string& next) {
 inline void Type(const std::string& text) { wxUIActionSimulator().Text(text.c_str()); }
 inline void Escape() { Press(WXK_ESCAPE); }
 
-/// Opens a pick-list and presses keys in it. The menu has its own event loop and does not report when
-/// it accepts keys, so this waits for a fixed time.
+/// Opens a pick-list and presses keys in it. The menu has its own event loop and does not report
+/// when it accepts keys, so this waits for a fixed time.
 inline void InPickList(const std::function<void()>& open, std::vector<int> keys) {
   const wxLongLong begin = wxGetLocalTimeMillis();
   bool done = false;

@@ -11,9 +11,9 @@
 
 namespace zek::test {
 
-/// One case of a text file in tests/cases. It begins with a head line; "< " precedes each given line
-/// and "> " each expected line; ";" begins a comment. "<*201 x" means 201 lines "x". "\x05" is a
-/// control character, "\x20" a blank at the end of a line.
+/// One case of a text file in tests/cases. It begins with a head line; "< " precedes each given
+/// line and "> " each expected line; ";" begins a comment. "<*201 x" means 201 lines "x". "\x05" is
+/// a control character, "\x20" a blank at the end of a line.
 struct TextCase {
   std::string head;
   std::vector<std::string> given;

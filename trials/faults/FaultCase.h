@@ -31,8 +31,9 @@ enum class Fault {
 };
 inline constexpr int kFaults = 15;
 
-/// The place in the dialogue. A step is a command, counted from 0 on each connection, and the line of
-/// its answer before which the fault occurs. There are two more steps before and after all commands.
+/// The place in the dialogue. A step is a command, counted from 0 on each connection, and the line
+/// of its answer before which the fault occurs. There are two more steps before and after all
+/// commands.
 struct Step {
   const char* name;
   int command;

@@ -142,8 +142,8 @@ std::string FaultSession::ValueThere() const {
 }
 
 // Faults that nothing in the dialogue shows: a line of a listing lost between the server and the
-// program, if the transport can lose a part and continue; an extra letter; a command that the server
-// accepted and lost.
+// program, if the transport can lose a part and continue; an extra letter; a command that the
+// server accepted and lost.
 bool FaultSession::IsUnnoticeable() const {
   if (what_.fault == Fault::Lost) return what_.write;
   if (what_.write) return false;
@@ -152,8 +152,8 @@ bool FaultSession::IsUnnoticeable() const {
   return what_.fault == Fault::Char255 && inListing && what_.transport != Transport::TcpPieces;
 }
 
-// A fault that is over at the second attempt and did not prevent the connection. Unconfirmed bytes of
-// a write are detected only after all attempts.
+// A fault that is over at the second attempt and did not prevent the connection. Unconfirmed bytes
+// of a write are detected only after all attempts.
 bool FaultSession::MustSucceed() const {
   if (what_.write && what_.fault == Fault::Drop && what_.IsTcp()) return false;
   return !what_.always && what_.step.command >= 0 && what_.step.command != kClose;
