@@ -35,8 +35,7 @@ TEST(History, KeepsWhatIsReplacedUnderItsTime) {
   EXPECT_EQ(kept[0].time, "2026-11-21 08:30:00");
   EXPECT_EQ(kept[0].path, kFolder + "f1 WDC 20261121-083000.TXT");
   EXPECT_EQ(files.files[kept[0].path], "first");
-  EXPECT_FALSE(
-      history.Keep("third", kMorning));  // already kept: replacing the copy must have failed
+  EXPECT_FALSE(history.Keep("third", kMorning));  // already kept: the replacing must have failed
   EXPECT_EQ(history.Kept().size(), 1U);
   files.files[kLocal] = "second";
   EXPECT_FALSE(history.Keep(std::nullopt, kMorning));  // erased in the same second

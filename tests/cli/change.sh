@@ -24,7 +24,8 @@ change() {
   diff "$home/after" "$home/again" || fail "$kind $node: the change did not come back"
 }
 
-# fails KIND NODE [WORDS]: checks that a fetch fails and that its error message contains these words.
+# fails KIND NODE [WORDS]: checks that a fetch fails and that its error message contains these
+# words.
 fails() {
   local status=0
   cli get "$1" "$2" >"$home/none" || status=$?

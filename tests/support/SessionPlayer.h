@@ -20,8 +20,7 @@ namespace zek::test {
 ///   file NAME=TEXT            a file in the program directory, "/" for CR LF
 ///   answer LIST WDC=HEAD/@500 1000 !x/@600 EXIT/
 ///                             the controller's answer to a command, with parts after
-///                             milliseconds; each is given once, the last one always. "@50
-///                             !hangup",
+///                             milliseconds; each is given once, the last always. "@50 !hangup",
 ///                             "!break" and "!full" (nothing more can be sent) are faults
 ///   change LIST WDC=...       instead of the answers so far
 ///   many LIST WDC=203, copy NAME=202   an answer or a file with that many lines
