@@ -60,7 +60,7 @@ TEST_P(ProfileCases, LongValuesAndDefaults) {
   EXPECT_EQ(read.ReadIni("s", "k", ""), std::string(127, 'x'));
   EXPECT_EQ(read.ReadIni("s", "m", ""), most);
   EXPECT_EQ(read.ReadIni("s", "nix", " d "), " d");
-  // The calls of Wine lose a character when quotes go around as much as fits.
+  // Wine loses a character when quotes surround a value of the largest length.
   if (GetParam().ours) {
     EXPECT_EQ(read.ReadIni("s", "q", ""), most);
   }
