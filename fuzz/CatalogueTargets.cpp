@@ -14,8 +14,8 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-// The first line of an input: two letters that choose, and the time control's name. "2,AHU1" is
-// time control AHU1 of a ZEK2 where numbers have a decimal comma.
+// The first line of an input: two characters of options, then the time control's name. "2,AHU1" is
+// time control AHU1 of a ZEK2, with a decimal comma.
 struct Case {
   Generation generation = Generation::Zek1;
   char separator = '.';
@@ -31,8 +31,8 @@ struct Case {
   }
 };
 
-// What `read` finds in the lines that `build` makes of a table builds the same lines again:
-// they tell more than a comparison of tables would, whose values have more digits than a line.
+// Reads the lines built from a table and builds them again; they must be the same. Comparing tables
+// would not work, because their values have more digits than a line.
 template <class Table, class Read, class Build>
 void DemandRoundTrip(const Table& table, Read read, Build build) {
   const BuiltLines built = build(table);
@@ -71,7 +71,7 @@ void Exceptions(std::string_view input) {
   const ExceptionOwner owner{given.name, given.generation};
   const auto read = [&](const Lines& lines) { return ReadExceptions(lines, owner); };
   ExceptionTable table = read(given.lines).table;
-  // Of too many lines the first eight come in their order, which is no longer that of the dates.
+  // Of too many lines the first eight keep their order, which is then not the order of dates.
   std::stable_sort(
       table.rows.begin(), table.rows.end(),
       [](const OvcRow& left, const OvcRow& right) { return left.start > right.start; });

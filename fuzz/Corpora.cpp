@@ -1,5 +1,5 @@
 // zekview-fuzz-corpora FOLDER: runs every target on each file of its corpus, FOLDER/NAME/*, and on
-// each of them cut short everywhere and with every character replaced. A broken promise ends the
+// each of them cut short at every place and with every character replaced. An error ends the
 // program.
 
 #include <filesystem>
@@ -19,10 +19,10 @@ std::string BytesOf(const fs::path& path) {
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
-// What separates or ends something for one of the targets, and what does nowhere.
+// Characters that separate or end something for one of the targets, and one without a meaning.
 constexpr std::string_view kReplacements("!=[.-9\n\xFF", 8);
 
-// The number of inputs.
+// Returns the number of inputs.
 std::size_t Replay(const zek::fuzz::Target& target, std::string bytes) {
   for (std::size_t length = 0; length <= bytes.size(); ++length) {
     target.run(std::string_view(bytes).substr(0, length));

@@ -6,7 +6,7 @@
 
 namespace zek::fuzz {
 
-/// Ends the program when a promise is broken, so that the fuzzer keeps the input.
+/// Ends the program if the condition is false, so that the fuzzer keeps the input.
 inline void Demand(bool kept, std::string_view promise) {
   if (kept) return;
   std::cerr << "broken promise: " << promise << '\n';

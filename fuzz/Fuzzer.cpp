@@ -7,7 +7,7 @@
 
 namespace {
 
-// libFuzzer starts itself anew for some of its work, so the target stands in the environment.
+// libFuzzer starts itself again for some work, so the target is passed in the environment.
 const zek::fuzz::Target& ChosenTarget() {
   const char* const name = std::getenv("ZEKVIEW_FUZZ_TARGET");
   for (const auto& each : zek::fuzz::Targets())

@@ -94,7 +94,7 @@ CalendarTable RandomCalendar(Random& random, const CalendarYears& years) {
     CalendarDate last = first;
     for (int days = random.OneIn(2) ? random.UpTo(40) : 0; days > 0; --days) last = NextDay(last);
     if (!years.Has(last.year)) last = first;
-    // A run that has no place any more is left out.
+    // A run without enough space is left out.
     table.Give(first, last, static_cast<std::int16_t>(1 + random.UpTo(kCalendarDayTypes - 1)));
   }
   return table;

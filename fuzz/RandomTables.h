@@ -9,7 +9,7 @@
 
 namespace zek::fuzz {
 
-/// A generator of our own, the same on every system: a seed gives the same tables everywhere.
+/// Our own random generator, so that a seed gives the same tables on every system.
 class Random {
  public:
   explicit Random(std::uint64_t seed) : state_(seed) {}

@@ -62,7 +62,7 @@ void Check(const Receiver& receiver) {
          "a catalogue keeps its limit");
 }
 
-// The same bytes in pieces of 1 to 32, as their own values have it.
+// Splits the bytes into pieces of 1 to 32, with sizes taken from the bytes themselves.
 Receiver InPieces(std::string_view bytes, bool hasDus) {
   Receiver receiver(hasDus);
   for (std::size_t length = 1; !bytes.empty(); bytes.remove_prefix(length)) {
@@ -73,14 +73,14 @@ Receiver InPieces(std::string_view bytes, bool hasDus) {
   return receiver;
 }
 
-// Reads bytes at once, in pieces, and the lines that came of them once more.
+// Reads bytes at once, then in pieces, then the resulting lines again.
 void ReadThreeTimes(std::string_view input, bool hasDus) {
   Receiver whole(hasDus);
   whole.Take(input);
   Check(whole);
   const Receiver pieces = InPieces(input, hasDus);
   Check(pieces);
-  // A plain text is searched for "<TRANSPARENT>" as it arrives: cut, it may hold none.
+  // A plain text is searched for "<TRANSPARENT>" as it arrives, so pieces may not contain it.
   if (hasDus && (whole.linksUp > 0 || pieces.linksUp > 0)) return;
   Demand(pieces.lines == whole.lines && pieces.linksUp == whole.linksUp,
          "it does not matter how the text is cut");

@@ -1,6 +1,6 @@
 // zekview-round-trips [COUNT] [SEED]: COUNT random tables (1000) of each kind and generation, and
-// of the "PLT" layouts. What was built from a table reads back as the table and builds the same
-// lines again. The first table of a format that does not is shown with its seed.
+// of the "PLT" layouts. The lines built from a table must read back as the table and build the same
+// lines again. The first failure of each format is shown with its seed.
 
 #include <algorithm>
 #include <functional>
@@ -17,7 +17,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-// What came of one table: its lines, and what is wrong with them ("" when nothing is).
+// The result for one table: its lines, and the error ("" if correct).
 struct Trip {
   Lines lines;
   std::string fault;
@@ -50,7 +50,7 @@ Trip WeekdayTrip(Random& random, bool plt) {
   };
   const auto read = [&](const Lines& lines) { return ReadWeekday(lines, name); };
   WeekdayTable table = RandomWeekday(random, plt);
-  // Rows that no catalogue has lines for any more are given up, the last ones first.
+  // Removes rows that exceed the lines of a catalogue, the last ones first.
   for (std::size_t row = kWeekdayRows; row > 0; --row) {
     const BuiltLines built = build(table);
     const auto* error = std::get_if<BuildError>(&built);
@@ -110,7 +110,7 @@ void Show(const Format& format, std::uint64_t seed, const Trip& trip) {
   for (const std::string& line : trip.lines) std::cout << "  " << line << '\n';
 }
 
-// True when every table came back.
+// True if every table was read back.
 bool Run(const Format& format, std::uint64_t count, std::uint64_t firstSeed) {
   std::uint64_t good = 0;
   for (std::uint64_t seed = firstSeed; seed < firstSeed + count; ++seed) {

@@ -10,7 +10,7 @@
 namespace zek {
 namespace {
 
-// "WDC ZEK1 T1": of a ZEK1 all time controls share a catalogue.
+// "WDC ZEK1 T1"; all time controls of a ZEK1 share a catalogue.
 CatalogueRules RulesOf(const std::string& head) {
   const std::string_view kind = GetField(head, 0, " ");
   const auto generation = GetField(head, 1, " ") == "ZEK2" ? Generation::Zek2 : Generation::Zek1;
@@ -24,7 +24,7 @@ CatalogueRules RulesOf(const std::string& head) {
           '.'};
 }
 
-// The catalogue of the lines with that sign or "=" for both.
+// The catalogue of the lines marked with `sign`, or with "=" for both catalogues.
 CatalogueContent ContentOf(const test::TextCase& given, char sign) {
   std::string file;
   for (const std::string& line : given.given)

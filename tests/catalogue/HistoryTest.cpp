@@ -13,7 +13,7 @@ constexpr LocalTime kMorning{2026, 11, 21, 8, 30, 0};
 const std::string kLocal = "/zek/f1 WDC.TXT";
 const std::string kFolder = WithSeparator("/zek/History");
 
-// The ids of what is kept of "f1 WDC.TXT", the newest first.
+// The ids of the kept copies of "f1 WDC.TXT", newest first.
 std::vector<std::string> Ids(Files& files, int count = 50) {
   std::vector<std::string> ids;
   for (const KeptCopy& copy : History(files, "/zek/", "f1 WDC.TXT", count).Kept()) {
@@ -35,7 +35,7 @@ TEST(History, KeepsWhatIsReplacedUnderItsTime) {
   EXPECT_EQ(kept[0].time, "2026-11-21 08:30:00");
   EXPECT_EQ(kept[0].path, kFolder + "f1 WDC 20261121-083000.TXT");
   EXPECT_EQ(files.files[kept[0].path], "first");
-  EXPECT_FALSE(history.Keep("third", kMorning));  // it is kept, the replacing must have failed
+  EXPECT_FALSE(history.Keep("third", kMorning));  // already kept: the replacing must have failed
   EXPECT_EQ(history.Kept().size(), 1U);
   files.files[kLocal] = "second";
   EXPECT_FALSE(history.Keep(std::nullopt, kMorning));  // erased in the same second
@@ -79,7 +79,7 @@ TEST(History, TheOldestGoAndOnlyOnesOfItsOwn) {
   EXPECT_FALSE(none.Keep(std::nullopt, now));
   none.Prune();
   EXPECT_EQ(files.files.size(), foreign + 3);
-  // The clock was set back: what was just kept stays, though others have later names.
+  // The clock was set back: the copy just kept stays, although others have later names.
   files.files[kLocal] += "x";
   History one(files, "/zek/", "f1 WDC.TXT", 1);
   EXPECT_FALSE(one.Keep(std::nullopt, kMorning));

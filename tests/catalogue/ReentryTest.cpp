@@ -7,8 +7,8 @@
 #include "export/BatchExport.h"
 #include "support/TransferSession.h"
 
-// Waits run events, so whatever a user may do can come from inside any of them. Each operation is
-// run once to find its wait points, then again for every point and every action.
+// Waits run events, so any user action can happen inside any wait. Each operation runs once to find
+// its wait points, then again for every point and every action.
 namespace zek {
 namespace {
 
@@ -17,21 +17,21 @@ constexpr std::int16_t kOne = 0;
 constexpr std::int16_t kTwo = 1;
 constexpr std::int16_t kTagged = 3;
 constexpr std::size_t kAttempts = 3;
-constexpr std::int64_t kLongestRun = 20LL * 60 * 1000;  // of an operation, with what came inside
+constexpr std::int64_t kLongestRun = 20LL * 60 * 1000;  // of an operation and the actions inside it
 
 const Shown kRead = {"\x05", "LIST "};
 const Shown kWriteOne = {"EXIT", "EXIT", ".WDC", " 1000 !AHU1!MO", " 1001 !AHU1!TU", "EXIT"};
 const Shown kWriteTwo = {"EXIT",           "EXIT",       "TSC1.WDC", " 1000 !AHU1!MO",
                          " 1001 !AHU1!TU", "TSC1.DFV=.", "EXIT"};
 
-// Where something is done: at a moment, or while a command is being handed over.
+// When an action happens: at a time, or while a command is being handed over.
 struct WaitPoint {
   std::int64_t milliseconds = 0;  // since the operation began
   std::size_t command = 0;        // counted from 1; 0: by time
 };
 
-/// A session that notes what the controller gets, by connection, in a world where everything
-/// takes its time.
+/// A session that records what the controller receives on each connection. Every step of the
+/// controller takes time.
 class Session : public test::TransferSession {
  public:
   explicit Session(bool byTags)
@@ -67,7 +67,7 @@ class Session : public test::TransferSession {
     batch = std::make_unique<BatchExport>(proc);
   }
 
-  // From now on `action` comes at `point`.
+  // Runs `action` at `point` from now on.
   void Begin(WaitPoint point, std::function<void(Session&)> action) {
     point_ = point;
     action_ = std::move(action);
@@ -81,7 +81,7 @@ class Session : public test::TransferSession {
   std::int64_t Lasted() const { return turn.Now() - start_; }
   std::size_t CommandsSince() const { return commands.size() - commandsBefore_; }
 
-  // All that tells one wait from another.
+  // The state that distinguishes one wait from another.
   std::string Waiting() const {
     const auto runs = [](std::int16_t countdown) { return countdown > 0 ? "1" : "0"; };
     return proc.status.Waiting + "/" + std::to_string(proc.status.Hourglass + proc.status.Busy) +
@@ -114,7 +114,7 @@ struct Operation {
   bool tags;
   const char* prepare;
   const char* run;
-  Shown sent;  // what one connection has got whole when `run` says true
+  Shown sent;  // what one connection must have received when `run` returns true
 };
 
 bool Connected(Session& session, std::int16_t topic) {
@@ -128,7 +128,7 @@ bool Export(Session& session) {
   return false;
 }
 
-// What an operation or a user does; its result.
+// Does what an operation or a user does; returns its result.
 bool Do(Session& session, std::string_view what) {
   if (what == "connect") return Connected(session, kOne);
   if (what == "connect another") return Connected(session, kTwo);
@@ -177,7 +177,7 @@ void Act(Session& session, std::string_view action) {
 
 bool IsTyped(const std::string& command) { return command == "TIME" || command == "X"; }
 
-// What a connection has got of catalogue commands, and whether it is the beginning of one transfer.
+// Whether the catalogue commands that a connection received are the beginning of one transfer.
 Shown TransferOf(Shown connection) {
   std::erase_if(connection, [](const std::string& each) { return IsTyped(each); });
   if (!connection.empty() && connection.front() == "DUS:3") connection.erase(connection.begin());
@@ -192,7 +192,7 @@ bool BeginsOneTransfer(const Shown& got) {
   });
 }
 
-// "" or what is wrong with what the controller got.
+// "" or the error in what the controller received.
 std::string FaultOfTraffic(const Session& session, const Operation& operation, bool result) {
   std::size_t whole = 0;
   for (const Shown& connection : session.connections) {
@@ -234,7 +234,7 @@ std::string FaultOfNextGet(Session& session) {
   return got && whole ? "" : "no catalogue afterwards";
 }
 
-// Runs the operation without disturbance and finds where it waits.
+// Runs the operation without an action and finds its wait points.
 std::vector<WaitPoint> WaitPointsOf(const Operation& operation) {
   Session session(operation.tags);
   Do(session, operation.prepare);

@@ -1,5 +1,5 @@
-# What the scripts share that fetch, change and send; sourced, with the folders of the programs and of
-# the settings in $bin and $home.
+# Functions for scripts that fetch, change and send catalogues. Source it with the folders of the
+# programs and of the settings in $bin and $home.
 # shellcheck shell=bash disable=SC2154
 
 cli() { "$bin/zekview-cli" --dir "$home" "$@" 2>"$home/messages" </dev/null; }
@@ -10,8 +10,8 @@ fail() {
   exit 1
 }
 
-# change KIND NODE FROM TO: fetches, changes a line, sends and fetches again. Every catalogue that is
-# sent is fetched again and compared by the program itself too (VerifyAfterWrite).
+# change KIND NODE FROM TO: fetches a catalogue, changes a line, sends it and fetches it again. The
+# program itself also verifies every catalogue that it sends (VerifyAfterWrite).
 change() {
   local kind=$1 node=$2 from=$3 to=$4
   cli get "$kind" "$node" >"$home/before" || fail "$kind $node: get"
@@ -24,7 +24,8 @@ change() {
   diff "$home/after" "$home/again" || fail "$kind $node: the change did not come back"
 }
 
-# fails KIND NODE [WORDS]: a fetch that does not work, which is told with these words.
+# fails KIND NODE [WORDS]: checks that a fetch fails and that its error message contains these
+# words.
 fails() {
   local status=0
   cli get "$1" "$2" >"$home/none" || status=$?

@@ -96,7 +96,7 @@ class Dice:
             return "!".join(part.strip() for part in line.split("!"))
         if fault == 2:
             return line.lower()
-        # A "*" in the place of any character but a separator, often at a column that is tested.
+        # A "*" replaces any character except a separator, often at a column that is tested.
         places = [at for at, character in enumerate(line) if character != "!"]
         eighths = [at for at in places if (at + 1) % 8 == 0]
         at = self.rng.choice(eighths if eighths and self.chance(0.5) else places)
@@ -125,7 +125,7 @@ def weekday_line(dice, name, days=None):
 def weekday_catalogue(rng, name, new):
     dice = Dice(rng, 1)
     if dice.chance(0.01):
-        # Few lines that come out as more than a catalogue holds: no two neighbouring days agree.
+        # A few lines that become more than a catalogue can have, since neighbouring days differ.
         dice.bad = 0
         return [weekday_line(dice, name, days) for days in
                 "TU TH SA SD2 SD4 SD6".split() + ["MO..SU", "SD1..SD7"] * 15]

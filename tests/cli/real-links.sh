@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # The Windows command line program over every link: DDE, network DDE, TCP/IP and the tag object.
-# Over each, what is fetched, changed and sent comes back, from a ZEK1 and from a ZEK2 controller;
-# and what fails is told. Arguments: the folder of the programs, the data folder, the folder of the
-# tag object that stands in for a real one.
+# Over each link a catalogue is fetched, changed, sent and fetched again, with a ZEK1 and a ZEK2
+# controller, and failures are reported. Arguments: the folder of the programs, the data folder, the
+# folder of the tag object for the tests.
 set -euo pipefail
 bin=$1
 data=$2
@@ -32,14 +32,14 @@ port="${port%$'\r'}"
 # shellcheck source=tests/cli/change.sh
 source "$(dirname "$0")/change.sh"
 
-# settings ZEK1_ADDRESS ZEK2_ADDRESS [GENERAL]: ZEKView.INI with these addresses.
+# settings ZEK1_ADDRESS ZEK2_ADDRESS [GENERAL]: writes ZEKView.INI with these addresses.
 settings() {
   sed -e "s/127\.0\.0\.1:5100:3/$2/" -e "s/127\.0\.0\.1:5100,/$1,/" \
     -e "s/^\[General\]/&\r\nVerifyAfterWrite=YES\r\n${3:-Timer=}/" \
     "$data/demo/ZEKView.INI" >"$home/ZEKView.INI"
 }
 
-# there_and_back LINK: all kinds of catalogues there, and back for the next link.
+# there_and_back LINK: changes all kinds of catalogues, and changes them back for the next link.
 there_and_back() {
   change wdc SKOLA/AHU1 '07:00\.\.12:00' '07:15..12:45'
   change ovc KONTOR/PLT1 '19-DEC-2026 ' '20-DEC-2026 '

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The command line program against the simulated plant over real sockets, both framings: what is
-# fetched, changed and sent comes back, and the local copies are right byte for byte.
+# The command line program with the simulated plant over real sockets, in both framings. Catalogues
+# are fetched, changed, sent and fetched again, and the local copies must be correct to the byte.
 # Arguments: the folder of the programs, the data folder.
 set -euo pipefail
 bin=$1
@@ -17,7 +17,7 @@ sed "s/127\.0\.0\.1:[0-9]*/127.0.0.1:$port/; s/^\[General\]/&\r\nVerifyAfterWrit
 # shellcheck source=tests/cli/change.sh
 source "$(dirname "$0")/change.sh"
 
-# change_copy KIND NODE COPY FROM TO: changes a catalogue and looks at its local copy.
+# change_copy KIND NODE COPY FROM TO: changes a catalogue and checks its local copy.
 change_copy() {
   change "$1" "$2" "$4" "$5"
   sed 's/$/\r/' "$home/after" | cmp - "$home/$3" || fail "$1 $2: the local copy differs"
@@ -33,7 +33,7 @@ change_copy ovc SKOLA/PLT1 "$school OVC.TXT" '26-DEC-26,17:00' '27-DEC-26,18:30'
 change_copy ovc KONTOR/PLT1 "$office PLT1 EXC.TXT" '19-DEC-2026 ' '20-DEC-2026 '
 change_copy ovc KONTOR/VS1 "$office VS1 EXC.TXT" '!16    !21' '!15.5  !.'
 
-# A "PLT" control sends the calendar in its own layout, and everybody can read it after that.
+# A "PLT" control sends the calendar in its own layout; every control can read it afterwards.
 for node in SKOLA/PLT2 KONTOR/PLT7; do
   cli get sdc "$node" >"$home/before" || fail "$node: get"
   cli check sdc "$node" "$home/before" --rebuild >"$home/rebuilt" || fail "$node: rebuild"
@@ -42,7 +42,7 @@ for node in SKOLA/PLT2 KONTOR/PLT7; do
   cli check sdc "${node%/*}/AHU1" "$home/again" >/dev/null || fail "$node: both layouts"
 done
 
-# A line that is no longer sent stays at this plant; the program sees that and names it.
+# This plant keeps a line that is no longer sent; the program detects that and names the line.
 cli get wdc KONTOR/AHU1 >"$home/before" || fail "get before a line is removed"
 sed '$d' "$home/before" >"$home/shorter"
 status=0
@@ -50,7 +50,7 @@ cli put wdc KONTOR/AHU1 "$home/shorter" || status=$?
 [[ $status -eq 1 ]] || fail "a line that stayed ended with $status"
 [[ $(grep -c 'SD3  *07:00\.\.17:00' "$home/messages") -eq 2 ]] || fail "the line that stayed was not named"
 
-# A line that the controller refuses is told, after three attempts, by both framings.
+# A line that the controller refuses is reported after three attempts, in both framings.
 for node in SKOLA/AHU1 KONTOR/AHU1; do
   echo " 1000 !AHU1        !XX           !06:00                    !1        !0" >"$home/refused"
   status=0
@@ -58,7 +58,7 @@ for node in SKOLA/AHU1 KONTOR/AHU1; do
   [[ $status -eq 1 ]] || fail "$node: a refused line ended with $status"
 done
 
-# Without its server the program says so and keeps the old copy.
+# Without its server the program reports an error and keeps the old copy.
 kill "$plant_pid"
 wait "$plant_pid" || true
 cp "$home/$school WDC.TXT" "$home/old"

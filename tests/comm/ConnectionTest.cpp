@@ -125,7 +125,7 @@ TEST_F(ConnectionTest, AnEarlierLineCannotLinkUpLate) {
   turn.After(5000, [] {});
   proc.waits.WaitSeconds(5);
   EXPECT_EQ(connection.CurrentTopic, -1);
-  socket.SayNow("<TRANSPARENT>");  // was on its way already
+  socket.SayNow("<TRANSPARENT>");  // was already on its way
   EXPECT_EQ(connection.CurrentTopic, -1);
 }
 
@@ -193,7 +193,7 @@ TEST_F(ConnectionTest, DdeTextThatComesWhileACommandIsWrittenIsNotParsed) {
 
 TEST_F(ConnectionTest, LostTextIsAFaultOfTheLinkAndToldOnce) {
   const std::string cases[] = {
-      "0001>\x02" + std::string(100'000, 'x') + "\r\n\xFF",  // the refusal is what was lost
+      "0001>\x02" + std::string(100'000, 'x') + "\r\n\xFF",  // the refusal was lost
       std::string(200'000, 'x'),
       "0001>a\xFFtorn\r\n\xFF",
       "<TRANSPARENT>",
@@ -376,7 +376,7 @@ TEST_F(ConnectionTest, WhatTheTagObjectSaysIsTold) {
   connection.Disconnect();
   tags.faultInReading.clear();
   prompts.shown.clear();
-  // At the call itself, whether it went well or not.
+  // At the call itself, whether it succeeded or not.
   const auto told = [this](const std::string& at, bool taken) {
     tags.takes = [this, at, taken](const std::string&, const std::string& value) {
       if (value == at) tags.fault = at;

@@ -11,7 +11,7 @@
 namespace zek {
 namespace {
 
-// The event loop of these tests: what is posted waits until it is run.
+// The event loop of these tests: posted calls wait until `Run`.
 class Loop {
  public:
   Later Post() {
@@ -31,7 +31,7 @@ class Loop {
   std::promise<void> posted_;
 };
 
-// A resolver that stands still until it is let go, and tells when its thread is done with it.
+// A resolver that blocks until it is released, and reports when its thread has finished.
 class SlowResolver {
  public:
   HostLookup::Resolve Get() {
@@ -76,7 +76,7 @@ TEST(HostLookup, WhatWasCancelledIsNotToldAnyMore) {
   {
     HostLookup lookup([](const std::string&) { return std::nullopt; }, loop.Post());
     ASSERT_TRUE(lookup.Begin("duc", [&](const auto&) { told = true; }));
-    loop.AwaitPosted();  // it was too late for the thread to be told
+    loop.AwaitPosted();  // too late to cancel the thread's answer
   }
   loop.Run();
   EXPECT_FALSE(told);

@@ -6,7 +6,7 @@
 #include "comm/SocketText.h"
 #include "comm/StatusPanels.h"
 
-// What holds at a limit, and what one more changes.
+// The behaviour at a limit and one above it.
 namespace zek {
 namespace {
 

@@ -1,5 +1,5 @@
-// The password of the tag log-on stands in nothing that anybody reads, whatever goes wrong and
-// whatever the tag object says.
+// The password of the tag log-on appears in no text that a user can read, whatever error happens
+// and whatever the tag object reports.
 
 #include <gtest/gtest.h>
 #include <iostream>
@@ -30,13 +30,13 @@ TEST(Secret, IsHiddenInAnyCaseWhereverItStands) {
   }
 }
 
-// What a tag object does wrong in a session.
+// The faults of a tag object in a session.
 struct Mood {
   const char* name;
   bool opens;
   std::set<std::string> refused;
   bool echoes;
-  bool readsEcho;  // its replies hold the password as well
+  bool readsEcho;  // its replies contain the password too
 };
 
 const Mood kMoods[] = {
@@ -64,7 +64,7 @@ class TagSession : public test::TestSession {
     for (int i = 0; i < 40; ++i) tags.replies.push_back("0001>log-on " + password + " ok\r\n");
   }
 
-  // All that a user does in tag mode.
+  // Does everything that a user can do in tag mode.
   void Use() {
     const std::int16_t net = proc.topics.Find("NET");
     proc.connection.Connect(net);
@@ -83,7 +83,7 @@ class TagSession : public test::TestSession {
     proc.connection.CloseAllTags();
   }
 
-  // Everything that is read on screen or in a file afterwards.
+  // All texts on the screen and in files afterwards.
   std::vector<std::string> Read() const {
     std::vector<std::string> all = prompts.shown;
     all.insert(all.end(), proc.log.Lines().begin(), proc.log.Lines().end());

@@ -7,8 +7,8 @@
 namespace zek::cli {
 namespace {
 
-// Runs the command line program in the session's world: "run get WDC ONE" gives its status, what it
-// printed, its messages, and what the controller got. "input" is what it reads, "_" a blank.
+// Runs the command line program in a test session: "run get WDC ONE" gives its status, its output,
+// its messages, and what the controller received. "input" is its standard input, "_" a blank.
 class CommandPlayer : public test::SessionPlayer {
  public:
   CommandPlayer() {

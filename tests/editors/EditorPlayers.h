@@ -13,8 +13,8 @@
 #include "formats/FormatCases.h"
 #include "support/TestSession.h"
 
-// Editors that are driven by commands of words; "_" is a blank within a word. Every command gives a
-// line: what is shown, what can be done ("changed", "undo", "redo"), what the user was told.
+// Editors driven by text commands; "_" is a blank within a word. Every command gives a line: what
+// is shown, the state ("changed", "undo", "redo"), and the messages to the user.
 namespace zek::test {
 
 using Words = std::vector<std::string>;
@@ -70,7 +70,7 @@ class Player {
   ScriptedPrompts& prompts_ = session_.prompts;
 
  private:
-  // "save 2 yes no": the first two writes fail, the questions are answered.
+  // "save 2 yes no": the first two writes fail; "yes" and "no" answer the questions.
   std::string Saved(const Words& words) {
     std::size_t failures = words[1].empty() ? 0 : Number(words[1]);
     for (std::size_t word = 2; word < words.size(); ++word)
@@ -130,7 +130,7 @@ class WeekdayPlayer final : public Player {
   }
 
  private:
-  // The box's place, and what is shown there.
+  // The position and the content of the box.
   std::string Shown(std::size_t column) const {
     std::string shown = Filled(editor_.TypeCaption(editor_.Type(), session_.proc.texts)) + " " +
                         std::to_string(editor_.Row()) + "/" + std::to_string(column) + ":";
@@ -143,7 +143,7 @@ class WeekdayPlayer final : public Player {
     if (!focus) return "nothing";
     return Shown(focus->column) + " box " + std::to_string(static_cast<int>(focus->box));
   }
-  // Over all boxes by the Enter key, each left as it is.
+  // Walks over all boxes with Enter and changes none.
   std::string Walk() {
     WeekdayFocus at;
     std::string way;
@@ -192,7 +192,7 @@ class ExceptionPlayer final : public Player {
   }
 
  private:
-  // "date=2026-12-24 start=08:00": typed into boxes of a row, of which the last one is left.
+  // "date=2026-12-24 start=08:00": types into boxes of a row, then leaves the last one.
   void Enter(std::size_t row, const Words& entries) {
     constexpr std::array boxes = {"date", "start", "on", "until", "stop", "off"};
     ExceptionTexts typed = editor_.RowTexts(row);
@@ -226,7 +226,7 @@ class ExceptionPlayer final : public Player {
     return way;
   }
 
-  // It is half past one in the afternoon of the first of August 2026.
+  // The time is 13:30 on 1 August 2026.
   ExceptionEditor editor_{lines_,
                           {given_.Name(), given_.Has("ZEK2") ? Generation::Zek2 : Generation::Zek1},
                           separator(),

@@ -42,7 +42,7 @@ TEST_F(PickListTest, ABoxTicksItsValueByNumberOrName) {
   const PickList list = Read("[TXI_3]\r\nAv=0\r\nAuto=1\r\nDag=20.5\r\n");
   struct Case {
     const char* box;
-    int ticked;  // -1: none
+    int ticked;  // the index, or -1
   };
   for (const Case& each : {Case{"1", 2}, {"", 0}, {".", 0}, {"auto", 2}, {"20,5", 3}, {"10", -1}}) {
     for (int i = 0; i < 4; ++i) {
@@ -52,7 +52,7 @@ TEST_F(PickListTest, ABoxTicksItsValueByNumberOrName) {
   }
 }
 
-// The last entry that fits may be torn: half a number must not be offered.
+// The last entry that fits may be cut off: half a number must not be offered.
 TEST_F(PickListTest, ASectionThatIsTooLongLosesItsLastEntryAndIsTold) {
   std::string section = "[TXI_3]\r\n";
   for (int i = 100; i < 400; ++i) section += "Value" + std::to_string(i) + "=20.75\r\n";

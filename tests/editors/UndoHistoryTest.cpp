@@ -7,7 +7,7 @@
 namespace zek {
 namespace {
 
-// What means the same, here the same last digit, is no step and is not lost.
+// A change to an equivalent value (here: the same last digit) is not a step and is not lost.
 struct SameDigit {
   bool operator()(int one, int other) const { return one % 10 == other % 10; }
 };
@@ -22,7 +22,7 @@ TEST(UndoHistory, WhatMeansTheSameIsNoStepAndIsNotLost) {
   set(12);
   history.Undo();
   EXPECT_EQ(history.Now(), 11);
-  set(21);  // leaves the step that was undone
+  set(21);  // discards the undone step
   history.Redo();
   EXPECT_EQ(history.Now(), 12);
 }
@@ -37,7 +37,7 @@ TEST(UndoHistory, TheOldestStepsAreForgotten) {
   EXPECT_TRUE(history.State().changed);
 }
 
-// An editor with a catalogue, and the parts of commands to edit it with: a choice for each word.
+// An editor with a catalogue, and the possible words at each place of its commands.
 struct Weekday {
   using Player = test::WeekdayPlayer;
   static constexpr std::equal_to<WeekdayTable> same{};
@@ -88,7 +88,7 @@ class EditorUndo : public testing::Test {
 using Editors = testing::Types<Weekday, Exceptions, Calendar>;
 TYPED_TEST_SUITE(EditorUndo, Editors, );
 
-// Edits, undos and redos at random against a list of all tables there were.
+// Compares random edits, undos and redos with a list of all earlier tables.
 TYPED_TEST(EditorUndo, AnyWayBackAndForthGivesTheSameTables) {
   constexpr int sessions = 40;
   for (int session = 0; session < sessions; ++session) {

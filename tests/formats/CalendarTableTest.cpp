@@ -10,7 +10,7 @@ namespace {
 
 constexpr int kBaseYear = 2026;
 
-// Every day that a line can hold, beside the calendar of the language's library.
+// Compares every day that a line can hold with the calendar of the C++ library.
 TEST(CalendarDates, GoOnDayByDay) {
   using namespace std::chrono;
   std::int32_t key = PackDate({1994, 0, 1}, kBaseYear);
@@ -27,7 +27,7 @@ TEST(CalendarDates, GoOnDayByDay) {
     key = next;
   }
   EXPECT_EQ(PackDate({2027, 1, 3}, kBaseYear), 512 + 32 + 2);
-  EXPECT_EQ(MonthLength(2100, 1), 29);  // no other rule than the division by 4
+  EXPECT_EQ(MonthLength(2100, 1), 29);  // every fourth year is a leap year, without exception
 }
 
 TEST(Holidays, AreTheListed) {
@@ -70,7 +70,7 @@ TEST(CalendarTable, AFullTableStoresNothingHalf) {
   const CalendarTable before = table;
   EXPECT_FALSE(table.Give({2028, 0, 1}, {2028, 0, 2}, 1));
   EXPECT_EQ(table, before);
-  EXPECT_TRUE(table.Give({2027, 4, 26}, {2027, 4, 27}, 1));  // one of the two is there already
+  EXPECT_TRUE(table.Give({2027, 4, 26}, {2027, 4, 27}, 1));  // one of the two already exists
   EXPECT_EQ(table.Used().size(), kCalendarEntries);
 }
 

@@ -38,7 +38,7 @@ std::string Outcome(const test::FormatCase& given) {
 TEST(CalendarText, Cases) { test::CheckFormat("calendar.txt", Outcome); }
 
 TEST(CalendarText, RefusesWhatNoLineHolds) {
-  CalendarTable table(kBaseYear);  // no day has the type of the day before
+  CalendarTable table(kBaseYear);  // each day has another type than the day before
   CalendarDate date{kBaseYear, 0, 1};
   const auto built = [&](std::size_t entries, const std::string& name) {
     for (; table.Used().size() < entries; date = NextDay(date))

@@ -7,7 +7,7 @@
 namespace zek {
 namespace {
 
-// Each text as it is typed, and what it gives.
+// Each typed text and its result.
 TEST(Cells, Cases) {
   test::CheckCases("cells.txt", [](const test::TextCase& given) {
     std::string outcome;

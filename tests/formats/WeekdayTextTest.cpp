@@ -56,7 +56,7 @@ TEST(WeekdayText, Cases) { test::CheckFormat("weekday.txt", Outcome); }
 TEST(WeekdayText, HoldsAtMost201Lines) {
   WeekdayTable table;
   std::int16_t lines = 0;
-  const auto add = [&table, &lines] {  // no two rows are equal
+  const auto add = [&table, &lines] {  // all rows differ
     const auto place = static_cast<std::size_t>(lines);
     table.days.at(place % kWeekdayDays).at(place / kWeekdayDays).start = lines++;
   };

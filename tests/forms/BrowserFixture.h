@@ -18,12 +18,12 @@ inline wxFrame& Browser() { return dynamic_cast<wxFrame&>(*Shown("ZV_TSC")); }
 inline wxTreeCtrl& Tree() { return dynamic_cast<wxTreeCtrl&>(*Shown("TreeView")); }
 inline wxWindow& CancelOfBrowser() { return *wxWindow::FindWindowById(wxID_CANCEL, &Browser()); }
 
-/// The browser takes keys and its tree is built.
+/// True when the browser accepts keys and its tree is built.
 inline bool InBrowser() {
   return IsActive("ZV_TSC") && HasFocus("TreeView") && Tree().GetSelection().IsOk();
 }
 
-/// Plays steps in the browser, and in what is opened from it, until it closes.
+/// Plays steps in the browser and in the forms opened from it, until it closes.
 struct BrowserFixture : testing::Test {
   explicit BrowserFixture(std::string_view commandLine = {}) : world(commandLine) {}
 
@@ -31,7 +31,7 @@ struct BrowserFixture : testing::Test {
     Play(std::move(steps));
     ShowBrowser(nullptr, world.session, world.turn);
   }
-  /// A transfer waits, and the button that cancels it is there.
+  /// True when a transfer waits and its cancel button is shown.
   bool CanCancel() const {
     return world.session.status.Busy > 0 && Shown("ZV_TSC") != nullptr &&
            CancelOfBrowser().IsShownOnScreen();

@@ -20,7 +20,7 @@ PromptDetails ManyLines() {
   return details;
 }
 
-// The order of the buttons is the system's.
+// The system decides the order of the buttons.
 void TabToLines() {
   for (int tries = 0; tries < 3 && !HasFocus("Text_Details"); ++tries) {
     Press(WXK_TAB);

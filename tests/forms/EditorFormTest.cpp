@@ -9,7 +9,7 @@
 #include "forms/exception/ZV_OVC.h"
 #include "forms/weekday/ZV_WDC.h"
 
-// What the three editors share: undo and redo, what "Spara" and the title show, and closing.
+// The common behaviour of the three editors: undo and redo, "Spara" and the title, and closing.
 namespace zek::window {
 namespace {
 
@@ -17,10 +17,10 @@ struct Editor {
   const char* form;
   Catalogue catalogue;
   void (*show)(wxWindow*, ZV_Proc&, WxTurn&, const CatalogueContent&);
-  const char* first;                  // what has the focus at first
+  const char* first;                  // has the focus first
   std::vector<int> change;            // keys that begin a change
-  int end;                            // the key that makes it, 0 when the others have
-  std::vector<const char*> changing;  // what else changes the catalogue
+  int end;                            // the key that completes it; 0 if the others already do
+  std::vector<const char*> changing;  // other controls that change the catalogue
 };
 
 void PrintTo(const Editor& editor, std::ostream* out) { *out << editor.form; }
@@ -29,7 +29,7 @@ bool Usable(const char* button) { return Shown(button)->IsEnabled(); }
 void Control(int key) { Press(key, wxMOD_CONTROL); }
 
 struct EditorFormTest : testing::TestWithParam<Editor> {
-  // Fetches the catalogue, opens the editor and plays there; it must close by that.
+  // Fetches the catalogue, opens the editor and plays the steps, which must close it.
   void Run(std::function<void()> act, LinesFrom from = LinesFrom::Controller,
            std::string_view commandLine = {}) {
     PlantWorld world(commandLine);
@@ -46,7 +46,7 @@ struct EditorFormTest : testing::TestWithParam<Editor> {
         {{[] { return IsActive(GetParam().form) && HasFocus(GetParam().first); }, std::move(act)}});
     GetParam().show(nullptr, session, world.turn, content);
     asked_ = world.prompts.shown.size();
-    Pump(20);  // the form goes when there is time, and the next one has parts of the same names
+    Pump(20);  // the form is deleted when idle; the next form has controls of the same names
   }
 
   static void BeginChange() {
@@ -56,7 +56,7 @@ struct EditorFormTest : testing::TestWithParam<Editor> {
     BeginChange();
     if (GetParam().end != 0) Press(GetParam().end);
   }
-  // Title and buttons: "*" of the title, then S, U and R for those that can be used.
+  // The "*" of the title, then S, U and R for the enabled buttons.
   static std::string State() {
     const auto& form = dynamic_cast<wxDialog&>(*Shown(GetParam().form));
     std::string state = form.GetTitle().StartsWith("*") ? "*" : "";

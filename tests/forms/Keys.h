@@ -16,8 +16,8 @@
 
 namespace zek::window {
 
-/// What a test does with forms that are shown modally: each action runs once its condition holds,
-/// from inside whatever loop runs then. An action may open a form that a later step closes.
+/// Drives modal forms: each action runs once its condition holds, inside the event loop that runs
+/// at that time. An action may open a form that a later step closes.
 struct Step {
   std::function<bool()> when;
   std::function<void()> act;
@@ -33,7 +33,7 @@ inline void Play(std::vector<Step> steps) {
   });
 }
 
-/// True when the form with that name takes keys.
+/// True when the form with that name accepts keys.
 inline bool IsActive(const std::string& name) {
   auto* const form = dynamic_cast<wxTopLevelWindow*>(Shown(name));
   return form != nullptr && form->IsActive() && form->IsEnabled();
@@ -55,7 +55,7 @@ inline void Click(const wxWindow& window) {
 inline wxTextCtrl& Box(const std::string& name) { return dynamic_cast<wxTextCtrl&>(*Shown(name)); }
 inline std::string Value(const std::string& name) { return Box(name).GetValue().ToStdString(); }
 
-/// A key or click, and the box that has the focus when it has been handled.
+/// Makes a key press or click and waits until `box` has the focus.
 inline void Reach(const std::string& box, const std::function<void()>& by) {
   by();
   EXPECT_TRUE(PumpUntil([&] { return HasFocus(box); })) << box;
@@ -66,8 +66,8 @@ inline void Enter(const std::string& next) {
 inline void Type(const std::string& text) { wxUIActionSimulator().Text(text.c_str()); }
 inline void Escape() { Press(WXK_ESCAPE); }
 
-/// Opens a pick-list and presses keys in it. The menu has a loop of its own, and nothing tells when
-/// it takes keys: by then the time has come.
+/// Opens a pick-list and presses keys in it. The menu has its own event loop and does not report
+/// when it accepts keys, so this waits for a fixed time.
 inline void InPickList(const std::function<void()>& open, std::vector<int> keys) {
   const wxLongLong begin = wxGetLocalTimeMillis();
   bool done = false;

@@ -22,13 +22,13 @@
 
 namespace zek::window {
 
-/// A connection to a simulated plant in memory. Replies come with later turns of the event loop.
+/// A connection to a simulated plant in memory. Replies arrive in later turns of the event loop.
 class PlantLink final : public Transport {
  public:
   explicit PlantLink(sim::Plant& plant) : plant_(plant) {}
 
-  bool silent = false;            // takes commands and answers none
-  bool answersOpen = true;        // else a connect waits in vain
+  bool silent = false;            // accepts commands without an answer
+  bool answersOpen = true;        // false: a connect gets no answer
   std::vector<std::string> sent;  // all bytes of each connection
 
   void Open(const LinkTarget& /*target*/) override {
@@ -51,7 +51,7 @@ class PlantLink final : public Transport {
     });
     return true;
   }
-  /// A line that nothing asked for.
+  /// Sends a line without a request.
   void Say(const std::string& line) {
     Post([this, text = "0001>" + line + "\r\n\xFF"] { Events().OnLinkText(text); });
   }
@@ -76,15 +76,15 @@ class PlantLink final : public Transport {
   unsigned opened_ = 0;  // replies of an earlier connection are dropped
 };
 
-/// The program's outside world on a small plant, with a real timer: an old controller SKOLA and a
-/// modern KONTOR. The program directory and the settings are the world's own.
+/// The outside world of the program: a real timer and a small plant with the ZEK1 controller SKOLA
+/// and the ZEK2 controller KONTOR. It has its own program directory and settings.
 struct PlantWorld {
   explicit PlantWorld(std::string_view commandLine = {}, std::string_view ini = kIni) {
     EXPECT_FALSE(files.Write(directory + "ZEKView.INI", ini).has_value());
     session.settings.ProgramPath = directory;
     session.settings.IniPath = directory;
     EXPECT_TRUE(LoadSettings(session.settings, commandLine, profile, session.texts, prompts));
-    prompts.shown.clear();  // of settings that a test left out
+    prompts.shown.clear();  // messages about settings that a test left out
     session.topics.LoadTopics(profile, session.settings, session.texts, prompts);
     ticks.Begin();
   }
@@ -93,7 +93,7 @@ struct PlantWorld {
     session.tree = BuildObjectTree(session.topics, profile, session.texts, prompts);
     SelectNode(session, FindNode(session.tree, session.topics, node).value());
   }
-  /// A catalogue of the selected node, fetched or from its copy.
+  /// A catalogue of the selected node, fetched or from its local copy.
   CatalogueContent Get(Catalogue catalogue) {
     return session.catalogues.GetCatalogue(session.selection.Id(catalogue)).value();
   }

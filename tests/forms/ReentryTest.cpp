@@ -12,8 +12,9 @@
 #include "forms/browser/ZV_TSC.h"
 #include "forms/main/ZV_Main.h"
 
-// Whatever a user does to the windows while one of them waits: nothing is sent twice or in between,
-// every window closes in the end, and none is used after that (which the sanitizers see).
+// User actions while one of the windows waits. Nothing may be sent twice or in the middle of a
+// transfer, every window must close in the end, and none may be used after that (the sanitizers
+// detect it).
 namespace zek::window {
 namespace {
 
@@ -21,7 +22,7 @@ constexpr std::array kForms{"ZV_OVC", "ZV_WDC", "ZV_TSCSummary", "ZV_TSC", "ZV_M
 
 struct ReentryWorld : PlantWorld {
   ReentryWorld() {
-    ticks.Stop();  // the main window has its own
+    ticks.Stop();  // the main window has its own timer
     prompts.answers.assign(50, true);
     EXPECT_FALSE(profile.WriteIni("SaveDelay", "DelayA", "1"));
     EXPECT_FALSE(files.Write(directory + "PLANT_5100 Bj\xC3\xB6rkskolan SDC.TXT", ""));
@@ -64,11 +65,11 @@ void TypeCommand(const char* command) {
   Post("Text_Input", wxEVT_TEXT_ENTER, 0);
 }
 
-// --- What there is to wait for ---
+// --- The waits ---
 
 struct Wait {
   const char* name;
-  std::function<void(ReentryWorld&)> begin;  // is to lead there without being waited for
+  std::function<void(ReentryWorld&)> begin;  // leads to the wait; the test does not wait for it
   std::function<bool(const ReentryWorld&)> reached;
 };
 
@@ -135,7 +136,7 @@ const std::vector<Wait> kWaits = {
      IsFetching},
 };
 
-// --- What a user can do then ---
+// --- The user's actions ---
 
 struct Action {
   const char* name;
@@ -189,7 +190,7 @@ std::string FaultOf(const ReentryWorld& world, bool closed) {
   return {};
 }
 
-// Closes one form after the other, the innermost first, from inside whatever runs.
+// Closes all forms, innermost first, inside the event loop that runs.
 void CloseAll(const wxWeakRef<ZV_Main>& main) {
   When([] { return true; },
        [main] {
@@ -211,12 +212,12 @@ std::string Played(const Wait& wait, const Action& action) {
        });
   wait.begin(world);
   const bool closed = PumpUntil([&] { return !main; });
-  Pump(20);  // what is still on its way finds no window
+  Pump(20);  // pending events find no window
   EXPECT_TRUE(acted);
   return FaultOf(world, closed);
 }
 
-// All of them take a minute or two; without ZEKVIEW_FULL every eleventh is played.
+// All cases take one or two minutes; without ZEKVIEW_FULL only every eleventh runs.
 TEST(WindowReentry, EveryActionAtEveryWait) {
   const std::size_t step = std::getenv("ZEKVIEW_FULL") != nullptr ? 1 : 11;
   std::size_t number = 0;

@@ -6,7 +6,7 @@
 
 namespace zek::window {
 
-/// What a screen reader is told about a window, UTF-8.
+/// The name of a window for a screen reader, UTF-8.
 std::string SpokenName(wxWindow& window);
 
 }  // namespace zek::window

@@ -46,8 +46,8 @@ class Watch final : public wxTimer {
     const bool holds = condition_();
     if (!holds && Clock::now() < end_) return;
     EXPECT_TRUE(holds) << "what a test waited for did not happen";
-    // The action may run a loop of its own, so it must run neither inside the timer nor be part
-    // of it, since the timer goes meanwhile.
+    // The action may run its own event loop, in which the timer is deleted. So it must neither run
+    // inside the timer nor belong to it.
     if (holds) {
       wxTheApp->CallAfter([test = test_, action = action_] {
         if (test == CurrentTest()) action();
@@ -61,7 +61,7 @@ class Watch final : public wxTimer {
     wxTheApp->CallAfter([this] { delete this; });
   }
 
-  // What a test planned and did not live to see is nothing for the next one.
+  // Actions that a finished test left over must not run in the next test.
   const testing::TestInfo* test_ = CurrentTest();
   std::function<bool()> condition_;
   std::function<void()> action_;

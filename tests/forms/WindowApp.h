@@ -5,19 +5,18 @@
 
 #include <wx/window.h>
 
-/// What the window tests share: real windows on the real event loop. The tests run inside the
-/// running loop.
+/// Functions for the window tests. They use real windows and run inside the real event loop.
 namespace zek::window {
 
-/// Runs events until `condition` holds; false when it does not within ten seconds.
+/// Runs events until `condition` holds; returns false after ten seconds.
 bool PumpUntil(const std::function<bool()>& condition);
 
-/// Runs events for that long, where there is no condition to wait for (simulated keys on their
-/// way, something that must not happen).
+/// Runs events for that time. For cases without a condition to wait for: pending simulated keys,
+/// something that must not happen.
 void Pump(int milliseconds);
 
-/// Calls `action` once as soon as `condition` holds, from inside whatever loop runs then: the way
-/// to reach a form that is shown modally.
+/// Calls `action` once, as soon as `condition` holds, inside the event loop that runs then. This
+/// reaches forms that are shown modally.
 void When(std::function<bool()> condition, std::function<void()> action);
 
 /// The visible window with that name ("ZV_WDC", "Text_Input"), or null.

@@ -25,7 +25,7 @@ class ZV_LangTest : public testing::Test {
     ZV_Lang form(world_.session);
     When([] { return Shown("ZV_Lang") != nullptr; },
          [&] {
-           // Keys go where the focus is, which the system gives when it comes to it.
+           // Keys go to the window with the focus, which the system assigns later.
            EXPECT_TRUE(PumpUntil([&] { return form.IsActive() && wxWindow::FindFocus(); }));
            Pump(100);
            for (const int key : presses) {

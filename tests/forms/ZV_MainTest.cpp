@@ -39,8 +39,8 @@ class ZV_MainTest : public testing::Test {
     EXPECT_TRUE(PumpUntil([this] { return Shown("ZV_Info") && topics().GetCount() > 0; }));
   }
 
-  // Without a window manager the keys go to the window under the pointer, with some to the newest
-  // window: not to the about box.
+  // Without a window manager keys go to the window under the pointer, with some managers to the
+  // newest window. Neither may be the about box.
   void CloseAboutBox() {
     if (wxWindow* const box = Shown("ZV_Info")) box->Close();
     EXPECT_TRUE(PumpUntil([] { return Shown("ZV_Info") == nullptr; }));
@@ -105,7 +105,7 @@ TEST_F(ZV_MainTest, ControlCharactersGoAtOnceAndLeaveTheText) {
   EXPECT_GT(proc().countdowns.IdleCountdown, 1);
 }
 
-// A wait runs inside whatever event began it, so what happens meanwhile is planned beforehand.
+// A wait runs inside the event that began it, so actions during the wait are planned before it.
 TEST_F(ZV_MainTest, KeysWorkWhileACommandWaitsForItsAnswer) {
   Open();
   Connect();
@@ -124,7 +124,7 @@ TEST_F(ZV_MainTest, KeysWorkWhileACommandWaitsForItsAnswer) {
   Type("one");
   Key(WXK_RETURN);
   EXPECT_TRUE(PumpUntil([this] { return !form_; }));
-  EXPECT_EQ(sent().find('\r', 4), 8U);  // the first one with an "x" behind it
+  EXPECT_EQ(sent().find('\r', 4), 8U);  // the first command, followed by an "x"
 }
 
 TEST_F(ZV_MainTest, WhatIsTypedDuringTheWaitStays) {
@@ -187,7 +187,7 @@ TEST_F(ZV_MainTest, EveryByteOfAReplyIsOneLineOnTheScreenAndInTheSavedLog) {
   for (const int first : {0, 128}) {  // the log holds 250 lines
     proc().log.Replace({});
     for (int code = first; code < first + 128; ++code) {
-      // Character 10 is the end of the line, 255 that of a piece.
+      // Character 10 ends a line, 255 a piece.
       const std::string byte = code == '\n' ? "" : std::string(1, static_cast<char>(code));
       link().Say(std::to_string(code) + ":" + byte + (code == 255 ? "0002>" : "") + "b");
     }
@@ -250,7 +250,7 @@ TEST_F(ZV_MainTest, TheSelectionFollowsTheConnection) {
 
 TEST_F(ZV_MainTest, EverythingGoesByKeyboard) {
   Open();
-  Key(WXK_ESCAPE);  // the about box goes
+  Key(WXK_ESCAPE);  // closes the about box
   EXPECT_TRUE(PumpUntil([] { return Shown("ZV_Info") == nullptr; }));
   Key('F', wxMOD_ALT);
   EXPECT_TRUE(PumpUntil([this] { return topics().HasFocus(); }));
@@ -260,7 +260,7 @@ TEST_F(ZV_MainTest, EverythingGoesByKeyboard) {
   EXPECT_TRUE(PumpUntil([this] { return list().GetItemCount() == 1; }));
   list().SetFocus();
   Pump(50);
-  Key(WXK_RETURN);  // takes the selected line
+  Key(WXK_RETURN);  // chooses the selected line
   EXPECT_TRUE(PumpUntil([this] { return input().GetValue() == "ZEK1" && input().HasFocus(); }));
   Key('L', wxMOD_CONTROL);
   EXPECT_TRUE(PumpUntil([this] { return list().IsEmpty(); }));
@@ -284,7 +284,7 @@ TEST_F(ZV_MainTest, StartTopicOpensTheBrowserAndItsEndTheProgram) {
   When([] { return Shown("ZV_TSC") != nullptr; },
        [this] {
          EXPECT_FALSE(form_->IsShown());
-         form_->Close();  // is remembered, since the browser's loop runs inside a handler
+         form_->Close();  // is delayed, since the browser's loop runs inside a handler
          EXPECT_TRUE(form_);
          Shown("ZV_TSC")->Close();
        });

@@ -82,7 +82,7 @@ void EnterByKeyboard() {
 }
 
 void EnterByMouse() {
-  TypeInto("Text_Start0", "0800");  // without a date this is no entry
+  TypeInto("Text_Start0", "0800");  // without a date this is not an entry
   TypeInto("Text_DateOn0", "2026-12-24");
   TypeInto("Text_Start0", "0800");
   TypeInto("Text_DateOff0", "20261226");
@@ -130,7 +130,7 @@ TEST_F(ExceptionFormTest, EraseGoesDownTheRows) {
   EXPECT_EQ(world.link.sent.back().find("24-DEC-26"), std::string::npos);
 }
 
-// The wrong parts are told once the focus has moved on; saving waits until they were seen.
+// Errors are reported after the focus has moved on; saving waits until they have been shown.
 TEST_F(ExceptionFormTest, WrongDatesAndTimesAreToldAndReplaced) {
   world.prompts.answers = {true};  // close without saving
   OldLines()[1] = kOld;

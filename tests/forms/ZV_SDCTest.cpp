@@ -18,7 +18,7 @@ std::string Label(const std::string& name) { return Shown(name)->GetLabel().ToSt
 bool IsChosen(const std::string& name) {
   return dynamic_cast<const wxRadioButton&>(*Shown(name)).GetValue();
 }
-// What a screen reader is told of a control.
+// The text of a control for a screen reader.
 std::string Spoken(const std::string& name) { return SpokenName(*Shown(name)); }
 int ThisYear() { return wxDateTime::Today().GetYear(); }
 
@@ -67,7 +67,7 @@ struct CalendarFormTest : testing::Test {
   }
   std::map<int, std::string>& PlantLines() { return world.plant.outstations[0].calendar.lines; }
 
-  // "24-DEC-26" of the year that is shown first, or one after it.
+  // "24-DEC-26", with the first shown year or a later one.
   static std::string Date(const std::string& dayAndMonth, int yearsOn = 0) {
     return dayAndMonth + "-" + std::to_string(ThisYear() + yearsOn).substr(2);
   }
@@ -126,7 +126,7 @@ TEST_F(CalendarFormTest, ByKeyboardAndFetchedAgain) {
   ExpectChristmasWithoutBoxingDay();
 
   const std::map<int, std::string> saved = PlantLines();
-  PlantLines().at(1001).replace(7, 2, "02");  // as if somebody else had changed it
+  PlantLines().at(1001).replace(7, 2, "02");  // as if another user had changed it
   world.prompts.answers = {true};
   Run({{InEditor, [this, press] {
           for (int month = static_cast<int>(wxDateTime::Today().GetMonth()); month < 12; ++month)
@@ -145,7 +145,7 @@ TEST_F(CalendarFormTest, TheTypeAndTheFramesHaveKeys) {
           EXPECT_TRUE(PumpUntil([] { return HasFocus("Option_Day0"); }));
           Press(WXK_DOWN);
           EXPECT_TRUE(PumpUntil([] { return HasFocus("Option_Day1"); }));
-          Press(WXK_SPACE);  // the arrow has chosen it already, but under Wine
+          Press(WXK_SPACE);  // needed under Wine only; elsewhere the arrow key has chosen it
           EXPECT_TRUE(PumpUntil([] { return IsChosen("Option_Day1"); }));
           Press('H', wxMOD_ALT);
           EXPECT_TRUE(PumpUntil([] { return HasFocus("Picture_Days"); }));

@@ -104,7 +104,7 @@ TEST_F(BatchTest, RunsAndClosesByItselfWithTheBatchSwitch) {
   EXPECT_TRUE(world.prompts.shown.empty());
 }
 
-// The end of the user's session asks nobody.
+// The end of the user's session shows no question.
 TEST_F(BatchTest, AFormThatIsClosedByForceLeavesABatchThatIsWhole) {
   world.link.silent = true;
   Run({{InBrowser, StartBatch}, {waits, [] { Browser().Close(true); }}});

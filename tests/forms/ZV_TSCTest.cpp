@@ -34,7 +34,7 @@ TEST_F(BrowserTest, OpensOnTheStartTopicAndClosesWithEscape) {
           Escape();
         }}});
   world.session.status.Changed();
-  EXPECT_EQ(changes, 2);  // the main window was told all the time
+  EXPECT_EQ(changes, 2);  // the main window received every change
 }
 
 TEST_F(BrowserTest, MenuItemsFollowTheSelection) {

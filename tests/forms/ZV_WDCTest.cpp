@@ -42,7 +42,7 @@ TEST_F(WeekdayFormTest, ByKeyboardFromTheTreeToThePlant) {
           Enter("Text_ValueOn0");
           EXPECT_EQ(Value("Text_Stop0"), "17:30");
           Type("22,5");
-          Press('S', wxMOD_CONTROL);  // takes the entry that still has the focus
+          Press('S', wxMOD_CONTROL);  // includes the entry that still has the focus
         }},
        {InBrowser, Escape}});
   EXPECT_EQ(PlantLines().at(1000), kChanged);
@@ -139,7 +139,7 @@ TEST_F(WeekdayFormTest, AFailedSaveLeavesItOpenAndUnreadLinesAreTold) {
        {shown(4),
         [] {
           EXPECT_TRUE(Shown("Command_Ok")->IsEnabled());
-          Press('Z', wxMOD_CONTROL);  // as fetched again, which the local copy is no longer
+          Press('Z', wxMOD_CONTROL);  // back to the fetched table; the local copy now differs
           EXPECT_TRUE(PumpUntil([] { return Value("Text_Start0") == "07:00"; }));
           EXPECT_TRUE(Shown("Command_Ok")->IsEnabled());
           Escape();
@@ -149,7 +149,7 @@ TEST_F(WeekdayFormTest, AFailedSaveLeavesItOpenAndUnreadLinesAreTold) {
   EXPECT_NE(world.prompts.shown[0].find("!XX"), std::string::npos);
 }
 
-// The answers wait while the user clicks about; closing is put off until the catalogue is written.
+// The user clicks while the answers are delayed; closing waits until the catalogue is written.
 TEST_F(WeekdayFormTest, AWriteIsShownAndCanNotBeStopped) {
   ASSERT_FALSE(world.profile.WriteIni("SaveDelay", "DelayA", "1"));
   world.prompts.answers = {true};
@@ -176,10 +176,10 @@ TEST_F(WeekdayFormTest, AWriteIsVerifiedAndSaysSo) {
   EXPECT_EQ(world.prompts.shown[1], "i " + world.session.Text(text::kVerified));
 }
 
-// The controller has the catalogue by then, so that nothing is half when the wait is over.
+// The controller has the catalogue by then, so nothing is half done when the wait ends.
 TEST_F(WeekdayFormTest, EscapeEndsAVerificationThatGetsNoAnswer) {
   world.session.settings.VerifyAfterWrite = true;
-  world.prompts.answers = {true, false, true};  // send; don't try again; close all the same
+  world.prompts.answers = {true, false, true};  // send; don't try again; close anyway
   ASSERT_FALSE(world.profile.WriteIni("GetDelay", "DelayA", "1"));
   Run({{InBrowser, FetchFirstTimeControl},
        {InEditor, ChangeAndSave},

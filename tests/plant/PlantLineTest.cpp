@@ -8,7 +8,7 @@
 namespace zek::sim {
 namespace {
 
-// Head "weekday ZEK2 TSC1": whether a controller takes each line, by its layout.
+// Head "weekday ZEK2 TSC1": whether a controller accepts each line, by its layout.
 TEST(PlantLine, Cases) {
   test::CheckCases("plant-lines.txt", [](const test::TextCase& given) {
     const bool modern = GetField(given.head, 1, " ") == "ZEK2";

@@ -1,5 +1,5 @@
-// What the platform's calls make of settings files. The cases run against every way to read and
-// write them that the system has, so that our own code and the calls agree.
+// How the platform's profile calls read settings files. The cases run with every way to read and
+// write them on this system, so that our own code and the calls agree.
 
 #include <gtest/gtest.h>
 #include <utility>
@@ -30,8 +30,8 @@ class ProfileCases : public ::testing::TestWithParam<test::ProfileKind> {
 INSTANTIATE_TEST_SUITE_P(All, ProfileCases, testing::ValuesIn(test::ProfileKinds()),
                          [](const auto& kind) { return kind.param.name; });
 
-// Left out: a value that ends in character 26, which Wine drops, and keys with letters beyond
-// ASCII in the other case, which Wine does not find. No setting of ours is such a one.
+// Not tested: a value that ends in character 26, which Wine drops, and keys with non-ASCII letters
+// in the other case, which Wine does not find. The program has no such settings.
 constexpr const char* kFile =
     "before=1\r\n"
     "[Q]\n"
@@ -60,7 +60,7 @@ TEST_P(ProfileCases, LongValuesAndDefaults) {
   EXPECT_EQ(read.ReadIni("s", "k", ""), std::string(127, 'x'));
   EXPECT_EQ(read.ReadIni("s", "m", ""), most);
   EXPECT_EQ(read.ReadIni("s", "nix", " d "), " d");
-  // The calls of Wine lose a character when quotes go around as much as fits.
+  // Wine loses a character when quotes surround a value of the largest length.
   if (GetParam().ours) {
     EXPECT_EQ(read.ReadIni("s", "q", ""), most);
   }
@@ -96,7 +96,7 @@ TEST_P(ProfileCases, ATopicListOverItsBuffer) {
   EXPECT_LT(section.entries.back().size(), section.entries.front().size());
 }
 
-// Compared by reading again: Wine writes the whole file anew, in a layout of its own.
+// Compares by reading again, because Wine rewrites the whole file in its own layout.
 TEST_P(ProfileCases, Writes) {
   const struct {
     const char* before;

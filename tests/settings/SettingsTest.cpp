@@ -11,7 +11,7 @@ namespace {
 
 using Shown = std::vector<std::string>;
 
-// Start-up with that settings file and command line.
+// Starts with that settings file and command line.
 struct Started {
   Settings settings;
   Shown shown;

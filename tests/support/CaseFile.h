@@ -11,9 +11,9 @@
 
 namespace zek::test {
 
-/// One case of a text file in tests/cases. A head line of words begins it, "< " comes before each
-/// line that is given and "> " before each that is expected; ";" begins a comment. "<*201 x" gives
-/// 201 lines "x". "\x05" is a control character, "\x20" a blank at the end of a line.
+/// One case of a text file in tests/cases. It begins with a head line; "< " precedes each given
+/// line and "> " each expected line; ";" begins a comment. "<*201 x" means 201 lines "x". "\x05" is
+/// a control character, "\x20" a blank at the end of a line.
 struct TextCase {
   std::string head;
   std::vector<std::string> given;
@@ -51,7 +51,7 @@ inline std::vector<TextCase> CasesOf(const std::string& name) {
   return cases;
 }
 
-/// Each case of a file against what `outcome` makes of it.
+/// Compares the expected lines of each case in a file with the result of `outcome`.
 template <class Outcome>
 void CheckCases(const std::string& name, Outcome outcome) {
   const std::vector<TextCase> cases = CasesOf(name);

@@ -11,15 +11,15 @@
 
 namespace zek::test {
 
-/// A tag server that notes every call; the values in `refused` can't be written. One that `echoes`
-/// repeats the password of its log-on in all that it says.
+/// A tag server that records every call. It refuses to write the values in `refused`. With `echoes`
+/// it repeats the log-on password in all its texts.
 class FakeTags final : public TagServer {
  public:
   std::vector<std::string> calls;
   std::set<std::string> refused;
   bool opens = true;
   std::deque<std::string> replies;
-  /// Asked about every write; zero refuses it.
+  /// Called for every write; the result zero refuses it.
   std::function<bool(const std::string& tag, const std::string& value)> takes =
       [](const std::string&, const std::string&) { return true; };
   std::string fault;           // why the next call fails

@@ -10,7 +10,7 @@
 
 namespace zek::test {
 
-/// A disk in memory that can be told to fail.
+/// A disk in memory that can fail on request.
 class MemoryFiles final : public Files {
  public:
   std::map<std::string, std::string> files;

@@ -11,7 +11,7 @@
 
 namespace zek::test {
 
-/// A transport in virtual time. What it reports comes as an event, as from a real one.
+/// A transport in virtual time. It reports by events, like a real one.
 class MemoryTransport final : public Transport {
  public:
   explicit MemoryTransport(VirtualTurn& turn) : turn_(turn) {}
@@ -23,7 +23,7 @@ class MemoryTransport final : public Transport {
   int confirmMilliseconds = 0;  // until the peer has confirmed what was sent
   bool takesBytes = true;       // false: Send fails
   bool acknowledges = true;     // false: what was sent stays unconfirmed
-  bool takesThis = true;        // set false by onSent: these bytes were refused after all
+  bool takesThis = true;        // onSent sets it to false to refuse these bytes
   std::vector<LinkTarget> opened;
   bool openedTwice = false;                   // while it was not closed
   std::string sent;                           // all bytes, of all connections
@@ -69,7 +69,7 @@ class MemoryTransport final : public Transport {
 
   LinkState State() const override { return state_; }
 
-  // What the peer does, after `milliseconds`.
+  // What the peer does after `milliseconds`.
   void Say(std::string bytes, int milliseconds = 10) {
     turn_.After(milliseconds, [this, serial = serial_, bytes = std::move(bytes)] {
       if (serial == serial_) Events().OnLinkText(bytes);

@@ -8,13 +8,13 @@
 
 namespace zek::test {
 
-/// Message boxes that are answered beforehand; `shown` holds what a user would have read, each
-/// after the letter of its icon (n i x c q) and, for questions, "?"; `details` what stood below it.
+/// Message boxes with prepared answers. `shown` contains the messages, each after the letter of its
+/// icon (n i x c q) and, for questions, "?"; `details` contains the details below each message.
 class ScriptedPrompts final : public Prompts {
  public:
   std::vector<std::string> shown;
   std::vector<std::string> details;
-  std::deque<bool> answers;  // to the questions in their order; No when there is none left
+  std::deque<bool> answers;  // to the questions in order; No when all are used
 
   using Prompts::Show;
   void Show(Icon icon, const std::string& message, const std::string& /*caption*/) override {

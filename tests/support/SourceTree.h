@@ -4,8 +4,8 @@
 
 namespace zek::test {
 
-/// The project's folder. Only one generated file names it, so that all others compile the same in
-/// every clone and the compiler's cache serves them all.
+/// The project's folder. Only one generated file contains it, so that all other files compile the
+/// same in every clone and the compiler cache works for all of them.
 std::string SourceTree();
 
 }  // namespace zek::test

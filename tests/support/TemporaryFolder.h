@@ -10,12 +10,12 @@
 
 namespace zek::test {
 
-/// A new, empty folder of a test's own, gone at its end.
+/// A new, empty folder for one test, deleted at its end.
 class TemporaryFolder {
  public:
   explicit TemporaryFolder(
       const std::filesystem::path& parent = std::filesystem::temp_directory_path()) {
-    // Nobody else starts in the same moment with the same count.
+    // No other process starts at the same time with the same count.
     static int count = 0;
     const auto now = std::chrono::system_clock::now().time_since_epoch().count();
     path_ = parent / ("zekview-" + std::to_string(now) + "-" + std::to_string(++count));
@@ -36,7 +36,7 @@ class TemporaryFolder {
   std::filesystem::path path_;
 };
 
-/// The names of all that stands in the folder, sorted, whatever the program makes of them.
+/// The names of all entries of the folder, sorted, as the system lists them.
 inline std::vector<std::string> NamesIn(const TemporaryFolder& folder) {
   std::vector<std::string> names;
   for (const auto& entry : std::filesystem::directory_iterator(folder.Path())) {

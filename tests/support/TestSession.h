@@ -15,8 +15,8 @@
 
 namespace zek::test {
 
-/// A whole session in memory and virtual time, with one ZEK1 object (ONE, no DUS) and one ZEK2
-/// object (TWO, DUS 3). Texts show their number: "T422".
+/// A complete session in memory and virtual time, with one ZEK1 object (ONE, no DUS) and one ZEK2
+/// object (TWO, DUS 3). Each text is its number: "T422".
 class TestSession {
  public:
   explicit TestSession(const std::string& general = "") {
@@ -42,7 +42,7 @@ class TestSession {
     turn.tick = [this] { proc.connection.Tick(); };
   }
 
-  // Start-up with that command line.
+  // Starts with that command line.
   void Load(std::string_view commandLine) {
     LoadSettings(proc.settings, commandLine, profile, proc.texts, prompts);
     proc.topics.LoadTopics(profile, proc.settings, proc.texts, prompts);
@@ -53,7 +53,7 @@ class TestSession {
     SelectNode(proc, FindNode(proc.tree, proc.topics, node).value());
   }
 
-  // The selected node's catalogues. What was got is in `Got`.
+  // The selected node's catalogues. `Got` contains what was fetched.
   bool Get(Catalogue catalogue = Catalogue::Wdc) {
     const auto content = proc.catalogues.GetCatalogue(Id(catalogue));
     Got = content.value_or(CatalogueContent());
@@ -62,13 +62,13 @@ class TestSession {
   const std::vector<std::string>& GotLines() const { return Got.lines; }
   std::string GotDfv() const { return Got.dfv.value_or("."); }
   int LinesDropped() const { return static_cast<int>(Got.linesDropped); }
-  /// `dfv`: nothing when the controller's value is not known.
+  /// `dfv`: empty if the controller's value is not known.
   bool Save(std::vector<std::string> lines, Catalogue catalogue = Catalogue::Wdc,
             const std::optional<std::string>& dfv = ".") {
     return proc.catalogues.SaveCatalogue(Id(catalogue), {std::move(lines), dfv, {}});
   }
   bool SaveWhatWasGot(Catalogue catalogue) { return Save(Got.lines, catalogue, Got.dfv); }
-  /// Saves while an editor's table holds what its lines do not.
+  /// Saves while an editor's table contains entries that its lines do not.
   bool SaveWithout(std::vector<std::string> notInLines, std::vector<std::string> lines) {
     return proc.catalogues.SaveCatalogue(Id(), {std::move(lines), ".", std::move(notInLines)});
   }

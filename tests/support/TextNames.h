@@ -21,13 +21,13 @@ inline const std::map<int, std::string>& TextNames() {
   return names;
 }
 
-/// The name of a text; the digits of one without.
+/// The name of a text, or its number if it has no name.
 inline std::string TextName(std::int32_t number) {
   const auto found = TextNames().find(number);
   return found == TextNames().end() ? std::to_string(number) : found->second;
 }
 
-/// The text of a language file whose texts are their names and what is put into them.
+/// A language file in which each text is its own name and its placeholders.
 inline std::string NamedLanguage() {
   std::string language;
   for (const auto& [number, name] : TextNames())
@@ -35,14 +35,14 @@ inline std::string NamedLanguage() {
   return language;
 }
 
-/// That language, but for the texts that are given.
+/// That language, except for the given texts.
 inline LanguageTexts NamedTexts(const std::string& given) {
   LanguageTexts texts;
   texts.Read(given + NamedLanguage());
   return texts;
 }
 
-/// A message without the places that nothing was put into.
+/// A message without its unused placeholders.
 inline std::string Filled(const std::string& message) {
   return std::regex_replace(message, std::regex(" %\\d"), "");
 }

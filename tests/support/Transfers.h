@@ -8,7 +8,7 @@
 
 namespace zek::test {
 
-/// What a fetch gave.
+/// The result of a fetch.
 struct Fetched {
   bool done = false;
   std::vector<std::string> lines;
@@ -28,7 +28,7 @@ inline bool Send(ZV_Proc& proc, Catalogue catalogue, std::vector<std::string> li
                                        {std::move(lines), std::move(value), {}});
 }
 
-/// A cancel that no wait has taken yet.
+/// A cancel that no wait has received yet.
 inline bool CancelIsPending(const ZV_Proc& proc) { return proc.waits.CanCancel(); }
 
 }  // namespace zek::test

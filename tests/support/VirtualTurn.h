@@ -9,7 +9,7 @@
 
 namespace zek::test {
 
-/// Virtual time: a turn is 10 ms, a tick comes every 200 ms, then whatever has become due.
+/// Virtual time: a turn takes 10 ms; every 200 ms there is a tick; then all due actions run.
 class VirtualTurn final : public Turn {
  public:
   std::function<void()> tick = [] {};
@@ -32,7 +32,7 @@ class VirtualTurn final : public Turn {
     now_ += 10;
     if (now_ % kTickMilliseconds == 0) tick();
     RunPending();
-    if (now_ > kLongestTest) quitting_ = true;  // a wait without end fails its test, not the run
+    if (now_ > kLongestTest) quitting_ = true;  // an endless wait fails its test, not the whole run
   }
 
   bool Quitting() const override { return quitting_; }

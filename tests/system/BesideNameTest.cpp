@@ -13,7 +13,7 @@ TEST(BesideName, StandsBesideItsTargetAndFits) {
   EXPECT_EQ(BesideName(std::string(300, 'x'), 1, 1), std::string(200, 'x') + "~.zvtmp1");
   const std::string device = "NUL" + std::string(250, ' ');
   EXPECT_NE(BesideName(device, 1, 1).find(" ~.zvtmp1"), std::string::npos) << "no device";
-  std::string letters = "/x";  // å is two bytes: none of them is cut
+  std::string letters = "/x";  // å is two bytes and must not be cut
   for (int i = 0; i < 200; ++i) letters += "å";
   EXPECT_EQ(BesideName(letters, 1, 1).size(), 1 + 199U + std::string("~.zvtmp1").size());
 }

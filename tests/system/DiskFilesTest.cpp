@@ -59,7 +59,7 @@ TEST_F(DiskFilesTest, AFileThatIsTooLargeIsNotRead) {
 }
 
 TEST_F(DiskFilesTest, AFailedWriteLeavesTheOldFileAndNothingElse) {
-  std::filesystem::create_directory(temporary.Path() / "taken");  // nothing moves over a folder
+  std::filesystem::create_directory(temporary.Path() / "taken");  // a file cannot replace a folder
   std::filesystem::create_directory(temporary.Path() / "taken" / "inside");
   EXPECT_TRUE(files.Write(folder + "taken", "x"));
   EXPECT_EQ(test::NamesIn(temporary), std::vector<std::string>{"taken"});
@@ -72,7 +72,7 @@ TEST_F(DiskFilesTest, AFileWrittenInPiecesIsThereOnlyWhenCommitted) {
     ASSERT_TRUE(dropped.file);
     EXPECT_FALSE(dropped.file->Append("half"));
     EXPECT_EQ(test::NamesIn(temporary).size(), 2U);
-    EXPECT_EQ(files.List(folder), std::vector<std::string>{"x"}) << "nobody takes it for a file";
+    EXPECT_EQ(files.List(folder), std::vector<std::string>{"x"}) << "it is not listed as a file";
     EXPECT_EQ(files.Read(folder + "x").bytes, "old");
   }
   EXPECT_EQ(test::NamesIn(temporary), std::vector<std::string>{"x"}) << "nothing left beside";

@@ -6,7 +6,7 @@
 namespace zek {
 namespace {
 
-// One that is not caught ends this program.
+// An interrupt that is not caught would end this program.
 TEST(Interrupt, EndsAreCaughtOnceEach) {
   for (const int number : {SIGINT, SIGTERM}) {
     CatchInterrupts();

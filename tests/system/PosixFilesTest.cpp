@@ -37,7 +37,7 @@ TEST_F(PosixFilesTest, APipeIsRefusedInsteadOfWaitedFor) {
 TEST_F(PosixFilesTest, AFullDiskIsAnError) { EXPECT_TRUE(files.Write("/dev/full/x", "x")); }
 
 TEST_F(PosixFilesTest, APieceThatDoesNotFitLeavesThoseBefore) {
-  const auto before = std::signal(SIGXFSZ, SIG_IGN);  // a write beyond the limit fails then
+  const auto before = std::signal(SIGXFSZ, SIG_IGN);  // so that a write beyond the limit fails
   rlimit old = {};
   ::getrlimit(RLIMIT_FSIZE, &old);
   const CreatedFile created = files.Create(folder + "x");

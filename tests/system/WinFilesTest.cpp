@@ -13,7 +13,7 @@
 namespace zek {
 namespace {
 
-// Another program that has the file open and lets nobody replace it.
+// Another program that has the file open and does not let it be replaced.
 HANDLE Hold(const std::string& path) {
   return ::CreateFileW(WideFromUtf8(path).c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
@@ -49,14 +49,14 @@ TEST(WinFiles, AFileThatIsHeldOpenIsReadButNotReplaced) {
   EXPECT_EQ(test::NamesIn(temporary), std::vector<std::string>{"held"});
   EXPECT_EQ(files.Read(path).bytes, "old");
 
-  // Whoever holds it for a moment only does no harm.
+  // A program that holds it only briefly does no harm.
   std::thread other([holder] { ::CloseHandle(holder); });
   EXPECT_FALSE(files.Write(path, "new"));
   other.join();
   EXPECT_EQ(files.Read(path).bytes, "new");
 }
 
-// A process has a number that is a multiple of four; this one never lived.
+// A process id is a multiple of four, so this process never existed.
 TEST(WinFiles, OnlyWhatAKilledProgramLeftIsSwept) {
   const test::TemporaryFolder temporary;
   DiskFiles files;
@@ -68,14 +68,14 @@ TEST(WinFiles, OnlyWhatAKilledProgramLeftIsSwept) {
   EXPECT_EQ(test::NamesIn(temporary), (std::vector<std::string>{"running", "x"}));
 }
 
-// Who may read and write a file is settled where it is made, not where it is replaced.
+// A file's access rights are set when it is created and stay when it is replaced.
 TEST(WinFiles, AReplacedFileKeepsItsAccess) {
   const test::TemporaryFolder temporary;
   const std::string path = temporary.Name() + "settings";
   const std::wstring wide = WideFromUtf8(path);
   DiskFiles files;
   EXPECT_FALSE(files.Write(path, "old"));
-  PSECURITY_DESCRIPTOR own = nullptr;  // not what the folder says
+  PSECURITY_DESCRIPTOR own = nullptr;  // differs from the folder's
   ASSERT_NE(::ConvertStringSecurityDescriptorToSecurityDescriptorW(L"D:P(A;;FA;;;BA)(A;;FA;;;WD)",
                                                                    SDDL_REVISION_1, &own, nullptr),
             0);
@@ -88,7 +88,7 @@ TEST(WinFiles, AReplacedFileKeepsItsAccess) {
   EXPECT_NE(AccessTo(WideFromUtf8(temporary.Name() + "other")), before);
 }
 
-// The calls of the system would write in place, and drop blank lines on the way.
+// The calls of the system would write in place and drop blank lines.
 TEST(WinFiles, SettingsAreReplacedAsAWhole) {
   const test::TemporaryFolder temporary;
   const std::string path = temporary.Name() + "ZEKView.INI";

@@ -6,8 +6,8 @@
 namespace zek {
 namespace {
 
-// Characters are looked at 16, 8 and 1 at a time: every place in every such group, in texts that
-// end right behind it and in longer ones.
+// Characters are checked 16, 8 and 1 at a time. Tests every place in each such group, in texts that
+// end right after it and in longer ones.
 TEST(Controls, FindsTheFirstOneAtEveryPlace) {
   for (const char control : {'\0', '\n', '\x1F'}) {
     for (std::size_t place = 0; place < 50; ++place) {

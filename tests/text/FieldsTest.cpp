@@ -28,7 +28,7 @@ TEST(Fields, TrimTakesBlanksOnly) {
 
 TEST(Fields, UpperCaseKnowsSwedish) {
   EXPECT_EQ(UpperCase("\xE5\xE4\xF6 \xE9\xFF\xF7x"), "\xC5\xC4\xD6 \xC9\x9F\xF7X");
-  // The letters at the ends of each block, and their neighbours, which are none.
+  // The letters at the ends of each block, and their neighbours, which are not letters.
   EXPECT_EQ(UpperCase("`az{\xDF\xE0\xF6\xF7\xF8\xFE\x99\x9A\x9B\x9C\x9D\x9E"),
             "`AZ{\xDF\xC0\xD6\xF7\xD8\xDE\x99\x8A\x9B\x8C\x9D\x8E");
   EXPECT_TRUE(EqualNoCase("skåne"_w1252, "SKÅNE"_w1252));

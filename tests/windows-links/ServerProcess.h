@@ -15,11 +15,11 @@ inline std::string ProgramFolder() {
   return path.substr(0, path.find_last_of('\\') + 1);
 }
 
-/// A program of ours from the same folder. It runs until this object is gone, which closes its
+/// A test program from the same folder. It runs until this object is destroyed, which closes its
 /// standard input.
 class ServerProcess {
  public:
-  /// Starts it and waits until it has made an event of its first argument's name: it serves then.
+  /// Starts it and waits until it creates the event named by its first argument: then it serves.
   ServerProcess(const std::string& program, const std::vector<std::string>& arguments) {
     std::string line = "\"\"" + ProgramFolder() + program + "\"";  // the shell takes the outer ones
     for (const std::string& argument : arguments) line += " \"" + argument + "\"";

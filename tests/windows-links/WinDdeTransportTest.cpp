@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char* kService = "ZEKDOUBLE";
 constexpr const char* kNetService = R"(\\PLANT2\NDDE$)";
-constexpr ULONGLONG kLongestWait = 20'000;  // ms, for a machine that does much else
+constexpr ULONGLONG kLongestWait = 20'000;  // ms, enough for a busy machine
 
 class WinDdeTransportTest : public ::testing::Test, protected TransportEvents {
  protected:
@@ -50,7 +50,7 @@ class WinDdeTransportTest : public ::testing::Test, protected TransportEvents {
 
   void OpenAndAwait(const std::string& topic) {
     link.Open({kService, topic});
-    EXPECT_EQ(events.size(), 0U) << "nothing is told inside Open";
+    EXPECT_EQ(events.size(), 0U) << "no event inside Open";
     ASSERT_TRUE(Await([this] { return !events.empty(); })) << topic;
     ASSERT_EQ(events.front(), "0000><TRANSPARENT>");
     ASSERT_EQ(link.State(), LinkState::Connected);
@@ -142,9 +142,9 @@ TEST_F(WinDdeTransportTest, ARefusedPokeEndsTheLink) {
     OpenAndAwait(topic);
     EXPECT_TRUE(link.Send("LIST"));
     EXPECT_TRUE(link.Send("{13}"));
-    EXPECT_TRUE(events.empty()) << "nothing is told inside Send";
+    EXPECT_TRUE(events.empty()) << "no event inside Send";
     ASSERT_TRUE(AwaitEvent()) << topic;
-    // Not every system tells why.
+    // Not every system reports the reason.
     EXPECT_TRUE(events.front() == Error(number) || events.front() == Error(text::kDdeRefused));
     EXPECT_EQ(events.size(), 1U);
     EXPECT_FALSE(link.Send("LIST"));
@@ -214,7 +214,7 @@ TEST_F(WinDdeTransportTest, NothingIsToldOfALinkThatWasClosed) {
   EXPECT_EQ(events, std::vector<std::string>{"0001>last\r\n"});
 }
 
-/// A server that calls back: the system serves it in this process as in another one.
+/// A server that calls back, in this process; the system treats it like one in another process.
 class Caller {
  public:
   Caller() {

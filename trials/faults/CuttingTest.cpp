@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t kCutsAtOnce = 5;
 
-// ZEKVIEW_CUTS: at how many random places the dialogues are cut, all together.
+// ZEKVIEW_CUTS: the number of random cuts in all dialogues together.
 std::size_t RandomCuts() {
 #ifdef __SANITIZE_ADDRESS__
   constexpr std::size_t kEnough = 2'000;
@@ -30,7 +30,7 @@ std::vector<std::size_t> EveryPlace(std::size_t bytes) {
   return places;
 }
 
-// How many replays there were, and how many gave the same as the uncut one.
+// The number of replays, and how many gave the same result as the uncut one.
 struct Count {
   std::size_t same = 0;
   std::size_t all = 0;

@@ -13,9 +13,9 @@ namespace zek::faults {
 ///   ; comment
 ///   read-wdc 2 HOST:5100:3  the transfer, the generation, the topic's address or "DDE"
 ///   connect    a link is made
-///   > bytes    the session hands over exactly these
-///   < bytes    comes then; several such lines are one text. Over DDE without the sequence number
-///   result, value, line    what the transfer gives, in a write: what it sends
+///   > bytes    the session must send exactly these bytes
+///   < bytes    the answer; several such lines are one text. Over DDE without the sequence number
+///   result, value, line    the result of the transfer; in a write: the content to send
 /// Bytes have the escapes \r \n \\ \xNN.
 struct Dialogue {
   struct Step {
@@ -38,22 +38,22 @@ struct Dialogue {
 /// All dialogues of the folder.
 std::vector<Dialogue> LoadDialogues(const std::string& folder);
 
-/// What a replay gave.
+/// The result of a replay.
 struct Outcome {
   bool result = false;
   std::string value;
   std::vector<std::string> lines;
   std::vector<std::string> log;
-  std::string astray;  // what the session handed over instead of the recorded bytes
+  std::string astray;  // the bytes that the session sent instead of the recorded ones
   bool operator==(const Outcome&) const = default;
 };
 
-/// A session that hears a dialogue, again and again.
+/// A session that replays a dialogue repeatedly.
 class Replay : private test::TestSession {
  public:
   explicit Replay(const Dialogue& dialogue);
 
-  /// `cuts`: the places in all that comes, sorted, where one event ends and another begins.
+  /// `cuts`: sorted places in all answer bytes, where one event ends and the next begins.
   Outcome Run(const std::vector<std::size_t>& cuts);
 
  private:
@@ -63,7 +63,7 @@ class Replay : private test::TestSession {
   const Dialogue& dialogue_;
   const std::vector<std::size_t>* cuts_ = nullptr;
   std::size_t step_ = 0;
-  std::size_t place_ = 0;      // in all that comes
+  std::size_t place_ = 0;      // in all answer bytes
   std::int64_t lastSaid_ = 0;  // when the last event is due: a stream keeps its order
   std::string astray_;
 };

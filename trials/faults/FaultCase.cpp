@@ -39,7 +39,7 @@ bool Applies(const FaultCase& each) {
   if (each.fault == Fault::Lost)
     return each.step.command >= 0 && each.step.command != kClose && !each.InListing();
   const bool slow = each.fault == Fault::Drop || each.fault == Fault::Stall;
-  // A DDE link ends at once; the calls of the tag object are done when they return.
+  // A DDE link ends at once, and the calls of the tag object are synchronous.
   if (each.step.command == kClose && slow) return each.transport != Transport::Dde;
   if (each.step.command == kConnect && each.fault == Fault::Late) {
     return each.transport != Transport::Tags;

@@ -11,10 +11,10 @@ namespace zek::faults {
 /// How the session reaches the controller.
 enum class Transport { TcpPieces, TcpDus, Dde, Tags };
 
-/// What goes wrong.
+/// The fault.
 enum class Fault {
-  Drop,      // bytes are lost on their way, as far as the transport can lose any: see FaultyPlant
-  Lost,      // the server took the command and never gave it to the controller
+  Drop,      // bytes are lost on their way, if the transport can lose any: see FaultyPlant
+  Lost,      // the server accepted the command and never gave it to the controller
   Stall,     // no answer, or no more of it
   Garbage,   // all 256 byte values before the answer
   Error,     // "ERROR" instead of what was asked for
@@ -27,12 +27,13 @@ enum class Fault {
   Char2,
   Char3,
   Char23,
-  Char255,  // these stand in the middle of a line
+  Char255,  // these characters are in the middle of a line
 };
 inline constexpr int kFaults = 15;
 
-/// When in the dialogue. A step is a command, counted from 0 on each connection, and the line of
-/// its answer before which the fault comes; before and after all commands are two more each.
+/// The place in the dialogue. A step is a command, counted from 0 on each connection, and the line
+/// of its answer before which the fault occurs. There are two more steps before and after all
+/// commands.
 struct Step {
   const char* name;
   int command;
@@ -65,8 +66,7 @@ struct FaultCase {
   std::string Name() const;
 };
 
-/// Every case that there is: a fault that has no meaning at a step (a close over DDE that takes
-/// long) is left out.
+/// All cases, without faults that have no meaning at a step (such as a slow close over DDE).
 std::vector<FaultCase> ReadCases();
 std::vector<FaultCase> WriteCases();
 

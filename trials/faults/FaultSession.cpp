@@ -25,7 +25,7 @@ std::string Padded(std::string text, std::size_t width) {
   return text;
 }
 
-// Line `index` of a catalogue as a controller of that generation takes it; `day` makes it differ.
+// Line `index` of a catalogue for a controller of that generation; `day` makes it differ.
 std::string Line(const FaultCase& what, int index, const std::string& day) {
   const bool zek1 = what.generation == Generation::Zek1;
   const std::string number = " " + std::to_string(1000 + index) + " !";
@@ -141,9 +141,9 @@ std::string FaultSession::ValueThere() const {
   return what_.HasDfv() ? outstation_.controls.front().defaultValue.value_or(".") : ".";
 }
 
-// Nothing in the dialogue tells these from what it should be:
-// a listing whose line went missing between the server and the program, where the transport can
-// lose a part and go on; a letter too many; a command that the server took and lost.
+// Faults that nothing in the dialogue shows: a line of a listing lost between the server and the
+// program, if the transport can lose a part and continue; an extra letter; a command that the
+// server accepted and lost.
 bool FaultSession::IsUnnoticeable() const {
   if (what_.fault == Fault::Lost) return what_.write;
   if (what_.write) return false;
@@ -152,8 +152,8 @@ bool FaultSession::IsUnnoticeable() const {
   return what_.fault == Fault::Char255 && inListing && what_.transport != Transport::TcpPieces;
 }
 
-// A fault that is over at the second attempt, and did not keep the connection from being made. That
-// bytes of a write were not confirmed shows only when all attempts are over.
+// A fault that is over at the second attempt and did not prevent the connection. Unconfirmed bytes
+// of a write are detected only after all attempts.
 bool FaultSession::MustSucceed() const {
   if (what_.write && what_.fault == Fault::Drop && what_.IsTcp()) return false;
   return !what_.always && what_.step.command >= 0 && what_.step.command != kClose;
@@ -198,7 +198,7 @@ void FaultSession::CheckAtRest() {
   Expect(socket.State() == LinkState::Closed || socket.closeMilliseconds < 0, "the socket is open");
 }
 
-// The longest that the settings allow, each wait of every attempt at its end.
+// The longest time that the settings allow: every wait of every attempt lasts until its timeout.
 double FaultSession::LongestSeconds() const {
   const bool overTags = what_.transport == Transport::Tags;
   const double close = overTags ? kTagDelay : kDisconnectDelay;

@@ -15,12 +15,12 @@ class FaultSession : private test::TestSession {
   /// With `verify` a write is checked by a read-back (setting `VerifyAfterWrite`).
   FaultSession(const FaultCase& what, std::size_t floodBytes, bool verify = false);
 
-  /// Runs the transfer and another read behind it. Whatever is wrong, as one text; "" if nothing.
+  /// Runs the transfer and then a read. Returns all errors as one text, or "".
   std::string Run();
 
-  /// After `Run`: told as done although it isn't, which nothing in the dialogue shows.
+  /// After `Run`: reported as done although it failed, and nothing in the dialogue shows that.
   bool Unnoticed() const { return unnoticed_; }
-  /// After `Run`: told as done.
+  /// After `Run`: reported as done.
   bool ToldDone() const { return done_; }
 
  private:

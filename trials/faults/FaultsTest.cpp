@@ -14,20 +14,20 @@ std::size_t FloodBytes() {
   return bytes == nullptr ? kBeyondBuffers : std::strtoul(bytes, nullptr, 10);
 }
 
-// The sanitizers see every kind of case in a seventh of them: 7 shares no factor with the number of
-// transports and of faults.
+// With the sanitizers every seventh case runs. That covers every kind of case, because 7 shares no
+// factor with the number of transports and of faults.
 #ifdef __SANITIZE_ADDRESS__
 constexpr std::size_t kStride = 7;
 #else
 constexpr std::size_t kStride = 1;
 #endif
 
-// How many cases there were, in how many nothing was wrong, and in how many the fault did not show.
+// The number of cases, of those without an error, and of those in which the fault did not show.
 struct Count {
   std::size_t run = 0;
   std::size_t right = 0;
   std::size_t unnoticed = 0;
-  std::size_t done = 0;  // told so
+  std::size_t done = 0;  // reported as done
 };
 
 Count RunAll(const std::vector<FaultCase>& cases, std::size_t stride, bool verify = false) {
@@ -59,7 +59,7 @@ TEST(Faults, AtEveryStepOfAWrite) {
   Print("faults in writes", count, count.unnoticed, "only a read-back can tell");
 }
 
-// What the server takes and loses, the read-back finds; what it does not lose there, it confirms.
+// The read-back detects commands that the server accepted and lost, and confirms all others.
 TEST(Faults, InAWriteThatIsVerified) {
   std::vector<FaultCase> cases = WriteCases();
   std::erase_if(cases, [](const FaultCase& each) { return each.fault != Fault::Lost; });

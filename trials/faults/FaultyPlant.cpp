@@ -53,7 +53,7 @@ test::MemoryTransport& FaultyPlant::Link() const {
   return what_.IsTcp() ? world_.socket : world_.dde;
 }
 
-// What has to stand before the session makes its first step.
+// The state before the first step of the session.
 void FaultyPlant::Prepare() {
   const bool dead = what_.fault == Fault::Drop || what_.fault == Fault::Stall;
   if (IsAt(kConnect)) {
@@ -90,7 +90,7 @@ void FaultyPlant::OnConnected() {
   if (what_.transport != Transport::TcpDus) Greet();
 }
 
-// The greeting, or what comes of it; with a DUS number after that was sent.
+// The greeting, or its fault; with a DUS number, after the number was sent.
 void FaultyPlant::Greet() {
   const std::string greeting = what_.transport == Transport::Dde ? "0000>" + kGreeting : kGreeting;
   if (what_.transport == Transport::Tags || !IsAt(kLinkUp)) {
@@ -115,7 +115,7 @@ void FaultyPlant::Greet() {
   }
 }
 
-// Nothing gets through any more, and nothing is confirmed.
+// From now on nothing gets through and nothing is confirmed.
 void FaultyPlant::LoseTheRest() {
   hole_ = true;
   Link().acknowledges = false;
@@ -158,7 +158,7 @@ bool FaultyPlant::TakeTag(const std::string& tag, const std::string& value) {
   return TakeCommand(value.ends_with('\r') ? value.substr(0, value.size() - 1) : value);
 }
 
-// False when the command is refused to the sender's face.
+// False if the command is refused at once.
 bool FaultyPlant::TakeCommand(const std::string& command) {
   if (dead_) {
     world_.tags.fault = "TagWrite: gone";
@@ -246,7 +246,7 @@ void FaultyPlant::Garble(const std::string& before, const std::string& rest) {
   }
 }
 
-// What comes after the last answer and before the session closes the link.
+// The fault after the last answer and before the session closes the link.
 void FaultyPlant::BeforeClose() {
   const int when = what_.write ? kBeforeClosing : 51;
   if (what_.fault == Fault::Late) {
@@ -270,7 +270,7 @@ void FaultyPlant::Disturb(int milliseconds) {
   }
 }
 
-// What comes as well as what is owed, or instead of it.
+// The text in addition to the expected answer, or instead of it.
 std::string FaultyPlant::Noise() const {
   static const std::map<Fault, std::string> noises = {
       {Fault::Garbage, AllBytes()}, {Fault::Error, kErrorLine}, {Fault::Stx, "\x02"},
@@ -280,7 +280,7 @@ std::string FaultyPlant::Noise() const {
   return noise == noises.end() ? std::string() : noise->second;
 }
 
-// Says a text the way the transport brings it.
+// Sends a text as the transport delivers it.
 void FaultyPlant::Say(const std::string& text, int milliseconds) {
   if (text.empty()) return;
   if (what_.transport == Transport::TcpDus) {
@@ -299,7 +299,7 @@ void FaultyPlant::Say(const std::string& text, int milliseconds) {
 }
 
 void FaultyPlant::SayFlood(int milliseconds) {
-  // A tag is read five times a second, each time with all that has come.
+  // A tag is read five times a second; each read returns all text so far.
   const std::size_t size = what_.transport == Transport::Tags ? floodBytes_ : kFloodPiece;
   const std::string piece = (what_.IsTcp() ? "" : "0001>") + std::string(size, 'x');
   for (std::size_t said = 0; said < floodBytes_; said += size) Update(piece, milliseconds);

@@ -10,19 +10,17 @@
 
 namespace zek::faults {
 
-/// The communication server and the controller behind it, as a fault case wants them: stands behind
-/// the links and tags of a session and answers by `PlantSession`, so that it is known what the
-/// controller has.
+/// The communication server and the controller behind it, with the fault of a case. It serves the
+/// links and tags of a session and answers by `PlantSession`, so the controller's state is known.
 ///
-/// What can be lost differs. TCP delivers what follows a lost byte never, and says of nothing
-/// behind it that it has arrived. A DDE poke or a written tag is refused to the sender's face; an
-/// answer over DDE or tags can vanish alone.
+/// Losses depend on the transport. After a lost byte TCP delivers and confirms nothing more. A DDE
+/// poke or a written tag is refused at once. A single answer over DDE or tags can vanish.
 class FaultyPlant {
  public:
   FaultyPlant(test::TestSession& world, sim::Outstation& outstation, const FaultCase& what,
               std::size_t floodBytes);
 
-  /// From now on all goes well.
+  /// Ends the fault.
   void Repair();
 
  private:
@@ -59,7 +57,7 @@ class FaultyPlant {
   std::string poked_;  // over DDE, still without its carriage return
   std::string held_;   // an answer that comes late
   int command_ = 0;    // of this connection
-  bool hole_ = false;  // nothing gets through any more
+  bool hole_ = false;  // nothing gets through from now on
   bool dead_ = false;  // the tag server fails
   unsigned connection_ = 0;
 };

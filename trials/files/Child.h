@@ -8,16 +8,16 @@
 
 namespace zek::test {
 
-/// What became of a piece of the program that ran in a process of its own.
+/// The result of work in a child process.
 struct Outcome {
   bool killed = false;
   int status = 0;    // the exit status of the program
-  std::string told;  // what it said of failures; "" when killed
+  std::string told;  // its error messages; "" when killed
   std::vector<FileCall> calls;
 };
 
-/// Runs `work` (it says what it told, and returns the exit status) in a child process, with the
-/// file calls below `folder` watched.
+/// Runs `work` (it sets its error messages and returns the exit status) in a child process that
+/// watches the file calls below `folder`.
 Outcome RunWatched(const std::string& folder, const CallFault& fault,
                    const std::function<int(std::string& told)>& work);
 

@@ -12,7 +12,7 @@
 
 namespace zek::test {
 
-/// The command line program on the real disk, with a controller in memory and a clock that stands.
+/// The command line program on the real disk, with a controller in memory and a stopped clock.
 class DiskProgram {
  public:
   /// `home` holds ZEKView.INI, the language files and the local copies; it ends in "/".
@@ -25,7 +25,7 @@ class DiskProgram {
   std::ostringstream out;  // UTF-8
   std::ostringstream err;
 
-  /// The exit status; `work` is what follows the start instead of a command.
+  /// Returns the exit status; `work` runs after the start instead of a command.
   template <class Work>
   int Start(Work work) {
     cli::CliPrompts prompts(err);

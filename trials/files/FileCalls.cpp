@@ -1,5 +1,5 @@
-// The calls of the C library under their own names: what this program and the C++ library call
-// goes through here.
+// Replaces calls of the C library under their own names. All file calls of this program and of the
+// C++ library go through here.
 
 #include "files/FileCalls.h"
 
@@ -26,10 +26,10 @@ struct Watch {
   std::string folder;
   CallFault fault;
   std::vector<FileCall> calls;
-  std::array<std::string, 256> opened;  // what the descriptors stand for; "" is not watched
+  std::array<std::string, 256> opened;  // the descriptors' paths; "" is not watched
 };
 
-Watch* watch = nullptr;  // no calls are watched; also before main
+Watch* watch = nullptr;  // null: no calls are watched, as before main
 
 bool IsWatched(const std::string& path) {
   return watch != nullptr && (path + "/").starts_with(watch->folder);

@@ -5,7 +5,7 @@
 
 namespace zek::test {
 
-/// What happens to one file call of this process instead of, or besides, its work.
+/// A fault of one file call of this process.
 struct CallFault {
   enum class Kind {
     None,
@@ -21,22 +21,22 @@ struct CallFault {
   bool lasting = false;  // it and every call after it
 };
 
-/// One call, and what it was about.
+/// One call and its paths.
 struct FileCall {
   std::string name;  // "create" and "open" for opening to write and to read
   std::string path;  // whole
   std::string to;    // of a rename
 };
 
-/// From here on counts the calls about files and folders below `folder` (it ends in "/"; "/" means
-/// all), and meddles with the one that `fault` says. The calls of the C library are replaced in
-/// this program for that, those that the C++ library makes included; fsync is taken as done.
+/// Starts to count the calls on files and folders below `folder` (it ends in "/"; "/" means all)
+/// and injects `fault`. This program replaces the calls of the C library for that, including those
+/// that the C++ library makes. fsync does nothing and reports success.
 void WatchCalls(const std::string& folder, const CallFault& fault = {});
 
-/// Ends it. The calls so far, also one that was made to fail.
+/// Stops watching. Returns the calls so far, including a failed one.
 std::vector<FileCall> TakeCalls();
 
-/// A call after which something on the disk can be another.
+/// True for a call that can change the disk.
 bool Changes(const FileCall& call);
 
 }  // namespace zek::test

@@ -1,5 +1,5 @@
-// Names from settings, time controls and the command line that try to get out of the program
-// directory, to reach a device or to be no name at all.
+// Names from settings, time controls and the command line that try to leave the program directory
+// or to reach a device, or that are invalid.
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -45,7 +45,7 @@ std::vector<std::string> Pieces() {
   return pieces;
 }
 
-// Each piece, with what goes before and behind a name, and then strings of them.
+// Each piece, also before and after a name, and then combinations of them.
 std::vector<std::string> HostileNames() {
   const std::vector<std::string> pieces = Pieces();
   std::vector<std::string> names = pieces;
@@ -111,7 +111,7 @@ class HostileNamesTest : public ::testing::Test {
     return tree;
   }
 
-  // The program directory anew.
+  // Creates the program directory again.
   void Plant(const std::string& ini) {
     test::PlantTree(home, {{"ZEKView.INI", ini},
                            {"zek_lang.046", "0=Svenska\r\n"},
@@ -133,8 +133,8 @@ class HostileNamesTest : public ::testing::Test {
     return kDone;
   }
 
-  // Runs the program and judges the calls it made; "" when nothing is wrong. Nothing outside is
-  // even looked at, unless an argument is the name of a file to read.
+  // Runs the program and checks its file calls; returns "" or the error. The program must not touch
+  // anything outside, except a file named as an argument.
   template <class Run>
   std::string Judge(Run run, bool readsArguments = false) {
     test::DiskProgram program(home);

@@ -1,5 +1,5 @@
-// Every step of the program that writes a file, with every fault at every one of its file calls:
-// the old file or the new one, never a torn one, and a failure is told.
+// Every step of the program that writes a file, with every fault at each of its file calls. The
+// result must be the old file or the new one, never a partial one, and a failure is reported.
 
 #include <algorithm>
 #include <array>
@@ -108,7 +108,7 @@ std::vector<Step> Steps() {
   };
 }
 
-// The lines of a batch file are those of a whole one in their order; a record is never half.
+// The lines of a batch file are lines of the whole file, in order; no record is partial.
 bool IsPartOf(const std::string& file, const std::string& whole) {
   if (!file.empty() && !file.ends_with("\r\n")) return false;
   std::size_t at = 0;
@@ -179,7 +179,7 @@ class Saving : public ::testing::Test {
     });
   }
 
-  // What is wrong with what a run left; "" when nothing is.
+  // The error in the files that a run left, or "".
   std::string Wrong(const Case& each, const Outcome& outcome, const Tree& before,
                     const Tree& whole) const {
     const Tree now = test::TreeOf(home);
@@ -205,13 +205,13 @@ class Saving : public ::testing::Test {
       if (done && !now.contains(name)) return name + " is missing though all went well";
     }
     if (outcome.killed) return {};
-    if (!done && outcome.told.empty()) return "nothing was told";
+    if (!done && outcome.told.empty()) return "no error was reported";
     const bool unflushed = each.call.name == "fsync" && each.fault.kind == Kind::Error;
     if (done && unflushed) return "what may not be on the disk was taken for saved";
     return {};
   }
 
-  // The next run does the whole step and clears what the first one left.
+  // The next run completes the step and deletes what the first one left.
   std::string WrongAfterwards(const Step& step, const Tree& whole) {
     const Outcome again = Run(step, {});
     if (again.status != kDone) return "afterwards: " + again.told;
@@ -274,7 +274,7 @@ TEST_F(Saving, EveryFaultAtEveryCall) {
   std::cout << "figure: saving: " << cases - faulty << " of " << cases << '\n';
 }
 
-// The bytes of a file are on the disk before it takes its place, and its new name after that.
+// The bytes of a file are on the disk before the rename, and its new name after that.
 TEST_F(Saving, WhatIsRenamedWasFlushed) {
   for (const Step& step : Steps()) {
     if (step.name == "a copy is erased") continue;
@@ -286,7 +286,7 @@ TEST_F(Saving, WhatIsRenamedWasFlushed) {
     for (std::size_t at = 0; at < calls.size(); ++at) {
       if (calls[at].name != "rename") continue;
       ++renames;
-      // The first such call from one on; `calls.size()` when there is none.
+      // The first such call from one on, or `calls.size()`.
       const auto next = [&calls](std::size_t from, const char* name, const std::string& path) {
         while (from < calls.size() && (calls[from].name != name || calls[from].path != path))
           ++from;
@@ -302,7 +302,7 @@ TEST_F(Saving, WhatIsRenamedWasFlushed) {
   }
 }
 
-// A left-over goes with the next write beside it, and not while somebody still writes it.
+// The next write deletes a left-over file, but not while another process still writes it.
 TEST_F(Saving, OnlyWhatAKilledProgramLeftIsSwept) {
   test::PlantTree(home, Home());
   DiskFiles files;

@@ -1,16 +1,16 @@
-// A DDE server that behaves well or badly, as its topic says:
+// A DDE server whose topic selects its behaviour:
 //   GOOD      greets, and answers every poke with the poked text
 //   COUNT     GOOD; a poked number brings that many texts
-//   SILENT    never says anything
+//   SILENT    never sends anything
 //   NOADVISE  refuses the link on the item
 //   NOPOKE    refuses every poke
 //   BUSY      is too busy for every poke
 //   HANGUP    ends the conversation when it is poked, after an answer
 //   VANISH    its process ends when it is poked
 //   FLOOD     GOOD; a poke brings text without end
-//   RAW       GOOD, with what stands behind a NUL, and without any NUL at the end
-// Any other topic is refused. Arguments: the services. An event of the first name tells that it
-// serves. It ends with its standard input.
+//   RAW       GOOD, with bytes after a NUL, and without a NUL at the end
+// Any other topic is refused. Arguments: the services. An event with the first name signals that it
+// serves. It ends when its standard input ends.
 
 #include <windows.h>
 #include <algorithm>
@@ -35,7 +35,7 @@ struct Client {
   HSZ topicName = nullptr;
   bool linked = false;
   bool endless = false;
-  bool ends = false;  // once all is told
+  bool ends = false;  // after all texts are sent
   std::deque<std::string> texts;
 };
 
@@ -45,7 +45,7 @@ struct Server {
   std::map<HCONV, Client> clients;
 };
 
-// The callback gets nothing to find it by.
+// Global, because the callback has no parameter for it.
 Server& TheServer() {
   static Server server;
   return server;
@@ -125,7 +125,7 @@ HDDEDATA CALLBACK Callback(UINT type, UINT /*format*/, HCONV handle, HSZ topic, 
   return nullptr;
 }
 
-// What ending a conversation means; not every system's own call says it to the client.
+// Ends a conversation. Not every system's own call informs the client.
 void HangUp(HCONV handle) {
   CONVINFO info{};
   info.cb = sizeof info;
@@ -169,7 +169,7 @@ int main(int argc, char** argv) {
     if (::DdeNameService(server.instance, name, nullptr, DNS_REGISTER) == nullptr) return 1;
   }
   ::CloseHandle(::CreateThread(nullptr, 0, &EndWithInput, nullptr, 0, nullptr));
-  ::CreateEventA(nullptr, TRUE, TRUE, argv[1]);  // it serves
+  ::CreateEventA(nullptr, TRUE, TRUE, argv[1]);  // signals that it serves
   ::SetTimer(nullptr, 0, kTellTimer, nullptr);
   for (MSG message; ::GetMessageA(&message, nullptr, 0, 0) > 0;) {
     if (message.message == WM_TIMER && message.hwnd == nullptr) {

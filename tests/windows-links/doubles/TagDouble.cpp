@@ -1,10 +1,10 @@
-// A tag object (class factory and IDispatch, no type library) that serves a plant and can be told
-// to misbehave, by environment variables:
+// A tag object (class factory and IDispatch, no type library) that serves a plant. Environment
+// variables can make it fail:
 //   ZEKVIEW_TAG_PLANT  the folder of the plant; a topic is an outstation's name
-//   ZEKVIEW_TAG_FAULT  "lack METHOD": there is no such method; "raise METHOD": it raises an error;
-//                      "bare METHOD": it raises one without words; "fail METHOD": it answers zero
-// "Open" remembers the user's name and raises with the password in the words for user "raise".
-// The tag "TYPE" answers a write with a value of the type that is written: "I4", "BSTR" ...
+//   ZEKVIEW_TAG_FAULT  "lack METHOD": the method is missing; "raise METHOD": it raises an error;
+//                      "bare METHOD": it raises one without a text; "fail METHOD": it returns zero
+// "Open" stores the user's name. For user "raise" it raises an error whose text has the password.
+// The tag "TYPE" answers a write with a value of the written type: "I4", "BSTR" ...
 
 #include <cstdlib>
 #include <map>
@@ -61,7 +61,7 @@ void SetStatus(VARIANT& value, bool done) {
   value.iVal = done ? 1 : 0;
 }
 
-// Every type that an object may choose for its status.
+// Every type that an object may use for its status.
 void SetTyped(VARIANT& value, const std::string& type) {
   static SHORT referred = 1;
   if (type == "I1") value.vt = VT_I1, value.cVal = 1;
@@ -79,7 +79,7 @@ void SetTyped(VARIANT& value, const std::string& type) {
   if (type == "WORD") SetText(value, "word");
 }
 
-/// The plant, and what waits to be read from each outstation.
+/// The plant, and the unread text from each outstation.
 class TaggedPlant {
  public:
   TaggedPlant() : loaded_(zek::sim::LoadPlant(Variable("ZEKVIEW_TAG_PLANT"))) {}
@@ -111,7 +111,7 @@ class TaggedPlant {
     }
     if (!value.empty() && value.back() == '\r') value.pop_back();
     const zek::sim::PlantReply reply = session->second.Answer(value);
-    // The next program that creates the object gets a plant of its own from there.
+    // The next program that creates the object loads its own plant from there.
     if (outstation.changed && !session->second.TakingLines()) {
       outstation.changed = !SavePlantOutstation(Variable("ZEKVIEW_TAG_PLANT"), outstation).empty();
     }
@@ -203,7 +203,7 @@ class TagObject final : public IDispatch {
     raised.bstrDescription = ::SysAllocString(Wide(words).c_str());
     return DISP_E_EXCEPTION;
   }
-  // The caller has to ask for the words.
+  // The caller must request the text.
   static HRESULT RaiseLater(EXCEPINFO& raised, const std::string& words) {
     Words() = words;
     raised.pfnDeferredFillIn = [](EXCEPINFO* later) -> HRESULT {
@@ -229,10 +229,10 @@ class Factory final : public IClassFactory {
   HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID id, void** result) override {
     *result = nullptr;
     if (outer != nullptr) return CLASS_E_NOAGGREGATION;
-    auto* const object = new TagObject();  // owned by whoever counts its references
+    auto* const object = new TagObject();  // owned by its reference count
     const HRESULT done = object->QueryInterface(id, result);
     object->Release();
-    return done;  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): whoever asked holds it
+    return done;  // NOLINT(clang-analyzer-cplusplus.NewDeleteLeaks): the caller holds it
   }
   HRESULT STDMETHODCALLTYPE LockServer(BOOL /*lock*/) override { return S_OK; }
 };
