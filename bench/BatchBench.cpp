@@ -17,11 +17,11 @@
 namespace zek::bench {
 namespace {
 
-constexpr int kControls = 4;  // of each object
+constexpr int kControls = 4;  // per object
 constexpr int kManyObjects = 300;
 constexpr int kFewObjects = 30;
 
-// A plant as its local copies hold it, in a directory that goes with it.
+// A plant in local copies, in a directory that is deleted afterwards.
 class StoredPlant {
  public:
   explicit StoredPlant(int objects) {
@@ -46,7 +46,7 @@ class StoredPlant {
   StoredPlant& operator=(const StoredPlant&) = delete;
   ~StoredPlant() { std::filesystem::remove_all(directory_); }
 
-  // The files in the order in which an export reads them.
+  // The files, in the order in which an export reads them.
   const std::array<std::vector<std::string>, 3>& Copies() const { return copies_; }
   std::string Directory() const { return directory_; }
 
@@ -106,7 +106,7 @@ void ExportPlant(benchmark::State& state, int objects) {
   }
 }
 
-// The least that an export can do: reads every file and writes as many bytes as it does.
+// The minimal work of an export: read every file and write the same number of bytes.
 void ReadAndWrite(benchmark::State& state) {
   StoredPlant plant(kManyObjects);
   BatchExport batch(plant.proc);

@@ -19,7 +19,7 @@ constexpr auto kEntries = static_cast<double>(kCalendarEntries);
 
 using Lines = std::vector<std::string>;
 
-// As many dates as there are places on as many lines as a catalogue has.
+// Fills every place on every line that a catalogue can have.
 CalendarTable FullTable() {
   CalendarTable table(kBaseYear);
   CalendarDate date{kBaseYear, 0, 1};
@@ -55,7 +55,7 @@ void NumbersAndCopy(benchmark::State& state) {
                std::array<std::size_t, 0>{});
 }
 
-// A full table in no order.
+// A full table in random order.
 std::vector<CalendarEntry> RandomEntries() {
   const CalendarTable full = FullTable();
   std::vector<CalendarEntry> entries(full.Used().begin(), full.Used().end());

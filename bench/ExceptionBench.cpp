@@ -39,7 +39,7 @@ Lines Build(const ExceptionTable& table, const ExceptionOwner& owner, const Line
   return taken == nullptr ? Lines() : std::move(*taken);
 }
 
-// A controller's catalogue that is full: 8 exceptions for each time control, and one for the last.
+// A controller's full catalogue: 8 exceptions for each time control, but 1 for the last.
 Lines FullCatalogue() {
   Lines lines;
   for (std::size_t control = 1; control <= kControls; ++control) {

@@ -8,23 +8,23 @@
 
 namespace zek::bench {
 
-/// One figure that has a limit: the processor time of one benchmark divided by another's, each of
-/// them over what it did (bytes or entries).
+/// A figure with a limit: the processor time of one benchmark divided by that of another, each per
+/// byte or per entry.
 struct Limit {
-  std::string what;      // as the table shows it
+  std::string what;      // its name in the table
   std::string measured;  // names of benchmarks
   std::string peer;
-  double limit = 0;  // the quotient must not be above it
+  double limit = 0;  // the highest quotient allowed
 };
 
-/// Prints only the fastest repetition of each benchmark, which other work on the machine disturbs
-/// least, and keeps it.
+/// Prints and keeps only the fastest repetition of each benchmark, the one least disturbed by other
+/// work on the machine.
 class FastestReporter final : public benchmark::ConsoleReporter {
  public:
   void ReportRuns(const std::vector<Run>& runs) override;
 
-  /// One line for each limit whose two benchmarks have run. False when a limit is exceeded or a
-  /// benchmark failed.
+  /// Prints one line for each limit whose two benchmarks have run. Returns false if a limit is
+  /// exceeded or a benchmark failed.
   bool PrintLimits(const std::vector<Limit>& limits, std::ostream& out) const;
 
  private:
@@ -32,7 +32,7 @@ class FastestReporter final : public benchmark::ConsoleReporter {
   bool failed_ = false;
 };
 
-/// Registers a benchmark whose every iteration does `units` bytes or entries.
+/// Registers a benchmark; each of its iterations processes `units` bytes or entries.
 template <class Function>
 void AddBenchmark(const std::string& name, double units, Function function) {
   benchmark::RegisterBenchmark(name.c_str(), [units, function](benchmark::State& state) {
@@ -42,7 +42,7 @@ void AddBenchmark(const std::string& name, double units, Function function) {
   })->Unit(benchmark::kMillisecond);
 }
 
-/// Each adds its benchmarks and their limits.
+/// Each of these adds its benchmarks and their limits.
 void AddReplyHandler(std::vector<Limit>& limits);
 void AddWeekday(std::vector<Limit>& limits);
 void AddCalendar(std::vector<Limit>& limits);

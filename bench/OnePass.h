@@ -21,8 +21,8 @@ void ParseAt(const char* text, std::size_t column, const char* end) {
 }
 }  // namespace detail
 
-/// The least that reading and building a catalogue can do: every number of its text, found without
-/// a search in the columns (from 1) where the layout has it, and one copy of the text.
+/// The minimal work of reading and building a catalogue: parse every number of the text at its
+/// fixed columns (counted from 1), without searching, and copy the text once.
 template <std::size_t Whole, std::size_t Fractional>
 void ParseAndCopy(benchmark::State& state, const std::vector<std::string>& lines,
                   const std::array<std::size_t, Whole>& wholeNumbers,

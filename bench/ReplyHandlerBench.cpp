@@ -12,11 +12,12 @@ namespace {
 constexpr std::size_t kMegabyte = 1'000'000;
 constexpr std::size_t kShort = 5 * kMegabyte;
 constexpr std::size_t kLong = 20 * kMegabyte;
-constexpr std::size_t kSocketRead = std::size_t{64} << 10;  // what the socket link reads at once
+constexpr std::size_t kSocketRead = std::size_t{64}
+                                    << 10;  // bytes that the socket link reads at once
 
-enum class Framing { Plain, Pieces };  // an address with and without DUS number
+enum class Framing { Plain, Pieces };  // an address with and without a DUS number
 
-// `length` characters: `unit` again and again.
+// `unit` repeated to `length` characters.
 std::string Repeated(std::string_view unit, std::size_t length) {
   std::string text;
   text.reserve(length + unit.size());
@@ -30,7 +31,7 @@ constexpr std::string_view kLine =
 static_assert(kLine.size() == 60 + 2);
 constexpr std::size_t kLinesOfPiece = 4;
 
-// A session whose link passes on whatever it is fed.
+// A session whose link delivers the text given to it.
 class FloodedSession {
  public:
   explicit FloodedSession(Framing framing) {
@@ -61,7 +62,7 @@ void AddFlood(const std::string& name, Framing framing, const std::string& unit,
   });
 }
 
-// The least that a log of lines can do: find the line ends and keep the last 250 lines.
+// The minimal work of a log: find the line ends and keep the last 250 lines.
 void AddMemchrSplit(const std::string& name, const std::string& unit) {
   AddBenchmark(name, static_cast<double>(kLong), [=](benchmark::State& state) {
     const std::string stream = Repeated(unit, kLong);

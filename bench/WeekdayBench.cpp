@@ -17,7 +17,7 @@ constexpr auto kEntries = static_cast<double>(kMaxCatalogueLines);
 
 using Lines = std::vector<std::string>;
 
-// As many rows as a catalogue has lines, no two of neighbouring days equal, so that each is a line.
+// A row for each line of a full catalogue. Neighbouring days differ, so no two rows share a line.
 WeekdayTable FullTable() {
   constexpr std::array valuesOn = {21.F, 1.F, 20.5F, 22.F};
   WeekdayTable table;

@@ -1,14 +1,14 @@
 // zekview-window-probe first-frame COMMAND...
-//   Starts the command and prints the milliseconds until its first window was drawn, and its
-//   process id; ends with the command.
+//   Starts the command. Prints the milliseconds until its first window is drawn, and its process
+//   id. Ends when the command ends.
 // zekview-window-probe ping WINDOW [PROCESS...]
-//   Copies standard input to standard output until its end; meanwhile asks the window over and over
-//   whether it is alive, as a window manager does, and then prints the longest time that an answer
-//   took (milliseconds) and the number of answers. With processes that an answer takes (its own and
-//   the X server's), on a machine that has other things to do: also the longest time without that
-//   in which one of them, whichever it was longest, waited for a processor.
+//   Copies standard input to standard output until its end. Meanwhile asks the window again and
+//   again whether it is alive, as a window manager does. Then prints the longest time to an answer
+//   (milliseconds) and the number of answers. PROCESS names the processes that an answer involves:
+//   the program's and the X server's. With them, also prints the longest time reduced by the time
+//   that they waited for a processor (the longest of their waits counts).
 //
-// Both look from outside, through the X server, so that any program can be measured.
+// Both measure from outside, through the X server, so that they work with any program.
 
 #include <X11/Xlib.h>
 #include <X11/extensions/Xdamage.h>
@@ -44,7 +44,7 @@ struct CloseDisplay {
 };
 using DisplayHandle = std::unique_ptr<Display, CloseDisplay>;
 
-// The next event, or false when none came in time.
+// Reads the next event; false if none comes in time.
 bool NextEvent(Display* display, XEvent& event) {
   if (XPending(display) == 0) {
     pollfd connection{XConnectionNumber(display), POLLIN, 0};
@@ -54,7 +54,7 @@ bool NextEvent(Display* display, XEvent& event) {
   return true;
 }
 
-// Windows may be gone before they are asked about.
+// A window may be destroyed before a request about it arrives.
 int IgnoreError(Display* /*display*/, XErrorEvent* /*error*/) { return 0; }
 
 int FirstFrame(Display* display, char** command) {
@@ -80,7 +80,7 @@ int FirstFrame(Display* display, char** command) {
     } else if (event.type == MapNotify) {
       mapped.insert(event.xmap.window);
     } else if (event.type == damageEvents + XDamageNotify) {
-      const auto& damage = reinterpret_cast<const XDamageNotifyEvent&>(event);  // as X has it
+      const auto& damage = reinterpret_cast<const XDamageNotifyEvent&>(event);  // as Xlib requires
       if (!mapped.contains(damage.drawable)) continue;
       std::printf("%.1f %d\n", MillisecondsSince(start), child);
       std::fflush(stdout);
@@ -92,7 +92,7 @@ int FirstFrame(Display* display, char** command) {
   return 1;
 }
 
-// The milliseconds that the first thread of each process was ready to run and did not, so far.
+// The total milliseconds that the first thread of each process has waited for a processor.
 std::vector<double> WaitedForProcessor(const std::vector<std::string>& processes) {
   std::vector<double> milliseconds;
   for (const std::string& process : processes) {
@@ -105,7 +105,7 @@ std::vector<double> WaitedForProcessor(const std::vector<std::string>& processes
   return milliseconds;
 }
 
-// They may have waited side by side, so it's not the sum that was lost.
+// The processes may have waited at the same time, so take the longest wait, not the sum.
 double LongestWait(const std::vector<double>& before, const std::vector<double>& after) {
   double longest = 0;
   for (std::size_t i = 0; i < before.size(); ++i) longest = std::max(longest, after[i] - before[i]);
@@ -123,7 +123,7 @@ class Pings {
     XSelectInput(display, DefaultRootWindow(display), SubstructureNotifyMask);
   }
 
-  // False when no answer came.
+  // Returns false if no answer comes.
   bool Ask() {
     const Clock::time_point start = Clock::now();
     const std::vector<double> waited = WaitedForProcessor(processes_);
@@ -133,7 +133,7 @@ class Pings {
     question.xclient.message_type = protocols_;
     question.xclient.format = 32;
     question.xclient.data.l[0] = static_cast<long>(ping_);
-    question.xclient.data.l[1] = ++answers_;  // the time stamp comes back
+    question.xclient.data.l[1] = ++answers_;  // the answer repeats this time stamp
     question.xclient.data.l[2] = static_cast<long>(window_);
     XSendEvent(display_, window_, False, NoEventMask, &question);
     XFlush(display_);

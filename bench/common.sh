@@ -1,10 +1,10 @@
-# What the benchmark scripts share; sourced with the project root as the current directory.
+# Common code of the benchmark scripts; source it with the project root as the current directory.
 # shellcheck shell=bash
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
 
 bench_directory="$PWD/build/bench"
-export HOME="$bench_directory/home" # what the measured programs remember disturbs nobody
+export HOME="$bench_directory/home" # keeps their saved state out of the user's home
 export XDG_CONFIG_HOME="$HOME/.config" XDG_CACHE_HOME="$HOME/.cache"
 export TMPDIR="$HOME/tmp"
 mkdir -p "$XDG_CONFIG_HOME" "$XDG_CACHE_HOME" "$TMPDIR"
@@ -14,8 +14,8 @@ end_started() {
   [[ ${#started[@]} -eq 0 ]] || kill "${started[@]}" 2>/dev/null || true
 }
 
-# verdict WHAT VALUE LIMIT: a line of the table of limits. An exceeded limit fails the script in the
-# end, so that the figures behind it are seen too.
+# verdict WHAT VALUE LIMIT: prints a line of the table of limits. An exceeded limit fails the script
+# only at its end, so that the later figures are printed too.
 # shellcheck disable=SC2034 # the scripts end with it
 exceeded=0
 verdict() {
@@ -28,7 +28,7 @@ verdict() {
 
 ratio() { awk -v a="$1" -v b="$2" 'BEGIN { print a / b }'; }
 
-# fastest VALUE...: the run that other work on the machine disturbed least
+# fastest VALUE...: the run least disturbed by other work on the machine
 fastest() { printf '%s\n' "$@" | sort -g | head -n 1; }
 
 # median VALUE...

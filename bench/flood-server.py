@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""flood-server.py MEGABYTES: sends a client pieces of text as fast as it takes them.
+"""flood-server.py MEGABYTES: sends a client pieces of text as fast as it reads them.
 
-Prints its port, waits for one client, greets it, and prints the seconds that the client needed to
-read all of it: until nothing is left on its way or in the client's receive queue.
+Prints its port, waits for one client, greets it and sends the text. Prints the seconds until the
+client has read all of it, that is, until both ends' queues are empty.
 """
 
 import os
@@ -10,18 +10,18 @@ import socket
 import sys
 import time
 
-SETTLE = 2.0  # seconds between greeting and flood: windows open, and the client comes to rest
+SETTLE = 2.0  # seconds between greeting and flood, so that the client opens its window
 LINES_OF_PIECE = 4
 
 
 def megabyte():
     line = b"%-60s\r\n" % b"  1000 !TSC1        !MO..FR       !07:00..16:30"
     pieces = [b"%04d>%s\xff" % (number, line * LINES_OF_PIECE) for number in range(3937)]
-    return b"".join(pieces)  # each of them is 254 characters
+    return b"".join(pieces)  # 254 characters each
 
 
 def waiting(client_port, server_port):
-    """The bytes that wait to be sent, or to be read by the client; both ends are on this machine."""
+    """The bytes not yet sent, and those not yet read by the client (on this machine)."""
     total = 0
     with open("/proc/net/tcp", encoding="ascii") as table:
         for row in list(table)[1:]:
@@ -44,7 +44,7 @@ def main():
         client, (_, client_port) = server.accept()
     with client:
         client.settimeout(120)
-        time.sleep(0.3)  # the greeting is heard only after the client knows it is connected
+        time.sleep(0.3)  # the client must know that it is connected before it can read the greeting
         client.sendall(b"<TRANSPARENT>")
         time.sleep(SETTLE)
         start = time.monotonic()
@@ -54,7 +54,7 @@ def main():
             time.sleep(0.001)
         print(f"{time.monotonic() - start:.3f}", flush=True)
         os.close(sys.stdout.fileno())
-        client.recv(1)  # a client may end with its connection: it ends first
+        client.recv(1)  # keep the connection: a client may end when it closes
 
 
 if __name__ == "__main__":

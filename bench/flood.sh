@@ -1,21 +1,21 @@
 #!/usr/bin/env bash
-# flood.sh: text over a loopback connection as fast as it is taken, into the log of zekview and into
-# putty's raw mode: how long it takes, and whether the window is alive meanwhile.
+# flood.sh: sends text over a loopback connection as fast as it is read, to the log of zekview and
+# to putty's raw mode. Measures the time, and how fast the window answers meanwhile.
 set -euo pipefail
 # shellcheck source=bench/common.sh
 source bench/common.sh
 trap end_started EXIT
 
 megabytes=20
-long_flood=500 # for a look at the window while zekview takes it
+long_flood=500 # long enough to measure zekview's window meanwhile
 most_of_putty=0.2  # five times as fast
-longest_answer=100 # ms; longer than that is felt
+longest_answer=100 # ms; users notice a longer delay
 program_directory="$bench_directory/flood"
 mkdir -p "$program_directory"
 cp data/lang/zek_lang.* "$program_directory/"
 
-# flood MEGABYTES COMMAND...: PORT in the command becomes the server's port. Sets `seconds`, `answer` (the
-# longest that the window took to answer, in ms) and `answers` (how many there were).
+# flood MEGABYTES COMMAND...: replaces PORT in the command by the server's port. Sets `seconds`,
+# `answer` (the window's longest time to an answer, in ms) and `answers` (the number of answers).
 flood() {
   local size="$1" server port client window figures
   shift

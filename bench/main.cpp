@@ -4,9 +4,9 @@
 
 #include "Limits.h"
 
-// zekview-bench [OPTION...]: measures the core beside its peers and prints every figure that has a
-// limit as a quotient. The options are those of the benchmark framework; what is set here holds
-// unless they say otherwise. Ends with 1 when a limit is exceeded.
+// zekview-bench [OPTION...]: compares the core with reference code and prints every figure with a
+// limit as a quotient. Accepts the options of the benchmark framework, which override the defaults
+// set here. Returns 1 if a limit is exceeded.
 int main(int argc, char** argv) {
   std::vector<char*> arguments(argv, argv + argc);
   std::array<std::string, 3> defaults = {"--benchmark_repetitions=5", "--benchmark_min_time=0.1",

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# startup.sh: from the start of zekview to its first frame, and its memory a moment later, beside a
-# program that is nothing but a window with a list.
+# startup.sh: measures the time from the start of zekview to its first frame, and its memory a
+# moment later. Compares both with a minimal program: a window with a list.
 set -euo pipefail
 # shellcheck source=bench/common.sh
 source bench/common.sh
@@ -21,17 +21,17 @@ measure() {
   read -r milliseconds pid <&"$probe" || die "No window: $*"
   started=("$pid")
   sleep "$seconds"
-  # Not PSS, of which other programs on the machine that use the same libraries take their share.
+  # Not PSS: it depends on which other programs use the same libraries.
   kilobytes="$(awk '/^VmRSS:/ { print $2 }' "/proc/$pid/status")"
   kill "$pid"
   started=()
-  read -r <&"$probe" || true # until it is gone
+  read -r <&"$probe" || true # until it has ended
   exec {probe}<&-
 }
 
 minimal=("$PWD/build/bin/zekview-minimal-window")
 zekview=("$PWD/build/bin/zekview" --dir "$program_directory")
-measure 1 "${minimal[@]}" # the first one on a screen finds things out for all others
+measure 1 "${minimal[@]}" # the first run fills caches for the later ones
 ours=() our_memory=() theirs=() their_memory=()
 for ((run = 0; run < starts; ++run)); do
   measure 0.2 "${minimal[@]}"
@@ -42,7 +42,7 @@ done
 for ((run = 0; run < memory_runs; ++run)); do
   measure 1.5 "${minimal[@]}"
   their_memory+=("$kilobytes")
-  measure 1.5 "${zekview[@]}" # the about box has come and gone
+  measure 1.5 "${zekview[@]}" # the about box has opened
   our_memory+=("$kilobytes")
 done
 echo "First frame (ms): zekview ${ours[*]}; minimal window ${theirs[*]}"

@@ -1,5 +1,5 @@
-# Compiles through ccache where it is installed. With the base directory, paths below it do not count,
-# so that what one clone compiled serves every other one.
+# Compiles through ccache where it is installed. The base directory makes paths below it relative,
+# so that all clones share the cache.
 if(NOT CMAKE_HOST_WIN32 AND NOT DEFINED CMAKE_CXX_COMPILER_LAUNCHER)
   find_program(ccache ccache)
   mark_as_advanced(ccache)

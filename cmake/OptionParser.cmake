@@ -1,5 +1,5 @@
-# The option parser, CLI11: headers only and the same for every system, so a cross build uses those
-# of the building system. They are copied: beside them are headers of that system's libraries.
+# The option parser, CLI11, is headers only and the same on every system, so a cross build uses the
+# headers of the host. They are copied, so that the host's other headers are not found.
 find_path(CLI11_INCLUDE_DIR CLI/CLI.hpp REQUIRED NO_CMAKE_FIND_ROOT_PATH)
 set(option_parser_headers ${PROJECT_BINARY_DIR}/option-parser)
 file(COPY ${CLI11_INCLUDE_DIR}/CLI DESTINATION ${option_parser_headers})

@@ -1,5 +1,5 @@
-# The toolkit, as system headers: its own warnings are not ours. zekview-wxbase is its base library
-# with the sockets, zekview-wxcore the one with windows as well.
+# The toolkit. Its headers count as system headers, to silence their warnings. zekview-wxbase is the
+# base library with the sockets; zekview-wxcore adds the windows.
 add_library(zekview-wx INTERFACE)
 add_library(zekview-wxbase INTERFACE)
 add_library(zekview-wxcore INTERFACE)
@@ -8,7 +8,7 @@ target_link_libraries(zekview-wxcore INTERFACE zekview-wx)
 
 if(WIN32)
   if(CMAKE_CROSSCOMPILING AND NOT wxWidgets_DIR)
-    # Built when it is not there yet.
+    # Builds the toolkit if it is missing.
     math(EXPR word "8 * ${CMAKE_SIZEOF_VOID_P}")
     execute_process(COMMAND scripts/wx-windows.sh win${word} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
       OUTPUT_VARIABLE toolkit OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)

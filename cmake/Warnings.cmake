@@ -1,4 +1,4 @@
-# What every target of ours is compiled with; a warning is an error.
+# The compiler options of all our targets; warnings are errors.
 add_library(zekview-options INTERFACE)
 if(MSVC)
   target_compile_options(zekview-options INTERFACE /W4 /WX /permissive- /utf-8 /EHsc)
@@ -7,16 +7,16 @@ else()
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wold-style-cast -Wnon-virtual-dtor
     -Woverloaded-virtual -Werror)
 endif()
-# GCC 12 sees overlaps in plain string assignments that are none (its bug 105329).
+# GCC 12 warns of overlaps in string assignments that do not overlap (GCC bug 105329).
 target_compile_options(zekview-options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
-# Debug information names files from the root of the project, so that it is the same in every clone.
+# File names in debug information start at the project root, so they are the same in every clone.
 if(NOT MSVC)
   target_compile_options(zekview-options INTERFACE -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
 endif()
 target_include_directories(zekview-options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 target_compile_definitions(zekview-options INTERFACE ZEKVIEW_VERSION="${PROJECT_VERSION}")
 if(WIN32)
-  # Unicode calls unless code says otherwise, and no macros named like functions.
+  # Unicode calls by default, and no macros min and max.
   target_compile_definitions(zekview-options INTERFACE
     UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN)
 endif()
@@ -26,8 +26,8 @@ if(ZEKVIEW_SANITIZE)
   target_link_options(zekview-options INTERFACE -fsanitize=address,undefined)
 endif()
 if(ZEKVIEW_FUZZ)
-  # Comparisons are not traced, which takes half of the time: the words that count are known
-  # (fuzz/words.dict).
+  # Tracing comparisons would take half of the time. It is not needed, because fuzz/words.dict lists
+  # the words that matter.
   target_compile_options(zekview-options INTERFACE
     -fsanitize=fuzzer-no-link -fno-sanitize-coverage=trace-cmp)
 endif()

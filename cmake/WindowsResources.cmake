@@ -1,5 +1,5 @@
-# Gives a program its icon, manifest and version resource. The toolkit's pieces, on which ours rest,
-# are found where its headers are.
+# Gives a program its icon, manifest and version resource. Ours include the toolkit's resource
+# files, which are found beside its headers.
 enable_language(RC)
 function(add_windows_resources target description)
   set(file ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc)

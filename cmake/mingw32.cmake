@@ -1,4 +1,4 @@
-# Builds 32-bit Windows programs on Debian: only they can load a tag object that is a 32-bit library.
+# Builds 32-bit Windows programs on Debian. Only these can load a 32-bit tag object.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 set(toolchain i686-w64-mingw32)

@@ -1,6 +1,6 @@
-// What a peer costs that never lets a line, a piece or its fillers end: memory and time of a
-// session in which it says so much. zekview-peer-cost [MEGABYTES]; without them 1024 and the time
-// too, which is compared with that of a quarter.
+// zekview-peer-cost [MEGABYTES]: measures the memory of a session whose peer sends so many
+// megabytes without ever ending a line, a piece or its fillers. Without an argument it sends 1024
+// and also compares the time with that of a quarter of them.
 
 #include <ctime>
 #include <iostream>
@@ -13,12 +13,12 @@ namespace {
 
 constexpr std::size_t kMegabyte = 1U << 20U;
 constexpr std::size_t kMostMemory = 8 * kMegabyte;
-constexpr double kMostGrowth = 5;  // in time, for four times as much
+constexpr double kMostGrowth = 5;  // in time, for four times as many bytes
 
 struct Peer {
   const char* name;
-  const char* topic;  // ONE in pieces, TWO plain, LOC over DDE
-  std::string block;  // said over and over
+  const char* topic;  // ONE: in pieces, TWO: plain, LOC: over DDE
+  std::string block;  // sent again and again
 };
 
 std::string Repeated(const std::string& text, std::size_t bytes) {
@@ -52,7 +52,7 @@ std::size_t PeakMemory() {
   return static_cast<std::size_t>(usage.ru_maxrss) * 1024;
 }
 
-// Seconds of the processor for `bytes` from the peer, in the middle of a read.
+// Returns the processor seconds for `bytes` from the peer during a fetch.
 double Hear(const Peer& peer, std::size_t bytes) {
   test::TestSession session;
   session.socket.onConnected = [&session] { session.socket.Say("<TRANSPARENT>"); };
@@ -61,7 +61,7 @@ double Hear(const Peer& peer, std::size_t bytes) {
   session.proc.transfer.Collect(TransferKind::ReadWdc);
   test::MemoryTransport& link =
       std::string_view(peer.topic) == "LOC" ? session.dde : session.socket;
-  // A byte at a time is heard of a hundredth: what counts is how much stands in the buffers then.
+  // Byte by byte, a hundredth is enough: the cost depends on the amount in the buffers.
   const std::size_t said = peer.block.size() == 1 ? bytes / 100 : bytes;
   const std::clock_t start = std::clock();
   for (std::size_t heard = 0; heard < said; heard += peer.block.size()) link.SayNow(peer.block);
@@ -72,7 +72,7 @@ int Measure(std::size_t bytes, bool timeToo) {
   const std::vector<Peer> peers = Peers();
   std::size_t small = 0;
   std::size_t linear = 0;
-  Hear(peers.front(), 0);  // what any session needs
+  Hear(peers.front(), 0);  // the memory that any session needs
   const std::size_t before = PeakMemory();
   for (const Peer& peer : peers) {
     const double quarter = timeToo ? Hear(peer, bytes / 4) : 0;

@@ -1,5 +1,5 @@
-// Preloaded into a program, it is a name server that does not answer: every name is unknown after
-// three seconds. Addresses are looked up as ever.
+// Preload this library into a program to simulate a name server that does not answer: looking up a
+// name fails after three seconds. Numeric addresses work as usual.
 
 #include <arpa/inet.h>
 #include <cerrno>
@@ -19,7 +19,8 @@ bool IsName(const char* host) {
 }  // namespace
 
 extern "C" {
-// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the system's are reserved.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): the system's names are
+// reserved.
 
 int getaddrinfo(const char* host, const char* service, const addrinfo* wanted, addrinfo** found) {
   using Function = int (*)(const char*, const char*, const addrinfo*, addrinfo**);

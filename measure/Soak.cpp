@@ -1,12 +1,12 @@
-// zekview-soak DIRECTORY: the session of zekview-cli with its real sockets, event loop and files,
-// in one process for any number of commands. Standard input has one command a line, its words
-// separated by tabs (get, put); the answer is a line with the exit status and the lengths of the
-// two texts that follow it, what was printed and what was told. The line "resources" is answered
-// by the timers that were ever made and the bytes of the heap in use, after all that is free was
-// given back to the system.
+// zekview-soak DIRECTORY: runs any number of zekview-cli commands in one process, with real
+// sockets, event loop and files. Standard input has one command (get, put) per line, its words
+// separated by tabs. The answer is a line with the exit status and two lengths, followed by two
+// texts of these lengths: the standard output and the messages. The answer to the line "resources"
+// is the number of timers created so far and the bytes of the heap in use, after free memory was
+// returned to the system.
 //
-// Its ticks are forty times as fast as those of the programs, so that a thousand transfers with
-// their time-outs take minutes.
+// A tick is 5 ms here instead of 200 ms, so that a thousand transfers with their time-outs take
+// minutes.
 
 #include <iostream>
 #include <malloc.h>
@@ -31,7 +31,7 @@ namespace {
 
 constexpr int kTickMs = 5;
 
-// Counts the timers that are made.
+// Counts the timers that are created.
 class CountingTraits final : public wxConsoleAppTraits {
  public:
   explicit CountingTraits(int& timers) : timers_(timers) {}
@@ -83,7 +83,7 @@ class Soak final : public wxAppConsole {
     status_ = kDone;
     for (std::string line; std::getline(std::cin, line);) {
       if (line == "resources") {
-        session.turn.Once();  // what the last transfer posted is done
+        session.turn.Once();  // handle the events that the last transfer posted
         TellResources();
       } else {
         const Arguments arguments = ParseArguments(Words(line));

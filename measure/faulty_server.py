@@ -1,4 +1,4 @@
-"""A communication server with one controller behind it, that fails in every way a server can."""
+"""A communication server with one controller, which fails in every way a server can."""
 
 import collections
 import socket
@@ -8,14 +8,14 @@ import time
 
 FAULTS = ("refused", "reset", "reset-mid", "hang-up", "hang-up-mid", "silence", "garbage",
           "half-line", "error", "refused-line", "flood", "late")
-LATE = (0.05, 0.4)  # seconds; the time-outs of the soak are a quarter second
+LATE = (0.05, 0.4)  # seconds; the soak's time-outs are a quarter of a second
 FLOODS = (1,) * 19 + (20,)  # megabytes
 FLOOD = b"%-60s\r\n" % b"     !TSC1        !MO..FR       !07:00..16:30"
-# No line of it is taken for one of a catalogue: no digits, nothing that ends a line or a piece.
+# Never mistaken for a catalogue's line: no digits, no end of a line or piece.
 GARBAGE = bytes(set(range(1, 255)) - set(b"0123456789\n\r<.\x02\x03\x05\x17EI"))
 
-# What goes wrong at one connection, and how many commands were answered before. Step 0 of a
-# connection is its greeting where there is one.
+# What goes wrong on one connection, and after how many answers. If the connection has a greeting,
+# the greeting counts as the first answer (step 0).
 Fault = collections.namedtuple("Fault", "name step")
 
 
@@ -24,7 +24,7 @@ class Hangup(Exception):
 
 
 class Station:
-    """One topic of the settings: its port, its controller and what it was told."""
+    """One topic of the settings: its port, its controller and the commands it received."""
 
     def __init__(self, kind, dus, dice, floods=FLOODS, late=LATE):
         self.kind, self.dus, self.dice, self.floods, self.late = kind, dus, dice, floods, late
@@ -47,7 +47,7 @@ class Station:
         return {"wdc": "AHU1.WDC", "ovc": "AHU1.EXC"}[kind]
 
     def begin(self, plan):
-        """`plan`: the fault or None of one connection after the other; the last one stays."""
+        """`plan`: a fault or None for each connection in turn; the last one is repeated."""
         self.plan, self.met, self.threads = list(plan), [], []
         self.received, self.refused, self.acted = [], False, False
         if self.plan[0] is None or self.plan[0].name != "refused":
@@ -56,7 +56,7 @@ class Station:
             self.met.append(self.plan[0])
 
     def bound(self):
-        """A socket that holds this station's port without listening: whoever comes is refused."""
+        """A socket that reserves the port without listening, so that connections are refused."""
         holder = socket.socket()
         holder.setsockopt(socket.SOL_SOCKET, socket.SO_REUSEADDR, 1)
         holder.bind(("127.0.0.1", self.port))
@@ -69,11 +69,11 @@ class Station:
         self.accepting.start()
 
     def refuse(self):
-        """From now on nobody listens at the port, which stays this station's."""
+        """Stops listening but keeps the port reserved."""
         if not self.listening:
             return
         self.listening = False
-        self.listener.shutdown(socket.SHUT_RDWR)  # ends a wait for the next connection
+        self.listener.shutdown(socket.SHUT_RDWR)  # ends the wait for the next connection
         self.listener.close()
         self.listener = self.bound()
 
@@ -97,7 +97,7 @@ class Station:
                 thread.start()
 
     def end(self):
-        """The transfer is over: waits until all that it sent was read."""
+        """Ends the transfer: waits until everything sent was read."""
         self.refuse()
         if self.accepting is not None:
             self.accepting.join(20)
@@ -107,7 +107,7 @@ class Station:
         self.accepting = None
 
     def always_faulty(self):
-        """No attempt met a server that did what it should."""
+        """True if every attempt met a fault."""
         coming = self.plan[min(len(self.met), len(self.plan) - 1)]
         refused = coming is not None and coming.name == "refused"
         return (bool(self.met) or refused) and None not in self.met
@@ -152,7 +152,7 @@ class Conversation:
             text += more
             while text:
                 if text[0] < 32 and text[:1] != b"\r":
-                    yield chr(text[0])  # sent alone, without an end
+                    yield chr(text[0])  # a control character is a command by itself
                     text = text[1:]
                     continue
                 if b"\r" not in text:
@@ -231,11 +231,11 @@ class Conversation:
         self.greeting_first(text, lines)
 
     def greeting_first(self, text, more):
-        """Before the greeting nothing may come: it is the first that counts."""
+        """Sends a greeting before anything else, because a client expects it first."""
         self.peer.sendall(text + more if text.startswith(b"<") else more + text)
 
     def error(self, _, words=b"ERROR SAKNAS\r\n"):
-        # An "EXIT" brings the controller nothing that it could lack.
+        # A refused "EXIT" loses nothing.
         self.station.refused = self.station.refused or self.command != "EXIT"
         self.peer.sendall(self.framed(words))
 
@@ -247,5 +247,5 @@ class Conversation:
         self.peer.sendall(text)
 
     def refused(self, text):
-        """Nobody gets this far."""
+        """Never called: such a connection is refused before."""
         raise Hangup

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""greedy-peers.py PROGRAMS DATA [MEGABYTES]: servers that send without end what is no line.
+"""greedy-peers.py PROGRAMS DATA [MEGABYTES]: servers that send text without ever ending a line.
 
-Each of them greets zekview-cli and then sends it so many megabytes (20 unless told) without a line
-end, without character 255, or of characters 23. The program must not take more than 8 MB more
-memory than with a well-behaved server. With 512 megabytes or more the processor
-time for half as many is measured as well: it must be linear.
+Each server greets zekview-cli and then sends it so many megabytes (default 20): without a line end,
+without character 255, or only characters 23. The program may use at most 8 MB more memory than with
+a well-behaved server. With 512 megabytes or more, the processor time for half of them is measured
+too: the time must grow linearly.
 """
 
 import os
@@ -15,13 +15,13 @@ import sys
 import tempfile
 import threading
 
-# Built with a sanitizer the program would keep what was freed for a while.
+# A sanitizer would keep freed memory for a while.
 ENVIRONMENT = {**os.environ, "ASAN_OPTIONS": os.environ.get("ASAN_OPTIONS", "")
                + ":quarantine_size_mb=0:thread_local_quarantine_size_kb=0"}
 MOST_MEMORY = 8 << 20
-MOST_RATIO = 2.2  # of the times for all and for half
-MEASURED_FROM = 512  # megabytes; less is over before it can be measured
-FEWEST_RUNS = 3  # of which the fastest counts, the one that others disturbed least
+MOST_RATIO = 2.2  # of the time for all to the time for half
+MEASURED_FROM = 512  # megabytes; less ends too soon to be measured
+FEWEST_RUNS = 3  # the fastest counts, the one least disturbed by other programs
 MOST_RUNS = 12
 INI = """[General]
 Language=044
@@ -35,7 +35,7 @@ PIECES=YES,1,127.0.0.1:{port},Pieces
 PLAIN=YES,1,127.0.0.1:{port}:3,Plain
 """
 PIECE = b"0000>" + b"x" * 250
-# What is sent, in which framing.
+# The topic (its framing) and the text that is sent.
 PEERS = {
     "no line end, plain text": ("PLAIN", b"x" * 65536),
     "no line end, in pieces": ("PIECES", (PIECE + b"\xff") * 256),
@@ -47,7 +47,7 @@ FIGURES = {"no line end": 2, "no character 255": 1, "characters 23": 2}
 
 
 class Server:
-    """Greets, sends so many bytes of a text at the first command, and then one line."""
+    """Greets; at the first command sends `size` bytes of a text and then one line."""
 
     def __init__(self):
         self.listener = socket.create_server(("127.0.0.1", 0))
@@ -85,8 +85,8 @@ class Trial:
         (home / "ZEKView.INI").write_text(INI.format(port=self.server.port), newline="")
 
     def run(self, topic, text, size):
-        """The processor time in seconds and the highest memory in bytes of a command that met so
-        much text."""
+        """The processor time (seconds) and peak memory (bytes) of a command that receives `size`
+        bytes."""
         greeting = b"<TRANSPARENT>" if topic == "PIECES" else b""
         self.server.begin(greeting, text, size)
         process = subprocess.Popen([self.programs / "zekview-cli", "--dir", self.home, "send",
@@ -101,8 +101,8 @@ class Trial:
         return usage.ru_utime + usage.ru_stime, usage.ru_maxrss << 10
 
     def fastest(self, topic, text, size):
-        """The processor time for so much text, and how many times that for half of it it is. A
-        ratio that is too high is looked at again: each of the two has its fastest run counted."""
+        """The processor time for `size` bytes, and its ratio to the time for half of them. Each is
+        the fastest of several runs; a ratio that is too high causes further runs."""
         whole = half = float("inf")
         for run in range(1, MOST_RUNS + 1):
             half = min(half, self.run(topic, text, size // 2)[0])

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""living-window.py PROGRAMS DATA [FAULT...]: is the window alive whatever the server does?
+"""living-window.py PROGRAMS DATA [FAULT...]: does the window stay responsive?
 
-On the screen that DISPLAY names, zekview fetches a calendar and sends one, by its keys, while the
-server fails in every way it can. All the time the window is asked whether it is alive, as a window
-manager asks. The longest answer of each fault is printed, with and without the time in which the
-program or the X server was ready to run and others had the processors. When it is more than 50 ms
-without, it is measured four times more, and the median of the five counts.
+On the screen that DISPLAY names, zekview fetches a calendar and sends one, driven by its keys,
+while the server fails in every way it can. Meanwhile the window is asked again and again whether
+it is alive, as a window manager does. For each fault the longest time to an answer is printed,
+with and without the time that the program or the X server waited for a processor. If the time
+without is more than 50 ms, it is measured four more times, and the median of the five counts.
 """
 
 import os
@@ -24,8 +24,8 @@ LONGEST = 50.0  # ms
 RUNS = 5
 FLOOD = (20,)  # megabytes
 LATE = (1.0, 1.0)  # seconds
-SETTLE = 1.5  # seconds without a connection, after which a transfer is over
-# Besides what a server does: a name that nobody knows, an address where nobody answers.
+SETTLE = 1.5  # seconds without a connection until a transfer counts as ended
+# Faults outside the server: an unknown host name, an address that does not answer.
 OTHER = {"unknown-host": "no.such.host.invalid:5100", "no-answer": "192.0.2.1:5100"}
 INI = """[General]
 Language=044
@@ -48,7 +48,7 @@ PLANT=YES,1,{address},Plant
 
 
 class Failed(Exception):
-    """The program could not be brought where it is measured."""
+    """The program did not reach the state to be measured."""
 
 
 def wait_for(what, found, seconds=20.0):
@@ -67,7 +67,7 @@ def xdotool(*words):
 
 
 def x_server():
-    """The process id of the X server, when it is one of this machine."""
+    """The process id of the X server, if it runs on this machine."""
     number = re.match(r":(\d+)", os.environ.get("DISPLAY", ""))
     lock = pathlib.Path(f"/tmp/.X{number.group(1)}-lock") if number else None
     return [lock.read_text().strip()] if lock and lock.exists() else []
@@ -85,7 +85,7 @@ class Window:
                                         stdin=subprocess.DEVNULL)
         self.main = wait_for("the main window", lambda: self.named("^ZEK View"))
         self.browser = wait_for("the browser", lambda: self.others({self.main}))
-        time.sleep(1)  # it is shown and has its tree
+        time.sleep(1)  # until it is visible and shows its tree
 
     def named(self, name):
         found = xdotool("search", "--onlyvisible", "--pid", str(self.process.pid), "--name", name)
@@ -120,7 +120,7 @@ def prepare(home, data, address):
 
 
 def await_end(station):
-    """Until the transfer has been without a connection for a while."""
+    """Waits until the transfer has had no connection for SETTLE seconds."""
     def open_connections():
         return any(thread.is_alive() for thread in station.threads)
     quiet = time.monotonic()
@@ -132,7 +132,7 @@ def await_end(station):
 
 
 def open_calendar(window, station):
-    """A whole calendar is fetched, its editor opens and has something to send."""
+    """Fetches a calendar without faults, opens its editor and makes a change to send."""
     station.begin([None])
     window.press(window.browser, "F6")
     editor = wait_for("the editor", lambda: window.others({window.main, window.browser}))
@@ -143,7 +143,7 @@ def open_calendar(window, station):
 
 
 def measure(programs, data, name, sending):
-    """The longest answer in milliseconds, the same by the program itself, and how many came."""
+    """The longest time to an answer (ms), the same without waits for a processor, the number."""
     station = Station(1, False, random.Random(1), FLOOD, LATE)
     station.catalogues["sdc"] = ([" 1000 !24-DEC-26              !SD1"], "1")
     with tempfile.TemporaryDirectory() as folder:
@@ -179,7 +179,7 @@ def measure(programs, data, name, sending):
 
 
 def median_of_runs(programs, data, name, sending):
-    """What counts, and all that was measured for it."""
+    """The median of the longest times, and all measurements."""
     answers = [measure(programs, data, name, sending)]
     while answers[0][1] > LONGEST and len(answers) < RUNS:
         answers.append(measure(programs, data, name, sending))
@@ -189,7 +189,7 @@ def median_of_runs(programs, data, name, sending):
 def main():
     programs, data = (pathlib.Path(argument).resolve() for argument in sys.argv[1:3])
     names = sys.argv[3:] or [*FAULTS, *OTHER]
-    # What can't be connected to can't be fetched from either, and then there is nothing to send.
+    # Without a connection there is no catalogue to send, so these faults only concern fetching.
     cases = [(name, sending) for name in names for sending in (False, True)
              if not (sending and name in OTHER)]
     alive = 0

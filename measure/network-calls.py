@@ -1,12 +1,11 @@
 #!/usr/bin/env python3
-"""network-calls.py PROGRAMS DATA [short]: what the programs connect to and listen to, as the system
-sees it.
+"""network-calls.py PROGRAMS DATA [short]: checks the network calls of the programs.
 
 Runs zekview-cli and zekview (on the screen that DISPLAY names) against a simulated plant under
-strace: connections, catalogues of all kinds, an export. Every connection must lead to an address
-that the settings name or, within this machine, to what the toolkit needs for a window; nothing may
-be listened to, and nothing may be sent anywhere without a connection. The short form leaves out the
-tour of zekview, which then exports only. Where strace may not trace, the status is 77.
+strace: connections, catalogues of all kinds, an export. Every connection must lead to an address in
+the settings or to a local socket that the toolkit needs for a window. The programs must not listen,
+nor send anything without a connection. With "short", zekview only exports, without the tour of its
+windows. Where strace may not trace, the status is 77.
 """
 
 import collections
@@ -18,12 +17,12 @@ import subprocess
 import sys
 import tempfile
 
-# Sockets within this machine that the toolkit opens: the screen, the session's bus, the names of
-# users and hosts as the system's own libraries ask for them.
+# Local sockets that the toolkit opens: the screen, a bus of the session, and the name service that
+# the system's libraries ask for users and hosts.
 LOCAL = {"the screen": re.compile(r"/tmp/\.X11-unix/X\d+$"),
          "a bus of the session": re.compile(r"/(dbus-\w+|bus|at-spi/bus\S*|session_bus_socket)$"),
          "the system's name service": re.compile(r"/run/(nscd/socket|nscd|systemd/userdb/\S*)$")}
-# Leaks are looked for elsewhere: a sanitizer can't do it in a process that is traced.
+# A sanitizer can't detect leaks in a traced process; other tests do.
 ENVIRONMENT = {**os.environ, "ASAN_OPTIONS": os.environ.get("ASAN_OPTIONS", "") + ":detect_leaks=0"}
 LISTENING = ("bind", "listen", "accept", "accept4")
 CALL = re.compile(r"^\d+ +(\w+)\((.*)$")
@@ -48,19 +47,19 @@ def prepare(home, data, programs):
 
 
 def traced(home, command):
-    """The network calls of a command as strace tells them."""
+    """Returns the network calls of a command, as lines of strace."""
     trace = home / "trace"
     result = subprocess.run(["strace", "-f", "-qq", "-s", "256", "-e", "trace=network", "-o", trace,
                              *command], stdin=subprocess.DEVNULL, capture_output=True, text=True,
                             timeout=240, check=False, env=ENVIRONMENT)
-    # The export of the demonstration leaves out two catalogues, which it tells with a 1.
+    # The demonstration lacks two catalogues, so its export returns 1.
     export = "export" in command or "/BATCH" in command
     assert result.returncode in ((0, 1) if export else (0,)), (command, result.returncode, result.stderr)
     return trace.read_text(errors="replace").splitlines()
 
 
 def purpose(arguments, allowed):
-    """What a connection or a datagram is for; None when nothing allows it."""
+    """The purpose of a connection or datagram; None if it is not allowed."""
     inet = INET.search(arguments)
     if inet:
         address = (inet.group(2) or inet.group(3), inet.group(1))
@@ -72,7 +71,7 @@ def purpose(arguments, allowed):
 
 
 def judge(lines, allowed, seen):
-    """Counts the calls that reach out or let in; tells those that nothing allows."""
+    """Counts the calls that connect, send or listen; prints those that are not allowed."""
     good = bad = 0
     for line in lines:
         call = CALL.match(line)
@@ -82,12 +81,12 @@ def judge(lines, allowed, seen):
         addressed = name == "connect" or (name in ("sendto", "sendmsg", "sendmmsg")
                                           and re.search("sin6?_port", arguments))
         if name == "bind" and "AF_NETLINK" in arguments:
-            continue  # how the system's libraries ask the kernel, nobody can come in there
+            continue  # the system's libraries ask the kernel; not reachable from outside
         if not addressed and name not in LISTENING:
             continue
         what = purpose(arguments, allowed) if addressed else None
         if what is None:
-            print(f"not as set: {line}")
+            print(f"not allowed: {line}")
             bad += 1
         else:
             seen[what] += 1

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """soak.py PROGRAMS DATA [TRANSFERS [SEED]]: transfers with random faults in one process.
 
-Reads and writes catalogues of all kinds, of both generations and in both framings, over real
-sockets with zekview-soak against a server that breaks off, falls silent, talks nonsense and so on.
-Every result is held against what the server knows, and what the process takes of the system after
-the last transfer against what it took after the tenth.
+Fetches and writes catalogues of all kinds, of both generations and in both framings. Runs
+zekview-soak over real sockets against a server that disconnects, stops answering, sends garbage and
+so on. Compares every result with what the server received and sent. Compares the resources of the
+process after the last transfer with those after the tenth.
 """
 
 import collections
@@ -21,7 +21,7 @@ from faulty_server import FAULTS, Fault, Station
 KINDS = ("wdc", "sdc", "ovc")
 FIRST_LOOK = 10  # transfers
 MOST_MEMORY = 1 << 20  # bytes
-FAULTLESS = 0.3  # so many connections
+FAULTLESS = 0.3  # share of the connections
 INI = """[General]
 Language=044
 DisconnectTime=60
@@ -42,7 +42,7 @@ DelayAfterConnect=0
 
 
 class Program:
-    """zekview-soak, asked line by line."""
+    """Sends commands to zekview-soak and reads the answers."""
 
     def __init__(self, programs, home):
         self.process = subprocess.Popen([programs / "zekview-soak", home], stdin=subprocess.PIPE,
@@ -63,7 +63,7 @@ class Program:
     def resources(self):
         timers, heap = self.ask("resources")
         folder = pathlib.Path(f"/proc/{self.process.pid}")
-        # Without the pages of files, which are first touched whenever their code first runs.
+        # Anonymous memory only: pages of program files are loaded when their code first runs.
         anonymous = re.search(r"RssAnon:\s+(\d+) kB", (folder / "status").read_text())
         return {"descriptors": len(os.listdir(folder / "fd")),
                 "threads": len(os.listdir(folder / "task")), "timers": timers,
@@ -91,7 +91,7 @@ class Soak:
         assert self.program.process.wait() == 0, "zekview-soak ended with an error"
 
     def copy(self, name, kind):
-        """The local copy of a node's catalogue; None when there is none."""
+        """The local copy of a node's catalogue; None if it does not exist."""
         station = self.stations[name]
         dus = "_3" if station.dus else ""
         base = f"f127_0_0_1_{station.port}{dus} Object {name}"
@@ -101,7 +101,7 @@ class Soak:
         return path.read_bytes() if path.exists() else None
 
     def plan(self, station, steps):
-        """One fault or none for each of the three attempts."""
+        """Plans a fault or None for each of the three attempts."""
         faults = []
         for _ in range(3):
             if self.dice.random() < FAULTLESS:
@@ -145,7 +145,7 @@ class Soak:
             right = station.received == commands and not station.refused
         else:
             right = station.always_faulty() and bool(told)
-        # The copy is stored before anything is sent, and stays.
+        # The local copy is stored before sending, and is kept if sending fails.
         stored = lines if kind == "ovc" or not with_value else [f".DFV = {value}", *lines]
         right = right and self.copy(name, kind) == "".join(f"{x}\r\n" for x in stored).encode()
         return right, f"put {kind} {name}: status {status}\n{told}{commands}"
@@ -154,7 +154,7 @@ class Soak:
         name, kind = self.dice.choice(sorted(self.stations)), self.dice.choice(KINDS)
         right, what = self.dice.choice((self.read, self.write))(name, kind)
         if not right:
-            print(f"Told wrong: {what}\nThe server: {self.stations[name].account()}")
+            print(f"Wrong result: {what}\nThe server: {self.stations[name].account()}")
         return right
 
 
@@ -168,7 +168,7 @@ def write_settings(home, stations):
 
 
 def report(first, last):
-    """Prints what was taken of the system then and now; how many kinds of it have not grown."""
+    """Prints the resources then and now; returns true if none has grown."""
     print("soak resources after the tenth transfer / at the end: " + ", ".join(
         f"{what} {first[what]} / {last[what]}" for what in first))
     kept = [first[what] == last[what] for what in ("descriptors", "threads", "timers")]

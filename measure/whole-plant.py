@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
-"""Exports a plant of 300 objects over real sockets, a dead or broken controller among every three.
+"""Exports a plant of 300 objects over real sockets; every third controller is dead or broken.
 
-What lives is exported whole, what does not is named. Ten times as many objects cost no more memory,
-and few descriptors are enough. Arguments: the folder of the programs, the data folder."""
+Every working controller must be exported completely, every other one reported. Ten times as many
+objects must not need more memory, nor more than 24 file descriptors. Arguments: the folder of the
+programs, the data folder."""
 
 import os
 import pathlib
@@ -15,7 +16,7 @@ import tempfile
 import threading
 
 OBJECTS = 300
-MOST_MEMORY = 256 << 10  # bytes: what failed is kept for the report
+MOST_MEMORY = 256 << 10  # bytes, for the failures kept for the report
 MOST_DESCRIPTORS = 24
 KINDS = ("wdc", "sdc", "ovc")
 LISTINGS = {
@@ -46,7 +47,7 @@ DelayD=0
 
 
 def breaking_server():
-    """A controller that hangs up in the middle of whatever it is asked."""
+    """Starts a controller that disconnects at the first command; returns its port."""
     listener = socket.create_server(("127.0.0.1", 0), backlog=64)
 
     def serve():
@@ -78,13 +79,13 @@ def write_plant(folder):
 
 
 def export(programs, data, home, objects, ports):
-    """The status of an export of so many objects, what it printed and told, its peak of memory."""
+    """Exports; returns the status, standard output, standard error and peak memory (bytes)."""
     living, breaking, dead = ports
     topics = ""
     for index in range(objects):
-        # One that breaks off is tried three times, which takes most of the time of this test.
+        # A broken one is tried three times, which takes most of this test's time, so use few.
         port = living if alive(index) else breaking if index // 3 % 8 == 0 else dead
-        # With a DUS number the plant need not wait whether the controller is spoken to without.
+        # With a DUS number the plant need not wait to see whether the client sends one.
         topics += f"T{index}=YES,1,127.0.0.1:{port}{':7' * (index % 10 != 0)},Object {index}\n"
     home.mkdir()
     shutil.copy(data / "lang" / "zek_lang.046", home)
@@ -132,7 +133,7 @@ def main():
             plant.wait()
         check(folder / "many", *result)
         print(f"memory: {few >> 10} KB, with ten times as many objects {many >> 10} KB")
-        # A sanitizer keeps what was freed.
+        # A sanitizer keeps freed memory.
         assert many - few <= MOST_MEMORY or "ASAN_OPTIONS" in os.environ
 
 

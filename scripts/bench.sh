@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# bench.sh [OPTION...]: the benchmarks in the program zekview-bench, with these options, and then
-# those that are scripts, bench/*.sh, each with a screen of its own. What has a limit stands once
-# more in the end, in one table; a limit that is exceeded is a failure.
+# bench.sh [OPTION...]: runs the program zekview-bench with these options, then the benchmark
+# scripts bench/*.sh, each on its own screen. At the end prints all figures with a limit in one
+# table. Fails if a limit is exceeded.
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh

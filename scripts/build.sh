@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# build.sh [PRESET]: configures when needed and builds. Release programs land in build/bin.
+# build.sh [PRESET]: configures if needed and builds. Release programs are built into build/bin.
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh

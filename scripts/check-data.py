@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Checks the data files: windows-1252 with CR LF ends, unambiguous settings, and that the texts of
-the program, of every language file and of docs/texts.md are the same ones."""
+"""Checks the data files: windows-1252 with CR LF line ends, settings without duplicates, and the
+same text numbers in the program, in every language file and in docs/texts.md."""
 import pathlib
 import re
 import subprocess
@@ -14,17 +14,17 @@ BUILT_IN = re.compile(r'^ZEK_BUILT_IN\(k\w+, (\d+),(?:  //.*)?\s*((?:"(?:[^"\\]|
 BUILT_IN_LANGUAGE = "zek_lang.046"
 DOCUMENT = pathlib.PurePath("docs/texts.md")
 DOCUMENT_ROW = re.compile(r"^\| (\d[\d, to]*) \|", re.MULTILINE)
-# Captions that are shown side by side, so that a mnemonic may stand for one of them only.
+# Captions that are shown side by side, so that each needs a different mnemonic.
 MENUS = [(10, 13), (11, 12), (201, 202, 203, 204)]
 DAY_TYPES = 230
 DAY_TYPES_LENGTH = 45  # none, seven weekdays, SD1 to SD7, three characters each
-# A language chooses one of two places: the weekday or month as in the captions, or with a small
-# initial.
+# A language uses one of two placeholders: the weekday or month as in the captions, or with a
+# lower-case initial.
 SAME_PLACES = {665: {"%5": "%1", "%6": "%3"}, 666: {"%2": "%1"}}
 
 
 def read_lines(path, findings):
-    """The lines of the file; what is wrong with its bytes goes to the findings."""
+    """The lines of the file; adds errors in its bytes to the findings."""
     data = path.read_bytes()
     try:
         text = data.decode("windows-1252")
@@ -36,7 +36,7 @@ def read_lines(path, findings):
             data.decode("utf-8")
             findings.append(f"{path}: is UTF-8, not windows-1252")
         except UnicodeDecodeError:
-            pass  # as it should be
+            pass  # correct: it is not UTF-8
     lines = text.split("\r\n")
     if lines.pop() != "":
         findings.append(f"{path}: the last line does not end in CR LF")
@@ -74,7 +74,7 @@ def check_texts(path, texts, wanted, findings):
 
 
 def read_table(findings):
-    """The numbers of the table of texts, and those texts that are built in."""
+    """The numbers in the table of texts, and the built-in texts by number."""
     source = (ROOT / TABLE).read_text()
     numbers = [int(number) for number in ROW.findall(source)]
     findings += [f"{TABLE}: text {number} is there twice"
@@ -100,7 +100,7 @@ def places(number, text):
 
 
 def check_all_texts(languages, findings):
-    """Every text is in the table or in a language file, and then in all of them and documented."""
+    """Checks that every text is in all language files and documented."""
     table, built_in = read_table(findings)
     wanted = table.union(*languages.values())
     findings += [f"{DOCUMENT}: lacks text {number}" for number in sorted(wanted - documented())]
@@ -117,7 +117,7 @@ def check_all_texts(languages, findings):
 
 
 def check_settings(path, lines, findings):
-    """Of equal names only the first would count."""
+    """Reports duplicate names, because only the first of them takes effect."""
     sections, keys = set(), set()
     for number, line in enumerate(lines, 1):
         name = None

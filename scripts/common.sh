@@ -1,4 +1,4 @@
-# What the scripts share; sourced with the project root as the current directory.
+# Functions for all scripts; source it with the project root as the current directory.
 # shellcheck shell=bash
 
 die() {
@@ -6,10 +6,11 @@ die() {
   exit 1
 }
 
-# A clone may belong to another user than the one who builds (containers, CI): git would refuse.
+# Git refuses a clone that belongs to another user, as in containers and CI, unless it is marked
+# safe.
 export GIT_CONFIG_COUNT=1 GIT_CONFIG_KEY_0=safe.directory GIT_CONFIG_VALUE_0="$PWD"
 
-# The files of the work tree that match, new ones included; each ends in NUL.
+# Prints the matching files of the work tree, including untracked ones; each name ends in NUL.
 worktree_files() {
   local file
   git ls-files -z --cached --others --exclude-standard -- "$@" |
@@ -18,9 +19,9 @@ worktree_files() {
     done
 }
 
-# configure PRESET [TESTING]: configures build/PRESET when it is not, when the presets changed since,
-# or when tests are to be built and it has none. With TESTING=OFF it needs no packages of the tests.
-# Changes of the CMakeLists.txt files are noticed by the build itself.
+# configure PRESET [TESTING]: configures build/PRESET if it is not configured, if the presets have
+# changed since, or if it was configured without tests and tests are wanted. TESTING=OFF does not
+# need the packages of the tests. The build itself notices changes of the CMakeLists.txt files.
 configure() {
   local preset="$1" testing="${2:-ON}" folder="build/$1"
   if [[ -f $folder/build.ninja && $folder/configured -nt CMakePresets.json ]] &&

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""count-lines.py: the share of the tests in all code, "tests: N of N lines, P %".
+"""count-lines.py: prints the share of test code in all code, "tests: N of N lines, P %".
 
-Counts the lines of the C++, Python and shell files that git tracks, without blank lines, comments
-and the preprocessor's lines, nearly all of them includes; tests, trials and fuzz are the tests.
+Counts the lines of all C++, Python and shell files in git, without blank lines, comments and
+preprocessor lines (nearly all of these are includes). Test code is tests/, trials/ and fuzz/.
 """
 import io
 import pathlib
@@ -13,7 +13,7 @@ import tokenize
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 TESTS = ("tests/", "trials/", "fuzz/")
-# Texts are matched first, so that no comment begins within them.
+# String literals are matched first, so that "//" inside them does not start a comment.
 CPP = re.compile(r'R"(\w*)\(.*?\)\1"|"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])\'|(//[^\n]*|/\*.*?\*/)',
                  re.DOTALL)
 
@@ -26,7 +26,7 @@ def cpp_lines(text):
 
 
 def python_lines(text):
-    """A text that is a statement of its own is a comment as well."""
+    """Counts code lines; a docstring counts as a comment."""
     no_code = {tokenize.COMMENT, tokenize.NL, tokenize.NEWLINE, tokenize.INDENT, tokenize.DEDENT,
                tokenize.ENCODING, tokenize.ENDMARKER}
     rows, statement = set(), []

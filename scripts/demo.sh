@@ -1,24 +1,24 @@
-# The demonstration: a program directory of its own and a simulated plant; sourced.
+# Functions for the demonstration, which has its own program directory and plant; source it.
 # shellcheck shell=bash
 
-# Builds what a demonstration takes and nothing of the tests, which have packages of their own.
+# Builds the programs of the demonstration, without the tests and their packages.
 build_demo() {
   scripts/setup.sh run
   configure release OFF
   cmake --build --preset release --target zekview zekview-sim
 }
 
-# Lays out DIRECTORY as a program directory: languages, settings and the plant. What is newer there
-# stays, so that a demonstration goes on where the last one ended.
+# prepare_demo DIRECTORY: copies languages, settings and the plant there. Newer files stay, so that
+# a demonstration continues where the last one ended.
 prepare_demo() {
   local directory="$1"
   mkdir -p "$directory"
   cp -ru data/lang/zek_lang.* data/demo/. "$directory/"
 }
 
-# start_plant DIRECTORY [COMMAND...]: starts the plant there on a free port, with the program
-# zekview-sim or this command, writes the port into the settings, and stops the plant again when the
-# script ends.
+# start_plant DIRECTORY [COMMAND...]: starts zekview-sim, or this command, with the plant in
+# DIRECTORY on a free port. Writes the port into the settings and stops the plant when the script
+# ends.
 start_plant() {
   local directory="$1" port
   shift
@@ -31,7 +31,7 @@ start_plant() {
   LC_ALL=C sed -i -E "s/127\.0\.0\.1:[0-9]+/127.0.0.1:${BASH_REMATCH[1]}/" "$directory/ZEKView.INI"
 }
 
-# keep_pictures DIRECTORY: makes the pictures of a tour PNG files; `taken` are their names.
+# keep_pictures DIRECTORY: converts the pictures of a tour to PNG; sets `taken` to their names.
 keep_pictures() {
   shopt -s nullglob
   taken=("$1"/*.bmp)

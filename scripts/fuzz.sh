@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# fuzz.sh [SECONDS] [TARGET...]: runs the fuzz targets (all of them) under libFuzzer and the
-# sanitizers, each for that long (10 s). What it finds new goes to build/fuzz/corpus, an
-# input that fails to build/fuzz/failed. Executions are counted over processor time, which other
-# work on the machine does not disturb.
+# fuzz.sh [SECONDS] [TARGET...]: runs the fuzz targets (default: all) under libFuzzer and the
+# sanitizers, each for SECONDS (default: 10). Stores new inputs in build/fuzz/corpus and failing
+# ones in build/fuzz/failed. Executions are counted per second of processor time, so that other work
+# on the machine does not disturb the figure.
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
@@ -22,8 +22,8 @@ scripts/setup.sh run fuzz
 configure fuzz OFF
 cmake --build --preset fuzz --target zekview-fuzz
 
-# Long stacks of allocations and a large quarantine cost most of the time; an input that failed is
-# run again with all of it.
+# Allocation stacks and a large quarantine would cost most of the time. Run a failing input again
+# without these options to see them.
 export ASAN_OPTIONS=malloc_context_size=0:quarantine_size_mb=1:detect_leaks=1
 export UBSAN_OPTIONS=print_stacktrace=1
 export ZEKVIEW_FUZZ_TARGET

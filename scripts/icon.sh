@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# icon.sh: draws the icon of the Windows programs anew from its SVG, in all sizes that Windows asks for.
+# icon.sh: draws the icon of the Windows programs from its SVG, in all sizes that Windows uses.
 set -euo pipefail
 cd src/desktop/windows
 pictures="$(mktemp -d)"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Checks what can be checked without running anything, and goes on after a finding so that one run
-# shows them all.
+# lint.sh: checks everything that can be checked without running the programs. It continues after a
+# finding, so that one run shows all of them.
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
@@ -9,7 +9,7 @@ check_format() {
   worktree_files '*.cpp' '*.h' | xargs -0 clang-format --dry-run -Werror
 }
 
-# Not in files that are bytes of their own (.gitattributes): there a blank or a tab can be data.
+# Does not check data files (see .gitattributes), where a blank or a tab can be data.
 check_whitespace() {
   local files found=0
   mapfile -d '' -t files < <(worktree_files '*.cpp' '*.h' '*.cmake' '*CMakeLists.txt' '*.json' \

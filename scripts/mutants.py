@@ -1,15 +1,16 @@
 #!/usr/bin/env python3
-"""mutants.py [COUNT] [SEED]: how many of COUNT (300) small random faults in the core the tests find.
+"""mutants.py [COUNT] [SEED]: counts how many of COUNT (default: 300) random faults in the core the
+tests find.
 
-A mutant is one file of the core with one change: a comparison flipped, a condition negated, a
-constant changed or a statement removed. It is compiled apart from the work tree, linked in front of
-the core as build/release has it, and the tests are run, first those of the same file or folder, until
-one fails. Those that the unit tests let live go to the programs that make random and hostile
-catalogues. One that does not compile is replaced by another; files of forms and of one system,
-tables of texts and headers are left out.
+A mutant is one file of the core with one change: a flipped comparison, a negated condition, a
+changed constant or a removed statement. It is compiled outside the work tree and linked before the
+core library of build/release. Then the tests run until one fails, starting with those of the same
+file or folder. Mutants that survive the unit tests go to the programs that make random and hostile
+catalogues. A mutant that does not compile is replaced by another one. Forms, files for one system,
+tables of texts and headers are not changed.
 
-A mutant that changes nothing observable is named in mutants-equal.txt with the reason. It is shown
-and not counted.
+mutants-equal.txt lists the mutants without an observable effect, with the reason. They are reported
+but not counted.
 """
 import collections
 import concurrent.futures
@@ -32,7 +33,7 @@ FOLDERS = ["text", "system", "lang", "settings", "formats", "comm", "catalogue",
 EQUAL = ROOT / "scripts" / "mutants-equal.txt"
 NO_CORE = re.compile(r"/(Win\w+|Posix\w+)\.cpp$")
 PROGRAMS = ["zekview-tests", "zekview-fuzz-corpora", "zekview-round-trips", "zekview-cli"]
-TIMES = 5  # as long as without a mutant; what does not end has failed
+TIMES = 5  # the time limit is this many times the time without a mutant; a timeout is a failure
 LEAST_SECONDS = 5
 
 FLIPPED = {"==": "!=", "!=": "==", "<": "<=", "<=": "<", ">": ">=", ">=": ">", "&&": "||",
@@ -52,7 +53,7 @@ Mutant = collections.namedtuple("Mutant", "kind file row before after")
 
 
 def key_of(mutant):
-    """How mutants-equal.txt names it, whatever its row."""
+    """The identity of a mutant in mutants-equal.txt, independent of its row."""
     return str(mutant.file.relative_to(ROOT)), mutant.before.strip(), mutant.after.strip()
 
 
@@ -69,7 +70,7 @@ def read_equal():
 
 
 def without_texts(line):
-    """The line with blanks in place of strings and comments, as long as it was."""
+    """The line with strings replaced by blanks, so that columns stay, and without its comment."""
     blank = STRING.sub(lambda match: '"' + " " * (len(match[0]) - 2) + '"', line)
     comment = blank.find("//")
     return blank if comment < 0 else blank[:comment].rstrip()
@@ -109,7 +110,7 @@ def changes(line):
 
 
 def closing(code, opening):
-    """The place of the bracket that closes the one at a place; None when the line ends before."""
+    """The index of the bracket that closes the one at `opening`, or None if the line has none."""
     depth = 0
     for place in range(opening, len(code)):
         depth += (code[place] == "(") - (code[place] == ")")
@@ -119,7 +120,7 @@ def closing(code, opening):
 
 
 def all_mutants():
-    """By kind, so that kinds with many places do not crowd out the others."""
+    """All mutants by kind, so that frequent kinds do not crowd out the others."""
     found = collections.defaultdict(list)
     for folder in FOLDERS:
         for path in sorted((ROOT / "src" / folder).rglob("*.cpp")):
@@ -132,7 +133,7 @@ def all_mutants():
 
 
 def order_of(found, seed):
-    """An endless-enough random order in which the kinds take turns."""
+    """All mutants in a random order in which the kinds alternate."""
     shuffle = random.Random(seed)
     for mutants in found.values():
         shuffle.shuffle(mutants)
@@ -144,7 +145,7 @@ def order_of(found, seed):
 
 
 def run(command, **options):
-    """True when the command ended well and in time."""
+    """True if the command succeeded within its time limit."""
     try:
         return subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
                               stderr=subprocess.DEVNULL, check=False, **options).returncode == 0
@@ -192,19 +193,19 @@ class Builder:
 
 
 def limited(command):
-    """The command with an end to its memory, so that a mutant can't take the machine's."""
+    """The command with a memory limit, so that a mutant cannot exhaust the machine's memory."""
     return ["bash", "-c", "ulimit -v 8000000 -c 0; exec \"$@\"", "bash", *map(str, command)]
 
 
 def suites_of(file):
-    """The test suites in the file that is named like a file of the core, else in its folder."""
+    """The test suites in the test files named after a core file, else all suites of its folder."""
     paths = list((ROOT / "tests" / file.parent.relative_to(ROOT / "src")).glob("*.cpp"))
     named = [path for path in paths if path.stem.startswith(file.stem)]
     return sorted({suite for path in named or paths for suite in TEST.findall(path.read_text())})
 
 
 class Tests:
-    """All that is run against a mutant; a run without one shows how long each may take."""
+    """Runs the tests against a mutant. A run without a change sets the time limits."""
 
     def __init__(self, builder):
         self.builder = builder
@@ -222,7 +223,7 @@ class Tests:
         }[program]]
 
     def find(self, mutant, folder):
-        """The program that fails with the mutant, None when it survives."""
+        """The program that fails with the mutant, or None if the mutant survives."""
         for program in PROGRAMS:
             if not self.builder.link(program, folder):
                 raise SystemExit(f"{program} can't be linked with a mutant")

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# mutants.sh [COUNT] [SEED]: builds what the tests of the core need and measures how many of COUNT
-# (300) random faults in it they find (mutants.py).
+# mutants.sh [COUNT] [SEED]: builds the tests of the core and counts how many of COUNT (default:
+# 300) random faults in the core they find (mutants.py).
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh

@@ -1,13 +1,13 @@
 #!/usr/bin/env python3
 """pack.py FOLDER ZIP: packs the folder, under its own name.
 
-File names are marked as UTF-8, and the same files give the same bytes every time.
+File names are marked as UTF-8. Packing the same files again gives the same bytes.
 """
 import pathlib
 import sys
 import zipfile
 
-DATE = (2026, 1, 1, 0, 0, 0)  # zip files need one
+DATE = (2026, 1, 1, 0, 0, 0)  # zip files need a date; a fixed one keeps the bytes the same
 
 
 def main():

@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# reliability.sh [NAME...]: measures what docs/reliability.md reports, all of it or the parts of these
-# names, and prints every figure as "WHAT: N of N". All of it takes the better part of an hour.
+# reliability.sh [NAME...]: measures the figures of docs/reliability.md, all of them or only the
+# named parts, and prints each as "WHAT: N of N". Measuring everything takes most of an hour.
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
 
-all=(faults saving history sending undo re-entry nobody-in soak living-window round-trips
+all=(faults saving history sending undo re-entry intrusion soak living-window round-trips
   fuzz mutants)
 bin=build/bin
 log=build/reliability.log
@@ -22,7 +22,7 @@ measure() {
     sending) tests '*Changes*:*Send*' ;;
     undo) tests '*Undo*' && windows '*EditorForm*' ;;
     re-entry) tests '*Reentry*' && windows '*WindowReentry*' ;;
-    nobody-in)
+    intrusion)
       tests 'Password.*:*EveryByte*' && windows '*EveryByte*' && "$bin/zekview-peer-cost" &&
         measure/greedy-peers.py "$bin" data 1024 &&
         scripts/headless.sh measure/network-calls.py "$bin" data
@@ -32,11 +32,11 @@ measure() {
     round-trips) "$bin/zekview-round-trips" 1000000 ;;
     fuzz) scripts/fuzz.sh 10 ;;
     mutants) scripts/mutants.sh 300 "${ZEKVIEW_SEED:-2}" ;;
-    *) die "./dev reliability knows no part '$1'; there are: ${all[*]}." ;;
+    *) die "./dev reliability has no part '$1'. The parts are: ${all[*]}." ;;
   esac
 }
 
-# The figures that a part printed; of tests that print none, how many passed.
+# figures LOG PART: prints the figures of a part; for tests without figures, how many passed.
 figures() {
   sed -n 's/^figure: //p' "$1"
   awk -v part="$2" '/^\[==========\] [0-9]+ tests? from .* ran/ { ran += $2 }

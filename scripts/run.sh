@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# run.sh [OPTION...]: opens ZekView, with these options, on a simulated plant of its own. Its
-# program directory build/demo is kept: local copies and changes at the plant are there next time.
+# run.sh [OPTION...]: starts a simulated plant and opens ZekView on it with these options. The
+# program directory build/demo is kept, with its local copies and the changes made at the plant.
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# setup.sh [SECTION...]: installs the packages of these sections of scripts/packages.txt that are
-# missing; without sections, all but those for Windows. Most subcommands begin with this, so it has to
-# be quick when nothing is missing.
+# setup.sh [SECTION...]: installs the missing packages of these sections of scripts/packages.txt.
+# Without sections: of all except [windows]. Most subcommands call this first, so it must be quick
+# if nothing is missing.
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
@@ -19,7 +19,7 @@ mapfile -t wanted < <(awk -v sections=" $* " '
 command -v dpkg-query >/dev/null || die "This is no Debian system. Install what matches these" \
   "packages yourself and build with the CMake presets: ${wanted[*]}"
 
-# dpkg-query fails for packages that it never heard of; those are just missing.
+# dpkg-query fails for unknown packages; they count as missing.
 installed="$(dpkg-query -W -f='${Package} ${db:Status-Status}\n' "${wanted[@]}" 2>/dev/null || true)"
 missing=()
 for package in "${wanted[@]}"; do

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""test-counts.py REPORT...: prints "N passed, N failed" from reports in JUnit's format, those of
-ctest and of the test programs themselves.
+"""test-counts.py REPORT...: prints "N passed, N failed" from JUnit reports of ctest and of the test
+programs.
 
-Exits with 1 when a test failed, none passed or a report is missing. A test that could not be run
-has failed; one that was switched off or skipped itself is neither, and is named on standard error.
+Exits with 1 if a test failed, no test ran or a report is missing. A test that could not run counts
+as failed. A disabled or skipped test counts as neither; its name is printed on standard error.
 """
 import sys
 import xml.etree.ElementTree as ElementTree

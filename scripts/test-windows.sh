@@ -1,23 +1,23 @@
 #!/usr/bin/env bash
-# test-windows.sh [FILTER]: builds the Windows programs and runs their tests under Wine: the unit
-# tests and the window tests, each in one process, since a start of Wine takes longer than most
-# tests, and the whole programs (windows-programs.sh). With FILTER only those whose name holds it.
-# The last line is "N passed, N failed".
+# test-windows.sh [FILTER]: builds the Windows programs and runs their tests under Wine: unit tests,
+# window tests and tests of whole programs (windows-programs.sh). Many tests share a process,
+# because starting Wine takes longer than most tests. FILTER selects the tests whose names contain
+# it. The last line is "N passed, N failed".
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
 
 filter="${1:-}"
-[[ $filter != -* ]] || die "./dev test --windows knows no option '$filter'."
+[[ $filter != -* ]] || die "./dev test --windows has no option '$filter'."
 bin="$PWD/build/win64/bin"
 reports="$PWD/build/win64/reports"
 
-# run_programs: all that runs under Wine; called by this script itself, inside scripts/wine.sh.
+# run_programs: runs everything under Wine; this script calls itself for it inside scripts/wine.sh.
 run_programs() {
   local program suite
   for program in zekview-tests zekview-windows-tests; do run_program "$program" "*$filter*" "$program"; done
-  # As elsewhere no window test meets what another one left of keys and focus; a process for each of
-  # them would take too long here, one for each suite does.
+  # Window tests must not inherit keys and focus from earlier ones. A process for each test would
+  # take too long here, so each suite has one.
   program=zekview-window-tests
   if [[ -n $filter ]]; then
     run_program "$program" "*$filter*" "$program"
@@ -63,20 +63,20 @@ if [[ -n ${ZEKVIEW_INSIDE_WINE:-} ]]; then
   exit
 fi
 
-counts="0 passed, 1 failed" # unless the tests say otherwise
+counts="0 passed, 1 failed" # printed if the script fails before the tests run
 trap 'echo "$counts"' EXIT
 scripts/setup.sh run screen test windows
 configure win64
 cmake --build --preset win64
 rm -rf "$reports"
 mkdir -p "$reports"
-ZEKVIEW_INSIDE_WINE=1 scripts/wine.sh "$0" "$filter" || true # the reports tell
+ZEKVIEW_INSIDE_WINE=1 scripts/wine.sh "$0" "$filter" || true # the reports contain the failures
 status=0
 wanted=("$reports/scripts.xml")
 for program in zekview-tests zekview-windows-tests zekview-window-tests; do
   [[ -f $bin/$program.exe ]] || continue
   reported=("$reports/$program"*.xml)
-  wanted+=("${reported[@]}") # a pattern as it stands, when there is no report: that is a failure
+  wanted+=("${reported[@]}") # without a report this is the pattern itself, which counts as a failure
 done
 counts="$(scripts/test-counts.py "${wanted[@]}")" || status=1
 exit "$status"

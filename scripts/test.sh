@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# test.sh [--asan|--debug] [FILTER]: builds and runs the tests on a screen of their own. The last
-# line is "N passed, N failed"; nothing run at all is a failure. With --windows as the first
-# argument: those of the Windows programs (test-windows.sh).
+# test.sh [--asan|--debug] [FILTER]: builds the tests and runs them on a virtual screen. The last
+# line is "N passed, N failed"; it is a failure if no test runs. With --windows as the first
+# argument, runs the tests of the Windows programs (test-windows.sh).
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
@@ -13,12 +13,12 @@ filter=()
 for argument in "$@"; do
   case "$argument" in
     --asan | --debug) preset="${argument#--}" ;;
-    -*) die "./dev test knows no option '$argument'." ;;
+    -*) die "./dev test has no option '$argument'." ;;
     *) filter=(--tests-regex "$argument") ;;
   esac
 done
 
-counts="0 passed, 1 failed"  # unless the tests say otherwise
+counts="0 passed, 1 failed"  # printed if the script fails before the tests run
 trap 'echo "$counts"' EXIT
 
 scripts/setup.sh screen

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""tidy.py BUILD: runs clang-tidy over every file that the build in BUILD compiles.
+"""tidy.py BUILD: runs clang-tidy on every file that the build in BUILD compiles.
 
-A file that was clean is left out until it, a header of ours that it includes, its compiler command
-or .clang-tidy changes: an empty file named by the hash of all that is kept outside the work tree, in
-${ZEKVIEW_CACHE:-~/.cache/zekview}/tidy, for other clones and later runs.
+A clean file is not checked again until it, a project header that it includes, its compiler command
+or .clang-tidy changes. For each clean file an empty file, named by the hash of all these, is kept
+in ${ZEKVIEW_CACHE:-~/.cache/zekview}/tidy, outside the work tree, for other clones and later runs.
 """
 import concurrent.futures
 import hashlib
@@ -18,8 +18,8 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 CACHE = pathlib.Path(os.environ.get("ZEKVIEW_CACHE") or pathlib.Path.home() / ".cache/zekview") / "tidy"
 INCLUDE_FOLDERS = [ROOT / name for name in ("src", "tests", "bench", "fuzz", "trials")]
 INCLUDE = re.compile(rb'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
-# The commands are GCC's: clang must neither stumble over options that it lacks nor add its own
-# warnings to those that the compiler has already judged.
+# The commands are for GCC. Clang must not fail on unknown options, nor treat its own warnings as
+# errors.
 EXTRA = ["--extra-arg=-Wno-unknown-warning-option", "--extra-arg=-Wno-ignored-optimization-argument",
          "--extra-arg=-Wno-error"]
 
@@ -44,7 +44,7 @@ def with_headers(file):
 
 
 def key_of(entry, settings):
-    """The same in every clone."""
+    """The hash of everything that the result depends on; it is the same in every clone."""
     digest = hashlib.sha256(settings)
     digest.update(entry["command"].replace(str(ROOT), ".").encode())
     for path in with_headers(pathlib.Path(entry["file"])):

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# tour.sh DIRECTORY [LANGUAGE [SCALE]]: ZekView shows itself on a screen in memory: it opens the browser, fetches a
-# weekday catalogue from a simulated plant over TCP/IP, opens its editor, and leaves its pictures
-# in DIRECTORY. LANGUAGE is 046 or 044, SCALE 1 (96 dpi) or 2 (192 dpi).
+# tour.sh DIRECTORY [LANGUAGE [SCALE]]: runs ZekView's tour of its forms on a virtual screen, with a
+# simulated plant over TCP/IP, and saves the pictures in DIRECTORY. LANGUAGE is 046 or 044, SCALE is
+# 1 (96 dpi) or 2 (192 dpi).
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
@@ -11,7 +11,7 @@ source scripts/demo.sh
 pictures="$1"
 language="${2:-046}"
 export ZEKVIEW_SCALE="${3:-1}"
-program_directory=build/tour/program  # afresh each time, so that the pictures are the same
+program_directory=build/tour/program  # new each time, so that the pictures are the same
 
 scripts/setup.sh screen
 build_demo

@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# windows-programs.sh NAME: one of the trials of whole Windows programs, run by test-windows.sh.
+# windows-programs.sh NAME: runs a test of whole Windows programs, for test-windows.sh.
 #   desktop  The desktop program opens, connects, sends a command, fetches catalogues, opens every
-#            editor and closes. Its pictures stay in build/win64/pictures.
-#   sockets  The command line program against the Windows plant over real sockets, by the same
-#            script as elsewhere.
-#   package  What is handed to users, unpacked in a Wine that has seen nothing of ours, fetches,
-#            changes and sends catalogues over every link.
+#            editor and closes. It saves its pictures in build/win64/pictures.
+#   sockets  The command line program talks to the simulated plant over real sockets
+#            (tests/cli/real-sockets.sh).
+#   package  The zip for users is unpacked in a new Wine. Its programs fetch, change and send
+#            catalogues over every link.
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
@@ -15,7 +15,7 @@ source scripts/demo.sh
 bin="$PWD/build/win64/bin"
 data="$PWD/data"
 
-# wrap FOLDER: the programs of that folder under the names that they have here, in $temporary.
+# wrap FOLDER: makes scripts in $temporary that run the programs of FOLDER under Wine.
 wrap() {
   local program
   for program in zekview-cli zekview-sim; do
@@ -58,5 +58,5 @@ case "$1" in
     wrap "${folder[0]}"
     tests/cli/real-links.sh "$temporary" "$data" "$bin"
     ;;
-  *) die "windows-programs.sh knows no trial '$1'." ;;
+  *) die "windows-programs.sh has no test '$1'." ;;
 esac

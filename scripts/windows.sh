@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# windows.sh [win64|win32]: builds the Windows programs, 64-bit and 32-bit or one of them, and packs
-# each with all it takes into dist/zekview-VERSION-win64.zip and -win32.zip.
+# windows.sh [win64|win32]: builds the Windows programs (default: both) and packs them with their
+# files into dist/zekview-VERSION-win64.zip and -win32.zip.
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
@@ -9,7 +9,7 @@ scripts/setup.sh run windows
 version="$(sed -nE 's/^project\(ZekView VERSION ([0-9.]+).*/\1/p' CMakeLists.txt)"
 programs=(zekview zekview-cli zekview-sim)
 
-# lay_out FOLDER BIN STRIP: what a user finds in the zip.
+# lay_out FOLDER BIN STRIP: fills FOLDER with the content of the zip.
 lay_out() {
   local folder="$1" bin="$2" strip="$3" program text
   rm -rf "$folder"

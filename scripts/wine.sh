@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# wine.sh COMMAND...: runs it where Windows programs can be run: with a Wine of the work tree's own,
-# on a screen of its own with a window manager, without which dialogs open slowly. What of Wine is
-# still running afterwards is ended.
+# wine.sh COMMAND...: runs the command with the work tree's own Wine, on a virtual screen. The
+# screen has a window manager, because dialogs open slowly without one. Ends all Wine processes
+# afterwards.
 set -euo pipefail
 
-export WINEPREFIX="${WINEPREFIX:-$PWD/build/wine}" # a fresh one does as well
-export WINEDEBUG=-all                    # its own remarks are no findings
-export WINEDLLOVERRIDES="mscoree,mshtml=" # nor its questions about add-ons
+export WINEPREFIX="${WINEPREFIX:-$PWD/build/wine}" # may be deleted at any time
+export WINEDEBUG=-all                    # Wine's own messages are not findings
+export WINEDLLOVERRIDES="mscoree,mshtml=" # no questions about add-ons
 export WINEARCH=win64
 mkdir -p "$(dirname "$WINEPREFIX")"
 

@@ -1,20 +1,20 @@
 #!/usr/bin/env bash
-# wx-windows.sh win64|win32: builds the toolkit for Windows from the source package of the version
-# that the Linux program uses, once, and prints the directory that it is installed in. It is kept
-# outside the work tree, in ${ZEKVIEW_CACHE:-~/.cache/zekview}, for other clones and later runs.
+# wx-windows.sh win64|win32: builds the toolkit for Windows, once, from the source package of the
+# version that the Linux program uses. Prints its directory. The result is kept outside the work
+# tree, in ${ZEKVIEW_CACHE:-~/.cache/zekview}, for other clones and later runs.
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
 
 word="$1" # win64 or win32
 toolchain="$PWD/cmake/mingw${word#win}.cmake"
-# What no form of ours uses.
+# Switch off the features that no form uses.
 options=(-DCMAKE_BUILD_TYPE=MinSizeRel -DwxBUILD_SHARED=OFF -DwxBUILD_INSTALL=ON)
 for feature in AUI HTML PROPGRID RIBBON RICHTEXT STC WEBVIEW MEDIACTRL OPENGL XRC XML LIBTIFF \
   LIBJPEG LIBPNG EXPAT LIBLZMA ZLIB REGEX ARTPROVIDER_TANGO WXHTML_HELP SVG; do
   options+=("-DwxUSE_$feature=OFF")
 done
-# dpkg-query's own variable, not the shell's.
+# The variable belongs to dpkg-query, not to the shell.
 # shellcheck disable=SC2016
 version="$(dpkg-query -W -f='${source:Version}' libwxgtk3.2-dev)"
 key="$(cat "$toolchain" cmake/mingw.cmake - <<<"${options[*]}" | sha256sum | cut -c 1-8)"
@@ -22,8 +22,8 @@ cache="${ZEKVIEW_CACHE:-$HOME/.cache/zekview}"
 target="$cache/wx-$version-$key-$word"
 log="$PWD/build/wx-$word.log"
 
-# The machine's own sources, of source packages, and where they are kept: nothing of the machine
-# changes.
+# Copies the machine's package sources as sources of source packages, so that apt can fetch them
+# without a change to the machine.
 describe_sources() {
   local own="$work/apt" file
   mkdir -p "$own/parts" "$own/lists"
@@ -59,12 +59,12 @@ build() {
 
 mkdir -p "$cache" build
 exec {lock}>"$cache/$word.lock"
-flock "$lock" # another clone may be building it
+flock "$lock" # another clone may be building the same version
 if [[ ! -f $target/complete ]]; then
   echo "Building the toolkit for $word, once; that takes some minutes (log: $log)." >&2
   work="$(mktemp -d "$cache/work-XXXXXX")"
   status=0
-  # Not in the foreground before "||", where a failing step would not end it.
+  # In the background, because "set -e" has no effect in a function before "||".
   (build) >"$log" 2>&1 &
   wait $! || status=$?
   if [[ $status -ne 0 ]]; then

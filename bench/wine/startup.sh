@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
-# startup.sh: the size of the Windows desktop program, the time to its first window and its memory
-# a moment later, beside a program that is nothing but a window with a list, built the same way. Runs
-# under Wine, so the times say something about the two beside each other only. Not part of
-# "./dev bench": it wants what "./dev test --windows" has built.
+# startup.sh: measures the size of the Windows desktop program, the time to its first window, and
+# its memory a moment later. Compares them with a minimal program, a window with a list, built the
+# same way. Under Wine only the comparison is meaningful, not the times themselves. Not part of
+# "./dev bench", because it needs the programs that "./dev test --windows" builds.
 set -euo pipefail
 if [[ -z ${WINEPREFIX:-} ]]; then exec scripts/wine.sh "$0" "$@"; fi
 # shellcheck source=bench/common.sh
 source bench/common.sh
-unset TMPDIR # by which Wine finds its server, that of scripts/wine.sh
+unset TMPDIR # Wine finds its server by it; use the server of scripts/wine.sh
 trap end_started EXIT
 
 bin="$PWD/build/win64/bin"
@@ -18,7 +18,7 @@ program_directory="$bench_directory/windows"
 mkdir -p "$program_directory"
 cp data/lang/zek_lang.* data/demo/ZEKView.INI "$program_directory/"
 
-# stripped_size PROGRAM: in bytes
+# stripped_size PROGRAM: prints the size in bytes
 stripped_size() {
   x86_64-w64-mingw32-strip -o "$bench_directory/stripped.exe" "$bin/$1.exe"
   stat -c %s "$bench_directory/stripped.exe"
@@ -31,7 +31,7 @@ measure() {
   begin="$(date +%s%N)"
   wine "$@" >/dev/null 2>&1 &
   started=("$!")
-  # Windows that vanish while it looks around are errors to it.
+  # xdotool fails if a window is destroyed during its search; just try again.
   until xdotool search --onlyvisible --name "$title" >/dev/null 2>&1; do
     [[ $(date +%s%N) -lt $((begin + 20000000000)) ]] || die "No window: $*"
   done
@@ -46,7 +46,7 @@ measure() {
 
 minimal=("$bin/zekview-minimal-window.exe")
 zekview=("$bin/zekview.exe" --dir "$program_directory")
-measure 'Minimal window' "${minimal[@]}" # the first one finds things out for all others
+measure 'Minimal window' "${minimal[@]}" # the first run fills caches for the later ones
 ours=() our_memory=() theirs=() their_memory=()
 for ((run = 0; run < starts; ++run)); do
   measure 'Minimal window' "${minimal[@]}"

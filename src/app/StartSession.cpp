@@ -8,7 +8,7 @@
 namespace zek {
 namespace {
 
-// Nothing would be as set when ZEKView.INI is there but can't be read.
+// Stop if ZEKView.INI exists but can't be read: all settings would silently have their defaults.
 bool CheckSettingsFile(ZV_Proc& proc) {
   const FileContent file = proc.files.Read(proc.settings.IniPath + "ZEKView.INI");
   if (!file.error || file.error->reason == FileError::Reason::Missing) return true;
@@ -16,8 +16,8 @@ bool CheckSettingsFile(ZV_Proc& proc) {
   return false;
 }
 
-// The name as it stands in the program directory, where files copied from elsewhere may be in
-// capitals; "" when there is none.
+// Finds a file in the program directory, ignoring case: copied files may have names in capitals.
+// Returns its name there, or "" if it does not exist.
 std::string NameOnDisk(const ZV_Proc& proc, const std::string& name) {
   const std::vector<std::string> names = proc.files.List(proc.settings.ProgramPath);
   const auto same = std::find_if(names.begin(), names.end(), [&name](const std::string& each) {

@@ -13,23 +13,23 @@ enum ExitStatus : int { kDone = 0, kFailed = 1, kWrongUsage = 2 };
 
 /// What differs between the programs when they start.
 struct StartOptions {
-  std::string_view switches;  // of the command line
-  /// Called when the settings name no language that is there; true when one was loaded.
+  std::string_view switches;  // the switches on the command line
+  /// Called if the language in the settings is missing; returns true if it loaded a language.
   std::function<bool()> chooseLanguage = [] { return false; };
-  /// Called once messages have a language; the exit status when the program is not to go on.
+  /// Called once messages have a language; returns the exit status if the program must end.
   std::function<std::optional<ExitStatus>()> mayStart = [] { return std::nullopt; };
 };
 
-/// Everything ahead of the topics, in this order: the settings file, the language, switches and
-/// settings, the tag object. The exit status when the program ends here, which was shown.
+/// Starts the session up to the topics, in this order: settings file, language, switches and
+/// settings, tag object. Returns the exit status, after a message, if the program must end.
 std::optional<ExitStatus> StartSession(ZV_Proc& proc, const StartOptions& options);
 
-/// Loads the language file that setting `Language` names. False when there is none; a file that
-/// can't be read is reported.
+/// Loads the language file of the setting `Language`. Returns false if the setting is empty or the
+/// file is missing; also, after a message, if the file can't be read.
 bool LoadLanguage(ZV_Proc& proc);
 
-/// Loads the topics and builds the tree of their time controls. Every message on the way is about
-/// a part of the plant that is left out, see `Batch::PlantCut`.
+/// Load the topics and build the tree of their time controls. Each message that they show means
+/// that a part of the plant is left out, see `Batch::PlantCut`.
 void LoadTopics(ZV_Proc& proc);
 void LoadTree(ZV_Proc& proc);
 

@@ -20,7 +20,7 @@
 
 namespace zek {
 
-/// The world outside, built at start-up; it lives longer than the session.
+/// The session's access to the outside, created at start-up; it must outlive the session.
 struct Outside {
   Files& files;
   Profile& profile;
@@ -32,8 +32,8 @@ struct Outside {
   Clock now = SystemTime;
 };
 
-/// The session: one object for the whole program, built from its parts and handed to whoever
-/// needs several of them.
+/// The session: one object for the whole program, composed of its parts. Pass it to code that needs
+/// several of them; other code gets only the part that it needs.
 struct ZV_Proc {
   explicit ZV_Proc(const Outside& world);
 
@@ -63,7 +63,7 @@ struct ZV_Proc {
   NumberReader Numbers() { return {profile, ToUser()}; }
 };
 
-/// Makes a node of `proc.tree` the one that everything works on (a click on it in the browser).
+/// Selects a node of `proc.tree`, like a click on it in the browser.
 void SelectNode(ZV_Proc& proc, std::size_t index);
 
 }  // namespace zek

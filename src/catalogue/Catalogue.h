@@ -15,15 +15,15 @@ namespace zek {
 /// The three catalogues of a time control.
 enum class Catalogue { Sdc, Wdc, Ovc };
 
-/// What is different between them. All time controls of a controller share one calendar. A ZEK1 has
-/// one weekday and one exception catalogue for all its time controls; on a ZEK2 each control has
-/// its own, and the commands name the control.
+/// How the catalogues differ. All time controls of a controller share one calendar. A ZEK1 has one
+/// weekday and one exception catalogue for all its time controls. On a ZEK2 each control has its
+/// own, and the commands name the control.
 struct CatalogueKind {
   std::string_view name;  // in commands ("LIST WDC", ".WDC"), file names and export records
   TransferKind read;
   TransferKind write;
   bool ofControl;  // on a ZEK2 each control has its own, with a ".DFV" value
-  // What stands behind the control's name then:
+  // The text after the control's name in that case:
   std::string_view listed;    // in "LIST NAME"
   std::string_view selected;  // in the command before the lines
   std::string_view file;      // in the name of the local copy
@@ -40,26 +40,26 @@ inline const CatalogueKind& KindOf(Catalogue catalogue) {
   return kCatalogueKinds.at(static_cast<std::size_t>(catalogue));
 }
 
-/// One catalogue of one node of the browser.
+/// Names one catalogue of a node of the browser.
 struct CatalogueId {
   Catalogue catalogue = Catalogue::Wdc;
   std::int16_t object = -1;  // the controller's index in the topic table
   std::string control;       // name of the time control; "" for the node of the whole object
   Generation generation = Generation::Zek1;
-  /// The name of its local copy, windows-1252; "" when the node has no such catalogue.
+  /// The file name of its local copy, in windows-1252; "" when the node has no such catalogue.
   std::string localFile;
 
   const CatalogueKind& Kind() const { return KindOf(catalogue); }
 
-  /// It belongs to the one control and has a ".DFV" value.
+  /// True when the catalogue belongs to one control and has a ".DFV" value.
   bool IsOfControl() const { return Kind().ofControl && generation == Generation::Zek2; }
 
-  /// The command that lists it.
+  /// Returns the command that lists the catalogue.
   std::string ListCommand() const {
     return "LIST " + (IsOfControl() ? control + std::string(Kind().listed) : Name());
   }
 
-  /// The command before its lines.
+  /// Returns the command that precedes the lines when the catalogue is sent.
   std::string SelectorCommand() const {
     return IsOfControl() ? control + std::string(Kind().selected) : "." + Name();
   }
@@ -70,13 +70,13 @@ struct CatalogueId {
   std::string Name() const { return std::string(Kind().name); }
 };
 
-/// Where the lines of a catalogue come from. A local copy may hold what was never sent.
+/// The source of a catalogue's lines. A local copy may contain lines that were never sent.
 enum class LinesFrom { Nowhere, Controller, LocalCopy };
 
-/// What a catalogue says: at most `kMaxCatalogueLines` lines as a controller lists them.
+/// The content of a catalogue: at most `kMaxCatalogueLines` lines as a controller lists them.
 struct CatalogueContent {
   std::vector<std::string> lines;
-  std::optional<std::string> dfv;  // the ".DFV" value; none where it is unknown or does not exist
+  std::optional<std::string> dfv;  // the ".DFV" value; empty if unknown or absent
   LinesFrom from = LinesFrom::Nowhere;
   std::size_t linesDropped = 0;  // listed lines beyond the limit
 };

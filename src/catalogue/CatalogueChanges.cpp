@@ -13,7 +13,7 @@ namespace {
 
 using Entries = std::vector<CatalogueEntry>;
 
-// What the two catalogues are compared by: entries with the same key are one another's.
+// The key for comparing two catalogues. Entries with equal keys correspond.
 auto KeyOf(const CatalogueEntry& entry) {
   const bool unreadable = entry.kind == CatalogueEntry::Kind::Unreadable;
   return std::tuple(std::string_view(entry.control), entry.kind, entry.day, entry.time,
@@ -24,7 +24,7 @@ bool ByKey(const CatalogueEntry& left, const CatalogueEntry& right) {
   return KeyOf(left) < KeyOf(right);
 }
 
-// Equal, but for a stop value that only one of them can hold.
+// True when both are equal; their stop values count only if both have one.
 bool SaysTheSame(const CatalogueEntry& before, const CatalogueEntry& after) {
   return before.says == after.says &&
          (before.surplus.empty() || after.surplus.empty() || before.surplus == after.surplus);
@@ -33,8 +33,8 @@ bool SaysTheSame(const CatalogueEntry& before, const CatalogueEntry& after) {
 struct Found {
   ChangeKind kind;
   DropReason reason;
-  const CatalogueEntry* before;  // null for what is added
-  const CatalogueEntry* after;   // null for what is removed
+  const CatalogueEntry* before;  // null for an added entry
+  const CatalogueEntry* after;   // null for a removed entry
   std::int64_t lastDay;
 
   const CatalogueEntry& Entry() const { return before != nullptr ? *before : *after; }
@@ -66,7 +66,7 @@ class Comparison {
   }
 
  private:
-  // Both sides from key to key.
+  // Walks through both sides by key.
   void Walk() {
     auto before = before_.cbegin();
     auto after = after_.cbegin();
@@ -133,8 +133,8 @@ class Comparison {
     found_.back().lastDay = found_.back().Entry().day;
   }
 
-  // What is left of a line on a day, and stands in the line of that number now, is the same thing
-  // at another time.
+  // Pairs an entry removed and an entry added on the same day in lines with the same number: the
+  // entry moved to another time.
   void PairByNumber() {
     const auto placeOf = [](const CatalogueEntry& entry) {
       return std::tuple(std::string_view(entry.control), entry.kind, entry.day, entry.number);
@@ -197,7 +197,7 @@ void RemoveValue(Entries& entries) {
   std::erase_if(entries, [](const auto& e) { return e.kind == CatalogueEntry::Kind::Value; });
 }
 
-// Said twice is said once.
+// A repeated entry counts once.
 void RemoveRepeats(Entries& entries) {
   const auto whole = [](const CatalogueEntry& entry) {
     return std::tuple(KeyOf(entry), std::string_view(entry.says));

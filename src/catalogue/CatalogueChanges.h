@@ -7,15 +7,15 @@
 
 namespace zek {
 
-/// What becomes of an entry of a catalogue when another one takes its place.
+/// How an entry of a catalogue changes when another catalogue replaces it.
 enum class ChangeKind {
   Changed,
   Added,
-  Removed,  // no longer in what is sent
-  Dropped,  // the table or the lines have no place for it, see `DropReason`
+  Removed,  // not in the catalogue that is sent
+  Dropped,  // does not fit into the table or the lines, see `DropReason`
 };
 
-/// Why something is dropped, or what else is to be known of its removal.
+/// The reason why an entry is dropped, or a remark about its removal.
 enum class DropReason {
   None,
   Starred,
@@ -23,29 +23,31 @@ enum class DropReason {
   PltStopValue,
   StopTime,  // of a ZEK1 exception without a stop date
   Unreadable,
-  OtherControl,  // leaves the local copy; nothing is sent about it
-  Overwritten,   // another control's line whose number is used for one of this one's
+  OtherControl,  // leaves the local copy; the controller does not change
+  Overwritten,   // another control's line whose number this control now uses
   MayStay,       // removed, but a controller may keep a line whose number is not sent again
 };
 
 struct CatalogueChange {
   ChangeKind kind = ChangeKind::Changed;
-  std::string before;  // as `EntryText`; "" for what is added
-  std::string after;   // "" for what is removed or dropped whole
+  std::string before;  // as `EntryText`; "" for an added entry
+  std::string after;   // "" for an entry that is removed or dropped completely
   DropReason reason = DropReason::None;
 
   bool operator==(const CatalogueChange&) const = default;
 };
 
-/// What is different in `after` by its meaning: each kind in the order of days and times, equal
-/// changes of consecutive days together. What has moved to another time within its day and line is
-/// changed, not removed and added. Without a value in `after` none is sent, and it stays.
+/// Returns the differences of `after` by meaning. Each kind is ordered by day and time, and equal
+/// changes of consecutive days are combined. An entry that moved to another time within its day and
+/// line is changed, not removed and added. If `after` has no value, no value is sent and the
+/// controller keeps its own.
 std::vector<CatalogueChange> ChangesBetween(const CatalogueContent& before,
                                             const CatalogueContent& after,
                                             const CatalogueRules& rules);
 
-/// What a controller does not have as it was sent: removed is what it lacks, added what it should
-/// no longer have. What it says twice and other controls' lines are no fault.
+/// Returns how a controller's catalogue differs from the one that was sent: "removed" are missing
+/// entries, "added" are entries that should be gone. Repeated entries and lines of other controls
+/// are not faults.
 std::vector<CatalogueChange> FaultsOf(const CatalogueContent& sent, const CatalogueContent& fetched,
                                       const CatalogueRules& rules);
 

@@ -15,13 +15,13 @@ namespace zek {
 namespace {
 
 constexpr std::string_view kGap = "  ";
-constexpr std::size_t kNamelessColumn = 6;  // from 0: "!" in front of a name, else what is said
+constexpr std::size_t kNamelessColumn = 6;  // from 0: "!" before a name, otherwise the entry itself
 constexpr int kLinesOfPlt = 100;            // from one "PLT" control's numbers to the next
 
 using Entries = std::vector<CatalogueEntry>;
 using Line = std::span<const std::string, 1>;
 
-// The fields of a line from a column on, without padding and without those that are empty.
+// Joins the fields of a line from a column on, without padding and empty fields.
 std::string Fields(std::string_view line, std::size_t column) {
   std::string joined;
   for (std::string_view rest = FromColumn(line, column); !rest.empty();) {
@@ -34,8 +34,8 @@ std::string Fields(std::string_view line, std::size_t column) {
 
 bool HasName(std::string_view line) { return FromColumn(line, kNamelessColumn).starts_with('!'); }
 
-// Whose line it is. In a catalogue of all controls the lines without a name are told apart by
-// their numbers, of which every "PLT" control has a hundred.
+// Returns the control that a line belongs to. In a shared catalogue the lines without a name are
+// distinguished by their numbers: each "PLT" control has a hundred.
 std::string OwnerOf(std::string_view line, const CatalogueRules& rules) {
   if (rules.kind == Catalogue::Sdc) return {};
   if (!rules.shared) return std::string(LineName(rules.control));
@@ -56,13 +56,13 @@ std::string TimesAndValues(const WeekdayRow& row, bool plt, char separator) {
   return text;
 }
 
-// The field behind the start value of a line in the "PLT" layout.
+// Returns the field after the start value of a line in the "PLT" layout.
 std::string SurplusOf(std::string_view line) {
   const std::string_view value = Trim(GetField(FromColumn(line, kNamelessColumn), 3, kFieldMark));
   return value == kNoValueText ? std::string() : std::string(value);
 }
 
-// Each of these adds what a line says to `entries`; nothing when it can't be read.
+// Each of these functions adds the entries of a line to `entries`; none if the line is unreadable.
 
 void AddWeekday(Entries& entries, CatalogueEntry entry, Line line, const CatalogueRules& rules) {
   const bool plt = rules.shared ? !HasName(line.front()) : IsPltName(rules.control);
@@ -93,7 +93,8 @@ void AddException(Entries& entries, CatalogueEntry entry, Line line, const Catal
   const ExceptionReading reading = ReadExceptions(line, owner);
   const OvcRow& row = reading.table.rows.front();
   if (!row.used) return;
-  // Built anew, so that the same always looks the same; what can't be built is taken as it stands.
+  // The line is rebuilt, so that equal exceptions give equal texts. If that fails, it is used as
+  // read.
   const BuiltLines built =
       BuildExceptions(reading.table, owner, {}, {1, 0}, rules.decimalSeparator);
   const auto* const lines = std::get_if<std::vector<std::string>>(&built);
@@ -160,7 +161,7 @@ std::string DayText(std::int64_t day, const CatalogueRules& rules) {
   return text;
 }
 
-// Of the longest range of days.
+// The width of the longest range of days.
 std::size_t DaysWidth(const CatalogueRules& rules) {
   if (rules.kind == Catalogue::Wdc) return std::string_view("SD1..SD7").size();
   return 2 * DayText(0, rules).size() + kRangeMark.size();

@@ -75,12 +75,12 @@ class Fetching {
            x_.connection.CurrentTopic != id_.object;
   }
 
-  // To the object whose catalogue this is, whatever came during a wait.
+  // True while connected to the object of this catalogue. Events during a wait can change that.
   bool IsConnected() const {
     return x_.connection.IsLinkUp() && x_.connection.CurrentTopic == id_.object;
   }
 
-  // The reply handler loads the countdown again with every line: a time-out of silence.
+  // The reply handler restarts the countdown with every line, so this time-out measures silence.
   void AwaitListing(std::int16_t ticks) {
     x_.countdowns.ReplyCountdown = ticks;
     const ShowWaiting waiting(x_.status, ListingText());

@@ -11,10 +11,11 @@
 
 namespace zek {
 
-/// A fetch and a write are each tried so often.
+/// The number of attempts of a fetch and of a write.
 inline constexpr int kAttempts = 3;
 
-/// Text `number`, and from the second attempt on which one it is: "Hämtar (försök 2 av 3)".
+/// Returns text `number`, with the number of the attempt from the second one on: "Hämtar (försök 2
+/// av 3)".
 inline std::string AttemptText(const Messages& messages, std::int32_t number, int attempt) {
   if (attempt == 1) return messages.Text(number);
   return messages.Text(number) + " (" + messages.Text(text::kAttempt, {std::to_string(attempt)}) +
@@ -23,15 +24,15 @@ inline std::string AttemptText(const Messages& messages, std::int32_t number, in
 
 /// The pauses of a fetch in seconds (section "GetDelay").
 struct FetchDelays {
-  std::int16_t a = 0;  // after the connection was made
+  std::int16_t a = 0;  // after connecting
   std::int16_t b = 0;  // after ENQ
-  std::int16_t d = 0;  // after the connection was closed
+  std::int16_t d = 0;  // after disconnecting
 };
 
-/// Nothing when one does not fit, which was shown.
+/// Returns nothing, after a message, if one does not fit 16 bits.
 std::optional<FetchDelays> ReadFetchDelays(const NumberReader& numbers);
 
-/// How a fetch ended. `Complete` means that the listing arrived whole, up to its "EXIT".
+/// The result of a fetch. `Complete` means that the listing arrived up to its "EXIT".
 enum class FetchOutcome { Complete, Failed, NoConnection, Stopped };
 
 struct Fetched {
@@ -39,8 +40,8 @@ struct Fetched {
   CatalogueContent content;  // empty unless complete
 };
 
-/// Fetches a catalogue from its controller in at most three attempts; text `statusText` shows
-/// meanwhile. Only the connection itself reports why it failed.
+/// Fetches a catalogue from its controller in at most three attempts and shows text `statusText`
+/// meanwhile. The connection reports its own failures; this function adds no message.
 Fetched FetchCatalogue(const CatalogueId& id, const CatalogueParts& parts,
                        const FetchDelays& delays, std::int32_t statusText);
 

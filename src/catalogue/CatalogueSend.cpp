@@ -11,21 +11,21 @@ namespace {
 
 struct DelaySetting {
   std::string_view key;
-  std::string_view seconds;  // when the settings file does not say
+  std::string_view seconds;  // the default
 };
 
 constexpr auto kDelays = std::to_array<DelaySetting>({
-    {"DelayA", "2"},  // after the connection was made, before the first "EXIT"
+    {"DelayA", "2"},  // after connecting, before the first "EXIT"
     {"DelayB", "4"},  // before the second "EXIT"
     {"DelayC", "8"},  // before the selector command
     {"DelayD", "4"},  // after it, before the first line
     {"DelayE", "2"},  // after every line and the ".DFV=" command
     {"DelayF", "2"},  // twice after the closing "EXIT"
-    {"DelayG", "2"},  // before the connection is closed
-    {"DelayH", "2"},  // after that
+    {"DelayG", "2"},  // before disconnecting
+    {"DelayH", "2"},  // after disconnecting
 });
 
-// Read at each use, so that a slow controller can be served without a restart.
+// The setting is read at each use, so that a delay can be changed without a restart.
 std::optional<std::int16_t> ReadDelay(const NumberReader& numbers, std::string_view key) {
   const auto* const delay = std::find_if(
       kDelays.begin(), kDelays.end(), [key](const DelaySetting& each) { return each.key == key; });
@@ -49,7 +49,7 @@ class Sending {
     }
     x_.status.Dot();
     Pause("DelayG");
-    // An answer to the last line may come as late as this; it counts.
+    // The reply to the last line can arrive this late, and it counts.
     sent = sent && x_.transfer.Kind != TransferKind::Idle && IsLinkWhole() &&
            x_.connection.AwaitAllSent();
     x_.connection.Disconnect();
@@ -68,7 +68,7 @@ class Sending {
     return x_.connection.CurrentTopic != -1 && !x_.waits.Stopped();
   }
 
-  // Each step waits its pause and goes on only while the link holds.
+  // Each step waits for its pause and continues only while the link is up.
   bool Attempt() {
     x_.transfer.Kind = TransferKind::Idle;
     if (!Pause("DelayA") || !Send("EXIT")) return false;
@@ -80,7 +80,7 @@ class Sending {
     x_.status.Dot();
     x_.countdowns.ReplyCountdown = parts_.settings.GetTSCTimeoutTicks;
     if (!SendLines() || !SendDfv()) return false;
-    // "EXIT" ends the controller's input also after a line that it refused.
+    // "EXIT" ends the controller's input even after it refused a line.
     if (!Send("EXIT") || !Pause("DelayF")) return false;
     x_.status.Dot();
     return Pause("DelayF");
@@ -93,7 +93,7 @@ class Sending {
       const ShowWaiting waiting(
           x_.status, parts_.messages.Text(text::kSendingLine, {std::to_string(i + 1), count}));
       const std::string& line = draft_.lines[i];
-      if (IsBlank(line)) continue;  // of a file; the controller would take it for a command
+      if (IsBlank(line)) continue;  // from a file; the controller would read it as a command
       if (!Send(line) || !Pause("DelayE")) return false;
     }
     return true;
@@ -126,8 +126,8 @@ class Sending {
   const CatalogueDraft& draft_;
   const CatalogueParts& parts_;
   const Exchange& x_;
-  std::uint32_t faults_ = 0;  // link faults when this attempt's connection was made
-  bool begun_ = false;        // the controller was told that lines follow
+  std::uint32_t faults_ = 0;  // link faults when this attempt connected
+  bool begun_ = false;        // sending the catalogue began; the controller may have changed it
 };
 
 }  // namespace

@@ -4,15 +4,15 @@
 
 namespace zek {
 
-/// How a write ended. Until it has begun, the controller still has what it had.
+/// The result of a write. With `NotBegun` the controller's catalogue is unchanged.
 enum class SendOutcome { NotBegun, Failed, Sent };
 
 /// Sends a catalogue to its controller in at most three attempts, with the pauses of section
-/// "SaveDelay". `Sent` means that the link held through every step and no line was refused.
+/// "SaveDelay". `Sent` means that the link stayed up through every step and no line was refused.
 SendOutcome SendCatalogue(const CatalogueId& id, const CatalogueDraft& draft,
                           const CatalogueParts& parts);
 
-/// True when every pause fits; else the first that does not was shown.
+/// Returns false, after a message about the first one, if a pause does not fit 16 bits.
 bool CheckSendDelays(const NumberReader& numbers);
 
 }  // namespace zek

@@ -9,7 +9,7 @@ Verification VerifyCatalogue(const CatalogueId& id, const CatalogueDraft& sent,
                              const CatalogueParts& parts, const FetchDelays& delays) {
   Fetched fetched = FetchCatalogue(id, parts, delays, text::kVerifying);
   Verification verification{fetched.outcome, {}, {}};
-  // Of a listing that was cut, the rest is unknown.
+  // The rest of a truncated listing is unknown, so it can't be compared.
   if (fetched.outcome != FetchOutcome::Complete || fetched.content.linesDropped > 0) {
     return verification;
   }

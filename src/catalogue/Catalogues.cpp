@@ -14,7 +14,7 @@
 namespace zek {
 namespace {
 
-// One read: from the controller, or from the local copy.
+// One read, from the controller or from the local copy.
 class Reading {
  public:
   Reading(const CatalogueId& id, CopyUse use, const CatalogueParts& parts)
@@ -79,7 +79,7 @@ class Reading {
 // One save: store, ask, send, compare.
 class Saving {
  public:
-  /// `last` is what was last read of the catalogue.
+  /// `last` is the catalogue as it was last read.
   Saving(const CatalogueId& id, CatalogueDraft draft, CatalogueContent last,
          const CatalogueParts& parts)
       : id_(id), draft_(std::move(draft)), last_(std::move(last)), p_(parts) {
@@ -93,22 +93,23 @@ class Saving {
                                WithFile(text::kSavedLocally, text::kSavedLocallyFile));
       return true;
     }
-    // What can't be sent, and a pause that can't be kept, is shown before anything is sent.
+    // Content that can't be sent and unusable pauses are reported before anything is sent.
     return Ask() && CheckSendDelays(p_.numbers) && CheckSendable(id_, draft_, p_) &&
            (p_.settings.VerifyAfterWrite ? SendAndVerify() : SendOnly());
   }
 
-  /// What the controller has now, as far as this save has changed that.
+  /// What the controller has now, if this save changed it.
   const std::optional<CatalogueContent>& Known() const { return known_; }
 
  private:
-  // A weekday catalogue is always sent with a value; one of exceptions only when it is known.
+  // A weekday catalogue is always sent with a value, an exception catalogue only if it is known.
   std::optional<std::string> DfvToSend() const {
     if (!id_.IsOfControl()) return std::nullopt;
     return id_.catalogue == Catalogue::Wdc ? draft_.dfv.value_or(".") : draft_.dfv;
   }
 
-  // The local copy of exceptions holds no value, since it may be another one by then.
+  // The local copy of exceptions has no value, because the controller's value may have changed when
+  // the copy is sent.
   std::optional<std::string> DfvToStore() const {
     return id_.catalogue == Catalogue::Wdc ? draft_.dfv : std::nullopt;
   }
@@ -164,7 +165,7 @@ class Saving {
 }  // namespace
 
 std::optional<CatalogueContent> Catalogues::GetCatalogue(const CatalogueId& id, CopyUse use) {
-  // From inside a wait of another transfer, whose lines it would replace.
+  // During the wait of another transfer, a read would replace that transfer's lines.
   if (p_.exchange.status.Busy > 0) return std::nullopt;
   std::optional<CatalogueContent> content = Reading(id, use, p_).Run();
   if (content) Remember(id, *content);
@@ -172,7 +173,7 @@ std::optional<CatalogueContent> Catalogues::GetCatalogue(const CatalogueId& id, 
 }
 
 bool Catalogues::SaveCatalogue(const CatalogueId& id, CatalogueDraft draft) {
-  // From inside a wait of another transfer.
+  // Refuse a save during the wait of another transfer.
   if (p_.exchange.status.Busy > 0 || id.localFile.empty()) return false;
   Saving saving(id, std::move(draft), LastKnown(id), p_);
   const bool saved = saving.Run();

@@ -13,23 +13,23 @@
 
 namespace zek {
 
-/// What reading and writing catalogues work with; all of it lives as long as the session.
+/// The parts that reading and writing catalogues use. They live as long as the session.
 struct CatalogueParts {
   const Settings& settings;
-  NumberReader numbers;  // for the pauses of the settings
+  NumberReader numbers;  // for the pauses in the settings
   Messages messages;
   LocalCopies& copies;
   Exchange exchange;
 };
 
-/// Whether a read takes the local copy when there is one.
+/// Whether a read uses the local copy if it exists.
 enum class CopyUse { AsSet, Take, PassOver };
 
-/// What an editor or a file gives to be sent.
+/// A catalogue from an editor or a file, to be sent.
 struct CatalogueDraft {
   std::vector<std::string> lines;
-  std::optional<std::string> dfv;       // nothing leaves the controller's value alone
-  std::vector<std::string> notInLines;  // what the editor's table holds and lines can't, in words
+  std::optional<std::string> dfv;       // empty: the controller keeps its value
+  std::vector<std::string> notInLines;  // what the table has and lines can't hold, in words
 };
 
 /// Reads and writes the catalogues of the plant. Failures are shown to the user.
@@ -37,20 +37,21 @@ class Catalogues {
  public:
   explicit Catalogues(const CatalogueParts& parts) : p_(parts) {}
 
-  /// Fetches a catalogue from its controller and keeps it as the local copy, or takes the local
-  /// copy, as `use`, the settings and the user say. Nothing when that failed, or when the user
-  /// cancelled it (without a message), or while another catalogue is transferred.
+  /// Fetches a catalogue from its controller and stores it as the local copy, or reads the local
+  /// copy; `use`, the settings and the user decide. Returns nothing if that failed, if the user
+  /// cancelled it (without a message), or during another transfer.
   std::optional<CatalogueContent> GetCatalogue(const CatalogueId& id, CopyUse use = CopyUse::AsSet);
 
-  /// Stores a catalogue as the local copy and, when the user agrees to what that changes, sends it
-  /// to the controller. True when the controller took it (with `VerifyAfterWrite`: and has it now),
-  /// or in local mode.
+  /// Stores a catalogue as the local copy and, if the user accepts the changes, sends it to the
+  /// controller. Returns true when the controller accepted it (with `VerifyAfterWrite`: has the
+  /// same content now), or in local mode.
   bool SaveCatalogue(const CatalogueId& id, CatalogueDraft draft);
 
-  /// Makes the local copy what the next save of this catalogue is compared with.
+  /// Makes the next save of this catalogue compare with the local copy.
   void CompareWithCopy(const CatalogueId& id) { Remember(id, p_.copies.Peek(id)); }
 
-  /// What was last read of a catalogue, or sent without fault; `LinesFrom::Nowhere` when unknown.
+  /// Returns a catalogue as it was last read, or sent without fault; `LinesFrom::Nowhere` if
+  /// unknown.
   CatalogueContent LastKnown(const CatalogueId& id) const;
 
  private:

@@ -14,14 +14,14 @@ namespace {
 constexpr std::string_view kNotInFileNames = "\\/:*?\"<>|";
 constexpr auto kDevices =
     std::to_array<std::string_view>({"CON", "PRN", "AUX", "NUL", "CONIN$", "CONOUT$", "CLOCK$"});
-constexpr std::string_view kDeviceDigits = "0123456789\xB9\xB2\xB3";  // superscripts as well
+constexpr std::string_view kDeviceDigits = "0123456789\xB9\xB2\xB3";  // including superscripts
 
 bool FitsFileName(char character) {
   const auto code = static_cast<unsigned char>(character);
   return code >= 32 && code != 127 && kNotInFileNames.find(character) == std::string_view::npos;
 }
 
-// What Windows takes for a device, in any folder and whatever follows behind a dot.
+// Windows treats these names as devices in any folder and with any extension.
 bool IsDeviceName(std::string_view name) {
   const std::string stem = UpperCase(Trim(GetField(name, 0, ".")));
   if (std::find(kDevices.begin(), kDevices.end(), stem) != kDevices.end()) return true;
@@ -33,7 +33,7 @@ std::string FileName(std::string_view text) {
   std::string name(text);
   std::replace_if(
       name.begin(), name.end(), [](char character) { return !FitsFileName(character); }, '_');
-  // Windows drops dots and blanks at the end: the file would have another name.
+  // Windows drops dots and blanks at the end, which would change the name of the file.
   for (std::size_t end = name.size(); end > 0 && (name[end - 1] == '.' || name[end - 1] == ' ');) {
     name[--end] = '_';
   }

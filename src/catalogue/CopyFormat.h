@@ -11,10 +11,10 @@
 
 namespace zek {
 
-/// The names of a node's local copies, without directory, windows-1252. A root node of an object
+/// The names of a node's local copies, without directory, in windows-1252. A root node of an object
 /// whose kind is not 1 has no weekday and exception catalogue: those names are empty. Objects with
-/// the same address and description share their copies, as do names that differ only in what
-/// becomes "_".
+/// the same address and description share their copies; so do names that differ only in characters
+/// that become "_".
 struct LocalFileNames {
   std::string SDC;
   std::string WDC;
@@ -25,22 +25,24 @@ struct LocalFileNames {
 
 LocalFileNames LocalFilesOf(const Topic& topic, const TreeNode& node);
 
-/// The path of a file in the program directory, in UTF-8. Characters that a file name can't hold on
-/// any system become "_", and so do dots and blanks at its end; what would be a device gets a "_"
-/// in front. So no name leads out of the directory. One that is too long is refused by the disk.
+/// Returns the path of a file in the program directory, in UTF-8. Characters that some system does
+/// not allow in file names become "_", and so do dots and blanks at the end. A device name gets a
+/// leading "_". So no name leads out of the directory. The file system refuses a name that is too
+/// long.
 std::string LocalPath(const std::string& programPath, std::string_view name);
 
-/// A catalogue as its local copy holds it.
+/// The content of a local copy.
 struct LocalCopy {
   std::vector<std::string> lines;
-  std::optional<std::string> dfv;  // of the last ".DFV" line, which is not one of the lines
+  std::optional<std::string> dfv;  // from the last ".DFV" line, which is not one of the lines
   bool tooLong = false;            // more lines than a catalogue can have; the rest was not read
 };
 
-/// Reads a local copy: one catalogue line a line, and the ".DFV" line.
+/// Parses a local copy: one catalogue line per line, and the ".DFV" line.
 LocalCopy ReadLocalCopy(std::string_view file);
 
-/// The text of a local copy: the line ".DFV = " first when there is a value, lines end in CR LF.
+/// Returns the text of a local copy: first the line ".DFV = " if there is a value. Lines end in CR
+/// LF.
 std::string BuildLocalCopy(const std::vector<std::string>& lines,
                            const std::optional<std::string>& dfv);
 

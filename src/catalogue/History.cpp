@@ -13,11 +13,11 @@ namespace zek {
 namespace {
 
 constexpr std::string_view kEnding = ".TXT";
-constexpr std::string_view kStampShape = "dddddddd-dddddd";  // "d" stands for a digit
+constexpr std::string_view kStampShape = "dddddddd-dddddd";  // "d" is any digit
 
 bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
-// "YYYYMMDD-HHNNSS", and perhaps "-" and a number.
+// "YYYYMMDD-HHNNSS", optionally followed by "-" and a number.
 bool IsId(std::string_view id) {
   if (id.size() < kStampShape.size()) return false;
   for (std::size_t i = 0; i < kStampShape.size(); ++i) {
@@ -34,7 +34,7 @@ int SerialOf(std::string_view id) {
   return id.empty() ? 1 : static_cast<int>(Val(id.substr(1)));
 }
 
-// Older copies first.
+// Orders older copies first.
 bool IsOlder(const KeptCopy& one, const KeptCopy& other) {
   const auto key = [](const KeptCopy& copy) {
     return std::pair(copy.id.substr(0, kStampShape.size()), SerialOf(copy.id));
@@ -51,7 +51,7 @@ std::string TimeOf(std::string_view id) {
   std::string time(id.substr(0, kStampShape.size()));
   time[time.find('-')] = ' ';
   constexpr std::pair<std::size_t, const char*> marks[] = {
-      {13, ":"}, {11, ":"}, {6, "-"}, {4, "-"}};  // from behind: places stay as they are
+      {13, ":"}, {11, ":"}, {6, "-"}, {4, "-"}};  // last first, so that the positions stay valid
   for (const auto& [place, mark] : marks) time.insert(place, mark);
   if (SerialOf(id) > 1) time += " (" + std::to_string(SerialOf(id)) + ")";
   return time;
@@ -63,8 +63,8 @@ std::vector<std::string> LinesOf(std::string_view file) {
   return std::move(copy.lines);
 }
 
-// The local copy's name without ".TXT". A long one is cut, so that the time fits behind it; a hash
-// (FNV-1a) of the whole keeps those apart that begin alike.
+// Returns the local copy's name without ".TXT". A long name is cut to leave room for the time; a
+// hash (FNV-1a) of the whole name distinguishes names that begin alike.
 std::string StemOf(std::string_view name) {
   constexpr std::size_t longest = 100;  // characters, at most two bytes each in a path
   if (name.ends_with(kEnding)) name.remove_suffix(kEnding.size());
@@ -107,7 +107,7 @@ std::string History::NewId(const LocalTime& now) const {
   return serial == 0 ? stamp : stamp + "-" + std::to_string(serial + 1);
 }
 
-// It may have been kept by an attempt to replace it that failed then.
+// An earlier, failed attempt to replace the copy may have kept it already.
 bool History::IsNewest(const std::string& bytes) const {
   const std::vector<KeptCopy> kept = Kept();
   if (kept.empty()) return false;
@@ -132,16 +132,16 @@ std::optional<FileError> History::Keep(std::optional<std::string_view> next, con
 void History::Prune() {
   if (count_ <= 0) return;
   std::vector<KeptCopy> kept = Kept();
-  // After the clock was set back the newest is not the first by its name.
+  // After the clock was set back, the newest copy is not the first by name.
   std::stable_partition(kept.begin(), kept.end(),
                         [this](const KeptCopy& copy) { return copy.path == justKept_; });
-  // One that can't be removed is only one too many; the next time tries again.
+  // A copy that can't be removed does no harm; the next call tries again.
   const auto most = std::min(static_cast<std::size_t>(count_), kept.size());
   std::for_each(kept.begin() + static_cast<std::ptrdiff_t>(most), kept.end(),
                 [this](const KeptCopy& copy) { static_cast<void>(files_.Remove(copy.path)); });
 }
 
-// The longest common part of both, by the usual table; a local copy has some 200 lines.
+// Finds the longest common subsequence with the usual table; a local copy has some 200 lines.
 std::vector<std::string> DifferencesOf(std::string_view before, std::string_view after) {
   const std::vector<std::string> a = LinesOf(before);
   const std::vector<std::string> b = LinesOf(after);

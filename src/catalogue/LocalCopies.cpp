@@ -51,7 +51,8 @@ History LocalCopies::HistoryOf(const CatalogueId& id) const {
   return {files_, settings_.ProgramPath, id.localFile, settings_.HistoryCount};
 }
 
-// Has `change` replace or erase the copy, after it was kept; a copy that can't be kept stays.
+// Keeps the copy in the history, then calls `change` to replace or erase it. A copy that can't be
+// kept is not changed.
 template <class ChangeFile>
 bool LocalCopies::Change(const CatalogueId& id, std::optional<std::string_view> next,
                          ChangeFile change) {

@@ -15,7 +15,7 @@
 namespace zek {
 
 /// The local copies of the catalogues, one file each in the program directory, and their history.
-/// What fails is shown to the user.
+/// Failures are shown to the user.
 class LocalCopies {
  public:
   LocalCopies(Files& files, const Settings& settings, const Messages& messages, Clock now)
@@ -23,24 +23,23 @@ class LocalCopies {
 
   bool Exists(const CatalogueId& id) const;
 
-  /// Nothing when the copy can't be read or has too many lines.
+  /// Returns nothing, after a message, if the copy can't be read or has too many lines.
   std::optional<CatalogueContent> Load(const CatalogueId& id) const;
 
-  /// Reads a text by the rules of a local copy. `name` stands in the message when it has too many
-  /// lines.
+  /// Parses a text like a local copy. The message about too many lines contains `name`.
   std::optional<CatalogueContent> Parse(const CatalogueId& id, std::string_view file,
                                         const std::string& name) const;
 
-  /// What the copy says, without a message; empty when it can't be used.
+  /// Returns the content of the copy without any message; empty if it can't be used.
   CatalogueContent Peek(const CatalogueId& id) const;
 
-  /// Replaces the copy by `lines`, below a line with `dfv` when there is one, after the old copy
-  /// was kept in the history. When that fails the old copy stays, or the new one is there and its
-  /// name may not be on the disk yet.
+  /// Keeps the old copy in the history and replaces it by `lines`, after a line with `dfv` if there
+  /// is one. After a failure either the old copy remains, or the new one is in place but its name
+  /// may not be on the disk yet.
   bool Store(const CatalogueId& id, const std::vector<std::string>& lines,
              const std::optional<std::string>& dfv);
 
-  /// Deletes the copy, after it was kept in the history.
+  /// Keeps the copy in the history and deletes it.
   bool Erase(const CatalogueId& id);
 
   History HistoryOf(const CatalogueId& id) const;
@@ -48,8 +47,8 @@ class LocalCopies {
   /// Replaces the copy by an earlier one. Nothing is sent.
   bool Restore(const CatalogueId& id, const KeptCopy& kept);
 
-  /// `DifferencesOf` an earlier copy and the present one, which may have been erased; nothing when
-  /// one of them can't be read.
+  /// Returns `DifferencesOf` an earlier copy and the present one, which may have been erased;
+  /// nothing if one of them can't be read.
   std::optional<std::vector<std::string>> CompareWith(const CatalogueId& id,
                                                       const KeptCopy& kept) const;
 

@@ -16,7 +16,7 @@ std::int32_t TableNumber(std::string_view text) {
   return static_cast<std::int32_t>(std::clamp(Val(text), -kLargestTable, kLargestTable));
 }
 
-// Names with "{" or "(" keep their case; all others are upper-cased.
+// Names with "{" or "(" keep their case; all others become upper case.
 std::string EntryName(std::string_view written) {
   return written.find_first_of("{(") == std::string_view::npos ? UpperCase(written)
                                                                : std::string(written);
@@ -34,7 +34,7 @@ class ObjectReader {
     tree_.push_back(std::move(node));
   }
 
-  // The label that was refused because it holds "[", with its place; else nothing.
+  // Returns a label that was refused because it contains "[", with its position; otherwise nothing.
   std::optional<std::string> TakeEntry(std::string_view entry) {
     if (entry.starts_with(';') || entry.find('=') == std::string_view::npos) return std::nullopt;
     const std::string name = EntryName(GetField(entry, 0, "="));
@@ -80,7 +80,7 @@ ObjectTree BuildObjectTree(const TopicTable& topics, const Profile& profile,
   for (std::int16_t index = 0; index < topics.TopicCount(); ++index) {
     const Topic& topic = topics[index];
     ProfileSection section;
-    // The platform's calls must not be asked for a section without a name.
+    // The platform's functions do not accept a section without a name.
     if (!topic.TopicName.empty()) section = profile.ReadSection(topic.TopicName, kObjectBuffer);
     if (section.cut) {
       prompts.Show(Icon::Information, SectionCutMessage(texts, topic.TopicName, section.length));

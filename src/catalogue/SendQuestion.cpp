@@ -16,13 +16,13 @@ constexpr std::size_t kLongestLine = 200;
 constexpr std::string_view kIndent = "  ";
 constexpr std::string_view kLineEnd = "\r\n";
 
-// One heading with the changes below it. Lines of other controls that only leave the local copy
-// stand apart from what can't be sent.
+// A heading and the changes below it. Lines of other controls that only leave the local copy are
+// listed apart from entries that can't be sent.
 struct Section {
   ChangeKind kind;
   bool leaving;
   std::int32_t heading;
-  std::int32_t note;  // 0 for none
+  std::int32_t note;  // 0: no note
 };
 
 constexpr auto kChangeSections = std::to_array<Section>({
@@ -57,14 +57,14 @@ std::int32_t ReasonText(DropReason reason) {
       return text::kDropOverwritten;
     case DropReason::MayStay:
       return text::kRemovedMayStay;
-    case DropReason::OtherControl:  // its heading says it
+    case DropReason::OtherControl:  // the heading says it
     case DropReason::None:
       break;
   }
   return 0;
 }
 
-// A line of a controller can be longer than any screen and hold anything.
+// A controller's line can have any length and any characters.
 std::string Readable(std::string_view line) {
   std::string readable = Shortened(line, kLongestLine);
   ShowControls(readable);

@@ -11,20 +11,20 @@
 
 namespace zek {
 
-/// Changes in words: how many of each kind in one line, and line by line with headings between.
+/// Changes in words: the number of each kind in one line, and a list with headings.
 struct ChangeTexts {
-  std::string Summary;  // says so when nothing changes at the controller
-  std::string Details;  // lines end in CR LF; empty when there are no changes at all
+  std::string Summary;  // also reports that nothing changes at the controller
+  std::string Details;  // lines end in CR LF; empty without changes
 };
 
-/// What a write will change (see `ChangesBetween`).
+/// Describes what a write will change (see `ChangesBetween`).
 ChangeTexts TextsOfChanges(const std::vector<CatalogueChange>& changes, const LanguageTexts& texts);
 
-/// How the controller differs from what was sent (see `FaultsOf`).
+/// Describes how the controller differs from what was sent (see `FaultsOf`).
 ChangeTexts TextsOfFaults(const std::vector<CatalogueChange>& faults, const LanguageTexts& texts);
 
-/// Asks whether to send a catalogue: `question`, and what that changes against `last`, which was
-/// last read of it.
+/// Asks whether to send a catalogue: shows `question` and the changes against `last`, the catalogue
+/// as it was last read.
 bool AskSend(const std::string& question, const CatalogueContent& last, const CatalogueDraft& draft,
              const CatalogueRules& rules, const Messages& messages);
 

@@ -10,7 +10,7 @@
 namespace zek {
 namespace {
 
-// "{", digits, "}".
+// True when `text` contains "{", digits, "}" in sequence.
 bool HoldsEscape(std::string_view text) {
   for (std::size_t at = text.find('{'); at != std::string_view::npos; at = text.find('{', at + 1)) {
     const std::size_t end = text.find_first_not_of("0123456789", at + 1);

@@ -7,23 +7,23 @@
 
 namespace zek {
 
-/// True when `line` is a catalogue line to a controller and nothing else: numbered, with a "!",
-/// without control characters and without a value's ".DFV". What stands in a local copy, or came
-/// from a controller, could otherwise be taken for a command when it is sent.
+/// True when `line` can only be read as a catalogue line: it has a number and a "!", no control
+/// characters and no ".DFV". Any other text from a local copy or a controller could act as a
+/// command when it is sent.
 bool IsCatalogueLine(std::string_view line);
 
-/// True when there is nothing to send in `line`.
+/// True when `line` contains nothing to send.
 bool IsBlank(std::string_view line);
 
-/// True when `text` stays one command on its way: without control characters and, where the way
-/// to the controller reads escapes (DDE), without one like "{13}".
+/// True when `text` stays one command on its way: it has no control characters and, where the link
+/// interprets escapes (DDE), no escape like "{13}".
 bool StaysOneCommand(std::string_view text, bool readsEscapes);
 
-/// True when the lines, the value and the control's name can be sent; else the first that can't was
-/// shown.
+/// Returns false, after a message about the first problem, if the lines, the value or the control's
+/// name can't be sent.
 bool CheckSendable(const CatalogueId& id, const CatalogueDraft& draft, const CatalogueParts& parts);
 
-/// The same for the name alone.
+/// Checks the control's name alone in the same way.
 bool CheckNameSendable(const CatalogueId& id, const CatalogueParts& parts);
 
 }  // namespace zek

@@ -1,4 +1,4 @@
-// zekview-cli: the catalogues without a window, for scripts and scheduled jobs.
+// zekview-cli: catalogue commands for scripts and scheduled jobs, without a window.
 
 #include <algorithm>
 #include <filesystem>
@@ -20,7 +20,7 @@
 namespace zek::cli {
 namespace {
 
-// Shows what a transfer waits for on one line of the terminal, written over by the next.
+// Shows the progress of a transfer on one line of the terminal and overwrites that line.
 class TerminalProgress {
  public:
   TerminalProgress(ZV_Proc& proc, bool wanted) : proc_(proc), status_(proc.status) {
@@ -48,7 +48,7 @@ class TerminalProgress {
     std::cerr << '\r' << Utf8FromWindows1252(text) << "\x1B[K" << std::flush;
   }
 
-  static constexpr std::size_t kColumns = 79;  // a longer one would begin a second line
+  static constexpr std::size_t kColumns = 79;  // more would wrap to a second line
 
   const ZV_Proc& proc_;
   StatusPanels& status_;
@@ -60,7 +60,7 @@ class Application final : public wxAppConsole {
  public:
   explicit Application(Arguments arguments) : arguments_(std::move(arguments)) {}
 
-  // Waits must start from inside the running loop, so the command begins as its first event.
+  // Waits need the running event loop, so the command starts as its first event.
   int OnRun() override {
     CallAfter([this] {
       status_ = Run();
@@ -84,10 +84,11 @@ class Application final : public wxAppConsole {
     ZV_Proc& proc = session.proc;
     WxTick tick([&proc] { proc.connection.Tick(); });
     tick.Begin();
-    // The answers of `send` come while it waits and would stand behind what it shows.
+    // `send` prints replies while it waits; progress would mix with them.
     const TerminalProgress progress(proc, arguments_.command != "send");
     Console console{proc, prompts, std::cin, std::cout, std::cerr};
-    // A blocked program would not see them, so only what has files to put in order waits for them.
+    // A blocked program would ignore interrupts, so only `export`, which must finish its files,
+    // catches them.
     if (arguments_.command == "export") CatchInterrupts();
     const auto ended = StartCommands(console);
     const ExitStatus status = ended ? *ended : RunCommand(console, arguments_);
@@ -116,6 +117,6 @@ int main(int argc, char** argv) {
   }
   wxAppConsole::SetInstance(
       new zek::cli::Application(std::move(arguments)));  // the toolkit deletes it
-  int noArguments = 1;  // ours are parsed already; the toolkit would convert them by the locale
+  int noArguments = 1;  // already parsed; the toolkit would convert them by the locale
   return wxEntry(noArguments, argv);
 }

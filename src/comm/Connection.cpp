@@ -9,7 +9,7 @@
 namespace zek {
 namespace {
 
-constexpr int kLinkUpSeconds = 15;  // fixed, whatever "SendTimeOut" says
+constexpr int kLinkUpSeconds = 15;  // independent of "SendTimeOut"
 
 }  // namespace
 
@@ -80,7 +80,7 @@ bool Connection::Leave(const Attempt& attempt) {
   return true;
 }
 
-// Nothing that arrives late can set `CurrentTopic` after this.
+// Clears `PendingTopic`, so that a late event can't set `CurrentTopic` again.
 void Connection::SettleDisconnected() {
   p_.countdowns.IdleCountdown = 0;
   CurrentTopic = -1;
@@ -115,14 +115,14 @@ void Connection::OnLinkText(std::string_view bytes) {
   p_.status.Changed();
 }
 
-// A read can't know then what was listed, nor a write whether a line was refused.
+// A read may lack lines of the listing; a write may have missed a refusal.
 void Connection::TextLost() {
   ++linkFaults_;
   p_.transfer.TakeDamage(p_.countdowns);
 }
 
 void Connection::OnLinkUp() {
-  // The server has made its line to the controller anew, and forgets what came in between.
+  // The server has reopened its line to the controller and lost the text in between.
   if (CurrentTopic >= 0 && p_.transfer.Kind != TransferKind::Idle) TextLost();
   if (!PendingTopic.empty()) CurrentTopic = ToInt16(Val(PendingTopic)).value_or(-1);
 }
@@ -141,7 +141,7 @@ void Connection::OnTextDropped() {
 }
 
 void Connection::OnLinkClosed() {
-  // A connect that waits, and a transfer, report it themselves.
+  // A waiting connect and a transfer report it themselves.
   const bool reportedElsewhere = CurrentTopic < 0 || p_.status.Busy > 0;
   const std::string name = CurrentTopic < 0 ? std::string() : p_.topics[CurrentTopic].TopicName;
   LinkLost();
@@ -169,7 +169,7 @@ void Connection::Tick() {
 
 void Connection::TickIdle() {
   std::int16_t& left = p_.countdowns.IdleCountdown;
-  // Also in the pauses of a transfer, in which no line is expected.
+  // `Busy` covers the pauses of a transfer, in which no line is expected.
   if (p_.transfer.Kind != TransferKind::Idle || p_.status.Busy > 0) left = 0;
   if (p_.settings.LocalMode || left == 0 || --left > 0) return;
   Disconnect();

@@ -14,7 +14,7 @@
 
 namespace zek {
 
-/// What the connection works with; all of it lives as long as the session.
+/// The objects that the connection uses. They live as long as the session.
 struct ConnectionParts : LinkParts {
   TopicTable& topics;
   Transfer& transfer;
@@ -22,9 +22,10 @@ struct ConnectionParts : LinkParts {
   Transports transports;
 };
 
-/// The one connection of the program: to a topic, over the link that leads there.
-/// Waits run events, so every operation may be entered while another is waiting: a later Connect
-/// or Disconnect ends the waits of an earlier one, a later SendCommand those of an earlier command.
+/// The only connection of the program: to one topic, over the link of its address.
+/// Waits run events, so any operation may be called while another one waits. A later Connect or
+/// Disconnect ends the waits of an earlier one; a later SendCommand ends those of an earlier
+/// command.
 class Connection final : private LinkEvents, private ReplyEvents {
  public:
   explicit Connection(const ConnectionParts& parts);
@@ -35,40 +36,40 @@ class Connection final : private LinkEvents, private ReplyEvents {
   std::string ReplyLine;           // the last complete line; emptied when a command is sent
   bool Sending = false;            // a command is being written
 
-  /// Opens a topic; the result is `CurrentTopic`. Failures are shown with the critical icon.
+  /// Opens a topic and sets `CurrentTopic`. Shows a failure with the critical icon.
   void Connect(std::int16_t index);
 
-  /// Closes what is open. False when the other side refused: that was shown, and the topic stays
-  /// connected.
+  /// Closes the connection. Returns false, after a message, if the other side refused; the topic
+  /// then stays connected.
   bool Disconnect();
 
-  /// Writes one command and waits up to 10 s for the first reply line. False when there is no
-  /// link or it did not take the command.
+  /// Writes one command and waits up to 10 s for the first reply line. Returns false without a
+  /// link or if the link refused the command.
   bool SendCommand(std::string_view command);
 
-  /// A tick of `Timer_Comm`: counts down, disconnects when idle, polls the link.
+  /// One tick of `Timer_Comm`: counts down, disconnects when idle, polls the link.
   void Tick();
 
   /// True while the link of the connected topic is up.
   bool IsLinkUp() const;
 
-  /// True when the way to that topic turns text like "{13}" into a control character.
+  /// True if the link of that topic turns text like "{13}" into a control character.
   bool ReadsEscapes(std::int16_t topic) const {
     return links_.To(p_.topics[topic].Address).ReadsEscapes();
   }
 
-  /// True when replies are fetched by polling, tick by tick.
+  /// True if the program polls for replies, once a tick.
   bool IsPolled() const { return CurrentLink().IsPolled(); }
 
-  /// Waits, at most "SendTimeOut" seconds, until the other side has confirmed every byte; false
-  /// when it did not, or the link is down.
+  /// Waits, at most "SendTimeOut" seconds, until the other side has confirmed every byte. Returns
+  /// false if it has not, or if the link is down.
   bool AwaitAllSent();
 
-  /// How often a link was lost, a command could not be handed to it or text from it was lost, so
-  /// far. A transfer compares it before and after.
+  /// Counts faults since the start: a lost link, a refused command, lost text. A transfer compares
+  /// the count before and after.
   std::uint32_t LinkFaults() const { return linkFaults_; }
 
-  /// At the end of the program: switches off every tag that was opened.
+  /// Switches off every opened tag; call at the end of the program.
   void CloseAllTags() { CurrentLink().EndSession(p_.topics); }
 
  private:
@@ -100,10 +101,10 @@ class Connection final : private LinkEvents, private ReplyEvents {
   std::uint32_t attempts_ = 0;  // of Connect and Disconnect
   std::uint32_t commands_ = 0;
   std::uint32_t linkFaults_ = 0;
-  bool dropReported_ = false;  // of this connection
+  bool dropReported_ = false;  // once per connection
 };
 
-/// What a dialogue with a controller works with, and shows of itself.
+/// The objects that a dialogue with a controller uses and shows its progress in.
 struct Exchange {
   Connection& connection;
   Transfer& transfer;

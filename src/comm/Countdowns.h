@@ -10,13 +10,13 @@ namespace zek {
 
 /// The countdowns of the program in ticks of `Timer_Comm` (200 ms).
 struct Countdowns {
-  std::int16_t IdleCountdown = 0;          // until the automatic disconnection
-  std::int16_t WaitCountdown = 0;          // of a connect, close or first-answer wait
-  std::int16_t AfterConnectCountdown = 0;  // of the pause after a TCP/IP connection was made
-  std::int16_t DelayCountdown = 0;         // of a plain delay
-  std::int16_t ReplyCountdown = 0;         // until a catalogue transfer gives up
+  std::int16_t IdleCountdown = 0;          // to the automatic disconnection
+  std::int16_t WaitCountdown = 0;          // waits for a connect, a close or a first reply line
+  std::int16_t AfterConnectCountdown = 0;  // pause after a TCP/IP connect
+  std::int16_t DelayCountdown = 0;         // plain delay
+  std::int16_t ReplyCountdown = 0;         // to the time-out of a catalogue transfer
 
-  /// Counts all of them but `IdleCountdown` down by one; that one belongs to the connection.
+  /// Counts all but `IdleCountdown` down by one; the connection counts that one.
   void Tick() {
     for (std::int16_t* const countdown :
          {&WaitCountdown, &AfterConnectCountdown, &DelayCountdown, &ReplyCountdown}) {
@@ -25,7 +25,7 @@ struct Countdowns {
   }
 };
 
-/// Seconds as ticks; what a 16-bit countdown can't hold gives the longest one, below 0 gives 0.
+/// Converts seconds to ticks, limited to 0..32767 (a 16-bit countdown).
 inline std::int16_t TicksOf(double seconds) {
   return static_cast<std::int16_t>(std::clamp(seconds * kTicksPerSecond, 0.0, 32767.0));
 }
@@ -35,7 +35,7 @@ class Waits {
  public:
   Waits(Turn& turn, Countdowns& countdowns) : turn_(turn), countdowns_(countdowns) {}
 
-  /// While one lives, the user may cancel what is going on: `Cancel` ends all waits until it goes.
+  /// While such an object exists, the user may cancel: `Cancel` ends all waits until its end.
   class Cancellable {
    public:
     explicit Cancellable(Waits& waits) : waits_(waits) { ++waits_.cancellable_; }
@@ -46,7 +46,7 @@ class Waits {
       TakeBack();
     }
 
-    /// The waits that follow are waited again.
+    /// Revokes a `Cancel`: later waits take place again.
     void TakeBack() { waits_.cancelled_ = false; }
 
    private:
@@ -54,7 +54,7 @@ class Waits {
   };
 
   bool CanCancel() const { return cancellable_ > 0; }
-  /// Does nothing when there is nothing that can be cancelled.
+  /// Does nothing unless `CanCancel`.
   void Cancel() { cancelled_ = CanCancel(); }
 
   bool Stopped() const { return cancelled_ || turn_.Quitting(); }
@@ -64,7 +64,7 @@ class Waits {
     WaitWhile(turn_, [&] { return !cancelled_ && condition(); });
   }
 
-  /// Waits that many seconds, counted in ticks, while events run.
+  /// Waits that many seconds, counted in ticks. Events run meanwhile.
   void WaitSeconds(std::int16_t seconds) {
     countdowns_.DelayCountdown = TicksOf(seconds);
     While([this] { return countdowns_.DelayCountdown > 0; });

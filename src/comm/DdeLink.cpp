@@ -25,14 +25,14 @@ bool DdeLink::Write(std::string_view command) {
   writing_ = true;
   bool taken = transport_.Send(command);
   RunPending();
-  // The DDE server turns "{13}" into the carriage return that a poked text can't hold.
+  // A poked text can't contain a carriage return; the DDE server makes one from "{13}".
   if (NeedsReturn(command)) taken = taken && transport_.Send("{13}");
   RunPending();
   writing_ = false;
   return taken;
 }
 
-// The item returns what is poked into it, which is no reply.
+// The item returns every poked text. That echo is not a reply.
 TextLoss DdeLink::Receive(std::string_view bytes, const HandOver& handOver) {
   if (!writing_) handOver(bytes);
   return TextLoss::None;

@@ -6,7 +6,7 @@
 
 namespace zek {
 
-/// Topics without an address, or with that of a computer: the communication server by DDE.
+/// Link for an empty address or a computer's name: DDE to the communication server.
 class DdeLink final : public TransportLink {
  public:
   using TransportLink::TransportLink;

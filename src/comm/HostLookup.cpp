@@ -18,7 +18,7 @@
 namespace zek {
 namespace {
 
-// For any caller, also one before the toolkit's first socket.
+// The caller may come before the toolkit has started the sockets.
 void StartSockets() {
 #ifdef _WIN32
   static const int started = [] {
@@ -57,11 +57,11 @@ std::optional<std::string> NumericAddress(const std::string& host) {
 
 std::optional<std::string> LookUpHost(const std::string& host) { return Find(host, 0); }
 
-/// What the thread and the object that began it share.
+/// Data that the thread shares with the object that started it.
 struct HostLookup::Order {
-  std::mutex mutex;  // for `later`
-  Later later;       // none: nobody awaits the answer any more
-  Done done;         // not the thread's
+  std::mutex mutex;  // guards `later`
+  Later later;       // empty after a cancel
+  Done done;         // the thread does not use it
 };
 
 HostLookup::HostLookup(Resolve resolve, Later later)
@@ -77,7 +77,7 @@ bool HostLookup::Begin(const std::string& host, Done done) {
     const std::lock_guard lock(asked->mutex);
     if (!asked->later) return;
     asked->later([asked, address = std::move(address)] {
-      // It may begin the next lookup, or end this object.
+      // The call may start the next lookup or destroy the HostLookup.
       if (const Done call = std::exchange(asked->done, nullptr)) call(address);
     });
   };

@@ -10,33 +10,33 @@
 
 namespace zek {
 
-/// The IPv4 address in dots of a host that is given by its address already; nothing for a name.
+/// Returns the dotted IPv4 address if `host` is one; nothing for a name.
 std::optional<std::string> NumericAddress(const std::string& host);
 
-/// The IPv4 address in dots of a host; nothing when it is unknown. Blocks while the system's
-/// resolver asks, many seconds when no server answers; may be called from any thread.
+/// Returns the dotted IPv4 address of a host; nothing for an unknown host. Blocks during the
+/// system's lookup, for many seconds if no name server answers. Thread-safe.
 std::optional<std::string> LookUpHost(const std::string& host);
 
-/// Looks up the address of a host in a thread of its own, since the system's resolver blocks its
-/// caller when nobody answers. Nobody waits for that thread, not even the end of the program: it
-/// touches nothing but what it shares in here.
+/// Looks up the address of a host in a separate thread, because the system's lookup blocks while
+/// no name server answers. The thread is never joined, not even at the end of the program, so it
+/// uses only data that it shares with this class.
 class HostLookup {
  public:
-  /// From a host to its address in dots; runs in the thread.
+  /// Returns the dotted address of a host; runs in the thread.
   using Resolve = std::function<std::optional<std::string>(const std::string& host)>;
   using Done = std::function<void(const std::optional<std::string>& address)>;
 
-  /// `later` is called from the thread, but not after `Cancel` or the end of this object.
+  /// The thread calls `later`, but never after `Cancel` or the destructor.
   HostLookup(Resolve resolve, Later later);
   HostLookup(const HostLookup&) = delete;
   HostLookup& operator=(const HostLookup&) = delete;
   ~HostLookup() { Cancel(); }
 
-  /// Begins, and forgets the lookup before; `done` comes through `later`. False when so many older
-  /// ones still wait for an answer of the system that no further one is begun.
+  /// Starts a lookup and cancels the previous one; `later` posts the call of `done`. Returns false
+  /// if `kMostThreads` older lookups still block, or if no thread can be started.
   bool Begin(const std::string& host, Done done);
 
-  /// Forgets the lookup: its `done` is not called any more.
+  /// Cancels the lookup: its `done` is not called any more.
   void Cancel();
 
   static constexpr int kMostThreads = 16;
@@ -46,7 +46,7 @@ class HostLookup {
 
   Resolve resolve_;
   Later later_;
-  std::shared_ptr<Order> order_;  // of the lookup that is awaited
+  std::shared_ptr<Order> order_;  // the current lookup
   std::shared_ptr<std::atomic<int>> threads_ = std::make_shared<std::atomic<int>>(0);
 };
 

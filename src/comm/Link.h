@@ -15,11 +15,11 @@
 
 namespace zek {
 
-/// One connect, disconnect or command. Handlers that run during its waits may start the next one,
+/// One connect, disconnect or command. A handler that runs during its waits may start the next one,
 /// which ends those waits.
 class Attempt {
  public:
-  /// The number of the latest attempt is counted up outside.
+  /// The caller increments `latest` for every attempt; this one takes its value as number.
   explicit Attempt(const std::uint32_t& latest) : latest_(latest), number_(latest) {}
   bool IsLatest() const { return number_ == latest_; }
 
@@ -28,7 +28,7 @@ class Attempt {
   std::uint32_t number_;
 };
 
-/// What the links and the connection work with; it lives as long as the session.
+/// The objects that the links and the connection use. They live as long as the session.
 struct LinkParts {
   const Settings& settings;
   const Profile& profile;
@@ -39,7 +39,7 @@ struct LinkParts {
 
   NumberReader Numbers() const { return {profile, messages}; }
 
-  /// Waits while the condition holds, at most that many seconds.
+  /// Waits while the condition is true, at most that many seconds.
   template <class Condition>
   void WaitWhile(double seconds, Condition condition) const {
     countdowns.WaitCountdown = TicksOf(seconds);
@@ -53,61 +53,60 @@ class LinkEvents : public TransportEvents {
   virtual void OnLinkUp() = 0;
 };
 
-/// What was lost of text that arrived: a piece came without its beginning, or one was too long.
+/// Loss in received text. Torn: a piece lacked its beginning. Dropped: a piece was too long.
 enum class TextLoss { None, Torn, Dropped };
 
-/// How the controllers behind one kind of address are reached: opening, closing, the line end of
-/// commands and the framing of replies. A link reports to the connection by `LinkEvents`.
+/// One way to reach controllers, chosen by the kind of address: opening, closing, line end of
+/// commands, framing of replies. A link reports to the connection through `LinkEvents`.
 class Link {
  public:
   using HandOver = std::function<void(std::string_view text)>;
 
   virtual ~Link() = default;
 
-  /// Opens the topic, with all waits that this takes. It succeeded once OnLinkUp was called, which
-  /// may also follow from a reply text.
+  /// Opens the topic; includes all waits. Success is reported by OnLinkUp, which may also come
+  /// later, from a reply text.
   virtual void Open(Topic& topic, const Attempt& attempt) = 0;
-  /// Ends an Open that a later attempt replaces.
+  /// Stops an Open that a later attempt replaces.
   virtual void Cancel() {}
   /// Cleans up after an Open that failed.
   virtual void Abandon(Topic& topic) = 0;
-  /// Closes the connected topic; false when the other side refused, and the topic stays connected.
+  /// Closes the connected topic. Returns false if the other side refused: it stays connected.
   virtual bool Close(Topic& topic, const Attempt& attempt) = 0;
-  /// At the end of the program.
+  /// Called at the end of the program.
   virtual void EndSession(TopicTable& /*topics*/) {}
 
   virtual LinkState State() const = 0;
   bool IsConnected() const { return State() == LinkState::Connected; }
   /// Called at every tick while a topic is connected.
   virtual void Poll() = 0;
-  /// True when replies are fetched by `Poll` only: no command waits for its first line.
+  /// True if only `Poll` fetches replies: a command then does not wait for its first line.
   virtual bool IsPolled() const { return false; }
 
-  /// Writes a command and its line end; false when it was not taken.
+  /// Writes a command and its line end; returns false if it was refused.
   virtual bool Write(std::string_view command) = 0;
-  /// False while the other side has not confirmed all that was written.
+  /// True once the other side has confirmed all written bytes.
   virtual bool AllSent() const { return true; }
-  /// How many seconds `AllSent` is worth waiting for.
+  /// The longest wait for `AllSent`, in seconds.
   virtual double SendTimeOut() const { return 0; }
-  /// True when the other side turns text like "{13}" into the character of that code.
+  /// True if the other side turns text like "{13}" into the character of that code.
   virtual bool ReadsEscapes() const { return false; }
 
   /// Turns bytes of OnLinkText into reply texts for `ReplyReader`.
   virtual TextLoss Receive(std::string_view bytes, const HandOver& handOver) = 0;
-  /// A reply line as the log may show it.
+  /// Returns a reply line for the log, without secrets.
   virtual std::string ForLog(std::string_view line) const { return std::string(line); }
 
-  /// The topic, in the message that it could not be connected.
+  /// Names the topic in the message about a failed connect.
   virtual std::string Describe(const Topic& topic) const = 0;
-  /// The number of the text that introduces the reason of an error.
+  /// The number of the language text that precedes the cause of an error.
   virtual std::int32_t ErrorText() const = 0;
-  /// Why a call failed, the first since this was called last; "" when none did.
+  /// Returns and clears the cause of the first failed call; "" without a failure.
   virtual std::string TakeFault() { return {}; }
 };
 
-/// True when a carriage return has to follow the command. A text that ends in a control character
-/// is complete without one. Code 31 counts as printable, and so does an empty text: Enter on an
-/// empty line sends a bare carriage return.
+/// True if a carriage return must follow the command. A text that ends in a control character needs
+/// none. Code 31 counts as printable. Enter on an empty line sends a single carriage return.
 inline bool NeedsReturn(std::string_view command) {
   return command.empty() || static_cast<unsigned char>(command.back()) >= 31;
 }

@@ -8,19 +8,19 @@
 
 namespace zek {
 
-/// What the links are built over.
+/// The transports below the links.
 struct Transports {
   Transport& socket;
   Transport& dde;
   TagServer& tags;
 };
 
-/// The links of a session, and which of them leads to a topic.
+/// All links of a session. Chooses the link of a topic.
 class Links {
  public:
   Links(const Transports& transports, LinkEvents& events, const LinkParts& parts);
 
-  /// The link of topics with that address.
+  /// Returns the link for topics with that address.
   Link& To(const std::string& address) const;
 
  private:

@@ -9,7 +9,7 @@ namespace {
 constexpr std::string_view kLinkUp = "<TRANSPARENT>";
 constexpr char kFiller = '\x17';
 
-// Hardly any text has a "<", which one character's search finds out sooner.
+// Fast path: "<" is rare, and a search for one character is faster.
 bool HoldsLinkUp(std::string_view text) {
   const std::size_t at = text.find(kLinkUp.front());
   return at != std::string_view::npos && text.find(kLinkUp, at) != std::string_view::npos;
@@ -25,7 +25,7 @@ void ReplyReader::HandleReplyText(std::string_view text, ReplyEvents& events) {
   }
   TakeSequence(text.substr(0, kPrefixLength - 1));
   text.remove_prefix(std::min(kPrefixLength, text.size()));
-  // Hardly any text has fillers, which one character's search finds out.
+  // Fillers are rare: copy the text only if it contains one.
   if (text.find(kFiller) == std::string_view::npos) {
     ReadLines(text, events);
   } else {
@@ -51,7 +51,7 @@ void ReplyReader::ReadLines(std::string_view text, ReplyEvents& events) {
 }
 
 void ReplyReader::EndLine(std::string_view line, ReplyEvents& events) {
-  // Most lines are whole in the text and need no copy.
+  // Most lines are complete in the text and need no copy.
   const bool whole = ReplyBuffer.empty() && line.size() <= kLongestReply;
   if (whole && line.find('\r') == std::string_view::npos) {
     events.OnReplyLine(line);
@@ -74,7 +74,7 @@ void ReplyReader::Keep(std::string_view text, ReplyEvents& events) {
     droppedTold_ = true;
     events.OnTextDropped();
   }
-  // Cut at twice the limit only, so that a flood of single characters costs no copy each.
+  // Cut only at twice the limit: a flood of single characters then does not copy for each one.
   if (ReplyBuffer.size() > 2 * kLongestReply)
     ReplyBuffer.erase(0, ReplyBuffer.size() - kLongestReply);
 }

@@ -28,7 +28,7 @@ void SocketLink::Open(Topic& topic, const Attempt& attempt) {
   });
 }
 
-// The server then passes plain text through at once.
+// With a DUS number the server passes plain text through without a "<TRANSPARENT>".
 void SocketLink::OpenDus(double dus, double sendTimeOut, const Attempt& attempt) {
   if (dus != 0) {
     AwaitConnected(sendTimeOut, attempt);

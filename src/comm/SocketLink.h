@@ -7,7 +7,7 @@
 
 namespace zek {
 
-/// Topics with address HOST:PORT or HOST:PORT:DUS: a TCP/IP socket to the communication server.
+/// Link for addresses HOST:PORT and HOST:PORT:DUS: TCP/IP to the communication server.
 class SocketLink final : public TransportLink {
  public:
   SocketLink(Transport& socket, LinkEvents& events, const LinkParts& parts)

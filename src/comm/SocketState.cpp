@@ -17,7 +17,7 @@ namespace zek {
 int PendingSocketError(std::uintptr_t socket) {
   int code = 0;
   int size = sizeof code;
-  // The call takes bytes.
+  // Winsock declares the value as bytes.
   ::getsockopt(static_cast<SOCKET>(socket), SOL_SOCKET, SO_ERROR, reinterpret_cast<char*>(&code),
                &size);
   return code;
@@ -25,7 +25,7 @@ int PendingSocketError(std::uintptr_t socket) {
 
 std::string SocketErrorText(int code) { return SystemMessage(static_cast<unsigned long>(code)); }
 
-// Windows does not report it: what it has taken counts as sent.
+// Windows does not report acknowledgements: bytes that it accepted count as sent.
 bool IsAllAcknowledged(std::uintptr_t /*socket*/) { return true; }
 
 #else

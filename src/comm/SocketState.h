@@ -5,15 +5,15 @@
 
 namespace zek {
 
-/// What the toolkit's sockets keep to themselves. Sockets are the system's own numbers.
+// Socket states that the toolkit does not expose. `socket` is the system's handle.
 
-/// The system's error code that waits at a socket; 0 when there is none.
+/// Returns the pending error code of a socket; 0 without an error.
 int PendingSocketError(std::uintptr_t socket);
 
-/// The system's own words for such a code.
+/// Returns the system's message for such a code.
 std::string SocketErrorText(int code);
 
-/// The other side has acknowledged all that was written, as far as the system tells.
+/// True if the other side has acknowledged all written bytes, as far as the system reports it.
 bool IsAllAcknowledged(std::uintptr_t socket);
 
 }  // namespace zek

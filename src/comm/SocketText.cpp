@@ -15,14 +15,14 @@ constexpr std::string_view kLinkUp = "<TRANSPARENT>";
 constexpr char kPieceEnd = '\xFF';
 constexpr unsigned kSequences = 10000;
 
-// Without an early end the loop runs on many characters at once; nearly all text has none.
+// Strays are rare. Without an early exit the compiler can vectorize the loop.
 bool MayHoldStrays(std::string_view text) {
   unsigned char least = 255;
   for (const char character : text) least = std::min(least, static_cast<unsigned char>(character));
   return least <= 3;
 }
 
-// How many characters at the end of `text` may begin a "<TRANSPARENT>".
+// Returns the number of characters at the end of `text` that may begin a "<TRANSPARENT>".
 std::size_t LinkUpBegun(std::string_view text) {
   const std::size_t at = text.rfind(kLinkUp.front());
   if (at == std::string_view::npos || !kLinkUp.starts_with(text.substr(at))) return 0;
@@ -56,7 +56,7 @@ void SocketText::TakePlain(std::string_view bytes, const HandOver& handOver) {
   HandOverPlain(text, handOver);
 }
 
-// Hardly any text holds a link up, or what may become one.
+// Keeps a possible beginning of "<TRANSPARENT>" in the buffer and hands over the rest.
 void SocketText::HandOverPlain(std::string_view text, const HandOver& handOver) {
   const std::size_t begun = LinkUpBegun(text);
   buffer_ = text.substr(text.size() - begun);
@@ -77,13 +77,13 @@ void SocketText::TakePieces(std::string_view bytes, const HandOver& handOver) {
   std::string_view rest = buffer_;
   while (const auto piece = NextPiece(rest)) handOver(*piece);
   if (rest.size() > kLongestReply) dropped_ = true;
-  // Cut at twice the limit only, so that a flood of single bytes costs no copy each.
+  // Cut only at twice the limit: a flood of single bytes then does not copy for each one.
   if (rest.size() > 2 * kLongestReply) rest = rest.substr(rest.size() - kLongestReply);
   buffer_.erase(0, buffer_.size() - rest.size());
   searched_ = buffer_.size();
 }
 
-// Takes the first piece off `rest`, without its end; nothing when it is not complete.
+// Removes the first piece from `rest` and returns it without its end; nothing if incomplete.
 std::optional<std::string_view> SocketText::NextPiece(std::string_view& rest) {
   const bool linkUp = rest.starts_with(kLinkUp);
   const std::size_t length = linkUp ? kLinkUp.size() : rest.find(kPieceEnd, searched_);

@@ -8,27 +8,27 @@
 
 namespace zek {
 
-/// The socket buffer: bytes as they arrive in, reply texts for the reply reader out (each begins
-/// with a four-character sequence number and ">").
+/// Turns received bytes into reply texts for the reply reader. Each reply text begins with a
+/// four-character sequence number and ">".
 ///
-/// Without a DUS number the communication server sends "<TRANSPARENT>" and then pieces that end
-/// with character 255 and bring their own sequence number. With one it passes plain text through,
-/// with stray characters 0, 2 and 3; that text gets a sequence number here ("0000" to "9999"). A
-/// "<TRANSPARENT>" in it is handed over by itself: how the bytes are cut makes no difference.
+/// Without a DUS number the communication server sends "<TRANSPARENT>" and then pieces, which
+/// contain their sequence number and end with character 255. With a DUS number it sends plain text
+/// with stray characters 0, 2 and 3; this class removes the strays and adds a sequence number
+/// ("0000" to "9999"). A "<TRANSPARENT>" in plain text becomes a reply text of its own, no matter
+/// how the bytes are split.
 class SocketText {
  public:
   /// Handlers must not call back into this object.
   using HandOver = std::function<void(std::string_view text)>;
 
-  /// For a new connection: forgets everything and takes the kind of its topic.
+  /// Discards everything; for a new connection to a topic with or without a DUS number.
   void Reset(bool hasDus);
 
-  /// True when, since this was asked last, a piece without end was longer than the limit and lost
-  /// its beginning.
+  /// Returns and clears whether an unterminated piece exceeded the limit and lost its beginning.
   bool TakeDropped();
 
-  /// True when, since this was asked last, a piece came without its sequence number and ">", so
-  /// that text of it is taken for them.
+  /// Returns and clears whether a piece lacked its sequence number and ">". The reader then took
+  /// text of the piece for them.
   bool TakeTorn();
 
   void Take(std::string_view bytes, const HandOver& handOver);
@@ -41,8 +41,8 @@ class SocketText {
 
   bool hasDus_ = false;
   unsigned sequence_ = 0;
-  std::string buffer_;        // a piece begun; of plain text, what may begin a "<TRANSPARENT>"
-  std::size_t searched_ = 0;  // so much of it is known to hold no end of a piece
+  std::string buffer_;        // an unfinished piece, or a possible part of "<TRANSPARENT>"
+  std::size_t searched_ = 0;  // length of its beginning that contains no end of a piece
   bool dropped_ = false;
   bool torn_ = false;
 };

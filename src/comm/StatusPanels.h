@@ -6,22 +6,22 @@
 
 namespace zek {
 
-/// What the status bars and the mouse pointer show. The forms copy it when `Changed` was called,
-/// at most once a frame.
+/// Contents of the status bars and the mouse pointer. After `Changed` the forms copy them, at most
+/// once a frame.
 class StatusPanels {
  public:
   std::string Connection;  // panel 1: the connected topic
-  std::string Progress;    // panel 2 of the main window: a connection being made
+  std::string Progress;    // panel 2 of the main window: the topic being connected
   std::string Transfer;    // panel 2 of the browser: text and dots of a catalogue transfer
   std::string Sequence;    // panel 3: the sequence field of the last reply text
-  std::string Waiting;     // what the program waits for at this moment; empty when for nothing
-  int Hourglass = 0;       // above 0: a command waits for its answer
+  std::string Waiting;     // what the program waits for now; "" without a wait
+  int Hourglass = 0;       // above 0: a command waits for its reply
   int Busy = 0;            // above 0: a catalogue transfer runs, the browser is disabled
 
-  /// Called after any change of what is shown here or in the log.
+  /// Called after every change here or in the log.
   std::function<void()> Changed = [] {};
 
-  /// One more "." behind the transfer's text. It stops growing at the width of any status bar.
+  /// Adds a "." to the transfer's text, up to the width of a wide status bar.
   void Dot() {
     if (Transfer.size() < kLongestProgress) Transfer += '.';
     Changed();
@@ -46,7 +46,7 @@ class StatusPanels {
   static constexpr std::size_t kLongestProgress = 250;
 };
 
-/// Shows in `Waiting` what is waited for, and puts back what stood there before.
+/// Sets `Waiting` while it exists; then restores the earlier text.
 class ShowWaiting {
  public:
   ShowWaiting(StatusPanels& status, std::string what) : status_(status), before_(status.Waiting) {
@@ -61,7 +61,7 @@ class ShowWaiting {
   std::string before_;
 };
 
-/// Counts one of the counters of `StatusPanels` up for its own life.
+/// Raises one counter of `StatusPanels` by one while it exists.
 class CountedUp {
  public:
   CountedUp(StatusPanels& status, int StatusPanels::*counter) : status_(status), counter_(counter) {

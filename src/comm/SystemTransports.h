@@ -1,6 +1,6 @@
 #pragma once
 
-// The DDE transport and the tag object of the system that the program is built for.
+// The DDE transport and the tag object of the target system.
 
 #include <utility>
 
@@ -15,10 +15,10 @@
 
 namespace zek {
 
-/// DDE on a system without it: opening fails.
+/// DDE on a system without DDE: Open fails.
 class WithoutDde final : public Transport {
  public:
-  /// What is posted must not run after this object is gone.
+  /// Posted calls must not run after the end of this object.
   explicit WithoutDde(Later later) : later_(std::move(later)) {}
 
   void Open(const LinkTarget& /*target*/) override {
@@ -40,10 +40,10 @@ class WithoutDde final : public Transport {
  private:
   Later later_;
   LinkState state_ = LinkState::Closed;
-  unsigned serial_ = 0;  // counts Open and Close
+  unsigned serial_ = 0;  // counts Open and Close; a posted call of an older number does nothing
 };
 
-/// The tag object on a system without COM: it can't be created.
+/// The tag object on a system without COM: Create fails.
 class WithoutTags final : public TagServer {
  public:
   bool Create() override { return false; }

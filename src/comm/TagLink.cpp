@@ -87,7 +87,7 @@ TextLoss TagLink::Receive(std::string_view bytes, const HandOver& handOver) {
   return TextLoss::None;
 }
 
-// The controller may repeat the password. A short one appears in its lines by chance.
+// The controller may repeat the password. A short one is kept: it may occur by chance.
 std::string TagLink::ForLog(std::string_view line) const {
   constexpr std::size_t tooShort = 4;
   return password_.size() < tooShort ? std::string(line) : WithoutSecret(line, password_);
@@ -95,7 +95,7 @@ std::string TagLink::ForLog(std::string_view line) const {
 
 std::int32_t TagLink::ErrorText() const { return text::kTagError; }
 
-// An object that repeats what it was called with must not give the password away.
+// The object's message may repeat the arguments of a call, the password among them.
 std::string TagLink::TakeFault() { return WithoutSecret(tags_.TakeFault(), password_); }
 
 }  // namespace zek

@@ -7,26 +7,26 @@
 
 namespace zek {
 
-/// The tag-access object `CTAPIX.CTAPI`, called by name. Each call blocks until the object
-/// answers. Zero means failure; a call that the object does not know or that raises fails too.
+/// The tag-access object `CTAPIX.CTAPI`; its methods are called by name. Each call blocks until the
+/// object answers. Zero means failure. A call that the object does not know, or that raises an
+/// exception, also fails.
 class TagServer {
  public:
   virtual ~TagServer() = default;
-  /// Creates the object; false when the system has none.
+  /// Creates the object; returns false if the system does not have it.
   virtual bool Create() = 0;
   virtual std::int16_t Open(const std::string& computer, const std::string& user,
                             const std::string& password) = 0;
   virtual std::int16_t TagWrite(const std::string& tag, const std::string& value) = 0;
   virtual std::string TagRead(const std::string& tag) = 0;
   virtual std::int16_t Close() = 0;
-  /// The first call that failed other than by answering zero since this was asked last, and why, in
-  /// the object's or the system's words (windows-1252); "" when there is none. It never holds the
-  /// password.
+  /// Returns and clears the first fault other than a returned zero: the method and the object's or
+  /// the system's message (windows-1252); "" without a fault. It never contains the password.
   virtual std::string TakeFault() { return {}; }
 };
 
-/// All topics in tag mode: commands are written to the tag of the topic's name, replies are read
-/// from it at every tick. The topic's own `Tag` switches its line on and off.
+/// Link for all topics in tag mode. Commands go to the tag named like the topic; every tick reads a
+/// reply from it. The topic's `Tag` switches its line on and off.
 class TagLink final : public Link {
  public:
   TagLink(TagServer& tags, LinkEvents& events, const LinkParts& parts)
@@ -35,7 +35,7 @@ class TagLink final : public Link {
   void Open(Topic& topic, const Attempt& attempt) override;
   void Abandon(Topic& topic) override;
   bool Close(Topic& topic, const Attempt& attempt) override;
-  /// "0" to every tag that was opened, then log off.
+  /// Writes "0" to every opened tag, then logs off.
   void EndSession(TopicTable& topics) override;
   LinkState State() const override;
   void Poll() override;
@@ -54,9 +54,9 @@ class TagLink final : public Link {
   TagServer& tags_;
   LinkEvents& events_;
   LinkParts p_;
-  std::string open_;                // the tag of the connected topic; "" when there is none
+  std::string open_;                // the tag of the connected topic; "" without a connection
   std::string password_;            // of the last log-on
-  bool pollFaultReported_ = false;  // of this connection: five messages a second help nobody
+  bool pollFaultReported_ = false;  // once per connection: polls run five times a second
 };
 
 }  // namespace zek

@@ -9,7 +9,7 @@
 namespace zek {
 namespace {
 
-// Swedish order: the letters å, ä, ö follow z. As "[", "\" and "]" they do so byte by byte.
+// Swedish order: å, ä and ö follow z. Their substitutes "[", "\" and "]" sort after "Z".
 std::string SortKey(std::string_view text) {
   std::string key = UpperCase(text);
   for (char& letter : key) {

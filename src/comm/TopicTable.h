@@ -16,16 +16,16 @@
 namespace zek {
 
 inline constexpr std::size_t kMaxTopics = 300;
-/// The buffer into which section "Topics" is read whole.
+/// The size limit of section "Topics" in bytes.
 inline constexpr std::size_t kTopicsBuffer = 16384;
 
-/// One controller and how it is reached: a line of section "Topics".
+/// One controller and its address: a line of section "Topics".
 struct Topic {
   std::string Description;
   /// Upper-cased: empty = local DDE; a computer's name = network DDE; HOST:PORT or HOST:PORT:DUS
   /// = TCP/IP.
   std::string Address;
-  std::string TopicName;  // upper-cased but in tag mode
+  std::string TopicName;  // upper-cased except in tag mode
   Generation TopicType = Generation::Zek1;
   bool ShowInList = false;
   std::string Tag;
@@ -33,15 +33,15 @@ struct Topic {
   bool HasDus = false;        // the address has a third field
 };
 
-/// One entry of section "Topics"; nothing for a comment or an entry without "=".
+/// Parses one entry of section "Topics"; nothing for a comment or an entry without "=".
 std::optional<Topic> ParseTopic(std::string_view entry, bool tagMode);
 
-/// "Description [Address/TopicName]", in the topic list and in the tree.
+/// Returns "Description [Address/TopicName]" for the topic list and the tree.
 std::string TopicText(const Topic& topic);
 
 class TopicTable {
  public:
-  /// Reads section "Topics". Tells of a section that was cut and of topics left out.
+  /// Reads section "Topics". Shows a message if the section was cut or topics were left out.
   void LoadTopics(const Profile& profile, const Settings& settings, const LanguageTexts& texts,
                   Prompts& prompts);
 
@@ -50,11 +50,11 @@ class TopicTable {
   const Topic& operator[](std::int16_t index) const { return topics_.at(Place(index)); }
   Topic& operator[](std::int16_t index) { return topics_.at(Place(index)); }
 
-  /// The index of the topic with that name in any case, or -1.
+  /// Returns the index of the topic with that name (case-insensitive), or -1.
   std::int16_t Find(std::string_view name) const;
 
-  /// The indices of the topics that the topic list shows, in its order: sorted by their text
-  /// (with å, ä, ö behind z) or as in the file. Without `DialogMode` it shows none.
+  /// Returns the indices of the topics in the topic list, in its order: sorted by their text (å, ä
+  /// and ö after z) or as in the file. The list is empty without `DialogMode`.
   std::vector<std::int16_t> Listed(const Settings& settings) const;
 
  private:

@@ -9,8 +9,8 @@
 namespace zek {
 namespace {
 
-constexpr std::size_t kMostCounted =
-    1'000'000'000;  // of lines that are dropped: a peer may never end
+// Dropped lines are counted up to here: a peer may send without end.
+constexpr std::size_t kMostCounted = 1'000'000'000;
 
 bool Contains(std::string_view line, std::string_view word) {
   return line.find(word) != std::string_view::npos;
@@ -68,7 +68,8 @@ void Transfer::TakeDamage(Countdowns& countdowns) {
   countdowns.ReplyCountdown = 0;
 }
 
-// A header may hold what it likes, and any line a tab; catalogue lines have a "!", values a "=".
+// Only lines with "!" (catalogue lines) or "=" (values) can be damaged: a header may contain any
+// character. A tab is allowed everywhere.
 void Transfer::TakeUncleanLine(std::string_view line, Countdowns& countdowns,
                                std::int16_t timeoutTicks) {
   const std::string clean = WithoutStrays(line);

@@ -11,7 +11,7 @@
 
 namespace zek {
 
-/// What the reply handler is doing; the values are those of the catalogue kinds.
+/// The state of the reply handler; the values are those of the catalogue kinds.
 enum class TransferKind : std::int16_t {
   Idle = 0,
   ReadSdc = 1,
@@ -20,36 +20,36 @@ enum class TransferKind : std::int16_t {
   WriteWdc = 4,
   ReadOvc = 5,
   WriteOvc = 6,
-  ReadWdcExceptions = 7,  // a weekday listing that has reached its ".EXC" part: no line is stored
+  ReadWdcExceptions = 7,  // the ".EXC" part of a weekday listing: no line is stored
 };
 
-/// What reply lines have brought of the transfer that is running.
+/// The result so far of the running transfer.
 struct Transfer {
-  TransferKind Kind = TransferKind::Idle;  // `TransferKind`
+  TransferKind Kind = TransferKind::Idle;
   /// The numbered lines of a catalogue as received, without characters 0, 2 and 3; at most
   /// `kMaxCatalogueLines`.
   std::vector<std::string> CatalogueLines;
-  /// The value of the catalogue's ".DFV" line; "." for none.
+  /// The value of the catalogue's ".DFV" line; "." without such a line.
   std::string CatalogueDfv = ".";
 
-  std::size_t LinesDropped = 0;  // numbered lines of the catalogue beyond the places there are
-  bool ExitSeen = false;         // a listing has ended with "EXIT" since `Collect`
-  bool ErrorSeen = false;  // since `Collect` "ERROR" has come, or text of the listing was lost
+  std::size_t LinesDropped = 0;  // numbered lines beyond `kMaxCatalogueLines`
+  bool ExitSeen = false;         // since `Collect`: the listing ended with "EXIT"
+  bool ErrorSeen = false;        // since `Collect`: a line had "ERROR", or text was lost
 
   std::int16_t CatalogueLineCount() const {
     return static_cast<std::int16_t>(CatalogueLines.size());
   }
 
-  /// Empties the catalogue and starts to collect lines of a read.
+  /// Clears the catalogue and starts to collect the lines of a read.
   void Collect(TransferKind kind);
 
-  /// Takes one reply line while a transfer is running. Every stored line loads
-  /// `countdowns.ReplyCountdown` with `timeoutTicks` again; "ERROR" in a read sets it to 0. Of a
-  /// listing characters 0, 2 and 3 are left out; another control character in one of its lines
-  /// shows that the line was damaged on its way, as does `TakeDamage`.
+  /// Reads one reply line while a transfer runs. Every stored line resets
+  /// `countdowns.ReplyCountdown` to `timeoutTicks`; "ERROR" in a read sets it to 0. A listing is
+  /// stored without characters 0, 2 and 3. Another control character in a catalogue line means
+  /// that the line was damaged; see `TakeDamage`.
   void TakeReplyLine(std::string_view line, Countdowns& countdowns, std::int16_t timeoutTicks);
 
-  /// Text was lost on its way: a read then can't know what the controller has, and is not awaited.
+  /// Reports that text was lost. A read is then incomplete, so the wait for it ends.
   void TakeDamage(Countdowns& countdowns);
 
  private:
@@ -57,8 +57,8 @@ struct Transfer {
   void TakeListingLine(std::string_view line, Countdowns& countdowns, std::int16_t timeoutTicks);
 };
 
-/// The value of a ".DFV" line: what stands behind the first "=", cut at a second "=" and at the
-/// first "!", without blanks around it.
+/// Returns the value of a ".DFV" line: the trimmed text after the first "=", up to a second "=" or
+/// the first "!".
 std::string DfvValue(std::string_view line);
 
 }  // namespace zek

@@ -6,7 +6,7 @@
 
 namespace zek {
 
-/// What links over a transport have in common.
+/// Common part of the links over a transport.
 class TransportLink : public Link {
  public:
   TransportLink(Transport& transport, LinkEvents& events, const LinkParts& parts)
@@ -17,7 +17,7 @@ class TransportLink : public Link {
   void Cancel() override { transport_.Close(); }
   void Abandon(Topic& /*topic*/) override { transport_.Close(); }
   LinkState State() const override { return transport_.State(); }
-  // Not every transport reports that the other side has died: some look when asked.
+  // Some transports notice a dead peer only when asked for their state.
   void Poll() override { static_cast<void>(transport_.State()); }
   bool AllSent() const override { return transport_.AllSent(); }
   double SendTimeOut() const override {
@@ -28,7 +28,7 @@ class TransportLink : public Link {
   }
 
  protected:
-  /// Lets replies and other events in between the parts of a command.
+  /// Processes replies and other events between the parts of a command.
   void RunPending() const {
     for (int i = 0; i < 4; ++i) p_.waits.RunPending();
   }

@@ -18,7 +18,7 @@ namespace zek {
 namespace {
 
 constexpr const char* kItem = "TRANSPARENT";
-// Where the server may call back.
+// Destination of the server's calls back.
 constexpr const char* kOwnService = "ZEKView";
 constexpr std::string_view kOwnTopic = "ZV_Main";
 constexpr std::string_view kOwnItem = "Text_CTServCallBack";
@@ -29,7 +29,7 @@ constexpr DWORD kOwnKind = APPCLASS_STANDARD | CBF_FAIL_SELFCONNECTIONS | CBF_FA
 // NOLINTNEXTLINE(performance-no-int-to-ptr): an answer is a handle or a number
 HDDEDATA Code(UINT code) { return reinterpret_cast<HDDEDATA>(static_cast<ULONG_PTR>(code)); }
 
-/// A name as DDE keeps it; wrong for an empty or too long one.
+/// A DDE string handle; null for an empty or too long name.
 class DdeName {
  public:
   DdeName(DWORD instance, const std::string& text)
@@ -49,12 +49,12 @@ class DdeName {
   HSZ handle_;
 };
 
-// What a text that waits costs, its place in the queue included.
+// Memory cost of a queued text, with its place in the queue, in bytes.
 constexpr std::size_t kLoad = 32;
 std::size_t Load(const std::string& text) { return text.size() + kLoad; }
 
 std::string TextOf(HDDEDATA data) {
-  // One byte more than can be used tells that there was too much.
+  // One byte more than the limit, so that the caller detects too long a text.
   const DWORD size = std::min<DWORD>(::DdeGetData(data, nullptr, 0, 0),
                                      static_cast<DWORD>(WinDdeTransport::kMostUnread) + 1);
   std::string text(size, '\0');
@@ -64,7 +64,7 @@ std::string TextOf(HDDEDATA data) {
 
 }  // namespace
 
-/// The one conversation of a transport, and what has arrived and is not yet reported.
+/// The only conversation of a transport, with its queue of events not yet reported.
 class WinDdeTransport::Conversation : public std::enable_shared_from_this<Conversation> {
  public:
   Conversation(WinDdeTransport& owner, Later later) : owner_(owner), later_(std::move(later)) {
@@ -90,7 +90,7 @@ class WinDdeTransport::Conversation : public std::enable_shared_from_this<Conver
     LinkFault fault;
   };
 
-  // DDE hands its callback nothing but the conversation: this finds whose it is.
+  // The DDE callback gets only the conversation handle; this list finds its object.
   static std::vector<Conversation*>& All() {
     static std::vector<Conversation*> all;
     return all;
@@ -112,16 +112,16 @@ class WinDdeTransport::Conversation : public std::enable_shared_from_this<Conver
   void HandOver();
   std::string TakeHeard();
 
-  WinDdeTransport& owner_;  // dropping the conversation ends its use
+  WinDdeTransport& owner_;  // not used after `Drop`
   Later later_;
   DWORD instance_ = 0;
   HCONV handle_ = nullptr;
   LinkState state_ = LinkState::Closed;
-  int outstanding_ = 0;  // transactions the server has not answered
-  unsigned serial_ = 0;  // counts the conversations: what an older one left is late
+  int outstanding_ = 0;  // transactions that the server has not answered
+  unsigned serial_ = 0;  // counts the conversations; events of an older one are ignored
   std::deque<std::string> heard_;
-  std::size_t unread_ = 0;        // what heard_ costs
-  std::optional<Ending> ending_;  // reported once everything heard is handed over
+  std::size_t unread_ = 0;        // memory cost of heard_, in bytes
+  std::optional<Ending> ending_;  // reported after all text in heard_
   bool posted_ = false;
 };
 
@@ -131,7 +131,7 @@ void WinDdeTransport::Conversation::Open(const LinkTarget& target) {
   const bool ready = Prepare();
   const DdeName service(instance_, target.server);
   const DdeName topic(instance_, target.service);
-  // A missing name would stand for any.
+  // DDE would treat a null name as a wildcard.
   if (ready && service.Get() != nullptr && topic.Get() != nullptr) {
     handle_ = ::DdeConnect(instance_, service.Get(), topic.Get(), nullptr);
   }
@@ -148,7 +148,7 @@ bool WinDdeTransport::Conversation::Prepare() {
     return false;
   }
   const DdeName own(instance_, kOwnService);
-  ::DdeNameService(instance_, own.Get(), nullptr, DNS_REGISTER);  // hardly any server calls back
+  ::DdeNameService(instance_, own.Get(), nullptr, DNS_REGISTER);  // may fail: few servers call back
   return true;
 }
 
@@ -161,7 +161,7 @@ bool WinDdeTransport::Conversation::Names(HSZ name, std::string_view text) const
 
 bool WinDdeTransport::Conversation::Start(UINT type, std::string_view bytes) {
   const DdeName item(instance_, kItem);
-  std::string text(bytes);  // DDE text ends in a NUL, which is counted
+  std::string text(bytes);  // the size of DDE text includes the final NUL
   const bool poke = type == XTYP_POKE;
   DWORD id = 0;
   if (::DdeClientTransaction(poke ? reinterpret_cast<BYTE*>(text.data()) : nullptr,
@@ -190,7 +190,7 @@ void WinDdeTransport::Conversation::Drop() {
   if (handle_ != nullptr) ::DdeDisconnect(std::exchange(handle_, nullptr));
 }
 
-// A server that died says nothing, and not every system tells of one that hung up.
+// DDE does not report a crashed server, and not every system reports a disconnect.
 bool WinDdeTransport::Conversation::IsAlive() const {
   CONVINFO info{};
   info.cb = sizeof info;
@@ -203,8 +203,8 @@ LinkState WinDdeTransport::Conversation::State() {
   return state_;
 }
 
-// The first of all causes counts; what comes after it is its consequence. The conversation itself
-// is ended from the event loop: DDE goes on working on it when this was called by its callback.
+// The first cause counts; later ones are its consequences. The event loop ends the conversation,
+// because the DDE callback may call this, and DDE still uses the conversation then.
 void WinDdeTransport::Conversation::End(Ending ending) {
   if (ending_) return;
   ending_ = std::move(ending);
@@ -245,20 +245,20 @@ void WinDdeTransport::Conversation::TakeText(std::string text) {
     End({false, {text::kDdeFlooded, {}}});
     return;
   }
-  state_ = LinkState::Connected;  // a server may well talk before it confirms the link
+  state_ = LinkState::Connected;  // a server may send text before it confirms the link
   unread_ += Load(text);
   heard_.push_back(std::move(text));
   HandOverLater();
 }
 
-// Transactions are answered in their order: the first answer is that to the link. Their numbers
-// are no help, since one system gives all of them the same.
+// The server answers transactions in order, so the first answer is for the advise link. The
+// transaction numbers can't be used: one system gives all of them the same number.
 void WinDdeTransport::Conversation::TakeCompletion(bool taken, ULONG_PTR status) {
   if (outstanding_ > 0) --outstanding_;
   if (taken) {
     state_ = LinkState::Connected;
   } else if (handle_ == nullptr || !IsAlive()) {
-    Lost();  // a server that is gone can't have refused
+    Lost();  // the server is gone, so this is not a refusal
   } else {
     End({false, {Refusal(status), {}}});
   }
@@ -269,7 +269,7 @@ std::int32_t WinDdeTransport::Conversation::Refusal(ULONG_PTR status) const {
   return (status & DDE_FBUSY) != 0 ? text::kDdeBusy : text::kDdeRefused;
 }
 
-// A program has one link, so the first one that is connected is meant.
+// A program has one link, so the first connected one is the right one.
 HDDEDATA WinDdeTransport::Conversation::AnswerCaller(UINT type, HSZ topic, HSZ item,
                                                      HDDEDATA data) {
   for (Conversation* const each : All()) {
@@ -301,7 +301,7 @@ HDDEDATA CALLBACK WinDdeTransport::Conversation::Callback(UINT type, UINT format
       self.TakeCompletion(data != nullptr, data2);
       return nullptr;
     case XTYP_DISCONNECT:
-      self.handle_ = nullptr;  // it is gone
+      self.handle_ = nullptr;  // DDE has freed it
       self.Lost();
       return nullptr;
     default:

@@ -11,10 +11,10 @@
 namespace zek {
 namespace {
 
-constexpr IID kNoInterface{};     // the calls want one and use none
-constexpr UINT kCodePage = 1252;  // of all text of ours, whatever the system's is
+constexpr IID kNoInterface{};     // a reserved parameter of the calls
+constexpr UINT kCodePage = 1252;  // of our text, independent of the system's code page
 
-// Null stands for the empty text.
+// A BSTR; null means an empty text.
 class SystemText {
  public:
   explicit SystemText(const std::string& text) {
@@ -48,7 +48,7 @@ std::string OurText(const wchar_t* text, UINT length) {
 
 std::string OurText(BSTR text) { return OurText(text, ::SysStringLen(text)); }
 
-/// A value that the object gave.
+/// A value that the object returned.
 class Value {
  public:
   Value() { ::VariantInit(&value_); }
@@ -57,7 +57,7 @@ class Value {
   ~Value() { ::VariantClear(&value_); }
 
   VARIANT* Place() { return &value_; }
-  /// Turns it into the type that is wanted, whatever the object chose.
+  /// Converts the value to `type`; the object may have returned another type.
   HRESULT Change(VARTYPE type) { return ::VariantChangeType(&value_, &value_, 0, type); }
   std::int16_t Number() const { return value_.iVal; }
   std::string Text() const { return OurText(value_.bstrVal); }
@@ -82,7 +82,7 @@ std::string SystemWords(HRESULT result) {
   return text + ')';
 }
 
-// What the object says about its own failure; frees it.
+// Returns the object's message about an exception and frees its texts.
 std::string RaisedWords(EXCEPINFO& raised) {
   if (raised.pfnDeferredFillIn != nullptr) raised.pfnDeferredFillIn(&raised);
   std::string words = OurText(raised.bstrDescription);
@@ -93,7 +93,7 @@ std::string RaisedWords(EXCEPINFO& raised) {
   return words;
 }
 
-// One line for a message, and no secret in it.
+// Returns one line for a message, without the secret.
 std::string Cleaned(const std::string& words, const std::string& secret) {
   constexpr std::size_t kLongest = 300;
   std::string line = WithoutSecret(words, secret);
@@ -134,7 +134,7 @@ class WinTags::Object {
     Value value;
     if (!Call(method, arguments, value)) return 0;
     const HRESULT changed = value.Change(VT_I2);
-    if (changed == DISP_E_OVERFLOW) return 1;  // a number, and not zero
+    if (changed == DISP_E_OVERFLOW) return 1;  // a large number is not zero
     if (SUCCEEDED(changed)) return value.Number();
     Note(method, SystemWords(changed));
     return 0;
@@ -173,7 +173,7 @@ class WinTags::Object {
     const HRESULT found = object_->GetIDsOfNames(kNoInterface, &names, 1, LOCALE_USER_DEFAULT, &id);
     if (FAILED(found)) return found;
     std::vector<std::unique_ptr<SystemText>> texts;
-    std::vector<VARIANT> values(arguments.size());  // the last argument comes first
+    std::vector<VARIANT> values(arguments.size());  // COM wants the last argument first
     auto place = values.rbegin();
     for (const std::string& argument : arguments) {
       texts.push_back(std::make_unique<SystemText>(argument));

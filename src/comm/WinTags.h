@@ -8,8 +8,8 @@
 
 namespace zek {
 
-/// The object `CTAPIX.CTAPI` of the system, late bound: every method is found by its name at every
-/// call, so an object that lacks one fails that call only. Belongs to the thread that created it.
+/// The system's COM object `CTAPIX.CTAPI`, late bound: each call looks its method up by name, so a
+/// missing method fails only that call. Use only in the thread that created it.
 class WinTags final : public TagServer {
  public:
   WinTags();

@@ -12,8 +12,8 @@ namespace {
 
 struct CommandShape {
   const char* name;
-  const char* operands;  // one in brackets is optional, "..." stands for up to three
-  const char* flag;      // its option, if any
+  const char* operands;  // in brackets: optional; with "...": up to three values
+  const char* flag;      // the command's option, or null
   bool Arguments::*flagValue;
   const char* description;
 };
@@ -21,7 +21,7 @@ struct CommandShape {
 constexpr auto kCommands = std::to_array<CommandShape>({
     {"topics", "", nullptr, nullptr, "the topic table"},
     {"objects", "", nullptr, nullptr, "the objects and their time controls"},
-    {"send", "TOPIC TEXT", nullptr, nullptr, "send one command, print the answer"},
+    {"send", "TOPIC TEXT", nullptr, nullptr, "send one command, print the reply"},
     {"get", "KIND NODE", "--local", &Arguments::local,
      "fetch a catalogue, keep its local copy, print it;\n"
      "--local prints the local copy instead"},
@@ -32,18 +32,18 @@ constexpr auto kCommands = std::to_array<CommandShape>({
      "read a catalogue and print its table;\n"
      "--rebuild prints the lines that would be sent"},
     {"export", "[KIND...]", "--local", &Arguments::local,
-     "fetch the catalogues of all time controls (all kinds\n"
-     "when none is named) into files in DIR/Batch;\n"
-     "--local takes the local copies instead"},
+     "fetch the catalogues of all time controls (without\n"
+     "KIND: all kinds) into files in DIR/Batch;\n"
+     "--local exports the local copies instead"},
     {"history", "KIND NODE [ACTION] [ID]", nullptr, nullptr,
      "the earlier local copies of a catalogue, by ID;\n"
-     "compare ID: how one of them and the local copy differ;\n"
-     "restore ID: make it the local copy again, send nothing"},
+     "compare ID: print how copy ID and the local copy differ;\n"
+     "restore ID: make copy ID the local copy, send nothing"},
 });
 
 constexpr const char* kNotes =
     "KIND is wdc, sdc or ovc; NODE is TOPIC or TOPIC/TSC; FILE may be - for standard input.\n"
-    "What begins with a hyphen and is no option goes behind --.\n"
+    "Write -- before an operand that begins with a hyphen.\n"
     "\n"
     "exit status: 0 done, 1 failed or a line was refused, 2 wrong usage or unknown name";
 
@@ -98,7 +98,7 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
   list->column_width(35);
   list->label("SUBCOMMAND", "COMMAND ...");
   program.formatter(list);
-  program.set_help_flag("-h,--help", "show this text; behind a command, that command's");
+  program.set_help_flag("-h,--help", "show this text; after a command, the command's help");
   program
       .add_option("--dir", parsed.dir,
                   "language files and local copies (default: the program's directory)")
@@ -106,7 +106,7 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
   program.add_option("--ini", parsed.ini, "the directory of ZEKView.INI (default: the same)")
       ->type_name("DIR");
   for (const CommandShape& shape : kCommands) AddCommand(program, shape, parsed);
-  program.require_subcommand(0, 1);  // a missing one is reported below, behind unknown words
+  program.require_subcommand(0, 1);  // a missing one is reported below
   program.footer(kNotes);
   parsed.error = program.Read(arguments, parsed.help);
   if (parsed.error.empty() && parsed.help.empty() && parsed.command.empty()) {

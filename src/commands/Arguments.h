@@ -9,7 +9,7 @@
 
 namespace zek::cli {
 
-/// The command line: options of the program first, then a command with its own.
+/// The command line: options of the program, then a command with its operands and options.
 struct Arguments {
   std::optional<std::string> dir;  // --dir, UTF-8
   std::optional<std::string> ini;  // --ini
@@ -18,13 +18,14 @@ struct Arguments {
   bool local = false;                 // get --local, export --local
   bool noSend = false;                // put --no-send
   bool rebuild = false;               // check --rebuild
-  std::string help;                   // the text to print when --help was given, else empty
-  std::string error;                  // what is wrong; empty when nothing is
+  std::string help;                   // with --help: the text to print, else ""
+  std::string error;                  // error in the command line, or ""
 };
 
+/// Parses the arguments, which exclude the program's name.
 Arguments ParseArguments(const std::vector<std::string>& arguments);
 
-/// "wdc", "sdc" or "ovc" in any case.
+/// Parses "wdc", "sdc" or "ovc", case-insensitive; nothing for other words.
 std::optional<Catalogue> CatalogueOf(const std::string& kind);
 
 }  // namespace zek::cli

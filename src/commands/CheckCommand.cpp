@@ -22,7 +22,7 @@ ExitStatus Check(Console& console, const CatalogueId& id, std::size_t node,
       LoadCatalogue(id, *content, LabelsOf(proc.tree[node]), proc.settings, proc.Numbers());
   const ExitStatus status = checked.linesLost == 0 ? kDone : kFailed;
   if (status != kDone) {
-    console.err << "zekview-cli: lines that a saved catalogue would not hold: " << checked.linesLost
+    console.err << "zekview-cli: lines that a saved catalogue would lose: " << checked.linesLost
                 << '\n';
   }
   if (!arguments.rebuild) {

@@ -8,14 +8,14 @@
 
 namespace zek::cli {
 
-/// Message boxes as lines of standard error (UTF-8), details below them; questions have one answer,
-/// set beforehand.
+/// Prints messages on standard error (UTF-8), each on one line, details after a message and before
+/// a question. The caller sets the answer to all questions in advance.
 class CliPrompts final : public Prompts {
  public:
   explicit CliPrompts(std::ostream& err) : err_(err) {}
 
-  bool answerYes = false;  // to every question
-  int asked = 0;           // questions so far
+  bool answerYes = false;  // the answer to every question
+  int asked = 0;           // number of questions so far
 
   using Prompts::Show;
   void Show(Icon icon, const std::string& message, const std::string& caption) override;

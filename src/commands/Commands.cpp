@@ -14,7 +14,7 @@ namespace zek::cli {
 
 namespace {
 
-// Standard input is read no further than the largest file.
+// Reads a stream to its end; fails if it exceeds `kLargestFile`.
 FileContent ReadInput(std::istream& in) {
   FileContent content;
   std::array<char, 65536> block{};
@@ -34,7 +34,7 @@ std::optional<std::string> ReadFileOperand(Console& console, const std::string& 
   std::error_code error;
   if (file == "-") {
     content = ReadInput(console.in);
-  } else if (std::filesystem::is_fifo(PathOf(file), error)) {  // as a shell's <(COMMAND) is
+  } else if (std::filesystem::is_fifo(PathOf(file), error)) {  // a shell's <(COMMAND)
     std::ifstream pipe(PathOf(file), std::ios::binary);
     content = ReadInput(pipe);
   } else {
@@ -48,7 +48,7 @@ std::optional<std::string> ReadFileOperand(Console& console, const std::string& 
 
 namespace {
 
-// A whole second without a line ends `send`: the first tick may come at once.
+// `send` ends after one second without a line. One tick more, because the first may come at once.
 constexpr std::int16_t kSilenceTicks = kTicksPerSecond + 1;
 
 ExitStatus Refuse(Console& console, const std::string& why) {
@@ -76,7 +76,7 @@ ExitStatus Objects(Console& console) {
   return kDone;
 }
 
-// Prints every reply line until none has come for a second.
+// Sends one command and prints the reply lines until a second passes without one.
 ExitStatus Send(Console& console, const std::string& topicName, const std::string& text) {
   ZV_Proc& proc = console.proc;
   const std::int16_t topic = proc.topics.Find(Windows1252FromUtf8(topicName));
@@ -124,7 +124,7 @@ ExitStatus Put(Console& console, const CatalogueId& id, const std::string& file,
   console.prompts.answerYes = !noSend;
   proc.catalogues.CompareWithCopy(id);
   const bool saved = proc.catalogues.SaveCatalogue(id, {content->lines, content->dfv, {}});
-  // A question that was answered No comes only after the local copy was stored.
+  // The question whether to send comes only after the local copy was stored.
   const bool storedOnly = noSend && console.prompts.asked > 0;
   return saved || storedOnly ? kDone : kFailed;
 }

@@ -12,7 +12,7 @@
 
 namespace zek::cli {
 
-/// What a command works with. Standard output is UTF-8.
+/// The session and the streams that a command uses. The streams are UTF-8.
 struct Console {
   ZV_Proc& proc;
   CliPrompts& prompts;
@@ -21,28 +21,29 @@ struct Console {
   std::ostream& err;
 };
 
-/// `StartSession` and the topics; the exit status when the program ends here, which was reported.
+/// Starts the session and loads the topics. Returns an exit status, after a message, if the program
+/// must end.
 std::optional<ExitStatus> StartCommands(Console& console);
 
-/// Runs one command; waits run in `console.proc`'s event loop.
+/// Runs one command. Waits run the event loop of `console.proc`.
 ExitStatus RunCommand(Console& console, const Arguments& arguments);
 
-/// Reads FILE into the editor's model of the node and prints its record lines, or with --rebuild
-/// the lines that saving the unchanged model would send. A line that was not read ends it with
-/// status 1; what was read up to there is printed all the same.
+/// Reads FILE into the editor's table for the node and prints its record lines or, with --rebuild,
+/// the lines that a save of the unchanged table would send. The status is 1 if a line could not be
+/// read; the lines that were read are still printed.
 ExitStatus Check(Console& console, const CatalogueId& id, std::size_t node,
                  const Arguments& arguments);
 
-/// Exports the kinds that the operands name, or all three, of every time control to files in
-/// "Batch". Prints the names of the files; what could not be exported goes to standard error.
+/// Exports the catalogues of every time control to files in "Batch": the kinds in the operands, or
+/// all three without operands. Prints the file names, and failures on standard error.
 ExitStatus Export(Console& console, const Arguments& arguments);
 
-/// Lists the earlier local copies of a catalogue, the newest first; or compares the one that ID
-/// names with the local copy (lines only in it: "- ", only in the local copy: "+ "); or puts it in
-/// the place of the local copy.
+/// Lists the earlier local copies of a catalogue, the newest first. With "compare ID" prints how
+/// copy ID differs from the local copy ("- ": only in copy ID, "+ ": only in the local copy). With
+/// "restore ID" makes copy ID the local copy.
 ExitStatus HistoryOfCatalogue(Console& console, const CatalogueId& id, const Arguments& arguments);
 
-/// The bytes of FILE ("-" = standard input); nothing when it can't be read, which was told.
+/// Returns the bytes of FILE ("-": standard input); nothing, after a message, on a read error.
 std::optional<std::string> ReadFileOperand(Console& console, const std::string& file);
 
 }  // namespace zek::cli

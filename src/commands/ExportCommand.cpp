@@ -6,7 +6,7 @@
 namespace zek::cli {
 namespace {
 
-// Nothing for an operand that is no kind, which was told.
+// Returns nothing, after a message, if an operand is not a kind.
 std::optional<BatchKinds> KindsOf(Console& console, const std::vector<std::string>& operands) {
   if (operands.empty()) return BatchKinds{};
   BatchKinds kinds{false, false, false};
@@ -38,7 +38,7 @@ ExitStatus Export(Console& console, const Arguments& arguments) {
   if (!kinds) return kWrongUsage;
   if (arguments.local) proc.settings.LocalMode = true;
   proc.batch.Kinds = *kinds;
-  proc.settings.DecimalSeparator = SystemDecimalSeparator();  // as /BATCH prints them
+  proc.settings.DecimalSeparator = SystemDecimalSeparator();  // as /BATCH does
   BatchExport batch(proc);
   batch.Start();
   while (batch.Tick()) proc.waits.RunPending();

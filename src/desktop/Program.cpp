@@ -24,14 +24,14 @@
 namespace zek {
 namespace {
 
-// What the toolkit wants as a bare pointer and deletes itself.
+// Creates an object that the toolkit takes as a raw pointer and deletes.
 template <class Object, class... Arguments>
 Object* Given(Arguments&&... arguments) {
   return std::make_unique<Object>(std::forward<Arguments>(arguments)...).release();
 }
 
-// NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks): what is given away is not lost.
-// Where the windows' sizes are remembered: the user's configuration directory, or nowhere.
+// NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks): the toolkit deletes these.
+// Stores the windows' sizes in the user's configuration directory, or nowhere without `remember`.
 void UseConfiguration(bool remember) {
   if (!remember) {
     wxStringInputStream nothing{wxString()};
@@ -41,13 +41,13 @@ void UseConfiguration(bool remember) {
   wxStandardPaths& paths = wxStandardPaths::Get();
   paths.SetFileLayout(wxStandardPaths::FileLayout_XDG);
   const wxString directory = paths.GetUserConfigDir() + "/zekview";
-  const wxLogNull quiet;  // a home that can't be written costs the memory, nothing else
+  const wxLogNull quiet;  // without write access the sizes are just not remembered
   wxFileName::Mkdir(directory, wxS_DIR_DEFAULT, wxPATH_MKDIR_FULL);
   delete wxConfigBase::Set(Given<wxFileConfig>("zekview", wxString(), directory + "/zekview.conf",
                                                wxString(), wxCONFIG_USE_LOCAL_FILE));
 }
 
-// The toolkit's own troubles, a missing display among them, are no business of message boxes.
+// Sends the toolkit's errors, for example a missing display, to standard error.
 void UseErrorOutput() { delete wxLog::SetActiveTarget(Given<wxLogStderr>()); }
 // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
 
@@ -55,12 +55,12 @@ class Program final : public wxApp {
  public:
   explicit Program(CommandLine line) : line_(std::move(line)) {}
 
-  // Not the toolkit's own, which would parse the command line.
+  // Overrides the toolkit's version, which would parse the command line.
   bool OnInit() override { return true; }
 
   int OnRun() override {
     SetAppName("zekview");
-    // No window here asks for these events, which would go to all of them after every tick.
+    // No window needs these events; by default every window would get them after each tick.
     wxIdleEvent::SetMode(wxIDLE_PROCESS_SPECIFIED);
     wxUpdateUIEvent::SetMode(wxUPDATE_UI_PROCESS_SPECIFIED);
     const std::string programPath = line_.dir ? WithSeparator(*line_.dir) : ExecutableDirectory();
@@ -89,7 +89,7 @@ class Program final : public wxApp {
   }
 
   int OnExit() override {
-    DeleteAllTLWs();  // none of them outlives the session
+    DeleteAllTLWs();  // windows must not outlive the session
     tour_.reset();
     unattended_.reset();
     desktop_.reset();
@@ -135,6 +135,6 @@ int main(int argc, char** argv) {
   }
   zek::UseErrorOutput();
   wxApp::SetInstance(new zek::Program(std::move(line)));  // the toolkit deletes it
-  int noArguments = 1;  // ours are parsed already; the toolkit would convert them by the locale
+  int noArguments = 1;  // already parsed; the toolkit would convert them by the locale
   return wxEntry(noArguments, argv);
 }

@@ -20,7 +20,7 @@ namespace {
 bool IsAnotherRunning(wxSingleInstanceChecker& instance, const std::string& programPath) {
   const wxString name =
       wxString::Format("zekview-%s-%zx", wxGetUserId(), std::hash<std::string>{}(programPath));
-  const wxLogNull quiet;  // where no lock can be made, every instance is the only one
+  const wxLogNull quiet;  // without a lock file, every instance may run
   return instance.Create(name, wxStandardPaths::Get().GetTempDir()) && instance.IsAnotherRunning();
 }
 

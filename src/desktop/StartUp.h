@@ -15,19 +15,20 @@
 
 namespace zek {
 
-/// What is wrong with the command line, for standard error; "" when nothing is.
+/// Returns the error in the command line or the program directory, or "".
 std::string Complaint(const CommandLine& line, const std::string& programPath);
 
-/// `StartSession` with what a desktop program adds: a question for the language, one instance only,
-/// numbers as the system prints them. `instance` stands for this instance as long as it lives.
+/// Starts the session of the desktop program: asks for the language, allows one instance only, uses
+/// the system's number format. `instance` is the lock: its destructor lets another instance start.
+/// Returns an exit status if the program must end.
 std::optional<ExitStatus> StartUp(ZV_Proc& proc, const CommandLine& line,
                                   wxSingleInstanceChecker& instance);
 
-/// The program was started by a task scheduler: no box of any kind may wait for an answer.
+/// True if a task scheduler started the program: no message box may wait for an answer.
 inline bool IsUnattended(const CommandLine& line) { return HasSwitch(line.text, "/BATCH"); }
 
-/// For its own life nobody sits in front of the program: no message box waits for an answer, each
-/// is a line of the log, of the batch export's notes and of standard error.
+/// Replaces all message boxes while it exists, because no user is there to answer them. Each
+/// message becomes a line in the log, in the batch export's notes and on standard error.
 class Unattended {
  public:
   explicit Unattended(ZV_Proc& proc)

@@ -24,8 +24,8 @@ namespace zek {
 
 namespace {
 
-// The drawing library keeps what it has once read from the screen, until it is told that the
-// screen has changed. The toolkit has no call for that, and the library is loaded already.
+// The drawing library caches screen contents until a call marks them as changed. The toolkit has no
+// such call, so this uses the library directly; the toolkit has already loaded it.
 void ForgetOldScreen([[maybe_unused]] const wxDC& screen) {
 #ifdef __WXGTK__
   using TargetOf = void* (*)(void*);
@@ -62,9 +62,9 @@ namespace {
 
 constexpr int kTickMs = 100;
 constexpr int kTicksInSecond = 1000 / kTickMs;
-constexpr int kSettleTicks = 5;  // until everything is painted
+constexpr int kSettleTicks = 5;  // time for painting
 constexpr int kFetchSeconds = 120;
-constexpr const char* kCommand = "LIST SDC";  // every controller knows it
+constexpr const char* kCommand = "LIST SDC";  // all controllers accept it
 
 wxWindow* Shown(const char* name) {
   wxWindow* const window = wxWindow::FindWindowByName(name);
@@ -144,7 +144,7 @@ void Tour::Plan() {
                       [next] { Post(*Shown("ZV_TSC"), wxEVT_MENU, next); }});
   };
   editor("the weekday editor", "ZV_WDC", "weekday", browser::Menu_GetSDC);
-  // Most days have a type in the last month of a year.
+  // December has the most days with a type.
   steps_.push_back({"the calendar", shown("ZV_SDC"),
                     [] {
                       auto* const december = ControlOf<wxRadioButton>("ZV_SDC", "Option_Month11");
@@ -182,7 +182,7 @@ void Tour::Notify() {
     settled_ = 0;
     step.act();
   } else if (++ticks_ > step.seconds * kTicksInSecond) {
-    Fail("the tour waited in vain for: " + step.awaited);
+    Fail("the tour timed out, waiting for: " + step.awaited);
   }
 }
 
@@ -192,7 +192,7 @@ void Tour::Fail(const std::string& reason) {
   turn_.Quit();
 }
 
-// Closes one form after the other, the innermost first, as long as there is one.
+// Closes the innermost open form; each tick closes the next one.
 void Tour::Leave() {
   for (const char* const form :
        {"ZV_WDC", "ZV_SDC", "ZV_OVC", "ZV_TSCSummary", "ZV_TSC", "ZV_Info", "ZV_Main"}) {
@@ -224,7 +224,7 @@ void Tour::TypeCommand() {
   Post(*input, wxEVT_TEXT_ENTER, input->GetId());
 }
 
-// The first time control of the object on which the browser opened, or else of any.
+// Selects the first time control of the browser's selected object, or else of another object.
 void Tour::SelectTimeControl() {
   auto* const tree = ControlOf<wxTreeCtrl>("ZV_TSC", "TreeView");
   if (tree == nullptr) {

@@ -13,27 +13,27 @@
 
 namespace zek {
 
-/// Saves what the screen shows of a window as a BMP file (the path in UTF-8), a format that the
-/// toolkit knows everywhere. False when the file can't be written.
+/// Saves the visible part of a window as a BMP file; the path is UTF-8. The toolkit supports BMP on
+/// every system. Returns false on a write error.
 bool SaveScreenPicture(const wxWindow& window, const std::string& path);
 
-/// The messages of a tour: on standard error, and every question is answered with No.
+/// Prints the messages of a tour on standard error and answers every question with No.
 class TourPrompts final : public Prompts {
  public:
   using Prompts::Show;
   void Show(Icon icon, const std::string& message, const std::string& caption) override;
   bool AskYesNo(Icon icon, const std::string& question, const std::string& caption) override;
 
-  /// A warning or an error was shown.
+  /// True after a warning or an error.
   bool Warned() const { return warned_; }
 
  private:
   bool warned_ = false;
 };
 
-/// Shows the program by itself: connects to a topic, sends a command, opens the browser, fetches a
-/// catalogue of each kind and opens its editor, and exports the plant, all through the events that
-/// a user's hand would cause. Leaves a picture of each form in `directory` (UTF-8) and closes the
+/// Runs the program without a user: connects to a topic, sends a command, opens the browser,
+/// fetches a catalogue of each kind, opens its editor, and exports the plant. It posts the same
+/// events as a user's input. Saves a picture of each form in `directory` (UTF-8) and closes the
 /// program.
 class Tour final : private wxTimer {
  public:
@@ -41,12 +41,12 @@ class Tour final : private wxTimer {
 
   void Begin();
 
-  /// All pictures were taken.
+  /// True after all steps.
   bool Succeeded() const { return succeeded_; }
 
  private:
   struct Step {
-    std::string awaited;  // for the message when it does not come
+    std::string awaited;  // named in the message after a time-out
     std::function<bool()> ready;
     std::function<void()> act;
     int seconds = 30;
@@ -67,8 +67,8 @@ class Tour final : private wxTimer {
   const TourPrompts& prompts_;
   std::vector<Step> steps_;
   std::size_t step_ = 0;
-  int ticks_ = 0;    // since the step began
-  int settled_ = 0;  // ticks for which it has been ready
+  int ticks_ = 0;    // ticks since the step began
+  int settled_ = 0;  // ticks for which the step has been ready
   bool leaving_ = false;
   bool succeeded_ = false;
 };

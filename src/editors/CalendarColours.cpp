@@ -12,11 +12,11 @@ constexpr Rgb kLightRed{255, 0, 0};
 constexpr Rgb kLighterRed{255, 128, 128};
 constexpr Rgb kLightBlue{0, 0, 255};
 constexpr Rgb kLighterBlue{144, 180, 255};
-constexpr double kReadable = 4.5;       // the contrast that text needs
-constexpr double kReadableOnLight = 3;  // the wanted colours on white are what users know
+constexpr double kReadable = 4.5;       // minimum contrast of text
+constexpr double kReadableOnLight = 3;  // lower, because users know these colours on white
 constexpr double kShareOfHighlight = 0.2;
 
-// Relative luminance, 0 to 1, as the accessibility guidelines of the web define it.
+// Relative luminance, 0 to 1, as defined by the Web Content Accessibility Guidelines.
 double Luminance(const Rgb& colour) {
   const auto linear = [](std::uint8_t part) {
     const double value = part / 255.0;

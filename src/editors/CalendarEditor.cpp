@@ -14,7 +14,7 @@ namespace {
 
 constexpr int kSunday = 6;  // of the columns
 
-// The column of a date, Monday being 0.
+// Returns the column of a date; Monday is 0.
 int ColumnOf(const CalendarDate& date) {
   const std::chrono::year_month_day day{std::chrono::year{date.year},
                                         std::chrono::month{static_cast<unsigned>(date.month) + 1},
@@ -73,7 +73,7 @@ CalendarEditor::CalendarEditor(std::span<const std::string> lines, std::string n
   linesLost_ = reading.linesLost;
 }
 
-// --- What is shown ---
+// --- Display ---
 
 int CalendarEditor::FirstColumn() const { return ColumnOf(DateOf(1)); }
 
@@ -189,8 +189,8 @@ void CalendarEditor::MoveCursor(CalendarMove move, bool extend) {
   }
 }
 
-// Puts the cursor on a day that may lie in the month before or after; beyond the six years it
-// stays.
+// Puts the cursor on a day that may be in the month before or after; the cursor does not leave the
+// six years.
 void CalendarEditor::MoveBeyond(int day) {
   const int days = Days();
   if (day < 1) {

@@ -18,9 +18,9 @@ namespace zek {
 
 inline constexpr int kMonthsOfYear = 12;
 inline constexpr int kDaysOfWeek = 7;
-inline constexpr int kMonthRows = 6;  // the most weeks that a month touches
+inline constexpr int kMonthRows = 6;  // the largest number of weeks that a month touches
 
-/// Where a key leads in the month grid.
+/// The direction of a key in the month grid.
 enum class CalendarMove { Left, Right, Up, Down, Home, End };
 
 /// Consecutive days of the month shown, from 1.
@@ -31,17 +31,17 @@ struct DayRun {
   bool operator==(const DayRun&) const = default;
 };
 
-/// How the text of a day is coloured.
+/// The colour of a day's text.
 enum class DayColour {
-  Ordinary,  // as other text
+  Ordinary,  // like other text
   Free,      // Sundays and holidays: light red
   Selected,  // light blue
 };
 
-/// What the grid shows of a day.
+/// The content of a day's cell in the grid.
 struct CalendarCell {
   std::string number;
-  std::string type;  // three characters, blanks without an entry
+  std::string type;  // three characters; blanks without an entry
   bool free = false;
   bool selected = false;
   bool today = false;
@@ -49,7 +49,7 @@ struct CalendarCell {
   DayColour Colour() const;
 };
 
-/// The days that were changed, as they were selected.
+/// The month, cursor and selection of a change.
 struct CalendarPlace {
   int year = 0;
   int month = 0;
@@ -57,80 +57,81 @@ struct CalendarPlace {
   std::optional<int> anchor;  // the other end of the selection
 };
 
-/// The message of a refused line, with the information icon.
+/// Shows the message about a refused line, with the information icon.
 void ShowRefused(const RefusedDates& refused, Prompts& prompts, const LanguageTexts& texts);
 
-/// What the calendar editor does, without its controls: one month of the calendar, a cursor day
-/// and a selection in it, and the day type that days are given.
+/// The logic of the calendar editor, without its controls: one month of the calendar, a cursor and
+/// a selection in it, and the day type to set.
 class CalendarEditor {
  public:
   /// `lines` is the calendar as fetched, `name` the time control's name ("" for a root node, whose
-  /// calendar has the ordinary layout). The year of `today` is the base year, its month is shown.
-  /// With `ViewOnly` nothing can be changed or saved.
+  /// calendar has the ordinary layout). The year of `today` is the base year; its month is shown
+  /// first. With `ViewOnly` nothing can be changed or saved.
   CalendarEditor(std::span<const std::string> lines, std::string name, const CalendarYears& years,
                  const CalendarDate& today, Access access);
 
   const CalendarTable& Table() const { return history_.Now(); }
-  /// The lines that were not read, to be shown with `ShowRefused` when the editor opens.
+  /// The lines that were not read; show them with `ShowRefused` when the editor opens.
   const std::vector<RefusedDates>& Refused() const { return refused_; }
   bool ViewOnly() const { return access_ == Access::ViewOnly; }
-  /// Counts lines that did not even arrive among those that saving would lose.
+  /// Adds lines that were not received to the lines that saving would lose.
   void CountLost(std::size_t lines) { linesLost_ += lines; }
 
-  int Year() const { return year_; }    // 0 to 5, from the base year on
+  int Year() const { return year_; }    // 0 to 5, counted from the base year
   int Month() const { return month_; }  // 0 to 11
   int Days() const { return MonthLength(Table().BaseYear() + year_, month_); }
-  /// The column, Monday being 0, of the month's first day.
+  /// Returns the column of the month's first day; Monday is 0.
   int FirstColumn() const;
-  /// The day in a row (0 to 5) and column (0 to 6) of the grid; nothing in an empty cell.
+  /// Returns the day in a row (0 to 5) and column (0 to 6) of the grid; nothing for an empty cell.
   std::optional<int> DayAt(int row, int column) const;
 
-  /// Another month or year drops the selection and keeps the cursor's day as far as it exists.
+  /// Shows another month or year: clears the selection and keeps the cursor's day if it exists
+  /// there.
   void ShowYear(int year);
   void ShowMonth(int month);
-  /// Steps over the years' ends; false, and nothing done, beyond the six years.
+  /// Moves by months across year ends; returns false and does nothing beyond the six years.
   bool Step(int months);
   bool Next() { return Step(1); }
   bool Last() { return Step(-1); }
 
   std::int16_t DayType() const { return type_; }  // 0 none, 1 to 14
-  /// What the next days are given; the calendar itself does not change.
+  /// Sets the type for the next days; the calendar itself does not change.
   void ChooseType(int type);
 
   int Cursor() const { return cursor_; }  // a day of the month, from 1
-  /// Nothing as long as only the cursor counts.
+  /// Returns nothing if only the cursor's day is selected.
   std::optional<DayRun> Selection() const;
 
-  /// The mouse button goes down on a day, moves to another, is released. Outside the days nothing
-  /// begins, and a selection stays as it was. Releasing gives the selected days the chosen type.
+  /// The mouse button is pressed on a day, moved to another, released. A press outside the days
+  /// starts nothing and keeps the selection. Releasing gives the selected days the chosen type.
   void Press(std::optional<int> day);
   void Drag(std::optional<int> day);
   void Release(std::optional<int> day, Prompts& prompts, const LanguageTexts& texts);
-  /// Ends a selection by mouse without its type being given.
+  /// Ends a selection by mouse without setting the type.
   void CancelDrag();
   bool Dragging() const { return dragging_; }
 
-  /// Moves the cursor, beyond the month's ends into the next month. With `extend` the days from
-  /// where it began are selected, and it stays within the month.
+  /// Moves the cursor, at the month's ends into the next month. With `extend` it selects the days
+  /// from where the cursor started and stays within the month.
   void MoveCursor(CalendarMove move, bool extend);
 
-  /// Gives the selection, or else the cursor's day, the chosen type. A year that a line can't hold
-  /// and a calendar without room are told, and nothing changes.
+  /// Gives the selected days, or else the cursor's day, the chosen type. If a line can't hold the
+  /// year or the calendar is full, shows a message and changes nothing.
   void Apply(Prompts& prompts, const LanguageTexts& texts);
 
-  /// Giving days a type is one step, if that changes anything. Undo and redo show the month and
-  /// select the days; false when there is no step.
+  /// Setting a type is one step if it changes anything. Undo and redo show the month and select the
+  /// days; they return false if there is no step.
   bool Undo() { return ShowPlace(history_.Undo()); }
   bool Redo() { return ShowPlace(history_.Redo()); }
   EditState State() const { return history_.State(); }
 
   CalendarCell Cell(int day, const LanguageTexts& texts) const;
-  /// "December 2026", above the grid.
+  /// Returns the heading of the grid, "December 2026".
   std::string MonthText(const LanguageTexts& texts) const;
-  /// All of a day in words, for those who don't see it: "torsdag 24 december 2026, SD1, markerad".
+  /// Describes a day for screen readers: "torsdag 24 december 2026, SD1, markerad".
   std::string CellName(int day, const LanguageTexts& texts) const;
 
-  /// The table as lines, to be saved; nothing with `ViewOnly`.
+  /// Returns the table as lines for saving; nothing with `ViewOnly`.
   std::optional<EditedCatalogue> Edited() const;
 
  private:

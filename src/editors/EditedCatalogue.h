@@ -11,36 +11,36 @@
 
 namespace zek {
 
-/// What an editor is opened for. With `ViewOnly` nothing can be changed or saved.
+/// The mode of an editor. With `ViewOnly` nothing can be changed or saved.
 enum class Access { Edit, ViewOnly };
 
-/// Hands the lines of a catalogue to the catalogue write; true when they were written.
+/// Writes the lines of a catalogue; returns true if that succeeded.
 using CatalogueWriter = std::function<bool(const std::vector<std::string>& lines)>;
 
-/// The numbers of the question whether to try a failed write again.
+/// The text numbers of the question whether to repeat a failed write.
 struct RetryTexts {
   std::int32_t question;
   std::int32_t title;
 };
 
-/// How a save ended.
+/// The result of a save.
 enum class SaveOutcome {
-  NotTried,  // the lines can't be built, or would lose others: nothing was written
-  GivenUp,   // the write failed, and the user did not want another one
+  NotTried,  // the lines can't be built, or would lose others; nothing was written
+  GivenUp,   // the write failed, and the user did not repeat it
   Written,
 };
 
-/// The catalogue that an editor gives to be saved.
+/// A catalogue from an editor, ready to be saved.
 struct EditedCatalogue {
   BuiltLines lines;
-  std::size_t linesLost = 0;            // of the catalogue as it was read, which saving loses
-  RetryTexts retry{};                   // asked after a write that failed
-  std::vector<std::string> notInLines;  // what the table holds and lines can't, in words
+  std::size_t linesLost = 0;            // lines of the catalogue as it was read that saving loses
+  RetryTexts retry{};                   // asked after a failed write
+  std::vector<std::string> notInLines;  // content of the table that lines can't hold, in words
 };
 
-/// Has an edited catalogue written. Lines that can't be built are reported and nothing is written.
-/// When saving loses lines that could not be read, the user is asked first; a failed write is
-/// repeated as often as the user wants it.
+/// Writes an edited catalogue. If the lines can't be built, it reports that and writes nothing. If
+/// saving loses lines that could not be read, it asks the user first. A failed write is repeated as
+/// often as the user wants.
 SaveOutcome SaveWithRetry(const EditedCatalogue& edited, const CatalogueWriter& writer,
                           const Messages& messages);
 

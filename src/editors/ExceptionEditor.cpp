@@ -77,7 +77,7 @@ std::vector<WrongEntry> ExceptionEditor::Enter(ExceptionFocus at, const Exceptio
   const ExceptionTexts shown = RowTexts(at.row);
   const auto changed = [&](ExceptionBox box) { return typed[box] != shown[box]; };
   std::vector<WrongEntry> wrong;
-  // Walking over a row must never change it: a value may have more digits than are shown.
+  // Leaving a box unchanged must not change its value, which may have more digits than are shown.
   const bool isStart = IsOf(kStartBoxes, at.box);
   if (isStart || IsOf(kStopBoxes, at.box)) {
     const auto [date, time] = isStart ? kStartBoxes : kStopBoxes;

@@ -27,14 +27,14 @@ struct ExceptionFocus {
   bool operator==(const ExceptionFocus&) const = default;
 };
 
-/// Where the Enter key leads: along the row, then to the start of the next one, from the last row
-/// back to the first.
+/// Returns the next box for the Enter key: along the row, then at the start of the next row, from
+/// the last row back to the first.
 ExceptionFocus NextFocus(ExceptionFocus from);
 
-/// The message of a refused line, with the information icon.
+/// Shows the message about a refused line, with the information icon.
 void ShowRefused(const RefusedException& refused, Prompts& prompts, const LanguageTexts& texts);
 
-/// A date or time that was refused; something else was stored in its place.
+/// A date or time that was refused and replaced.
 struct WrongEntry {
   std::int32_t text = 0;  // text::kDateWrong or text::kTimeWrong
   std::string typed;
@@ -42,51 +42,51 @@ struct WrongEntry {
   bool operator==(const WrongEntry&) const = default;
 };
 
-/// One message for each.
+/// Shows one message for each entry.
 void ShowWrong(const std::vector<WrongEntry>& wrong, Prompts& prompts, const LanguageTexts& texts);
 
-/// What the exception editor does, without its controls: a grid of the table's eight rows. Texts
-/// of the boxes are windows-1252.
+/// The logic of the exception editor, without its controls: a grid of the table's eight rows. The
+/// texts of the boxes are windows-1252.
 class ExceptionEditor {
  public:
   using Clock = std::function<Moment()>;  // the local date and time
 
-  /// `lines` is the catalogue as fetched. With `ViewOnly`, and for an owner without a name (a root
-  /// node, whose editor owns none of the lines it would replace), nothing can be changed or saved.
+  /// `lines` is the catalogue as fetched. Nothing can be changed or saved with `ViewOnly`, nor for
+  /// an owner without a name: a root node owns none of the lines that saving would replace.
   ExceptionEditor(std::span<const std::string> lines, ExceptionOwner owner, char decimalSeparator,
                   Access access, Clock now);
 
   const ExceptionTable& Table() const { return history_.Now(); }
-  /// The lines that were not read, to be shown with `ShowRefused` when the editor opens.
+  /// The lines that were not read; show them with `ShowRefused` when the editor opens.
   const std::vector<RefusedException>& Refused() const { return refused_; }
   bool ViewOnly() const { return access_ == Access::ViewOnly; }
-  /// Counts lines that did not even arrive among those that saving would lose.
+  /// Adds lines that were not received to the lines that saving would lose.
   void CountLost(std::size_t lines) { linesLost_ += lines; }
 
-  std::size_t Row() const { return row_; }  // the one that Erase works on, 0 to 7
+  std::size_t Row() const { return row_; }  // the row for Erase, 0 to 7
   void FocusRow(std::size_t row);
 
-  /// The texts of a row's boxes.
+  /// Returns the texts of a row's boxes.
   ExceptionTexts RowTexts(std::size_t row) const;
 
-  /// Takes what stands in the boxes of a row when the box `at` is left: date and time of the start
-  /// together, or those of the stop, or one value. Boxes that still hold what was shown are no
-  /// entry. An empty start date clears the row; a wrong date or time becomes today's date or the
-  /// current time. The boxes are to be shown again, and then what was wrong.
+  /// Stores the boxes of a row when the user leaves the box `at`: date and time of the start
+  /// together, or those of the stop, or one value. Unchanged boxes are not an entry. An empty start
+  /// date clears the row; an invalid date or time becomes today's date or the current time.
+  /// Afterwards refresh the boxes, then show the errors returned.
   std::vector<WrongEntry> Enter(ExceptionFocus at, const ExceptionTexts& typed);
 
-  /// Marks the current row as unused, whose other fields stay, and makes the next one (after row 7
-  /// row 0) the current one. Returns it.
+  /// Marks the current row as unused without changing its other fields, and makes the next one
+  /// (after row 7, row 0) the current row. Returns it.
   std::size_t Erase();
 
-  /// Every entry and erasure that changes what is shown is one step. Undo and redo make its row the
-  /// current one and return its box, or nothing when there is no step.
+  /// Every entry and erasure with a visible effect is one step. Undo and redo make its row the
+  /// current one and return its box, or nothing if there is no step.
   std::optional<ExceptionFocus> Undo() { return ShowPlace(history_.Undo()); }
   std::optional<ExceptionFocus> Redo() { return ShowPlace(history_.Redo()); }
   EditState State() const { return history_.State(); }
 
-  /// The table as lines, to be saved, by the settings that `numbers` reads; nothing when one of
-  /// them can't be used, which was shown.
+  /// Returns the table as lines for saving, using the settings that `numbers` reads. Returns
+  /// nothing with `ViewOnly` or, after a message, if a setting can't be used.
   std::optional<EditedCatalogue> Edited(const NumberReader& numbers) const;
 
  private:

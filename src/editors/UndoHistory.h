@@ -8,9 +8,9 @@
 
 namespace zek {
 
-/// What an editor's commands are enabled by.
+/// The state that enables or disables an editor's commands.
 struct EditState {
-  bool changed = false;  // against the table as it was opened
+  bool changed = false;  // compared with the table as it was opened
   bool canUndo = false;
   bool canRedo = false;
 
@@ -19,9 +19,9 @@ struct EditState {
 
 inline constexpr std::size_t kUndoSteps = 1000;
 
-/// A table and the steps that changed it. A step holds the table before it and the place where it
-/// was made, so that the user can be shown what an undo takes back. Beyond `kUndoSteps` the oldest
-/// step is forgotten. `Same` tells tables that mean the same, which are no step.
+/// A table and the steps that changed it. A step contains the table before it and its place, so
+/// that the user sees what an undo reverts. Beyond `kUndoSteps` the oldest step is dropped. A
+/// change between tables that are equal by `Same` is not a step.
 template <class Table, class Place, class Same = std::equal_to<Table>>
 class UndoHistory {
  public:
@@ -29,7 +29,7 @@ class UndoHistory {
 
   const Table& Now() const { return table_; }
 
-  /// Has `edit` change the table, as one step at `place`. Steps that were undone are forgotten.
+  /// Calls `edit` to change the table as one step at `place`. Undone steps are dropped.
   template <class Edit>
   void Change(const Place& place, Edit edit) {
     Step step{place, table_};
@@ -41,7 +41,7 @@ class UndoHistory {
     done_ = steps_.size();
   }
 
-  /// Takes the last step back, or takes it again; where it was made, or nothing without one.
+  /// Reverts the last step, or repeats it; returns its place, or nothing if there is no step.
   std::optional<Place> Undo() { return done_ == 0 ? std::nullopt : std::optional(Swap(--done_)); }
   std::optional<Place> Redo() {
     return done_ == steps_.size() ? std::nullopt : std::optional(Swap(done_++));
@@ -52,7 +52,7 @@ class UndoHistory {
  private:
   struct Step {
     Place place;
-    Table table;  // before the step, or after it once it was undone
+    Table table;  // before the step; after it once it was undone
   };
 
   const Place& Swap(std::size_t step) {
@@ -63,7 +63,7 @@ class UndoHistory {
   Table table_;
   Table opened_;
   std::deque<Step> steps_;
-  std::size_t done_ = 0;  // the steps from here on were undone
+  std::size_t done_ = 0;  // the number of steps in effect; the others were undone
 };
 
 }  // namespace zek

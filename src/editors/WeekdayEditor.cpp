@@ -105,8 +105,8 @@ void WeekdayEditor::EnterStop(std::size_t column, std::string_view text) {
   if (time) Change({WeekdayBox::Stop, column}, [&](WeekdayRow& row) { row.stop = *time; });
 }
 
-// A value that was only looked at stays as it is to the last bit: its text may hold fewer digits,
-// and days would stop being equal.
+// Leaving a box unchanged must not change its value: the text may have fewer digits, and equal days
+// would become different.
 void WeekdayEditor::EnterValueOn(std::size_t column, std::string_view text) {
   if (ViewOnly() || text == ValueOnText(column)) return;
   Change({WeekdayBox::ValueOn, column}, [&](WeekdayRow& row) { row.valueOn = TypedValueOn(text); });

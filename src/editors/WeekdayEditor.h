@@ -33,40 +33,39 @@ struct WeekdayPlace {
   WeekdayFocus focus;
 };
 
-/// Where the Enter key leads: down the column, then to the top of the next one, from the last
-/// column back to the first.
+/// Returns the next box for the Enter key: down the column, then at the top of the next column,
+/// from the last column back to the first.
 WeekdayFocus NextFocus(WeekdayFocus from);
 
-/// The icon, text and line of a refused line in a message box.
+/// Shows a message box with the icon, text and line of a refused line.
 void ShowRefused(const RefusedLine& refused, Prompts& prompts, const LanguageTexts& texts);
 
-/// What the weekday editor does, without its controls: a grid of one row of the table for the
-/// seven days of a type. Texts of the boxes are windows-1252.
+/// The logic of the weekday editor, without its controls: a grid of one row of the table for the
+/// seven days of a type. The texts of the boxes are windows-1252.
 class WeekdayEditor {
  public:
-  /// `lines` is the catalogue as fetched, `name` the time control's name; a root node has none,
-  /// and its editor shows the lines without a name. With `ViewOnly` nothing can be changed or
-  /// saved.
+  /// `lines` is the catalogue as fetched, `name` the time control's name. A root node has no name;
+  /// its editor shows the lines without one. With `ViewOnly` nothing can be changed or saved.
   WeekdayEditor(std::span<const std::string> lines, std::string name, char decimalSeparator,
                 Access access);
 
   const WeekdayTable& Table() const { return history_.Now(); }
-  /// The line at which reading stopped, to be shown with `ShowRefused` when the editor opens.
+  /// The line at which parsing stopped; show it with `ShowRefused` when the editor opens.
   const std::optional<RefusedLine>& Refused() const { return refused_; }
   bool ViewOnly() const { return access_ == Access::ViewOnly; }
-  /// Counts lines that did not even arrive among those that saving would lose.
+  /// Adds lines that were not received to the lines that saving would lose.
   void CountLost(std::size_t lines) { linesLost_ += lines; }
-  /// False for "PLT" time controls, whose lines hold no stop value: entries are not taken.
+  /// False for "PLT" time controls: their lines have no stop value, and entries are ignored.
   bool HasStopValues() const;
 
   std::size_t Type() const { return type_; }      // 0 Monday to Sunday, 1 SD1 to SD7
   std::size_t Row() const { return row_; }        // 0 to 15
-  std::size_t Column() const { return column_; }  // the one that Copy and Erase work on
+  std::size_t Column() const { return column_; }  // the column for Copy and Erase
   void ShowType(std::size_t type);
   void ShowRow(std::size_t row);
   void FocusColumn(std::size_t column);
 
-  /// Text 271 or 272 and the number of used rows of that type in brackets.
+  /// Returns text 271 or 272 and, in brackets, the number of used rows of that type.
   std::string TypeCaption(std::size_t type, const LanguageTexts& texts) const;
 
   /// The text of each box.
@@ -75,27 +74,27 @@ class WeekdayEditor {
   std::string ValueOnText(std::size_t column) const;
   std::string ValueOffText(std::size_t column) const;
 
-  /// Take what was typed into a box (see `TypedTime`, `TypedValueOn`, `TypedValueOff`). A time
-  /// that is refused leaves the old one; the boxes are to be shown again in any case.
+  /// Store what was typed into a box (see `TypedTime`, `TypedValueOn`, `TypedValueOff`). An invalid
+  /// time keeps the old one. Afterwards refresh the boxes in any case.
   void EnterStart(std::size_t column, std::string_view text);
   void EnterStop(std::size_t column, std::string_view text);
   void EnterValueOn(std::size_t column, std::string_view text);
   void EnterValueOff(std::size_t column, std::string_view text);
 
-  /// Copies the focused column's row to the next column, after column 6 to column 0, and makes
-  /// that the focused one. Returns it.
+  /// Copies the focused column's row to the next column (after column 6, column 0) and makes that
+  /// the focused one. Returns it.
   std::size_t Copy();
 
   /// Empties the focused column's row and makes the next column the focused one, as `Copy` does.
   std::size_t Erase();
 
-  /// Every entry, copy and erasure that changes the table is one step. Undo and redo show the type,
-  /// row and column where it was made and return its box, or nothing when there is no step.
+  /// Every entry, copy and erasure that changes the table is one step. Undo and redo show its type,
+  /// row and column and return its box, or nothing if there is no step.
   std::optional<WeekdayFocus> Undo() { return ShowPlace(history_.Undo()); }
   std::optional<WeekdayFocus> Redo() { return ShowPlace(history_.Redo()); }
   EditState State() const { return history_.State(); }
 
-  /// The table as lines, to be saved; nothing with `ViewOnly`.
+  /// Returns the table as lines for saving; nothing with `ViewOnly`.
   std::optional<EditedCatalogue> Edited() const;
 
  private:

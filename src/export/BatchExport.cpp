@@ -73,7 +73,7 @@ void BatchExport::Step() {
   ++batch.BatchNodeIndex;
 }
 
-// All nodes were visited.
+// Called after a pass has visited all nodes.
 void BatchExport::NextState() {
   Batch& batch = proc_.batch;
   batch.BatchNodeIndex = 0;
@@ -92,7 +92,7 @@ void BatchExport::NextState() {
 
 void BatchExport::Select(std::size_t node) {
   SelectNode(proc_, node);
-  // Every time control of a modern controller has catalogues of its own.
+  // On a ZEK2 each time control has its own catalogues: nothing fetched before applies.
   if (proc_.selection.generation == Generation::Zek2) loadedObject_ = -1;
   proc_.batch.Labels = LabelsOf(proc_.tree[node]);
   Selected(node);
@@ -115,7 +115,7 @@ void BatchExport::Export(Pass& pass, std::size_t node) {
     ++pass.exported;
     return;
   }
-  constexpr std::size_t longest = 300;  // a controller's line can have any length
+  constexpr std::size_t longest = 300;  // characters; a controller's line can have any length
   std::string why = told_.front().substr(0, longest);
   if (told_.size() > 1) {
     why = Message(Text(text::kBatchMoreMessages), {why, std::to_string(told_.size() - 1)});
@@ -123,8 +123,8 @@ void BatchExport::Export(Pass& pass, std::size_t node) {
   report_.failures.push_back({batch.Node, batch.Kind, std::move(why)});
 }
 
-// What went wrong is in `told_` afterwards. False when the catalogue was not tried for: after a
-// cancel, and where there is no file to write it to, which the report says once for all nodes.
+// Afterwards `told_` contains the errors. Returns false if the catalogue was not tried: after a
+// cancel, or without an open file, which the report lists once for all nodes.
 bool BatchExport::FetchAndWrite(Pass& pass) {
   if (!pass.file.IsOpen()) return false;
   const CatalogueId id = proc_.selection.Id(pass.file.Kind());
@@ -134,7 +134,7 @@ bool BatchExport::FetchAndWrite(Pass& pass) {
     if (told_.empty()) TakeMessage(Text(text::kNoAnswer));
     return true;
   }
-  // What was said on the way to a whole catalogue does not make it worse.
+  // Messages during the fetch of a complete catalogue are not errors.
   if (content->linesDropped == 0) told_.clear();
   const LoadedCatalogue loaded =
       LoadCatalogue(id, *content, proc_.batch.Labels, proc_.settings, proc_.Numbers());
@@ -143,7 +143,8 @@ bool BatchExport::FetchAndWrite(Pass& pass) {
   return true;
 }
 
-// A batch fetches afresh, but not the same catalogue twice; in local mode it takes what there is.
+// A batch ignores old local copies but, unless `AlwaysUseDSS` is set, fetches a shared catalogue
+// only once. In local mode it uses the local copies.
 std::optional<CatalogueContent> BatchExport::Fetch(const CatalogueId& id) {
   const bool loaded = loadedObject_ == id.object && !proc_.settings.AlwaysUseDSS;
   const CopyUse use = proc_.settings.LocalMode || loaded ? CopyUse::Take : CopyUse::PassOver;

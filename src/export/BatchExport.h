@@ -13,9 +13,9 @@
 
 namespace zek {
 
-/// The batch export: one pass over all nodes for each kind of catalogue, WDC, SDC and OVC, every
-/// time control fetched and written as records to the file of the kind. `proc.batch` shows where
-/// it stands. While it works, messages become lines of the log and reasons in the report.
+/// The batch export: one pass over all nodes for each kind of catalogue (WDC, SDC, OVC). A pass
+/// fetches the catalogue of every time control and writes its records to the file of that kind.
+/// `proc.batch` shows the progress. Messages go to the log and, as reasons, to the report.
 ///
 ///     Started -> WdcPass -> SdcPass -> OvcPass -> Finishing -> Idle
 ///
@@ -25,35 +25,34 @@ class BatchExport {
   explicit BatchExport(ZV_Proc& proc) : proc_(proc) {}
   BatchExport(const BatchExport&) = delete;
   BatchExport& operator=(const BatchExport&) = delete;
-  /// A batch that is still running is cancelled; what it has exported is kept.
+  /// Cancels a running batch; what it has exported is kept.
   ~BatchExport();
 
-  /// Called with the place of every node that the walk selects.
+  /// Called with the index of each node that the batch selects.
   std::function<void(std::size_t node)> Selected = [](std::size_t) {};
 
-  /// Begins to export the kinds of `proc.batch.Kinds` (`Menu_Batch_Run`): makes the folder "Batch"
-  /// and opens the files. What can't be written is told in the report; the walk is taken anyway.
+  /// Starts to export `proc.batch.Kinds` (`Menu_Batch_Run`): creates the folder "Batch" and the
+  /// files. The report lists files that can't be written; the batch visits the nodes anyway.
   void Start();
 
-  /// One step (`Timer_Batch`): visits the next node, fetching its catalogue with all the waits
-  /// that takes, or finishes. May be called from inside those waits, and does nothing then. True
-  /// when there is another step to take.
+  /// Does one step (`Timer_Batch`): visits the next node and fetches its catalogue, with all waits,
+  /// or finishes. Does nothing when called during those waits. Returns true if a step remains.
   bool Tick();
 
-  /// Ends a fetch that is running, as soon as its wait sees it, and the batch with the next tick.
+  /// Ends a running fetch at its next turn, and the batch at its next tick.
   void Cancel();
 
   bool IsRunning() const { return proc_.batch.IsRunning(); }
 
-  /// Stores notes and report as "BATCH", time and ".TXT" beside the exported files, for who looks
-  /// after a run that nobody watched. When that fails, it is told with the whole report.
+  /// Stores notes and report beside the exported files as "BATCH", time and ".TXT", for use after
+  /// an unattended run. On failure shows the error and the report's details as messages.
   void StoreReport();
 
-  /// Of the last batch, whole when it is no longer running.
+  /// The report of the last batch, complete once the batch has ended.
   const BatchReport& Report() const { return report_; }
 
  private:
-  // One pass: its file, and how many catalogues are whole in it.
+  // One pass: its file and the number of complete catalogues in it.
   struct Pass {
     BatchState state;
     BatchFile file;
@@ -71,14 +70,14 @@ class BatchExport {
   std::string Text(std::int32_t number) const { return proc_.Text(number); }
 
   ZV_Proc& proc_;
-  std::vector<Pass> passes_;       // of the checked kinds
-  std::vector<std::string> told_;  // messages about the catalogue that is being exported
+  std::vector<Pass> passes_;       // one per checked kind
+  std::vector<std::string> told_;  // messages about the current catalogue
   BatchReport report_;
-  std::int16_t loadedObject_ = -1;  // whose shared catalogue of this pass is the local copy now
+  std::int16_t loadedObject_ = -1;  // its shared catalogue was fetched in this pass; -1: none
   bool stepping_ = false;
 };
 
-/// Text 629 of the catalogue that is being exported; "" when none is.
+/// Returns text 629 for the current catalogue, or "" if no export is running.
 std::string BatchProgress(const ZV_Proc& proc);
 
 }  // namespace zek

@@ -13,7 +13,8 @@ constexpr std::string_view kBegun = "Batch påbörjad "_w1252;
 constexpr std::string_view kFinished = "Batch avslutad "_w1252;
 constexpr std::string_view kStopped = "Batch stoppad "_w1252;
 
-// The names as the readers of these files know them, one column short of the weekday records.
+// Programs that read these files expect exactly these names, with this spelling; the weekday
+// records have one column more.
 constexpr std::string_view kWeekdayColumns =
     "/Objekt;DUC;Destionation;Mån;Tis;Ons;Tor;Fre;Lör;Sön;SD1;SD2;SD3;SD4;SD5;SD6;SD7;"_w1252;
 constexpr std::string_view kCalendarColumns = "/Objekt;DUC;Datum;DagTyp"_w1252;

@@ -13,37 +13,38 @@
 
 namespace zek {
 
-/// An export file of one catalogue kind: "Batch\WDC", "SDC" or "OVC" and the time of its opening,
-/// semicolon-separated, lines end in CR LF.
+/// An export file of one catalogue kind: "Batch\WDC", "SDC" or "OVC" and the time of its creation.
+/// Fields are separated by semicolons, lines end in CR LF.
 ///
 ///     Batch påbörjad 26-11-21 08:30:00/Objekt;DUC;...    with `IncludeBatchHeader`
 ///     Skolan;DUC 1;...                                   records
-///     Batch avslutad 26-11-21 08:45:12                   with it; or "Batch stoppad " in any case
+///     Batch avslutad 26-11-21 08:45:12                   with `IncludeBatchHeader`
 ///
-/// The records of a node that was complete when the export was cancelled follow behind that.
+/// A cancelled export always writes "Batch stoppad " and the time instead of the last line. Records
+/// of a node that was already complete when the export was cancelled follow that line.
 class BatchFile {
  public:
   explicit BatchFile(Catalogue kind) : kind_(kind) {}
 
-  /// Creates the file in `directory`, and that when it is missing. A failure is kept.
+  /// Creates the file, and `directory` if it is missing. `Error` keeps a failure.
   void Open(Files& files, const std::string& directory, const LocalTime& now);
 
-  /// Puts the file in its place. A failure is kept, and then nothing of it is there.
+  /// Commits the file. On failure `Error` keeps the error and `IsInPlace` stays false.
   void Close();
 
   void WriteHeader(const LocalTime& now);
   void WriteFinished(const LocalTime& now);
   void WriteStopped(const LocalTime& now);
-  /// Adds the records of one node, all of them or none.
+  /// Appends the records of one node: all or, on failure, none.
   std::optional<FileError> WriteRecords(const std::vector<std::string>& records);
 
   Catalogue Kind() const { return kind_; }
   bool IsOpen() const { return file_ != nullptr; }
-  /// It was closed and is whole.
+  /// True if the file was closed and is complete.
   bool IsInPlace() const { return inPlace_; }
-  /// Where it is or was to be.
+  /// The path of the file, even if it could not be created.
   const std::string& Path() const { return path_; }
-  /// The first thing that went wrong with the file as a whole.
+  /// The first error that concerns the whole file.
   const std::optional<FileError>& Error() const { return error_; }
 
  private:
@@ -56,7 +57,7 @@ class BatchFile {
   bool inPlace_ = false;
 };
 
-/// "YYMMDD_HHNNSS", as it stands in the names of the files.
+/// Returns "YYMMDD_HHNNSS", as used in file names.
 std::string FileStamp(const LocalTime& now);
 
 }  // namespace zek

@@ -11,7 +11,7 @@ std::string BatchReport::Headline(const LanguageTexts& texts) const {
   if (exported == planned) number = Succeeded() ? text::kBatchAllDone : text::kBatchFaulty;
   if (planned == 0) number = text::kBatchNothing;
   if (stopped) number = text::kBatchStopped;
-  // Of a batch that was cut short the rest did not fail; of another a lost file is everything.
+  // After a cancel only tried catalogues count as failed. Otherwise all of a lost file do too.
   const std::size_t missing = stopped ? failures.size() : planned - exported;
   return Message(texts.Text(number),
                  {std::to_string(exported), std::to_string(planned), std::to_string(missing)});

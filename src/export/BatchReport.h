@@ -8,7 +8,7 @@
 
 namespace zek {
 
-/// A catalogue of one node that is not, or not whole, in its export file.
+/// A catalogue of one node that is missing or incomplete in its export file.
 struct BatchFailure {
   std::string node;  // "TOPIC/TSC"
   std::string kind;  // "WDC", "SDC" or "OVC"
@@ -18,28 +18,28 @@ struct BatchFailure {
   std::string Line() const { return node + " " + kind + ": " + why; }
 };
 
-/// What a batch export has done. Paths are in the system's encoding, all else is windows-1252.
+/// The result of a batch export. Paths in `files` are UTF-8, all other text is windows-1252.
 struct BatchReport {
   std::size_t planned = 0;   // catalogues: every checked kind of every time control
-  std::size_t exported = 0;  // those that are whole in a file
+  std::size_t exported = 0;  // catalogues that are complete in a file
   std::vector<BatchFailure> failures;
-  std::vector<std::string> files;       // that are in their place
-  std::vector<std::string> fileErrors;  // what went wrong with whole files
+  std::vector<std::string> files;       // paths of the committed files
+  std::vector<std::string> fileErrors;  // errors of whole files
   bool stopped = false;                 // the user cancelled, or the program ended
-  bool plantCut = false;                // the settings name more than could be taken
+  bool plantCut = false;                // see `Batch::PlantCut`
 
-  /// An export of nothing is no success: more likely the settings name no time controls.
+  /// An empty export is not a success: probably the settings contain no time controls.
   bool Succeeded() const {
     return planned > 0 && exported == planned && fileErrors.empty() && !stopped && !plantCut;
   }
 
-  /// In one sentence how it ended: how many of how many.
+  /// Returns the result in one sentence: how many of how many were exported.
   std::string Headline(const LanguageTexts& texts) const;
 
-  /// What is not exported and why, in lines.
+  /// Returns one line for each failure, with the reason.
   std::vector<std::string> Failures(const LanguageTexts& texts) const;
 
-  /// The same, and then where the files are.
+  /// Returns the failures, then the paths of the files.
   std::vector<std::string> Details(const LanguageTexts& texts) const;
 };
 

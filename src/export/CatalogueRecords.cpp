@@ -11,7 +11,7 @@
 namespace zek {
 namespace {
 
-// What reading a catalogue takes besides its lines.
+// What reading a catalogue needs besides its lines.
 struct Context {
   const CatalogueId& id;
   const RecordLabels& labels;

@@ -13,20 +13,20 @@
 
 namespace zek {
 
-/// A catalogue as its editor has read it.
+/// A catalogue as its editor reads it.
 struct LoadedCatalogue {
-  std::size_t linesLost = 0;         // lines that the table does not hold, those with "*" too
-  std::vector<std::string> records;  // the table as lines of the batch export
-  /// The lines that saving the unchanged table would send; nothing when a setting that they are
-  /// numbered by can't be used, which was shown. Valid as long as `settings` and `numbers` are.
+  std::size_t linesLost = 0;         // lines not in the table, including those with "*"
+  std::vector<std::string> records;  // the table as records of the batch export
+  /// Returns the lines that saving the unchanged table would send, or nothing, after a message, if
+  /// a setting for their line numbers is invalid. `settings` and `numbers` must outlive it.
   std::function<std::optional<BuiltLines>()> rebuild;
 };
 
-/// The first three "/"-separated fields of the node's text in front of "[".
+/// Returns the first three fields, separated by "/", of the node's text before "[".
 RecordLabels LabelsOf(const TreeNode& node);
 
-/// Reads a catalogue into its editor's table, without a window. Refused lines are shown as the
-/// editor shows them.
+/// Reads a catalogue into its editor's table, without a window. Shows refused lines as the editor
+/// does.
 LoadedCatalogue LoadCatalogue(const CatalogueId& id, const CatalogueContent& content,
                               const RecordLabels& labels, const Settings& settings,
                               const NumberReader& numbers);

@@ -15,8 +15,8 @@
 
 namespace zek {
 
-/// Why a table could not be turned into catalogue lines: a text number (lang/TextNumbers.h) and
-/// what stands in its places %1 to %3.
+/// The error when a table can't be turned into catalogue lines: a text number (lang/TextNumbers.h)
+/// and the values for its places %1 to %3.
 struct BuildError {
   std::int32_t text = 0;
   std::array<std::string, 3> values;
@@ -26,11 +26,11 @@ struct BuildError {
   }
 };
 
-/// The lines of a catalogue, all of them, or why there are none.
+/// All lines of a catalogue, or the error that prevented them.
 using BuiltLines = std::variant<std::vector<std::string>, BuildError>;
 
-/// Why a catalogue of `lines` lines can't be given another one with this number. `place` tells
-/// which line it would be, for the message.
+/// Returns an error if a catalogue of `lines` lines can't have one more line with this number.
+/// `place` returns a description of that line for the message.
 template <class Place>
 std::optional<BuildError> CheckLine(std::size_t lines, int number, int largestNumber, Place place) {
   if (lines >= kMaxCatalogueLines) {
@@ -43,7 +43,8 @@ std::optional<BuildError> CheckLine(std::size_t lines, int number, int largestNu
   return std::nullopt;
 }
 
-/// Why a value does not fit its columns: cut, it would be another value.
+/// Returns an error if a value does not fit its columns: a truncated value would be a different
+/// one.
 template <class Place>
 std::optional<BuildError> CheckValue(const std::string& value, std::size_t width, Place place) {
   if (value.size() <= width) return std::nullopt;

@@ -11,7 +11,7 @@ namespace {
 constexpr int kWeekdays = 7;
 constexpr std::size_t kAbbreviationLength = 3;
 
-// Day names are written with a small initial in the middle of a sentence in some languages.
+// Some languages write day names with a small initial within a sentence.
 std::string WithSmallInitial(std::string name) {
   if (name.empty()) return name;
   const auto code = static_cast<unsigned char>(name[0]);
@@ -27,7 +27,7 @@ std::string DayTypeAbbreviation(int type, const LanguageTexts& texts) {
   const std::string all = texts.Text(text::kDayTypesShort);
   if (all.size() >= kAbbreviationLength * (kCalendarDayTypes + 1))
     return all.substr(place * kAbbreviationLength, kAbbreviationLength);
-  // A language without this text still shows which day has which type.
+  // A language without this text shows the day's key.
   std::string key(type == kNoDayType ? "" : kDayKeys.at(place - 1));
   key.resize(kAbbreviationLength, ' ');
   return key;

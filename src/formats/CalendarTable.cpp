@@ -9,7 +9,7 @@ constexpr int kFebruary = 1;
 constexpr int kDecember = 11;
 constexpr std::array kMonthLengths = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
 
-// Bits of a date key.
+// The layout of a date key in bits.
 constexpr int kDayBits = 5;
 constexpr int kYearShift = 9;
 constexpr std::int32_t kDayMask = 31;
@@ -44,7 +44,7 @@ std::int32_t PackDate(const CalendarDate& date, int baseYear) {
 }
 
 CalendarDate UnpackDate(std::int32_t key, int baseYear) {
-  // The shift rounds down, so it holds for the years before the base year as well.
+  // The shift rounds down, so it is also right for years before the base year.
   return {baseYear + (key >> kYearShift), (key >> kDayBits) & kMonthMask, (key & kDayMask) + 1};
 }
 

@@ -21,23 +21,23 @@ struct CalendarDate {
   bool operator==(const CalendarDate&) const = default;
 };
 
-/// 28 to 31. February has 29 days in every year that 4 divides: all that a calendar can hold.
+/// Returns 28 to 31. Every year divisible by 4 is a leap year: enough for the years of a calendar.
 int MonthLength(int year, int month);
 
-/// True for a month 0 to 11 and a day that it has.
+/// True for a month 0 to 11 and a day that exists in it.
 bool IsDate(const CalendarDate& date);
 
 CalendarDate NextDay(CalendarDate date);
 
-/// The date in one number that orders as dates do: the years since the base year × 512 + the month
-/// × 32 + the day less 1; below 0 before the base year.
+/// A date as one number with the order of dates: (year - base year) × 512 + month × 32 + day - 1.
+/// It is negative before the base year.
 std::int32_t PackDate(const CalendarDate& date, int baseYear);
 CalendarDate UnpackDate(std::int32_t key, int baseYear);
 
-/// The key of the day after.
+/// Returns the key of the next day.
 std::int32_t NextKey(std::int32_t key, int baseYear);
 
-/// One place of the calendar: a date (see `PackDate`) and its day type, 0 when it is free.
+/// One place of the calendar: a date (see `PackDate`) and its day type, 0 if the place is free.
 struct CalendarEntry {
   std::int32_t date = 0;
   std::int16_t type = kNoDayType;
@@ -55,21 +55,21 @@ class CalendarTable {
 
   int BaseYear() const { return baseYear_; }
 
-  /// The entries in use, in the order in which they came until they are sorted.
+  /// The entries in use, in the order in which they were added until `Sort`.
   std::span<const CalendarEntry> Used() const { return std::span(entries_).first(used_); }
 
-  /// `kNoDayType` for a day without an entry.
+  /// Returns `kNoDayType` for a day without an entry.
   std::int16_t TypeOn(const CalendarDate& date) const;
 
-  /// Adds an entry for each day of a run, whatever there is already. False when the places ended
-  /// before the run: the days before that are stored.
+  /// Adds an entry for each day of a run, without replacing any. Returns false if the table became
+  /// full; the days before that are stored.
   bool Add(const CalendarDate& first, const CalendarDate& last, std::int16_t type);
 
-  /// Gives every day of a run one entry of that type, or removes all its entries (`kNoDayType`).
-  /// False when there are too few places: nothing has changed then.
+  /// Gives every day of a run exactly one entry of that type, or removes all its entries
+  /// (`kNoDayType`). Returns false, with nothing changed, if there are too few places.
   bool Give(const CalendarDate& first, const CalendarDate& last, std::int16_t type);
 
-  /// Orders the entries by date; those of the same date keep their order.
+  /// Sorts the entries by date; entries of the same date keep their order.
   void Sort();
 
   bool operator==(const CalendarTable&) const = default;
@@ -79,10 +79,10 @@ class CalendarTable {
 
   int baseYear_;
   std::size_t used_ = 0;
-  std::array<CalendarEntry, kCalendarEntries> entries_;  // those in use stand first
+  std::array<CalendarEntry, kCalendarEntries> entries_;  // those in use come first
 };
 
-/// Tables that show and save the same: their entries may stand in another order.
+/// True when both tables show and save the same; the order of the entries does not matter.
 struct SameCalendar {
   bool operator()(CalendarTable left, CalendarTable right) const;
 };

@@ -20,7 +20,7 @@ constexpr std::size_t kPltDateColumn = 6;
 constexpr std::size_t kTypeKeyLength = 3;
 static_assert(kDayKeys.size() == kCalendarDayTypes);
 
-// --- Reading ---
+// --- Parsing ---
 
 struct CalendarLine {
   std::string_view number;
@@ -44,12 +44,12 @@ CalendarLine Cut(std::string_view line) {
   return cut;
 }
 
-// The year that a date field means; nothing when it is none that the controller can have.
+// Returns the year of a date field; nothing if no controller accepts it.
 std::optional<int> ParseYear(std::string_view text, const CalendarYears& years) {
   constexpr int twoDigits = 100;
   constexpr int firstTwoDigits = CalendarYears::kFirst % twoDigits;
   text = Trim(text);
-  // Digits alone: behind them could stand a second date that lacks its "..".
+  // Only digits are valid: other characters may be a second date without its "..".
   if (text.empty() || text.find_first_not_of("0123456789") != std::string_view::npos) {
     return std::nullopt;
   }
@@ -90,7 +90,7 @@ std::optional<DateRun> ParseRun(std::string_view text, const CalendarYears& year
   return DateRun{*first, *last};
 }
 
-// The day type of a key; nothing for an unknown one. Only three characters count.
+// Returns the day type of a key, or nothing for an unknown one. Only three characters count.
 std::optional<std::int16_t> ParseType(std::string_view text) {
   const std::string_view key = Trim(text.substr(0, kTypeKeyLength));
   const auto* const found = std::find(kDayKeys.begin(), kDayKeys.end(), key);
@@ -98,7 +98,7 @@ std::optional<std::int16_t> ParseType(std::string_view text) {
   return static_cast<std::int16_t>(found - kDayKeys.begin() + 1);
 }
 
-// Puts a line into the table; the text number of the reason when it can't, or not whole.
+// Stores a line in the table; returns the text number of the error if not all of it was stored.
 std::optional<std::int32_t> StoreLine(CalendarTable& table, const CalendarLine& line,
                                       const CalendarYears& years) {
   const std::optional<DateRun> run = ParseRun(line.dates, years);
@@ -111,7 +111,7 @@ std::optional<std::int32_t> StoreLine(CalendarTable& table, const CalendarLine& 
 
 // --- Building ---
 
-// The layouts up to where the day type begins.
+// The layouts up to the start of the day type.
 constexpr std::string_view kOrdinaryBlank =
     "      !                                                    !";
 constexpr std::string_view kPltBlank = "                               !";

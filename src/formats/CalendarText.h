@@ -14,8 +14,8 @@
 
 namespace zek {
 
-/// The text form of a special-day calendar: numbered lines, one a date or a run of dates, with
-/// fields between "!". Columns count from 1.
+/// The text form of a special-day calendar: numbered lines, one for a date or a run of dates, with
+/// fields separated by "!". Columns count from 1.
 ///
 /// | Layout of ordinary time controls        | Layout of "PLT" time controls             |
 /// |-----------------------------------------|-------------------------------------------|
@@ -30,10 +30,10 @@ namespace zek {
 ///  " 1000 !24-DEC-26..26-DEC-26                                !SD1"
 ///  " 701  24-DEC-2026..26-DEC-2026 !SD1"
 
-/// Which years a controller's dates can have.
+/// The years that a controller's dates can have.
 struct CalendarYears {
   Generation generation = Generation::Zek1;
-  int lastTwoDigitYear = 20;  // ZEK1: 0 to this means 2000 and on, 94 to 99 the years from 1994
+  int lastTwoDigitYear = 20;  // ZEK1: 00 to this mean 2000 and later, 94 to 99 mean 1994 to 1999
   int lastYear = 2030;        // ZEK2
 
   static constexpr int kFirst = 1994;
@@ -44,11 +44,11 @@ struct CalendarYears {
 
 CalendarYears YearsOf(const Settings& settings, Generation generation);
 
-/// A line that was not read, or not read whole.
+/// A line that was not read, or only in part.
 struct RefusedDates {
   /// text::kDatesWrong, text::kDayTypeUnknown or text::kCalendarCut.
   std::int32_t text = 0;
-  std::string number;  // the line's own, as it stands there
+  std::string number;  // the line number as it was read
   std::string line;
 
   bool operator==(const RefusedDates&) const = default;
@@ -56,21 +56,22 @@ struct RefusedDates {
 
 struct CalendarReading {
   CalendarTable table;
-  /// In the order of the lines. Of those for which there was no place left only the first.
+  /// In the order of the lines. Of the lines that found the table full only the first is listed.
   std::vector<RefusedDates> refused;
-  /// Lines that `table` does not hold whole: the refused ones and those with "*" for a date.
+  /// The lines that `table` does not contain completely: the refused ones and those with "*" as a
+  /// date.
   std::size_t linesLost = 0;
 };
 
-/// Reads the lines of a calendar; `baseYear` is the first year that is shown. A line has the "PLT"
-/// layout when text stands where its date would be, whatever control is asked for: all controls of
-/// a controller share one calendar.
+/// Parses the lines of a calendar; `baseYear` is the first year shown. A line has the "PLT" layout
+/// if there is text where its date would be, regardless of the control: all controls of a
+/// controller share one calendar.
 CalendarReading ReadCalendar(std::span<const std::string> lines, const CalendarYears& years,
                              int baseYear);
 
-/// The calendar in the layout of the time control `name`, in the order of the dates, each run of
-/// consecutive days with the same type as one line. A 202nd line or a line number that its columns
-/// can't hold gives an error and no lines.
+/// Builds the lines of a calendar in the layout of the time control `name`, in the order of dates.
+/// Consecutive days of the same type become one line. A 202nd line, or a line number too wide for
+/// its columns, returns an error and no lines.
 BuiltLines BuildCalendar(CalendarTable table, std::string_view name, Generation generation);
 
 }  // namespace zek

@@ -10,11 +10,11 @@
 
 namespace zek {
 
-/// The boxes of a row in the order of the Enter key.
+/// The boxes of a row, in the order of the Enter key.
 enum class ExceptionBox { DateOn, Start, ValueOn, DateOff, Stop, ValueOff };
 inline constexpr std::size_t kExceptionBoxes = 6;
 
-/// A text for each box of a row.
+/// The text of each box of a row, windows-1252.
 struct ExceptionTexts {
   std::array<std::string, kExceptionBoxes> texts;
 
@@ -29,17 +29,16 @@ struct ExceptionTexts {
 /// "2026-12-24".
 std::string DateText(Moment moment);
 
-/// What the boxes show: nothing for an unused row, else dates as "2026-12-24", times as "07:05"
-/// and values; a stop date or stop value that there is none of, and the time of a stop of 0, are
-/// empty.
+/// Returns what the boxes show: dates as "2026-12-24", times as "07:05", and values. Empty are all
+/// boxes of an unused row, a missing stop date or stop value, and the time of a stop of 0.
 ExceptionTexts TextsOf(const OvcRow& row, char decimalSeparator);
 
-/// 00:00 of a date as it is typed, "2026-12-24" or "20261224"; nothing when it is refused: the
-/// year must be 0 to 20 or 90 to 9999, the month 1 to 12, the day 1 to 31 in any month.
+/// Parses a typed date, "2026-12-24" or "20261224", as 00:00 of that day. Returns nothing unless
+/// the year is 0 to 20 or 90 to 9999, the month 1 to 12 and the day 1 to 31 (in any month).
 std::optional<Moment> TypedExceptionDate(std::string_view text);
 
-/// A time as it is typed, "07:05", "7:05" or "0705"; nothing when it is refused: hours and minutes
-/// must be digits, at most two each, 0 to 24 and 0 to 59. What is missing is 0.
+/// Parses a typed time, "07:05", "7:05" or "0705". Returns nothing unless hours (0 to 24) and
+/// minutes (0 to 59) have at most two digits each. A missing part is 0.
 std::optional<Moment> TypedExceptionTime(std::string_view text);
 
 }  // namespace zek

@@ -12,7 +12,7 @@ using std::chrono::minutes;
 using std::chrono::sys_days;
 
 constexpr double kNumberLimit = 9999;
-constexpr int kFirstYear = 100;  // below are years of two digits
+constexpr int kFirstYear = 100;  // years below have two digits
 constexpr sys_days kDayZero =
     std::chrono::year(1899) / std::chrono::December / std::chrono::day(30);
 

@@ -8,9 +8,8 @@
 
 namespace zek {
 
-/// Whole minutes since 1899-12-30 00:00, which is exact where a number of days with the time of
-/// day as its fraction is not. Up to `kMinutesOfDay` (1.0 as days) a moment is a time of day alone,
-/// 24:00 included; above that it has a date.
+/// Whole minutes since 1899-12-30 00:00: exact, unlike days with a fraction. Up to `kMinutesOfDay`
+/// (one day) a moment is only a time of day, including 24:00; above that it has a date.
 using Moment = std::int64_t;
 
 struct DateParts {
@@ -19,12 +18,12 @@ struct DateParts {
   int day = 0;
 };
 
-/// 00:00 of a date. The numbers are rounded, the month is kept within 1 to 12 and the year within
-/// 100 to 9999, after years 0 to 29 have become 2000 to 2029 and 30 to 99 1930 to 1999. A day that
-/// the month lacks rolls over (31 February is a day in March); numbers of any size do no harm.
+/// Returns 00:00 of a date. Numbers are rounded. Years 0 to 29 become 2000 to 2029, years 30 to 99
+/// 1930 to 1999; then the year is limited to 100 to 9999 and the month to 1 to 12. A day beyond its
+/// month rolls over (31 February is a day in March). Numbers of any size are safe.
 Moment DateMoment(double year, double month, double day);
 
-/// Hours and minutes as minutes; more than a day's are days in a moment with a date.
+/// Converts hours and minutes to minutes; more than a day gives a moment with a date.
 Moment TimeMoment(double hours, double minutes);
 
 DateParts DateOf(Moment moment);
@@ -32,16 +31,16 @@ int TimeOfDay(Moment moment);  // 0 to 1439
 
 inline constexpr std::size_t kExceptionRows = 8;
 
-/// One exception: from `start` to `stop` the values hold instead of the weekday catalogue's.
+/// One exception: from `start` to `stop` its values replace those of the weekday catalogue.
 struct OvcRow {
   bool used = false;
   Moment start = 0;
-  Moment stop = 0;  // a time alone where there is no stop date
+  Moment stop = 0;  // only a time if there is no stop date
   float valueOn = 0;
   float valueOff = kNoValue;
 
   bool HasStopDate() const { return stop > kMinutesOfDay; }
-  /// 0 to 1440: a stop of 24:00 without a date stays 24:00.
+  /// Returns 0 to 1440: a stop of 24:00 without a date stays 24:00.
   int StopTime() const { return stop == kMinutesOfDay ? kMinutesOfDay : TimeOfDay(stop); }
 
   bool operator==(const OvcRow&) const = default;
@@ -54,8 +53,8 @@ struct ExceptionTable {
   bool operator==(const ExceptionTable&) const = default;
 };
 
-/// Tables that show and save the same. What is left in an unused row shows only when it is used
-/// again.
+/// True when both tables show and save the same. The fields of unused rows do not count: they show
+/// only after the row is used again.
 struct SameExceptions {
   bool operator()(const ExceptionTable& left, const ExceptionTable& right) const;
 };

@@ -26,18 +26,18 @@ struct Years {
 constexpr Years kOldYears{1990, 2089};
 constexpr Years kModernYears{1900, 9999};
 
-// --- Reading ---
+// --- Parsing ---
 
 enum class Fate {
   Kept,     // another control's
   Own,      // this control's
-  Dropped,  // not read and, when the catalogue is saved, not kept
+  Dropped,  // not read, and lost when the catalogue is saved
 };
 
 Fate FateOf(std::string_view line, const ExceptionOwner& owner) {
   const std::size_t star = line.find('*');
   const bool starred = star != std::string_view::npos;
-  // In columns 8, 16 and so on it is let through: a name on a ZEK1 begins in one of them.
+  // A "*" in columns 8, 16 and so on is accepted: a name on a ZEK1 begins in one of them.
   if (starred && (star + 1) % 8 != 0) return Fate::Dropped;
   if (IsModern(owner) || Trim(GetField(line, 1, kFieldMark)) == LineName(owner.name)) {
     return Fate::Own;
@@ -45,8 +45,8 @@ Fate FateOf(std::string_view line, const ExceptionOwner& owner) {
   return starred ? Fate::Dropped : Fate::Kept;
 }
 
-// The date at a column (from 0) of a field: DD-MON-YY (ZEK1) or DD-MON-YYYY (ZEK2). The 31st of a
-// shorter month is a day of the next one; what is no date must not become some other date.
+// Parses the date at a column (from 0) of a field: DD-MON-YY (ZEK1) or DD-MON-YYYY (ZEK2). The 31st
+// of a shorter month is a day of the next one. Text that is not a date must not become one.
 std::optional<Moment> DateAt(std::string_view field, std::size_t column, Generation generation) {
   constexpr double longestMonth = 31;
   const bool modern = generation == Generation::Zek2;
@@ -62,7 +62,8 @@ std::optional<Moment> DateAt(std::string_view field, std::size_t column, Generat
   return DateMoment(year, *month + 1, day);
 }
 
-// The time HH:MM at a column; text that is no number reads as 0, a time that no day has is none.
+// Parses the time HH:MM at a column. Text that is not a number reads as 0; a time beyond 24:59
+// gives nothing.
 std::optional<Moment> TimeAt(std::string_view field, std::size_t column) {
   constexpr double lastHour = 24;
   constexpr double minutesOfHour = 60;
@@ -72,8 +73,8 @@ std::optional<Moment> TimeAt(std::string_view field, std::size_t column) {
   return TimeMoment(std::max(hours, 0.0), std::max(minutes, 0.0));
 }
 
-// Whether a second date or time stands behind the first one, which ends before a column. Nothing
-// when something else stands there: moved by a column, a stop would be lost without a word.
+// Reports whether a second date or time follows the first one, which ends before a column. Returns
+// nothing if other text follows: a stop shifted by a column would be lost silently.
 std::optional<bool> HasRangeAt(std::string_view field, std::size_t column) {
   const std::string_view rest = FromColumn(field, column);
   if (rest.starts_with(kRangeMark)) return true;
@@ -88,7 +89,7 @@ std::optional<Moment> OldMomentAt(std::string_view field, std::size_t column) {
   return date && time ? std::optional(*date + *time) : std::nullopt;
 }
 
-// The moments of a ZEK1 line's field 2; nothing when one of them is none.
+// Parses the start and stop in field 2 of a ZEK1 line; returns nothing if one is invalid.
 std::optional<OvcRow> OldMoments(std::string_view field) {
   constexpr std::size_t rangeColumn = 15;
   constexpr std::size_t stopColumn = 17;
@@ -103,7 +104,7 @@ std::optional<OvcRow> OldMoments(std::string_view field) {
   return row;
 }
 
-// The same of a ZEK2 line's dates and times.
+// Parses the dates and times of a ZEK2 line in the same way.
 std::optional<OvcRow> ModernMoments(std::string_view dates, std::string_view times) {
   constexpr std::size_t rangeColumn = 11;
   constexpr std::size_t stopColumn = 13;
@@ -123,8 +124,8 @@ std::optional<OvcRow> ModernMoments(std::string_view dates, std::string_view tim
   return row;
 }
 
-// The exception in one of the owner's lines; nothing when a date or time is none, or a field is
-// missing: a stop value that was cut off must not be sent as 0.
+// Parses a line of the owner. Returns nothing if a date or time is invalid or a field is missing: a
+// stop value that was cut off must not be sent as 0.
 std::optional<OvcRow> ParseLine(std::string_view line, Generation generation) {
   constexpr std::size_t modernDateColumn = 6;
   const bool modern = generation == Generation::Zek2;
@@ -152,12 +153,11 @@ std::optional<OvcRow> ParseLine(std::string_view line, Generation generation) {
 constexpr std::size_t kOldValueWidth = 9;
 constexpr std::size_t kModernValueWidth = 6;
 
-// The layouts up to where the values begin.
+// The layouts up to the start of the values.
 constexpr std::string_view kOldBlank =
     "      !            !                                       ";
 constexpr std::string_view kModernBlank = "                               !             ";
 
-// Where the line numbers start.
 int FirstNumber(const ExceptionOwner& owner, std::span<const std::string> lines,
                 const ExceptionOptions& options) {
   constexpr std::int64_t limit = 1'000'000;
@@ -241,7 +241,7 @@ class ExceptionBuilder {
     if (auto error = CheckLine(lines_.size(), number, kLargestLineNumber, place)) return error;
     if (number < 1) return BuildError{text::kLineNumberTooSmall, {std::to_string(number), {}, {}}};
     if (auto error = CheckValue(valueOn, ValueWidth(), place)) return error;
-    // A stop below 0 is a date as well, one that the boxes can't show.
+    // A stop below 0 also has a date, though the boxes can't show it.
     const bool hasStop = row.HasStopDate() || row.stop < 0;
     if (auto error = CheckYear(row.start)) return error;
     return hasStop ? CheckYear(row.stop) : std::nullopt;

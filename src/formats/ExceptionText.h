@@ -14,14 +14,14 @@
 
 namespace zek {
 
-/// How the lines of an exception catalogue are numbered, see `BuildExceptions`.
+/// The numbering of the lines of an exception catalogue, see `BuildExceptions`.
 struct ExceptionOptions {
   std::int16_t OVCStartRow = 1;
   std::int16_t OVCMultiplyPLT = 0;
 };
 
-/// The text form of an exception catalogue: numbered lines, one an exception, with fields between
-/// "!". Months are JAN to DEC. Columns count from 1.
+/// The text form of an exception catalogue: numbered lines, one for each exception, with fields
+/// separated by "!". Months are JAN to DEC. Columns count from 1.
 ///
 /// | ZEK1                                      | ZEK2                                       |
 /// |-------------------------------------------|--------------------------------------------|
@@ -37,21 +37,21 @@ struct ExceptionOptions {
 /// | 70     "!"                                | 54-    stop value, "." for none            |
 /// | 71-    stop value, "." for none           |                                            |
 ///
-/// A start value of none is "." alone, without the blanks behind it. A ZEK1 line has years 1990 to
-/// 2089 and, without a stop date, no stop time either. Line 101 of PLT1 and line 1 of a ZEK2:
+/// A missing start value is "." alone, without trailing blanks. A ZEK1 line has years 1990 to 2089
+/// and, without a stop date, no stop time either. Line 101 of PLT1 and line 1 of a ZEK2:
 ///  "  101 !PLT1        !24-DEC-26,08:00..26-DEC-26,17:00       !21       !16"
 ///  "1     24-DEC-2026..26-DEC-2026 !08:00..17:00 !21    !16"
 
-/// Whose lines are meant. A ZEK1 lists the exceptions of all time controls together; what a ZEK2
-/// lists is one control's.
+/// The control whose lines are read. A ZEK1 lists the exceptions of all time controls together; a
+/// ZEK2 lists those of one control.
 struct ExceptionOwner {
-  std::string name;  // compared in its case, by as much as a line holds
+  std::string name;  // compared with case, up to the length that a line holds
   Generation generation = Generation::Zek1;
 };
 
 /// A line that was not read.
 struct RefusedException {
-  /// text::kExceptionRefused or, for the one that was too many, text::kExceptionsFull.
+  /// text::kExceptionRefused or, for the first line beyond the table, text::kExceptionsFull.
   std::int32_t text = 0;
   std::string line;
 
@@ -59,35 +59,35 @@ struct RefusedException {
 };
 
 struct ExceptionReading {
-  ExceptionTable table;  // latest start first; in the order of the lines when there were too many
+  ExceptionTable table;  // latest start first; in the order of the lines if there were too many
   std::vector<RefusedException> refused;
-  /// Lines that are gone once the table is saved: refused ones, this control's after the one too
-  /// many, and those dropped for a "*".
+  /// The number of lines that saving the table would lose: refused lines, this control's lines from
+  /// the first one beyond the table on, and lines dropped because of a "*".
   std::size_t linesLost = 0;
 };
 
-/// Reads the owner's lines. A line whose first "*" stands in a column that is no multiple of 8 is
-/// not read; a line that lacks a field or has a date or time that is none (an unknown month, a day
-/// 0, no year) is refused. The line after the eighth ends the reading. Text that is no number reads
-/// as 0, a stop time without a date beyond 24:00 as 24:00.
+/// Parses the owner's lines. A line whose first "*" is in a column that is not a multiple of 8 is
+/// not read. A line is refused if it lacks a field or has an invalid date or time (an unknown
+/// month, a day 0, no year). The first line after eight exceptions ends the reading. Text that is
+/// not a number reads as 0, a stop time without a date beyond 24:00 as 24:00.
 ExceptionReading ReadExceptions(std::span<const std::string> lines, const ExceptionOwner& owner);
 
-/// The catalogue that follows on `lines`, the old one: on a ZEK1 first the lines of the others,
-/// but for those with a "*", on a ZEK2 the table's lines alone. Line numbers start, for a "PLT"
-/// name, at its number times `OVCMultiplyPLT` plus `OVCStartRow`, else at the first old line's
-/// number or, without one, at `OVCStartRow`. A 202nd line, and a line number, start value or year
-/// that its columns can't hold, gives an error and no lines.
+/// Builds the catalogue that replaces the old one, `lines`. On a ZEK1 the lines of other controls
+/// come first, except those with a "*"; on a ZEK2 there are only the table's lines. Line numbers
+/// start, for a "PLT" name, at its number times `OVCMultiplyPLT` plus `OVCStartRow`; for others at
+/// the first old line's number or, without one, at `OVCStartRow`. A 202nd line, or a line number,
+/// start value or year that does not fit its columns, returns an error and no lines.
 BuiltLines BuildExceptions(const ExceptionTable& table, const ExceptionOwner& owner,
                            std::span<const std::string> lines, const ExceptionOptions& options,
                            char decimalSeparator);
 
-/// The settings of section `SaveOptionsZEK1` or `SaveOptionsZEK2`, by default 1 and 100 or 1 and 0.
-/// Nothing when one does not fit 16 bits, which was told.
+/// Reads the settings of section `SaveOptionsZEK1` (default 1 and 100) or `SaveOptionsZEK2`
+/// (default 1 and 0). Returns nothing, after a message, if one does not fit 16 bits.
 std::optional<ExceptionOptions> ReadExceptionOptions(const NumberReader& numbers,
                                                      Generation generation);
 
-/// The rows whose stop time no line of theirs can hold, as "24-DEC-26,08:00..17:00": on a ZEK1 a
-/// stop stands in the line with its date or not at all.
+/// Returns the rows whose stop time does not fit into a line, as "24-DEC-26,08:00..17:00": a ZEK1
+/// line has a stop time only together with a stop date.
 std::vector<std::string> LostStopTimes(const ExceptionTable& table, Generation generation);
 
 }  // namespace zek

@@ -14,7 +14,7 @@ namespace {
 constexpr std::string_view kValueOnHead = ";;;Startvärde;"_w1252;
 constexpr std::string_view kValueOffHead = ";;;Stoppvärde;"_w1252;
 
-// Adds `head` and the 14 cells as a line; true when one of the cells holds text.
+// Adds `head` and the 14 cells as a line; returns true if one of the cells contains text.
 template <class CellText>
 bool AddRecord(std::vector<std::string>& records, std::string head, CellText cellText) {
   bool filled = false;

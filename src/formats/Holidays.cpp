@@ -12,8 +12,8 @@ namespace {
 
 constexpr int kFirstYear = 1992;
 
-// A "," and four digits MMDD for each holiday of a year, as they have always been: two years are
-// out of order and several miss days, and both is kept.
+// For each year, a "," and four digits MMDD per holiday. The lists are kept as they have always
+// been: two years are out of order and several miss days.
 constexpr auto kHolidays = std::to_array<std::string_view>({
     ",0101,0106,0417,0420,0501,0528,0608,0620,1031,1225,1226",  // 1992
     ",0101,0106,0409,0412,0501,0520,0531,0626,1106,1225,1226",  // 1993

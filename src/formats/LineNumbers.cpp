@@ -24,7 +24,7 @@ bool IsPltName(std::string_view name) { return EqualNoCase(name.substr(0, kPlt.s
 int PltNumber(std::string_view name) {
   if (!IsPltName(name)) return 0;
   const std::string_view rest = Trim(name.substr(kPlt.size()));
-  // The digits alone: a point, a sign or an exponent is part of the name.
+  // Only the digits count: a point, a sign or an exponent is part of the name.
   return LimitedInt(Val(rest.substr(0, rest.find_first_not_of("0123456789"))));
 }
 
@@ -44,7 +44,7 @@ int LineNumbers::Next() {
   for (const int number : before_) {
     if (number == next_) ++next_;
   }
-  // The lines appended so far rise up to the last one, so none but that can be equal.
+  // The numbers of the appended lines increase, so only the last one can be equal.
   if (next_ == last_) ++next_;
   last_ = next_;
   return next_;

@@ -10,18 +10,18 @@
 namespace zek {
 
 inline constexpr std::size_t kWeekdayDays = 14;  // Monday to Sunday, then SD1 to SD7
-inline constexpr std::size_t kWeekdayRows = 16;  // switch rows a day
+inline constexpr std::size_t kWeekdayRows = 16;  // switch rows per day
 inline constexpr std::size_t kDaysOfType = 7;    // days 0 to 6 are type 0, days 7 to 13 type 1
 inline constexpr std::int16_t kNoTime = -1;
 
 /// One switch row of a day. Times are minutes after midnight, 0 to `kMinutesOfDay`.
 struct WeekdayRow {
   std::int16_t start = kNoTime;
-  std::int16_t stop = kNoTime;  // none in a used row: it switches on and has no interval
+  std::int16_t stop = kNoTime;  // `kNoTime` in a used row: it switches on and has no interval
   float valueOn = 0;
   float valueOff = kNoValue;
 
-  /// A row without a start time is empty, whatever else it holds: it is not written.
+  /// A row without a start time is empty, whatever its other fields are: it is not written.
   bool Used() const { return start != kNoTime; }
 
   bool operator==(const WeekdayRow&) const = default;
@@ -33,7 +33,7 @@ struct WeekdayTable {
 
   void Clear() { *this = {}; }
 
-  /// Used rows of the seven days of `type` (0 Monday to Sunday, 1 SD1 to SD7), all days together.
+  /// Counts the used rows of the seven days of `type` (0 Monday to Sunday, 1 SD1 to SD7) together.
   std::size_t UsedRows(std::size_t type) const {
     std::size_t used = 0;
     for (std::size_t day = type * kDaysOfType; day < (type + 1) * kDaysOfType; ++day) {

@@ -23,10 +23,10 @@ constexpr std::string_view kDigits = "0123456789";
 constexpr std::size_t kPltDayColumn = 6;  // from 0
 static_assert(kDayKeys.size() == kWeekdayDays);
 
-// Whose lines are meant: all lines of a "PLT" control, else those with its name.
+// The control whose lines are read: all lines of a "PLT" control, else those with its name.
 struct Owner {
   bool plt;
-  std::string_view name;  // as much of it as a line holds
+  std::string_view name;  // cut to the length that a line holds
 
   explicit Owner(std::string_view fullName) : plt(IsPltName(fullName)), name(LineName(fullName)) {}
 
@@ -35,9 +35,9 @@ struct Owner {
   }
 };
 
-// --- Reading ---
+// --- Parsing ---
 
-// What follows the number and the name; nothing when the line is another control's.
+// Returns the part after the number and the name; nothing if the line is another control's.
 std::optional<std::string_view> OwnPart(std::string_view line, const Owner& owner) {
   if (owner.plt) return FromColumn(line, kPltDayColumn);
   TakeField(line);  // the number
@@ -54,7 +54,7 @@ struct DayRange {
   std::size_t last;
 };
 
-// Takes a day key off the front of `text`.
+// Removes a day key from the start of `text` and returns its day.
 std::optional<std::size_t> TakeDay(std::string_view& text) {
   if (text.starts_with("SD")) {
     const std::string_view rest = text.substr(2);
@@ -86,7 +86,7 @@ std::optional<DayRange> ParseDays(std::string_view text) {
   return DayRange{*first, *last};
 }
 
-// The time HH:MM at column `start` (from 0) of the time field.
+// Parses the time HH:MM at column `start` (from 0) of the time field.
 std::int16_t ParseTime(std::string_view field, std::size_t start) {
   const double minutes = NumberAt(field, start, 2) * 60 + NumberAt(field, start + 3, 2);
   return ToInt16(std::clamp(minutes, 0.0, double{kMinutesOfDay})).value_or(0);
@@ -105,7 +105,7 @@ WeekdayRow ParseRow(std::string_view rest, bool plt) {
   return row;
 }
 
-// The index of the first free row of each day of the range; nothing when one day is full.
+// Returns the first free row of each day of the range; nothing if one day is full.
 std::optional<std::array<std::size_t, kWeekdayDays>> FreeRows(const WeekdayTable& table,
                                                               DayRange range) {
   std::array<std::size_t, kWeekdayDays> rows{};
@@ -119,16 +119,16 @@ std::optional<std::array<std::size_t, kWeekdayDays>> FreeRows(const WeekdayTable
   return rows;
 }
 
-// Puts a line into the table; the text number of the reason when it can't. `rest` begins with the
-// day key.
+// Stores a line in the table; returns the text number of the error if that fails. `rest` begins
+// with the day key.
 std::optional<std::int32_t> StoreLine(WeekdayTable& table, std::string_view rest, bool plt) {
   const std::optional<DayRange> range = ParseDays(TakeField(rest));
   if (!range) return text::kDayUnknown;
-  // Times and values; a stop value that was cut off must not be sent as 0.
+  // Require times and values: a stop value that was cut off must not be sent as 0.
   if (std::count(rest.begin(), rest.end(), kFieldMark.front()) < (plt ? 1 : 2)) {
     return text::kLineIncomplete;
   }
-  // All days are looked at before one is filled: a line is stored whole or not at all.
+  // Check all days before storing: a line is stored completely or not at all.
   const auto rows = FreeRows(table, *range);
   if (!rows) return text::kDayFull;
   const WeekdayRow row = ParseRow(rest, plt);
@@ -143,7 +143,7 @@ std::optional<std::int32_t> StoreLine(WeekdayTable& table, std::string_view rest
 constexpr std::size_t kValueWidth = 9;
 constexpr std::size_t kPltValueWidth = 6;
 
-// The layouts up to where their last field begins.
+// The layouts up to the start of their last field.
 constexpr std::string_view kOrdinaryBlank =
     "      !            !             !                         !         !";
 constexpr std::string_view kPltBlank = "                               !             !      ";
@@ -177,7 +177,7 @@ class WeekdayBuilder {
     lines_.reserve(kMaxCatalogueLines);
   }
 
-  // One line for each group of consecutive days of [first, last] that are equal in `row`.
+  // Adds one line for each group of consecutive days in [first, last] that are equal in `row`.
   void AddRow(const WeekdayTable& table, std::size_t row, DayRange days) {
     for (std::size_t day = days.first; day <= days.last && !error_; ++day) {
       const WeekdayRow& cells = table.days[day][row];

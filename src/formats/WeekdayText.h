@@ -12,8 +12,8 @@
 
 namespace zek {
 
-/// The text form of a weekday catalogue: numbered lines, one a switch row of a day or of a range
-/// of days, with fields between "!". Columns count from 1.
+/// The text form of a weekday catalogue: numbered lines, one for a switch row of a day or a range
+/// of days, with fields separated by "!". Columns count from 1.
 ///
 /// | Layout of ordinary time controls          | Layout of "PLT" time controls             |
 /// |-------------------------------------------|-------------------------------------------|
@@ -33,7 +33,7 @@ namespace zek {
 ///  " 1000 !TSC1        !MO..FR       !07:00..16:30             !21       !17"
 ///  " 701  MO..FR                   !07:00..16:30 !21    "
 
-/// The line at which reading stopped.
+/// The line at which parsing stopped.
 struct RefusedLine {
   std::int32_t text = 0;  // text::kDayUnknown, text::kLineIncomplete or text::kDayFull
   std::string line;
@@ -44,26 +44,27 @@ struct RefusedLine {
 struct WeekdayReading {
   WeekdayTable table;
   std::optional<RefusedLine> refused;
-  /// Lines of this time control that `table` does not hold: the refused one and all after it.
+  /// The lines of this time control that `table` does not contain: the refused one and all after
+  /// it.
   std::size_t linesLost = 0;
-  /// Where line numbers start when the table is written: for a "PLT" name as `FirstLineNumber`
-  /// has it, else the number of the time control's first line (1000 when there is none).
+  /// The first line number when the table is written: `FirstLineNumber` for a "PLT" name, else the
+  /// number of the time control's first line (1000 if it has no lines).
   int nextLineNumber = 0;
 };
 
-/// Reads the lines of the time control `name`. A name field is compared in its case and without
-/// the blanks around it; an empty name takes the lines without one. Text that is not a number
-/// reads as 0, and a time beyond 24:00 as 24:00.
+/// Parses the lines of the time control `name`. A name field is compared with case and without the
+/// blanks around it; an empty name reads the lines without one. Text that is not a number reads as
+/// 0, and a time beyond 24:00 as 24:00.
 WeekdayReading ReadWeekday(std::span<const std::string> lines, std::string_view name);
 
 enum class BuildStart {
-  Afresh,      // the new catalogue holds the table's lines only
-  FromBuffer,  // it keeps the old lines, but for those with this name or a "*"
+  Afresh,      // the new catalogue has only the table's lines
+  FromBuffer,  // it also keeps the old lines, except those with this name or a "*"
 };
 
-/// The catalogue that follows on `lines`, the old one. Equal rows of consecutive days (Monday to
-/// Sunday, SD1 to SD7) become one line; lines are ordered by row, then by day. A 202nd line, a line
-/// number or a start value that its columns can't hold gives an error and no lines.
+/// Builds the catalogue that replaces the old one, `lines`. Equal rows of consecutive days (Monday
+/// to Sunday, SD1 to SD7) become one line; lines are ordered by row, then by day. A 202nd line, or
+/// a line number or start value that does not fit its columns, returns an error and no lines.
 BuiltLines BuildWeekday(const WeekdayTable& table, std::string_view name,
                         std::span<const std::string> lines, BuildStart start,
                         char decimalSeparator);

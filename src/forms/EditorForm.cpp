@@ -63,8 +63,8 @@ wxSizer* EditorForm::NewUndoAndRedo(Mnemonics& letters) {
   };
   undo_ = command("Command_Undo", text::kUndo, text::kUndoHint);
   redo_ = command("Command_Redo", text::kRedo, text::kRedoHint);
-  // By a button that takes the focus the box would have been left: what was typed would be a step,
-  // or be refused and leave the click to the step before.
+  // A click on the button would move the focus out of the box first. The box would then record the
+  // typed text as a step of its own, or reject it, and the click would undo the step before.
   undo_->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
     const bool typed = HasEntry();
     if (typed) StepBack();
@@ -102,7 +102,7 @@ void EditorForm::OnKey(wxKeyEvent& event) {
   const bool control = modifiers == wxMOD_CONTROL;
   if (control && key == 'S') {
     Save();
-  } else if (control && key == 'Z') {  // never the box's own undo, which knows its text alone
+  } else if (control && key == 'Z') {  // not the box's own undo, which covers only its text
     StepBack();
   } else if ((control && key == 'Y') ||
              (modifiers == (wxMOD_CONTROL | wxMOD_SHIFT) && key == 'Z')) {
@@ -121,8 +121,8 @@ void EditorForm::Save() {
   SaveOutcome outcome = SaveOutcome::NotTried;
   bool close = false;
   {
-    // A catalogue that is sent half is worse than either whole one: a write can't be cancelled,
-    // only what is done when it has been sent.
+    // A half-sent catalogue is worse than the old or the new one, so sending can't be cancelled.
+    // What follows the sending can.
     const InputBlock block([&proc = proc_] { proc.waits.Cancel(); }, FindWindow(wxID_CANCEL));
     outcome = SaveEdited();
     close = block.CloseRequested();
@@ -139,7 +139,7 @@ void EditorForm::Save() {
   if (close || turn_.Quitting()) CloseOrStay();
 }
 
-// The form may be gone when a write ends: only the session is used then.
+// The form may have been destroyed when a write ends, so use only the session from there on.
 SaveOutcome EditorForm::SaveEdited() {
   ZV_Proc& proc = proc_;
   const std::optional<EditedCatalogue> edited = Edited();
@@ -152,7 +152,7 @@ SaveOutcome EditorForm::SaveEdited() {
 
 // --- Undo, redo and what is not saved ---
 
-// What was just typed goes first, then one step after the other.
+// The first step discards text that is typed but not entered; the next ones undo changes.
 void EditorForm::StepBack() {
   if (busy_ || viewOnly_) return;
   if (HasEntry()) {
@@ -196,7 +196,7 @@ void EditorForm::OnClose(wxCloseEvent& event) {
     End();  // the user's session ends
     return;
   }
-  event.Veto();  // whether it closes, the dialog's own loop tells
+  event.Veto();  // `CloseOrStay` decides whether the dialog ends
   CloseOrStay();
 }
 
@@ -204,7 +204,7 @@ void EditorForm::CloseOrStay() {
   if (asking_) return;
   const wxWeakRef<EditorForm> alive(this);
   asking_ = true;
-  TakeEntry();  // before a question takes the focus from it
+  TakeEntry();  // before a question moves the focus
   const bool wrong = !viewOnly_ && !turn_.Quitting() && TellWrong();
   if (!alive) return;
   asking_ = false;
@@ -238,7 +238,7 @@ void EditorForm::ShowStatus() {
   if (busy_) OfferCancel();
 }
 
-// The only button that works then; without a window that has the focus no key would arrive.
+// Cancel is the only usable button during a transfer. It gets the focus, so that keys arrive.
 void EditorForm::OfferCancel() {
   wxWindow* const cancel = FindWindow(wxID_CANCEL);
   const bool offered = proc_.waits.CanCancel();

@@ -17,55 +17,57 @@
 
 namespace zek {
 
-/// What the windows of the three catalogue editors share: a status line that shows what is
-/// transferred, "Spara" (and Ctrl+S) with the window blocked while a catalogue is written, undo and
-/// redo (Ctrl+Z, Ctrl+Y), "*" before the title of what is not saved, a question before it is lost.
+/// The common base of the three catalogue editors' windows. It provides
+/// - a status line with the progress of the transfer,
+/// - "Spara" (and Ctrl+S), which blocks the window while the catalogue is written,
+/// - undo and redo (Ctrl+Z, Ctrl+Y),
+/// - "*" before the title while there are unsaved changes, and a question before they are lost.
 class EditorForm : public wxDialog {
  public:
-  /// Shows what is transferred and waited for.
+  /// Shows the progress of the transfer and the current wait.
   void ShowStatus();
-  /// Puts the focus where it belongs when the form can be used again, ready for an entry.
+  /// Sets the focus for the next entry when the form becomes usable again.
   virtual void FocusEntry() = 0;
 
  protected:
   struct Kind {
-    std::string name;                // the form's own ("ZV_WDC")
-    int titleText = 0;               // of its title; the time control is added
+    std::string name;                // identifies the form ("ZV_WDC")
+    int titleText = 0;               // text number of the title; the control's name follows it
     bool viewOnly = false;           // nothing can be saved
-    bool closesWhenGivenUp = false;  // after a write that failed and was not wanted again
+    bool closesWhenGivenUp = false;  // closes if a write fails and the user declines a retry
   };
 
   EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue catalogue,
              const CatalogueContent& content, const Kind& kind);
 
-  /// Takes what was typed into the box that has the focus, or shows there again what it held.
+  /// `TakeEntry` enters the text typed into the focused box; `DropEntry` restores the old text.
   virtual void TakeEntry() {}
   virtual void DropEntry() {}
-  /// True when something was typed there that is not taken yet.
+  /// True if the focused box contains typed text that is not entered yet.
   virtual bool HasEntry() const { return false; }
-  /// Tells of an entry that was not taken as it was typed; false when there was none.
+  /// Reports entries that were rejected or corrected; false if there were none.
   virtual bool TellWrong() { return false; }
-  /// What the editor has, and its undo and redo, shown with the focus where the change was.
+  /// The state of the changes, and undo and redo, which move the focus to the change.
   virtual EditState State() const = 0;
   virtual void Undo() = 0;
   virtual void Redo() = 0;
-  /// What is to be saved; nothing when it can't be, which was shown.
+  /// The catalogue to save; empty if it can't be saved, after a message.
   virtual std::optional<EditedCatalogue> Edited() = 0;
-  /// A key without modifiers; false for one that means nothing to the form.
+  /// Handles a key without modifiers; returns false if the form does not use it.
   virtual bool TakeKey(int /*key*/) { return false; }
 
-  /// A button of the form; `changes` tells that it has no use in a form that is for viewing only.
+  /// Creates a button. `changes` marks one that edits; it is disabled in a view-only form.
   wxButton* NewCommand(wxWindowID id, const std::string& name, const wxString& caption,
                        const wxString& toolTip, bool changes);
-  /// The buttons for saving, undo and redo.
+  /// Create the buttons for saving, undo and redo.
   wxButton* NewSave(const wxString& caption, const wxString& toolTip);
   wxSizer* NewUndoAndRedo(Mnemonics& letters);
-  /// Shows by title and buttons what there is to be saved, undone and redone. To be called after
-  /// every change of the table; typing in a box is seen without.
+  /// Updates title and buttons: is there anything to save, undo or redo? Call it after every change
+  /// of the table. Typing in a box needs no call.
   void ShowChanges();
-  /// `part` can't be used while a catalogue is written.
+  /// Disables `part` while a catalogue is written; `usable` is its state otherwise.
   void BlockWhileBusy(wxWindow* part, bool usable = true);
-  /// Lays out the form with the status line below `content`, at its remembered place.
+  /// Lays out the form with the status line below `content`; restores its size and position.
   void LayOut(wxSizer* content);
 
   wxString Caption(int number) const;
@@ -76,7 +78,7 @@ class EditorForm : public wxDialog {
  private:
   struct Part {
     wxWindow* window;
-    bool usable;  // when nothing is written
+    bool usable;  // while no catalogue is written
   };
 
   void ShowBusy(bool busy);
@@ -95,7 +97,7 @@ class EditorForm : public wxDialog {
 
   WxTurn& turn_;
   CatalogueId id_;
-  std::optional<std::string> dfv_;  // the value that came with the catalogue
+  std::optional<std::string> dfv_;  // the ".DFV" value that came with the catalogue
   bool viewOnly_;
   bool closesWhenGivenUp_;
   std::vector<Part> parts_;
@@ -105,12 +107,12 @@ class EditorForm : public wxDialog {
   wxButton* undo_ = nullptr;
   wxButton* redo_ = nullptr;
   bool busy_ = false;
-  bool fromCopy_;         // the controller may never have got what the form was opened on
-  bool givenUp_ = false;  // a write was; the local copy has what the controller lacks
-  bool asking_ = false;   // whether to close
+  bool fromCopy_;         // opened on the local copy, which may never have been sent
+  bool givenUp_ = false;  // a write failed: the copy is stored, the controller lacks it
+  bool asking_ = false;   // a question about closing is open
 };
 
-/// Shows the form until it is closed and destroys it. `opened` is called when it is on the screen.
+/// Shows the form until it is closed, then destroys it. Calls `opened` once the form is visible.
 void ShowEditorForm(EditorForm* form, ZV_Proc& proc, std::function<void()> opened);
 
 }  // namespace zek

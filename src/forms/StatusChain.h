@@ -8,9 +8,9 @@
 
 namespace zek {
 
-/// For its own life `show` is called soon after changes of the status, beside whoever was told
-/// before; at most once a frame. It lives beside a form rather than in it, since a closed form may
-/// be deleted later than all that it shows. Chains end in the reverse order of their beginning.
+/// While it exists, calls `show` soon after the status changes, at most once a frame, in addition
+/// to the receivers registered before. Keep it outside the form: a closed form may be deleted after
+/// the status it shows. Chains must be destroyed in reverse order of creation.
 class StatusChain {
  public:
   StatusChain(StatusPanels& status, std::function<void()> show)

@@ -13,7 +13,7 @@ namespace {
 
 using Choose = std::function<void(const std::string& typed)>;
 
-// The toolkit takes what follows a tab for a key, so blanks stand for it.
+// The toolkit treats text after a tab as a shortcut key, so replace tabs by blanks.
 wxString Label(const PickListItem& item) {
   wxString label = ToWx(item.Caption());
   label.Replace("&", "&&");
@@ -23,7 +23,7 @@ wxString Label(const PickListItem& item) {
 
 void ShowPickList(wxTextCtrl& box, const PickList& list, const Choose& choose,
                   const wxPoint& place) {
-  // A message about the box that was left may have come first.
+  // A message about the previous box may have moved the focus.
   if (!box.HasFocus()) return;
   wxMenu Menu_Popup;
   const std::string text = FromWx(box.GetValue());
@@ -55,7 +55,7 @@ void OfferPickList(wxTextCtrl& box, const PickList& list, const LanguageTexts& t
   const auto show = [&box, &list, choose = std::move(choose)](const wxPoint& place) {
     ShowPickList(box, list, choose, place);
   };
-  // Once the click has been handled: it moves the text cursor, and the mouse is still caught.
+  // Deferred until the click is handled: it moves the text cursor and still captures the mouse.
   box.Bind(wxEVT_LEFT_UP, [&box, show](wxMouseEvent& event) {
     box.CallAfter([show, place = event.GetPosition()] { show(place); });
     event.Skip();
@@ -67,7 +67,7 @@ void OfferPickList(wxTextCtrl& box, const PickList& list, const LanguageTexts& t
       event.Skip();
     }
   });
-  // The menu key would bring the box's own menu as well; the mouse still does.
+  // Suppress the box's own menu on the menu key; the right mouse button still opens it.
   box.Bind(wxEVT_CONTEXT_MENU,
            [](wxContextMenuEvent& event) { event.Skip(event.GetPosition() != wxDefaultPosition); });
 }

@@ -10,10 +10,10 @@
 
 namespace zek {
 
-/// Offers the values of `list` on a value box: `Menu_Popup` opens by a click with the left button,
-/// by Alt+Down and by the menu key (or Shift+F10), with the box's value ticked. `choose` is called
-/// with the text to be taken as if it had been typed ("." for no value). Does nothing for a list
-/// without items. `list` lives as long as the box.
+/// Offers the values of `list` on a value box. A left click, Alt+Down and the menu key (or
+/// Shift+F10) open `Menu_Popup`, with the box's value ticked. `choose` receives the chosen text, to
+/// be handled as if typed ("." for no value). Does nothing if the list has no items. `list` must
+/// live as long as the box.
 void OfferPickList(wxTextCtrl& box, const PickList& list, const LanguageTexts& texts,
                    std::function<void(const std::string& typed)> choose);
 

@@ -11,7 +11,7 @@ namespace {
 constexpr std::string_view kFileStem = "ZEK_LANG.";
 constexpr double kLargestNumber = 2147483647;
 
-// The language's own name: what follows "0=" on the first line that has more than that.
+// The language's own name: the first text 0 that is not empty.
 std::string NameOf(std::string_view file) {
   while (!file.empty()) {
     const std::string_view line = TakeLine(file);

@@ -13,29 +13,29 @@ namespace zek {
 /// The numbered texts of one language file ("zek_lang." and three digits, number "=" text).
 class LanguageTexts {
  public:
-  /// Replaces the table by the lines of a language file. Lines without "=" are ignored; a text
-  /// ends at the second "="; of a number that occurs twice the first text counts.
+  /// Replaces all texts by those of a language file. Lines without "=" are ignored; a text ends at
+  /// a second "="; if a number occurs twice, the first text counts.
   void Read(std::string_view file);
 
-  /// The text with that number. Numbers from 500 up fall back to the built-in Swedish; any other
-  /// number that the file lacks gives "Invalid Text (" number ")".
+  /// Returns the text with that number. If the file lacks it, numbers from 500 up yield the
+  /// built-in Swedish text and all others "Invalid Text (" number ")".
   std::string Text(std::int32_t number) const;
 
  private:
   std::unordered_map<std::int32_t, std::string> texts_;
 };
 
-/// A language that the language form offers: the number of its file and its own name (text 0).
+/// A language in the language form: the number of its file and its own name (text 0).
 struct LanguageChoice {
   int number = 0;
   std::string name;
 };
 
-/// The languages whose files "zek_lang.NNN" lie in `directory` (any case of the name), in the
-/// order of their file names. A file without a "0=" line adds nothing.
+/// Lists the languages of the files "zek_lang.NNN" in `directory` (any case), sorted by file name.
+/// Files without a "0=" line are left out.
 std::vector<LanguageChoice> ListLanguages(const Files& files, const std::string& directory);
 
-/// "zek_lang." and the number as three digits or more.
+/// Returns "zek_lang." followed by the number with at least three digits.
 std::string LanguageFileName(int number);
 
 }  // namespace zek

@@ -47,7 +47,7 @@ std::string ReasonText(const LanguageTexts& texts, const FileError& error) {
 }  // namespace
 
 std::string FileMessage(const LanguageTexts& texts, const FileError& error) {
-  // A name can be far too long for a file, and would be for a message.
+  // Cut very long paths, which would not fit in a message box. Lengths in characters.
   constexpr std::size_t longest = 260;
   constexpr std::size_t end = 60;
   return Message(

@@ -12,18 +12,18 @@
 
 namespace zek {
 
-/// `pattern` with %1 to %9 replaced by the values; a place without a value stays as it is.
+/// Replaces %1 to %9 in `pattern` by the values; a placeholder without a value stays.
 std::string Message(std::string_view pattern, std::initializer_list<std::string_view> values);
 
-/// What to show for a file that could not be read or written: its name and the reason.
+/// Returns the message for a failed file operation: the file's path and the reason.
 std::string FileMessage(const LanguageTexts& texts, const FileError& error);
 
-/// What to show for a section of the settings file that is longer than its buffer.
+/// Returns the message for a section of the settings file that is longer than its buffer.
 std::string SectionCutMessage(const LanguageTexts& texts, const std::string& section,
                               std::size_t length);
 
-/// Message boxes in the language of the session. Texts are given by their numbers
-/// (lang/TextNumbers.h), their places %1 to %9 by `values`.
+/// Message boxes in the language of the session. Callers pass the numbers of texts
+/// (lang/TextNumbers.h) and the values for their placeholders %1 to %9.
 struct Messages {
   const LanguageTexts& texts;
   Prompts& prompts;
@@ -38,7 +38,7 @@ struct Messages {
     prompts.Show(icon, Text(number, values));
   }
 
-  /// Shows that a file could not be read or written, and why.
+  /// Shows the message for a failed file operation.
   void Tell(const FileError& error) const {
     prompts.Show(Icon::Exclamation, FileMessage(texts, error));
   }

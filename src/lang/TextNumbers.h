@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-/// Names for the numbers of the language texts.
+/// The numbers of the language texts, by name.
 namespace zek::text {
 
 #define ZEK_TEXT(name, number) inline constexpr std::int32_t name = (number);

@@ -40,7 +40,7 @@ std::string AddLine(std::string_view line, PlantCatalogue& catalogue,
   return {};
 }
 
-// Takes "Kind = 2" and "Dus = 3"; false for anything else.
+// Parses "Kind = 2" or "Dus = 3"; returns false for anything else.
 bool TakeOutstationLine(std::string_view line, Outstation& outstation) {
   const std::string key = UpperCase(Trim(GetField(line, 0, "=")));
   const std::string_view value = Trim(GetField(line, 1, "="));

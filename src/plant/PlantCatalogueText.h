@@ -8,16 +8,15 @@
 
 namespace zek::sim {
 
-/// Reads the text of an OUTSTATION.TXT. Returns "" or what is wrong, as the one below.
+/// Parses the text of an OUTSTATION.TXT. Returns "" or the error ("line 7: ...").
 std::string ReadOutstationText(std::string_view text, Outstation& outstation);
 
-/// Reads a catalogue text. Returns "" or what is wrong ("line 7: ...");
-/// the parts of such a text are told in PlantFolder.h. `defaultValue` receives the
-/// ".DFV" line's value when there is one.
+/// Parses a catalogue text; PlantFolder.h describes its format. Returns "" or the error
+/// ("line 7: ..."). Sets `defaultValue` if the text has a ".DFV" line.
 std::string ReadPlantCatalogue(std::string_view text, PlantCatalogue& catalogue,
                                std::optional<std::string>& defaultValue);
 
-/// The text that `ReadPlantCatalogue` reads.
+/// Builds the text that `ReadPlantCatalogue` parses.
 std::string BuildPlantCatalogue(const PlantCatalogue& catalogue,
                                 const std::optional<std::string>& defaultValue);
 

@@ -9,7 +9,7 @@
 namespace zek::sim {
 namespace {
 
-// Pieces end where the line to the outstation happened to pause, not where its lines end.
+// In characters. As with a real server, pieces do not end at line ends.
 constexpr std::size_t kLongestPiece = 50;
 constexpr int kSequences = 10000;
 
@@ -17,7 +17,8 @@ bool IsStray(char byte) { return byte == 0 || byte == 2 || byte == 3; }
 
 bool IsControl(char byte) { return static_cast<unsigned char>(byte) < 32; }
 
-// Plain text as the line delivers it: each reply line between characters 2 and 3, with a 0 inside.
+// Returns a reply line as a DUS connection delivers it: between characters 2 and 3, with a 0
+// inside.
 std::string WithStrays(std::string_view line) {
   const std::size_t middle = line.size() / 2;
   std::string text = "\x02";

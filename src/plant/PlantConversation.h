@@ -12,40 +12,40 @@ namespace zek::sim {
 
 /// One connection to the communication server: bytes in, bytes out, no socket and no clock.
 ///
-/// One port serves both kinds of clients, and the first command tells them apart. A client that
-/// begins with "DUS:n" talks to outstation n in plain text; every other one is passed through to
-/// the outstation without DUS number, transparently, in pieces. But a transparent client says
-/// nothing before it has seen "<TRANSPARENT>", so somebody must speak first: whoever owns the
-/// connection calls `Greeting` when the client has had a moment to say "DUS:" and did not. A DUS
-/// client that is slower than that gets the greeting too; it takes such a text as "the link is up",
-/// which does no harm, and its "DUS:n" still counts. A client that talks at once without "DUS:"
-/// gets the greeting before its first reply.
+/// One port serves two kinds of clients. A client whose first command is "DUS:n" talks to
+/// outstation n in plain text. Any other client is transparent: it talks to the outstation without
+/// a DUS number and gets its replies in pieces.
 ///
-/// Commands end with a carriage return (a line feed after it is ignored); a control character
-/// that stands alone, such as ENQ, is a command by itself. A refused line is answered with
-/// character 2 on a transparent connection and with an "ERROR" line on a DUS connection, where
-/// characters 2 are strays like 0 and 3.
+/// A transparent client sends nothing before "<TRANSPARENT>". The owner of the connection therefore
+/// calls `Greeting` after a short delay without a "DUS:" command. A slow DUS client gets the
+/// greeting too; it reads it as "the link is up", which is harmless, and its "DUS:n" still counts.
+/// A client that sends another command at once gets the greeting before its first reply.
+///
+/// Commands end with a carriage return; a line feed after it is ignored. A control character
+/// outside a command, such as ENQ, is a command of its own. The reply to a refused line is
+/// character 2 on a transparent connection and an "ERROR" line on a DUS connection, where
+/// characters 0, 2 and 3 are strays.
 class PlantConversation {
  public:
-  /// Longer commands are dropped and refused when they end.
+  /// Limit in characters. A longer command is dropped, and refused at its end.
   static constexpr std::size_t kLongestCommand = 65536;
 
   explicit PlantConversation(Plant& plant);
 
-  /// A connection that was made to this outstation: transparent from the start, without "DUS:".
+  /// A transparent connection to this outstation; "DUS:" has no effect.
   explicit PlantConversation(Outstation& outstation) : session_(outstation), first_(false) {}
 
-  /// The character behind each transparent piece.
+  /// The character after each transparent piece.
   static constexpr char kPieceEnd = '\xFF';
 
-  /// "<TRANSPARENT>", as it stands and once only; "" when it was sent or the client has a DUS.
+  /// Returns "<TRANSPARENT>" once, without framing; then, and for a DUS client, "".
   std::string Greeting();
 
-  /// Takes what came from the client and returns what to send back. How the bytes are cut into
-  /// calls makes no difference.
+  /// Processes bytes from the client and returns the bytes to send back. The bytes may be split in
+  /// any way.
   std::string Receive(std::string_view bytes);
 
-  /// True while the client is in the middle of writing a catalogue.
+  /// True while the client writes a catalogue.
   bool TakingLines() const { return session_ && session_->TakingLines(); }
 
  private:
@@ -55,15 +55,15 @@ class PlantConversation {
   std::string Framed(const PlantReply& reply);
   std::string InPieces(std::string_view text);
 
-  Plant* plant_ = nullptr;               // to choose an outstation from
+  Plant* plant_ = nullptr;               // for "DUS:n"; null for a fixed outstation
   std::optional<PlantSession> session_;  // nothing: no such outstation
-  std::string command_;                  // what has come of the next one
-  bool tooLong_ = false;                 // the next one is being dropped
+  std::string command_;                  // the unfinished command
+  bool tooLong_ = false;                 // the unfinished command is being dropped
   bool afterReturn_ = false;
-  bool first_ = true;  // no command has come yet
+  bool first_ = true;  // no command received yet
   bool greeted_ = false;
   bool dus_ = false;
-  int sequence_ = 0;  // of the next piece, 0 to 9999
+  int sequence_ = 0;  // number of the next piece, 0 to 9999
 };
 
 }  // namespace zek::sim

@@ -43,7 +43,7 @@ FileText ReadText(const fs::path& path) {
   return {std::move(bytes), {}};
 }
 
-// "" or what went wrong.
+// Returns "" or the error. A failed write leaves the old file unchanged.
 std::string WriteText(const fs::path& path, const std::string& text) {
   fs::path beside = path;
   beside += ".new";
@@ -91,8 +91,8 @@ std::string LoadControlFile(const fs::path& path, const std::string& fileName, b
   if (!FitsWindows1252(utf8) || !IsPlainLine(name) ||
       name.find_first_of("!. ") != std::string::npos) {
     return About(path,
-                 "no name of a time control: it holds a blank, \"!\", \".\" or a character "
-                 "that windows-1252 lacks");
+                 "not the name of a time control: it has a blank, \"!\", \".\" or a character "
+                 "outside windows-1252");
   }
   TimeControl& control = ControlNamed(outstation, name);
   std::optional<std::string> defaultValue;
@@ -102,7 +102,7 @@ std::string LoadControlFile(const fs::path& path, const std::string& fileName, b
   return error;
 }
 
-// Takes one file of an outstation's folder; only ".TXT" files are the plant's.
+// Loads one file of an outstation's folder; ignores files other than ".TXT".
 std::string LoadFile(const fs::path& path, Outstation& outstation) {
   const std::string name = Utf8Of(path.filename());
   const bool zek1 = outstation.generation == Generation::Zek1;
@@ -134,7 +134,7 @@ void SetMissingHeaders(Outstation& outstation) {
 }
 
 struct Listing {
-  std::vector<fs::path> paths;  // sorted, without hidden ones
+  std::vector<fs::path> paths;  // sorted, without hidden files
   std::string error;
 };
 
@@ -178,11 +178,11 @@ LoadedPlant LoadPlant(const std::string& folder) {
     const std::string error = LoadOutstation(path, outstation);
     if (!error.empty()) return {{}, error};
     if (loaded.plant.FindDus(outstation.dus) != nullptr) {
-      return {{}, About(path, "its DUS number is another outstation's as well")};
+      return {{}, About(path, "another outstation has the same DUS number")};
     }
     loaded.plant.outstations.push_back(std::move(outstation));
   }
-  if (loaded.plant.outstations.empty()) return {{}, folder + ": holds no outstation"};
+  if (loaded.plant.outstations.empty()) return {{}, folder + ": has no outstation"};
   return loaded;
 }
 

@@ -6,30 +6,31 @@
 
 namespace zek::sim {
 
-// A plant on the disk: one sub-folder an outstation, named as one likes, holding
-//   OUTSTATION.TXT    "Kind = 1" or "Kind = 2", and "Dus = n" (1 to 32767) for one with a DUS
-//   number;
-//                     ";" begins a comment
-//   SDC.TXT           the calendar
-//   WDC.TXT, OVC.TXT  weekday and exception catalogue of a ZEK1
-//   T.WDC.TXT, T.EXC.TXT  the same for time control T of a ZEK2; either makes T known
-// A missing catalogue is an empty one. A catalogue is kept as the controller lists it, in
-// windows-1252: a header, the numbered lines, a ".DFV = " line (ZEK2), "EXIT"; what follows a line
-// with "EXIT" or ".EXC" is not read. When the two catalogues of a time control give different
-// ".DFV" lines, the weekday catalogue's counts. Lines are not checked beyond `IsPlainLine`, so that
-// a folder can also hold catalogues which a client must complain about. A ".TXT" file of any other
-// name is an error, other files are left alone.
+// The format of a plant folder. Each outstation has one sub-folder of any name, with these files:
+//   OUTSTATION.TXT        "Kind = 1" or "Kind = 2" and, optionally, the DUS number "Dus = n"
+//                         (1 to 32767); ";" begins a comment
+//   SDC.TXT               the calendar
+//   WDC.TXT, OVC.TXT      weekday and exception catalogue of a ZEK1
+//   T.WDC.TXT, T.EXC.TXT  the same for time control T of a ZEK2; either file defines T
+// A missing catalogue is empty. A catalogue file has the form of the controller's listing, in
+// windows-1252: a header, the numbered lines, a ".DFV = " line (ZEK2), "EXIT". Text after a line
+// with "EXIT" or ".EXC" is ignored. If the two catalogues of a time control have different ".DFV"
+// lines, the weekday catalogue's line counts. Lines are checked only by `IsPlainLine`, so that a
+// folder can also contain catalogues that a client must reject. A ".TXT" file of any other name is
+// an error; other files are ignored.
 
-/// Paths are UTF-8 where paths use "/".
+/// Result of `LoadPlant`.
 struct LoadedPlant {
   Plant plant;
-  std::string error;  // "" or what is wrong where, UTF-8; the plant is empty then
+  std::string error;  // "", or the path and the error (UTF-8); the plant is then empty
 };
+
+/// Loads a plant folder; the path is UTF-8.
 LoadedPlant LoadPlant(const std::string& folder);
 
-/// Writes all catalogues of one outstation back into its sub-folder of `folder`, each beside and
-/// renamed over. Returns "" or what went wrong where; files that were not reached stay as they
-/// were.
+/// Saves all catalogues of one outstation in its sub-folder of `folder`. Each file is written under
+/// another name and then renamed. Returns "", or the path and the first error; the remaining files
+/// then stay unchanged.
 std::string SavePlantOutstation(const std::string& folder, const Outstation& outstation);
 
 }  // namespace zek::sim

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kLineEnd = std::string_view::npos;
 
-// The text of columns `first` to `last` without padding; a short line yields what it has.
+// Returns columns `first` to `last`, trimmed; fewer or none if the line is short.
 std::string_view Columns(std::string_view line, std::size_t first, std::size_t last) {
   if (first > line.size()) return {};
   return Trim(line.substr(first - 1, last == kLineEnd ? kLineEnd : last - first + 1));
@@ -33,7 +33,7 @@ bool HasNumber(std::string_view line) {
   return IsDigits(Columns(line, 1, 6)) && LineNumber(line) > 0;
 }
 
-// Minutes after midnight of "HH:MM", up to 24:00.
+// True for "HH:MM" from 00:00 to 24:00.
 bool IsTime(std::string_view text) {
   if (text.size() != 5 || text[2] != ':') return false;
   if (!IsDigits(text.substr(0, 2)) || !IsDigits(text.substr(3))) return false;
@@ -41,7 +41,7 @@ bool IsTime(std::string_view text) {
   return minutes < 60 && Val(text.substr(0, 2)) * 60 + minutes <= 1440;
 }
 
-// Months as controllers write them. February has its 29th day in years divisible by 4.
+// Month names are those of the controllers. February has 29 days in years divisible by 4.
 bool IsDate(std::string_view text, std::size_t yearDigits) {
   constexpr std::string_view months = "JAN-FEB-MAR-APR-MAY-JUN-JUL-AUG-SEP-OCT-NOV-DEC-";
   constexpr std::array<int, 12> lengths = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
@@ -83,7 +83,7 @@ int DayIndex(std::string_view key) {
   return found == keys.end() ? -1 : static_cast<int>(found - keys.begin());
 }
 
-// One day, or a range that runs forward within the weekdays or within the special days.
+// One day, or a forward range within the weekdays or within the special days.
 bool IsDays(std::string_view text) {
   const std::size_t dots = text.find("..");
   const int first = DayIndex(text.substr(0, dots));
@@ -134,7 +134,7 @@ bool IsPlainLine(std::string_view line) {
 
 bool IsPlantValue(std::string_view text) {
   std::string value(Trim(text));
-  std::replace(value.begin(), value.end(), ',', '.');  // the sender's system decides which it is
+  std::replace(value.begin(), value.end(), ',', '.');  // clients send either separator
   return value == "." || IsNumeric(value);
 }
 

@@ -8,16 +8,16 @@ namespace zek::sim {
 
 /// The command line of the simulated plant.
 struct PlantOptions {
-  std::uint16_t port = 0;  // 0 takes a free one
+  std::uint16_t port = 0;  // 0: any free port
   std::string folder = "data/demo/plant";
-  bool keep = false;                     // write changes back
-  bool verbose = false;                  // traffic to standard error
-  std::string help;                      // the text to print when --help was given, else ""
-  std::vector<std::string> ddeServices;  // names to serve under; none: "ZEK", where there is DDE
-  std::string error;                     // "" or what is wrong with the command line
+  bool keep = false;                     // save changes in the plant folder
+  bool verbose = false;                  // print the traffic on standard error
+  std::string help;                      // with --help: the text to print, else ""
+  std::vector<std::string> ddeServices;  // service names; empty: "ZEK", if the system has DDE
+  std::string error;                     // error in the command line, or ""
 };
 
-/// Reads the arguments without the program's own name.
+/// Parses the arguments, which exclude the program's name.
 PlantOptions ReadPlantOptions(const std::vector<std::string>& arguments);
 
 }  // namespace zek::sim

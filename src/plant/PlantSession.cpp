@@ -50,7 +50,7 @@ bool IsControlCharacter(std::string_view command) {
   return command.size() == 1 && static_cast<unsigned char>(command[0]) < 32;
 }
 
-// The part after the last "." with it (".WDC"), upper-cased; "" when there is no ".".
+// Returns the text from the last "." on (".WDC"), upper-cased; "" without a ".".
 std::string LastPart(std::string_view text) {
   const std::size_t dot = text.rfind('.');
   return dot == std::string_view::npos ? std::string() : UpperCase(text.substr(dot));

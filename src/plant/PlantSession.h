@@ -8,25 +8,25 @@
 
 namespace zek::sim {
 
-/// What an outstation says to one command: whole lines without their ends. `refused` marks a line
-/// or selector that the outstation can't take; how that is shown is the connection's affair.
+/// An outstation's reply to one command: lines without line ends. `refused` marks a line or
+/// selector that the outstation does not accept; the connection decides how to send that.
 struct PlantReply {
   std::vector<std::string> lines;
   bool refused = false;
 };
 
-/// One user at the command interpreter of one outstation. Commands come without their carriage
-/// return; letters are taken in either case.
+/// One user's session with the command interpreter of an outstation. Commands come without their
+/// carriage return and are case-insensitive.
 ///
 /// Both generations: "LIST SDC", the selector ".SDC", "EXIT".
 /// ZEK1: "LIST WDC", "LIST OVC", ".WDC", ".OVC".
 /// ZEK2, for a time control T: "LIST T", "LIST T.EXC", "T.WDC", "T.EXC", "T.DFV=" value.
 ///
-/// A list answers with a header, the numbered lines, the ".DFV" line of a time control that has a
-/// default value, after the weekday lines of a time control its ".EXC" part, and "EXIT". After a
-/// selector every command is a catalogue line until "EXIT": a numbered line replaces the line of
-/// the same number or is added, all others stay as they are. Nothing removes a line, so a catalogue
-/// that is sent with fewer lines than it had keeps the rest.
+/// A listing consists of a header, the numbered lines and "EXIT". Before "EXIT", the listing of a
+/// ZEK2 control has the ".DFV" line, if it has a default value, and, after weekday lines, the
+/// ".EXC" part. After a selector every command up to "EXIT" is a catalogue line. It replaces the
+/// line of the same number or is added. No command removes a line: a catalogue that is sent with
+/// fewer lines keeps the rest.
 class PlantSession {
  public:
   explicit PlantSession(Outstation& outstation) : outstation_(&outstation) {}

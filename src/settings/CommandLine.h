@@ -7,25 +7,25 @@
 
 namespace zek {
 
-/// The arguments of the desktop program, without the program's own name: the options below with
-/// their values, and everything else joined by single blanks, in which the switches are searched.
+/// The arguments of the desktop program, without the program's name: the options with their values,
+/// and all other arguments joined by single blanks in `text`. `text` is searched for switches.
 struct CommandLine {
   std::string text;                 // windows-1252
   std::optional<std::string> dir;   // --dir DIR: the program directory, UTF-8
   std::optional<std::string> ini;   // --ini DIR: the directory of ZEKView.INI
   std::optional<std::string> tour;  // --tour DIR: take the screenshots of the documentation
-  std::string help;                 // the text to print when --help was given, else empty
-  std::string error;                // what is wrong with the options; empty when nothing is
+  std::string help;                 // the text to print for --help, else empty
+  std::string error;                // why the options are invalid; empty if they are valid
 };
 
-/// `arguments` are UTF-8.
+/// Parses the arguments, which are UTF-8.
 CommandLine ParseCommandLine(const std::vector<std::string>& arguments);
 
-/// True when `name` ("/LOCAL") occurs anywhere in the text, in any case.
+/// True if `name` ("/LOCAL") occurs anywhere in the text, in any case.
 bool HasSwitch(std::string_view text, std::string_view name);
 
-/// The value of a switch ("/TOPIC:"): what stands right behind it up to the first blank, of that
-/// the part before the first "/", upper-cased; "" when the switch is missing.
+/// Returns the value of a switch ("/TOPIC:"): the text from the switch to the next blank or "/", in
+/// upper case. Returns "" if the switch is missing.
 std::string SwitchValue(std::string_view text, std::string_view name);
 
 }  // namespace zek

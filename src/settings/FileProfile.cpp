@@ -23,7 +23,7 @@ std::optional<FileError> FileProfile::WriteIni(std::string_view section, std::st
   const std::string refusal = ProfileRefusal(section, key, value);
   if (!refusal.empty()) return FileError{path_, FileError::Reason::Other, refusal};
   FileContent file = files_.Read(path_);
-  // A file that was there before would lose all else that it holds.
+  // A new file would lose all other settings if the old one is only unreadable for a moment.
   const bool isNew = file.error && file.error->reason == FileError::Reason::Missing && !text_;
   if (file.error && !isNew) return file.error;
   const std::string text = ProfileBytes(std::move(file.bytes));

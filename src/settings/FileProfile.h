@@ -4,9 +4,9 @@
 
 namespace zek {
 
-/// The settings file read and written by our own code, with the rules of `ProfileText.h`. While it
-/// can't be read, as on a network drive that is gone for a moment, what was read last holds: a
-/// program that works on must not take a default for the operator's word.
+/// Reads and writes the settings file with the rules of `ProfileText.h`. While the file can't be
+/// read, for example on a network drive that is disconnected for a moment, the text read last
+/// remains valid: defaults must not replace the operator's settings.
 class FileProfile final : public Profile {
  public:
   FileProfile(Files& files, std::string path) : files_(files), path_(std::move(path)) {}
@@ -22,7 +22,7 @@ class FileProfile final : public Profile {
 
   Files& files_;
   std::string path_;
-  mutable std::optional<std::string> text_;  // as it was read last; nothing before the first time
+  mutable std::optional<std::string> text_;  // as last read; nothing before that
 };
 
 }  // namespace zek

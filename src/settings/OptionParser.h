@@ -7,8 +7,8 @@
 
 namespace zek {
 
-/// A parser of UTF-8 arguments that behaves alike on every system; include it in one source file of
-/// a program only, since its headers take seconds to compile.
+/// Parses UTF-8 arguments in the same way on every system. Include it in only one source file of a
+/// program: the headers of the library take seconds to compile.
 class OptionParser : public CLI::App {
  public:
   OptionParser(const std::string& program, const std::string& description)
@@ -19,7 +19,7 @@ class OptionParser : public CLI::App {
         CLI::MultiOptionPolicy::TakeLast);
   }
 
-  /// Returns what is wrong with the arguments, or "". With --help, `helpText` is set instead.
+  /// Returns an error message, or "" if the arguments are valid. With --help, sets `helpText`.
   std::string Read(std::vector<std::string> arguments, std::string& helpText) {
     std::reverse(arguments.begin(), arguments.end());
     try {

@@ -9,7 +9,7 @@ namespace zek {
 namespace {
 
 constexpr std::string_view kBlanks = " \t";
-constexpr std::size_t kLongestValue = 127;  // the platform's buffer of 128 less its end
+constexpr std::size_t kLongestValue = 127;  // the platform's buffer of 128 without the final NUL
 
 std::string_view Strip(std::string_view text) {
   const std::size_t first = text.find_first_not_of(kBlanks);
@@ -18,9 +18,9 @@ std::string_view Strip(std::string_view text) {
 }
 
 struct Line {
-  std::size_t start = 0;  // in the text
-  std::size_t end = 0;    // of its characters
-  std::size_t next = 0;   // where the line after it starts
+  std::size_t start = 0;  // offset in the text
+  std::size_t end = 0;    // behind the last character, without the line end
+  std::size_t next = 0;   // start of the following line
 };
 
 Line LineAt(std::string_view text, std::size_t start) {
@@ -41,8 +41,8 @@ std::optional<std::string_view> SectionName(std::string_view line) {
 }
 
 struct Span {
-  std::size_t start = 0;  // of the first line behind the header
-  std::size_t end = 0;    // of the section's last line
+  std::size_t start = 0;  // start of the first line after the header
+  std::size_t end = 0;    // end of the section's last line
 };
 
 std::optional<Span> FindSection(std::string_view text, std::string_view section) {
@@ -61,7 +61,7 @@ std::optional<Span> FindSection(std::string_view text, std::string_view section)
   return found;
 }
 
-// A line "key = value"; without "=" the key is the whole line and there is no value.
+// A line "key = value"; without "=" the whole line is the key and there is no value.
 struct Entry {
   std::string_view key;
   std::optional<std::string_view> value;
@@ -124,7 +124,7 @@ ProfileSection ProfileSectionText(std::string_view text, std::string_view sectio
   ProfileSection result;
   const std::optional<Span> span = FindSection(text, section);
   if (!span) return result;
-  const std::size_t limit = bufferSize - 2;  // the buffer ends in two NULs when it is too small
+  const std::size_t limit = bufferSize - 2;  // a full buffer ends in two NULs
   for (std::size_t at = span->start; at < span->end;) {
     const Line line = LineAt(text, at);
     at = line.next;
@@ -145,7 +145,7 @@ ProfileSection ProfileSectionText(std::string_view text, std::string_view sectio
     result.length += item.size() + 1;
     result.entries.push_back(std::move(item));
   }
-  // An exact fit can't be told from a cut by its length; it counts as one, as the callers do.
+  // The platform's call returns the same length for an exact fit: it counts as cut too.
   result.cut = result.length >= limit;
   return result;
 }

@@ -15,9 +15,9 @@ namespace {
 constexpr std::string_view kGeneral = "general";
 constexpr int kShortestDisconnectTime = 60;  // seconds
 constexpr int kShortestGetTSCTimeout = 5;    // seconds
-constexpr int kLastTwoDigitYear = 93;        // 94 to 99 are of the last century
+constexpr int kLastTwoDigitYear = 93;        // 94 to 99 mean 1994 to 1999
 constexpr int kLastYear = 9999;              // four digits
-constexpr int kLargestHistory = 9999;        // copies of each catalogue
+constexpr int kLargestHistory = 9999;        // copies per catalogue
 
 std::int16_t ReadDialogMode(const Profile& profile) {
   const std::string mode = UpperCase(profile.ReadIni(kGeneral, "DialogMode", "1"));
@@ -25,7 +25,7 @@ std::int16_t ReadDialogMode(const Profile& profile) {
   return mode == "DEFAULT" ? 1 : 0;
 }
 
-// Reads the numeric settings of start-up; the first that does not fit is told and ends it.
+// Reads the numeric settings at start-up. Stops, after a message, at the first that does not fit.
 class StartNumbers {
  public:
   explicit StartNumbers(const NumberReader& reader) : reader_(reader) {}
@@ -41,7 +41,7 @@ class StartNumbers {
     return number.value_or(0);
   }
 
-  // Seconds as ticks; a value below `least` shows text `tooLow` and is replaced by it.
+  // Converts seconds to ticks; for a value below `least` shows text `tooLow` and uses `least`.
   std::int16_t Ticks(std::string_view key, int least, std::int32_t tooLow) {
     int seconds = Seconds(key);
     if (ok_ && seconds < least) {
@@ -90,7 +90,7 @@ bool LoadSettings(Settings& settings, std::string_view commandLine, const Profil
   settings.GetTSCTimeoutTicks =
       numbers.Ticks("GetTSCTimeout", kShortestGetTSCTimeout, text::kGetTSCTimeoutLow);
 
-  // Only a higher value moves a limit.
+  // The settings can only raise these limits.
   const Settings builtIn;
   settings.SDCLastTwoDigitYear = std::max(
       builtIn.SDCLastTwoDigitYear, numbers.Number("SDCLastTwoDigitYear", "20", kLastTwoDigitYear));

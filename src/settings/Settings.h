@@ -11,16 +11,16 @@
 
 namespace zek {
 
-/// One tick of `Timer_Comm`, and with it of every countdown.
+/// The interval of `Timer_Comm`, which counts down all countdowns.
 inline constexpr int kTickMilliseconds = 200;
 inline constexpr int kTicksPerSecond = 1000 / kTickMilliseconds;
-/// The longest time that a 16-bit countdown holds.
+/// The longest time that fits in a 16-bit countdown.
 inline constexpr int kLongestWaitSeconds = 32767 / kTicksPerSecond;
 
-/// What start-up reads from the command line and ZEKView.INI; fixed for the life of the process.
+/// The command line and ZEKView.INI as read at start-up; constant while the program runs.
 struct Settings {
   std::string ProgramPath;  // UTF-8, ends in the system's separator
-  std::string IniPath;      // the same; holds ZEKView.INI
+  std::string IniPath;      // the same; the directory of ZEKView.INI
   bool LocalMode = false;   // "/LOCAL": no controller traffic
   bool BatchMode = false;   // "/BATCH"
   bool AlwaysOnTop = false;
@@ -31,33 +31,32 @@ struct Settings {
   std::string StartDialog;           // "/DIALOG:"
   std::int16_t DisconnectTicks = 0;
   std::int16_t GetTSCTimeoutTicks = 0;
-  std::int32_t DisconnectDelay = 0;      // seconds, when a TCP/IP connection is closed
-  std::int16_t ConnectDelayTime = 0;     // seconds, after a tag was opened
-  std::int16_t DisconnectDelayTime = 0;  // seconds, before a tag is closed
+  std::int32_t DisconnectDelay = 0;      // seconds, when closing a TCP/IP connection
+  std::int16_t ConnectDelayTime = 0;     // seconds, after opening a tag
+  std::int16_t DisconnectDelayTime = 0;  // seconds, before closing a tag
   bool HideDialogOnTSC = true;
   bool PreventMinimize = false;
   bool AlwaysUseLocal = true;
   bool AlwaysUseDSS = true;
-  bool VerifyAfterWrite = false;          // fetch what was sent again and compare
+  bool VerifyAfterWrite = false;          // after sending, fetch again and compare
   std::int16_t DialogMode = 0;            // 0 not set, 1 "DEFAULT", 2 "ALL"
-  std::int16_t SDCLastTwoDigitYear = 20;  // of the calendar: up to here two digits mean 2000 and on
+  std::int16_t SDCLastTwoDigitYear = 20;  // calendar: two digits up to this mean 20xx
   std::int16_t SDCLastYear = 2030;        // the calendar's last year of four digits
   std::int16_t HistoryCount = 50;         // earlier local copies kept of each catalogue; 0: none
   char DecimalSeparator = '.';            // of printed values
 };
 
-/// `IniPath`: `--ini`, or else "/INI:", or else the program directory.
+/// Returns `IniPath`: from `--ini`, else from "/INI:", else the program directory.
 std::string IniPathOf(const CommandLine& line, const std::string& programPath);
 
-/// Reads switches and settings in the order of the start-up sequence, telling of values below
-/// their minimum (texts 59 and 60). False when a value does not fit 16 bits: that was told, and
-/// the program ends.
+/// Reads switches and settings in start-up order; returns false, after a message, if one does not
+/// fit 16 bits. Values below their minimum are reported (texts 59 and 60) and raised to it.
 bool LoadSettings(Settings& settings, std::string_view commandLine, const Profile& profile,
                   const LanguageTexts& texts, Prompts& prompts);
 
-/// Reads settings that are whole numbers (rounded half to even). What is larger than allowed, or
-/// no 16-bit number, shows a message with section, key, value and the largest allowed value, and
-/// gives nothing.
+/// Reads settings that are whole numbers (rounded half to even). If a value is larger than allowed
+/// or does not fit 16 bits, shows a message with section, key, value and the largest allowed value
+/// and returns nothing.
 struct NumberReader {
   const Profile& profile;
   Messages messages;
@@ -65,7 +64,7 @@ struct NumberReader {
   std::optional<std::int16_t> Read(std::string_view section, std::string_view key,
                                    std::string_view fallback, int largest = kLargestNumber) const;
 
-  /// The same for seconds that a countdown can hold.
+  /// The same for seconds, limited to those that fit in a countdown.
   std::optional<std::int16_t> ReadSeconds(std::string_view section, std::string_view key,
                                           std::string_view fallback) const {
     return Read(section, key, fallback, kLongestWaitSeconds);

@@ -12,7 +12,7 @@
 
 namespace zek {
 namespace {
-constexpr DWORD kValueBuffer = 128;  // one character of it is the end
+constexpr DWORD kValueBuffer = 128;  // the last character is NUL
 }
 
 std::string WinProfile::ReadIni(std::string_view section, std::string_view key,
@@ -28,7 +28,7 @@ std::string WinProfile::ReadIni(std::string_view section, std::string_view key,
 std::optional<FileError> WinProfile::WriteIni(std::string_view section, std::string_view key,
                                               std::string_view value) {
   auto error = writer_.WriteIni(section, key, value);
-  // What the calls have kept of the file is forgotten.
+  // Discard the profile calls' cache of the file.
   ::WritePrivateProfileStringA(nullptr, nullptr, nullptr, ansiPath_.c_str());
   return error;
 }

@@ -7,12 +7,12 @@
 
 namespace zek {
 
-/// The settings file through the profile calls of Windows. They would write it in place, where the
-/// end of the program can tear it: our own code replaces it as a whole.
+/// Reads the settings file through the profile calls of Windows. Writing uses `FileProfile`, which
+/// replaces the whole file: the calls write in place, and a crash would leave half a file.
 class WinProfile final : public Profile {
  public:
-  /// `ansiPath` is a full path in the system's code page: a bare name would mean the Windows
-  /// directory to the calls. `path` is the same in UTF-8, for messages.
+  /// `ansiPath` is a full path in the system's code page: the calls search bare names in the
+  /// Windows directory. `path` is the same path in UTF-8.
   WinProfile(Files& files, std::string ansiPath, const std::string& path)
       : ansiPath_(std::move(ansiPath)), writer_(files, path) {}
 
@@ -27,9 +27,9 @@ class WinProfile final : public Profile {
   FileProfile writer_;
 };
 
-/// What the calls take for a UTF-8 path: the full path in the system's code page. Nothing where
-/// that lacks a character of it, and where it is UTF-8, through which the calls would spoil
-/// windows-1252 text.
+/// Converts a UTF-8 path for the calls: the full path in the system's code page. Returns nothing if
+/// the code page lacks a character of the path, or if it is UTF-8, with which the calls would
+/// corrupt windows-1252 text.
 std::optional<std::string> ProfileCallPath(const std::string& path);
 
 }  // namespace zek

@@ -5,8 +5,8 @@
 
 #include <wx/platinfo.h>
 
-#include "plant/PlantDde.h"
 #include "plant/PlantFolder.h"
+#include "sim/PlantDde.h"
 
 namespace zek::sim {
 
@@ -16,7 +16,7 @@ PlantServer::PlantServer(Plant& plant, PlantOptions options)
 PlantServer::~PlantServer() { SaveChanges(); }
 
 namespace {
-// A port that was just left can be taken again; on Windows the flag would let two plants share one.
+// Allows reuse of a recently closed port. On Windows the flag would let two plants share a port.
 wxSocketFlags ListenerFlags() {
   const bool windows = wxPlatformInfo::Get().GetOperatingSystemId() & wxOS_WINDOWS;
   return windows ? wxSOCKET_NOWAIT : wxSOCKET_NOWAIT | wxSOCKET_REUSEADDR;

@@ -13,27 +13,26 @@
 
 namespace zek::sim {
 
-/// Carries the conversations with a plant over TCP/IP, on the loopback address only. Works inside
-/// the program's event loop.
+/// Serves a plant over TCP/IP, on the loopback address only. Runs in the program's event loop.
 class PlantServer : public wxEvtHandler {
  public:
-  /// Further clients are turned away at once.
+  /// Further clients are disconnected at once.
   static constexpr std::size_t kMostClients = 200;
 
-  /// Keeps the reference; takes the folder, `keep` and `verbose` from the options.
+  /// Keeps the reference. Uses `port`, `folder`, `keep` and `verbose` of the options.
   PlantServer(Plant& plant, PlantOptions options);
   ~PlantServer() override;
   PlantServer(const PlantServer&) = delete;
   PlantServer& operator=(const PlantServer&) = delete;
 
-  /// Starts to listen on the port of the options; false when that can't be had.
+  /// Starts to listen on the port of the options; returns false if the port is not available.
   bool Listen();
 
-  /// The port it listens on.
+  /// Returns the port in use; call after `Listen`.
   std::uint16_t Port() const;
 
-  /// With `keep`: writes every changed outstation back. Called when a client has finished a
-  /// catalogue, when one is lost, and at the end.
+  /// With `keep`: saves every changed outstation. Runs after a client has finished a catalogue,
+  /// after a client is lost, and at the end.
   void SaveChanges();
 
  private:

@@ -6,8 +6,8 @@
 namespace zek::sim {
 namespace {
 
-// The program behind a HOST:PORT:DUS address says "DUS:n" as soon as it is connected, so this is
-// ample for it and not felt by one that waits for the greeting.
+// A client with a DUS number sends "DUS:n" right after connecting, long before this delay ends. A
+// client that waits for the greeting does not notice so short a delay.
 constexpr int kGreetingDelay = 200;  // ms
 
 constexpr std::size_t kReadAtOnce = 4096;
@@ -28,8 +28,8 @@ void ServerClient::Greet() {
 
 bool ServerClient::Pump() {
   Flush();
-  if (!output_.empty()) return !broken_;  // what waits to be read stays in the socket
-  // One read an event keeps a flood from shutting out the others; the socket reports the rest.
+  if (!output_.empty()) return !broken_;  // leave further input in the socket
+  // One read per event, so that a flood does not block other clients; the socket reports the rest.
   if (input_.empty()) Read();
   while (output_.empty() && !input_.empty()) {
     Converse();
@@ -58,7 +58,7 @@ void ServerClient::Flush() {
   socket_->Write(output_.data(), static_cast<wxUint32>(output_.size()));
   const std::size_t written = socket_->LastWriteCount();
   if (written == 0) {
-    // A reset connection is not reported lost while unread text waits in it.
+    // The toolkit does not report a reset connection while it has unread text.
     broken_ = socket_->LastError() != wxSOCKET_WOULDBLOCK;
     return;
   }

@@ -12,25 +12,25 @@
 
 namespace zek::sim {
 
-/// One connected client: its socket, its conversation and what waits in either direction. Memory
-/// stays bounded whatever the client does: nothing more is read or answered while it leaves
-/// `kMostWaiting` characters of answers unread.
+/// One connected client: its socket, its conversation and the pending data in both directions.
+/// Memory is bounded: while the client leaves `kMostWaiting` characters of replies unread, nothing
+/// more is read or answered.
 class ServerClient {
  public:
   static constexpr std::size_t kMostWaiting = 65536;
 
-  /// Shows traffic.
+  /// Prints traffic.
   enum class Direction { Received, Sent };
   using Trace = std::function<void(Direction direction, std::string_view bytes)>;
 
-  /// Owns the socket from here on.
+  /// Takes ownership of the socket.
   ServerClient(wxSocketBase* socket, Plant& plant, Trace trace);
   ~ServerClient();
   ServerClient(const ServerClient&) = delete;
   ServerClient& operator=(const ServerClient&) = delete;
 
-  /// The socket can be read or written: moves what can be moved. False when the
-  /// connection is broken.
+  /// Reads, replies and writes as far as the socket allows. Returns false if the connection is
+  /// broken.
   bool Pump();
 
   bool TakingLines() const { return conversation_.TakingLines(); }
@@ -41,7 +41,7 @@ class ServerClient {
   void Converse();
   void Flush();
 
-  // Runs once, when a client without DUS number has had its moment.
+  // Runs once, after the delay in which a client may send its DUS number.
   class GreetingTimer : public wxTimer {
    public:
     explicit GreetingTimer(ServerClient& client) : client_(client) {}
@@ -54,7 +54,7 @@ class ServerClient {
   wxSocketBase* socket_;
   PlantConversation conversation_;
   Trace trace_;
-  std::string input_;   // read and not yet conversed about
+  std::string input_;   // read, not yet processed
   std::string output_;  // not yet written
   bool broken_ = false;
   GreetingTimer greeting_;

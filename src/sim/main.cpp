@@ -1,4 +1,4 @@
-// The simulated plant as a program.
+// zekview-sim: the simulated plant.
 
 #include <csignal>
 #include <iostream>
@@ -9,9 +9,9 @@
 
 #include <wx/app.h>
 
-#include "plant/PlantDde.h"
 #include "plant/PlantFolder.h"
 #include "plant/PlantOptions.h"
+#include "sim/PlantDde.h"
 #include "sim/PlantServer.h"
 #include "system/Process.h"
 
@@ -31,8 +31,8 @@ class PlantApp : public wxAppConsole {
   PlantApp(zek::sim::Plant plant, PlantOptions options)
       : plant_(std::move(plant)), options_(std::move(options)) {}
 
-  bool OnInit() override {  // the toolkit's own command line is not ours
-#ifdef __UNIX__             // elsewhere it ends at once: what a client finished is kept already
+  bool OnInit() override {  // keeps the toolkit from parsing the command line
+#ifdef __UNIX__             // Windows ends it at once; finished catalogues are already saved
     const auto end = [](int /*signal*/) { wxAppConsole::GetInstance()->ExitMainLoop(); };
     SetSignalHandler(SIGINT, end);
     SetSignalHandler(SIGTERM, end);
@@ -43,7 +43,7 @@ class PlantApp : public wxAppConsole {
   int OnRun() override {
     zek::sim::PlantServer server(plant_, options_);
     if (!server.Listen()) {
-      return Fail("port " + std::to_string(options_.port) + " on 127.0.0.1 is not to be had");
+      return Fail("port " + std::to_string(options_.port) + " on 127.0.0.1 is not available");
     }
     zek::sim::PlantDde dde(plant_, [&server] { server.SaveChanges(); });
     const std::string error = dde.Serve(options_);
@@ -69,7 +69,7 @@ int main(int argc, char** argv) {
   }
   zek::sim::LoadedPlant loaded = zek::sim::LoadPlant(options.folder);
   if (!loaded.error.empty()) return Fail(loaded.error);
-  // The toolkit deletes it when it is done.
+  // The toolkit deletes the application at its end.
   auto app = std::make_unique<PlantApp>(std::move(loaded.plant), std::move(options));
   wxAppConsole::SetInstance(app.release());
   int toolkitArguments = 1;

@@ -8,9 +8,9 @@ namespace zek {
 namespace {
 
 constexpr std::string_view kMark = ".zvtmp";
-constexpr std::size_t kLongestStem = 200;  // bytes; systems allow 255 of them or more
+constexpr std::size_t kLongestStem = 200;  // bytes; all systems allow at least 255
 
-// Where a piece of at most `longest` bytes ends, no character of UTF-8 cut in two.
+// Returns the largest length up to `longest` bytes that does not split a UTF-8 character.
 std::size_t WholeCharacters(std::string_view text, std::size_t longest) {
   if (text.size() <= longest) return text.size();
   while (longest > 0 && (static_cast<unsigned char>(text[longest]) & 0xC0) == 0x80) --longest;
@@ -26,7 +26,7 @@ std::string BesideName(const std::string& target, unsigned long process, int att
   const std::string_view name = std::string_view(target).substr(start);
   const std::size_t kept = WholeCharacters(name, kLongestStem);
   std::string beside = target.substr(0, start + kept);
-  if (kept < name.size()) beside += '~';  // what is left of a harmless name may be a device's
+  if (kept < name.size()) beside += '~';  // a cut name could be a device's name
   beside.append(kMark).append(std::to_string(process));
   if (attempt > 1) beside.append("-").append(std::to_string(attempt));
   return beside;
@@ -35,7 +35,7 @@ std::string BesideName(const std::string& target, unsigned long process, int att
 bool IsBesideName(std::string_view name) {
   const std::size_t mark = name.rfind(kMark);
   if (mark == std::string_view::npos) return false;
-  // The process, and perhaps "-" and the attempt.
+  // The process number, optionally "-" and the attempt.
   std::string_view rest = name.substr(mark + kMark.size());
   const auto takeNumber = [&rest] {
     const std::size_t digits = std::min(rest.find_first_not_of("0123456789"), rest.size());

@@ -5,18 +5,18 @@
 
 namespace zek {
 
-/// Where a file is written until it takes the place of `target`: beside it, "NAME.zvtmp" and the
-/// number of the process, and behind that "-2" and so on (`attempt`) while such a name is taken.
-/// A long name is cut, so that a file fits wherever its target does. Paths are UTF-8.
+/// Returns the path of the temporary file that later replaces `target`: in the same directory,
+/// "NAME.zvtmp", the process number and, from the second `attempt` on, "-2" and so on. Long names
+/// are cut, so that the temporary name is valid wherever the target's is. Paths are UTF-8.
 std::string BesideName(const std::string& target, unsigned long process, int attempt);
 
-/// The name (without directory) of such a file. It is never a catalogue, settings or export.
+/// True if `name` (without directory) is such a temporary name. Other files are never named so.
 bool IsBesideName(std::string_view name);
 
-/// The process that such a name tells of.
+/// Returns the process number in such a name.
 unsigned long BesideProcess(std::string_view name);
 
-/// A name taken by others that often is not tried for again.
+/// Give up after this many attempts to find a free name.
 inline constexpr int kMostBesideNames = 100;
 
 }  // namespace zek

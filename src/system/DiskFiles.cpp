@@ -12,7 +12,7 @@ namespace zek {
 
 namespace {
 
-// Windows allows names that are no Unicode text; none of ours is.
+// Windows allows file names that are not valid Unicode; the program never creates one.
 std::optional<std::string> Utf8If(const std::filesystem::path& path) {
   try {
     return Utf8Of(path);

@@ -6,12 +6,12 @@
 
 namespace zek {
 
-/// The error for one of the system's codes: errno, or on Windows what GetLastError returns.
+/// Makes an error from the system's code: errno, or on Windows the value of GetLastError.
 FileError FileErrorOf(const std::string& path, int code);
 
-/// The real disk. Writing goes to a `BesideName` beside the file (behind a link: beside the file it
-/// leads to); a left-over of a crash is never read, and deleted by the next write beside it. A file
-/// that is replaced keeps its permissions.
+/// The real disk. Data is first written to a temporary file (`BesideName`) in the target's
+/// directory; links are followed. A temporary file left by a crash is never read; the next write in
+/// that directory deletes it. A replaced file keeps its permissions.
 class DiskFiles final : public Files {
  public:
   bool Exists(const std::string& path) const override;

@@ -9,37 +9,37 @@
 
 namespace zek {
 
-/// Why a file operation failed, for the message that names the file and the reason.
+/// Why a file operation failed; messages show the path and the reason.
 struct FileError {
   enum class Reason { Missing, Denied, Full, ReadOnly, TooLarge, NameTooLong, InUse, Other };
   std::string path;  // as given to the operation
   Reason reason = Reason::Other;
-  std::string systemMessage;  // the system's own words, UTF-8
+  std::string systemMessage;  // the system's text, UTF-8
 };
 
 struct FileContent {
   std::string bytes;
-  std::optional<FileError> error;  // nothing when `bytes` is the whole file
+  std::optional<FileError> error;  // nothing if `bytes` is the whole file
 };
 
-/// No file the program reads is larger; one that is gives `TooLarge`.
+/// The largest file that the program reads, in bytes; a larger one is the error `TooLarge`.
 inline constexpr std::size_t kLargestFile = std::size_t{64} << 20;
 
-/// A file that is written piece by piece. It stands beside its place until `Commit`; without one
-/// nothing is left of it, and a file of that name stays as it was. What a killed program leaves of
-/// it is deleted when the next file of that directory is written.
+/// A file that is written piece by piece, under a temporary name until `Commit`. Without `Commit`
+/// it is deleted and an existing file of the final name stays unchanged. If the program is killed,
+/// the next write in that directory deletes the temporary file.
 class OutputFile {
  public:
   virtual ~OutputFile() = default;
 
-  /// Adds the bytes, all of them or on failure none: the file can still be gone on with.
+  /// Appends all bytes or, on failure, none; the file can still be written afterwards.
   virtual std::optional<FileError> Append(std::string_view bytes) = 0;
 
-  /// Flushes the file to the disk and puts it in its place. The last call, once.
+  /// Flushes the file to the disk and gives it its final name. Must be the last call.
   virtual std::optional<FileError> Commit() = 0;
 };
 
-/// What `Create` gave: the file, or why there is none.
+/// The result of `Create`: the file, or else the error.
 struct CreatedFile {
   std::unique_ptr<OutputFile> file;
   std::optional<FileError> error;
@@ -54,21 +54,21 @@ class Files {
 
   virtual FileContent Read(const std::string& path) const = 0;
 
-  /// Replaces the file as a whole: written beside, flushed to the disk, renamed over. On failure
-  /// the old file is still there, whole.
+  /// Replaces the whole file: writes a temporary file, flushes it to the disk and renames it. On
+  /// failure the file is the old one or, if only the last flush failed, the whole new one.
   virtual std::optional<FileError> Write(const std::string& path, std::string_view bytes) = 0;
 
-  /// Begins to write a file, which replaces one of the same name when it is committed.
+  /// Starts a new file; `Commit` replaces an existing file of that name.
   virtual CreatedFile Create(const std::string& path) = 0;
 
-  /// A directory that is there already is no error; the one above it has to be there.
+  /// An existing directory is not an error; a missing parent is.
   virtual std::optional<FileError> MakeDirectory(const std::string& path) = 0;
 
-  /// Deleting what is not there is no error; that its folder is not there is one.
+  /// A missing file is not an error; a missing folder is.
   virtual std::optional<FileError> Remove(const std::string& path) = 0;
 
-  /// Names (without directory) of the files in `directory`, sorted; empty when it can't be read.
-  /// Files that are only being written, or were when their program was killed, are not among them.
+  /// Returns the sorted names (without directory) of the files in `directory`, or none if it can't
+  /// be read. Temporary files are left out.
   virtual std::vector<std::string> List(const std::string& directory) const = 0;
 };
 

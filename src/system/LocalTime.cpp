@@ -7,7 +7,7 @@ namespace zek {
 LocalTime SystemTime() {
   constexpr int firstYear = 1900;
   const std::time_t now = std::time(nullptr);
-  // The program has one thread, so that nobody else writes where this points to.
+  // Safe: the program has one thread, and the result is copied at once.
   const std::tm* const local = std::localtime(&now);  // NOLINT(concurrency-mt-unsafe)
   if (local == nullptr) return {};
   return {local->tm_year + firstYear,

@@ -4,7 +4,7 @@
 
 namespace zek {
 
-/// Date and time of day as the clock on the wall shows them.
+/// Date and time of day in the local time zone.
 struct LocalTime {
   int year = 0;   // four digits
   int month = 0;  // 1 to 12
@@ -14,10 +14,10 @@ struct LocalTime {
   int second = 0;
 };
 
-/// The system's clock, in its time zone.
+/// Reads the system's clock.
 LocalTime SystemTime();
 
-/// Where a session gets its time from: the system, or a test.
+/// The clock of a session: the system's or a test's.
 using Clock = std::function<LocalTime()>;
 
 }  // namespace zek

@@ -7,7 +7,7 @@
 
 namespace zek {
 
-/// The message boxes of a session, or for a while something else in their place.
+/// Forwards to the message boxes of a session, or for a while to a replacement.
 class PromptSwitch final : public Prompts {
  public:
   explicit PromptSwitch(Prompts& box) : target_(&box) {}
@@ -30,7 +30,7 @@ class PromptSwitch final : public Prompts {
     return target_->AskWithDetails(icon, question, caption, details);
   }
 
-  /// How many messages there were so far.
+  /// Returns the number of messages shown so far; questions do not count.
   unsigned Shown() const { return shown_; }
 
  private:
@@ -39,7 +39,7 @@ class PromptSwitch final : public Prompts {
   unsigned shown_ = 0;
 };
 
-/// For its own life messages and questions go to `other`.
+/// During its lifetime messages and questions go to `other`.
 class PromptsInstead {
  public:
   PromptsInstead(PromptSwitch& prompts, Prompts& other)
@@ -55,7 +55,7 @@ class PromptsInstead {
   Prompts* before_;
 };
 
-/// Message boxes where nobody sits: each becomes one line for `log`, and every question is
+/// Message boxes of an unattended run: each becomes one line for `log`, and every question is
 /// answered No.
 class LogPrompts final : public Prompts {
  public:

@@ -6,7 +6,7 @@
 
 namespace zek {
 
-/// Paths are UTF-8 in memory, whatever the system's own encoding; these two are the way out and in.
+/// Paths in memory are UTF-8 on every system; these two functions convert them.
 inline std::filesystem::path PathOf(std::string_view utf8) {
   return {std::u8string(utf8.begin(), utf8.end())};
 }
@@ -16,7 +16,7 @@ inline std::string Utf8Of(const std::filesystem::path& path) {
   return {utf8.begin(), utf8.end()};
 }
 
-/// `directory` with the system's separator at its end.
+/// Adds the system's separator to the end of `directory` unless it has one.
 inline std::string WithSeparator(std::string directory) {
   constexpr char kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
   if (!directory.ends_with('/') && !directory.ends_with(kSeparator)) directory += kSeparator;

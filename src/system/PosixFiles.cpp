@@ -26,7 +26,7 @@ FileError FileErrorOf(const std::string& path, int code) {
   return {path, reason, std::generic_category().message(code)};
 }
 
-/// A file descriptor of the system, closed with this and not twice.
+/// Owns a file descriptor and closes it exactly once.
 class Descriptor {
  public:
   explicit Descriptor(int number) : number_(number) {}
@@ -51,11 +51,11 @@ class Descriptor {
   int number_;
 };
 
-/// The directory that holds `path`, "/" at its end.
+/// Returns the directory of `path` with "/" at its end, or "." if it has none.
 std::string DirectoryOf(const std::string& path);
 
-/// Has the entries of the directory that holds `path` written to the disk: a new name is safe only
-/// then. False with errno when that failed; a system that can't do it is none.
+/// Flushes the directory of `path` to the disk, without which a crash can lose a new name. Returns
+/// false, with errno set, on failure; a file system that does not support it is not a failure.
 bool FlushDirectoryOf(const std::string& path);
 
 namespace {
@@ -75,7 +75,7 @@ bool IsDeleted(int descriptor) {
   return ::fstat(descriptor, &status) == 0 && status.st_nlink == 0;
 }
 
-// False when the file has been renamed or deleted: the name may be somebody else's by now.
+// False if the file was renamed or deleted: the name may now belong to another file.
 bool IsStillNamed(int descriptor, const char* path) {
   struct stat opened = {};
   struct stat named = {};
@@ -83,11 +83,11 @@ bool IsStillNamed(int descriptor, const char* path) {
          opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
 }
 
-// The lock says that the file is being written; it ends with the process, on whatever computer
-// that runs, and however it ends.
+// The lock marks the file as being written. The system releases it when the process ends, even
+// after a crash or on another computer.
 bool Lock(int descriptor) { return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0; }
 
-// What killed programs left in the directory. One that is locked belongs to a program that runs.
+// Deletes temporary files left by killed programs; a locked one belongs to a running program.
 void Sweep(const std::string& directory) {
   std::error_code error;
   for (std::filesystem::directory_iterator at(directory, error), end; !error && at != end;
@@ -101,14 +101,15 @@ void Sweep(const std::string& directory) {
   }
 }
 
-// A file of our own beside the target; its descriptor is -1 with errno when there can be none.
+// Creates a temporary file beside the target; on failure the descriptor is -1 and errno is set.
 std::pair<int, std::string> OpenBeside(const std::string& target, mode_t mode) {
   for (int attempt = 1; attempt <= kMostBesideNames; ++attempt) {
     std::string path = BesideName(target, static_cast<unsigned long>(::getpid()), attempt);
     Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
     if (!file.IsOpen() && errno == EEXIST) continue;
     if (!file.IsOpen()) return {-1, {}};
-    // Another program's sweep can come before the lock; where there are no locks it takes nothing.
+    // Another program's `Sweep` can delete the file before it is locked; it deletes nothing where
+    // the file system has no locks.
     const bool swept = !Lock(file.Number()) && errno == EWOULDBLOCK;
     if (!swept && !IsDeleted(file.Number())) return {file.Release(), std::move(path)};
   }
@@ -118,7 +119,7 @@ std::pair<int, std::string> OpenBeside(const std::string& target, mode_t mode) {
 
 class DiskOutputFile final : public OutputFile {
  public:
-  // `path` is what messages name, `beside` is what is written until it replaces `target`.
+  // `path` is for messages; `beside` is the temporary file that replaces `target`.
   DiskOutputFile(int file, std::string path, std::string target, std::string beside)
       : file_(file),
         path_(std::move(path)),
@@ -136,7 +137,7 @@ class DiskOutputFile final : public OutputFile {
       return std::nullopt;
     }
     const int code = torn_ ? EIO : errno;
-    // What was written of these bytes goes again.
+    // Roll back a partial write.
     torn_ = ::ftruncate(file_.Number(), size_) != 0 || ::lseek(file_.Number(), size_, SEEK_SET) < 0;
     return FileErrorOf(path_, code);
   }
@@ -147,7 +148,7 @@ class DiskOutputFile final : public OutputFile {
       return FileErrorOf(path_, errno);
     }
     inPlace_ = true;
-    // In its place and whole, but until the directory is on the disk it may not stay there.
+    // The file is complete, but a crash can still lose its name until the directory is flushed.
     if (!FlushDirectoryOf(target_) || !file_.Close()) return FileErrorOf(path_, errno);
     return std::nullopt;
   }
@@ -158,7 +159,7 @@ class DiskOutputFile final : public OutputFile {
   std::string target_;
   std::string beside_;
   off_t size_ = 0;
-  bool torn_ = false;  // it ends in bytes that could not be taken back
+  bool torn_ = false;  // a partial write could not be rolled back
   bool inPlace_ = false;
 };
 
@@ -171,7 +172,7 @@ std::string DirectoryOf(const std::string& path) {
 
 bool FlushDirectoryOf(const std::string& path) {
   const Descriptor directory(::open(DirectoryOf(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (!directory.IsOpen()) return errno == EACCES;  // one may write into it, not list it
+  if (!directory.IsOpen()) return errno == EACCES;  // a directory without read permission
   return ::fsync(directory.Number()) == 0 || errno == EINVAL || errno == ENOTSUP;
 }
 
@@ -186,7 +187,7 @@ CreatedFile DiskFiles::Create(const std::string& path) {
   const bool replaces = ::stat(target.c_str(), &old) == 0;
   if (!replaces && errno != ENOENT) return {nullptr, FileErrorOf(path, errno)};
   Sweep(DirectoryOf(target));
-  // Nobody may read the new file who must not read the old one, at no time.
+  // At no time may the new file be readable to users who can't read the old one.
   const mode_t mode = replaces ? old.st_mode & 0777 : 0666;
   auto [file, beside] = OpenBeside(target, mode);
   if (file < 0) return {nullptr, FileErrorOf(path, errno)};
@@ -202,9 +203,9 @@ FileContent DiskFiles::Read(const std::string& path) const {
   if (::fstat(file.Number(), &status) != 0) return {{}, FileErrorOf(path, errno)};
   if (S_ISDIR(status.st_mode)) return {{}, FileErrorOf(path, EISDIR)};
   if (!S_ISREG(status.st_mode))
-    return {{}, FileErrorOf(path, EINVAL)};  // a pipe could make us wait
+    return {{}, FileErrorOf(path, EINVAL)};  // reading a pipe could block
   const auto expected = static_cast<std::size_t>(std::max<off_t>(status.st_size, 0));
-  content.bytes.resize(std::min(expected, kLargestFile) + 1);  // one more shows the end at once
+  content.bytes.resize(std::min(expected, kLargestFile) + 1);  // one more detects the end
   std::size_t used = 0;
   while (true) {
     if (used > kLargestFile) return {{}, FileError{path, FileError::Reason::TooLarge, {}}};
@@ -229,7 +230,7 @@ std::optional<FileError> DiskFiles::MakeDirectory(const std::string& path) {
 
 std::optional<FileError> DiskFiles::Remove(const std::string& path) {
   if (::unlink(path.c_str()) == 0) return std::nullopt;
-  // Of a folder that is gone, as a network drive can be, nobody knows what it holds.
+  // If the folder is missing, as on a disconnected network drive, the file may still exist.
   struct stat status = {};
   const int code = errno;
   if (code == ENOENT && ::stat(DirectoryOf(path).c_str(), &status) == 0) return std::nullopt;

@@ -11,7 +11,7 @@ namespace zek {
 std::vector<std::string> ProgramArguments(int argc, char** argv) { return {argv + 1, argv + argc}; }
 
 std::string ExecutableDirectory() {
-  std::error_code error;  // where the system does not tell, the current directory has to do
+  std::error_code error;  // an unreadable link yields "/"
   return WithSeparator(
       Utf8Of(std::filesystem::read_symlink("/proc/self/exe", error).parent_path()));
 }

@@ -6,13 +6,13 @@
 namespace zek {
 namespace {
 
-// A signal handler reaches nothing else.
+// A global, since a signal handler receives nothing else; lock-free, to be safe in one.
 std::atomic<bool> interrupted{false};
 static_assert(std::atomic<bool>::is_always_lock_free);
 
 extern "C" void OnSignal(int number) {
   interrupted = true;
-  std::signal(number, SIG_DFL);  // who asks twice does not want to wait
+  std::signal(number, SIG_DFL);  // a second signal ends the program at once
 }
 
 }  // namespace

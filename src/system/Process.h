@@ -5,36 +5,36 @@
 
 namespace zek {
 
-/// The arguments in UTF-8, without the program's own name.
+/// Returns the arguments in UTF-8, without the program's name.
 std::vector<std::string> ProgramArguments(int argc, char** argv);
 
-/// The directory of the executable in UTF-8, the system's separator at its end.
+/// Returns the directory of the executable in UTF-8, with the system's separator at its end.
 std::string ExecutableDirectory();
 
-/// "." or ",", whichever the user's system prints in numbers. The number functions of the C
-/// library keep to "." afterwards.
+/// Returns the user's decimal separator, "." or ",". The C library's number functions still use
+/// "." afterwards.
 char SystemDecimalSeparator();
 
-/// Standard input and output carry the same bytes on every system, and a console shows the UTF-8
-/// text of std::cout and std::cerr as what it means. Called once, first of all.
+/// Makes standard input and output carry bytes unchanged on every system, and consoles show
+/// std::cout and std::cerr as UTF-8. Call once, before any other use of the streams.
 void PrepareStandardStreams();
 
-/// Standard error is a terminal that knows the escape sequences for its lines.
+/// True if standard error is a terminal that supports escape sequences.
 bool IsErrorTerminal();
 
-/// Reports an error of a program with windows: on standard error, or in a message box where such a
-/// program has none.
+/// Reports an error on standard error; on Windows in a message box, unless standard error is
+/// redirected.
 void Complain(const std::string& utf8);
 
-/// The same for information, on standard output.
+/// The same for information and standard output.
 void Inform(const std::string& utf8);
 
-/// From now on Ctrl+C, a request to terminate and a lost terminal (SIGINT, SIGTERM, SIGHUP) no
-/// longer end the program at once, but every wait of it (see `WxTurn`), so that it can put its
-/// files in order. A second one of the same kind ends it at once.
+/// From now on Ctrl+C, a request to terminate and a lost terminal (SIGINT, SIGTERM, SIGHUP) do
+/// not end the program at once. They end its waits (see `WxTurn`), so that it can finish its
+/// files. A second signal of the same kind ends the program at once.
 void CatchInterrupts();
 
-/// One of them has come.
+/// True if one of these signals has arrived.
 bool Interrupted();
 
 }  // namespace zek

@@ -6,21 +6,22 @@ namespace zek {
 
 enum class Icon { None, Information, Exclamation, Critical, Question };
 
-/// Lines that belong to a message and are too many for it, below a label ("&" before its letter).
+/// Lines that do not fit in the message, shown below a label ("&" marks its access key).
 struct PromptDetails {
   std::string label;
-  std::string lines;  // ended by CR LF
+  std::string lines;  // each ends in CR LF
 };
 
-/// Message boxes. A box runs events while it waits for its answer: settle all state before.
-/// Texts are windows-1252; an empty caption stands for the program's name.
+/// Message boxes. A box handles events while it waits for its answer: complete all changes of state
+/// before the call. Texts are windows-1252; an empty caption means the program's name.
 class Prompts {
  public:
   virtual ~Prompts() = default;
   virtual void Show(Icon icon, const std::string& message, const std::string& caption) = 0;
   virtual bool AskYesNo(Icon icon, const std::string& question, const std::string& caption) = 0;
 
-  /// The same with details. Where there is no room for them, the message says the most important.
+  /// The same with details. Implementations without room for details show only the message, which
+  /// must therefore contain the most important facts.
   virtual void ShowDetails(Icon icon, const std::string& message, const std::string& caption,
                            const PromptDetails& /*details*/) {
     Show(icon, message, caption);

@@ -4,29 +4,29 @@
 
 namespace zek {
 
-/// The event loop as the waits of the program see it. Anything may happen inside a turn: another
-/// handler, a closed window, a lost link. State is therefore checked again after each.
+/// The event loop that the program's waits run. Anything may happen inside a turn: another handler
+/// runs, a window closes, a link is lost. Callers check their state again after each turn.
 class Turn {
  public:
   virtual ~Turn() = default;
 
-  /// Handles the events that are pending and returns without resting.
+  /// Handles the pending events and returns without waiting.
   virtual void RunPending() = 0;
 
-  /// Handles the events that are pending, then rests until an event or a tick came.
+  /// Handles the pending events, then waits for an event or a tick.
   virtual void Once() = 0;
 
-  /// True when the program is ending: every wait then ends at once.
+  /// True if the program is ending: every wait then ends at once.
   virtual bool Quitting() const = 0;
 };
 
-/// The one wait of the program: turns go by while `condition()` holds.
+/// Runs turns while `condition()` is true. All waits of the program use it.
 template <class Condition>
 void WaitWhile(Turn& turn, Condition condition) {
   while (!turn.Quitting() && condition()) turn.Once();
 }
 
-/// Posts a call to the program's event loop and returns at once; the calls run in their order.
+/// Posts a call to the program's event loop and returns at once; calls run in the posted order.
 using Later = std::function<void(std::function<void()> call)>;
 
 }  // namespace zek

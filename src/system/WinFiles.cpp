@@ -13,14 +13,14 @@
 
 namespace zek {
 
-// A table of its own: the standard library takes a network drive that is away for a missing file,
+// Not the standard library's mapping: it reports a disconnected network drive as a missing file,
 // and its messages are in the code page.
 FileError FileErrorOf(const std::string& path, int code) {
   using Reason = FileError::Reason;
   Reason reason = Reason::Other;
   switch (code) {
     case ERROR_FILE_NOT_FOUND:
-    case ERROR_PATH_NOT_FOUND:  // not so of a drive or a computer that is away: files may be there
+    case ERROR_PATH_NOT_FOUND:  // a disconnected drive has another code
       reason = Reason::Missing;
       break;
     case ERROR_ACCESS_DENIED:
@@ -43,7 +43,7 @@ FileError FileErrorOf(const std::string& path, int code) {
     default:
       break;
   }
-  // The system finds no folder of that name then.
+  // The system reports a missing folder for a path that is too long.
   constexpr std::size_t longest = MAX_PATH - 2;
   if (code == ERROR_PATH_NOT_FOUND && WideFromUtf8(path).size() > longest) {
     reason = Reason::NameTooLong;
@@ -51,13 +51,13 @@ FileError FileErrorOf(const std::string& path, int code) {
   return {path, reason, SystemMessage(code)};
 }
 
-/// Makes a call of the system, again for about a second while another program has the file open:
-/// virus scanners, indexers and backups do so for a moment right after it was written. False with
-/// the system's error.
+/// Calls `call`, and repeats it for about a second while another program has the file open: virus
+/// scanners, indexers and backups open files for a moment right after a write. Returns false, with
+/// the system's last error set, if it keeps failing.
 bool WhileHeld(const std::function<bool()>& call);
 
-/// The system's code for a call that failed with `code`: moving over or deleting a file that is
-/// open elsewhere is denied as if there were no right to it.
+/// Returns the true reason for `code`: the system reports "access denied" when it can't replace or
+/// delete a file because another program has it open.
 unsigned long HeldReason(unsigned long code, const std::wstring& path);
 
 namespace {
@@ -98,8 +98,8 @@ bool WriteAll(HANDLE file, std::string_view bytes) {
   return true;
 }
 
-// The new file is never more open to others than the one that it replaces. The system's call that
-// sees to that by itself replaces the file in several steps, between which there is none.
+// Copies the access rights of the old file to the new one. ReplaceFile would do so too, but works
+// in several steps, between which no file of that name exists.
 void TakeAccessOf(const std::wstring& target, const std::wstring& beside) {
   PACL access = nullptr;
   PSECURITY_DESCRIPTOR descriptor = nullptr;
@@ -112,7 +112,7 @@ void TakeAccessOf(const std::wstring& target, const std::wstring& beside) {
   ::GetSecurityDescriptorControl(descriptor, &control, &revision);
   const DWORD inherits = (control & SE_DACL_PROTECTED) != 0 ? PROTECTED_DACL_SECURITY_INFORMATION
                                                             : UNPROTECTED_DACL_SECURITY_INFORMATION;
-  std::wstring name = beside;  // the call wants one that it could change
+  std::wstring name = beside;  // the call needs a mutable name
   ::SetNamedSecurityInfoW(name.data(), SE_FILE_OBJECT, DACL_SECURITY_INFORMATION | inherits,
                           nullptr, nullptr, access, nullptr);
   ::LocalFree(descriptor);
@@ -126,8 +126,8 @@ bool IsRunning(DWORD process) {
   return running;
 }
 
-// What killed programs left in the directory: files of processes that are gone. One that a program
-// on another computer is writing is open and can't be deleted.
+// Deletes temporary files left by killed programs: their processes no longer run. A file that
+// another computer is writing is open, so that deleting it fails.
 void Sweep(const std::wstring& target) {
   const std::size_t separator = target.find_last_of(L"/\\");
   const std::wstring directory =
@@ -146,7 +146,7 @@ void Sweep(const std::wstring& target) {
 
 class WinOutputFile final : public OutputFile {
  public:
-  // `path` is what messages name, `beside` is what is written until it replaces `target`.
+  // `path` is for messages; `beside` is the temporary file that replaces `target`.
   WinOutputFile(HANDLE file, std::string path, std::wstring target, std::wstring beside)
       : file_(file),
         path_(std::move(path)),
@@ -165,7 +165,7 @@ class WinOutputFile final : public OutputFile {
       return std::nullopt;
     }
     const DWORD code = torn_ ? ERROR_WRITE_FAULT : ::GetLastError();
-    // What was written of these bytes goes again.
+    // Roll back a partial write.
     torn_ = ::SetFilePointerEx(file_.Get(), size_, nullptr, FILE_BEGIN) == 0 ||
             ::SetEndOfFile(file_.Get()) == 0;
     return FileErrorOf(path_, code);
@@ -191,7 +191,7 @@ class WinOutputFile final : public OutputFile {
   std::wstring target_;
   std::wstring beside_;
   LARGE_INTEGER size_{};
-  bool torn_ = false;  // it ends in bytes that could not be taken back
+  bool torn_ = false;  // a partial write could not be rolled back
   bool inPlace_ = false;
 };
 
@@ -221,13 +221,13 @@ FileContent DiskFiles::Read(const std::string& path) const {
     opened = ::CreateFileW(wide.c_str(), GENERIC_READ,
                            FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                            OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    // What is denied here is a matter of rights and stays so.
+    // For reading, "access denied" means missing rights: do not try again.
     if (opened == INVALID_HANDLE_VALUE && ::GetLastError() == ERROR_ACCESS_DENIED) return true;
     return opened != INVALID_HANDLE_VALUE;
   });
   const Handle file(opened);
   if (!file.IsOpen()) return {{}, FileErrorOf(path, ::GetLastError())};
-  if (::GetFileType(file.Get()) != FILE_TYPE_DISK) {  // a pipe could make us wait
+  if (::GetFileType(file.Get()) != FILE_TYPE_DISK) {  // reading a pipe could block
     return {{}, FileErrorOf(path, ERROR_BAD_FILE_TYPE)};
   }
   LARGE_INTEGER size{};
@@ -263,7 +263,7 @@ std::optional<FileError> DiskFiles::Remove(const std::string& path) {
   const std::wstring wide = WideFromUtf8(path);
   if (WhileHeld([&wide] { return ::DeleteFileW(wide.c_str()) != 0; })) return std::nullopt;
   const DWORD code = ::GetLastError();
-  if (code == ERROR_FILE_NOT_FOUND) return std::nullopt;  // not so that its folder is not there
+  if (code == ERROR_FILE_NOT_FOUND) return std::nullopt;  // a missing folder is an error
   return FileErrorOf(path, HeldReason(code, wide));
 }
 

@@ -4,7 +4,7 @@
 
 namespace zek {
 
-/// A handle of the system to a file, closed with this and not twice.
+/// Owns a file handle of the system and closes it exactly once.
 class Handle {
  public:
   explicit Handle(HANDLE handle) : handle_(handle) {}
@@ -14,7 +14,7 @@ class Handle {
 
   bool IsOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
   HANDLE Get() const { return handle_; }
-  // False when the system reports a late write error.
+  // False if the system reports a late write error.
   bool Close() {
     const HANDLE handle = handle_;
     handle_ = INVALID_HANDLE_VALUE;

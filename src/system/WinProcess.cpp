@@ -16,16 +16,16 @@
 
 namespace zek {
 
-/// A stream's way into a console window: whole UTF-8 characters, whatever code page it has.
+/// Writes a stream to a console as Unicode text, independent of the console's code page.
 class ConsoleBuffer final : public std::streambuf {
  public:
-  /// `stream` is the system's number of a standard stream. Does nothing until `Begin`.
+  /// `stream` is the system's number of a standard stream. Call `Begin` before use.
   explicit ConsoleBuffer(unsigned long stream) : stream_(stream) {}
 
-  /// False when the stream is no console.
+  /// Returns false if the stream is not a console.
   bool Begin();
 
-  /// The console takes escape sequences.
+  /// True if the console supports escape sequences.
   bool KnowsEscapes() const { return escapes_; }
 
  private:
@@ -37,11 +37,11 @@ class ConsoleBuffer final : public std::streambuf {
   unsigned long stream_;
   void* console_ = nullptr;
   bool escapes_ = false;
-  std::string waiting_;  // of a line that has not ended
+  std::string waiting_;  // bytes of an unfinished line
 };
 
 namespace {
-constexpr std::size_t kMostAtOnce = 8192;  // characters; consoles refuse what is much larger
+constexpr std::size_t kMostAtOnce = 8192;  // characters; consoles reject much larger writes
 }
 
 bool ConsoleBuffer::Begin() {
@@ -63,7 +63,7 @@ std::streamsize ConsoleBuffer::xsputn(const char* text, std::streamsize size) {
   return Show(waiting_.rfind('\n') + 1) ? size : 0;
 }
 
-// Whoever flushes has written whole characters.
+// Callers flush only after whole characters.
 int ConsoleBuffer::sync() { return Show(waiting_.size()) ? 0 : -1; }
 
 bool ConsoleBuffer::Show(std::size_t bytes) {
@@ -82,7 +82,7 @@ bool ConsoleBuffer::Show(std::size_t bytes) {
 
 namespace {
 
-// The streams use them until the process ends, after every static object is gone: they stay.
+// Never deleted: the streams use them until the process ends, after static objects are destroyed.
 ConsoleBuffer& Output() {
   static ConsoleBuffer* const buffer = new ConsoleBuffer(STD_OUTPUT_HANDLE);
   return *buffer;
@@ -103,7 +103,7 @@ void ShowBox(const std::string& utf8, UINT icon) {
 
 }  // namespace
 
-// Not those of `argv`: they went through the code page, which lacks characters.
+// Ignores `argv`, which the system converted to the code page with loss of characters.
 std::vector<std::string> ProgramArguments(int /*argc*/, char** /*argv*/) {
   int count = 0;
   const std::unique_ptr<LPWSTR, decltype(&::LocalFree)> wide(

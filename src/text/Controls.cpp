@@ -6,8 +6,8 @@
 
 namespace zek {
 
-// Eight characters at a time, in plain arithmetic: one at a time takes longer than the reply
-// handler's limit in docs/performance.md allows.
+// Tests eight characters at a time: one at a time exceeds the reply handler's limit in
+// docs/performance.md.
 std::size_t FindControl(std::string_view text, std::size_t from) {
   constexpr std::uint64_t blanks = 0x2020202020202020;
   constexpr std::uint64_t highBits = 0x8080808080808080;

@@ -6,14 +6,14 @@
 
 namespace zek {
 
-/// The place of the first control character (below 32) of `text` from place `from` on, or npos.
+/// Returns the position of the first control character (below 32) at or after `from`, or npos.
 std::size_t FindControl(std::string_view text, std::size_t from = 0);
 
-/// Replaces control characters by "<" code ">": what comes from outside must neither hide in a
-/// message nor steer a terminal.
+/// Replaces each control character by "<" code ">": text from outside must neither hide in a
+/// message nor send escape sequences to a terminal.
 void ShowControls(std::string& line);
 
-/// True for characters 0, 2 and 3, which the lines to the controllers stray into their texts.
+/// True for characters 0, 2 and 3, which the links add to the controllers' texts by mistake.
 constexpr bool IsStray(char character) {
   return character == 0 || character == 2 || character == 3;
 }

@@ -5,7 +5,7 @@
 namespace zek {
 namespace {
 
-// Nearly all separators are one character, whose search is several times faster.
+// Nearly all separators are one character; searching for a character is several times faster.
 std::size_t FindSeparator(std::string_view text, std::string_view separator, std::size_t from) {
   return separator.size() == 1 ? text.find(separator.front(), from) : text.find(separator, from);
 }
@@ -37,7 +37,7 @@ char Upper(char letter) {
   if (latin || accented) return static_cast<char>(code - 0x20);
   switch (code) {
     case 0x9A:
-      return '\x8A';  // s, z with caron and oe lie outside the regular block
+      return '\x8A';  // s, z with caron and oe are outside the regular block
     case 0x9C:
       return '\x8C';
     case 0x9E:

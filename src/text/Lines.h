@@ -6,15 +6,15 @@
 
 namespace zek {
 
-/// Takes the first line off `text`, its CR LF or LF included, and returns it without.
+/// Removes the first line and its end (CR LF or LF) from `text`; returns the line without the end.
 std::string_view TakeLine(std::string_view& text);
 
-/// The lines of a message joined by blanks, without the empty ones, control characters shown: one
-/// line for a log or a terminal.
+/// Makes a message one line for a log or a terminal: joins its non-empty lines by blanks and
+/// replaces control characters as `ShowControls` does.
 std::string OnOneLine(std::string_view message);
 
-/// `text`, or when it is longer than `longest` characters, that many of it with an ellipsis in
-/// place of the others: the first ones and the last `end` ones. windows-1252.
+/// Shortens windows-1252 text that is longer than `longest` characters: keeps that many of them,
+/// of which `end` from the end of the text, and puts an ellipsis where the others were.
 std::string Shortened(std::string_view text, std::size_t longest, std::size_t end = 0);
 
 }  // namespace zek

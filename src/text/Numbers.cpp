@@ -13,12 +13,12 @@ namespace {
 
 struct Leading {
   double value = 0;
-  std::size_t length = 0;  // of the text that was used, leading blanks included
+  std::size_t length = 0;  // of the parsed text, leading blanks included
 };
 
-constexpr std::ptrdiff_t kExactDigits = 15;  // so many digits a double holds exactly
+constexpr std::ptrdiff_t kExactDigits = 15;  // a double represents that many digits exactly
 
-// Digits alone, which is what most fields of a catalogue line hold; much faster than the rest.
+// Fast path: most fields of a catalogue line are plain digits.
 const char* TakeDigits(const char* first, const char* last, double& value) {
   std::int64_t digits = 0;
   const char* at = first;
@@ -35,7 +35,7 @@ Leading LeadingNumber(std::string_view text) {
   const char* const last = text.data() + text.size();
   const bool negative = first != last && *first == '-';
   if (first != last && (*first == '-' || *first == '+')) ++first;
-  // from_chars would also read "inf" and "nan", which no controller means as a number.
+  // from_chars would also parse "inf" and "nan", which no controller sends as a number.
   if (first == last || !((*first >= '0' && *first <= '9') || *first == '.')) return {};
   double magnitude = 0;
   const char* const digitsEnd = TakeDigits(first, last, magnitude);
@@ -67,7 +67,7 @@ bool IsNumeric(std::string_view text) {
 }
 
 std::optional<std::int16_t> ToInt16(double value) {
-  // Nearly all values are whole; rounding is a call of a library function.
+  // Nearly all values are whole numbers, which need no call of the rounding function.
   if (std::abs(value) < 32768 && value == static_cast<std::int16_t>(value)) {
     return static_cast<std::int16_t>(value);
   }
@@ -89,7 +89,7 @@ double ParseNumber(std::string_view text) {
 }
 
 std::string FormatNumber(double value, char decimalSeparator) {
-  // Most values are whole numbers (-0 among them), and those are had at an eighth of the time.
+  // Most values are whole numbers (-0 included); formatting them as such is eight times as fast.
   constexpr double exponentFrom = 1e7;
   if (std::abs(value) < exponentFrom && value == std::trunc(value)) {
     return std::to_string(static_cast<int>(value));

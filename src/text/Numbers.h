@@ -8,28 +8,27 @@
 
 namespace zek {
 
-/// The number that `text` begins with: leading blanks are skipped, then the longest run of sign,
-/// digits, one "." and an exponent counts; text that begins with no number gives 0. A magnitude
-/// beyond double gives the largest double.
+/// Parses the number at the start of `text`, after leading blanks: sign, digits, one "." and an
+/// exponent. Returns 0 if there is no number, and the largest double if the magnitude is too large.
 double Val(std::string_view text);
 
-/// True when the text as a whole is a number, leading and trailing blanks aside.
+/// True if the whole text is a number; leading and trailing blanks are allowed.
 bool IsNumeric(std::string_view text);
 
-/// `value` rounded half to even, or nothing when that lies outside -32768..32767.
+/// Rounds half to even; returns nothing if the result is outside -32768..32767.
 std::optional<std::int16_t> ToInt16(double value);
 
-/// `value` as single precision; what lies beyond its range gives its largest number.
+/// Converts to single precision; values beyond its range become its largest number.
 float ToSingle(double value);
 
-/// Like `Val`, with "," accepted for "." ("21,5" and "21.5" are both 21.5).
+/// Like `Val`, but also accepts "," as decimal separator ("21,5" and "21.5" are both 21.5).
 double ParseNumber(std::string_view text);
 
-/// At most 7 significant digits in the general format ("21", "21.5", "0.1", "1E+07" only beyond
-/// 7 digits before the point), with the given decimal separator.
+/// Formats with at most 7 significant digits and the given decimal separator: "21", "21.5", "0.1".
+/// An exponent ("1E+07") appears for more than 7 digits before the separator.
 std::string FormatNumber(double value, char decimalSeparator);
 
-/// A whole number from 0 up with zeros before it, so that it has at least `width` digits.
+/// Formats a number from 0 up with leading zeros to at least `width` digits.
 std::string ZeroPadded(int number, std::size_t width);
 
 }  // namespace zek

@@ -22,8 +22,8 @@ std::optional<char> ByteOf(char32_t character) {
   return static_cast<char>(0x80 + (found - kHighControls.begin()));
 }
 
-// Takes one character off the front of `utf8`; nothing when it begins with no valid sequence
-// (one byte is taken off then).
+// Removes one character from the start of `utf8`. Returns nothing, and removes one byte, if it
+// does not start with a valid sequence.
 std::optional<char32_t> TakeCharacter(std::string_view& utf8) {
   const auto first = static_cast<unsigned char>(utf8.front());
   const std::size_t length = first < 0x80   ? 1
@@ -88,7 +88,7 @@ std::string Windows1252FromUtf16(std::string_view bytes) {
   for (; bytes.size() > 1; bytes.remove_prefix(2)) {
     const auto low = static_cast<unsigned char>(bytes[0]);
     const auto high = static_cast<unsigned char>(bytes[1]);
-    // The two halves of a character beyond 16 bits become "?" each.
+    // Each half of a surrogate pair becomes "?".
     text += ByteOf(static_cast<char32_t>(high) << 8 | low).value_or('?');
   }
   return text;

@@ -7,20 +7,21 @@
 
 namespace zek {
 
-/// All text in memory and in files is windows-1252 bytes; these two are the way out and in.
+/// Text in memory and in files is windows-1252; these functions convert it to and from Unicode.
 std::string Utf8FromWindows1252(std::string_view bytes);
 
-/// Characters that windows-1252 lacks, and bytes that are no UTF-8, become "?".
+/// Characters that windows-1252 lacks and invalid UTF-8 bytes become "?".
 std::string Windows1252FromUtf8(std::string_view utf8);
 
-/// The same from UTF-16, low byte first; half a character at the end is left out.
+/// The same from UTF-16, low byte first; a single byte at the end is ignored.
 std::string Windows1252FromUtf16(std::string_view bytes);
 
-/// True when every character of the UTF-8 text has a place in windows-1252.
+/// True if windows-1252 can represent every character of the UTF-8 text.
 bool FitsWindows1252(std::string_view utf8);
 
-/// The Unicode character of a windows-1252 byte. The five bytes without one (0x81, 0x8D, 0x8F,
-/// 0x90, 0x9D) map to the control character of the same code, as the platform's conversion does.
+/// Returns the Unicode character of a windows-1252 byte. The five undefined bytes (0x81, 0x8D,
+/// 0x8F, 0x90, 0x9D) map to the control character of the same code, as in the platform's
+/// conversion.
 char32_t UnicodeFromWindows1252(unsigned char byte);
 
 namespace detail {
@@ -29,8 +30,8 @@ struct Windows1252Literal {
   std::array<char, N> bytes{};
   std::size_t length = 0;
 
-  // The sources are UTF-8. Literals need the letters of Latin-1 only, which are two bytes there
-  // (C2 or C3 first); anything else stops the compilation.
+  // Source files are UTF-8. Only Latin-1 characters are supported: in UTF-8 those beyond ASCII are
+  // two bytes, of which the first is C2 or C3. Any other character is a compile error.
   constexpr Windows1252Literal(const char (&utf8)[N]) {  // NOLINT(*-explicit-*, *-c-arrays)
     for (std::size_t i = 0; i + 1 < N; ++i) {
       const auto code = static_cast<unsigned char>(utf8[i]);
@@ -47,7 +48,7 @@ struct Windows1252Literal {
 };
 }  // namespace detail
 
-/// "Öppna"_w1252: a literal with å ä ö as windows-1252 bytes, converted when compiling.
+/// "Öppna"_w1252: a literal in windows-1252, converted at compile time.
 template <detail::Windows1252Literal literal>
 constexpr std::string_view operator""_w1252() {
   return {literal.bytes.data(), literal.length};

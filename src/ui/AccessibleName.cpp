@@ -51,7 +51,7 @@ class Cell final : public Named {
 };
 
 void Tell(wxWindow& window, std::unique_ptr<wxAccessible> accessible) {
-  window.SetAccessible(accessible.release());  // the window's own
+  window.SetAccessible(accessible.release());  // the window deletes it
   wxAccessible::NotifyEvent(wxACC_EVENT_OBJECT_NAMECHANGE, &window, wxOBJID_CLIENT, wxACC_SELF);
 }
 
@@ -68,7 +68,7 @@ void SetAccessibleCell(wxWindow& grid, const wxString& name, bool selected) {
 
 #elif defined(__WXGTK__)
 
-// The toolkit has no call for it here; the library below has.
+// The toolkit has no call for this on GTK, so call its accessibility library directly.
 void SetAccessibleName(wxWindow& window, const wxString& name) {
   AtkObject* const accessible = gtk_widget_get_accessible(window.GetHandle());
   if (accessible != nullptr) atk_object_set_name(accessible, name.utf8_str());

@@ -5,12 +5,12 @@
 
 namespace zek {
 
-/// What a screen reader says for a control that has no caption of its own; a new name is said at
-/// once when the control has the focus. Where the toolkit offers no way to say it, nothing happens.
+/// Sets what a screen reader says for a control without a caption. If the control has the focus,
+/// a new name is spoken at once. Does nothing where the toolkit has no accessibility support.
 void SetAccessibleName(wxWindow& window, const wxString& name);
 
-/// The same for a control that draws a grid of its own: the cell under its cursor, and whether
-/// that is selected.
+/// The same for a control that draws its own grid: the name of the cell under its cursor, and
+/// whether that cell is selected.
 void SetAccessibleCell(wxWindow& grid, const wxString& name, bool selected);
 
 }  // namespace zek

@@ -17,7 +17,7 @@ namespace {
 constexpr int kGap = 10;
 constexpr int kColumns = 84;
 constexpr int kFewestLines = 6;
-constexpr int kMostLines = 20;  // shown at once
+constexpr int kMostLines = 20;  // visible without scrolling
 constexpr int kMessageWidth = 560;
 
 wxArtID ArtOf(long style) {
@@ -34,7 +34,7 @@ DetailsBox::DetailsBox(wxWindow* parent, const Content& content)
   const int gap = FromDIP(kGap);
   auto* const whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(Head(content), 0, wxEXPAND | wxALL, gap);
-  // The label comes before its lines, which take their name from there.
+  // Accessibility names a control after the label created just before it.
   whole->Add(new wxStaticText(this, wxID_ANY, content.label), 0, wxLEFT | wxRIGHT, gap);
   whole->Add(Lines(content), 1, wxEXPAND | wxALL, gap);
   whole->Add(Buttons(content.style), 0, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, gap);
@@ -88,7 +88,7 @@ wxSizer* DetailsBox::Buttons(long style) {
   SetEscapeId(question ? wxID_NO : wxID_OK);
   Bind(wxEVT_BUTTON, [this](wxCommandEvent& event) { EndModal(event.GetId()); });
   standard->SetDefault();
-  // Once it is on the screen: before, the lines would get the focus and keep the Enter key.
+  // Deferred until the box is visible. Otherwise the lines get the focus and swallow Enter.
   CallAfter([standard] { standard->SetFocus(); });
   return buttons;
 }

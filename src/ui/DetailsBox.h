@@ -5,15 +5,15 @@
 
 namespace zek {
 
-/// A message box with lines below its message: read only, scrolled, to be selected and copied. The
-/// default button has the focus; Tab leads to the lines, Escape is No.
+/// A message box with scrollable lines below its message. The lines are read only but can be
+/// selected and copied. The default button has the focus. Tab moves to the lines. Escape means No.
 class DetailsBox final : public wxDialog {
  public:
   struct Content {
-    long style = 0;  // of a message box: wxOK or wxYES_NO, its default button, its icon
+    long style = 0;  // wxOK or wxYES_NO, with the default button and the icon
     wxString caption;
     wxString message;
-    wxString label;  // of the lines
+    wxString label;  // above the lines
     wxString lines;
   };
 

@@ -24,7 +24,7 @@ wxTextCtrl* NewEntryBox(wxWindow* parent, const std::string& name, const wxStrin
     box->SelectAll();
     event.Skip();
   });
-  // A click that brings the focus would take the selection away again.
+  // The click that gives the box the focus also clears the selection, so select again afterwards.
   box->Bind(wxEVT_LEFT_DOWN, [box](wxMouseEvent& event) {
     if (!box->HasFocus()) box->CallAfter([box] { box->SelectAll(); });
     event.Skip();

@@ -7,12 +7,12 @@
 
 namespace zek {
 
-/// A text box of an editor's grid: fixed pitch, wide enough for `widest`, its whole text selected
-/// when it gets the focus. A box that is not editable shows that it is not.
+/// Creates a text box for an editor's grid: fixed pitch, wide enough for `widest`, at most 20
+/// characters. Its whole text is selected when it gets the focus. A read-only box is grey.
 wxTextCtrl* NewEntryBox(wxWindow* parent, const std::string& name, const wxString& widest,
                         bool editable);
 
-/// Shows the heading of a row or column as that of the current one, or takes that back.
+/// Highlights the heading of the current row or column, or removes the highlight.
 void MarkLabel(wxStaticText& heading, bool current);
 
 }  // namespace zek

@@ -9,20 +9,20 @@
 
 namespace zek {
 
-/// Centres a form on its screen, no coordinate below 0.
+/// Centres a form on the screen. A form larger than the screen starts at coordinate 0.
 void CenterForm(wxTopLevelWindow& form);
 
-/// Places a form above all other windows, or takes that back.
+/// Keeps a form above all other windows, or stops doing so.
 void SetTopmost(wxTopLevelWindow& form, bool on);
 
-/// Gives the form the size and place that it had when it was last open, and remembers those when
-/// it closes. `name` is the form's own ("ZV_Main"). A form without a memory is centred.
+/// Restores the form's last size and position, and saves them when the form closes. `name`
+/// identifies the form ("ZV_Main"). A form opened for the first time is centred.
 void RememberPlacement(wxTopLevelWindow& form, const std::string& name);
 
 /// The font of all text boxes and of the log: fixed pitch.
 wxFont FixedFont();
 
-/// Calls `refresh` soon after `Request`, however often that is called: at most once a frame.
+/// Calls `refresh` 20 ms after `Request`. Further requests in that time cause no further call.
 class FrameRefresh {
  public:
   explicit FrameRefresh(std::function<void()> refresh);

@@ -61,7 +61,7 @@ int InputBlock::FilterEvent(wxEvent& event) {
     onEscape_();
   }
   if (IsEscape(event)) onEscape_();
-  // A key that began the work may still be held down and must not press the free button.
+  // The key that started the work may still be held down; it must not press the free button.
   const bool key = dynamic_cast<const wxKeyEvent*>(&event) != nullptr;
   const bool held = key && !keyReleased_;
   if (type == wxEVT_KEY_UP) keyReleased_ = true;
@@ -69,7 +69,7 @@ int InputBlock::FilterEvent(wxEvent& event) {
   return Event_Processed;
 }
 
-// Boxes of the system itself are dialogs that no event of ours comes from.
+// The system's own message boxes send no events of their own, so check the modal dialogs instead.
 bool InputBlock::IsSuspended() const {
   const std::set<const wxDialog*> now = ModalDialogs();
   return std::any_of(now.begin(), now.end(),

@@ -8,12 +8,13 @@
 
 namespace zek {
 
-/// For its own life it keeps the user's keys, clicks, menu choices and close requests from every
-/// window of the program, while the windows go on painting. Escape and a wish to close call
-/// `onEscape`. A dialog or message box that is opened meanwhile works as usual, and so does the
-/// mouse on `free`, the button that cancels.
+/// While it exists, blocks the user's keys, clicks, menu choices and close requests in every
+/// window of the program. The windows are still painted. Escape and a close request call
+/// `onEscape`. A dialog or message box that opens meanwhile works as usual. So does the mouse on
+/// `free`, the cancel button.
 ///
-/// Disabled windows would not do: a text box in one still takes keys on some systems.
+/// Disabling the windows is not enough: on some systems a text box in a disabled window still
+/// accepts keys.
 class InputBlock final : private wxEventFilter {
  public:
   explicit InputBlock(std::function<void()> onEscape, const wxWindow* free = nullptr);
@@ -21,8 +22,8 @@ class InputBlock final : private wxEventFilter {
   InputBlock& operator=(const InputBlock&) = delete;
   ~InputBlock() override;
 
-  /// The user asked meanwhile to close a window. Act on it when the work is done: a window must
-  /// not go while a wait that began in it is still running.
+  /// True if the user asked to close a window meanwhile. Act on it when the work is done: a window
+  /// must not be destroyed while a wait that began in it is still running.
   bool CloseRequested() const { return closeRequested_; }
 
  private:
@@ -31,9 +32,9 @@ class InputBlock final : private wxEventFilter {
 
   std::function<void()> onEscape_;
   const wxWindow* free_;
-  std::set<const wxDialog*> dialogsBefore_;  // modal already when the block began
+  std::set<const wxDialog*> dialogsBefore_;  // already modal when the block began
   bool closeRequested_ = false;
-  bool keyReleased_ = false;  // since the block began
+  bool keyReleased_ = false;  // a key was released since the block began
 };
 
 }  // namespace zek

@@ -18,7 +18,7 @@ wxString Mnemonics::Give(const wxString& caption) {
   if (caption.Contains("&")) return caption;
   for (std::size_t i = 0; i < caption.length(); ++i) {
     const wxUniChar letter = caption[i];
-    // Beyond ASCII the systems differ in which keys they know.
+    // Only ASCII letters work as keys on every system.
     if (!letter.IsAscii() || !wxIsalpha(letter) || !taken_.insert(Folded(letter)).second) continue;
     return caption.Left(i) + "&" + caption.Mid(i);
   }

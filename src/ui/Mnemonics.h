@@ -6,15 +6,15 @@
 
 namespace zek {
 
-/// The upper-case letter behind the "&" of a caption; 0 without one.
+/// The letter after the "&" of a caption, in upper case; 0 without "&".
 int MnemonicOf(const wxString& caption);
 
-/// Gives the captions of one form their keyboard letters. Language files in the field have none
-/// in most captions, and a translation must not need them.
+/// Assigns keyboard letters to the captions of one form. Most captions in existing language files
+/// have no "&", and a translator need not add any.
 class Mnemonics {
  public:
-  /// `caption` with "&" before its first letter that is still free, or as it stands when it brings
-  /// an "&" of its own (that letter is taken then) or has no free letter.
+  /// Returns `caption` with "&" before its first unused letter. A caption that already contains "&"
+  /// reserves its letter and is returned unchanged; so is one without an unused letter.
   wxString Give(const wxString& caption);
 
  private:

@@ -5,13 +5,13 @@
 
 namespace zek {
 
-/// The program's picture, a clock with its switch times, `size` pixels wide at 96 dpi.
+/// The program's picture, a clock with switch times, `size` pixels wide at 96 dpi.
 wxBitmapBundle ProgramPicture(int size);
 
-/// The same for the title bar and the task list.
+/// The same picture for the title bar and the task list.
 wxIconBundle ProgramIcons();
 
-/// The tool bar's pictures, crisp at any resolution.
+/// The tool bar's pictures; vector graphics, sharp at any resolution.
 wxBitmapBundle DisconnectPicture();
 wxBitmapBundle CataloguesPicture();
 wxBitmapBundle ClearPicture();

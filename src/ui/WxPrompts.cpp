@@ -25,14 +25,14 @@ long StyleOf(Icon icon) {
     case Icon::None:
       break;
   }
-  return wxICON_NONE;  // without it the toolkit chooses an icon of its own
+  return wxICON_NONE;  // 0 would let the toolkit choose an icon
 }
 
-// Who presses Enter through a row of messages must not agree to a warning.
+// Warnings default to No, so that repeated Enter never confirms one.
 long Standard(Icon icon) { return icon == Icon::Exclamation ? wxNO_DEFAULT : wxYES_DEFAULT; }
 
-// The form that was opened last, above which a box belongs. It need not be the active one: none may
-// be while a catalogue is transferred.
+// The form that was opened last: the parent of a message box. Not the active window, because there
+// may be none during a transfer.
 wxWindow* LastForm() {
   wxWindow* last = nullptr;
   for (wxWindow* const form : wxTopLevelWindows) {
@@ -41,7 +41,7 @@ wxWindow* LastForm() {
   return last;
 }
 
-// A line of a controller or a file can be longer than any screen and hold anything.
+// Text from a controller or a file can be too long for the screen and contain control characters.
 wxString Readable(std::string_view message) {
   constexpr std::size_t longest = 1000;
   const std::string shortened = Shortened(message, longest);

@@ -7,10 +7,10 @@
 
 namespace zek {
 
-/// Message boxes of the window system, above the window that is active.
+/// Shows message boxes above the form that was opened last.
 class WxPrompts final : public Prompts {
  public:
-  /// The language of the buttons; until it is told they are in the system's own.
+  /// Sets the language of the Yes and No buttons. Before this call they use the system's language.
   void Speak(const LanguageTexts& texts) { texts_ = &texts; }
 
   using Prompts::Show;

@@ -12,10 +12,9 @@
 
 namespace zek {
 
-/// The world outside as the programs have it: the disk, the toolkit's event loop, the transports of
-/// the system; and the session on it.
+/// A session with the real disk, the toolkit's event loop and the system's transports.
 struct SystemSession {
-  /// Both directories end in the system's separator; `prompts` shows the messages.
+  /// Both directories are UTF-8 and end in the system's separator; `prompts` shows the messages.
   SystemSession(const std::string& programPath, const std::string& iniPath, Prompts& prompts)
       : profile(OpenSettingsFile(files, iniPath + "ZEKView.INI")),
         proc(Outside{files, *profile, turn, prompts, socket, dde, tags}) {

@@ -13,7 +13,7 @@ namespace zek {
 namespace {
 
 constexpr std::size_t kReadSize = std::size_t{64} << 10;
-// One event reads at most so much, so that a flood leaves the window its turn.
+// Bytes per event: the limit lets the window handle its events during a flood.
 constexpr std::size_t kReadPerEvent = std::size_t{1} << 20;
 constexpr std::size_t kMostUnsent = std::size_t{1} << 20;
 
@@ -34,9 +34,9 @@ void WxTcpTransport::Drop() {
   if (socket_ == nullptr) return;
   socket_->Notify(false);
   socket_->Close();
-  // It goes behind the events that it has posted already, so that none of them is taken for one of
-  // the next socket. The toolkit's own Destroy() would wait for an idle program, and thousands of
-  // transfers can follow one another without one.
+  // Destroy the socket only after the events that it has already posted: otherwise a new socket at
+  // the same address could receive them. The toolkit's Destroy() waits until the program is idle,
+  // which may not happen during thousands of transfers.
   CallAfter([dropped = std::move(socket_)] {});
 }
 
@@ -52,7 +52,7 @@ void WxTcpTransport::Open(const LinkTarget& target) {
     FailLater(text::kPortInvalid);
     return;
   }
-  if (target.server.empty()) {  // which would be looked up as this computer
+  if (target.server.empty()) {  // an empty name would mean this computer
     FailLater(text::kHostUnknown);
     return;
   }
@@ -71,7 +71,7 @@ void WxTcpTransport::Open(const LinkTarget& target) {
   if (!begun) FailLater(text::kHostUnknown);
 }
 
-// The host is an address in dots here, for which the toolkit does not look anything up.
+// `host` is a numeric address, for which the toolkit makes no blocking lookup.
 void WxTcpTransport::Connect(wxIPV4address address, const std::string& host) {
   address.Hostname(wxString::FromUTF8(host.c_str()));
   socket_ = std::make_shared<wxSocketClient>(wxSOCKET_NOWAIT);
@@ -108,7 +108,7 @@ void WxTcpTransport::FlushUnsent() {
     socket_->Write(unsent_.data(), static_cast<wxUint32>(unsent_.size()));
     const std::size_t written = socket_->LastWriteCount();
     if (written == 0) {
-      // Room is told by wxSOCKET_OUTPUT; a broken connection is told by nothing else.
+      // wxSOCKET_OUTPUT reports new room; no other event reports a broken connection.
       if (socket_->LastError() != wxSOCKET_WOULDBLOCK) FailLater(text::kConnectionBroken);
       return;
     }
@@ -124,8 +124,8 @@ void WxTcpTransport::OnSocket(wxSocketEvent& event) {
       OnInput();
       break;
     case wxSOCKET_INPUT:
-      // The greeting of a quick server can come before the news of the connection, which brings the
-      // toolkit round to it again. A read before that finds nothing, and asks to be told for ever.
+      // A fast server's greeting can arrive before the event wxSOCKET_CONNECTION, which then reads
+      // it. A read before that would find nothing and cause the same event again, endlessly.
       if (state_ == LinkState::Connected) OnInput();
       break;
     case wxSOCKET_OUTPUT:
@@ -154,14 +154,14 @@ void WxTcpTransport::OnLost() {
   const bool opening = state_ == LinkState::Opening;
   const unsigned serial = serial_;
   const int code = PendingSocketError(socket_->GetSocket());
-  if (!opening) OnInput();  // what came before the end still counts
+  if (!opening) OnInput();  // process text received before the end
   if (serial != serial_) return;
   Drop();
   if (!opening && code == 0) {
     Events().OnLinkClosed();
     return;
   }
-  // The toolkit keeps to itself why a connect failed.
+  // The toolkit does not report why a connect failed.
   Events().OnLinkError({code == 0 ? text::kUnreachable : 0, SocketErrorText(code)});
 }
 

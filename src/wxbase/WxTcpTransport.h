@@ -11,8 +11,8 @@
 
 namespace zek {
 
-/// A TCP/IP socket as a transport. All events come through the event loop of the program, which
-/// never stands still: also a host name is looked up beside it.
+/// A TCP/IP socket as a transport. All events arrive through the program's event loop, which never
+/// blocks: host names are looked up in another thread.
 class WxTcpTransport final : public wxEvtHandler, public Transport {
  public:
   explicit WxTcpTransport(HostLookup::Resolve resolve = LookUpHost);
@@ -36,10 +36,10 @@ class WxTcpTransport final : public wxEvtHandler, public Transport {
   void Drop();
 
   HostLookup lookup_;
-  std::shared_ptr<wxSocketClient> socket_;  // shared with the event that ends it, see Drop
+  std::shared_ptr<wxSocketClient> socket_;  // shared with the call that destroys it, see Drop
   LinkState state_ = LinkState::Closed;
-  std::string unsent_;   // handed over, not yet taken by the system
-  unsigned serial_ = 0;  // counts the sockets: events of an older one are late
+  std::string unsent_;   // passed to Send, not yet accepted by the system
+  unsigned serial_ = 0;  // counts sockets, to ignore late events of an older one
 };
 
 }  // namespace zek

@@ -5,8 +5,8 @@
 
 namespace zek {
 namespace {
-constexpr unsigned long kRestMilliseconds = kTickMilliseconds;  // the next tick ends a rest anyway
-constexpr int kMostAtOnce = 1000;  // events: a flood of them must not keep posted calls waiting
+constexpr unsigned long kRestMilliseconds = kTickMilliseconds;  // a tick ends the wait anyway
+constexpr int kMostAtOnce = 1000;  // events; a flood must not delay posted calls
 }  // namespace
 
 void WxTurn::RunPending() {
@@ -14,8 +14,8 @@ void WxTurn::RunPending() {
   wxEventLoopBase* const loop = wxEventLoopBase::GetActive();
   for (int i = 0; i < kMostAtOnce && loop != nullptr && loop->Pending(); ++i) {
     if (!loop->Dispatch()) break;
-    // A socket posts its event and stays readable until the event has been handled: without this
-    // a peer that hangs up would be dispatched for ever, and its events would pile up.
+    // A socket posts its event and stays readable until the event is handled. Without this, a
+    // closed connection would be dispatched forever and its events would accumulate.
     wxAppConsole::GetInstance()->ProcessPendingEvents();
   }
 }

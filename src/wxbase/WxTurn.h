@@ -11,22 +11,22 @@
 
 namespace zek {
 
-/// The real event loop, with or without a window. Waits must start from inside a running loop.
+/// The toolkit's event loop, with or without windows. Waits must start inside a running loop.
 class WxTurn final : public Turn {
  public:
   void RunPending() override;
   void Once() override;
   bool Quitting() const override { return quitting_ || Interrupted(); }
 
-  /// Ends every wait, now and from now on.
+  /// Ends all waits, current and future.
   void Quit() { quitting_ = true; }
 
  private:
   bool quitting_ = false;
 };
 
-/// `Timer_Comm` and `Timer_Batch`: calls `tick` at its interval, also inside waits. The call is
-/// posted as an event: a handler that waits inside the timer's own call would stop the timer.
+/// `Timer_Comm` and `Timer_Batch`: calls `tick` at the given interval, also during waits. The call
+/// is posted as an event: a wait inside the timer's own handler would stop the timer.
 class WxTick final : public wxTimer {
  public:
   explicit WxTick(std::function<void()> tick) : tick_(std::move(tick)) {}
@@ -37,10 +37,10 @@ class WxTick final : public wxTimer {
 
   std::function<void()> tick_;
   wxEvtHandler posted_;
-  bool waiting_ = false;  // a posted call has not begun yet: no second one piles up behind it
+  bool waiting_ = false;  // a posted call has not started: do not post another
 };
 
-/// Posts calls to the event loop as long as it lives; what is still posted then never runs.
+/// Posts calls to the event loop. Calls still pending when it is destroyed never run.
 class WxLater {
  public:
   Later Post() {

@@ -93,12 +93,12 @@ void ZV_TSC::RunModal() {
   const wxWeakRef<ZV_TSC> alive(this);
   wxGUIEventLoop loop;
   loop_ = &loop;
-  // The windows below work again before this one goes, so that the system activates one of them.
+  // Enable the windows below before this one closes, so that the system activates one of them.
   {
     const wxWindowDisabler onlyThis(this);
     Show();
     Raise();
-    // Inside the loop, so that messages about the settings stand above the visible form.
+    // Inside the loop, so that messages about the settings appear above the visible form.
     CallAfter([this] { ShowTree(); });
     loop.Run();
   }
@@ -123,7 +123,7 @@ void ZV_TSC::ShowTree() {
     place =
         FindNode(proc_.tree, proc_.topics, proc_.topics[proc_.connection.CurrentTopic].TopicName);
   }
-  // A tree without a selection takes no arrow keys.
+  // A tree without a selection ignores the arrow keys.
   if (!place && !proc_.tree.empty()) place = 0;
   if (place) TreeView->SelectPlace(*place);
   if (!proc_.settings.BatchMode) return;
@@ -147,7 +147,7 @@ void ZV_TSC::OnActivated(wxTreeEvent& event) {
   }
 }
 
-// Shift+F10; the mouse comes with an event of the tree.
+// Handles Shift+F10; the mouse causes wxEVT_TREE_ITEM_MENU instead.
 void ZV_TSC::OnContextMenu(wxContextMenuEvent& event) {
   if (event.GetPosition() == wxDefaultPosition && TreeView->Selected()) {
     ShowContextMenu();
@@ -171,10 +171,10 @@ void ZV_TSC::OnKey(wxKeyEvent& event) {
   }
 }
 
-// The loop that shows the form ends and destroys it: a handler of the form may still be running.
+// A handler of the form may still be running, so `RunModal` destroys it after the loop ends.
 void ZV_TSC::OnClose(wxCloseEvent& /*event*/) {
   closing_ = true;
-  if (busy_) OnCancel();  // the end of the user's session gets past the block of input
+  if (busy_) OnCancel();  // the end of the user's session passes the input block
   if (loop_ != nullptr) loop_->ScheduleExit();
 }
 
@@ -228,7 +228,7 @@ void ZV_TSC::OnHistory() {
 }
 
 void ShowBrowser(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
-  BatchExport batch(proc);  // outlives the form, which may go in the middle of a fetch
+  BatchExport batch(proc);  // outlives the form, which may be destroyed during a fetch
   const wxWeakRef<ZV_TSC> form(new ZV_TSC(parent, proc, turn, batch));
   batch.Selected = [form](std::size_t node) {
     if (form) form->ShowNode(node);

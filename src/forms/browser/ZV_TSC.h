@@ -20,20 +20,20 @@
 
 namespace zek {
 
-/// The browser's window. A frame in an event loop of its own rather than a dialog, since a dialog
-/// has no menu bar on every system.
+/// The browser's window. It is a frame with its own event loop, not a dialog, because dialogs have
+/// no menu bar on some systems.
 class ZV_TSC final : public wxFrame {
  public:
   ZV_TSC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, BatchExport& batch);
   ~ZV_TSC() override;
 
-  /// Shows the form until it is closed. The form may be gone afterwards, with its parent.
+  /// Shows the form until it is closed. Afterwards the form is destroyed or about to be.
   void RunModal();
 
-  /// Shows what is transferred and waited for, and where a batch stands.
+  /// Shows the progress of the transfer, the current wait, and the progress of a batch.
   void ShowStatus();
 
-  /// Selects the node that a batch visits.
+  /// Selects the node that a batch is exporting.
   void ShowNode(std::size_t place) { TreeView->SelectPlace(place); }
 
  private:
@@ -81,11 +81,11 @@ class ZV_TSC final : public wxFrame {
   wxStaticText* batchText_ = nullptr;
   wxGauge* batchGauge_ = nullptr;
   wxButton* cancel_ = nullptr;
-  bool fetching_ = false;  // a fetch that was begun here; the editor shows its own writes
-  bool busy_ = false;      // what the form looks like
+  bool fetching_ = false;  // a fetch begun here is running; an editor shows its own writes
+  bool busy_ = false;      // the form is shown as busy
   wxEventLoopBase* loop_ = nullptr;
-  bool closing_ = false;                    // it will be gone soon
-  std::unique_ptr<InputBlock> batchBlock_;  // while a batch runs
+  bool closing_ = false;                    // about to be destroyed
+  std::unique_ptr<InputBlock> batchBlock_;  // exists while a batch runs
   WxTick Timer_Batch;
 };
 
@@ -109,14 +109,14 @@ enum Menu : int {
 };
 }  // namespace browser
 
-/// `ZV_TSC`, the catalogue browser: shows the objects and their time controls, fetches a
-/// catalogue and opens its editor. Modal: returns when the browser was closed. It opens on the
-/// object of setting `StartTopic`, or else on the connected one. With `BatchMode` it runs the batch
-/// export by itself and closes.
+/// Opens `ZV_TSC`, the catalogue browser. It shows the objects and their time controls, fetches a
+/// catalogue and opens its editor. Modal: returns when the browser is closed. It first selects the
+/// object of the setting `StartTopic`, or the connected one. With `BatchMode` it starts the batch
+/// export by itself and closes afterwards.
 void ShowBrowser(wxWindow* parent, ZV_Proc& proc, WxTurn& turn);
 
-/// Shows the earlier local copies of the selected node's catalogues, how each differs from the
-/// present one, and restores the one that the user chooses. Modal.
+/// Shows the earlier local copies of the selected node's catalogues and how each differs from the
+/// current copy. Restores the one that the user chooses. Modal.
 void ShowHistory(wxWindow* parent, ZV_Proc& proc);
 
 }  // namespace zek

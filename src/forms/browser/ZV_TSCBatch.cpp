@@ -13,18 +13,18 @@
 #include "ui/Forms.h"
 #include "ui/WxText.h"
 
-// The batch export as the browser drives and shows it.
+// How the browser runs the batch export and shows its progress.
 namespace zek {
 
 using namespace browser;
 
 namespace {
 constexpr int kTimerBatch = 10;  // milliseconds
-constexpr long kSlice = 20;      // milliseconds of steps in one tick: most fetch nothing
+constexpr long kSlice = 20;      // milliseconds for steps in one tick; most steps fetch nothing
 constexpr int kRowGap = 6;
 }  // namespace
 
-// On a panel: the ground of a bare frame is that of a work space, dark on some systems.
+// On a panel, because a bare frame's background is dark on some systems.
 wxWindow* ZV_TSC::BatchRow() {
   batchRow_ = new wxPanel(this);
   batchText_ = new wxStaticText(batchRow_, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
@@ -58,12 +58,12 @@ void ZV_TSC::StartBatch() {
 }
 
 void ZV_TSC::OnBatchTick() {
-  if (!batchBlock_) return;  // a last tick that was on its way when the batch ended
+  if (!batchBlock_) return;  // a late tick, after the batch ended
   const wxWeakRef<ZV_TSC> alive(this);
   const wxStopWatch watch;
   while (batch_.Tick() && alive && watch.Time() < kSlice) {
   }
-  // The tick that comes from inside a fetch is not the one that finishes.
+  // A tick inside a fetch must not finish the batch; the outer tick does.
   if (alive && batchBlock_ && !batch_.IsRunning()) FinishBatch();
 }
 
@@ -99,7 +99,7 @@ void ZV_TSC::ShowSummary() {
   box.ShowModal();
 }
 
-// The batch is over for this form, or the form for the batch, which ends with `ShowBrowser` then.
+// Ends the form's part in the batch. If the form closes first, `ShowBrowser` ends the batch itself.
 void ZV_TSC::EndBatch() {
   Timer_Batch.Stop();
   batchBlock_.reset();

@@ -54,7 +54,7 @@ class HistoryForm final : public wxDialog {
     Command_Restore->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { RestoreChosen(); });
     RememberPlacement(*this, "ZV_TSCHistory");
     if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
-    // Once it is on the screen: before, nothing can have the focus.
+    // Deferred until the form is visible; before that nothing can get the focus.
     CallAfter([this] {
       Raise();
       List_Kept->SetFocus();
@@ -129,7 +129,7 @@ class HistoryForm final : public wxDialog {
         kinds_.at(static_cast<std::size_t>(Choice_Kind->GetSelection())).first);
   }
 
-  // The newest is chosen: it is what was there last.
+  // Selects the newest copy, the last state before the current one.
   void ShowKept() {
     kept_ = proc_.copies.HistoryOf(Chosen()).Kept();
     List_Kept->Clear();
@@ -150,7 +150,7 @@ class HistoryForm final : public wxDialog {
         proc_.copies.CompareWith(Chosen(), kept_.at(static_cast<std::size_t>(chosen)));
     if (!alive) return;
     wxString text;
-    // Also an equal one can be restored: a copy that was erased reads as an empty one does.
+    // Offer an equal copy too: an erased copy and an empty one show no difference.
     Command_Restore->Enable(differences.has_value());
     if (!differences) {
       differences.emplace();

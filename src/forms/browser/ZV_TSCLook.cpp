@@ -6,7 +6,7 @@
 #include "lang/TextNumbers.h"
 #include "ui/WxText.h"
 
-// What the browser shows beside its tree: menus, status bar, and how it looks during a transfer.
+// The parts of the browser beside its tree: menus, status bar, and its look during a transfer.
 namespace zek {
 
 using namespace browser;
@@ -82,7 +82,7 @@ void ZV_TSC::BuildStatusBar() {
                          wxDefaultSize, wxBU_EXACTFIT);
   wxSize button = cancel_->GetBestSize();
   cancel_->SetLabel(Label(text::kCancelTransfer));
-  button.IncTo(cancel_->GetBestSize());  // either label fits
+  button.IncTo(cancel_->GetBestSize());  // wide enough for either label
   const std::array widths{-2, -3, button.x + 2 * FromDIP(kCancelPadding)};
   bar->SetStatusWidths(static_cast<int>(widths.size()), widths.data());
   bar->SetMinHeight(button.y + 2 * FromDIP(kCancelMargin));
@@ -108,7 +108,7 @@ void ZV_TSC::ShowBusy(bool busy) {
   cancel_->Enable();
   cancel_->Show(busy);
   PlaceCancel();
-  // The focus leaves the tree before it is disabled, so that Escape still has a way in.
+  // Move the focus before disabling the tree; otherwise Escape would not arrive.
   if (busy) cancel_->SetFocus();
   TreeView->Enable(!busy);
   for (std::size_t i = 0; i < GetMenuBar()->GetMenuCount(); ++i) GetMenuBar()->EnableTop(i, !busy);

@@ -18,7 +18,7 @@ constexpr int kPictureSize = 16;
 
 constexpr std::string_view kBlank;
 
-// A controller in its cabinet; grey and dark when it has no time control.
+// A controller in its cabinet; grey if it has no time control.
 constexpr std::string_view kEmptyObject =
     R"(<rect x="2.5" y="1.5" width="11" height="13" rx="1.5" fill="#eceff1" stroke="#90a4ae"/>
 <rect x="4.5" y="3.5" width="7" height="4" fill="#cfd8dc" stroke="#90a4ae"/>
@@ -29,7 +29,7 @@ constexpr std::string_view kObject =
 <rect x="4.5" y="3.5" width="7" height="4" fill="#1e88e5" stroke="#0d47a1"/>
 <circle cx="5.5" cy="11.5" r="1.2" fill="#43a047"/><circle cx="9" cy="11.5" r="1.2" fill="#fb8c00"/>)";
 
-// Clocks; those of ZEK2 controllers are told apart by shape, not by colour alone.
+// Clocks; ZEK1 and ZEK2 differ in shape, not only in colour.
 constexpr std::string_view kTimeControl1 =
     R"(<circle cx="8" cy="8" r="6.5" fill="#ffffff" stroke="#1565c0" stroke-width="1.5"/>
 <path d="M8 4 L8 8 L11 9.8" fill="none" stroke="#263238" stroke-width="1.4"/>)";

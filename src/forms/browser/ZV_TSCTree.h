@@ -12,25 +12,25 @@
 
 namespace zek {
 
-/// The pictures of the browser's tree, crisp at any resolution. The index is the `NodePicture`;
+/// The pictures of the browser's tree, sharp at any resolution. The index is the `NodePicture`;
 /// 0 is blank.
 wxVector<wxBitmapBundle> NodePictures();
 
-/// `TreeView`: shows an `ObjectTree` and speaks of its nodes by their places in it.
+/// `TreeView`: shows an `ObjectTree`. A node is identified by its index in that tree (its place).
 class ObjectTreeView final : public wxTreeCtrl {
  public:
   explicit ObjectTreeView(wxWindow* parent);
 
-  /// Replaces what is shown. Nothing is selected afterwards.
+  /// Replaces the nodes shown and clears the selection.
   void ShowNodes(const ObjectTree& tree);
 
   std::optional<std::size_t> Selected() const;
   std::optional<std::size_t> PlaceOf(const wxTreeItemId& item) const;
 
-  /// Selects a node, opens it when it is an object, and scrolls to it.
+  /// Selects a node, expands it if it is an object, and scrolls to it.
   void SelectPlace(std::size_t place);
 
-  /// Where a menu for the selected node belongs.
+  /// The position for a menu of the selected node.
   wxPoint MenuPlace() const;
 
   void ExpandObjects();

@@ -57,13 +57,13 @@ void ZV_SDC::BindEvents() {
   BuildAccelerators();
 }
 
-// The frames' letters lead to what is in them: to the days and to the option that is chosen.
+// A frame's letter moves the focus into the frame: to the days or to the chosen option.
 void ZV_SDC::BuildAccelerators() {
   std::vector<wxAcceleratorEntry> keys;
   const auto lead = [&](const wxStaticBox* frame, const std::function<wxWindow*()>& target) {
     const int letter = MnemonicOf(frame->GetLabel());
     if (letter == 0) return;
-    const int id = wxID_HIGHEST + 1 + static_cast<int>(keys.size());  // no control's own
+    const int id = wxID_HIGHEST + 1 + static_cast<int>(keys.size());  // not the id of any control
     keys.emplace_back(wxACCEL_ALT, letter, id);
     Bind(
         wxEVT_MENU,
@@ -108,7 +108,7 @@ void ZV_SDC::Redo() {
 void ShowCalendarForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
                       const CatalogueContent& content) {
   const Topic& topic = proc.topics[proc.selection.CurrentObject];
-  // The editor outlives its form, which may go with its parent in the middle of a save.
+  // Outlives the form, which may be destroyed with its parent during a save.
   CalendarEditor editor(content.lines, proc.selection.TscName,
                         YearsOf(proc.settings, topic.TopicType), DateOf(proc.now()),
                         proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit);

@@ -18,13 +18,13 @@
 
 namespace zek {
 
-/// The calendar editor's window. The rules are the editor's, which it borrows.
+/// The calendar editor's window. The rules are in `CalendarEditor`, which must outlive the window.
 class ZV_SDC final : public EditorForm {
  public:
   ZV_SDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
          CalendarEditor& editor);
 
-  /// Puts the focus into the month grid.
+  /// Moves the focus to the month grid.
   void FocusEntry() override { Picture_Days->SetFocus(); }
 
  private:
@@ -44,7 +44,7 @@ class ZV_SDC final : public EditorForm {
   wxSizer* DayTypeContent();
   void BindEvents();
   void BuildAccelerators();
-  /// Shows what the editor has, in the grid and in the choices beside it.
+  /// Shows the editor's state in the grid and in the options beside it.
   void ShowAll();
 
   CalendarEditor& editor_;
@@ -65,9 +65,8 @@ class ZV_SDC final : public EditorForm {
   wxButton* Command_Cancel = nullptr;
 };
 
-/// `ZV_SDC`, the calendar editor: shows the special-day calendar of the selected node, lets the
-/// user edit it and, on "Spara", hands it to the catalogue write. Modal: returns when the editor
-/// was closed.
+/// Opens `ZV_SDC`, the calendar editor, on the special-day calendar of the selected node. The user
+/// can edit it, and "Spara" writes it. Modal: returns when the editor is closed.
 void ShowCalendarForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
                       const CatalogueContent& content);
 

@@ -15,7 +15,7 @@
 
 namespace zek {
 
-/// The system's colours and what follows from them, as they are when the grid is painted.
+// The system's colours and those derived from them, read anew for every painting of the grid.
 struct DayColours {
   wxColour text;
   wxColour line;
@@ -31,7 +31,7 @@ constexpr int kPadding = 6;  // at each side of a cell's text
 constexpr int kRowPadding = 4;
 constexpr int kFrame = 2;
 constexpr int kTodayInset = 3;
-constexpr int kRows = kMonthRows + 1;  // the headings stand above the days
+constexpr int kRows = kMonthRows + 1;  // row 0 has the headings
 
 wxColour System(wxSystemColour colour) { return wxSystemSettings::GetColour(colour); }
 
@@ -47,7 +47,7 @@ DayColours ColoursNow() {
           ToColour(colours.selected),      ToColour(colours.selectedBackground)};
 }
 
-// The same key of the number pad and of the rest.
+// Maps a key of the number pad to the same key of the main keyboard.
 int Plain(int key) {
   constexpr auto pairs = std::to_array<std::pair<int, int>>({{WXK_NUMPAD_LEFT, WXK_LEFT},
                                                              {WXK_NUMPAD_RIGHT, WXK_RIGHT},
@@ -126,7 +126,7 @@ wxSize DayGrid::DoGetBestClientSize() const {
           kRows * (cell.y + 2 * FromDIP(kRowPadding))};
 }
 
-// Row 0 holds the headings. The cells share the whole control.
+// Row 0 has the headings. The cells divide the whole control evenly.
 wxRect DayGrid::CellAt(int row, int column) const {
   const wxSize whole = GetClientSize();
   const auto edge = [](int length, int at, int parts) { return length * at / parts; };
@@ -173,8 +173,8 @@ void DayGrid::DrawHeadings(wxDC& dc) const {
   }
 }
 
-// Selected days have a frame and a ground of their own and free ones are bold, so that nobody needs
-// to see the colours; today has a frame within its cell, the cursor a thick one.
+// Colour is never the only sign: selected days have a frame and free days are bold. Today has a
+// frame inside its cell, the cursor a thick one.
 void DayGrid::DrawDay(wxDC& dc, const wxRect& place, int day, const DayColours& colours) const {
   const CalendarCell cell = editor_.Cell(day, texts_);
   if (cell.selected) {
@@ -219,7 +219,7 @@ void DayGrid::OnMotion(wxMouseEvent& event) {
 
 void DayGrid::OnRelease(wxMouseEvent& event) {
   if (HasCapture()) ReleaseMouse();
-  // A message runs events, and the form may go meanwhile.
+  // A message runs the event loop, and the form may be destroyed meanwhile.
   const wxWeakRef<DayGrid> alive(this);
   editor_.Release(DayUnder(event.GetPosition()), prompts_, texts_);
   if (alive) changed_();
@@ -230,7 +230,7 @@ void DayGrid::OnRelease(wxMouseEvent& event) {
 void DayGrid::OnKey(wxKeyEvent& event) {
   const int key = Plain(event.GetKeyCode());
   if (key == WXK_TAB) {
-    // Not just forward: from the Tab key it goes to the option that is chosen.
+    // `FromTab` makes the focus enter a group at its chosen option.
     Navigate(wxNavigationKeyEvent::FromTab | (event.ShiftDown() ? wxNavigationKeyEvent::IsBackward
                                                                 : wxNavigationKeyEvent::IsForward));
   } else if (!TakeKey(key, event.GetModifiers())) {

@@ -13,19 +13,19 @@ namespace zek {
 
 struct DayColours;
 
-/// `Picture_Days`: the days of one month, a column for each weekday under its name. Days are chosen
-/// by mouse or keyboard and given the editor's day type.
+/// `Picture_Days`: the days of one month, in a column for each weekday. The user selects days by
+/// mouse or keyboard and gives them the editor's day type.
 ///
-/// Keys: arrows, Home and End move the cursor and with Shift select; Enter or Space applies the
-/// type; 0 chooses none and 1 to 7 SD1 to SD7; PageUp and PageDown show another month, with Ctrl
-/// another year.
+/// Keys: arrows, Home and End move the cursor, with Shift they select. Enter or Space applies the
+/// type. 0 chooses no day type, 1 to 7 choose SD1 to SD7. PageUp and PageDown change the month,
+/// with Ctrl the year.
 class DayGrid final : public wxControl {
  public:
-  /// `changed` is called when the month shown, the chosen type or the calendar may be another one.
+  /// `changed` is called when the month shown, the chosen type or the calendar may have changed.
   DayGrid(wxWindow* parent, CalendarEditor& editor, const LanguageTexts& texts, Prompts& prompts,
           std::function<void()> changed);
 
-  /// Shows what the editor has.
+  /// Shows the editor's state.
   void ShowDays();
 
  protected:

@@ -5,7 +5,7 @@
 #include "lang/TextNumbers.h"
 #include "ui/WxText.h"
 
-// The calendar editor's controls and their places.
+// The calendar editor's controls and their layout.
 namespace zek {
 namespace {
 
@@ -29,7 +29,7 @@ void BuildOptions(std::array<wxRadioButton*, N>& options, wxStaticBox* frame,
   }
 }
 
-// `options` in rows of `columns`, inside their frame.
+// Arranges `options` inside their frame, `columns` to a row.
 template <std::size_t N>
 wxSizer* InRows(const std::array<wxRadioButton*, N>& options, wxStaticBox* frame, int columns) {
   const int gap = frame->FromDIP(kOptionGap);
@@ -42,7 +42,7 @@ wxSizer* InRows(const std::array<wxRadioButton*, N>& options, wxStaticBox* frame
 
 }  // namespace
 
-// Created in the order of the Tab key.
+// The order of creation is the order of the Tab key.
 void ZV_SDC::Build() {
   BuildGrid();
   BuildDayTypes();
@@ -73,7 +73,7 @@ void ZV_SDC::Build() {
   LayOut(whole);
 }
 
-// The frames bring the letters of their captions, so they come first.
+// A frame reserves the keyboard letter of its caption, so create it before its buttons.
 wxStaticBox* ZV_SDC::NewFrame(const std::string& name, int captionText, bool usable) {
   auto* const frame = new wxStaticBox(this, wxID_ANY, letters_.Give(Caption(captionText)));
   frame->SetName(name);
@@ -125,7 +125,7 @@ wxSizer* ZV_SDC::GridContent() {
   return whole;
 }
 
-// The weekdays below the choice of none, SD1 to SD7 beside them.
+// Left column: no day type, then the weekdays. Right column: SD1 to SD7.
 wxSizer* ZV_SDC::DayTypeContent() {
   const int gap = FromDIP(kOptionGap);
   auto* const cells = new wxGridBagSizer(gap, 3 * gap);

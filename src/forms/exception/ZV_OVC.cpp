@@ -78,7 +78,7 @@ void ZV_OVC::ShowAt(const std::optional<ExceptionFocus>& changed) {
 }
 
 std::optional<EditedCatalogue> ZV_OVC::Edited() {
-  // What has taken the place of a wrong date is to be seen before it is sent.
+  // Let the user see the correction of a wrong date before it is sent.
   if (grid_->TellWrong()) return std::nullopt;
   return editor_.Edited(proc_.Numbers());
 }
@@ -87,7 +87,7 @@ void ShowExceptionForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
                        const CatalogueContent& content) {
   const Topic& object = proc.topics[proc.selection.CurrentObject];
   const char separator = proc.settings.DecimalSeparator;
-  // The editor outlives its form, which may go with its parent in the middle of a save.
+  // Outlives the form, which may be destroyed with its parent during a save.
   ExceptionEditor editor(content.lines, {proc.selection.TscName, object.TopicType}, separator,
                          proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit,
                          [&proc] { return MomentOf(proc.now()); });

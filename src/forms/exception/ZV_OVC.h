@@ -14,7 +14,7 @@
 
 namespace zek {
 
-/// The exception editor's window. The rules are the editor's, which it borrows.
+/// The exception editor's window. The rules are in `ExceptionEditor`, which must outlive it.
 class ZV_OVC final : public EditorForm {
  public:
   ZV_OVC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
@@ -46,9 +46,8 @@ class ZV_OVC final : public EditorForm {
   wxButton* Command_Cancel = nullptr;
 };
 
-/// `ZV_OVC`, the exception editor: shows an exception catalogue of the selected node, lets the user
-/// edit it and, on "Spara", hands it to the catalogue write. Modal: returns when the editor was
-/// closed.
+/// Opens `ZV_OVC`, the exception editor, on an exception catalogue of the selected node. The user
+/// can edit it, and "Spara" writes it. Modal: returns when the editor is closed.
 void ShowExceptionForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
                        const CatalogueContent& content);
 

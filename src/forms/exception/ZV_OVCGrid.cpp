@@ -19,8 +19,8 @@ constexpr int kGap = 4;
 constexpr std::size_t kHint = 10;
 constexpr std::size_t kRowLabel = 1;
 
-// Each kind of box: its name, how wide it is, and its heading in two lines, as places in
-// `Label_Info`.
+// A kind of box: its name, its width as a sample text, and the two lines of its heading as indexes
+// into `Label_Info`.
 struct Kind {
   const char* name;
   const char* widest;
@@ -34,7 +34,7 @@ constexpr std::array<Kind, kExceptionBoxes> kKinds{{{"Text_DateOn", "2026-12-24 
                                                     {"Text_Stop", "00:00 ", 7, 3},
                                                     {"Text_ValueOff", "-1234.567 ", 7, 2}}};
 
-// The texts of `Label_Info`(0) to (10).
+// The text numbers of `Label_Info`(0) to (10).
 constexpr std::array<int, 11> kLabelTexts{
     text::kExceptionCaption + 5, text::kRowHeading,           text::kExceptionCaption + 4,
     text::kTimeHeading,          text::kExceptionCaption + 3, text::kTimeHeading,
@@ -62,10 +62,10 @@ void OvcGrid::BuildLabels() {
     Label_Info.at(i) = new wxStaticText(this, wxID_ANY, ToWx(parts_.texts.Text(kLabelTexts.at(i))));
     Label_Info.at(i)->SetName("Label_Info" + std::to_string(i));
   }
-  Label_Info[0]->Hide();  // says the same as the erase button
+  Label_Info[0]->Hide();  // repeats the erase button's caption
 }
 
-// Created row by row: that is the order of the Tab key.
+// Created row by row, because that sets the order of the Tab key.
 void OvcGrid::BuildBoxes() {
   for (std::size_t row = 0; row < kExceptionRows; ++row) {
     auto*& label = rowLabels_.at(row);
@@ -87,7 +87,7 @@ wxTextCtrl* OvcGrid::NewBox(ExceptionFocus at) {
     event.Skip();
   });
   box->Bind(wxEVT_KILL_FOCUS, [this, at](wxFocusEvent& event) {
-    if (IsShownOnScreen()) Enter(at, Typed(at.row));  // a closed form has no editor any more
+    if (IsShownOnScreen()) Enter(at, Typed(at.row));  // the editor of a closed form is gone
     event.Skip();
   });
   if (IsValue(at.box)) {
@@ -100,7 +100,7 @@ wxTextCtrl* OvcGrid::NewBox(ExceptionFocus at) {
   return box;
 }
 
-// "Start-" and "datum" are one word.
+// Joins "Start-" and "datum" into one word.
 void OvcGrid::NameBoxes(std::size_t row) {
   for (std::size_t i = 0; i < kExceptionBoxes; ++i) {
     wxString name = Label_Info.at(kKinds.at(i).group)->GetLabel();
@@ -112,7 +112,7 @@ void OvcGrid::NameBoxes(std::size_t row) {
 
 void OvcGrid::LayOut() {
   constexpr int headings = 2;
-  constexpr int stopColumn = 5;  // column 4 keeps start and stop apart
+  constexpr int stopColumn = 5;  // column 4 separates start and stop
   const int gap = FromDIP(kGap);
   auto* const cells = new wxGridBagSizer(gap, gap);
   cells->Add(Label_Info[kRowLabel], {1, 0}, {1, 1}, wxRIGHT, gap);
@@ -172,7 +172,7 @@ void OvcGrid::Enter(ExceptionFocus at, const ExceptionTexts& typed) {
   parts_.changed();
   if (wrong.empty()) return;
   wrong_.insert(wrong_.end(), wrong.begin(), wrong.end());
-  // The focus is on its way: a message would get into that way.
+  // Deferred, because a message now would disturb the move of the focus.
   CallAfter([this] {
     if (!IsShownOnScreen()) return;
     const wxWeakRef<OvcGrid> alive(this);
@@ -180,7 +180,7 @@ void OvcGrid::Enter(ExceptionFocus at, const ExceptionTexts& typed) {
   });
 }
 
-// What is typed after a message replaces the text, as it would have without the message.
+// After a message, typing replaces the box's text, just as it does without a message.
 void OvcGrid::SelectFocused() {
   if (const auto at = FocusedBox()) Box(*at).SelectAll();
 }
@@ -207,7 +207,7 @@ bool OvcGrid::TellWrong() {
 
 void OvcGrid::Focus(ExceptionFocus at) {
   Box(at).SetFocus();
-  OnEntered(at);  // some systems tell it at once, of a form that is not to be seen yet
+  OnEntered(at);  // some systems send the focus event before the form is visible
   Box(at).SelectAll();
 }
 
@@ -223,7 +223,7 @@ void OvcGrid::OnEntered(ExceptionFocus at) {
   last_ = at;
   editor_.FocusRow(at.row);
   if (marked_ == at.row) return;
-  // It keeps its mark while a button has the focus, since the buttons work on it.
+  // The mark stays while a button has the focus, because the buttons act on the marked row.
   if (marked_) MarkLabel(*rowLabels_.at(*marked_), false);
   MarkLabel(*rowLabels_.at(at.row), true);
   marked_ = at.row;

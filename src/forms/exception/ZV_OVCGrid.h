@@ -15,14 +15,14 @@
 
 namespace zek {
 
-/// The grid of the exception editor: all eight rows, six boxes each. It passes entries on to the
-/// editor and shows what that makes of them.
+/// The grid of the exception editor: all eight rows, six boxes each. It passes entries to the
+/// editor and shows the resulting table.
 class OvcGrid final : public wxPanel {
  public:
   struct Parts {
     const LanguageTexts& texts;
     Prompts& prompts;
-    const PickList& pickList;       // offered on the value boxes
+    const PickList& pickList;       // offered by the value boxes
     std::function<void()> changed;  // called after every entry
   };
 
@@ -30,22 +30,22 @@ class OvcGrid final : public wxPanel {
 
   void ShowRow(std::size_t row);
 
-  /// Takes what was typed into the focused box before something else is done with the table.
+  /// Enters the text of the focused box. Call it before any other action on the table.
   void TakeEntry();
 
-  /// True when the row of the focused box holds something else than the table; what it held is
-  /// shown again.
+  /// `HasEntry`: the row of the focused box differs from the table. `DropEntry` shows the table
+  /// again.
   bool HasEntry() const;
   void DropEntry();
 
-  /// Tells what was wrong in the entries since the last time; false when nothing was.
+  /// Reports the wrong entries since the last call; returns false if there were none.
   bool TellWrong();
 
   void Focus(ExceptionFocus at);
-  /// Puts the focus into the box that had it last.
+  /// Moves the focus to the box that had it last.
   void FocusLast() { Focus(last_); }
 
-  /// The Enter key; false for any other key.
+  /// Handles Enter; returns false for any other key.
   bool TakeKey(int key);
 
  private:
@@ -71,8 +71,8 @@ class OvcGrid final : public wxPanel {
   /// by row.
   std::array<std::array<wxTextCtrl*, kExceptionBoxes>, kExceptionRows> boxes_{};
   ExceptionFocus last_;
-  std::optional<std::size_t> marked_;  // the row that is shown as the current one
-  std::vector<WrongEntry> wrong_;      // not told yet
+  std::optional<std::size_t> marked_;  // the row that is highlighted
+  std::vector<WrongEntry> wrong_;      // not reported yet
 };
 
 }  // namespace zek

@@ -58,7 +58,7 @@ void ZV_Info::Build(const LanguageTexts& texts) {
   ok->SetDefault();
   whole->Add(ok, 0, wxALIGN_RIGHT | wxLEFT | wxRIGHT | wxBOTTOM, gap);
   SetSizerAndFit(whole);
-  // A static text takes no click of its own, so each of them passes it on.
+  // The children cover the box, so a click on any of them must close it too.
   Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent&) { Close(); });
   for (wxWindow* const child : GetChildren()) {
     if (child != ok) child->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent&) { Close(); });

@@ -17,7 +17,7 @@ constexpr int kGap = 12;
 constexpr int kListWidth = 240;
 }  // namespace
 
-// The language is not known yet, so the texts are the built-in ones.
+// No language is chosen yet, so the texts are the built-in ones.
 ZV_Lang::ZV_Lang(ZV_Proc& proc)
     : wxDialog(nullptr, wxID_ANY, ToWx(proc.Text(text::kLanguageTitle))),
       proc_(proc),
@@ -26,11 +26,11 @@ ZV_Lang::ZV_Lang(ZV_Proc& proc)
   SetIcons(ProgramIcons());
   Build();
   CenterForm(*this);
-  // Without a window manager nobody else makes it the active window.
+  // Without a window manager the program itself must activate the window.
   CallAfter([this] { Raise(); });
   Bind(
       wxEVT_BUTTON, [this](wxCommandEvent&) { OnOk(); }, wxID_OK);
-  // Where the list would take Enter for itself and drop down.
+  // Enter means OK; some systems would drop down the list instead.
   Combo_Language->Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
     if (event.GetKeyCode() == WXK_RETURN || event.GetKeyCode() == WXK_NUMPAD_ENTER) {
       OnOk();
@@ -70,7 +70,7 @@ void ZV_Lang::Build() {
 void ZV_Lang::OnOk() {
   const int item = Combo_Language->GetSelection();
   if (item < 0) return;
-  // The three digits of the file's name are what the setting holds.
+  // The setting is the three digits of the file's name.
   const std::string name = LanguageFileName(choices_[static_cast<std::size_t>(item)].number);
   const std::string digits = name.substr(name.rfind('.') + 1);
   if (const auto error = proc_.profile.WriteIni("General", "Language", digits)) {

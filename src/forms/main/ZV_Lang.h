@@ -9,8 +9,8 @@
 
 namespace zek {
 
-/// `ZV_Lang`: offers the languages whose files lie in the program directory, and writes the
-/// chosen one into the settings file. Shown modally; `LoadLanguage` tells what came of it.
+/// `ZV_Lang`: offers the languages whose files are in the program directory, and writes the chosen
+/// one to the settings file. Shown modally; `LoadLanguage` reads the setting afterwards.
 class ZV_Lang final : public wxDialog {
  public:
   explicit ZV_Lang(ZV_Proc& proc);

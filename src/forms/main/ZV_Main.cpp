@@ -42,7 +42,7 @@ ZV_Main::ZV_Main(ZV_Proc& proc, WxTurn& turn)
   proc_.status.Changed = [this] { refresh_.Request(); };
   ShowState();
   Timer_Comm.Begin();
-  // A window that nobody looks at may never be painted.
+  // In batch mode the window may never be painted, so do not wait for the first paint.
   if (proc_.settings.BatchMode) Activate();
 }
 
@@ -67,12 +67,12 @@ void ZV_Main::BindEvents() {
   onMenu(Menu_TSC, [this] { OpenBrowser(); });
   Combo_Topics->Bind(wxEVT_CHOICE, [this](wxCommandEvent& event) {
     const int item = event.GetSelection();
-    // Not from inside the control's own handler, since connecting waits.
+    // Deferred: connecting waits, and must not do so inside the control's handler.
     const std::int16_t topic =
         item < 0 ? std::int16_t{-1} : listed_[static_cast<std::size_t>(item)];
     CallAfter([this, topic] { Connect(topic); });
   });
-  // The wheel would connect to one topic after the other.
+  // Ignore the wheel, which would connect to one topic after the other.
   Combo_Topics->Bind(wxEVT_MOUSEWHEEL, [](wxMouseEvent&) {});
   Text_Input->Bind(wxEVT_CHAR, &ZV_Main::OnKey, this);
   Text_Input->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) {
@@ -86,7 +86,7 @@ void ZV_Main::BindEvents() {
   List_Output->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
     event.Skip();
     int flags = 0;
-    // New lines may come and be selected before the click's own work is done.
+    // Remember the line now: new lines may arrive and be selected before the deferred call.
     const long item = List_Output->HitTest(event.GetPosition(), flags);
     if (item >= 0) CallAfter([this, line = List_Output->Line(item)] { OnLogChosen(line); });
   });
@@ -98,7 +98,7 @@ void ZV_Main::BindEvents() {
   Bind(wxEVT_ICONIZE, &ZV_Main::OnIconize, this);
 }
 
-// Shown is not yet visible: only a window that has been painted can be hidden again.
+// `Show` is not enough: a window can be hidden reliably only after its first paint.
 void ZV_Main::OnFirstPaint(wxPaintEvent& event) {
   event.Skip();
   Activate();
@@ -107,13 +107,13 @@ void ZV_Main::OnFirstPaint(wxPaintEvent& event) {
 void ZV_Main::Activate() {
   if (activated_) return;
   activated_ = true;
-  CallAfter([this] { FirstActivation(); });  // it waits, so not from inside the painting
+  CallAfter([this] { FirstActivation(); });  // it waits, which a paint handler must not do
 }
 
-// What follows once: the topics, the start switches, the about box. And what the first frame need
-// not wait for.
+// Runs once: loads the topics, handles the start switches and shows the about box. Also does what
+// would delay the first frame.
 void ZV_Main::FirstActivation() {
-  Raise();  // without a window manager nobody else makes it the active window
+  Raise();  // needed without a window manager
   SetIcons(ProgramIcons());
   {
     const Working working(*this);
@@ -145,12 +145,12 @@ void ZV_Main::StartDialog() {
 
 void ZV_Main::OnTick() {
   const Working working(*this);
-  if (!commands_.empty()) proc_.countdowns.WaitCountdown = 0;  // the next one is due
+  if (!commands_.empty()) proc_.countdowns.WaitCountdown = 0;  // send the next one now
   proc_.connection.Tick();
 }
 
-// Holding a key down repeats faster than a controller answers. A handler that is entered while it
-// waits therefore ends that wait and leaves its wish, instead of piling a wait upon a wait.
+// A held key repeats faster than a controller answers. A handler re-entered while waiting cancels
+// that wait and records the new request instead of nesting waits.
 void ZV_Main::Connect(std::int16_t topic) {
   const Working working(*this);
   wanted_ = topic;
@@ -186,7 +186,7 @@ void ZV_Main::OnKey(wxKeyEvent& event) {
 void ZV_Main::Send(const std::string& command, const wxString& typed) {
   commands_.push_back({command, typed});
   if (sending_) {
-    proc_.countdowns.WaitCountdown = 0;  // the command before no longer waits for its answer
+    proc_.countdowns.WaitCountdown = 0;  // stop waiting for the answer to the previous command
   } else {
     sending_ = true;
     CallAfter([this] { SendQueued(); });
@@ -199,7 +199,7 @@ void ZV_Main::SendQueued() {
     const Command command = std::move(commands_.front());
     commands_.pop_front();
     const bool sent = proc_.connection.SendCommand(command.text);
-    // What was typed while the answer was on its way stays.
+    // Keep text that was typed while the answer was pending.
     if (sent && !command.typed.empty() && Text_Input->GetValue() == command.typed) {
       Text_Input->ChangeValue({});
     }
@@ -227,7 +227,7 @@ void ZV_Main::OpenBrowser() {
   ShowState();
 }
 
-// The keyboard's way to close the about box, which leaves the focus here.
+// Lets Escape close the about box, which does not have the focus.
 void ZV_Main::OnCharHook(wxKeyEvent& event) {
   if (event.GetKeyCode() == WXK_ESCAPE && info_) {
     info_->Close();
@@ -249,7 +249,7 @@ void ZV_Main::OnClose(wxCloseEvent& event) {
   }
   if (event.CanVeto()) event.Veto();
   closeRequested_ = true;
-  // Ends the waits for a connection and for an answer. A transfer ends by itself.
+  // Cancels the waits for a connection and for an answer. A transfer is left to finish.
   if (proc_.status.Busy == 0) proc_.connection.Disconnect();
 }
 

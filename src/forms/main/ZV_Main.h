@@ -20,7 +20,7 @@
 
 namespace zek {
 
-/// The main window's menu items; the tool bar has some of them too.
+/// The ids of the main window's menu items; some are also on the tool bar.
 namespace main_menu {
 enum Menu : int {
   Menu_Exit = wxID_EXIT,
@@ -32,23 +32,23 @@ enum Menu : int {
 };
 }  // namespace main_menu
 
-/// `ZV_Main`, the main window: a terminal onto the connected controller, with the log of its
-/// replies. Closing it disconnects and ends the program.
+/// `ZV_Main`, the main window: a terminal for the connected controller, with a log of its replies.
+/// Closing it disconnects and ends the program.
 ///
-/// Its handlers run waits, and waits run events. So a handler that can be entered again while it
-/// waits leaves its wish to the one that is running, and a close request waits for all of them.
+/// Its handlers run waits, and waits run the event loop. A handler re-entered during a wait records
+/// its request for the running one, and a close request waits until all handlers have returned.
 class ZV_Main final : public wxFrame {
  public:
   ZV_Main(ZV_Proc& proc, WxTurn& turn);
   ~ZV_Main() override;
 
-  /// Asks for the file in which the log is saved, or for a saved one: its path in UTF-8, "" when
-  /// the question was cancelled.
+  /// Asks for the file to save the log in, or for a saved log to open. Returns its path in UTF-8,
+  /// or "" if the user cancels. Tests replace it.
   std::function<std::string(bool save)> AskFile = [this](bool save) { return AskLogFile(save); };
 
  private:
-  // Lives as long as a handler that may wait. When the last of them ends, a close request that
-  // came meanwhile is carried out: no window goes while a wait that began in it is running.
+  // Exists while a handler that may wait is running. When the last handler returns, a pending close
+  // request is carried out. So no window is destroyed while a wait that began in it is running.
   class Working {
    public:
     explicit Working(ZV_Main& form) : form_(form) { ++form_.working_; }
@@ -92,7 +92,7 @@ class ZV_Main final : public wxFrame {
   void StartDialog();
   void Unload();
 
-  // The browser opens at once, and the program ends with it.
+  // The browser opens at once, and the program ends when it closes.
   bool StartsWithBrowser() const {
     return !proc_.settings.StartTopic.empty() || proc_.settings.BatchMode;
   }
@@ -101,7 +101,7 @@ class ZV_Main final : public wxFrame {
 
   struct Command {
     std::string text;
-    wxString typed;  // what to empty `Text_Input` of when it was sent; "" = nothing
+    wxString typed;  // cleared from `Text_Input` once sent; "" = nothing to clear
   };
 
   ZV_Proc& proc_;
@@ -115,13 +115,13 @@ class ZV_Main final : public wxFrame {
   WxTick Timer_Comm;
   FrameRefresh refresh_;
 
-  std::deque<std::int16_t> listed_;     // the topics of `Combo_Topics`, in its order
-  std::optional<std::int16_t> wanted_;  // the topic to connect next, -1 for none
-  std::deque<Command> commands_;        // typed and not sent yet
+  std::deque<std::int16_t> listed_;     // the topics of `Combo_Topics`, in the same order
+  std::optional<std::int16_t> wanted_;  // the topic to connect next; -1 = disconnect
+  std::deque<Command> commands_;        // entered and not sent yet
   bool connecting_ = false;
   bool sending_ = false;
   bool hourglass_ = false;
-  int working_ = 0;  // handlers that are running, one inside another
+  int working_ = 0;  // number of nested handlers that are running
   bool activated_ = false;
   bool closeRequested_ = false;
   bool closed_ = false;

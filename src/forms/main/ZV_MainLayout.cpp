@@ -73,8 +73,8 @@ void ZV_Main::BuildControls() {
   const int gap = FromDIP(kGap);
   auto* const topicsLabel = new wxStaticText(panel, wxID_ANY, Label(text::kTopicsLabel));
   Combo_Topics = new wxChoice(panel, wxID_ANY);
-  // For its arrow the toolkit reads all about its pictures, which is a tenth of the time to the
-  // first frame: it is shown with the topics, right after that.
+  // Drawing its arrow makes the toolkit load its icon theme, a tenth of the time to the first
+  // frame. `FillTopics` shows it right after that frame.
   Combo_Topics->Hide();
   List_Output = new LogList(panel, proc_.log);
   auto* const inputLabel = new wxStaticText(panel, wxID_ANY, Label(text::kInputLabel));
@@ -103,12 +103,12 @@ void ZV_Main::BuildControls() {
   const std::array widths{kShares[0], kShares[1], FromDIP(kSequenceWidth)};
   CreateStatusBar(static_cast<int>(widths.size()))->SetName("StatusBar");
   SetStatusWidths(static_cast<int>(widths.size()), widths.data());
-  SetStatusBarPane(-1);  // the panels are not for the menus' help texts
+  SetStatusBarPane(-1);  // keep the menus' help texts out of the panels
   SetMinSize(FromDIP(wxSize(kSmallestWidth, kSmallestHeight)));
   SetSize(FromDIP(wxSize(kWidth, kHeight)));
 }
 
-// The labels' mnemonics: no system makes them work for every kind of control.
+// Implements the labels' mnemonics, which the systems do not do for every kind of control.
 void ZV_Main::BuildAccelerators() {
   std::vector<wxAcceleratorEntry> keys;
   const auto add = [&](std::int32_t label, wxWindow* control) {

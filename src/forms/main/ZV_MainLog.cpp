@@ -46,14 +46,14 @@ std::string LogList::Line(long item) const {
   return there ? lines[static_cast<std::size_t>(item)] : std::string();
 }
 
-// Between two catch-ups the log may have become shorter than what the list believes.
+// The log may have become shorter since the last `ShowNew`.
 wxString LogList::OnGetItemText(long item, long /*column*/) const {
   const auto& lines = log_.Lines();
   if (item < 0 || static_cast<std::size_t>(item) >= lines.size()) return {};
   return ToWx(Shortened(lines[static_cast<std::size_t>(item)], kShownCharacters));
 }
 
-// As wide as the longest line, so that the list scrolls sideways no further than needed.
+// As wide as the longest line, so that the list scrolls sideways only as far as needed.
 void LogList::FitColumn() {
   const std::size_t characters = std::min(widest_, kShownCharacters) + 2;
   const int width = std::max(GetClientSize().x, static_cast<int>(characters) * GetCharWidth());

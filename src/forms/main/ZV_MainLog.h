@@ -10,19 +10,19 @@
 
 namespace zek {
 
-/// `List_Output`: shows the lines of the log without a copy of its own, so that its cost is that
-/// of the lines on the screen however many come in.
+/// `List_Output`: shows the lines of the log without copying them. Its cost depends on the number
+/// of visible lines, not on the number of lines received.
 class LogList final : public wxListView {
  public:
-  /// Of longer lines only the beginning is shown; the log keeps them whole.
+  /// Longer lines are shortened in the list; the log keeps the whole line.
   static constexpr std::size_t kShownCharacters = 1000;
 
   LogList(wxWindow* parent, const ReplyLog& log);
 
-  /// Catches up with the log and selects its newest line.
+  /// Shows the lines added since the last call and selects the newest.
   void ShowNew();
 
-  /// A line of the list, whole; "" when there is none.
+  /// The whole text of a line; "" if the index is out of range.
   std::string Line(long item) const;
   std::string SelectedLine() const { return Line(GetFirstSelected()); }
 
@@ -31,7 +31,7 @@ class LogList final : public wxListView {
   void FitColumn();
 
   const ReplyLog& log_;
-  std::uint64_t added_ = 0;     // of the log, as shown
+  std::uint64_t added_ = 0;     // the log's counter at the last `ShowNew`
   std::uint64_t replaced_ = 0;  // the same
   std::size_t widest_ = 0;      // characters of the longest line shown so far
 };

@@ -6,7 +6,7 @@
 #include "text/Lines.h"
 #include "ui/WxText.h"
 
-/// Saving the log in a file, and showing a saved one.
+// Saving the log in a file, and opening a saved one.
 namespace zek {
 
 std::string ZV_Main::AskLogFile(bool save) {

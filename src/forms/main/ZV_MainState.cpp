@@ -9,7 +9,7 @@
 #include "text/Numbers.h"
 #include "ui/WxText.h"
 
-/// What `ZV_Main` shows of the session: copied at most once a frame, however often it changes.
+// How `ZV_Main` shows the state of the session; updated at most once a frame.
 namespace zek {
 namespace {
 
@@ -57,7 +57,7 @@ void ZV_Main::ShowStatusBar() {
   SetPanel(bar, Panel::Sequence, ToWx(status.Sequence));
 }
 
-// The topic that is connected, or else the one that is being connected.
+// Selects the connected topic, or the one that is being connected.
 void ZV_Main::ShowTopic() {
   std::int16_t topic = proc_.connection.CurrentTopic;
   const std::string& pending = proc_.connection.PendingTopic;

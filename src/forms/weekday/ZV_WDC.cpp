@@ -46,9 +46,9 @@ void ZV_WDC::ShowAt(const std::optional<WeekdayFocus>& changed) {
 
 void ShowWeekdayForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
                      const CatalogueContent& content) {
-  // The node of a whole object has no name: its editor owns none of the lines it would replace.
+  // An object's own node has no control name, so none of the catalogue's lines belong to it.
   const bool viewOnly = proc.settings.ViewOnly || proc.selection.TscName.empty();
-  // The editor outlives its form, which may go with its parent in the middle of a save.
+  // Outlives the form, which may be destroyed with its parent during a save.
   WeekdayEditor editor(content.lines, proc.selection.TscName, proc.settings.DecimalSeparator,
                        viewOnly ? Access::ViewOnly : Access::Edit);
   editor.CountLost(content.linesDropped);

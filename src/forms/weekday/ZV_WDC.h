@@ -16,7 +16,7 @@
 
 namespace zek {
 
-/// The weekday editor's window. The rules are the editor's, which it borrows.
+/// The weekday editor's window. The rules are in `WeekdayEditor`, which must outlive the window.
 class ZV_WDC final : public EditorForm {
  public:
   ZV_WDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
@@ -48,7 +48,7 @@ class ZV_WDC final : public EditorForm {
   WeekdayGrid* grid_ = nullptr;
   wxStaticBox* Frame_Type = nullptr;
   std::array<wxRadioButton*, 2> Option_Type{};
-  std::array<std::size_t, 2> optionLetters_{};  // where the "&" of each caption stands
+  std::array<std::size_t, 2> optionLetters_{};  // position of the "&" in each caption
   wxButton* Command_Copy = nullptr;
   wxButton* Command_Erase = nullptr;
   wxSizer* undoAndRedo_ = nullptr;
@@ -56,8 +56,8 @@ class ZV_WDC final : public EditorForm {
   wxButton* Command_Cancel = nullptr;
 };
 
-/// `ZV_WDC`, the weekday editor: shows a weekday catalogue of the selected node, lets the user edit
-/// it and, on "Spara", hands it to the catalogue write. Modal: returns when the editor was closed.
+/// Opens `ZV_WDC`, the weekday editor, on a weekday catalogue of the selected node. The user can
+/// edit it, and "Spara" writes it. Modal: returns when the editor is closed.
 void ShowWeekdayForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
                      const CatalogueContent& content);
 

@@ -51,7 +51,7 @@ WeekdayGrid::WeekdayGrid(wxWindow* parent, WeekdayEditor& editor, const Language
   ShowCells();
 }
 
-// Created column by column: that is the order of the Tab key.
+// Created column by column, because that sets the order of the Tab key.
 void WeekdayGrid::BuildBoxes() {
   for (std::size_t i = 0; i < kBoxes; ++i) {
     Label_Info.at(i) =
@@ -77,7 +77,7 @@ wxTextCtrl* WeekdayGrid::NewBox(WeekdayFocus at) {
     event.Skip();
   });
   box->Bind(wxEVT_KILL_FOCUS, [this, at](wxFocusEvent& event) {
-    if (IsShownOnScreen()) TakeText(at);  // a closed form has no editor any more
+    if (IsShownOnScreen()) TakeText(at);  // the editor of a closed form is gone
     event.Skip();
   });
   const auto offer = [&](const PickList& list) {
@@ -248,7 +248,7 @@ void WeekdayGrid::ShowHeaders() {
       SetAccessibleName(*boxes_.at(i).at(column), Label_Info.at(i)->GetLabel() + " " + day);
   }
   if (marked_ == editor_.Column()) return;
-  // It keeps its mark while a button has the focus, since the buttons work on it.
+  // The mark stays while a button has the focus, because the buttons act on the marked column.
   if (marked_) MarkLabel(*Label_Weekdays.at(*marked_), false);
   MarkLabel(*Label_Weekdays.at(editor_.Column()), true);
   marked_ = editor_.Column();

@@ -17,34 +17,34 @@
 namespace zek {
 
 /// The grid of the weekday editor: one row of the catalogue, seven days side by side. It passes
-/// entries on to the editor and shows what that makes of them.
+/// entries to the editor and shows the resulting table.
 class WeekdayGrid final : public wxPanel {
  public:
-  /// `pickList` is offered on the value boxes. `changed` is called after every change of the table.
+  /// The value boxes offer `pickList`. `changed` is called after every change of the table.
   WeekdayGrid(wxWindow* parent, WeekdayEditor& editor, const LanguageTexts& texts,
               PickList pickList, std::function<void()> changed);
 
-  /// Shows the editor's type, row and focused column.
+  /// Shows the editor's current type, row and column.
   void ShowCells();
 
-  /// Takes what was typed into the focused box before something else is done with the row.
+  /// Enters the text of the focused box. Call it before any other action on the row.
   void TakeEntry();
 
-  /// True when the focused box holds something else than the table; what it held is shown again.
+  /// `HasEntry`: the focused box differs from the table. `DropEntry` shows the table again.
   bool HasEntry() const;
   void DropEntry();
 
   void GoToRow(std::size_t row);
 
-  /// Puts the focus into a box, or into the start time of a column.
+  /// Moves the focus to a box, or to the start time of a column.
   void Focus(WeekdayFocus at);
   void FocusStart(std::size_t column) { Focus({WeekdayBox::Start, column}); }
 
-  /// Enter, PageUp and PageDown; false for any other key.
+  /// Handles Enter, PageUp and PageDown; returns false for any other key.
   bool TakeKey(int key);
 
  private:
-  static constexpr std::size_t kBoxes = 4;  // `WeekdayBox`
+  static constexpr std::size_t kBoxes = 4;  // values of `WeekdayBox`
 
   void BuildBoxes();
   wxTextCtrl* NewBox(WeekdayFocus at);
@@ -61,7 +61,7 @@ class WeekdayGrid final : public wxPanel {
 
   WeekdayEditor& editor_;
   const LanguageTexts& texts_;
-  PickList startValues_;  // a start value is never none
+  PickList startValues_;  // without "Default": a start needs a value
   PickList stopValues_;
   std::function<void()> changed_;
   wxStaticText* rowLabel_;
@@ -71,7 +71,7 @@ class WeekdayGrid final : public wxPanel {
   /// `Text_Start`, `Text_Stop`, `Text_ValueOn` and `Text_ValueOff`, seven of each.
   std::array<std::array<wxTextCtrl*, kDaysOfType>, kBoxes> boxes_{};
   wxScrollBar* VScroll_WDC;
-  std::optional<std::size_t> marked_;  // the column that is shown as focused
+  std::optional<std::size_t> marked_;  // the column that is highlighted
 };
 
 }  // namespace zek

@@ -4,7 +4,7 @@
 #include "lang/TextNumbers.h"
 #include "ui/WxText.h"
 
-// The weekday editor's controls and their captions.
+// The weekday editor's controls, captions and layout.
 namespace zek {
 namespace {
 
@@ -14,7 +14,7 @@ constexpr int kCopy = text::kWeekdayCaption + 7;
 constexpr int kErase = text::kWeekdayCaption + 8;
 constexpr int kOk = text::kWeekdayCaption + 9;
 constexpr int kCancel = text::kWeekdayCaption + 10;
-constexpr int kToolTips = text::kWeekdayCaption + 13;  // of copy, erase, save, cancel
+constexpr int kToolTips = text::kWeekdayCaption + 13;  // for copy, erase, save, cancel
 constexpr int kGap = 8;
 
 }  // namespace

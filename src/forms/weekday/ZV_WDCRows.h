@@ -10,8 +10,8 @@
 
 namespace zek {
 
-/// The 16 rows as numbered cells: those in use are filled, the one shown is framed, a click
-/// chooses one. For the mouse only; the keyboard has PageUp and PageDown.
+/// The 16 rows as numbered cells: rows in use are filled, the current row has a frame, a click
+/// chooses a row. For the mouse only; the keyboard has PageUp and PageDown.
 class RowStrip final : public wxControl {
  public:
   using Used = std::array<bool, kWeekdayRows>;

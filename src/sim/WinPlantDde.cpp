@@ -10,7 +10,7 @@
 #include <wx/timer.h>
 
 #include "plant/PlantConversation.h"
-#include "plant/PlantDde.h"
+#include "sim/PlantDde.h"
 #include "text/Fields.h"
 #include "text/Windows1252.h"
 
@@ -18,10 +18,10 @@ namespace zek::sim {
 namespace {
 
 constexpr std::size_t kMostClients = 200;
-constexpr std::size_t kMostWaiting = 20000;  // pieces a client has not taken
+constexpr std::size_t kMostWaiting = 20000;  // unread pieces per client
 constexpr int kPiecesAtOnce = 50;
-// A line to a controller is no faster; and a text that goes out from inside the client's request
-// to link would be lost.
+// Roughly the speed of a real line. Also, a text sent inside the client's link request would be
+// lost.
 constexpr int kAnswerDelay = 50;  // ms
 
 constexpr const char* kItem = "TRANSPARENT";
@@ -30,7 +30,7 @@ constexpr std::string_view kReturn = "{13}";
 // NOLINTNEXTLINE(performance-no-int-to-ptr): an answer is a handle or a number
 HDDEDATA Code(UINT code) { return reinterpret_cast<HDDEDATA>(static_cast<ULONG_PTR>(code)); }
 
-// A poked text as the controller gets it.
+// Returns a poked text as the controller receives it.
 std::string CommandOf(HDDEDATA data) {
   std::string text(std::min<DWORD>(::DdeGetData(data, nullptr, 0, 0),
                                    static_cast<DWORD>(PlantConversation::kLongestCommand)),
@@ -47,7 +47,7 @@ struct Client {
   HSZ topic = nullptr;
   std::string name;  // of the outstation
   PlantConversation conversation;
-  bool linked = false;  // on the item
+  bool linked = false;  // has an advise link on the item
   std::deque<std::string> pieces;
 
   void Say(std::string_view text) {
@@ -78,7 +78,7 @@ class PlantDde::Server : public wxTimer {
   std::string Serve(const std::vector<std::string>& services, bool verbose);
 
  private:
-  // DDE hands its callback nothing to find the server by; a program has one.
+  // The DDE callback has no parameter for the server; a program has only one.
   static Server*& Current() {
     static Server* current = nullptr;
     return current;
@@ -103,14 +103,14 @@ class PlantDde::Server : public wxTimer {
 std::string PlantDde::Server::Serve(const std::vector<std::string>& services, bool verbose) {
   verbose_ = verbose;
   if (::DdeInitializeA(&instance_, &Server::Callback, APPCLASS_STANDARD, 0) != DMLERR_NO_ERROR) {
-    return "DDE is not to be had";
+    return "DDE is not available";
   }
   item_ = ::DdeCreateStringHandleA(instance_, kItem, CP_WINANSI);
   for (const std::string& service : services) {
     auto* const name =
         ::DdeCreateStringHandleA(instance_, Windows1252FromUtf8(service).c_str(), CP_WINANSI);
     if (name == nullptr || ::DdeNameService(instance_, name, nullptr, DNS_REGISTER) == nullptr) {
-      return "DDE service \"" + service + "\" is not to be had";
+      return "DDE service \"" + service + "\" is not available";
     }
   }
   return {};
@@ -137,7 +137,7 @@ HDDEDATA CALLBACK PlantDde::Server::Callback(UINT type, UINT format, HCONV clien
   if (type == XTYP_CONNECT_CONFIRM || type == XTYP_DISCONNECT) {
     return self->Answer(type, client, topic, data);
   }
-  // Everything else is about an item.
+  // All other transactions concern an item.
   const bool known = format == CF_TEXT && ::DdeCmpStringHandles(item, self->item_) == 0;
   return known ? self->Answer(type, client, topic, data) : Code(DDE_FNOTPROCESSED);
 }
@@ -195,7 +195,7 @@ HDDEDATA PlantDde::Server::NextPiece(HCONV client, HSZ item) {
                                static_cast<DWORD>(piece.size() + 1), 0, item, CF_TEXT, 0);
 }
 
-// Every client of the topic that is told is asked for its next piece.
+// DDE then asks every linked client of the topic for its next piece.
 void PlantDde::Server::Notify() {
   std::vector<HSZ> topics;
   for (const auto& [handle, client] : clients_) {
@@ -218,7 +218,7 @@ std::string PlantDde::Serve(const PlantOptions& options) {
   const bool asked = !options.ddeServices.empty();
   const std::string error = server_->Serve(
       asked ? options.ddeServices : std::vector<std::string>{"ZEK"}, options.verbose);
-  return asked ? error : std::string();  // a demonstration over TCP/IP needs none
+  return asked ? error : std::string();  // a demonstration over TCP/IP does not need DDE
 }
 
 }  // namespace zek::sim

@@ -1,6 +1,6 @@
 #include <iostream>
 
-#include "plant/PlantDde.h"
+#include "sim/PlantDde.h"
 #include "text/Windows1252.h"
 
 namespace zek::sim {
@@ -12,7 +12,7 @@ void PrintTraffic(const std::string& client, bool received, std::string_view byt
     const bool printable = code >= 32 && code != 127 && code != 255;
     if (printable) {
       shown += byte;
-    } else {  // control characters, and the piece end 255
+    } else {  // also the piece end, character 255
       shown.append("<").append(std::to_string(code)).append(">");
     }
   }
