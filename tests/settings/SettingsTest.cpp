@@ -47,9 +47,9 @@ TEST(Settings, WithoutAFileTheMinimaHoldAndAreTold) {
 TEST(Settings, NumbersHaveLimits) {
   using Number = std::int16_t Settings::*;
   const struct {
-    const char* entry;
-    Number number;
-    std::int16_t value;  // 0: start-up ends
+    const char* entry = "";
+    Number number = nullptr;
+    std::int16_t value = 0;  // 0: start-up ends
     const char* shown = "";
   } cases[] = {
       {"DisconnectTime=59", &Settings::DisconnectTicks, 300, "n T59"},
