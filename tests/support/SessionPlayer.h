@@ -32,7 +32,7 @@ namespace zek::test {
 ///   before                    what the next write is compared with
 ///   get WDC, save WDC         a transfer
 ///   show NAME, time, opened   a file, how long the last transfer took, connections so far
-/// Every transfer gives its result, what the user was told, and what the controller got.
+/// Every transfer gives its result, what was shown to the user, and what the controller got.
 class SessionPlayer : public TransferSession {
  public:
   SessionPlayer() {
