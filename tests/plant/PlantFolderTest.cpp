@@ -122,7 +122,7 @@ TEST_F(PlantFolder, FaultsNameTheFileAndThePlace) {
   EXPECT_NE(Load().error.find(Utf8Of(root_)), std::string::npos);
   Write("A/OUTSTATION.TXT", "Dus = 3\n");
   Write("B/OUTSTATION.TXT", "Dus = 3\n");
-  EXPECT_NE(Load().error.find("B: its DUS number"), std::string::npos);
+  EXPECT_NE(Load().error.find("B: another outstation has"), std::string::npos);
 }
 
 TEST(PlantOptions, AreReadOrRefused) {
