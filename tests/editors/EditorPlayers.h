@@ -123,7 +123,8 @@ class WeekdayPlayer final : public Player {
     if (what == "undo") return Place(editor_.Undo());
     if (what == "redo") return Place(editor_.Redo());
     if (what == "walk") return Walk();
-    return Shown(words[1].empty() ? editor_.Column() : at);
+    const bool entry = what == "start" || what == "stop" || what == "on" || what == "off";
+    return Shown(entry ? at : editor_.Column());
   }
   SaveOutcome Save(const CatalogueWriter& writer) override {
     return SaveEdited(editor_.Edited(), writer);
