@@ -9,7 +9,7 @@
 namespace zek {
 
 /// The exit status of every program.
-enum ExitStatus : int { kDone = 0, kFailed = 1, kWrongUsage = 2 };
+enum ExitStatus : int { kDone = 0, kFailed = 1, kWrongUsage = 2, kWouldChange = 3 };
 
 /// What differs between the programs when they start.
 struct StartOptions {

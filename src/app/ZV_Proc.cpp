@@ -16,7 +16,8 @@ ZV_Proc::ZV_Proc(const Outside& world)
                   log,
                   {world.socket, world.dde, world.tags}}),
       copies(files, settings, ToUser(), now),
-      catalogues({settings, Numbers(), ToUser(), copies,
+      records(files, settings, now, world.user),
+      catalogues({settings, Numbers(), ToUser(), copies, records,
                   Exchange{connection, transfer, countdowns, waits, status}}) {}
 
 void SelectNode(ZV_Proc& proc, std::size_t index) {

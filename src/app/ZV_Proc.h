@@ -5,6 +5,7 @@
 
 #include "app/BatchState.h"
 #include "catalogue/Catalogues.h"
+#include "catalogue/ControllerRecords.h"
 #include "catalogue/LocalCopies.h"
 #include "catalogue/ObjectTree.h"
 #include "catalogue/Selection.h"
@@ -30,6 +31,7 @@ struct Outside {
   Transport& dde;
   TagServer& tags;
   Clock now = SystemTime;
+  std::string user;  // of the computer, windows-1252; for the journal of what was sent
 };
 
 /// The session: one object for the whole program, composed of its parts. Pass it to code that needs
@@ -53,6 +55,7 @@ struct ZV_Proc {
   StatusPanels status;
   Connection connection;
   LocalCopies copies;
+  ControllerRecords records;
   Catalogues catalogues;
   ObjectTree tree;
   Selection selection;

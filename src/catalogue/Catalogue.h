@@ -48,11 +48,21 @@ struct CatalogueId {
   Generation generation = Generation::Zek1;
   /// The file name of its local copy, in windows-1252; "" when the node has no such catalogue.
   std::string localFile;
+  std::string topic;  // the controller's name in the topic table
 
   const CatalogueKind& Kind() const { return KindOf(catalogue); }
 
   /// True when the catalogue belongs to one control and has a ".DFV" value.
   bool IsOfControl() const { return Kind().ofControl && generation == Generation::Zek2; }
+
+  /// True when the catalogue has the lines of all controls of the controller.
+  bool IsShared() const { return Kind().ofControl && generation == Generation::Zek1; }
+
+  /// True when one control of a shared catalogue is meant, not the whole catalogue.
+  bool IsPartOfShared() const { return IsShared() && !control.empty(); }
+
+  /// Returns "TOPIC/CONTROL", or "TOPIC" for the node of a whole object.
+  std::string Node() const { return control.empty() ? topic : topic + "/" + control; }
 
   /// Returns the command that lists the catalogue.
   std::string ListCommand() const {
@@ -79,6 +89,7 @@ struct CatalogueContent {
   std::optional<std::string> dfv;  // the ".DFV" value; empty if unknown or absent
   LinesFrom from = LinesFrom::Nowhere;
   std::size_t linesDropped = 0;  // listed lines beyond the limit
+  bool replacesUnsent = false;   // the local copy had unsent changes; the history has it now
 };
 
 }  // namespace zek

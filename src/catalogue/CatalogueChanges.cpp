@@ -109,8 +109,7 @@ class Comparison {
 
   void AddGone(const CatalogueEntry& entry) {
     const DropReason reason = ReasonOf(entry);
-    const bool dropped = reason != DropReason::None && reason != DropReason::Overwritten &&
-                         reason != DropReason::MayStay;
+    const bool dropped = reason != DropReason::None && reason != DropReason::Overwritten;
     Add(dropped ? ChangeKind::Dropped : ChangeKind::Removed, reason, &entry, nullptr);
   }
 
@@ -118,13 +117,12 @@ class Comparison {
     if (rules_.shared && !rules_.control.empty() && !entry.control.empty() &&
         entry.control != LineName(rules_.control)) {
       if (entry.number > 0 && numbers_.count(entry.number) > 0) return DropReason::Overwritten;
-      return entry.starred && rules_.kind == Catalogue::Ovc ? DropReason::Starred
-                                                            : DropReason::OtherControl;
+      return DropReason::OtherControl;
     }
     if (entry.starred) return DropReason::Starred;
     if (entry.kind == CatalogueEntry::Kind::Unreadable) return DropReason::Unreadable;
     if (entry.tooMany) return DropReason::TooManyExceptions;
-    return numbers_.count(entry.number) > 0 ? DropReason::None : DropReason::MayStay;
+    return DropReason::None;
   }
 
   void Add(ChangeKind kind, DropReason reason, const CatalogueEntry* before,

@@ -15,7 +15,7 @@ enum class ChangeKind {
   Dropped,  // does not fit into the table or the lines, see `DropReason`
 };
 
-/// The reason why an entry is dropped, or a remark about its removal.
+/// The reason why an entry is dropped or removed.
 enum class DropReason {
   None,
   Starred,
@@ -23,9 +23,8 @@ enum class DropReason {
   PltStopValue,
   StopTime,  // of a ZEK1 exception without a stop date
   Unreadable,
-  OtherControl,  // leaves the local copy; the controller does not change
+  OtherControl,  // another control's line that saving leaves out, because it has a "*"
   Overwritten,   // another control's line whose number this control now uses
-  MayStay,       // removed, but a controller may keep a line whose number is not sent again
 };
 
 struct CatalogueChange {

@@ -28,7 +28,7 @@ class Fetching {
     x_.transfer.Kind = TransferKind::Idle;
     const bool stopped = x_.waits.Stopped();
     cancellable.TakeBack();
-    Fetched fetched{outcome, Listing(outcome)};
+    Fetched fetched{outcome, Listing(outcome), x_.transfer.Refusal};
     if (outcome != FetchOutcome::NoConnection) {
       x_.status.Dot();
       x_.connection.Disconnect();
@@ -42,6 +42,7 @@ class Fetching {
  private:
   FetchOutcome Attempt() {
     x_.transfer.CatalogueLines.clear();
+    x_.transfer.Refusal.clear();
     if (!x_.connection.Disconnect()) return FetchOutcome::NoConnection;
     x_.connection.Connect(id_.object);
     if (x_.connection.CurrentTopic == -1) return FetchOutcome::NoConnection;
@@ -66,7 +67,8 @@ class Fetching {
 
   CatalogueContent Listing(FetchOutcome outcome) const {
     if (outcome != FetchOutcome::Complete) return {};
-    const auto dfv = id_.IsOfControl() ? std::optional(x_.transfer.CatalogueDfv) : std::nullopt;
+    const bool listed = id_.IsOfControl() && x_.transfer.DfvSeen;
+    const auto dfv = listed ? std::optional(x_.transfer.CatalogueDfv) : std::nullopt;
     return {x_.transfer.CatalogueLines, dfv, LinesFrom::Controller, x_.transfer.LinesDropped};
   }
 
@@ -126,6 +128,15 @@ std::optional<FetchDelays> ReadFetchDelays(const NumberReader& numbers) {
 Fetched FetchCatalogue(const CatalogueId& id, const CatalogueParts& parts,
                        const FetchDelays& delays, std::int32_t statusText) {
   return Fetching(id, parts, delays).Run(statusText);
+}
+
+void TellFetchFailure(const Fetched& fetched, const Messages& messages) {
+  if (fetched.outcome != FetchOutcome::Failed) return;
+  std::string message = messages.Text(text::kNoAnswer);
+  if (!fetched.refusal.empty()) {
+    message += "\r\n\r\n" + messages.Text(text::kControllerError) + " " + fetched.refusal;
+  }
+  messages.prompts.Show(Icon::Exclamation, message);
 }
 
 }  // namespace zek

@@ -38,11 +38,16 @@ enum class FetchOutcome { Complete, Failed, NoConnection, Stopped };
 struct Fetched {
   FetchOutcome outcome = FetchOutcome::Failed;
   CatalogueContent content;  // empty unless complete
+  std::string refusal;       // the controller's reply that refused the command; "" without one
 };
 
 /// Fetches a catalogue from its controller in at most three attempts and shows text `statusText`
-/// meanwhile. The connection reports its own failures; this function adds no message.
+/// meanwhile. The connection reports its own failures; this function adds no message. The content
+/// has a `dfv` only if the listing had a ".DFV" line.
 Fetched FetchCatalogue(const CatalogueId& id, const CatalogueParts& parts,
                        const FetchDelays& delays, std::int32_t statusText);
+
+/// Shows text 422 if the controller did not answer, with its refusal if there was one.
+void TellFetchFailure(const Fetched& fetched, const Messages& messages);
 
 }  // namespace zek

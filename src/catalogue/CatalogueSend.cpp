@@ -34,10 +34,10 @@ std::optional<std::int16_t> ReadDelay(const NumberReader& numbers, std::string_v
 
 class Sending {
  public:
-  Sending(const CatalogueId& id, const CatalogueDraft& draft, const CatalogueParts& parts)
-      : id_(id), draft_(draft), parts_(parts), x_(parts.exchange) {}
+  Sending(const CatalogueId& id, const LinesToSend& content, const CatalogueParts& parts)
+      : id_(id), content_(content), parts_(parts), x_(parts.exchange) {}
 
-  SendOutcome Run() {
+  SendReport Run() {
     const CountedUp busy(x_.status, &StatusPanels::Busy);
     bool sent = false;
     bool connected = true;
@@ -56,8 +56,13 @@ class Sending {
     Pause("DelayH");
     x_.transfer.Kind = TransferKind::Idle;
     x_.status.SetTransfer({});
-    if (sent) return SendOutcome::Sent;
-    return begun_ ? SendOutcome::Failed : SendOutcome::NotBegun;
+    report_.refusal = sent ? std::string() : x_.transfer.Refusal;
+    if (sent) {
+      report_.outcome = SendOutcome::Sent;
+    } else if (begun_) {
+      report_.outcome = SendOutcome::Failed;
+    }
+    return report_;
   }
 
  private:
@@ -70,7 +75,8 @@ class Sending {
 
   // Each step waits for its pause and continues only while the link is up.
   bool Attempt() {
-    x_.transfer.Kind = TransferKind::Idle;
+    x_.transfer.Refusal.clear();
+    report_.linesSent = 0;
     if (!Pause("DelayA") || !Send("EXIT")) return false;
     if (!Pause("DelayB") || !Send("EXIT")) return false;
     if (!Pause("DelayC")) return false;
@@ -87,21 +93,23 @@ class Sending {
   }
 
   bool SendLines() {
-    const std::string count = std::to_string(draft_.lines.size());
-    for (std::size_t i = 0; i < draft_.lines.size() && x_.transfer.Kind != TransferKind::Idle;
+    const std::string count = std::to_string(content_.lines.size());
+    for (std::size_t i = 0; i < content_.lines.size() && x_.transfer.Kind != TransferKind::Idle;
          ++i) {
       const ShowWaiting waiting(
           x_.status, parts_.messages.Text(text::kSendingLine, {std::to_string(i + 1), count}));
-      const std::string& line = draft_.lines[i];
+      const std::string& line = content_.lines[i];
       if (IsBlank(line)) continue;  // from a file; the controller would read it as a command
-      if (!Send(line) || !Pause("DelayE")) return false;
+      if (!Send(line)) return false;
+      ++report_.linesSent;
+      if (!Pause("DelayE")) return false;
     }
     return true;
   }
 
   bool SendDfv() {
-    if (!draft_.dfv || x_.transfer.Kind == TransferKind::Idle) return true;
-    return Send(id_.control + ".DFV=" + *draft_.dfv) && Pause("DelayE");
+    if (!content_.dfv || x_.transfer.Kind == TransferKind::Idle) return true;
+    return Send(id_.control + ".DFV=" + *content_.dfv) && Pause("DelayE");
   }
 
   bool Send(std::string_view command) {
@@ -123,18 +131,19 @@ class Sending {
   }
 
   const CatalogueId& id_;
-  const CatalogueDraft& draft_;
+  const LinesToSend& content_;
   const CatalogueParts& parts_;
   const Exchange& x_;
   std::uint32_t faults_ = 0;  // link faults when this attempt connected
+  SendReport report_;
   bool begun_ = false;        // sending the catalogue began; the controller may have changed it
 };
 
 }  // namespace
 
-SendOutcome SendCatalogue(const CatalogueId& id, const CatalogueDraft& draft,
-                          const CatalogueParts& parts) {
-  return Sending(id, draft, parts).Run();
+SendReport SendCatalogue(const CatalogueId& id, const LinesToSend& content,
+                         const CatalogueParts& parts) {
+  return Sending(id, content, parts).Run();
 }
 
 bool CheckSendDelays(const NumberReader& numbers) {

@@ -1,39 +1,36 @@
 #include "catalogue/CatalogueVerify.h"
 
-#include "catalogue/SendQuestion.h"
+#include <algorithm>
+#include <iterator>
+
+#include "catalogue/SharedCatalogue.h"
 #include "lang/TextNumbers.h"
 
 namespace zek {
 
-Verification VerifyCatalogue(const CatalogueId& id, const CatalogueDraft& sent,
+Verification VerifyCatalogue(const CatalogueId& id, const Expected& expected,
                              const CatalogueParts& parts, const FetchDelays& delays) {
   Fetched fetched = FetchCatalogue(id, parts, delays, text::kVerifying);
-  Verification verification{fetched.outcome, {}, {}};
+  Verification verification;
+  verification.outcome = fetched.outcome;
   // The rest of a truncated listing is unknown, so it can't be compared.
   if (fetched.outcome != FetchOutcome::Complete || fetched.content.linesDropped > 0) {
     return verification;
   }
   verification.fetched = std::move(fetched.content);
-  verification.faults =
-      FaultsOf({sent.lines, sent.dfv}, verification.fetched, RulesOf(id, parts.settings));
+  const LinesByOwner there = SplitLines(id, verification.fetched.lines);
+  CatalogueContent own{there.own, verification.fetched.dfv, LinesFrom::Controller, 0};
+  // A listing has no ".DFV" line if the value is none.
+  if (expected.own.dfv && !own.dfv) own.dfv = ".";
+  const auto differences =
+      FaultsOf({expected.own.lines, expected.own.dfv}, own, RulesOf(id, parts.settings));
+  std::partition_copy(differences.begin(), differences.end(),
+                      std::back_inserter(verification.left),
+                      std::back_inserter(verification.faults), [](const CatalogueChange& each) {
+                        return each.kind == ChangeKind::Added;
+                      });
+  verification.others = FindAgain(expected.others, verification.fetched.lines);
   return verification;
-}
-
-bool TellVerification(const Verification& verification, const Messages& messages) {
-  if (verification.fetched.from == LinesFrom::Nowhere) {
-    const bool stopped = verification.outcome == FetchOutcome::Stopped;
-    messages.Tell(Icon::Exclamation, stopped ? text::kVerifyStopped : text::kNotVerified);
-    return false;
-  }
-  if (verification.faults.empty()) {
-    messages.Tell(Icon::Information, text::kVerified);
-    return true;
-  }
-  const ChangeTexts told = TextsOfFaults(verification.faults, messages.texts);
-  messages.prompts.ShowDetails(Icon::Exclamation,
-                               messages.Text(text::kVerifyFaults) + "\r\n" + told.Summary, {},
-                               {messages.Text(text::kFaultsLabel), told.Details});
-  return false;
 }
 
 }  // namespace zek

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "catalogue/Catalogue.h"
+#include "catalogue/ControllerRecords.h"
 #include "catalogue/LocalCopies.h"
 #include "comm/Connection.h"
 #include "lang/Messages.h"
@@ -19,17 +20,44 @@ struct CatalogueParts {
   NumberReader numbers;  // for the pauses in the settings
   Messages messages;
   LocalCopies& copies;
+  ControllerRecords& records;
   Exchange exchange;
 };
 
 /// Whether a read uses the local copy if it exists.
 enum class CopyUse { AsSet, Take, PassOver };
 
-/// A catalogue from an editor or a file, to be sent.
+/// How far a save goes.
+enum class SaveMode {
+  Send,
+  StoreOnly,  // only the local copy
+  DryRun,     // store and send nothing, list the changes
+};
+
+/// A catalogue from an editor or a file, to be sent. Of a catalogue that controls share, only the
+/// lines of the control that is saved count.
 struct CatalogueDraft {
   std::vector<std::string> lines;
   std::optional<std::string> dfv;       // empty: the controller keeps its value
   std::vector<std::string> notInLines;  // what the table has and lines can't hold, in words
+  bool fromFile = false;                // refuse lines of others that the controller does not have
+  SaveMode mode = SaveMode::Send;
+};
+
+/// The result of a save.
+struct SaveResult {
+  enum class Outcome {
+    Saved,     // sent and, where that was needed, checked; or stored in local mode
+    Remarked,  // sent, but the user was shown something that differs; a retry would not mend it
+    Failed,    // not sent, or only in part; it can be tried again
+    Declined,  // not wanted by the user or the mode
+    Refused,   // can't be sent; a retry would not mend it
+  };
+  Outcome outcome = Outcome::Failed;
+  bool stored = false;  // the local copy has the new lines
+  std::string list;     // of a dry run: the changes, with lines that end in CR LF
+
+  bool Done() const { return outcome == Outcome::Saved; }
 };
 
 /// Reads and writes the catalogues of the plant. Failures are shown to the user.
@@ -43,29 +71,20 @@ class Catalogues {
   std::optional<CatalogueContent> GetCatalogue(const CatalogueId& id, CopyUse use = CopyUse::AsSet);
 
   /// Stores a catalogue as the local copy and, if the user accepts the changes, sends it to the
-  /// controller. Returns true when the controller accepted it (with `VerifyAfterWrite`: has the
-  /// same content now), or in local mode.
-  bool SaveCatalogue(const CatalogueId& id, CatalogueDraft draft);
+  /// controller. A shared catalogue is fetched first: own lines get numbers that no other control
+  /// has, and the others' lines stay. After such a write, and after one that removes or renumbers
+  /// lines, the catalogue is fetched again and compared.
+  SaveResult SaveCatalogue(const CatalogueId& id, const CatalogueDraft& draft);
 
-  /// Makes the next save of this catalogue compare with the local copy.
-  void CompareWithCopy(const CatalogueId& id) { Remember(id, p_.copies.Peek(id)); }
-
-  /// Returns a catalogue as it was last read, or sent without fault; `LinesFrom::Nowhere` if
-  /// unknown.
+  /// Returns a catalogue as it was last read from its controller or sent to it;
+  /// `LinesFrom::Nowhere` if that is unknown.
   CatalogueContent LastKnown(const CatalogueId& id) const;
 
+  /// True if the local copy has lines that the controller, as far as it is known, has not.
+  bool HasUnsentChanges(const CatalogueId& id) const;
+
  private:
-  void Remember(const CatalogueId& id, CatalogueContent content) {
-    last_ = {id, std::move(content)};
-  }
-
-  struct LastRead {
-    CatalogueId id;
-    CatalogueContent content;
-  };
-
   CatalogueParts p_;
-  LastRead last_;
 };
 
 }  // namespace zek

@@ -10,6 +10,8 @@ CatalogueContent ContentOf(const CatalogueId& id, LocalCopy copy) {
   CatalogueContent content;
   content.lines = std::move(copy.lines);
   if (id.IsOfControl()) content.dfv = std::move(copy.dfv);
+  // ".": the listing had no value, and sending one would change the controller's.
+  if (id.catalogue == Catalogue::Ovc && content.dfv == ".") content.dfv.reset();
   content.from = LinesFrom::LocalCopy;
   return content;
 }

@@ -17,6 +17,7 @@ struct Selection {
   Generation generation = Generation::Zek1;
   LocalFileNames LocalFiles;
   std::int32_t PickListTable = 0;  // the number after "TXI_"; 0 = no pick-list
+  std::string TopicName;           // of the object
 
   CatalogueId Id(Catalogue catalogue) const;
   bool Has(Catalogue catalogue) const { return !LocalFiles[catalogue].empty(); }

@@ -7,6 +7,7 @@
 #include "catalogue/CatalogueChanges.h"
 #include "catalogue/CatalogueEntries.h"
 #include "catalogue/Catalogues.h"
+#include "catalogue/ControllerRecords.h"
 #include "lang/LanguageTexts.h"
 
 namespace zek {
@@ -17,15 +18,32 @@ struct ChangeTexts {
   std::string Details;  // lines end in CR LF; empty without changes
 };
 
-/// Describes what a write will change (see `ChangesBetween`).
-ChangeTexts TextsOfChanges(const std::vector<CatalogueChange>& changes, const LanguageTexts& texts);
-
 /// Describes how the controller differs from what was sent (see `FaultsOf`).
 ChangeTexts TextsOfFaults(const std::vector<CatalogueChange>& faults, const LanguageTexts& texts);
 
-/// Asks whether to send a catalogue: shows `question` and the changes against `last`, the catalogue
-/// as it was last read.
-bool AskSend(const std::string& question, const CatalogueContent& last, const CatalogueDraft& draft,
-             const CatalogueRules& rules, const Messages& messages);
+/// What the question before a write lists.
+struct SendFacts {
+  CatalogueContent before;  // what the controller has; `LinesFrom::Nowhere` if unknown
+  std::string since;        // when that was read; "" if just now
+  CatalogueDraft after;     // what it will have
+  /// Entries of this control that changed in the controller since it was last read.
+  std::vector<std::string> conflicts;
+  std::vector<std::string> missing;  // lines of others that an earlier write lost; sent again
+  std::vector<std::string> left;     // old lines whose numbers are not sent
+  SeenToDo seen = SeenToDo::Nothing;
+  bool valueUnknown = false;  // a value is sent, and none was read
+};
+
+/// The question's list in words; `risky` if something is overwritten, removed or left behind.
+struct SendList {
+  ChangeTexts texts;
+  bool risky = false;
+};
+SendList ListChanges(const SendFacts& facts, const CatalogueRules& rules,
+                     const LanguageTexts& texts);
+
+/// Asks `question` with that list. The default answer is No if the list is risky.
+bool AskSend(const std::string& question, const SendFacts& facts, const SendList& list,
+             const Messages& messages);
 
 }  // namespace zek

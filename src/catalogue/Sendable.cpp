@@ -43,16 +43,16 @@ bool CheckNameSendable(const CatalogueId& id, const CatalogueParts& parts) {
   return Refuse(parts.messages, text::kNotOneCommand, id.control);
 }
 
-bool CheckSendable(const CatalogueId& id, const CatalogueDraft& draft,
+bool CheckSendable(const CatalogueId& id, const LinesToSend& content,
                    const CatalogueParts& parts) {
   const bool escapes = parts.exchange.connection.ReadsEscapes(id.object);
   const auto refused =
-      std::find_if(draft.lines.begin(), draft.lines.end(), [escapes](const auto& line) {
+      std::find_if(content.lines.begin(), content.lines.end(), [escapes](const auto& line) {
         return !IsBlank(line) && (!IsCatalogueLine(line) || !StaysOneCommand(line, escapes));
       });
-  if (refused != draft.lines.end()) return Refuse(parts.messages, text::kNoCatalogueLine, *refused);
-  if (draft.dfv && !StaysOneCommand(*draft.dfv, escapes)) {
-    return Refuse(parts.messages, text::kNotOneCommand, *draft.dfv);
+  if (refused != content.lines.end()) return Refuse(parts.messages, text::kNoCatalogueLine, *refused);
+  if (content.dfv && !StaysOneCommand(*content.dfv, escapes)) {
+    return Refuse(parts.messages, text::kNotOneCommand, *content.dfv);
   }
   return CheckNameSendable(id, parts);
 }

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "catalogue/Catalogues.h"
+#include "catalogue/CatalogueSend.h"
 
 namespace zek {
 
@@ -21,7 +21,7 @@ bool StaysOneCommand(std::string_view text, bool readsEscapes);
 
 /// Returns false, after a message about the first problem, if the lines, the value or the control's
 /// name can't be sent.
-bool CheckSendable(const CatalogueId& id, const CatalogueDraft& draft, const CatalogueParts& parts);
+bool CheckSendable(const CatalogueId& id, const LinesToSend& content, const CatalogueParts& parts);
 
 /// Checks the control's name alone in the same way.
 bool CheckNameSendable(const CatalogueId& id, const CatalogueParts& parts);

@@ -17,6 +17,7 @@ struct Arguments {
   std::vector<std::string> operands;  // UTF-8
   bool local = false;                 // get --local, export --local
   bool noSend = false;                // put --no-send
+  bool dryRun = false;                // put --dry-run
   bool rebuild = false;               // check --rebuild
   std::string help;                   // with --help: the text to print, else ""
   std::string error;                  // error in the command line, or ""

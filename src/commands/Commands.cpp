@@ -8,6 +8,7 @@
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "system/Paths.h"
+#include "text/Lines.h"
 #include "text/Windows1252.h"
 
 namespace zek::cli {
@@ -111,22 +112,32 @@ ExitStatus Get(Console& console, const CatalogueId& id, bool local) {
   console.prompts.answerYes = local;
   const std::optional<CatalogueContent> content = console.proc.catalogues.GetCatalogue(id);
   if (!content) return kFailed;
+  if (content->replacesUnsent) {
+    console.proc.ToUser().Tell(Icon::Information, text::kUnsentReplaced,
+                               {id.Node() + " " + std::string(id.Kind().name)});
+  }
   PrintCatalogue(console.out, id, *content);
   return kDone;
 }
 
-ExitStatus Put(Console& console, const CatalogueId& id, const std::string& file, bool noSend) {
+ExitStatus Put(Console& console, const CatalogueId& id, const Arguments& arguments) {
+  const std::string& file = arguments.operands[2];
   const std::optional<std::string> text = ReadFileOperand(console, file);
   if (!text) return kWrongUsage;
   ZV_Proc& proc = console.proc;
   const auto content = proc.copies.Parse(id, *text, Windows1252FromUtf8(file));
   if (!content) return kFailed;
-  console.prompts.answerYes = !noSend;
-  proc.catalogues.CompareWithCopy(id);
-  const bool saved = proc.catalogues.SaveCatalogue(id, {content->lines, content->dfv, {}});
-  // The question whether to send comes only after the local copy was stored.
-  const bool storedOnly = noSend && console.prompts.asked > 0;
-  return saved || storedOnly ? kDone : kFailed;
+  console.prompts.answerYes = true;
+  const SaveMode mode = arguments.dryRun   ? SaveMode::DryRun
+                        : arguments.noSend ? SaveMode::StoreOnly
+                                           : SaveMode::Send;
+  const SaveResult saved =
+      proc.catalogues.SaveCatalogue(id, {content->lines, content->dfv, {}, true, mode});
+  if (saved.Done() || (mode == SaveMode::StoreOnly && saved.stored)) return kDone;
+  if (saved.outcome != SaveResult::Outcome::Declined) return kFailed;
+  for (std::string_view list = saved.list; !list.empty();)
+    console.out << Utf8FromWindows1252(TakeLine(list)) << '\n';
+  return saved.list.empty() ? kDone : kWouldChange;
 }
 
 // The commands that work on one catalogue of one node.
@@ -144,9 +155,7 @@ ExitStatus RunCatalogueCommand(Console& console, const Arguments& arguments) {
                                name + ")");
   }
   if (arguments.command == "get") return Get(console, id, arguments.local);
-  if (arguments.command == "put") {
-    return Put(console, id, arguments.operands[2], arguments.noSend);
-  }
+  if (arguments.command == "put") return Put(console, id, arguments);
   if (arguments.command == "history") return HistoryOfCatalogue(console, id, arguments);
   return Check(console, id, *node, arguments);
 }

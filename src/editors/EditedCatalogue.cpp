@@ -12,6 +12,14 @@ bool MayLose(std::size_t lines, const Messages& messages) {
                                    messages.Text(text::kLinesLostTitle));
 }
 
+// Who declined has answered already, so No is the default then.
+bool AskRetry(const RetryTexts& texts, SaveResult::Outcome outcome, const Messages& messages) {
+  const bool declined = outcome == SaveResult::Outcome::Declined;
+  return messages.prompts.AskYesNo(Icon::Question, messages.Text(texts.question),
+                                   messages.Text(texts.title),
+                                   declined ? DefaultAnswer::No : DefaultAnswer::Yes);
+}
+
 }  // namespace
 
 SaveOutcome SaveWithRetry(const EditedCatalogue& edited, const CatalogueWriter& writer,
@@ -22,12 +30,20 @@ SaveOutcome SaveWithRetry(const EditedCatalogue& edited, const CatalogueWriter& 
   }
   if (!MayLose(edited.linesLost, messages)) return SaveOutcome::NotTried;
   const auto& lines = std::get<std::vector<std::string>>(edited.lines);
-  while (!writer(lines)) {
-    const bool again = messages.prompts.AskYesNo(
-        Icon::Question, messages.Text(edited.retry.question), messages.Text(edited.retry.title));
-    if (!again) return SaveOutcome::GivenUp;
+  while (true) {
+    const SaveResult result = writer(lines);
+    switch (result.outcome) {
+      case SaveResult::Outcome::Saved:
+      case SaveResult::Outcome::Remarked:
+        return SaveOutcome::Written;
+      case SaveResult::Outcome::Refused:
+        return result.stored ? SaveOutcome::Refused : SaveOutcome::NotTried;
+      case SaveResult::Outcome::Declined:
+      case SaveResult::Outcome::Failed:
+        if (!AskRetry(edited.retry, result.outcome, messages))
+          return result.stored ? SaveOutcome::GivenUp : SaveOutcome::NotStored;
+    }
   }
-  return SaveOutcome::Written;
 }
 
 }  // namespace zek

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/Catalogues.h"
 #include "formats/BuiltLines.h"
 #include "lang/Messages.h"
 
@@ -14,8 +15,8 @@ namespace zek {
 /// The mode of an editor. With `ViewOnly` nothing can be changed or saved.
 enum class Access { Edit, ViewOnly };
 
-/// Writes the lines of a catalogue; returns true if that succeeded.
-using CatalogueWriter = std::function<bool(const std::vector<std::string>& lines)>;
+/// Saves the lines of a catalogue (`Catalogues::SaveCatalogue`).
+using CatalogueWriter = std::function<SaveResult(const std::vector<std::string>& lines)>;
 
 /// The text numbers of the question whether to repeat a failed write.
 struct RetryTexts {
@@ -25,8 +26,10 @@ struct RetryTexts {
 
 /// The result of a save.
 enum class SaveOutcome {
-  NotTried,  // the lines can't be built, or would lose others; nothing was written
-  GivenUp,   // the write failed, and the user did not repeat it
+  NotTried,   // the lines can't be built, or would lose others; nothing was written
+  NotStored,  // the local copy could not be written, and the user did not repeat it
+  Refused,    // stored locally; the controller can't get it as it is
+  GivenUp,    // stored locally; the write failed, and the user did not repeat it
   Written,
 };
 
@@ -39,8 +42,8 @@ struct EditedCatalogue {
 };
 
 /// Writes an edited catalogue. If the lines can't be built, it reports that and writes nothing. If
-/// saving loses lines that could not be read, it asks the user first. A failed write is repeated as
-/// often as the user wants.
+/// saving loses lines that could not be read, it asks the user first. A write that failed or was
+/// declined is repeated as often as the user wants.
 SaveOutcome SaveWithRetry(const EditedCatalogue& edited, const CatalogueWriter& writer,
                           const Messages& messages);
 

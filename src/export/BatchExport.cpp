@@ -136,11 +136,20 @@ bool BatchExport::FetchAndWrite(Pass& pass) {
   }
   // Messages during the fetch of a complete catalogue are not errors.
   if (content->linesDropped == 0) told_.clear();
+  if (content->replacesUnsent) NoteReplaced(id);
   const LoadedCatalogue loaded =
       LoadCatalogue(id, *content, proc_.batch.Labels, proc_.settings, proc_.Numbers());
   const auto error = pass.file.WriteRecords(loaded.records);
   if (error) TakeMessage(FileMessage(proc_.texts, *error));
   return true;
+}
+
+// The history has the copy that the listing replaced.
+void BatchExport::NoteReplaced(const CatalogueId& id) {
+  const std::string note =
+      Message(Text(text::kUnsentReplaced), {id.Node() + " " + std::string(id.Kind().name)});
+  report_.notes.push_back(note);
+  proc_.log.Add(note);
 }
 
 // A batch ignores old local copies but, unless `AlwaysUseDSS` is set, fetches a shared catalogue

@@ -64,6 +64,7 @@ class BatchExport {
   void Select(std::size_t node);
   void Export(Pass& pass, std::size_t node);
   bool FetchAndWrite(Pass& pass);
+  void NoteReplaced(const CatalogueId& id);
   std::optional<CatalogueContent> Fetch(const CatalogueId& id);
   void TakeMessage(const std::string& line);
   void Finish();

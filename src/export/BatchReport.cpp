@@ -26,6 +26,7 @@ std::vector<std::string> BatchReport::Failures(const LanguageTexts& texts) const
 
 std::vector<std::string> BatchReport::Details(const LanguageTexts& texts) const {
   std::vector<std::string> lines = Failures(texts);
+  lines.insert(lines.end(), notes.begin(), notes.end());
   lines.push_back(texts.Text(files.empty() ? text::kBatchNoFiles : text::kBatchFiles));
   for (const std::string& file : files) lines.push_back("  " + Windows1252FromUtf8(file));
   return lines;

@@ -23,6 +23,7 @@ struct BatchReport {
   std::size_t planned = 0;   // catalogues: every checked kind of every time control
   std::size_t exported = 0;  // catalogues that are complete in a file
   std::vector<BatchFailure> failures;
+  std::vector<std::string> notes;       // about copies that were replaced; no failures
   std::vector<std::string> files;       // paths of the committed files
   std::vector<std::string> fileErrors;  // errors of whole files
   bool stopped = false;                 // the user cancelled, or the program ended
@@ -39,7 +40,7 @@ struct BatchReport {
   /// Returns one line for each failure, with the reason.
   std::vector<std::string> Failures(const LanguageTexts& texts) const;
 
-  /// Returns the failures, then the paths of the files.
+  /// Returns the failures and notes, then the paths of the files.
   std::vector<std::string> Details(const LanguageTexts& texts) const;
 };
 

@@ -129,8 +129,8 @@ void EditorForm::Save() {
   }
   if (!alive) return;
   ShowStatus();
-  const bool givenUp = outcome == SaveOutcome::GivenUp;
-  if (outcome == SaveOutcome::Written || (givenUp && closesWhenGivenUp_)) {
+  const bool givenUp = outcome == SaveOutcome::GivenUp || outcome == SaveOutcome::Refused;
+  if (outcome == SaveOutcome::Written || (outcome == SaveOutcome::GivenUp && closesWhenGivenUp_)) {
     End();
     return;
   }

@@ -1,6 +1,9 @@
 #include "system/LocalTime.h"
 
+#include <chrono>
 #include <ctime>
+
+#include "text/Numbers.h"
 
 namespace zek {
 
@@ -16,6 +19,25 @@ LocalTime SystemTime() {
           local->tm_hour,
           local->tm_min,
           local->tm_sec};
+}
+
+std::string DateAndTime(const LocalTime& time) {
+  const auto two = [](int number) { return ZeroPadded(number, 2); };
+  return ZeroPadded(time.year, 4) + "-" + two(time.month) + "-" + two(time.day) + " " +
+         two(time.hour) + ":" + two(time.minute) + ":" + two(time.second);
+}
+
+std::int64_t SecondsBetween(const LocalTime& from, const LocalTime& to) {
+  const auto seconds = [](const LocalTime& time) {
+    using namespace std::chrono;
+    const sys_days day{year(time.year) / month(static_cast<unsigned>(time.month)) /
+                       std::chrono::day(static_cast<unsigned>(time.day))};
+    return duration_cast<std::chrono::seconds>(day.time_since_epoch() + hours(time.hour) +
+                                               minutes(time.minute))
+               .count() +
+           time.second;
+  };
+  return seconds(to) - seconds(from);
 }
 
 }  // namespace zek

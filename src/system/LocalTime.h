@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <string>
 
 namespace zek {
 
@@ -16,6 +18,12 @@ struct LocalTime {
 
 /// Reads the system's clock.
 LocalTime SystemTime();
+
+/// Returns "2026-11-22 08:30:00".
+std::string DateAndTime(const LocalTime& time);
+
+/// Returns the seconds from one time to another; a change to or from summer time counts.
+std::int64_t SecondsBetween(const LocalTime& from, const LocalTime& to);
 
 /// The clock of a session: the system's or a test's.
 using Clock = std::function<LocalTime()>;

@@ -1,5 +1,6 @@
 #include <clocale>
 #include <iostream>
+#include <pwd.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -14,6 +15,12 @@ std::string ExecutableDirectory() {
   std::error_code error;  // an unreadable link yields "/"
   return WithSeparator(
       Utf8Of(std::filesystem::read_symlink("/proc/self/exe", error).parent_path()));
+}
+
+std::string UserName() {
+  // Safe: called once, at the start, before there are threads.
+  const passwd* const user = ::getpwuid(::geteuid());  // NOLINT(concurrency-mt-unsafe)
+  return user == nullptr ? std::string() : user->pw_name;
 }
 
 char SystemDecimalSeparator() {

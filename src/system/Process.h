@@ -11,6 +11,9 @@ std::vector<std::string> ProgramArguments(int argc, char** argv);
 /// Returns the directory of the executable in UTF-8, with the system's separator at its end.
 std::string ExecutableDirectory();
 
+/// Returns the name of the user who runs the program, UTF-8; "" if the system does not tell.
+std::string UserName();
+
 /// Returns the user's decimal separator, "." or ",". The C library's number functions still use
 /// "." afterwards.
 char SystemDecimalSeparator();

@@ -121,6 +121,15 @@ std::string ExecutableDirectory() {
   return WithSeparator(Utf8FromWide(file.substr(0, file.rfind(L'\\'))));
 }
 
+std::string UserName() {
+  constexpr DWORD longest = 257;  // UNLEN and the final 0
+  std::wstring name(longest, L'\0');
+  DWORD size = longest;
+  if (::GetUserNameW(name.data(), &size) == 0 || size == 0) return {};
+  name.resize(size - 1);
+  return Utf8FromWide(name);
+}
+
 char SystemDecimalSeparator() {
   std::array<wchar_t, 8> separator{};
   ::GetLocaleInfoW(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, separator.data(),

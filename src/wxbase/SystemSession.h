@@ -7,6 +7,8 @@
 #include "comm/SystemTransports.h"
 #include "settings/Profile.h"
 #include "system/DiskFiles.h"
+#include "system/Process.h"
+#include "text/Windows1252.h"
 #include "wxbase/WxTcpTransport.h"
 #include "wxbase/WxTurn.h"
 
@@ -17,7 +19,8 @@ struct SystemSession {
   /// Both directories are UTF-8 and end in the system's separator; `prompts` shows the messages.
   SystemSession(const std::string& programPath, const std::string& iniPath, Prompts& prompts)
       : profile(OpenSettingsFile(files, iniPath + "ZEKView.INI")),
-        proc(Outside{files, *profile, turn, prompts, socket, dde, tags}) {
+        proc(Outside{files, *profile, turn, prompts, socket, dde, tags, SystemTime,
+                     Windows1252FromUtf8(UserName())}) {
     proc.settings.ProgramPath = programPath;
     proc.settings.IniPath = iniPath;
   }

@@ -34,7 +34,7 @@ class TestSession {
     proc.settings.ProgramPath = "/zek/";
     proc.settings.IniPath = "/ini/";
     std::string language;
-    for (int number = 0; number < 800; ++number) {
+    for (int number = 0; number < 1000; ++number) {
       language += std::to_string(number) + "=T" + std::to_string(number) + "\r\n";
     }
     proc.texts.Read(language);
@@ -65,24 +65,20 @@ class TestSession {
   /// `dfv`: empty if the controller's value is not known.
   bool Save(std::vector<std::string> lines, Catalogue catalogue = Catalogue::Wdc,
             const std::optional<std::string>& dfv = ".") {
-    return proc.catalogues.SaveCatalogue(Id(catalogue), {std::move(lines), dfv, {}});
+    return proc.catalogues.SaveCatalogue(Id(catalogue), {std::move(lines), dfv, {}}).Done();
   }
   bool SaveWhatWasGot(Catalogue catalogue) { return Save(Got.lines, catalogue, Got.dfv); }
   /// Saves while an editor's table contains entries that its lines do not.
   bool SaveWithout(std::vector<std::string> notInLines, std::vector<std::string> lines) {
-    return proc.catalogues.SaveCatalogue(Id(), {std::move(lines), ".", std::move(notInLines)});
+    return proc.catalogues.SaveCatalogue(Id(), {std::move(lines), ".", std::move(notInLines)})
+        .Done();
   }
 
   // What a write is compared with.
   CatalogueContent ReadBefore(Catalogue catalogue = Catalogue::Wdc) const {
     return proc.catalogues.LastKnown(Id(catalogue));
   }
-  void ReadLocalCopyBefore() { proc.catalogues.CompareWithCopy(Id()); }
-  void ReadAnotherBefore() {
-    CatalogueId other = Id();
-    other.localFile = "another catalogue";
-    proc.catalogues.CompareWithCopy(other);
-  }
+  void ForgetRead() { proc.records.ForgetKnown(Id()); }
 
   // Its local copy.
   bool Store(const std::vector<std::string>& lines) {
@@ -105,7 +101,8 @@ class TestSession {
   MemoryTransport socket{turn};
   MemoryTransport dde{turn};
   FakeTags tags;
-  ZV_Proc proc{Outside{files, profile, turn, prompts, socket, dde, tags}};
+  ZV_Proc proc{Outside{files, profile, turn, prompts, socket, dde, tags,
+                       [this] { return turn.Clock(); }, "operator"}};
 };
 
 }  // namespace zek::test

@@ -24,8 +24,9 @@ inline Fetched Fetch(ZV_Proc& proc, Catalogue catalogue) {
 /// Sends a catalogue, as an editor or a command does.
 inline bool Send(ZV_Proc& proc, Catalogue catalogue, std::vector<std::string> lines,
                  std::string value = ".") {
-  return proc.catalogues.SaveCatalogue(proc.selection.Id(catalogue),
-                                       {std::move(lines), std::move(value), {}});
+  return proc.catalogues
+      .SaveCatalogue(proc.selection.Id(catalogue), {std::move(lines), std::move(value), {}})
+      .Done();
 }
 
 /// A cancel that no wait has received yet.

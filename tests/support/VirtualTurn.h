@@ -5,6 +5,7 @@
 #include <map>
 
 #include "settings/Settings.h"
+#include "system/LocalTime.h"
 #include "system/Turn.h"
 
 namespace zek::test {
@@ -15,6 +16,12 @@ class VirtualTurn final : public Turn {
   std::function<void()> tick = [] {};
 
   std::int64_t Now() const { return now_; }  // milliseconds
+  /// The time of day; a test begins at 2026-11-22 08:30:00.
+  LocalTime Clock() const {
+    constexpr int begin = 8 * 3600 + 30 * 60;
+    const int seconds = begin + static_cast<int>(now_ / 1000);
+    return {2026, 11, 22 + seconds / 86400, seconds / 3600 % 24, seconds / 60 % 60, seconds % 60};
+  }
   void After(std::int64_t milliseconds, std::function<void()> what) {
     due_.emplace(now_ + milliseconds, std::move(what));
   }

@@ -1,0 +1,214 @@
+#include "catalogue/CatalogueDelivery.h"
+
+#include "catalogue/LineChanges.h"
+#include "catalogue/SharedCatalogue.h"
+#include "lang/TextNumbers.h"
+
+namespace zek {
+namespace {
+
+using Lines = std::vector<std::string>;
+using Outcome = SaveResult::Outcome;
+
+}  // namespace
+
+Outcome CatalogueDelivery::Run(const SavePlan& plan) {
+  const CountedUp busy(p_.exchange.status, &StatusPanels::Busy);  // no gap between the transfers
+  if (id_.IsPartOfShared()) {
+    const Lines others = SplitLines(id_, plan.now.lines).others;
+    if (const auto error = p_.records.BeginWrite(id_, Joined(others, plan.missing))) {
+      p_.messages.Tell(*error);
+      return Outcome::Failed;
+    }
+  }
+  const SendReport report = SendCatalogue(id_, plan.send, p_);
+  if (report.outcome != SendOutcome::Sent) return Failed(plan, report);
+  known_ = {plan.all, plan.send.dfv, LinesFrom::Controller, 0};
+  if (NeedsCheck(plan)) return Check(plan);
+  return Ended(plan, "sent", Outcome::Saved, p_.messages.Text(text::kSendDone));
+}
+
+bool CatalogueDelivery::NeedsCheck(const SavePlan& plan) const {
+  return p_.settings.VerifyAfterWrite || id_.IsShared() || plan.now.from == LinesFrom::Nowhere ||
+         RemovesOrRenumbers(plan.now.lines, plan.send.lines);
+}
+
+Outcome CatalogueDelivery::Ended(const SavePlan& plan, std::string_view journal, Outcome outcome,
+                                 const std::string& message) {
+  p_.records.Journal(id_, plan.send.lines.size(), journal);
+  const bool well = outcome == Outcome::Saved;
+  p_.messages.prompts.Show(well ? Icon::Information : Icon::Exclamation, message);
+  return outcome;
+}
+
+Outcome CatalogueDelivery::Ended(const SavePlan& plan, std::string_view journal, Outcome outcome,
+                                 const std::string& message, const std::string& details) {
+  p_.records.Journal(id_, plan.send.lines.size(), journal);
+  p_.messages.prompts.ShowDetails(Icon::Exclamation, message, {},
+                                  {p_.messages.Text(text::kFaultsLabel), details});
+  return outcome;
+}
+
+// --- A write that failed ---
+
+Outcome CatalogueDelivery::Failed(const SavePlan& plan, const SendReport& report) {
+  known_ = {};
+  std::string message = p_.messages.Text(text::kSendFailed);
+  if (!report.refusal.empty()) {
+    message.insert(0, p_.messages.Text(text::kControllerError) + " " + report.refusal + "\r\n");
+  }
+  if (report.outcome == SendOutcome::NotBegun) {
+    // The controller is as it was, and so is an earlier unfinished write.
+    if (id_.IsPartOfShared() && plan.missing.empty()) p_.records.EndWrite(id_);
+    known_ = plan.now;
+    return Ended(plan, "not begun", Outcome::Failed, message);
+  }
+  p_.records.Journal(id_, report.linesSent, "failed");
+  message += "\r\n\r\n" + p_.messages.Text(text::kLinesWereSent,
+                                           {std::to_string(report.linesSent),
+                                            std::to_string(plan.send.lines.size())});
+  TellMixture(plan, std::move(message), !report.refusal.empty());
+  return Outcome::Failed;
+}
+
+// Only a controller that answered is asked what it has now.
+void CatalogueDelivery::TellMixture(const SavePlan& plan, std::string message, bool answered) {
+  if (!id_.IsPartOfShared()) {
+    message += "\r\n" + p_.messages.Text(text::kMixture);
+    return p_.messages.prompts.Show(Icon::Exclamation, message);
+  }
+  message += "\r\n" + p_.messages.Text(text::kMixtureShared);
+  if (!answered) return p_.messages.prompts.Show(Icon::Exclamation, message);
+  const Verification now = VerifyCatalogue(id_, plan.expected, p_, delays_);
+  if (now.others.missing.empty()) {
+    if (now.IsMade()) message += "\r\n" + p_.messages.Text(text::kOthersWhole);
+    return p_.messages.prompts.Show(Icon::Exclamation, message);
+  }
+  p_.messages.prompts.ShowDetails(
+      Icon::Exclamation, message, {},
+      {p_.messages.Text(text::kMissingOthersLabel), OnLines(now.others.missing)});
+}
+
+// --- What the controller has now ---
+
+Outcome CatalogueDelivery::Check(const SavePlan& plan) {
+  Verification check = VerifyCatalogue(id_, plan.expected, p_, delays_);
+  if (check.IsMade() && !check.others.missing.empty()) {
+    // One listing could have lost a line on its way.
+    check = VerifyCatalogue(id_, plan.expected, p_, delays_);
+  }
+  if (!check.IsMade()) return NotChecked(plan, check);
+  known_ = check.fetched;
+  RememberSeen(plan, check);
+  if (!check.others.missing.empty()) return Repair(plan, check);
+  if (id_.IsPartOfShared()) p_.records.EndWrite(id_);
+  return Judge(plan, check);
+}
+
+Outcome CatalogueDelivery::NotChecked(const SavePlan& plan, const Verification& check) {
+  const bool stopped = check.outcome == FetchOutcome::Stopped;
+  const std::string why = p_.messages.Text(stopped ? text::kVerifyStopped : text::kNotVerified);
+  const bool required = p_.settings.VerifyAfterWrite;
+  if (required) known_ = {};
+  p_.records.Journal(id_, plan.send.lines.size(), "sent, not checked");
+  p_.messages.prompts.Show(
+      Icon::Exclamation,
+      required ? why : p_.messages.Text(text::kSendDone) + "\r\n\r\n" + why);
+  return required ? Outcome::Failed : Outcome::Saved;
+}
+
+Outcome CatalogueDelivery::Judge(const SavePlan& plan, const Verification& check) {
+  if (!check.faults.empty() || !check.left.empty()) {
+    const bool failed = !check.faults.empty();
+    const ChangeTexts told =
+        TextsOfFaults(failed ? check.faults : check.left, p_.messages.texts);
+    const auto number = failed ? text::kVerifyFaults : text::kOwnLinesRemain;
+    return Ended(plan, failed ? "sent, differs" : "sent, old lines remain",
+                 failed ? Outcome::Failed : Outcome::Remarked,
+                 p_.messages.Text(number) + "\r\n" + told.Summary, told.Details);
+  }
+  if (!check.others.different.empty()) {
+    std::string details;
+    for (const LinePair& pair : check.others.different) {
+      details += p_.messages.Text(text::kChangeBefore) + "  " + pair.before + "\r\n" +
+                 p_.messages.Text(text::kChangeAfter) + "  " + pair.after + "\r\n";
+    }
+    return Ended(plan, "sent, others differ", Outcome::Remarked,
+                 p_.messages.Text(text::kOthersDiffer), details);
+  }
+  const std::string done =
+      p_.settings.VerifyAfterWrite
+          ? p_.messages.Text(text::kVerified)
+          : p_.messages.Text(text::kSendDone) + "\r\n\r\n" + p_.messages.Text(text::kChecked);
+  return Ended(plan, "sent, checked", Outcome::Saved, done);
+}
+
+// What became of lines that were not sent shows what the controller does with them.
+void CatalogueDelivery::RememberSeen(const SavePlan& plan, const Verification& check) {
+  if (plan.now.from == LinesFrom::Nowhere) return;
+  const bool othersSent = plan.whole || plan.expected.others.empty();
+  if (!othersSent && check.others.missing.size() == plan.expected.others.size()) {
+    return p_.records.RememberSeen(id_, SeenToDo::ReplacesByCatalogue);
+  }
+  const Lines left = LeftBehind(SplitLines(id_, plan.now.lines).own, plan.send.lines);
+  if (left.empty() || !check.others.missing.empty()) return;
+  const std::size_t gone = FindAgain(left, check.fetched.lines).missing.size();
+  if (gone == 0) return p_.records.RememberSeen(id_, SeenToDo::ReplacesByNumber);
+  if (gone < left.size()) return;
+  if (!id_.IsPartOfShared()) return p_.records.RememberSeen(id_, SeenToDo::ReplacesByCatalogue);
+  if (!othersSent) p_.records.RememberSeen(id_, SeenToDo::ReplacesByControl);
+}
+
+// --- Lines of other controls that the write lost ---
+
+Outcome CatalogueDelivery::Repair(const SavePlan& plan, const Verification& check) {
+  const bool replacesAll =
+      !plan.whole && check.others.missing.size() == plan.expected.others.size();
+  SavePlan again = plan;
+  again.whole = true;
+  again.now = check.fetched;
+  again.missing = WithoutStarred(check.others.missing);
+  again.expected.others =
+      Joined(WithoutStarred(SplitLines(id_, check.fetched.lines).others), again.missing);
+  again.all = Joined(again.expected.others, plan.expected.own.lines);
+  again.send.lines = again.all;
+  if (again.all.size() > kMaxCatalogueLines) {
+    return Ended(plan, "sent, lines of others missing", Outcome::Remarked,
+                 p_.messages.Text(text::kSharedTooLong, {std::to_string(kMaxCatalogueLines)}),
+                 OnLines(again.missing));
+  }
+  if (!AskRepair(check.others.missing, replacesAll)) {
+    p_.records.Journal(id_, plan.send.lines.size(), "sent, lines of others missing");
+    return Outcome::Remarked;
+  }
+  if (replacesAll) {
+    if (const auto error = p_.numbers.profile.WriteIni(kSaveOptions, kWriteWhole, "yes"))
+      p_.messages.Tell(*error);
+  }
+  return SendAgain(again);
+}
+
+Outcome CatalogueDelivery::SendAgain(const SavePlan& plan) {
+  const SendReport report = SendCatalogue(id_, plan.send, p_);
+  if (report.outcome != SendOutcome::Sent) return Failed(plan, report);
+  const Verification check = VerifyCatalogue(id_, plan.expected, p_, delays_);
+  if (!check.IsMade()) return NotChecked(plan, check);
+  known_ = check.fetched;
+  if (check.others.missing.empty()) {
+    if (id_.IsPartOfShared()) p_.records.EndWrite(id_);
+    return Judge(plan, check);
+  }
+  return Ended(plan, "sent again, lines of others missing", Outcome::Remarked,
+               p_.messages.Text(text::kOthersStillMissing), OnLines(check.others.missing));
+}
+
+bool CatalogueDelivery::AskRepair(const Lines& missing, bool replacesAll) const {
+  std::string question = p_.messages.Text(text::kAskRepair, {std::to_string(missing.size())});
+  if (replacesAll) question += "\r\n\r\n" + p_.messages.Text(text::kReplacesAll);
+  return p_.messages.prompts.AskWithDetails(
+      Icon::Exclamation, question, p_.messages.Text(text::kSendTitle),
+      {p_.messages.Text(text::kMissingOthersLabel), OnLines(missing)},
+      replacesAll ? DefaultAnswer::Yes : DefaultAnswer::No);
+}
+
+}  // namespace zek

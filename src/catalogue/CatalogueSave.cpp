@@ -1,0 +1,295 @@
+#include "catalogue/CatalogueSave.h"
+
+#include <algorithm>
+#include <set>
+#include <utility>
+
+#include "catalogue/CatalogueDelivery.h"
+#include "catalogue/CatalogueEntries.h"
+#include "catalogue/LineChanges.h"
+#include "catalogue/SendQuestion.h"
+#include "catalogue/Sendable.h"
+#include "catalogue/SharedCatalogue.h"
+#include "lang/TextNumbers.h"
+
+namespace zek {
+namespace {
+
+using Lines = std::vector<std::string>;
+using Outcome = SaveResult::Outcome;
+
+// A listing that is older than this when the user answers is fetched again.
+constexpr std::int64_t kListingSeconds = 60;
+
+// The texts of the entries of lines, one for each day.
+std::set<std::string> EntryTexts(const Lines& lines, const CatalogueRules& rules) {
+  std::set<std::string> texts;
+  for (const CatalogueEntry& entry : EntriesOf({lines, {}, LinesFrom::Controller, 0}, rules))
+    texts.insert(EntryText(entry, entry.day, rules));
+  return texts;
+}
+
+// One save: store, look what the controller has, ask, send.
+class Saving {
+ public:
+  Saving(const CatalogueId& id, const CatalogueDraft& draft, const CatalogueParts& parts)
+      : id_(id), draft_(draft), p_(parts), parts_(SplitLines(id, draft.lines)) {}
+
+  SaveResult Run() {
+    if (id_.IsPartOfShared() && id_.catalogue == Catalogue::Wdc && SharesBlock(id_.Owner())) {
+      p_.messages.Tell(Icon::Exclamation, text::kSharesBlock, {id_.control});
+      return Ended(Outcome::Refused);
+    }
+    if (const auto failed = StoreFirst()) return Ended(*failed);
+    if (draft_.mode == SaveMode::StoreOnly) return Ended(Outcome::Declined);
+    if (p_.settings.LocalMode) {
+      p_.messages.prompts.Show(Icon::Information,
+                               WithFile(text::kSavedLocally, text::kSavedLocallyFile));
+      return Ended(Outcome::Saved);
+    }
+    const std::optional<FetchDelays> delays = ReadFetchDelays(p_.numbers);
+    // Content that can't be sent and unusable pauses are reported before anything is sent.
+    if (!delays || !CheckSendDelays(p_.numbers) ||
+        !CheckSendable(id_, {draft_.lines, DfvToSend()}, p_)) {
+      return Ended(Outcome::Refused);
+    }
+    delays_ = *delays;
+    const std::optional<Outcome> refused = PlanAndAsk();
+    return Ended(refused ? *refused : Send());
+  }
+
+ private:
+  SaveResult Ended(Outcome outcome) const { return {outcome, stored_, list_}; }
+
+  bool IsDryRun() const { return draft_.mode == SaveMode::DryRun; }
+
+  // A weekday catalogue is always sent with a value, an exception catalogue only if it is known.
+  std::optional<std::string> DfvToSend() const {
+    if (!id_.IsOfControl()) return std::nullopt;
+    return id_.catalogue == Catalogue::Wdc ? draft_.dfv.value_or(".") : draft_.dfv;
+  }
+
+  // The local copy of exceptions has no value, because the controller's value may have changed when
+  // the copy is sent.
+  std::optional<std::string> DfvToStore() const {
+    return id_.catalogue == Catalogue::Wdc ? DfvToSend() : std::nullopt;
+  }
+
+  std::string WithFile(std::int32_t first, std::int32_t second) const {
+    return p_.messages.Text(first) + "\r\n\r\n" + p_.messages.Text(second) + " '" + id_.localFile +
+           "'";
+  }
+
+  // --- The local copy ---
+
+  // The edited lines are safe before anything else happens. The other controls' lines stay as the
+  // local copy has them.
+  std::optional<Outcome> StoreFirst() {
+    if (!id_.IsPartOfShared()) return Store(draft_.lines);
+    const Lines copy = p_.copies.Peek(id_).lines;
+    const std::optional<Lines> own = Numbered(copy);
+    if (!own) return Outcome::Refused;
+    return Store(Joined(SplitLines(id_, copy).others, *own));
+  }
+
+  std::optional<Outcome> Store(const Lines& lines) {
+    if (IsDryRun()) return std::nullopt;
+    if (!p_.copies.Store(id_, lines, DfvToStore())) return Outcome::Failed;
+    stored_ = true;
+    return std::nullopt;
+  }
+
+  std::optional<Lines> Numbered(const Lines& listing) {
+    std::optional<BuiltLines> built = NumberOwnLines(id_, parts_.own, listing, p_.numbers);
+    if (!built) return std::nullopt;
+    if (const auto* const error = std::get_if<BuildError>(&*built)) {
+      p_.messages.prompts.Show(Icon::Exclamation, error->MessageIn(p_.messages.texts));
+      return std::nullopt;
+    }
+    return std::get<Lines>(*std::move(built));
+  }
+
+  // --- The plan ---
+
+  // Returns the outcome if nothing is to be sent.
+  std::optional<Outcome> PlanAndAsk() {
+    bool asked = false;
+    while (true) {
+      const CatalogueContent before = plan_.now;
+      const LocalTime planned = p_.records.Now();
+      if (const auto failed = id_.IsPartOfShared() ? PlanShared() : PlanPlain()) return failed;
+      // Nothing changed while the question was open.
+      if (asked && HaveSameLines(before, plan_.now)) return std::nullopt;
+      if (!Ask()) return Outcome::Declined;
+      const std::int64_t age = SecondsBetween(planned, p_.records.Now());
+      if (!id_.IsPartOfShared() || (age >= 0 && age <= kListingSeconds)) return std::nullopt;
+      asked = true;
+    }
+  }
+
+  std::optional<Outcome> PlanPlain() {
+    const auto known = p_.records.Known(id_);
+    plan_.now = known ? known->content : CatalogueContent();
+    plan_.since = known ? known->time : std::string();
+    plan_.send = {draft_.lines, DfvToSend()};
+    plan_.expected = {plan_.send, {}};
+    plan_.all = draft_.lines;
+    return std::nullopt;
+  }
+
+  std::optional<Outcome> PlanShared() {
+    const Fetched fetched = FetchCatalogue(id_, p_, delays_, text::kFetching);
+    TellFetchFailure(fetched, p_.messages);
+    if (fetched.outcome != FetchOutcome::Complete) return Outcome::Failed;
+    plan_.now = fetched.content;
+    const Lines others = SplitLines(id_, plan_.now.lines).others;
+    if (!CheckOthersInFile(others)) return Outcome::Refused;
+    plan_.missing = MissingSince(plan_.now.lines);
+    plan_.whole = WritesWhole();
+    const Lines listing = Joined(plan_.now.lines, plan_.missing);
+    const std::optional<Lines> own = Numbered(listing);
+    if (!own) return Outcome::Refused;
+    const Lines kept = Joined(others, plan_.missing);
+    plan_.expected = {{*own, {}}, plan_.whole ? WithoutStarred(kept) : kept};
+    plan_.all = Joined(plan_.expected.others, *own);
+    plan_.send.lines = plan_.whole ? plan_.all : *own;
+    if (fetched.content.linesDropped > 0 || plan_.all.size() > kMaxCatalogueLines) {
+      p_.messages.Tell(Icon::Exclamation, text::kSharedTooLong,
+                       {std::to_string(kMaxCatalogueLines)});
+      return Outcome::Refused;
+    }
+    if (!CheckSendable(id_, plan_.send, p_)) return Outcome::Refused;
+    return Store(plan_.all);
+  }
+
+  // The lines of other controls that an unfinished write lost.
+  Lines MissingSince(const Lines& now) const {
+    const auto unfinished = p_.records.Unfinished(id_);
+    if (!unfinished) return {};
+    const Lines others = SplitLines(id_, unfinished->content.lines).others;
+    return FindAgain(WithoutStarred(others), now).missing;
+  }
+
+  bool WritesWhole() const {
+    return id_.catalogue == Catalogue::Ovc || !plan_.missing.empty() ||
+           ReadYesNo(p_.numbers.profile, kSaveOptions, kWriteWhole, "no") ||
+           p_.records.SeenAt(id_) == SeenToDo::ReplacesByCatalogue;
+  }
+
+  // A file may hold lines of other controls; only `put` of the whole object may change them.
+  bool CheckOthersInFile(const Lines& others) const {
+    if (!draft_.fromFile) return true;
+    const FoundAgain found = FindAgain(parts_.others, others);
+    Lines differing = found.missing;
+    for (const LinePair& pair : found.different) differing.push_back(pair.before);
+    if (differing.empty()) return true;
+    p_.messages.prompts.ShowDetails(
+        Icon::Exclamation, p_.messages.Text(text::kOthersInFile), {},
+        {p_.messages.Text(text::kFaultsLabel), OnLines(differing)});
+    return false;
+  }
+
+  // --- The question ---
+
+  // Own entries that the controller got or lost since it was last read, unless this save makes the
+  // same change.
+  Lines Conflicts() const {
+    const auto known = p_.records.Known(id_);
+    if (!id_.IsPartOfShared() || !known) return {};
+    const CatalogueRules rules = RulesOf(id_, p_.settings);
+    const auto before = EntryTexts(SplitLines(id_, known->content.lines).own, rules);
+    const auto now = EntryTexts(SplitLines(id_, plan_.now.lines).own, rules);
+    const auto wanted = EntryTexts(plan_.expected.own.lines, rules);
+    Lines conflicts;
+    for (const std::string& entry : now)
+      if (!before.contains(entry) && !wanted.contains(entry)) conflicts.push_back("+ " + entry);
+    for (const std::string& entry : before)
+      if (!now.contains(entry) && wanted.contains(entry)) conflicts.push_back("- " + entry);
+    return conflicts;
+  }
+
+  bool Ask() {
+    const CatalogueRules rules = RulesOf(id_, p_.settings);
+    const bool wdc = id_.catalogue == Catalogue::Wdc;
+    SendFacts facts;
+    facts.before = plan_.now;
+    facts.since = plan_.since;
+    facts.after = {plan_.all, plan_.send.dfv, draft_.notInLines};
+    facts.conflicts = Conflicts();
+    facts.missing = plan_.missing;
+    facts.left = LeftBehind(SplitLines(id_, plan_.now.lines).own, plan_.send.lines);
+    facts.seen = p_.records.SeenAt(id_);
+    facts.valueUnknown = wdc && id_.IsOfControl() && !draft_.dfv;
+    const SendList list = ListChanges(facts, rules, p_.messages.texts);
+    if (IsDryRun()) {
+      list_ = list.texts.Details;
+      return false;
+    }
+    return AskSend(WithFile(text::kAskSend, text::kAskSendFile), facts, list, p_.messages);
+  }
+
+  Outcome Send() {
+    CatalogueDelivery delivery(id_, p_, delays_);
+    const Outcome outcome = delivery.Run(plan_);
+    if (delivery.Known().from == LinesFrom::Nowhere) {
+      p_.records.ForgetKnown(id_);
+    } else {
+      p_.records.RememberKnown(id_, delivery.Known());
+    }
+    return outcome;
+  }
+
+  const CatalogueId& id_;
+  const CatalogueDraft& draft_;
+  const CatalogueParts& p_;
+  LinesByOwner parts_;  // of the draft
+  FetchDelays delays_;
+  SavePlan plan_;
+  bool stored_ = false;
+  std::string list_;
+};
+
+}  // namespace
+
+SaveResult SaveTheCatalogue(const CatalogueId& id, const CatalogueDraft& draft,
+                            const CatalogueParts& parts) {
+  return Saving(id, draft, parts).Run();
+}
+
+CatalogueContent MendUnfinished(const CatalogueId& id, CatalogueContent fetched,
+                                const CatalogueParts& parts) {
+  const auto unfinished = parts.records.Unfinished(id);
+  if (!unfinished || fetched.linesDropped > 0) return fetched;
+  const Lines lines = WithoutStarred(unfinished->content.lines);
+  const Lines missing = FindAgain(lines, fetched.lines).missing;
+  if (missing.empty()) {
+    parts.records.EndWrite(id);
+    return fetched;
+  }
+  const Messages& messages = parts.messages;
+  const PromptDetails details{messages.Text(text::kMissingOthersLabel), OnLines(missing)};
+  const Lines all = Joined(WithoutStarred(fetched.lines), missing);
+  const std::optional<FetchDelays> delays = ReadFetchDelays(parts.numbers);
+  const bool possible = !parts.settings.ViewOnly && all.size() <= kMaxCatalogueLines && delays &&
+                        CheckSendDelays(parts.numbers) && CheckSendable(id, {all, {}}, parts);
+  const std::string why = messages.Text(text::kUnfinished, {unfinished->time});
+  if (!possible) {
+    messages.prompts.ShowDetails(Icon::Exclamation, why, {}, details);
+    return fetched;
+  }
+  if (!messages.prompts.AskWithDetails(
+          Icon::Exclamation, why + "\r\n\r\n" + messages.Text(text::kAskSendMissing),
+          messages.Text(text::kSendTitle), details)) {
+    return fetched;
+  }
+  const LinesByOwner owners = SplitLines(id, all);
+  SavePlan plan{{all, {}}, {{owners.own, {}}, owners.others}, all, missing, true, fetched, {}};
+  CatalogueDelivery delivery(id, parts, *delays);
+  delivery.SendAgain(plan);
+  const CatalogueContent& known = delivery.Known();
+  if (known.from == LinesFrom::Nowhere) return fetched;
+  if (FindAgain(missing, known.lines).missing.empty()) parts.records.EndWrite(id);
+  return known;
+}
+
+}  // namespace zek

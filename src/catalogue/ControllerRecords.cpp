@@ -1,0 +1,118 @@
+#include "catalogue/ControllerRecords.h"
+
+#include <algorithm>
+#include <array>
+
+#include "catalogue/LineChanges.h"
+#include "system/Paths.h"
+#include "text/Controls.h"
+#include "text/Fields.h"
+#include "text/Lines.h"
+
+namespace zek {
+namespace {
+
+constexpr std::string_view kTab = "\t";
+constexpr std::string_view kLineEnd = "\r\n";
+constexpr std::size_t kLongestJournal = std::size_t{1} << 20;
+
+struct Word {
+  SeenToDo seen;
+  std::string_view word;
+};
+constexpr auto kWords = std::to_array<Word>({{SeenToDo::ReplacesByNumber, "number"},
+                                             {SeenToDo::ReplacesByControl, "control"},
+                                             {SeenToDo::ReplacesByCatalogue, "catalogue"}});
+
+// The start of the line about a catalogue: controllers may treat their catalogues differently.
+std::string KeyOf(const CatalogueId& id) {
+  return id.topic + std::string(kTab) + std::string(id.Kind().name) + std::string(kTab);
+}
+
+// The journal keeps its newer half when it becomes too long.
+std::string_view Recent(std::string_view journal) {
+  if (journal.size() <= kLongestJournal) return journal;
+  const std::size_t end = journal.find(kLineEnd, journal.size() / 2);
+  return journal.substr(end == std::string_view::npos ? journal.size() : end + kLineEnd.size());
+}
+
+std::vector<std::string> Sorted(std::vector<std::string> lines) {
+  for (std::string& line : lines) line = ComparableLine(line);
+  std::sort(lines.begin(), lines.end());
+  return lines;
+}
+
+}  // namespace
+
+std::string ControllerRecords::Folder(std::string_view name) const {
+  return WithSeparator(settings_.ProgramPath + std::string(name));
+}
+
+void ControllerRecords::RememberKnown(const CatalogueId& id, const CatalogueContent& content) {
+  // Without a record the next question says that nothing is known.
+  if (KnownOf().Keep(id, content, now_())) ForgetKnown(id);
+}
+
+void ControllerRecords::ForgetKnown(const CatalogueId& id) {
+  static_cast<void>(KnownOf().Drop(id));
+}
+
+std::optional<FileError> ControllerRecords::BeginWrite(const CatalogueId& id,
+                                                       std::vector<std::string> lines) {
+  return UnfinishedOf().Keep(id, {std::move(lines), {}, LinesFrom::Controller, 0}, now_());
+}
+
+std::optional<FileError> ControllerRecords::EndWrite(const CatalogueId& id) {
+  return UnfinishedOf().Drop(id);
+}
+
+SeenToDo ControllerRecords::SeenAt(const CatalogueId& id) const {
+  const FileContent file = files_.Read(Folder("Known") + "CONTROLLERS.TXT");
+  const std::string key = KeyOf(id);
+  for (std::string_view rest = file.bytes; !rest.empty();) {
+    const std::string_view line = TakeLine(rest);
+    if (!line.starts_with(key)) continue;
+    for (const Word& each : kWords)
+      if (line.substr(key.size()) == each.word) return each.seen;
+  }
+  return SeenToDo::Nothing;
+}
+
+void ControllerRecords::RememberSeen(const CatalogueId& id, SeenToDo seen) {
+  const auto* const word = std::find_if(kWords.begin(), kWords.end(),
+                                        [seen](const Word& each) { return each.seen == seen; });
+  if (word == kWords.end() || SeenAt(id) == seen) return;
+  const std::string path = Folder("Known") + "CONTROLLERS.TXT";
+  const FileContent file = files_.Read(path);
+  const std::string key = KeyOf(id);
+  std::string text;
+  for (std::string_view rest = file.bytes; !rest.empty();) {
+    const std::string_view line = TakeLine(rest);
+    if (!line.starts_with(key)) text.append(line).append(kLineEnd);
+  }
+  text.append(key).append(word->word).append(kLineEnd);
+  static_cast<void>(files_.MakeDirectory(Folder("Known")));
+  static_cast<void>(files_.Write(path, text));
+}
+
+void ControllerRecords::Journal(const CatalogueId& id, std::size_t lines,
+                                std::string_view outcome) {
+  const std::string path = settings_.ProgramPath + "SENT.TXT";
+  const FileContent file = files_.Read(path);
+  if (file.error && file.error->reason != FileError::Reason::Missing) return;
+  std::string entry = DateAndTime(now_());
+  for (const std::string& part : {user_, id.Node(), std::string(id.Kind().name),
+                                  std::to_string(lines), std::string(outcome)}) {
+    std::string shown = part;
+    ShowControls(shown);
+    entry.append(kTab).append(shown);
+  }
+  static_cast<void>(files_.Write(path, std::string(Recent(file.bytes)) + entry + "\r\n"));
+}
+
+bool HaveSameLines(const CatalogueContent& one, const CatalogueContent& other) {
+  return (!one.dfv || !other.dfv || one.dfv == other.dfv) &&
+         Sorted(one.lines) == Sorted(other.lines);
+}
+
+}  // namespace zek

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "catalogue/Catalogue.h"
+#include "catalogue/CatalogueStore.h"
+#include "settings/Settings.h"
+#include "system/Files.h"
+#include "system/LocalTime.h"
+
+namespace zek {
+
+/// What a controller does with the old lines when a catalogue is sent, as far as it was seen.
+enum class SeenToDo {
+  Nothing,              // not seen yet
+  ReplacesByNumber,     // a line stays until a line with its number is sent
+  ReplacesByControl,    // the lines of the control that is sent are replaced
+  ReplacesByCatalogue,  // the whole catalogue is replaced
+};
+
+/// What the program knows about the controllers and has done to them. All of it is on the disk, in
+/// the program directory:
+/// - "Known" has each catalogue as it was last read from its controller or sent to it,
+/// - "Unfinished" has shared catalogues as they were before a write, until it is sure that the
+///   write harmed no other control,
+/// - "Known\CONTROLLERS.TXT" has what each controller was seen to do,
+/// - "SENT.TXT" has a line for every write: time, user, node, catalogue, lines, outcome.
+/// A failure is returned where something could be lost; elsewhere the record is only missing.
+class ControllerRecords {
+ public:
+  ControllerRecords(Files& files, const Settings& settings, Clock now, std::string user)
+      : files_(files), settings_(settings), now_(std::move(now)), user_(std::move(user)) {}
+
+  /// The catalogue as it was last read from the controller or sent to it.
+  std::optional<StoredCatalogue> Known(const CatalogueId& id) const { return KnownOf().Find(id); }
+  void RememberKnown(const CatalogueId& id, const CatalogueContent& content);
+  void ForgetKnown(const CatalogueId& id);
+
+  /// The catalogue as it was before a write that is not finished.
+  std::optional<StoredCatalogue> Unfinished(const CatalogueId& id) const {
+    return UnfinishedOf().Find(id);
+  }
+  std::optional<FileError> BeginWrite(const CatalogueId& id, std::vector<std::string> lines);
+  std::optional<FileError> EndWrite(const CatalogueId& id);
+
+  SeenToDo SeenAt(const CatalogueId& id) const;
+  void RememberSeen(const CatalogueId& id, SeenToDo seen);
+
+  void Journal(const CatalogueId& id, std::size_t lines, std::string_view outcome);
+
+  LocalTime Now() const { return now_(); }
+
+ private:
+  CatalogueStore KnownOf() const { return {files_, Folder("Known")}; }
+  CatalogueStore UnfinishedOf() const { return {files_, Folder("Unfinished")}; }
+  std::string Folder(std::string_view name) const;
+
+  Files& files_;
+  const Settings& settings_;
+  Clock now_;
+  std::string user_;  // of the computer, windows-1252
+};
+
+/// True when both have the same lines, whatever their order, and the same value if both have one.
+bool HaveSameLines(const CatalogueContent& one, const CatalogueContent& other);
+
+}  // namespace zek

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <vector>
+
+#include "catalogue/Catalogue.h"
+#include "formats/BuiltLines.h"
+#include "formats/LineOwner.h"
+#include "settings/Settings.h"
+
+namespace zek {
+
+/// Splits the lines of a catalogue by the control that they belong to. All lines are the control's
+/// own if the catalogue is not part of a shared one.
+LinesByOwner SplitLines(const CatalogueId& id, std::span<const std::string> lines);
+
+/// Gives the lines of the control of `id` numbers that no line of another control in `listing` has.
+/// Returns an error if a number does not fit, and nothing, after a message, if a setting can't be
+/// used.
+std::optional<BuiltLines> NumberOwnLines(const CatalogueId& id, std::span<const std::string> own,
+                                         std::span<const std::string> listing,
+                                         const NumberReader& numbers);
+
+}  // namespace zek
