@@ -25,6 +25,13 @@ struct PlantCatalogue {
   bool Put(int number, std::string_view line);
 };
 
+/// What lines that are sent to a catalogue replace. Real controllers differ.
+enum class Replaces {
+  Number,   // each line the line of its number; a new number is added
+  Control,  // all lines of the time control that is sent; in a catalogue of one owner as Catalogue
+  Catalogue,  // the selector empties the catalogue
+};
+
 /// A ZEK2 time control with its own catalogues.
 struct TimeControl {
   std::string name;  // windows-1252, without "!" and "."
@@ -43,7 +50,8 @@ struct Outstation {
   PlantCatalogue weekday;             // ZEK1
   PlantCatalogue exceptions;          // ZEK1
   std::vector<TimeControl> controls;  // ZEK2
-  bool changed = false;               // since the last load or save
+  Replaces replaces = Replaces::Number;
+  bool changed = false;  // since the last load or save
 
   /// Finds a control by name, case-insensitive; null if it is unknown.
   TimeControl* FindControl(std::string_view controlName);

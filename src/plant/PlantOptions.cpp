@@ -1,5 +1,7 @@
 #include "plant/PlantOptions.h"
 
+#include <map>
+
 #include "settings/OptionParser.h"
 
 namespace zek::sim {
@@ -20,6 +22,16 @@ PlantOptions ReadPlantOptions(const std::vector<std::string>& arguments) {
       .add_option("--plant", options.folder,
                   "the plant, one sub-folder per outstation (default: data/demo/plant)")
       ->type_name("FOLDER");
+  const std::map<std::string, Replaces> ways = {{"number", Replaces::Number},
+                                                {"control", Replaces::Control},
+                                                {"catalogue", Replaces::Catalogue}};
+  parser
+      .add_option_function<std::string>(
+          "--replace", [&](const std::string& what) { options.replaces = ways.at(what); },
+          "what a catalogue that is sent replaces: lines of the same \"number\"\n"
+          "(default), lines of the same time \"control\", or the \"catalogue\"")
+      ->check(CLI::IsMember(ways).description(""))
+      ->type_name("WHAT");
   parser.add_flag("--keep", options.keep, "save changed catalogues in the plant folder");
   parser.add_flag("--verbose", options.verbose, "show the traffic on standard error");
   parser

@@ -61,6 +61,16 @@ bool IsSelector(std::string_view text) {
   return part == ".WDC" || part == ".SDC" || part == ".OVC" || part == ".EXC";
 }
 
+// Returns whose line it is in a shared catalogue: a name, or "!" and the block of its number.
+std::string OwnerOf(std::string_view line) {
+  constexpr std::size_t bar = 6;
+  constexpr std::size_t nameLength = 12;
+  constexpr int block = 100;
+  const bool named = line.size() > bar && line[bar] == '!';
+  return named ? std::string(Trim(line.substr(bar + 1, nameLength)))
+               : "!" + std::to_string(LineNumber(line) / block);
+}
+
 }  // namespace
 
 PlantReply PlantSession::Answer(std::string_view command) {
@@ -101,9 +111,28 @@ PlantReply PlantSession::AnswerList(std::string_view what) const {
 
 PlantReply PlantSession::TakeLine(std::string_view line) {
   if (!IsPlainLine(line) || !Fits(line)) return Refuse();
+  MakeRoomFor(line);
   if (!selected_->Put(LineNumber(line), line)) return Refuse();
   outstation_->changed = true;
   return Say("OK");
+}
+
+// Removes what a selector replaces.
+void PlantSession::MakeRoom() {
+  sent_.clear();
+  const bool shared = outstation_->generation == Generation::Zek1 && part_ != Part::Calendar;
+  if (outstation_->replaces == Replaces::Number) return;
+  if (outstation_->replaces == Replaces::Control && shared) return;
+  outstation_->changed = outstation_->changed || !selected_->lines.empty();
+  selected_->lines.clear();
+}
+
+// Removes what a line replaces besides the line of its number.
+void PlantSession::MakeRoomFor(std::string_view line) {
+  const bool first = sent_.insert(OwnerOf(line)).second;
+  if (outstation_->replaces != Replaces::Control || !first) return;
+  std::erase_if(selected_->lines,
+                [&](const auto& each) { return OwnerOf(each.second) == OwnerOf(line); });
 }
 
 bool PlantSession::Fits(std::string_view line) const {
@@ -132,14 +161,17 @@ PlantReply PlantSession::Select(std::string_view selector) {
   selected_ = nullptr;
   const std::string part = LastPart(selector);
   const std::string_view name = selector.substr(0, selector.size() - part.size());
+  const bool zek1 = outstation_->generation == Generation::Zek1;
+  bool known = true;
   if (name.empty() && part == ".SDC") {
     selected_ = &outstation_->calendar;
     part_ = Part::Calendar;
-    return Say("OK");
+  } else {
+    known = zek1 ? name.empty() && SelectZek1(part) : SelectZek2(name, part);
   }
-  const bool known = outstation_->generation == Generation::Zek1 ? name.empty() && SelectZek1(part)
-                                                                 : SelectZek2(name, part);
-  return known ? Say("OK") : Refuse();
+  if (!known) return Refuse();
+  MakeRoom();
+  return Say("OK");
 }
 
 bool PlantSession::SelectZek1(std::string_view part) {

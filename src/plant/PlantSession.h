@@ -1,5 +1,6 @@
 #pragma once
 
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,8 +26,12 @@ struct PlantReply {
 /// A listing consists of a header, the numbered lines and "EXIT". Before "EXIT", the listing of a
 /// ZEK2 control has the ".DFV" line, if it has a default value, and, after weekday lines, the
 /// ".EXC" part. After a selector every command up to "EXIT" is a catalogue line. It replaces the
-/// line of the same number or is added. No command removes a line: a catalogue that is sent with
-/// fewer lines keeps the rest.
+/// line of the same number or is added. `Outstation::replaces` says which other lines go:
+/// - Number: none. A catalogue that is sent with fewer lines keeps the rest.
+/// - Control: in the shared catalogues of a ZEK1, the first line of a control after the selector
+///   removes its other lines. Lines without a name belong together if they have the same number
+///   without its last two digits. In all other catalogues as Catalogue.
+/// - Catalogue: the selector removes all lines at once.
 class PlantSession {
  public:
   explicit PlantSession(Outstation& outstation) : outstation_(&outstation) {}
@@ -43,6 +48,8 @@ class PlantSession {
   PlantReply TakeLine(std::string_view line);
   PlantReply TakeDefaultValue(std::string_view control, std::string_view value);
   PlantReply Select(std::string_view selector);
+  void MakeRoom();
+  void MakeRoomFor(std::string_view line);
   bool SelectZek1(std::string_view part);
   bool SelectZek2(std::string_view control, std::string_view part);
   bool Fits(std::string_view line) const;
@@ -50,7 +57,8 @@ class PlantSession {
   Outstation* outstation_;
   PlantCatalogue* selected_ = nullptr;  // of outstation_
   Part part_ = Part::Weekday;
-  std::string controlName_;  // whose catalogue is selected, ZEK2
+  std::string controlName_;     // whose catalogue is selected, ZEK2
+  std::set<std::string> sent_;  // the owners of lines since the selector
 };
 
 }  // namespace zek::sim

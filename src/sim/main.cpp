@@ -69,6 +69,9 @@ int main(int argc, char** argv) {
   }
   zek::sim::LoadedPlant loaded = zek::sim::LoadPlant(options.folder);
   if (!loaded.error.empty()) return Fail(loaded.error);
+  for (zek::sim::Outstation& outstation : loaded.plant.outstations) {
+    outstation.replaces = options.replaces;
+  }
   // The toolkit deletes the application at its end.
   auto app = std::make_unique<PlantApp>(std::move(loaded.plant), std::move(options));
   wxAppConsole::SetInstance(app.release());

@@ -133,8 +133,8 @@ TEST(PlantOptions, AreReadOrRefused) {
   EXPECT_EQ(options.folder, "x y");
   EXPECT_TRUE(options.keep && !options.verbose);
   const std::vector<std::vector<std::string>> wrong = {
-      {"--port"},     {"--port", "65536"}, {"--port", "-1"}, {"--port", "80x"},
-      {"--port", ""}, {"--plant"},         {"extra"},        {"--keep=yes"}};
+      {"--port"},  {"--port", "65536"}, {"--port", "-1"}, {"--port", "80x"},  {"--port", ""},
+      {"--plant"}, {"extra"},           {"--keep=yes"},   {"--replace", "1"}, {"--replace", "all"}};
   for (const auto& arguments : wrong) {
     EXPECT_NE(ReadPlantOptions(arguments).error, "") << arguments.back();
   }

@@ -1,8 +1,10 @@
 #include <gtest/gtest.h>
 
 #include "plant/PlantFixture.h"
+#include "plant/PlantOptions.h"
 #include "plant/PlantSession.h"
 #include "support/CaseFile.h"
+#include "text/Fields.h"
 
 namespace zek::sim {
 namespace {
@@ -10,14 +12,17 @@ namespace {
 TEST(PlantSession, Cases) {
   test::CheckCases("plant-sessions.txt", [](const test::TextCase& given) {
     Plant plant = SmallPlant();
-    PlantSession session(plant.outstations[given.head == "ZEK2" ? 1 : 0]);
+    Outstation& outstation = plant.outstations[given.head.starts_with("ZEK2") ? 1 : 0];
+    const std::string replaces(GetField(given.head, 1, " "));
+    outstation.replaces = ReadPlantOptions({"--replace", replaces}).replaces;
+    PlantSession session(outstation);
     std::string outcome;
     for (const std::string& command : given.given) {
       const PlantReply reply = session.Answer(command);
       if (reply.refused) outcome += "(refused)\n";
       for (const std::string& line : reply.lines) outcome += line + "\n";
     }
-    EXPECT_TRUE(plant.outstations[given.head == "ZEK2" ? 1 : 0].changed);
+    EXPECT_TRUE(outstation.changed);
     return outcome;
   });
 }
