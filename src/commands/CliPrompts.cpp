@@ -9,11 +9,16 @@ void CliPrompts::Show(Icon /*icon*/, const std::string& message, const std::stri
 }
 
 bool CliPrompts::AskYesNo(Icon /*icon*/, const std::string& question,
-                          const std::string& /*caption*/) {
+                          const std::string& /*caption*/, DefaultAnswer /*standard*/) {
   ++asked;
   err_ << Utf8FromWindows1252(OnOneLine(question)) << (answerYes ? " [yes]" : " [no]") << '\n'
        << std::flush;
   return answerYes;
+}
+
+Answer CliPrompts::AskThree(Icon icon, const std::string& question, const std::string& caption,
+                            const AnswerCaptions& /*captions*/) {
+  return AskYesNo(icon, question, caption) ? Answer::Yes : Answer::No;
 }
 
 void CliPrompts::Print(std::string_view lines) {
@@ -28,9 +33,9 @@ void CliPrompts::ShowDetails(Icon icon, const std::string& message, const std::s
 }
 
 bool CliPrompts::AskWithDetails(Icon icon, const std::string& question, const std::string& caption,
-                                const PromptDetails& details) {
+                                const PromptDetails& details, DefaultAnswer standard) {
   Print(details.lines);
-  return AskYesNo(icon, question, caption);
+  return AskYesNo(icon, question, caption, standard);
 }
 
 }  // namespace zek::cli

@@ -96,9 +96,15 @@ void TourPrompts::Show(Icon icon, const std::string& message, const std::string&
   std::cerr << "zekview: " << Utf8FromWindows1252(message) << '\n';
 }
 
-bool TourPrompts::AskYesNo(Icon icon, const std::string& question, const std::string& caption) {
+bool TourPrompts::AskYesNo(Icon icon, const std::string& question, const std::string& caption,
+                           DefaultAnswer /*standard*/) {
   Show(icon == Icon::Exclamation ? Icon::Question : icon, question, caption);
   return false;
+}
+
+Answer TourPrompts::AskThree(Icon icon, const std::string& question, const std::string& caption,
+                             const AnswerCaptions& /*captions*/) {
+  return AskYesNo(icon, question, caption) ? Answer::Yes : Answer::No;
 }
 
 Tour::Tour(std::string directory, ZV_Proc& proc, WxTurn& turn, const TourPrompts& prompts)

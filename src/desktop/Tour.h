@@ -20,9 +20,13 @@ bool SaveScreenPicture(const wxWindow& window, const std::string& path);
 /// Prints the messages of a tour on standard error and answers every question with No.
 class TourPrompts final : public Prompts {
  public:
+  using Prompts::AskYesNo;
   using Prompts::Show;
   void Show(Icon icon, const std::string& message, const std::string& caption) override;
-  bool AskYesNo(Icon icon, const std::string& question, const std::string& caption) override;
+  bool AskYesNo(Icon icon, const std::string& question, const std::string& caption,
+                DefaultAnswer standard) override;
+  Answer AskThree(Icon icon, const std::string& question, const std::string& caption,
+                  const AnswerCaptions& captions) override;
 
   /// True after a warning or an error.
   bool Warned() const { return warned_; }

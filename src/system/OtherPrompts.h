@@ -12,13 +12,20 @@ class PromptSwitch final : public Prompts {
  public:
   explicit PromptSwitch(Prompts& box) : target_(&box) {}
 
+  using Prompts::AskWithDetails;
+  using Prompts::AskYesNo;
   using Prompts::Show;
   void Show(Icon icon, const std::string& message, const std::string& caption) override {
     ++shown_;
     target_->Show(icon, message, caption);
   }
-  bool AskYesNo(Icon icon, const std::string& question, const std::string& caption) override {
-    return target_->AskYesNo(icon, question, caption);
+  bool AskYesNo(Icon icon, const std::string& question, const std::string& caption,
+                DefaultAnswer standard) override {
+    return target_->AskYesNo(icon, question, caption, standard);
+  }
+  Answer AskThree(Icon icon, const std::string& question, const std::string& caption,
+                  const AnswerCaptions& captions) override {
+    return target_->AskThree(icon, question, caption, captions);
   }
   void ShowDetails(Icon icon, const std::string& message, const std::string& caption,
                    const PromptDetails& details) override {
@@ -26,8 +33,8 @@ class PromptSwitch final : public Prompts {
     target_->ShowDetails(icon, message, caption, details);
   }
   bool AskWithDetails(Icon icon, const std::string& question, const std::string& caption,
-                      const PromptDetails& details) override {
-    return target_->AskWithDetails(icon, question, caption, details);
+                      const PromptDetails& details, DefaultAnswer standard) override {
+    return target_->AskWithDetails(icon, question, caption, details, standard);
   }
 
   /// Returns the number of messages shown so far; questions do not count.
@@ -62,9 +69,13 @@ class LogPrompts final : public Prompts {
   using Log = std::function<void(const std::string& line)>;
   explicit LogPrompts(Log log) : log_(std::move(log)) {}
 
+  using Prompts::AskYesNo;
   using Prompts::Show;
   void Show(Icon icon, const std::string& message, const std::string& caption) override;
-  bool AskYesNo(Icon icon, const std::string& question, const std::string& caption) override;
+  bool AskYesNo(Icon icon, const std::string& question, const std::string& caption,
+                DefaultAnswer standard) override;
+  Answer AskThree(Icon icon, const std::string& question, const std::string& caption,
+                  const AnswerCaptions& captions) override;
 
  private:
   Log log_;

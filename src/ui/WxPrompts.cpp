@@ -1,49 +1,32 @@
 #include "ui/WxPrompts.h"
 
-#include <wx/msgdlg.h>
+#include <vector>
+
 #include <wx/toplevel.h>
 
 #include "lang/TextNumbers.h"
 #include "text/Controls.h"
 #include "text/Lines.h"
-#include "ui/DetailsBox.h"
+#include "ui/PromptBox.h"
 #include "ui/WxText.h"
 
 namespace zek {
 namespace {
 
-long StyleOf(Icon icon) {
-  switch (icon) {
-    case Icon::Information:
-      return wxICON_INFORMATION;
-    case Icon::Exclamation:
-      return wxICON_EXCLAMATION;
-    case Icon::Critical:
-      return wxICON_ERROR;
-    case Icon::Question:
-      return wxICON_QUESTION;
-    case Icon::None:
-      break;
-  }
-  return wxICON_NONE;  // 0 would let the toolkit choose an icon
-}
-
-// Warnings default to No, so that repeated Enter never confirms one.
-long Standard(Icon icon) { return icon == Icon::Exclamation ? wxNO_DEFAULT : wxYES_DEFAULT; }
-
 // The form that was opened last: the parent of a message box. Not the active window, because there
-// may be none during a transfer.
+// may be none during a transfer. Never one that closes by itself, which would destroy the box.
 wxWindow* LastForm() {
   wxWindow* last = nullptr;
   for (wxWindow* const form : wxTopLevelWindows) {
-    if (form->IsShown() && !form->IsBeingDeleted()) last = form;
+    const bool lasts = (form->GetExtraStyle() & wxWS_EX_TRANSIENT) == 0;
+    if (lasts && form->IsShown() && !form->IsBeingDeleted()) last = form;
   }
   return last;
 }
 
-// Text from a controller or a file can be too long for the screen and contain control characters.
+// Text from a controller or a file can be very long and contain control characters.
 wxString Readable(std::string_view message) {
-  constexpr std::size_t longest = 1000;
+  constexpr std::size_t longest = 4000;
   const std::string shortened = Shortened(message, longest);
   wxString readable;
   for (std::string_view rest = shortened; !rest.empty();) {
@@ -53,44 +36,53 @@ wxString Readable(std::string_view message) {
   }
   return readable;
 }
+
+int Ask(Icon icon, const std::string& message, const std::string& caption,
+        const PromptDetails& details, const std::vector<PromptBox::Button>& buttons, int standard) {
+  PromptBox box(LastForm(),
+                {icon, caption.empty() ? "ZekView" : ToWx(caption), Readable(message),
+                 ToWx(details.label), ToWx(details.lines)},
+                buttons, standard);
+  return box.ShowModal();
+}
+
 }  // namespace
 
-int WxPrompts::Ask(long style, const std::string& message, const std::string& caption) const {
-  wxMessageDialog box(LastForm(), Readable(message), caption.empty() ? "ZekView" : ToWx(caption),
-                      style);
-  if (texts_ != nullptr && (style & wxYES_NO) == wxYES_NO) {
-    box.SetYesNoLabels(ToWx(texts_->Text(text::kYes)), ToWx(texts_->Text(text::kNo)));
-  }
-  return box.ShowModal();
+wxString WxPrompts::Label(std::int32_t number) const {
+  return texts_ == nullptr ? wxString() : ToWx(texts_->Text(number));
 }
 
 void WxPrompts::Show(Icon icon, const std::string& message, const std::string& caption) {
-  Ask(wxOK | StyleOf(icon), message, caption);
-}
-
-bool WxPrompts::AskYesNo(Icon icon, const std::string& question, const std::string& caption) {
-  return Ask(wxYES_NO | Standard(icon) | StyleOf(icon), question, caption) == wxID_YES;
-}
-
-int WxPrompts::AskDetails(long style, const std::string& message, const std::string& caption,
-                          const PromptDetails& details) const {
-  DetailsBox box(LastForm(), {style, caption.empty() ? "ZekView" : ToWx(caption), Readable(message),
-                              ToWx(details.label), ToWx(details.lines)});
-  if (texts_ != nullptr && (style & wxYES_NO) == wxYES_NO) {
-    box.SetYesNoLabels(ToWx(texts_->Text(text::kYes)), ToWx(texts_->Text(text::kNo)));
-  }
-  return box.ShowModal();
+  ShowDetails(icon, message, caption, {});
 }
 
 void WxPrompts::ShowDetails(Icon icon, const std::string& message, const std::string& caption,
                             const PromptDetails& details) {
-  AskDetails(wxOK | StyleOf(icon), message, caption, details);
+  Ask(icon, message, caption, details, {{wxID_OK, {}}}, wxID_OK);
+}
+
+bool WxPrompts::AskYesNo(Icon icon, const std::string& question, const std::string& caption,
+                         DefaultAnswer standard) {
+  return AskWithDetails(icon, question, caption, {}, standard);
 }
 
 bool WxPrompts::AskWithDetails(Icon icon, const std::string& question, const std::string& caption,
-                               const PromptDetails& details) {
-  const long style = wxYES_NO | Standard(icon) | StyleOf(icon);
-  return AskDetails(style, question, caption, details) == wxID_YES;
+                               const PromptDetails& details, DefaultAnswer standard) {
+  const std::vector<PromptBox::Button> buttons{{wxID_YES, Label(text::kYes)},
+                                               {wxID_NO, Label(text::kNo)}};
+  const int button = standard == DefaultAnswer::Yes ? wxID_YES : wxID_NO;
+  return Ask(icon, question, caption, details, buttons, button) == wxID_YES;
+}
+
+Answer WxPrompts::AskThree(Icon icon, const std::string& question, const std::string& caption,
+                           const AnswerCaptions& captions) {
+  const std::vector<PromptBox::Button> buttons{{wxID_YES, ToWx(captions.yes)},
+                                               {wxID_NO, ToWx(captions.no)},
+                                               {wxID_CANCEL, ToWx(captions.cancel)}};
+  const bool warns = DefaultFor(icon) == DefaultAnswer::No;
+  const int answer = Ask(icon, question, caption, {}, buttons, warns ? wxID_CANCEL : wxID_YES);
+  if (answer == wxID_YES) return Answer::Yes;
+  return answer == wxID_NO ? Answer::No : Answer::Cancel;
 }
 
 }  // namespace zek

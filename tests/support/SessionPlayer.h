@@ -24,7 +24,7 @@ namespace zek::test {
 ///                             "!break" and "!full" (nothing more can be sent) are faults
 ///   change LIST WDC=...       instead of the answers so far
 ///   many LIST WDC=203, copy NAME=202   an answer or a file of so many lines
-///   yes, no                   answers the next question
+///   yes, no, neither          answers the next question
 ///   unreachable, silent, heard, full disk, unreadable disk, lose NAME
 ///   cancel 500, quit 500      in so many milliseconds
 ///   line, value               what is to be saved
@@ -86,7 +86,8 @@ class SessionPlayer : public TransferSession {
       Select(rest);
       pieces = !rest.starts_with("TWO");
     }
-    if (what == "yes" || what == "no") prompts.answers.push_back(what == "yes");
+    if (what == "yes" || what == "no") prompts.answers.emplace_back(what == "yes");
+    if (what == "neither") prompts.answers.emplace_back(Answer::Cancel);
     if (what == "unreachable") socket.reachable = false;
     if (what == "silent" || what == "heard") socket.silent = what == "silent";
     if (what == "lose") files.files.erase("/zek/" + rest);

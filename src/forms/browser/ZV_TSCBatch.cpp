@@ -9,8 +9,8 @@
 #include "forms/browser/ZV_TSC.h"
 #include "lang/TextNumbers.h"
 #include "ui/AccessibleName.h"
-#include "ui/DetailsBox.h"
 #include "ui/Forms.h"
+#include "ui/PromptBox.h"
 #include "ui/WxText.h"
 
 // How the browser runs the batch export and shows its progress.
@@ -91,9 +91,11 @@ void ZV_TSC::ShowSummary() {
   const BatchReport& report = batch_.Report();
   wxString details;
   for (const std::string& line : report.Details(proc_.texts)) details += ToWx(line) + "\n";
-  DetailsBox box(this, {wxOK | (report.Succeeded() ? wxICON_INFORMATION : wxICON_EXCLAMATION),
-                        Label(text::kBatchTitle), ToWx(report.Headline(proc_.texts)),
-                        Label(text::kBatchDetails), details.Trim()});
+  PromptBox box(
+      this,
+      {report.Succeeded() ? Icon::Information : Icon::Exclamation, Label(text::kBatchTitle),
+       ToWx(report.Headline(proc_.texts)), Label(text::kBatchDetails), details.Trim()},
+      {{wxID_OK, {}}}, wxID_OK);
   box.SetName("ZV_TSCSummary");
   if (proc_.settings.AlwaysOnTop) SetTopmost(box, true);
   box.ShowModal();
