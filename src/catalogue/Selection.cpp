@@ -3,14 +3,15 @@
 namespace zek {
 
 CatalogueId Selection::Id(Catalogue catalogue) const {
-  return {catalogue, CurrentObject, TscName, generation, LocalFiles[catalogue]};
+  return {catalogue, CurrentObject, TscName, generation, LocalFiles[catalogue], pltControls};
 }
 
 Selection SelectionOf(const ObjectTree& tree, const TopicTable& topics, std::size_t node) {
   const TreeNode& selected = tree.at(node);
   const Topic& topic = topics[selected.Object];
-  return {selected.Object, selected.TscName, topic.TopicType, LocalFilesOf(topic, selected),
-          selected.PickListTable};
+  return {selected.Object,        selected.TscName,
+          topic.TopicType,        LocalFilesOf(topic, selected),
+          selected.PickListTable, PltControlsOf(tree, selected.Object)};
 }
 
 }  // namespace zek
