@@ -32,7 +32,7 @@ CalendarTable FullTable() {
 }
 
 Lines Build(const CalendarTable& table) {
-  BuiltLines built = BuildCalendar(table, "TSC1", kYears.generation);
+  BuiltLines built = BuildCalendar(table, EmptyCalendarLayout("TSC1"), kYears.generation);
   Lines* const lines = std::get_if<Lines>(&built);
   return lines == nullptr ? Lines() : std::move(*lines);
 }

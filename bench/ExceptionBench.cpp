@@ -17,8 +17,8 @@ constexpr ExceptionOptions kOptions{1, 0};
 
 using Lines = std::vector<std::string>;
 
-ExceptionOwner OwnerOf(std::size_t control) {
-  return {"TSC" + std::to_string(control), Generation::Zek1};
+LineOwner OwnerOf(std::size_t control) {
+  return {"TSC" + std::to_string(control), Generation::Zek1, {}};
 }
 
 ExceptionTable TableOf(std::size_t control) {
@@ -33,7 +33,7 @@ ExceptionTable TableOf(std::size_t control) {
   return table;
 }
 
-Lines Build(const ExceptionTable& table, const ExceptionOwner& owner, const Lines& lines) {
+Lines Build(const ExceptionTable& table, const LineOwner& owner, const Lines& lines) {
   BuiltLines built = BuildExceptions(table, owner, lines, kOptions, '.');
   Lines* const taken = std::get_if<Lines>(&built);
   return taken == nullptr ? Lines() : std::move(*taken);
@@ -53,7 +53,7 @@ Lines FullCatalogue() {
 
 void ReadAndBuild(benchmark::State& state) {
   const Lines lines = FullCatalogue();
-  const ExceptionOwner owner = OwnerOf(7);
+  const LineOwner owner = OwnerOf(7);
   if (lines.size() != kMaxCatalogueLines || ReadExceptions(lines, owner).table != TableOf(7)) {
     state.SkipWithError("the catalogue is not read as it was built");
   }

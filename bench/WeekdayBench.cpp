@@ -31,8 +31,10 @@ WeekdayTable FullTable() {
   return table;
 }
 
+LineOwner OwnerOf() { return {kName, Generation::Zek1, {}}; }
+
 Lines Build(const WeekdayTable& table) {
-  BuiltLines built = BuildWeekday(table, kName, {}, BuildStart::Afresh, '.');
+  BuiltLines built = BuildWeekday(table, OwnerOf(), {}, BuildStart::Afresh, '.');
   Lines* const lines = std::get_if<Lines>(&built);
   return lines == nullptr ? Lines() : std::move(*lines);
 }
@@ -40,11 +42,11 @@ Lines Build(const WeekdayTable& table) {
 void ReadAndBuild(benchmark::State& state) {
   const WeekdayTable table = FullTable();
   const Lines lines = Build(table);
-  if (lines.size() != kMaxCatalogueLines || ReadWeekday(lines, kName).table != table) {
+  if (lines.size() != kMaxCatalogueLines || ReadWeekday(lines, OwnerOf()).table != table) {
     state.SkipWithError("the catalogue is not read as it was built");
   }
   for (auto _ : state) {
-    const WeekdayReading reading = ReadWeekday(lines, kName);
+    const WeekdayReading reading = ReadWeekday(lines, OwnerOf());
     benchmark::DoNotOptimize(Build(reading.table).data());
   }
 }

@@ -49,9 +49,10 @@ void DemandRoundTrip(const Table& table, Read read, Build build) {
 
 void Weekday(std::string_view input) {
   const Case given(input);
-  const auto read = [&](const Lines& lines) { return ReadWeekday(lines, given.name); };
+  const LineOwner owner{given.name, given.generation, {}};
+  const auto read = [&](const Lines& lines) { return ReadWeekday(lines, owner); };
   DemandRoundTrip(read(given.lines).table, read, [&](const WeekdayTable& table) {
-    return BuildWeekday(table, given.name, given.lines, BuildStart::Afresh, given.separator);
+    return BuildWeekday(table, owner, given.lines, BuildStart::Afresh, given.separator);
   });
 }
 
@@ -62,13 +63,13 @@ void Calendar(std::string_view input) {
     return ReadCalendar(lines, years, CalendarYears::kFirst);
   };
   DemandRoundTrip(read(given.lines).table, read, [&](const CalendarTable& table) {
-    return BuildCalendar(table, given.name, given.generation);
+    return BuildCalendar(table, EmptyCalendarLayout(given.name), given.generation);
   });
 }
 
 void Exceptions(std::string_view input) {
   const Case given(input);
-  const ExceptionOwner owner{given.name, given.generation};
+  const LineOwner owner{given.name, given.generation, {}};
   const auto read = [&](const Lines& lines) { return ReadExceptions(lines, owner); };
   ExceptionTable table = read(given.lines).table;
   // Of too many lines the first eight keep their order, which is then not the order of dates.

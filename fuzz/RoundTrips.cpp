@@ -43,12 +43,13 @@ Trip TripOf(const Table& table, Read read, Build build) {
 char SeparatorOf(Random& random) { return random.OneIn(2) ? ',' : '.'; }
 
 Trip WeekdayTrip(Random& random, bool plt) {
-  const std::string name = RandomName(random, plt);
+  // On a ZEK1 many tables would not fit into the block of a "PLT" control.
+  const LineOwner owner{RandomName(random, plt), plt ? Generation::Zek2 : Generation::Zek1, {}};
   const char separator = SeparatorOf(random);
   const auto build = [&](const WeekdayTable& table) {
-    return BuildWeekday(table, name, {}, BuildStart::Afresh, separator);
+    return BuildWeekday(table, owner, {}, BuildStart::Afresh, separator);
   };
-  const auto read = [&](const Lines& lines) { return ReadWeekday(lines, name); };
+  const auto read = [&](const Lines& lines) { return ReadWeekday(lines, owner); };
   WeekdayTable table = RandomWeekday(random, plt);
   // Removes rows that exceed the lines of a catalogue, the last ones first.
   for (std::size_t row = kWeekdayRows; row > 0; --row) {
@@ -67,11 +68,13 @@ Trip CalendarTrip(Random& random, Generation generation, bool plt) {
   table.Sort();
   return TripOf(
       table, [&](const Lines& lines) { return ReadCalendar(lines, years, CalendarYears::kFirst); },
-      [&](const CalendarTable& each) { return BuildCalendar(each, name, generation); });
+      [&](const CalendarTable& each) {
+        return BuildCalendar(each, EmptyCalendarLayout(name), generation);
+      });
 }
 
 Trip ExceptionTrip(Random& random, Generation generation) {
-  const ExceptionOwner owner{RandomName(random, random.OneIn(4)), generation};
+  const LineOwner owner{RandomName(random, random.OneIn(4)), generation, {}};
   const char separator = SeparatorOf(random);
   ExceptionTable table = RandomExceptions(random, generation);
   std::stable_sort(

@@ -9,6 +9,7 @@
 
 #include "comm/Transfer.h"
 #include "formats/Generation.h"
+#include "formats/LineOwner.h"
 
 namespace zek {
 
@@ -49,6 +50,10 @@ struct CatalogueId {
   /// The file name of its local copy, in windows-1252; "" when the node has no such catalogue.
   std::string localFile;
   std::string topic;  // the controller's name in the topic table
+  std::vector<std::string> pltControls;  // of the object, see `LineOwner`
+
+  /// Returns the owner of the lines that an editor of this catalogue shows.
+  LineOwner Owner() const { return {control, generation, pltControls}; }
 
   const CatalogueKind& Kind() const { return KindOf(catalogue); }
 

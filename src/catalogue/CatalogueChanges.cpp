@@ -114,8 +114,7 @@ class Comparison {
   }
 
   DropReason ReasonOf(const CatalogueEntry& entry) const {
-    if (rules_.shared && !rules_.control.empty() && !entry.control.empty() &&
-        entry.control != LineName(rules_.control)) {
+    if (rules_.shared && !rules_.control.empty() && entry.control != LineName(rules_.control)) {
       if (entry.number > 0 && numbers_.count(entry.number) > 0) return DropReason::Overwritten;
       return DropReason::OtherControl;
     }
@@ -227,9 +226,8 @@ std::vector<CatalogueChange> FaultsOf(const CatalogueContent& sent, const Catalo
   RemoveRepeats(wanted);
   RemoveRepeats(there);
   if (rules.shared && !rules.control.empty()) {
-    std::set<std::string> own{"", std::string(LineName(rules.control))};
     std::erase_if(there, [&](const CatalogueEntry& entry) {
-      if (own.count(entry.control) > 0) return false;
+      if (entry.control == LineName(rules.control)) return false;
       return std::none_of(wanted.begin(), wanted.end(), [&entry](const CatalogueEntry& each) {
         return KeyOf(each) == KeyOf(entry);
       });

@@ -15,8 +15,7 @@ namespace zek {
 namespace {
 
 constexpr std::string_view kGap = "  ";
-constexpr std::size_t kNamelessColumn = 6;  // from 0: "!" before a name, otherwise the entry itself
-constexpr int kLinesOfPlt = 100;            // from one "PLT" control's numbers to the next
+constexpr std::size_t kPltDayColumn = 6;  // from 0
 
 using Entries = std::vector<CatalogueEntry>;
 using Line = std::span<const std::string, 1>;
@@ -32,21 +31,6 @@ std::string Fields(std::string_view line, std::size_t column) {
   return joined;
 }
 
-bool HasName(std::string_view line) { return FromColumn(line, kNamelessColumn).starts_with('!'); }
-
-// Returns the control that a line belongs to. In a shared catalogue the lines without a name are
-// distinguished by their numbers: each "PLT" control has a hundred.
-std::string OwnerOf(std::string_view line, const CatalogueRules& rules) {
-  if (rules.kind == Catalogue::Sdc) return {};
-  if (!rules.shared) return std::string(LineName(rules.control));
-  if (HasName(line)) return std::string(Trim(GetField(line, 1, kFieldMark)));
-  const int block = LineNumber(line) / kLinesOfPlt;
-  if (IsPltName(rules.control) && block == FirstLineNumber(rules.control) / kLinesOfPlt) {
-    return std::string(LineName(rules.control));
-  }
-  return "PLT" + std::to_string(block);
-}
-
 std::string TimesAndValues(const WeekdayRow& row, bool plt, char separator) {
   std::string text = ClockText(row.start);
   if (row.stop != kNoTime) text.append(kRangeMark).append(ClockText(row.stop));
@@ -58,15 +42,17 @@ std::string TimesAndValues(const WeekdayRow& row, bool plt, char separator) {
 
 // Returns the field after the start value of a line in the "PLT" layout.
 std::string SurplusOf(std::string_view line) {
-  const std::string_view value = Trim(GetField(FromColumn(line, kNamelessColumn), 3, kFieldMark));
+  const std::string_view value = Trim(GetField(FromColumn(line, kPltDayColumn), 3, kFieldMark));
   return value == kNoValueText ? std::string() : std::string(value);
 }
 
 // Each of these functions adds the entries of a line to `entries`; none if the line is unreadable.
 
 void AddWeekday(Entries& entries, CatalogueEntry entry, Line line, const CatalogueRules& rules) {
-  const bool plt = rules.shared ? !HasName(line.front()) : IsPltName(rules.control);
-  const WeekdayReading reading = ReadWeekday(line, plt ? "PLT" : entry.control);
+  const bool plt = rules.shared ? !HasLineName(line.front()) : IsPltName(rules.control);
+  // A single line is read like the whole catalogue of a ZEK2, in which every line is the owner's.
+  const WeekdayReading reading =
+      ReadWeekday(line, {plt ? "PLT" : entry.control, Generation::Zek2, {}});
   if (plt) entry.surplus = SurplusOf(line.front());
   for (std::size_t day = 0; day < kWeekdayDays; ++day) {
     const WeekdayRow& row = reading.table.days.at(day).front();
@@ -89,7 +75,7 @@ void AddDates(Entries& entries, CatalogueEntry entry, Line line, const Catalogue
 }
 
 void AddException(Entries& entries, CatalogueEntry entry, Line line, const CatalogueRules& rules) {
-  const ExceptionOwner owner{entry.control, rules.generation};
+  const LineOwner owner{entry.control, rules.generation, {}};
   const ExceptionReading reading = ReadExceptions(line, owner);
   const OvcRow& row = reading.table.rows.front();
   if (!row.used) return;
@@ -106,10 +92,11 @@ void AddException(Entries& entries, CatalogueEntry entry, Line line, const Catal
   entries.push_back(entry);
 }
 
-void AddLine(Entries& entries, const std::string& text, const CatalogueRules& rules) {
+void AddLine(Entries& entries, const std::string& text, const std::string& control,
+             const CatalogueRules& rules) {
   if (Trim(text).empty()) return;
   CatalogueEntry entry;
-  entry.control = OwnerOf(text, rules);
+  entry.control = control;
   entry.number = LineNumber(text);
   entry.starred = text.find('*') != std::string::npos;
   const Line line(&text, 1);
@@ -173,16 +160,24 @@ CatalogueRules RulesOf(const CatalogueId& id, const Settings& settings) {
   return {id.catalogue,
           id.control,
           id.generation,
-          id.generation == Generation::Zek1,
+          id.generation == Generation::Zek1 && id.catalogue != Catalogue::Sdc,
           YearsOf(settings, id.generation),
-          settings.DecimalSeparator};
+          settings.DecimalSeparator,
+          id.pltControls};
 }
 
 std::vector<CatalogueEntry> EntriesOf(const CatalogueContent& content,
                                       const CatalogueRules& rules) {
   Entries entries;
   if (content.dfv) entries.push_back(ValueEntry(*content.dfv, rules));
-  for (const std::string& line : content.lines) AddLine(entries, line, rules);
+  const LineOwner owner = rules.Owner();
+  const WeekdayOwners weekdayOwners(content.lines, owner);
+  for (const std::string& line : content.lines) {
+    std::string control;
+    if (rules.kind == Catalogue::Wdc) control = weekdayOwners.Of(line);
+    if (rules.kind == Catalogue::Ovc) control = ExceptionOwnerOf(line, owner);
+    AddLine(entries, line, control, rules);
+  }
   if (rules.kind == Catalogue::Ovc) MarkTooMany(entries, rules);
   return entries;
 }
@@ -206,9 +201,9 @@ std::string EntryText(const CatalogueEntry& entry, std::int64_t lastDay,
     text.append(part).append(part.size() < width ? width - part.size() : 0, ' ').append(kGap);
   };
   std::string text;
-  const bool named = entry.kind != CatalogueEntry::Kind::Unreadable && !entry.control.empty();
-  if (rules.shared && named && entry.control != LineName(rules.control)) {
-    add(text, entry.control, nameWidth);
+  const bool unreadable = entry.kind == CatalogueEntry::Kind::Unreadable;  // shown as a whole
+  if (rules.shared && !unreadable && entry.control != LineName(rules.control)) {
+    add(text, entry.control.empty() ? std::to_string(entry.number) : entry.control, nameWidth);
   }
   if (entry.kind == CatalogueEntry::Kind::Entry && rules.kind != Catalogue::Ovc) {
     std::string days = DayText(entry.day, rules);

@@ -8,6 +8,7 @@
 #include "catalogue/Catalogue.h"
 #include "formats/CalendarText.h"
 #include "formats/Generation.h"
+#include "formats/LineOwner.h"
 #include "settings/Settings.h"
 
 namespace zek {
@@ -17,10 +18,13 @@ struct CatalogueRules {
   Catalogue kind = Catalogue::Wdc;
   std::string control;  // the time control of the catalogue; "" for a whole object
   Generation generation = Generation::Zek1;
-  /// One weekday and one exception catalogue contain all time controls of the controller.
+  /// One catalogue contains the lines of all time controls of the controller.
   bool shared = false;
   CalendarYears years;
   char decimalSeparator = '.';
+  std::vector<std::string> pltControls;  // of the object, see `LineOwner`
+
+  LineOwner Owner() const { return {control, generation, pltControls}; }
 };
 
 CatalogueRules RulesOf(const CatalogueId& id, const Settings& settings);
@@ -35,7 +39,7 @@ struct CatalogueEntry {
   };
 
   Kind kind = Kind::Entry;
-  std::string control;    // the control that it belongs to; "" where lines do not name one
+  std::string control;    // the control that it belongs to; "" for nobody, and in a calendar
   std::int64_t day = 0;   // weekday 0 to 13, or the date (`PackDate`, base `CalendarYears::kFirst`)
   std::int64_t time = 0;  // minutes: of the day, or of an exception's start
   std::string says;       // times and values, a day type, or the line without its number
@@ -52,7 +56,8 @@ std::vector<CatalogueEntry> EntriesOf(const CatalogueContent& content, const Cat
 bool IsNextDay(const CatalogueRules& rules, std::int64_t before, std::int64_t day);
 
 /// Returns an entry as text, "MO..FR    07:00..16:30  21  17", for the days `entry.day` to
-/// `lastDay`. The name of another control comes first.
+/// `lastDay`. The name of another control comes first,
+/// or for nobody's line its number.
 std::string EntryText(const CatalogueEntry& entry, std::int64_t lastDay,
                       const CatalogueRules& rules);
 

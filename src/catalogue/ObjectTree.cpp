@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "catalogue/SharedPlaces.h"
+#include "formats/LineNumbers.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "text/Fields.h"
@@ -93,7 +95,15 @@ ObjectTree BuildObjectTree(const TopicTable& topics, const Profile& profile,
       }
     }
   }
+  TellSharedPlaces(tree, topics, {texts, prompts});
   return tree;
+}
+
+std::vector<std::string> PltControlsOf(const ObjectTree& tree, std::int16_t object) {
+  std::vector<std::string> names;
+  for (const TreeNode& node : tree)
+    if (node.Object == object && IsPltName(node.TscName)) names.push_back(node.TscName);
+  return names;
 }
 
 std::string FullPath(const ObjectTree& tree, std::size_t node) {

@@ -41,9 +41,12 @@ struct TreeNode {
 using ObjectTree = std::vector<TreeNode>;
 
 /// Builds the tree from the objects' sections of the settings file. Shows a message for each
-/// section that was cut and for labels with "[", which are left out.
+/// section that was cut and for labels with "[", which are left out; then `TellSharedPlaces`.
 ObjectTree BuildObjectTree(const TopicTable& topics, const Profile& profile,
                            const LanguageTexts& texts, Prompts& prompts);
+
+/// Returns the names of the "PLT" controls of an object, in the order of the tree.
+std::vector<std::string> PltControlsOf(const ObjectTree& tree, std::int16_t object);
 
 /// Returns "root" or "root\child".
 std::string FullPath(const ObjectTree& tree, std::size_t node);

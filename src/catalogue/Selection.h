@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "catalogue/Catalogue.h"
 #include "catalogue/CopyFormat.h"
@@ -16,8 +17,9 @@ struct Selection {
   std::string TscName;              // of the time control; "" for a root node
   Generation generation = Generation::Zek1;
   LocalFileNames LocalFiles;
-  std::int32_t PickListTable = 0;  // the number after "TXI_"; 0 = no pick-list
-  std::string TopicName;           // of the object
+  std::int32_t PickListTable = 0;        // the number after "TXI_"; 0 = no pick-list
+  std::string TopicName;                 // of the object
+  std::vector<std::string> pltControls;  // of the object, see `LineOwner`
 
   CatalogueId Id(Catalogue catalogue) const;
   bool Has(Catalogue catalogue) const { return !LocalFiles[catalogue].empty(); }

@@ -58,9 +58,9 @@ void ShowRefused(const RefusedDates& refused, Prompts& prompts, const LanguageTe
   }
 }
 
-CalendarEditor::CalendarEditor(std::span<const std::string> lines, std::string name,
+CalendarEditor::CalendarEditor(std::span<const std::string> lines, const LineOwner& owner,
                                const CalendarYears& years, const CalendarDate& today, Access access)
-    : name_(std::move(name)),
+    : layout_(EmptyCalendarLayout(owner.name)),
       years_(years),
       today_(today),
       access_(access),
@@ -71,6 +71,7 @@ CalendarEditor::CalendarEditor(std::span<const std::string> lines, std::string n
   history_ = decltype(history_)(reading.table);
   refused_ = std::move(reading.refused);
   linesLost_ = reading.linesLost;
+  layout_ = reading.layout.value_or(layout_);
 }
 
 // --- Display ---
@@ -238,7 +239,7 @@ void CalendarEditor::TellYear(Prompts& prompts, const LanguageTexts& texts) cons
 
 std::optional<EditedCatalogue> CalendarEditor::Edited() const {
   if (ViewOnly()) return std::nullopt;
-  return EditedCatalogue{BuildCalendar(Table(), name_, years_.generation),
+  return EditedCatalogue{BuildCalendar(Table(), layout_, years_.generation),
                          linesLost_,
                          {text::kWeekdayRetry, text::kWeekdayRetryTitle},
                          {}};

@@ -11,6 +11,7 @@
 #include "editors/UndoHistory.h"
 #include "formats/CalendarTable.h"
 #include "formats/CalendarText.h"
+#include "formats/LineOwner.h"
 #include "lang/LanguageTexts.h"
 #include "system/Prompts.h"
 
@@ -64,11 +65,11 @@ void ShowRefused(const RefusedDates& refused, Prompts& prompts, const LanguageTe
 /// a selection in it, and the day type to set.
 class CalendarEditor {
  public:
-  /// `lines` is the calendar as fetched, `name` the time control's name ("" for a root node, whose
-  /// calendar has the ordinary layout). The year of `today` is the base year; its month is shown
-  /// first. With `ViewOnly` nothing can be changed or saved.
-  CalendarEditor(std::span<const std::string> lines, std::string name, const CalendarYears& years,
-                 const CalendarDate& today, Access access);
+  /// `lines` is the calendar as fetched; if it is empty, the name of `owner` decides its layout.
+  /// The year of `today` is the base year; its month is shown first. With `ViewOnly` nothing can be
+  /// changed or saved.
+  CalendarEditor(std::span<const std::string> lines, const LineOwner& owner,
+                 const CalendarYears& years, const CalendarDate& today, Access access);
 
   const CalendarTable& Table() const { return history_.Now(); }
   /// The lines that were not read; show them with `ShowRefused` when the editor opens.
@@ -142,7 +143,7 @@ class CalendarEditor {
   void MoveBeyond(int day);
   void TellYear(Prompts& prompts, const LanguageTexts& texts) const;
 
-  std::string name_;
+  CalendarLayout layout_;
   CalendarYears years_;
   CalendarDate today_;
   Access access_;

@@ -41,7 +41,7 @@ void ShowWrong(const std::vector<WrongEntry>& wrong, Prompts& prompts, const Lan
     prompts.Show(Icon::Information, Message(texts.Text(each.text), {each.typed}));
 }
 
-ExceptionEditor::ExceptionEditor(std::span<const std::string> lines, ExceptionOwner owner,
+ExceptionEditor::ExceptionEditor(std::span<const std::string> lines, LineOwner owner,
                                  char decimalSeparator, Access access, Clock now)
     : lines_(lines.begin(), lines.end()),
       owner_(std::move(owner)),

@@ -53,7 +53,7 @@ class ExceptionEditor {
 
   /// `lines` is the catalogue as fetched. Nothing can be changed or saved with `ViewOnly`, nor for
   /// an owner without a name: a root node owns none of the lines that saving would replace.
-  ExceptionEditor(std::span<const std::string> lines, ExceptionOwner owner, char decimalSeparator,
+  ExceptionEditor(std::span<const std::string> lines, LineOwner owner, char decimalSeparator,
                   Access access, Clock now);
 
   const ExceptionTable& Table() const { return history_.Now(); }
@@ -97,7 +97,7 @@ class ExceptionEditor {
                     std::vector<WrongEntry>& wrong) const;
 
   std::vector<std::string> lines_;
-  ExceptionOwner owner_;
+  LineOwner owner_;
   char decimalSeparator_;
   Access access_;
   Clock now_;

@@ -5,6 +5,7 @@
 
 #include "formats/LineNumbers.h"
 #include "formats/WeekdayCells.h"
+#include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 
 namespace zek {
@@ -32,24 +33,27 @@ void ShowRefused(const RefusedLine& refused, Prompts& prompts, const LanguageTex
   const std::string message = texts.Text(refused.text);
   if (refused.text == text::kDayFull) {
     prompts.Show(Icon::None, message);
+  } else if (refused.text == text::kLinesOwnerless) {
+    prompts.Show(Icon::Information,
+                 Message(message, {std::to_string(refused.lines), refused.line}));
   } else {
     prompts.Show(Icon::Information, message + " (" + refused.line + ")");
   }
 }
 
-WeekdayEditor::WeekdayEditor(std::span<const std::string> lines, std::string name,
+WeekdayEditor::WeekdayEditor(std::span<const std::string> lines, LineOwner owner,
                              char decimalSeparator, Access access)
     : lines_(lines.begin(), lines.end()),
-      name_(std::move(name)),
+      owner_(std::move(owner)),
       decimalSeparator_(decimalSeparator),
       access_(access) {
-  WeekdayReading reading = ReadWeekday(lines_, name_);
+  WeekdayReading reading = ReadWeekday(lines_, owner_);
   history_ = decltype(history_)(reading.table);
   refused_ = std::move(reading.refused);
   linesLost_ = reading.linesLost;
 }
 
-bool WeekdayEditor::HasStopValues() const { return !IsPltName(name_); }
+bool WeekdayEditor::HasStopValues() const { return !IsPltName(owner_.name); }
 
 void WeekdayEditor::ShowType(std::size_t type) { type_ = std::min<std::size_t>(type, 1); }
 
@@ -136,7 +140,7 @@ std::size_t WeekdayEditor::Erase() {
 std::optional<EditedCatalogue> WeekdayEditor::Edited() const {
   if (ViewOnly()) return std::nullopt;
   return EditedCatalogue{
-      BuildWeekday(Table(), name_, lines_, BuildStart::Afresh, decimalSeparator_),
+      BuildWeekday(Table(), owner_, lines_, BuildStart::Afresh, decimalSeparator_),
       linesLost_,
       {text::kWeekdayRetry, text::kWeekdayRetryTitle},
       {}};

@@ -44,14 +44,14 @@ void ShowRefused(const RefusedLine& refused, Prompts& prompts, const LanguageTex
 /// seven days of a type. The texts of the boxes are windows-1252.
 class WeekdayEditor {
  public:
-  /// `lines` is the catalogue as fetched, `name` the time control's name. A root node has no name;
-  /// its editor shows the lines without one. With `ViewOnly` nothing can be changed or saved.
-  WeekdayEditor(std::span<const std::string> lines, std::string name, char decimalSeparator,
+  /// `lines` is the catalogue as fetched. The editor of a root node, an owner without a name, shows
+  /// the lines without one. With `ViewOnly` nothing can be changed or saved.
+  WeekdayEditor(std::span<const std::string> lines, LineOwner owner, char decimalSeparator,
                 Access access);
 
   const WeekdayTable& Table() const { return history_.Now(); }
-  /// The line at which parsing stopped; show it with `ShowRefused` when the editor opens.
-  const std::optional<RefusedLine>& Refused() const { return refused_; }
+  /// The lines that were not read; show them with `ShowRefused` when the editor opens.
+  const std::vector<RefusedLine>& Refused() const { return refused_; }
   bool ViewOnly() const { return access_ == Access::ViewOnly; }
   /// Adds lines that were not received to the lines that saving would lose.
   void CountLost(std::size_t lines) { linesLost_ += lines; }
@@ -106,11 +106,11 @@ class WeekdayEditor {
   std::optional<WeekdayFocus> ShowPlace(const std::optional<WeekdayPlace>& place);
 
   std::vector<std::string> lines_;
-  std::string name_;
+  LineOwner owner_;
   char decimalSeparator_;
   Access access_;
   UndoHistory<WeekdayTable, WeekdayPlace> history_{WeekdayTable{}};
-  std::optional<RefusedLine> refused_;
+  std::vector<RefusedLine> refused_;
   std::size_t linesLost_ = 0;
   std::size_t type_ = 0;
   std::size_t row_ = 0;

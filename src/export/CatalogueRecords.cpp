@@ -27,10 +27,10 @@ struct Context {
 
 LoadedCatalogue LoadWeekday(const std::vector<std::string>& lines, const Context& context) {
   const char separator = context.Separator();
-  const WeekdayReading reading = ReadWeekday(lines, context.id.control);
-  if (reading.refused) context.Show(*reading.refused);
-  const auto rebuild = [lines, name = context.id.control, table = reading.table, separator] {
-    return BuildWeekday(table, name, lines, BuildStart::Afresh, separator);
+  const WeekdayReading reading = ReadWeekday(lines, context.id.Owner());
+  for (const RefusedLine& refused : reading.refused) context.Show(refused);
+  const auto rebuild = [lines, owner = context.id.Owner(), table = reading.table, separator] {
+    return BuildWeekday(table, owner, lines, BuildStart::Afresh, separator);
   };
   return {reading.linesLost, WeekdayRecords(reading.table, context.labels, separator), rebuild};
 }
@@ -40,15 +40,16 @@ LoadedCatalogue LoadCalendar(const std::vector<std::string>& lines, const Contex
   const CalendarReading reading =
       ReadCalendar(lines, YearsOf(context.settings, generation), CalendarYears::kFirst);
   for (const RefusedDates& refused : reading.refused) context.Show(refused);
-  const auto rebuild = [name = context.id.control, table = reading.table, generation] {
-    return BuildCalendar(table, name, generation);
+  const CalendarLayout layout = reading.layout.value_or(EmptyCalendarLayout(context.id.control));
+  const auto rebuild = [layout, table = reading.table, generation] {
+    return BuildCalendar(table, layout, generation);
   };
   return {reading.linesLost, CalendarRecords(reading.table, context.labels), rebuild};
 }
 
 LoadedCatalogue LoadExceptions(const std::vector<std::string>& lines, const Context& context) {
   const char separator = context.Separator();
-  const ExceptionOwner owner{context.id.control, context.id.generation};
+  const LineOwner owner = context.id.Owner();
   const ExceptionReading reading = ReadExceptions(lines, owner);
   for (const RefusedException& refused : reading.refused) context.Show(refused);
   const auto rebuild = [lines, table = reading.table, owner, separator,

@@ -26,6 +26,7 @@ struct CalendarLine {
   std::string_view number;
   std::string_view dates;
   std::string_view type;
+  bool plt = false;  // in the "PLT" layout
 };
 
 CalendarLine Cut(std::string_view line) {
@@ -34,7 +35,8 @@ CalendarLine Cut(std::string_view line) {
   CalendarLine cut;
   cut.number = TakeField(rest);
   const std::string_view text = Trim(FromColumn(head, kPltDateColumn));
-  if (!text.empty() && head[kPltDateColumn - 1] == ' ') {
+  cut.plt = !text.empty() && head[kPltDateColumn - 1] == ' ';
+  if (cut.plt) {
     cut.number = Trim(head.substr(kPltNumberColumn, kNumberWidth - kPltNumberColumn));
     cut.dates = text;
   } else {
@@ -139,11 +141,11 @@ std::vector<KeyRun> RunsOf(const CalendarTable& table) {
 
 class CalendarBuilder {
  public:
-  CalendarBuilder(std::string_view name, Generation generation, int baseYear)
-      : plt_(IsPltName(name)),
+  CalendarBuilder(const CalendarLayout& layout, Generation generation, int baseYear)
+      : plt_(layout.plt),
         generation_(generation),
         baseYear_(baseYear),
-        numbers_(FirstLineNumber(name), {}) {
+        numbers_(layout.firstNumber, {}) {
     lines_.reserve(kMaxCatalogueLines);
   }
 
@@ -201,12 +203,19 @@ CalendarYears YearsOf(const Settings& settings, Generation generation) {
   return {generation, settings.SDCLastTwoDigitYear, settings.SDCLastYear};
 }
 
+CalendarLayout EmptyCalendarLayout(std::string_view name) {
+  return {IsPltName(name), FirstLineNumber(name)};
+}
+
 CalendarReading ReadCalendar(std::span<const std::string> lines, const CalendarYears& years,
                              int baseYear) {
-  CalendarReading reading{CalendarTable(baseYear), {}, 0};
+  CalendarReading reading{CalendarTable(baseYear), {}, 0, {}};
   bool cut = false;
   for (const std::string& line : lines) {
     const CalendarLine fields = Cut(line);
+    if (const int number = LineNumber(line); number > 0 && !reading.layout) {
+      reading.layout = CalendarLayout{fields.plt, number};
+    }
     if (fields.dates.find('*') != std::string_view::npos) {
       ++reading.linesLost;
       continue;
@@ -220,9 +229,9 @@ CalendarReading ReadCalendar(std::span<const std::string> lines, const CalendarY
   return reading;
 }
 
-BuiltLines BuildCalendar(CalendarTable table, std::string_view name, Generation generation) {
+BuiltLines BuildCalendar(CalendarTable table, const CalendarLayout& layout, Generation generation) {
   table.Sort();
-  CalendarBuilder builder(name, generation, table.BaseYear());
+  CalendarBuilder builder(layout, generation, table.BaseYear());
   for (const KeyRun& run : RunsOf(table)) {
     if (auto error = builder.Add(run)) return *std::move(error);
   }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -54,6 +55,19 @@ struct RefusedDates {
   bool operator==(const RefusedDates&) const = default;
 };
 
+/// The layout of a calendar's lines and the number of the first one. All controls of a controller
+/// share one calendar, which keeps both, whichever node it is opened from.
+struct CalendarLayout {
+  bool plt = false;
+  int firstNumber = 0;
+
+  bool operator==(const CalendarLayout&) const = default;
+};
+
+/// Returns the layout for a calendar without lines: that of the time control `name`, with the
+/// number `FirstLineNumber`.
+CalendarLayout EmptyCalendarLayout(std::string_view name);
+
 struct CalendarReading {
   CalendarTable table;
   /// In the order of the lines. Of the lines that found the table full only the first is listed.
@@ -61,17 +75,18 @@ struct CalendarReading {
   /// The lines that `table` does not contain completely: the refused ones and those with "*" as a
   /// date.
   std::size_t linesLost = 0;
+  /// Number and layout of the first line with a number; nothing without one.
+  std::optional<CalendarLayout> layout;
 };
 
 /// Parses the lines of a calendar; `baseYear` is the first year shown. A line has the "PLT" layout
-/// if there is text where its date would be, regardless of the control: all controls of a
-/// controller share one calendar.
+/// if there is text where its date would be, regardless of the control.
 CalendarReading ReadCalendar(std::span<const std::string> lines, const CalendarYears& years,
                              int baseYear);
 
-/// Builds the lines of a calendar in the layout of the time control `name`, in the order of dates.
-/// Consecutive days of the same type become one line. A 202nd line, or a line number too wide for
-/// its columns, returns an error and no lines.
-BuiltLines BuildCalendar(CalendarTable table, std::string_view name, Generation generation);
+/// Builds the lines of a calendar in the order of dates, numbered one after the other. Consecutive
+/// days of the same type become one line. A 202nd line, or a line number too wide for its columns,
+/// returns an error and no lines.
+BuiltLines BuildCalendar(CalendarTable table, const CalendarLayout& layout, Generation generation);
 
 }  // namespace zek

@@ -1,7 +1,6 @@
 #include "formats/ExceptionText.h"
 
 #include <algorithm>
-#include <iterator>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -17,7 +16,7 @@ namespace zek {
 
 namespace {
 
-bool IsModern(const ExceptionOwner& owner) { return owner.generation == Generation::Zek2; }
+bool IsModern(const LineOwner& owner) { return owner.generation == Generation::Zek2; }
 
 struct Years {
   int first;
@@ -28,21 +27,11 @@ constexpr Years kModernYears{1900, 9999};
 
 // --- Parsing ---
 
-enum class Fate {
-  Kept,     // another control's
-  Own,      // this control's
-  Dropped,  // not read, and lost when the catalogue is saved
-};
-
-Fate FateOf(std::string_view line, const ExceptionOwner& owner) {
+// True for a line that is not read because of a "*". In columns 8, 16 and so on it is accepted: a
+// name on a ZEK1 begins in one of them.
+bool IsPassedOver(std::string_view line) {
   const std::size_t star = line.find('*');
-  const bool starred = star != std::string_view::npos;
-  // A "*" in columns 8, 16 and so on is accepted: a name on a ZEK1 begins in one of them.
-  if (starred && (star + 1) % 8 != 0) return Fate::Dropped;
-  if (IsModern(owner) || Trim(GetField(line, 1, kFieldMark)) == LineName(owner.name)) {
-    return Fate::Own;
-  }
-  return starred ? Fate::Dropped : Fate::Kept;
+  return star != std::string_view::npos && (star + 1) % 8 != 0;
 }
 
 // Parses the date at a column (from 0) of a field: DD-MON-YY (ZEK1) or DD-MON-YYYY (ZEK2). The 31st
@@ -73,13 +62,16 @@ std::optional<Moment> TimeAt(std::string_view field, std::size_t column) {
   return TimeMoment(std::max(hours, 0.0), std::max(minutes, 0.0));
 }
 
+// True if only blanks and "*" are in a field from a column on.
+bool EndsAt(std::string_view field, std::size_t column) {
+  return FromColumn(field, column).find_first_not_of(" *") == std::string_view::npos;
+}
+
 // Reports whether a second date or time follows the first one, which ends before a column. Returns
 // nothing if other text follows: a stop shifted by a column would be lost silently.
 std::optional<bool> HasRangeAt(std::string_view field, std::size_t column) {
-  const std::string_view rest = FromColumn(field, column);
-  if (rest.starts_with(kRangeMark)) return true;
-  if (Trim(rest).empty()) return false;
-  return std::nullopt;
+  if (FromColumn(field, column).starts_with(kRangeMark)) return true;
+  return EndsAt(field, column) ? std::optional(false) : std::nullopt;
 }
 
 std::optional<Moment> OldMomentAt(std::string_view field, std::size_t column) {
@@ -99,7 +91,7 @@ std::optional<OvcRow> OldMoments(std::string_view field) {
   OvcRow row{true, *start};
   if (!*hasStop) return row;
   const auto stop = OldMomentAt(field, stopColumn);
-  if (!stop || !Trim(FromColumn(field, stopColumn + rangeColumn)).empty()) return std::nullopt;
+  if (!stop || !EndsAt(field, stopColumn + rangeColumn)) return std::nullopt;
   row.stop = *stop;
   return row;
 }
@@ -119,7 +111,7 @@ std::optional<OvcRow> ModernMoments(std::string_view dates, std::string_view tim
   OvcRow row{true, *start + *startTime, std::min(*stopTime, Moment{kMinutesOfDay})};
   if (!*hasStop) return row;
   const auto stop = DateAt(dates, stopColumn, Generation::Zek2);
-  if (!stop || !Trim(FromColumn(dates, stopColumn + rangeColumn)).empty()) return std::nullopt;
+  if (!stop || !EndsAt(dates, stopColumn + rangeColumn)) return std::nullopt;
   row.stop = *stop + *stopTime;
   return row;
 }
@@ -158,29 +150,41 @@ constexpr std::string_view kOldBlank =
     "      !            !                                       ";
 constexpr std::string_view kModernBlank = "                               !             ";
 
-int FirstNumber(const ExceptionOwner& owner, std::span<const std::string> lines,
-                const ExceptionOptions& options) {
+// Returns the numbers for the owner's lines that replace those in `lines`.
+LineNumbers NumbersAmong(std::span<const std::string> lines, const LineOwner& owner,
+                         const ExceptionOptions& options) {
   constexpr std::int64_t limit = 1'000'000;
+  std::vector<int> taken;
   std::int64_t first = 0;
-  if (IsPltName(owner.name)) {
-    first = std::int64_t{PltNumber(owner.name)} * options.OVCMultiplyPLT + options.OVCStartRow;
-  } else {
-    for (const std::string& line : lines) {
-      if (FateOf(line, owner) == Fate::Own) first = std::max(LineNumber(line), 0);
-      if (first != 0) break;
+  for (const std::string& line : lines) {
+    if (!IsOwnException(line, owner)) {
+      taken.push_back(LineNumber(line));
+    } else if (first == 0 && !IsPassedOver(line)) {
+      first = std::max(LineNumber(line), 0);
     }
   }
+  if (IsPltName(owner.name)) {
+    first = std::int64_t{PltNumber(owner.name)} * options.OVCMultiplyPLT + options.OVCStartRow;
+  }
   if (first == 0) first = options.OVCStartRow;
-  return static_cast<int>(std::clamp(first, -limit, limit));
+  return {static_cast<int>(std::clamp(first, -limit, limit)), std::move(taken)};
+}
+
+// Returns the error if `lines` lines can't have one more with this number.
+template <class Place>
+std::optional<BuildError> CheckNumber(std::size_t lines, int number, Place place) {
+  if (auto error = CheckLine(lines, number, kLargestLineNumber, place)) return error;
+  if (number >= 1) return std::nullopt;
+  return BuildError{text::kLineNumberTooSmall, {std::to_string(number), {}, {}}};
 }
 
 class ExceptionBuilder {
  public:
-  ExceptionBuilder(const ExceptionOwner& owner, std::vector<std::string> kept, int first,
+  ExceptionBuilder(const LineOwner& owner, LineNumbers numbers, std::vector<std::string> kept,
                    char decimalSeparator)
       : owner_(owner),
         lines_(std::move(kept)),
-        numbers_(first, lines_),
+        numbers_(std::move(numbers)),
         decimalSeparator_(decimalSeparator) {
     lines_.reserve(kMaxCatalogueLines);
   }
@@ -238,8 +242,7 @@ class ExceptionBuilder {
     const auto place = [&row] {
       return DateText(row.start) + " " + ClockText(TimeOfDay(row.start));
     };
-    if (auto error = CheckLine(lines_.size(), number, kLargestLineNumber, place)) return error;
-    if (number < 1) return BuildError{text::kLineNumberTooSmall, {std::to_string(number), {}, {}}};
+    if (auto error = CheckNumber(lines_.size(), number, place)) return error;
     if (auto error = CheckValue(valueOn, ValueWidth(), place)) return error;
     // A stop below 0 also has a date, though the boxes can't show it.
     const bool hasStop = row.HasStopDate() || row.stop < 0;
@@ -255,7 +258,7 @@ class ExceptionBuilder {
                       {DateText(moment), std::to_string(first), std::to_string(last)}};
   }
 
-  const ExceptionOwner& owner_;
+  const LineOwner& owner_;
   std::vector<std::string> lines_;
   LineNumbers numbers_;
   char decimalSeparator_;
@@ -264,14 +267,13 @@ class ExceptionBuilder {
 
 }  // namespace
 
-ExceptionReading ReadExceptions(std::span<const std::string> lines, const ExceptionOwner& owner) {
+ExceptionReading ReadExceptions(std::span<const std::string> lines, const LineOwner& owner) {
   ExceptionReading reading;
   std::size_t used = 0;
   bool full = false;
   for (const std::string& line : lines) {
-    const Fate fate = FateOf(line, owner);
-    if (fate == Fate::Kept) continue;
-    if (fate == Fate::Own && !full) {
+    if (!IsOwnException(line, owner)) continue;
+    if (!full && !IsPassedOver(line)) {
       full = used == kExceptionRows;
       const auto row = full ? std::nullopt : ParseLine(line, owner.generation);
       if (row) {
@@ -291,16 +293,29 @@ ExceptionReading ReadExceptions(std::span<const std::string> lines, const Except
   return reading;
 }
 
-BuiltLines BuildExceptions(const ExceptionTable& table, const ExceptionOwner& owner,
+BuiltLines BuildExceptions(const ExceptionTable& table, const LineOwner& owner,
                            std::span<const std::string> lines, const ExceptionOptions& options,
                            char decimalSeparator) {
-  std::vector<std::string> kept;
-  std::copy_if(lines.begin(), lines.end(), std::back_inserter(kept),
-               [&owner](const auto& line) { return FateOf(line, owner) == Fate::Kept; });
-  ExceptionBuilder builder(owner, std::move(kept), FirstNumber(owner, lines, options),
+  std::vector<std::string> kept = SplitExceptions(lines, owner).others;
+  std::erase_if(kept, [](const auto& line) { return line.find('*') != std::string::npos; });
+  ExceptionBuilder builder(owner, NumbersAmong(lines, owner, options), std::move(kept),
                            decimalSeparator);
   for (const OvcRow& row : table.rows) builder.AddRow(row);
   return builder.Take();
+}
+
+BuiltLines NumberExceptions(std::span<const std::string> own, std::span<const std::string> fetched,
+                            const LineOwner& owner, const ExceptionOptions& options) {
+  LineNumbers numbers = NumbersAmong(fetched, owner, options);
+  std::vector<std::string> lines;
+  for (const std::string& line : own) {
+    const int number = numbers.Next();
+    const auto place = [&line] { return line; };
+    if (auto error = CheckNumber(lines.size(), number, place)) return *std::move(error);
+    lines.push_back(
+        WithLineNumber(line, number, IsModern(owner) ? NumberColumns::Left : NumberColumns::Right));
+  }
+  return lines;
 }
 
 std::optional<ExceptionOptions> ReadExceptionOptions(const NumberReader& numbers,

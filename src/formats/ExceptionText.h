@@ -10,6 +10,7 @@
 #include "formats/BuiltLines.h"
 #include "formats/ExceptionTable.h"
 #include "formats/Generation.h"
+#include "formats/LineOwner.h"
 #include "settings/Settings.h"
 
 namespace zek {
@@ -42,13 +43,6 @@ struct ExceptionOptions {
 ///  "  101 !PLT1        !24-DEC-26,08:00..26-DEC-26,17:00       !21       !16"
 ///  "1     24-DEC-2026..26-DEC-2026 !08:00..17:00 !21    !16"
 
-/// The control whose lines are read. A ZEK1 lists the exceptions of all time controls together; a
-/// ZEK2 lists those of one control.
-struct ExceptionOwner {
-  std::string name;  // compared with case, up to the length that a line holds
-  Generation generation = Generation::Zek1;
-};
-
 /// A line that was not read.
 struct RefusedException {
   /// text::kExceptionRefused or, for the first line beyond the table, text::kExceptionsFull.
@@ -61,25 +55,31 @@ struct RefusedException {
 struct ExceptionReading {
   ExceptionTable table;  // latest start first; in the order of the lines if there were too many
   std::vector<RefusedException> refused;
-  /// The number of lines that saving the table would lose: refused lines, this control's lines from
-  /// the first one beyond the table on, and lines dropped because of a "*".
+  /// The number of the owner's lines that saving the table would lose: refused ones, those not read
+  /// because of a "*", and all from the first one beyond the table on.
   std::size_t linesLost = 0;
 };
 
-/// Parses the owner's lines. A line whose first "*" is in a column that is not a multiple of 8 is
-/// not read. A line is refused if it lacks a field or has an invalid date or time (an unknown
-/// month, a day 0, no year). The first line after eight exceptions ends the reading. Text that is
-/// not a number reads as 0, a stop time without a date beyond 24:00 as 24:00.
-ExceptionReading ReadExceptions(std::span<const std::string> lines, const ExceptionOwner& owner);
+/// Parses the owner's lines (see `SplitExceptions`). A line whose first "*" is in a column that is
+/// not a multiple of 8 is not read. A line is refused if it lacks a field or has an invalid date or
+/// time (an unknown month, a day 0, no year, 25:00); blanks and "*" after a date do no harm. The
+/// first line after eight exceptions ends the reading. Text that is not a number reads as 0, a stop
+/// time without a date beyond 24:00 as 24:00.
+ExceptionReading ReadExceptions(std::span<const std::string> lines, const LineOwner& owner);
 
-/// Builds the catalogue that replaces the old one, `lines`. On a ZEK1 the lines of other controls
-/// come first, except those with a "*"; on a ZEK2 there are only the table's lines. Line numbers
-/// start, for a "PLT" name, at its number times `OVCMultiplyPLT` plus `OVCStartRow`; for others at
-/// the first old line's number or, without one, at `OVCStartRow`. A 202nd line, or a line number,
-/// start value or year that does not fit its columns, returns an error and no lines.
-BuiltLines BuildExceptions(const ExceptionTable& table, const ExceptionOwner& owner,
+/// Builds the catalogue that replaces the old one, `lines`. The lines of others come first, except
+/// those with a "*". Line numbers start, for a "PLT" name, at its number times `OVCMultiplyPLT`
+/// plus `OVCStartRow`; for others at the first old line's number or, without one, at `OVCStartRow`.
+/// No line gets a number of another control's old line. A 202nd line, or a line number, start value
+/// or year that does not fit its columns, returns an error and no lines.
+BuiltLines BuildExceptions(const ExceptionTable& table, const LineOwner& owner,
                            std::span<const std::string> lines, const ExceptionOptions& options,
                            char decimalSeparator);
+
+/// Returns the owner's lines `own` with new numbers, as `BuildExceptions` gives them to lines that
+/// replace those in `fetched`; the rest of each line stays. Returns the same errors.
+BuiltLines NumberExceptions(std::span<const std::string> own, std::span<const std::string> fetched,
+                            const LineOwner& owner, const ExceptionOptions& options);
 
 /// Reads the settings of section `SaveOptionsZEK1` (default 1 and 100) or `SaveOptionsZEK2`
 /// (default 1 and 0). Returns nothing, after a message, if one does not fit 16 bits.

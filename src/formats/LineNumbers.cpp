@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
+#include "formats/CatalogueLine.h"
 #include "text/Fields.h"
 #include "text/Numbers.h"
 
@@ -35,19 +37,25 @@ int FirstLineNumber(std::string_view name) {
 
 int LineNumber(std::string_view line) { return LimitedInt(Val(line.substr(0, kNumberColumns))); }
 
-LineNumbers::LineNumbers(int first, std::span<const std::string> linesBefore) : next_(first) {
-  before_.reserve(linesBefore.size());
-  for (const std::string& line : linesBefore) before_.push_back(LineNumber(line));
+std::string WithLineNumber(std::string_view line, int number, NumberColumns columns) {
+  std::string numbered(kNumberColumns, ' ');
+  if (columns == NumberColumns::Right) {
+    PutNumberBefore(numbered, kNumberWidth, number);
+  } else {
+    Put(numbered, columns == NumberColumns::LeftOfPlt ? 1 : 0, std::to_string(number));
+  }
+  return numbered.append(FromColumn(line, std::min(line.find(kFieldMark), kNumberColumns)));
+}
+
+LineNumbers::LineNumbers(int first, std::vector<int> taken)
+    : taken_(std::move(taken)), next_(first) {
+  std::sort(taken_.begin(), taken_.end());
 }
 
 int LineNumbers::Next() {
-  for (const int number : before_) {
-    if (number == next_) ++next_;
-  }
-  // The numbers of the appended lines increase, so only the last one can be equal.
-  if (next_ == last_) ++next_;
-  last_ = next_;
-  return next_;
+  for (; passed_ < taken_.size() && taken_[passed_] <= next_; ++passed_)
+    if (taken_[passed_] == next_) ++next_;
+  return next_++;
 }
 
 }  // namespace zek

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,19 +25,29 @@ int FirstLineNumber(std::string_view name);
 /// plus or minus one million, so that a number that is too large can be recognised.
 int LineNumber(std::string_view line);
 
-/// Numbers the lines that are appended to a catalogue.
+/// The columns of a line's number, counted from 1.
+enum class NumberColumns {
+  Right,      // 1 to 5, right-aligned
+  Left,       // 1 to 5, left-aligned
+  LeftOfPlt,  // 2 to 5, left-aligned
+};
+
+/// Returns a line with another number; everything from column 7 on (or from an earlier "!") stays.
+std::string WithLineNumber(std::string_view line, int number, NumberColumns columns);
+
+/// Numbers the lines of a time control.
 class LineNumbers {
  public:
-  LineNumbers(int first, std::span<const std::string> linesBefore);
+  /// `taken` are the numbers of other lines.
+  LineNumbers(int first, std::vector<int> taken);
 
-  /// Returns the number of the next line. It starts from the last number returned, is compared once
-  /// with each line present so far, in their order, and increases by 1 at each match.
+  /// Returns the number of the next line: the smallest one after the last one that is not taken.
   int Next();
 
  private:
-  std::vector<int> before_;
+  std::vector<int> taken_;  // sorted
+  std::size_t passed_ = 0;  // those of `taken_` that are below `next_`
   int next_;
-  std::optional<int> last_;  // the last number returned
 };
 
 }  // namespace zek

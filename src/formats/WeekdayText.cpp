@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -23,30 +22,15 @@ constexpr std::string_view kDigits = "0123456789";
 constexpr std::size_t kPltDayColumn = 6;  // from 0
 static_assert(kDayKeys.size() == kWeekdayDays);
 
-// The control whose lines are read: all lines of a "PLT" control, else those with its name.
-struct Owner {
-  bool plt;
-  std::string_view name;  // cut to the length that a line holds
-
-  explicit Owner(std::string_view fullName) : plt(IsPltName(fullName)), name(LineName(fullName)) {}
-
-  bool IsNamedIn(std::string_view line) const {
-    return Trim(GetField(line, 1, kFieldMark)) == name;
-  }
-};
-
 // --- Parsing ---
 
-// Returns the part after the number and the name; nothing if the line is another control's.
-std::optional<std::string_view> OwnPart(std::string_view line, const Owner& owner) {
-  if (owner.plt) return FromColumn(line, kPltDayColumn);
+// Returns the part of a line after the number and the name. Nothing if the line has another name:
+// even where every line is the owner's, that is no line of its layout.
+std::optional<std::string_view> OwnPart(std::string_view line, const LineOwner& owner) {
+  if (IsPltName(owner.name)) return FromColumn(line, kPltDayColumn);
   TakeField(line);  // the number
-  if (TakeField(line) != owner.name) return std::nullopt;
+  if (TakeField(line) != LineName(owner.name)) return std::nullopt;
   return line;
-}
-
-int FirstNumber(int numberOfFirstLine, std::string_view name) {
-  return IsPltName(name) || numberOfFirstLine <= 0 ? FirstLineNumber(name) : numberOfFirstLine;
 }
 
 struct DayRange {
@@ -167,12 +151,45 @@ std::string PlaceOf(DayRange days, const WeekdayRow& row) {
   return place;
 }
 
+// Returns the numbers for the owner's lines that replace those in `lines`.
+LineNumbers NumbersAmong(std::span<const std::string> lines, const LineOwner& owner) {
+  const WeekdayOwners owners(lines, owner);
+  std::vector<int> taken;
+  int first = 0;
+  bool found = IsPltName(owner.name);  // whose numbers depend on the name alone
+  for (const std::string& line : lines) {
+    if (!owners.IsOwn(line)) {
+      taken.push_back(LineNumber(line));
+    } else if (!found && OwnPart(line, owner)) {
+      first = LineNumber(line);
+      found = true;
+    }
+  }
+  return {first > 0 ? first : FirstLineNumber(owner.name), std::move(taken)};
+}
+
+// Returns the error if `lines` lines of a catalogue can't have one more with this number.
+template <class Place>
+std::optional<BuildError> CheckNumber(std::size_t lines, int number, const LineOwner& owner,
+                                      Place place) {
+  const bool plt = IsPltName(owner.name);
+  const int largest = plt ? kLargestPltLineNumber : kLargestLineNumber;
+  if (auto error = CheckLine(lines, number, largest, place)) return error;
+  const int last = BlockOf(owner.name) + kBlockSize - 1;
+  if (!plt || owner.generation == Generation::Zek2 || number <= last) return std::nullopt;
+  return BuildError{text::kLineNumberBeyondBlock,
+                    {std::to_string(number), owner.name, std::to_string(last)}};
+}
+
 class WeekdayBuilder {
  public:
-  WeekdayBuilder(Owner owner, std::vector<std::string> kept, int first, char decimalSeparator)
+  WeekdayBuilder(const LineOwner& owner, LineNumbers numbers, std::vector<std::string> kept,
+                 char decimalSeparator)
       : owner_(owner),
+        plt_(IsPltName(owner.name)),
+        name_(LineName(owner.name)),
         lines_(std::move(kept)),
-        numbers_(first, lines_),
+        numbers_(std::move(numbers)),
         decimalSeparator_(decimalSeparator) {
     lines_.reserve(kMaxCatalogueLines);
   }
@@ -199,7 +216,7 @@ class WeekdayBuilder {
     const int number = numbers_.Next();
     error_ = Check(days, row, valueOn, number);
     if (error_) return;
-    if (owner_.plt) {
+    if (plt_) {
       AddPltLine(days, row, valueOn, number);
     } else {
       AddOrdinaryLine(days, row, valueOn, number);
@@ -213,7 +230,7 @@ class WeekdayBuilder {
     line.reserve(kOrdinaryBlank.size() + valueOff.size());
     line += kOrdinaryBlank;
     PutNumberBefore(line, kNumberWidth, number);
-    Put(line, 7, owner_.name);
+    Put(line, 7, name_);
     PutDays(line, 20, days);
     PutTimes(line, 34, row);
     Put(line, 60, valueOn);
@@ -231,12 +248,13 @@ class WeekdayBuilder {
   std::optional<BuildError> Check(DayRange days, const WeekdayRow& row, const std::string& valueOn,
                                   int number) const {
     const auto place = [&] { return PlaceOf(days, row); };
-    const int largest = owner_.plt ? kLargestPltLineNumber : kLargestLineNumber;
-    if (auto error = CheckLine(lines_.size(), number, largest, place)) return error;
-    return CheckValue(valueOn, owner_.plt ? kPltValueWidth : kValueWidth, place);
+    if (auto error = CheckNumber(lines_.size(), number, owner_, place)) return error;
+    return CheckValue(valueOn, plt_ ? kPltValueWidth : kValueWidth, place);
   }
 
-  Owner owner_;
+  const LineOwner& owner_;
+  bool plt_;
+  std::string_view name_;  // as lines hold it
   std::vector<std::string> lines_;
   LineNumbers numbers_;
   char decimalSeparator_;
@@ -245,42 +263,58 @@ class WeekdayBuilder {
 
 }  // namespace
 
-WeekdayReading ReadWeekday(std::span<const std::string> lines, std::string_view name) {
-  const Owner owner(name);
+WeekdayReading ReadWeekday(std::span<const std::string> lines, const LineOwner& owner) {
+  const WeekdayOwners owners(lines, owner);
   WeekdayReading reading;
-  std::optional<int> firstNumber;
+  std::vector<std::string_view> ownerless;
+  bool stopped = false;
   for (const std::string& line : lines) {
-    const std::optional<std::string_view> rest = OwnPart(line, owner);
-    if (!rest) continue;
-    if (!firstNumber) firstNumber = LineNumber(line);
-    if (!reading.refused) {
-      const auto reason = StoreLine(reading.table, *rest, owner.plt);
-      if (reason) reading.refused = RefusedLine{*reason, line};
+    if (!owners.IsOwn(line)) {
+      if (owners.Of(line).empty() && !Trim(line).empty()) ownerless.push_back(line);
+      continue;
     }
-    if (reading.refused) ++reading.linesLost;
+    const std::optional<std::string_view> rest = OwnPart(line, owner);
+    if (rest && !stopped) {
+      const auto reason = StoreLine(reading.table, *rest, IsPltName(owner.name));
+      if (!reason) continue;
+      reading.refused.push_back({*reason, line});
+      stopped = *reason != text::kLineIncomplete;
+    }
+    ++reading.linesLost;
   }
-  reading.nextLineNumber = FirstNumber(firstNumber.value_or(0), name);
+  if (!ownerless.empty()) {
+    reading.refused.push_back(
+        {text::kLinesOwnerless, std::string(ownerless.front()), ownerless.size()});
+  }
   return reading;
 }
 
-BuiltLines BuildWeekday(const WeekdayTable& table, std::string_view name,
+BuiltLines BuildWeekday(const WeekdayTable& table, const LineOwner& owner,
                         std::span<const std::string> lines, BuildStart start,
                         char decimalSeparator) {
-  const Owner owner(name);
-  const auto firstLine = std::find_if(lines.begin(), lines.end(), [&owner](const auto& line) {
-    return OwnPart(line, owner).has_value();
-  });
-  const int first = FirstNumber(firstLine == lines.end() ? 0 : LineNumber(*firstLine), name);
   std::vector<std::string> kept;
   if (start == BuildStart::FromBuffer) {
-    std::copy_if(lines.begin(), lines.end(), std::back_inserter(kept), [&owner](const auto& line) {
-      return !owner.IsNamedIn(line) && line.find('*') == std::string::npos;
-    });
+    kept = SplitWeekday(lines, owner).others;
+    std::erase_if(kept, [](const auto& line) { return line.find('*') != std::string::npos; });
   }
-  WeekdayBuilder builder(owner, std::move(kept), first, decimalSeparator);
+  WeekdayBuilder builder(owner, NumbersAmong(lines, owner), std::move(kept), decimalSeparator);
   for (std::size_t row = 0; row < kWeekdayRows; ++row) builder.AddRow(table, row, {0, 6});
   for (std::size_t row = 0; row < kWeekdayRows; ++row) builder.AddRow(table, row, {7, 13});
   return builder.Take();
+}
+
+BuiltLines NumberWeekday(std::span<const std::string> own, std::span<const std::string> fetched,
+                         const LineOwner& owner) {
+  LineNumbers numbers = NumbersAmong(fetched, owner);
+  std::vector<std::string> lines;
+  for (const std::string& line : own) {
+    const int number = numbers.Next();
+    const auto place = [&line] { return line; };
+    if (auto error = CheckNumber(lines.size(), number, owner, place)) return *std::move(error);
+    lines.push_back(WithLineNumber(
+        line, number, HasLineName(line) ? NumberColumns::Right : NumberColumns::LeftOfPlt));
+  }
+  return lines;
 }
 
 }  // namespace zek

@@ -1,5 +1,6 @@
 #include <array>
 #include <gtest/gtest.h>
+#include <sstream>
 #include <string>
 
 #include "catalogue/CatalogueChanges.h"
@@ -10,8 +11,12 @@
 namespace zek {
 namespace {
 
-// "WDC ZEK1 T1"; all time controls of a ZEK1 share a catalogue.
+// "WDC ZEK1 T1" and the object's "PLT" controls; all controls of a ZEK1 share a catalogue.
 CatalogueRules RulesOf(const std::string& head) {
+  std::vector<std::string> pltControls;
+  std::istringstream words(head);
+  for (std::string word; words >> word;)
+    if (word.starts_with("PLT")) pltControls.push_back(word);
   const std::string_view kind = GetField(head, 0, " ");
   const auto generation = GetField(head, 1, " ") == "ZEK2" ? Generation::Zek2 : Generation::Zek1;
   return {kind == "WDC"   ? Catalogue::Wdc
@@ -19,9 +24,10 @@ CatalogueRules RulesOf(const std::string& head) {
                           : Catalogue::Ovc,
           std::string(GetField(head, 2, " ")),
           generation,
-          generation == Generation::Zek1,
+          generation == Generation::Zek1 && kind != "SDC",
           {generation, 93, 2099},
-          '.'};
+          '.',
+          pltControls};
 }
 
 // The catalogue of the lines marked with `sign`, or with "=" for both catalogues.

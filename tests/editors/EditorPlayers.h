@@ -100,7 +100,8 @@ class WeekdayPlayer final : public Player {
  public:
   explicit WeekdayPlayer(const FormatCase& given) : Player(given) {
     session_.proc.texts = NamedTexts("");
-    if (editor_.Refused()) ShowRefused(*editor_.Refused(), prompts_, session_.proc.texts);
+    for (const RefusedLine& refused : editor_.Refused())
+      ShowRefused(refused, prompts_, session_.proc.texts);
   }
 
   EditState State() const override { return editor_.State(); }
@@ -161,7 +162,7 @@ class WeekdayPlayer final : public Player {
     return way + (editor_.HasStopValues() ? "with stop values" : "without stop values");
   }
 
-  WeekdayEditor editor_{lines_, given_.Name(), separator(), access()};
+  WeekdayEditor editor_{lines_, given_.Owner(), separator(), access()};
 };
 
 class ExceptionPlayer final : public Player {
@@ -228,10 +229,7 @@ class ExceptionPlayer final : public Player {
   }
 
   // The time is 13:30 on 1 August 2026.
-  ExceptionEditor editor_{lines_,
-                          {given_.Name(), given_.Has("ZEK2") ? Generation::Zek2 : Generation::Zek1},
-                          separator(),
-                          access(),
+  ExceptionEditor editor_{lines_, given_.Owner(), separator(), access(),
                           [] { return DateMoment(2026, 8, 1) + TimeMoment(13, 30); }};
 };
 
@@ -304,7 +302,7 @@ class CalendarPlayer final : public Player {
                : CalendarDate{2026, 11, 24};  // a Thursday
   }
 
-  CalendarEditor editor_{lines_, given_.Name(), {Generation::Zek1, 30, 2030}, Today(), access()};
+  CalendarEditor editor_{lines_, given_.Owner(), {Generation::Zek1, 30, 2030}, Today(), access()};
 };
 
 }  // namespace zek::test

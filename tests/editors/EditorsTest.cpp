@@ -18,7 +18,7 @@ TEST(CalendarEditor, Cases) { CheckEditor<test::CalendarPlayer>("calendar-editor
 TEST(CalendarEditor, MonthsBeginInTheirColumn) {
   const CalendarYears years{Generation::Zek1, 30, 2030};
   const auto month = [&](const CalendarDate& today) {
-    return CalendarEditor({}, "T", years, today, Access::Edit);
+    return CalendarEditor({}, {}, years, today, Access::Edit);
   };
   const CalendarEditor december = month({2026, 11, 24});
   EXPECT_EQ(december.FirstColumn(), 1);  // 1 December 2026 is a Tuesday
@@ -40,7 +40,7 @@ TEST(CalendarEditor, NamesOfDayTypesAndSmallLetters) {
   EXPECT_EQ(DayTypeCaption(7, texts), "\xD6ndag");
   EXPECT_EQ(DayTypeCaption(14, texts), "SD7");
   EXPECT_EQ(DayTypeAbbreviation(1, LanguageTexts()), "MO ");
-  const CalendarEditor editor({}, "T", {Generation::Zek1, 30, 2030}, {2026, 11, 24}, Access::Edit);
+  const CalendarEditor editor({}, {}, {Generation::Zek1, 30, 2030}, {2026, 11, 24}, Access::Edit);
   for (const auto& [day, spoken] : {std::pair("Apple", "apple"),
                                     {"Zoo", "zoo"},
                                     {"@x", "@x"},

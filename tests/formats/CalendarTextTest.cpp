@@ -32,7 +32,10 @@ std::string Outcome(const test::FormatCase& given) {
   if (reading.linesLost > 0) text += "lost " + std::to_string(reading.linesLost) + "\n";
   if (given.Has("read")) return text;
   return text +
-         test::BuiltText(BuildCalendar(reading.table, given.Name(), generation), given.lines);
+         test::BuiltText(
+             BuildCalendar(reading.table,
+                           reading.layout.value_or(EmptyCalendarLayout(given.Name())), generation),
+             given.lines);
 }
 
 TEST(CalendarText, Cases) { test::CheckFormat("calendar.txt", Outcome); }
@@ -43,7 +46,7 @@ TEST(CalendarText, RefusesWhatNoLineHolds) {
   const auto built = [&](std::size_t entries, const std::string& name) {
     for (; table.Used().size() < entries; date = NextDay(date))
       table.Add(date, date, static_cast<std::int16_t>(1 + table.Used().size() % 14));
-    return test::BuiltText(BuildCalendar(table, name, Generation::Zek1), {});
+    return test::BuiltText(BuildCalendar(table, EmptyCalendarLayout(name), Generation::Zek1), {});
   };
   EXPECT_EQ(built(99, "PLT99"), "99 lines\n");
   EXPECT_EQ(built(99, "PLT100"), "error kLineNumberTooLarge 10001 9999\n");

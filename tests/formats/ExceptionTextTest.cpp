@@ -35,7 +35,7 @@ ExceptionTable OneRow() {
 }
 
 std::string Outcome(const test::FormatCase& given) {
-  const ExceptionOwner owner{given.Name(), given.Has("ZEK2") ? kZek2 : kZek1};
+  const LineOwner owner = given.Owner();
   ExceptionOptions options{1, static_cast<std::int16_t>(given.Has("ZEK2") ? 0 : 100)};
   if (given.Has("first")) options.OVCStartRow = static_cast<std::int16_t>(given.Number("first"));
   if (given.Has("times")) options.OVCMultiplyPLT = static_cast<std::int16_t>(given.Number("times"));
@@ -55,7 +55,7 @@ TEST(ExceptionText, Cases) { test::CheckFormat("exceptions.txt", Outcome); }
 
 TEST(ExceptionText, RefusesYearsThatNoLineHolds) {
   const auto error = [](const ExceptionTable& table, Generation generation) {
-    return test::BuiltText(BuildExceptions(table, {"T", generation}, {}, {1, 100}, '.'), {});
+    return test::BuiltText(BuildExceptions(table, {"T", generation, {}}, {}, {1, 100}, '.'), {});
   };
   ExceptionTable table;
   // Start year, stop year (-1: no date), and whether each generation has it.

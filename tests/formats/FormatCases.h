@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "formats/BuiltLines.h"
+#include "formats/LineOwner.h"
 #include "support/CaseFile.h"
 #include "support/TextNames.h"
 #include "text/Fields.h"
@@ -24,6 +25,15 @@ struct FormatCase {
   /// The number behind an option.
   int Number(const std::string& option) const {
     return std::stoi(head.substr(head.find("| " + option) + 2 + option.size()));
+  }
+  /// The control with "| ZEK2" or without, and the "PLT" controls behind "| plt".
+  LineOwner Owner() const {
+    LineOwner owner{Name(), Has("ZEK2") ? Generation::Zek2 : Generation::Zek1, {}};
+    for (std::size_t at = head.find("| plt "); at != std::string::npos;
+         at = head.find("| plt ", at + 1)) {
+      owner.pltControls.emplace_back(Trim(GetField(head.substr(at + 6), 0, "|")));
+    }
+    return owner;
   }
 };
 

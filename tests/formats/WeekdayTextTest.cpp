@@ -37,18 +37,16 @@ std::string Dump(const WeekdayTable& table) {
 }
 
 std::string Outcome(const test::FormatCase& given) {
-  const std::string name = given.Name();
-  const WeekdayReading reading = ReadWeekday(given.lines, name);
-  if (given.Has("number")) return std::to_string(reading.nextLineNumber) + "\n";
+  const LineOwner owner = given.Owner();
+  const WeekdayReading reading = ReadWeekday(given.lines, owner);
   std::string text = Dump(reading.table);
-  if (reading.refused) {
-    text += "refused " + test::TextName(reading.refused->text) + " " + reading.refused->line +
-            ", lost " + std::to_string(reading.linesLost) + "\n";
-  }
+  for (const RefusedLine& refused : reading.refused)
+    text += "refused " + test::TextName(refused.text) + " " + refused.line + "\n";
+  if (reading.linesLost > 0) text += "lost " + std::to_string(reading.linesLost) + "\n";
   if (given.Has("read")) return text;
   const auto start = given.Has("from buffer") ? BuildStart::FromBuffer : BuildStart::Afresh;
   return text +
-         test::BuiltText(BuildWeekday(reading.table, name, given.lines, start, '.'), given.lines);
+         test::BuiltText(BuildWeekday(reading.table, owner, given.lines, start, '.'), given.lines);
 }
 
 TEST(WeekdayText, Cases) { test::CheckFormat("weekday.txt", Outcome); }
@@ -61,7 +59,8 @@ TEST(WeekdayText, HoldsAtMost201Lines) {
     table.days.at(place % kWeekdayDays).at(place / kWeekdayDays).start = lines++;
   };
   const auto built = [&table] {
-    return test::BuiltText(BuildWeekday(table, "T", {}, BuildStart::Afresh, '.'), {});
+    return test::BuiltText(
+        BuildWeekday(table, {"T", Generation::Zek1, {}}, {}, BuildStart::Afresh, '.'), {});
   };
   while (lines < static_cast<int>(kMaxCatalogueLines)) add();
   EXPECT_EQ(built(), "201 lines\n");

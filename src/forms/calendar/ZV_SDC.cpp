@@ -109,7 +109,7 @@ void ShowCalendarForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
                       const CatalogueContent& content) {
   const Topic& topic = proc.topics[proc.selection.CurrentObject];
   // Outlives the form, which may be destroyed with its parent during a save.
-  CalendarEditor editor(content.lines, proc.selection.TscName,
+  CalendarEditor editor(content.lines, proc.selection.Id(Catalogue::Sdc).Owner(),
                         YearsOf(proc.settings, topic.TopicType), DateOf(proc.now()),
                         proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit);
   editor.CountLost(content.linesDropped);

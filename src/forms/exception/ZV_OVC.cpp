@@ -85,10 +85,9 @@ std::optional<EditedCatalogue> ZV_OVC::Edited() {
 
 void ShowExceptionForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
                        const CatalogueContent& content) {
-  const Topic& object = proc.topics[proc.selection.CurrentObject];
   const char separator = proc.settings.DecimalSeparator;
   // Outlives the form, which may be destroyed with its parent during a save.
-  ExceptionEditor editor(content.lines, {proc.selection.TscName, object.TopicType}, separator,
+  ExceptionEditor editor(content.lines, proc.selection.Id(Catalogue::Ovc).Owner(), separator,
                          proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit,
                          [&proc] { return MomentOf(proc.now()); });
   editor.CountLost(content.linesDropped);

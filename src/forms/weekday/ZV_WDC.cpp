@@ -49,15 +49,16 @@ void ShowWeekdayForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
   // An object's own node has no control name, so none of the catalogue's lines belong to it.
   const bool viewOnly = proc.settings.ViewOnly || proc.selection.TscName.empty();
   // Outlives the form, which may be destroyed with its parent during a save.
-  WeekdayEditor editor(content.lines, proc.selection.TscName, proc.settings.DecimalSeparator,
-                       viewOnly ? Access::ViewOnly : Access::Edit);
+  WeekdayEditor editor(content.lines, proc.selection.Id(Catalogue::Wdc).Owner(),
+                       proc.settings.DecimalSeparator, viewOnly ? Access::ViewOnly : Access::Edit);
   editor.CountLost(content.linesDropped);
   const PickList pickList =
       ReadPickList(proc.profile, proc.selection.PickListTable, proc.settings.DecimalSeparator);
   ShowEditorForm(new ZV_WDC(parent, proc, turn, content, editor, pickList), proc,
                  [&proc, pickList, refused = editor.Refused()] {
                    TellCut(pickList, proc.prompts, proc.texts);
-                   if (refused) ShowRefused(*refused, proc.prompts, proc.texts);
+                   for (const RefusedLine& each : refused)
+                     ShowRefused(each, proc.prompts, proc.texts);
                  });
 }
 
