@@ -17,7 +17,7 @@ ZV_Proc::ZV_Proc(const Outside& world)
                   {world.socket, world.dde, world.tags}}),
       copies(files, settings, ToUser(), now),
       records(files, settings, now, world.user),
-      catalogues({settings, Numbers(), ToUser(), copies, records,
+      catalogues({settings, profile, Numbers(), ToUser(), copies, records,
                   Exchange{connection, transfer, countdowns, waits, status}}) {}
 
 void SelectNode(ZV_Proc& proc, std::size_t index) {

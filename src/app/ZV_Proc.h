@@ -31,7 +31,7 @@ struct Outside {
   Transport& dde;
   TagServer& tags;
   Clock now = SystemTime;
-  std::string user;  // of the computer, windows-1252; for the journal of what was sent
+  std::string user = {};  // of the computer, windows-1252; for the journal of what was sent
 };
 
 /// The session: one object for the whole program, composed of its parts. Pass it to code that needs

@@ -182,7 +182,7 @@ Outcome CatalogueDelivery::Repair(const SavePlan& plan, const Verification& chec
     return Outcome::Remarked;
   }
   if (replacesAll) {
-    if (const auto error = p_.numbers.profile.WriteIni(kSaveOptions, kWriteWhole, "yes"))
+    if (const auto error = p_.profile.WriteIni(kSaveOptions, kWriteWhole, "yes"))
       p_.messages.Tell(*error);
   }
   return SendAgain(again);

@@ -172,7 +172,7 @@ class Saving {
 
   bool WritesWhole() const {
     return id_.catalogue == Catalogue::Ovc || !plan_.missing.empty() ||
-           ReadYesNo(p_.numbers.profile, kSaveOptions, kWriteWhole, "no") ||
+           ReadYesNo(p_.profile, kSaveOptions, kWriteWhole, "no") ||
            p_.records.SeenAt(id_) == SeenToDo::ReplacesByCatalogue;
   }
 

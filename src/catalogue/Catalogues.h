@@ -17,6 +17,7 @@ namespace zek {
 /// The parts that reading and writing catalogues use. They live as long as the session.
 struct CatalogueParts {
   const Settings& settings;
+  Profile& profile;
   NumberReader numbers;  // for the pauses in the settings
   Messages messages;
   LocalCopies& copies;

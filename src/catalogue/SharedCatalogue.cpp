@@ -1,6 +1,7 @@
 #include "catalogue/SharedCatalogue.h"
 
 #include "formats/ExceptionText.h"
+#include "formats/WeekdayText.h"
 
 namespace zek {
 

@@ -30,6 +30,8 @@ class CliPrompts final : public Prompts {
   bool AskWithDetails(Icon icon, const std::string& question, const std::string& caption,
                       const PromptDetails& details, DefaultAnswer standard) override;
 
+  bool Attended() const override { return false; }
+
  private:
   void Print(std::string_view lines);
 

@@ -37,6 +37,8 @@ class PromptSwitch final : public Prompts {
     return target_->AskWithDetails(icon, question, caption, details, standard);
   }
 
+  bool Attended() const override { return target_->Attended(); }
+
   /// Returns the number of messages shown so far; questions do not count.
   unsigned Shown() const { return shown_; }
 
@@ -76,6 +78,8 @@ class LogPrompts final : public Prompts {
                 DefaultAnswer standard) override;
   Answer AskThree(Icon icon, const std::string& question, const std::string& caption,
                   const AnswerCaptions& captions) override;
+
+  bool Attended() const override { return false; }
 
  private:
   Log log_;

@@ -54,6 +54,9 @@ class Prompts {
     return AskYesNo(icon, question, caption, standard);
   }
 
+  /// False if nobody is at the screen, so that a question gets a fixed answer.
+  virtual bool Attended() const { return true; }
+
   void Show(Icon icon, const std::string& message) { Show(icon, message, {}); }
   bool AskYesNo(Icon icon, const std::string& question, const std::string& caption) {
     return AskYesNo(icon, question, caption, DefaultFor(icon));

@@ -12,7 +12,7 @@ namespace {
 //   at-list mute              what happens when it is asked for the catalogue: "mute", "hangup",
 //                             or another command; "at-list" ends that
 //   send                      saves the lines with yes, and forgets them
-//   forget                    something else was read
+//   forget                    what was read is no longer known
 class StorePlayer : public test::SessionPlayer {
  public:
   StorePlayer() {
@@ -34,8 +34,7 @@ class StorePlayer : public test::SessionPlayer {
     if (what == "lost") socket.reachable = false;
     if (what == "unverified") proc.settings.VerifyAfterWrite = false;
     if (what == "local") proc.settings.AlwaysUseDSS = !(proc.settings.AlwaysUseLocal = true);
-    if (what == "forget") ReadAnotherBefore();
-    if (what == "read-copy") ReadLocalCopyBefore();
+    if (what == "forget") ForgetRead();
     if (what != "send") return SessionPlayer::Do(what, rest);
     prompts.answers.push_back(rest != "no");
     std::string sent = SessionPlayer::Do("save", "WDC");

@@ -80,9 +80,10 @@ class Player {
       written += " [";
       for (const std::string& line : lines) written += line + ";";
       written += "]";
-      return failures-- == 0;
+      using Outcome = SaveResult::Outcome;
+      return SaveResult{failures-- == 0 ? Outcome::Saved : Outcome::Failed, true, {}};
     });
-    constexpr std::array outcomes = {"not tried", "given up", "written"};
+    constexpr std::array outcomes = {"not tried", "not stored", "refused", "given up", "written"};
     return outcomes.at(static_cast<std::size_t>(outcome)) + written;
   }
 
