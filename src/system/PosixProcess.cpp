@@ -16,6 +16,12 @@ std::string ExecutableDirectory() {
       Utf8Of(std::filesystem::read_symlink("/proc/self/exe", error).parent_path()));
 }
 
+std::string CanonicalDirectory(const std::string& path) {
+  std::error_code error;
+  const std::filesystem::path canonical = std::filesystem::canonical(PathOf(path), error);
+  return error ? path : WithSeparator(Utf8Of(canonical));
+}
+
 char SystemDecimalSeparator() {
   std::setlocale(LC_NUMERIC, "");
   const char separator = *std::localeconv()->decimal_point == ',' ? ',' : '.';

@@ -11,6 +11,11 @@ std::vector<std::string> ProgramArguments(int argc, char** argv);
 /// Returns the directory of the executable in UTF-8, with the system's separator at its end.
 std::string ExecutableDirectory();
 
+/// Returns the one name that all spellings of an existing directory have in common (UTF-8):
+/// absolute, links followed, on Windows with the letters' case on the disk. Returns `path` if the
+/// system does not know the directory.
+std::string CanonicalDirectory(const std::string& path);
+
 /// Returns the user's decimal separator, "." or ",". The C library's number functions still use
 /// "." afterwards.
 char SystemDecimalSeparator();
