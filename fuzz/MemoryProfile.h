@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "settings/ProfileEncoding.h"
 #include "settings/ProfileText.h"
 
 namespace zek::fuzz {
@@ -10,7 +11,7 @@ namespace zek::fuzz {
 /// A settings file in memory, with the rules of the real one.
 class MemoryProfile final : public Profile {
  public:
-  explicit MemoryProfile(std::string text) : text_(ProfileBytes(std::move(text))) {}
+  explicit MemoryProfile(std::string text) : text_(ProfileEncoding(text).Decoded(text)) {}
 
   const std::string& Text() const { return text_; }
 
@@ -23,7 +24,7 @@ class MemoryProfile final : public Profile {
   std::optional<FileError> WriteIni(std::string_view section, std::string_view key,
                                     std::string_view value) override {
     if (!ProfileRefusal(section, key, value).empty()) return FileError{};
-    text_ = ProfileWithValue(text_, section, key, value);
+    text_ = ProfileEncoding("").WithValue(text_, section, key, value);
     return std::nullopt;
   }
 

@@ -3,16 +3,44 @@
 #include <algorithm>
 
 #include "lang/TextNumbers.h"
+#include "settings/CommandLine.h"
 #include "text/Fields.h"
+#include "text/Windows1252.h"
 
 namespace zek {
 namespace {
 
 // Stop if ZEKView.INI exists but can't be read: all settings would silently have their defaults.
 bool CheckSettingsFile(ZV_Proc& proc) {
-  const FileContent file = proc.files.Read(proc.settings.IniPath + "ZEKView.INI");
-  if (!file.error || file.error->reason == FileError::Reason::Missing) return true;
-  proc.prompts.Show(Icon::Critical, FileMessage(proc.texts, *file.error));
+  const std::string path = proc.settings.IniPath + "ZEKView.INI";
+  const FileContent file = proc.files.Read(path);
+  if (!file.error) return true;
+  if (file.error->reason != FileError::Reason::Missing) {
+    proc.prompts.Show(Icon::Critical, FileMessage(proc.texts, *file.error));
+    return false;
+  }
+  if (proc.settings.IniPath != proc.settings.ProgramPath) {
+    proc.ToUser().Tell(Icon::Exclamation, text::kNoSettingsFile, {Windows1252FromUtf8(path)});
+  }
+  return true;
+}
+
+void TellUnknownSwitches(ZV_Proc& proc, std::string_view switches) {
+  const std::string unknown = UnknownSwitches(switches);
+  if (!unknown.empty()) proc.ToUser().Tell(Icon::Exclamation, text::kUnknownSwitch, {unknown});
+}
+
+bool CreateTagObject(ZV_Proc& proc) {
+  if (proc.tags.Create()) return true;
+  constexpr std::string_view notRegistered = "(80040154)";
+  constexpr bool bits64 = sizeof(void*) == 8;
+  const std::string reason = proc.tags.TakeFault();
+  std::string message = proc.Text(text::kNoTagObject);
+  if (!reason.empty()) message += "\r\n\r\n" + reason;
+  if (bits64 && reason.ends_with(notRegistered)) {
+    message += "\r\n\r\n" + proc.Text(text::kTagObjectNeeds32);
+  }
+  proc.prompts.Show(Icon::None, message);
   return false;
 }
 
@@ -31,13 +59,11 @@ std::optional<ExitStatus> StartSession(ZV_Proc& proc, const StartOptions& option
   if (!CheckSettingsFile(proc)) return kWrongUsage;
   if (!LoadLanguage(proc) && !options.chooseLanguage()) return kFailed;
   if (const auto ended = options.mayStart()) return ended;
+  TellUnknownSwitches(proc, options.switches);
   if (!LoadSettings(proc.settings, options.switches, proc.profile, proc.texts, proc.prompts)) {
     return kFailed;
   }
-  if (proc.settings.TagMode && !proc.tags.Create()) {
-    proc.ToUser().Tell(Icon::None, text::kNoTagObject);
-    return kFailed;
-  }
+  if (proc.settings.TagMode && !CreateTagObject(proc)) return kFailed;
   return std::nullopt;
 }
 

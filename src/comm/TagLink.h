@@ -13,7 +13,8 @@ namespace zek {
 class TagServer {
  public:
   virtual ~TagServer() = default;
-  /// Creates the object; returns false if the system does not have it.
+  /// Creates the object; returns false if the system does not have it. `TakeFault` then gives the
+  /// reason, with the system's code at its end: "(80040154)".
   virtual bool Create() = 0;
   virtual std::int16_t Open(const std::string& computer, const std::string& user,
                             const std::string& password) = 0;

@@ -118,14 +118,15 @@ class WinTags::Object {
   bool Create() {
     Release();
     CLSID id{};
-    if (FAILED(::CLSIDFromProgID(L"CTAPIX.CTAPI", &id))) return false;
     void* made = nullptr;
-    if (FAILED(::CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
-                                  __uuidof(IDispatch), &made))) {
-      return false;
+    HRESULT done = ::CLSIDFromProgID(L"CTAPIX.CTAPI", &id);
+    if (SUCCEEDED(done)) {
+      done = ::CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER | CLSCTX_LOCAL_SERVER,
+                                __uuidof(IDispatch), &made);
     }
+    if (FAILED(done)) Note("CTAPIX.CTAPI", SystemWords(done));
     object_ = static_cast<IDispatch*>(made);
-    return object_ != nullptr;
+    return SUCCEEDED(done) && object_ != nullptr;
   }
 
   void Hide(const std::string& secret) { secret_ = secret; }

@@ -1,8 +1,11 @@
 #include "commands/Arguments.h"
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <sstream>
+#include <string_view>
+#include <utility>
 
 #include "settings/OptionParser.h"
 #include "text/Fields.h"
@@ -41,6 +44,16 @@ constexpr auto kCommands = std::to_array<CommandShape>({
      "restore ID: make copy ID the local copy, send nothing"},
 });
 
+constexpr auto kOperands = std::to_array<std::pair<std::string_view, const char*>>({
+    {"TOPIC", "a controller's name, see the command topics"},
+    {"TEXT", "the command as the controller takes it"},
+    {"KIND", "wdc (weekdays), sdc (special-day calendar) or ovc (exceptions)"},
+    {"NODE", "TOPIC, or TOPIC/TSC for one time control, see the command objects"},
+    {"FILE", "the catalogue's lines in windows-1252; - for standard input"},
+    {"ACTION", "compare or restore; without it the copies are listed"},
+    {"ID", "of an earlier copy, as listed"},
+});
+
 constexpr const char* kNotes =
     "KIND is wdc, sdc or ovc; NODE is TOPIC or TOPIC/TSC; FILE may be - for standard input.\n"
     "Write -- before an operand that begins with a hyphen.\n"
@@ -74,7 +87,10 @@ void AddOperand(CLI::App& command, std::string name, Arguments& parsed) {
   };
   constexpr int most = 3;
   const bool several = name.ends_with("...");
-  command.add_option(name, add)
+  const auto* const operand =
+      std::find_if(kOperands.begin(), kOperands.end(),
+                   [&name](const auto& each) { return name.starts_with(each.first); });
+  command.add_option(name, add, operand == kOperands.end() ? "" : operand->second)
       ->expected(1, several ? most : 1)
       ->allow_extra_args(several)
       ->multi_option_policy(CLI::MultiOptionPolicy::Throw)

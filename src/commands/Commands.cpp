@@ -109,8 +109,10 @@ void PrintCatalogue(std::ostream& out, const CatalogueId& id, const CatalogueCon
 }
 
 ExitStatus Get(Console& console, const CatalogueId& id, bool local) {
-  console.prompts.answerYes = local;
-  const std::optional<CatalogueContent> content = console.proc.catalogues.GetCatalogue(id);
+  ZV_Proc& proc = console.proc;
+  proc.settings.LocalMode = proc.settings.LocalMode || local;  // also without a copy: no controller
+  const CopyUse use = local ? CopyUse::Take : CopyUse::AsSet;
+  const std::optional<CatalogueContent> content = proc.catalogues.GetCatalogue(id, use);
   if (!content) return kFailed;
   if (content->replacesUnsent) {
     console.proc.ToUser().Tell(Icon::Information, text::kUnsentReplaced,

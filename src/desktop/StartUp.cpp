@@ -18,8 +18,8 @@ namespace {
 
 // One instance for each program directory and user.
 bool IsAnotherRunning(wxSingleInstanceChecker& instance, const std::string& programPath) {
-  const wxString name =
-      wxString::Format("zekview-%s-%zx", wxGetUserId(), std::hash<std::string>{}(programPath));
+  const wxString name = wxString::Format("zekview-%s-%zx", wxGetUserId(),
+                                         std::hash<std::string>{}(CanonicalDirectory(programPath)));
   const wxLogNull quiet;  // without a lock file, every instance may run
   return instance.Create(name, wxStandardPaths::Get().GetTempDir()) && instance.IsAnotherRunning();
 }

@@ -1,20 +1,26 @@
 #include "settings/CommandLine.h"
 
+#include <algorithm>
+#include <array>
+
 #include "settings/OptionParser.h"
 #include "text/Fields.h"
 #include "text/Windows1252.h"
 
 namespace zek {
 namespace {
+constexpr std::array<std::string_view, 8> kNames = {
+    "/LOCAL", "/VIEWONLY", "/BATCH", "/ALWAYSONTOP", "/TOPIC:", "/TAG:", "/DIALOG:", "/INI:"};
+
 constexpr const char* kSwitches =
     "Switches, in any case and anywhere:\n"
     "  /LOCAL       work with the local copies, without controllers\n"
     "  /VIEWONLY    change nothing\n"
     "  /BATCH       export all catalogues into files, ask nothing, then end\n"
     "  /ALWAYSONTOP keep the window above others\n"
-    "  /TOPIC:NODE  open the browser on TOPIC or TOPIC/TSC; /TAG:NODE is the same\n"
+    "  /TOPIC:NAME  open the browser on this topic; /TAG:NAME is the same\n"
     "  /DIALOG:NAME connect to this topic\n"
-    "  /INI:DIR     the directory of ZEKView.INI, unless --ini names one";
+    "  /INI:DIR     the directory of ZEKView.INI, without blanks; --ini takes any";
 }  // namespace
 
 CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
@@ -35,6 +41,19 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
 
 bool HasSwitch(std::string_view text, std::string_view name) {
   return UpperCase(text).find(name) != std::string::npos;
+}
+
+std::string UnknownSwitches(std::string_view text) {
+  std::string unknown;
+  while (!text.empty()) {
+    const std::string_view word = GetField(text, 0, " ");
+    text.remove_prefix(std::min(word.size() + 1, text.size()));
+    const bool meant = word.starts_with('/') || word.starts_with("--");
+    const auto holds = [word](std::string_view name) { return HasSwitch(word, name); };
+    if (!meant || std::any_of(kNames.begin(), kNames.end(), holds)) continue;
+    unknown.append(unknown.empty() ? "" : " ").append(word);
+  }
+  return unknown;
 }
 
 std::string SwitchValue(std::string_view text, std::string_view name) {

@@ -24,6 +24,9 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments);
 /// True if `name` ("/LOCAL") occurs anywhere in the text, in any case.
 bool HasSwitch(std::string_view text, std::string_view name);
 
+/// Returns the words that look like a switch or an option but hold none, joined by blanks.
+std::string UnknownSwitches(std::string_view text);
+
 /// Returns the value of a switch ("/TOPIC:"): the text from the switch to the next blank or "/", in
 /// upper case. Returns "" if the switch is missing.
 std::string SwitchValue(std::string_view text, std::string_view name);

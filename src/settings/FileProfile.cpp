@@ -1,5 +1,6 @@
 #include "settings/FileProfile.h"
 
+#include "settings/ProfileEncoding.h"
 #include "settings/ProfileText.h"
 
 namespace zek {
@@ -7,8 +8,17 @@ namespace zek {
 const std::string& FileProfile::Text() const {
   static const std::string none;
   FileContent file = files_.Read(path_);
-  if (!file.error) text_ = ProfileBytes(std::move(file.bytes));
+  if (!file.error) {
+    const ProfileEncoding encoding(file.bytes);
+    unicode_ = encoding.IsUnicode();
+    text_ = encoding.Decoded(file.bytes);
+  }
   return text_ ? *text_ : none;
+}
+
+bool FileProfile::IsUnicode() const {
+  Text();
+  return unicode_;
 }
 
 std::string FileProfile::ReadIni(std::string_view section, std::string_view key,
@@ -26,8 +36,8 @@ std::optional<FileError> FileProfile::WriteIni(std::string_view section, std::st
   // A new file would lose all other settings if the old one is only unreadable for a moment.
   const bool isNew = file.error && file.error->reason == FileError::Reason::Missing && !text_;
   if (file.error && !isNew) return file.error;
-  const std::string text = ProfileBytes(std::move(file.bytes));
-  return files_.Write(path_, ProfileWithValue(text, section, key, value));
+  const ProfileEncoding encoding(file.bytes);
+  return files_.Write(path_, encoding.WithValue(std::move(file.bytes), section, key, value));
 }
 
 ProfileSection FileProfile::ReadSection(std::string_view section, std::size_t bufferSize) const {

@@ -17,12 +17,16 @@ class FileProfile final : public Profile {
                                     std::string_view value) override;
   ProfileSection ReadSection(std::string_view section, std::size_t bufferSize) const override;
 
+  /// True if the file is UTF-8 or UTF-16, see `ProfileEncoding`.
+  bool IsUnicode() const;
+
  private:
   const std::string& Text() const;
 
   Files& files_;
   std::string path_;
   mutable std::optional<std::string> text_;  // as last read; nothing before that
+  mutable bool unicode_ = false;             // the same
 };
 
 }  // namespace zek

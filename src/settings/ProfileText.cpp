@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "text/Fields.h"
-#include "text/Windows1252.h"
 
 namespace zek {
 namespace {
@@ -150,19 +149,21 @@ ProfileSection ProfileSectionText(std::string_view text, std::string_view sectio
   return result;
 }
 
-std::string ProfileWithValue(std::string_view text, std::string_view section, std::string_view key,
-                             std::string_view value) {
+ProfileChange ChangeToValue(std::string_view text, std::string_view section, std::string_view key,
+                            std::string_view value) {
+  const auto endsOpen = [text](std::size_t at) {
+    return at > 0 && text[at - 1] != '\n' && text[at - 1] != '\r';
+  };
   const std::size_t firstLetter = std::min(value.find_first_not_of(kBlanks), value.size());
   const std::string entry =
       std::string(key).append("=").append(value.substr(firstLetter)).append("\r\n");
-  std::string result(text);
   const std::optional<Span> span = FindSection(text, section);
   if (!span) {
-    if (!result.empty() && result.back() != '\n' && result.back() != '\r') result += "\r\n";
-    return result.append("[").append(section).append("]\r\n").append(entry);
+    const std::string header = std::string("[").append(section).append("]\r\n");
+    return {text.size(), 0, (endsOpen(text.size()) ? "\r\n" : "") + header + entry};
   }
   if (const std::optional<Line> line = FindKey(text, *span, key)) {
-    return result.replace(line->start, line->next - line->start, entry);
+    return {line->start, line->next - line->start, entry};
   }
   std::size_t insertAt = span->start;
   for (std::size_t at = span->start; at < span->end;) {
@@ -170,14 +171,7 @@ std::string ProfileWithValue(std::string_view text, std::string_view section, st
     if (!Content(text, line).empty()) insertAt = line.next;
     at = line.next;
   }
-  const bool openLine = insertAt > 0 && text[insertAt - 1] != '\n' && text[insertAt - 1] != '\r';
-  return result.insert(insertAt, (openLine ? "\r\n" : "") + entry);
-}
-
-std::string ProfileBytes(std::string file) {
-  if (file.starts_with("\xEF\xBB\xBF")) return Windows1252FromUtf8(file.substr(3));
-  if (file.starts_with("\xFF\xFE")) return Windows1252FromUtf16(file.substr(2));
-  return file;
+  return {insertAt, 0, (endsOpen(insertAt) ? "\r\n" : "") + entry};
 }
 
 }  // namespace zek

@@ -37,12 +37,16 @@ std::optional<std::string> ProfileValue(std::string_view text, std::string_view 
 ProfileSection ProfileSectionText(std::string_view text, std::string_view section,
                                   std::size_t bufferSize);
 
-/// Returns the text with the key set to `value`: replaces the key's first line, or adds a line
-/// after the section's last non-blank line, or appends the section. All other bytes stay.
-std::string ProfileWithValue(std::string_view text, std::string_view section, std::string_view key,
-                             std::string_view value);
+/// One change of a text: `text` replaces `length` characters from `at` on.
+struct ProfileChange {
+  std::size_t at = 0;
+  std::size_t length = 0;
+  std::string text;
+};
 
-/// Returns the file as windows-1252: converts a file that begins with a byte order mark.
-std::string ProfileBytes(std::string file);
+/// Returns the change that sets the key to `value`: it replaces the key's first line, or adds a
+/// line after the section's last non-blank line, or appends the section.
+ProfileChange ChangeToValue(std::string_view text, std::string_view section, std::string_view key,
+                            std::string_view value);
 
 }  // namespace zek

@@ -41,6 +41,18 @@ class StartNumbers {
     return number.value_or(0);
   }
 
+  // For text that is no number from 0 up, reports it and returns the default.
+  std::int16_t CountFromZero(std::string_view key, std::string_view fallback, int largest) {
+    const std::string value = reader_.profile.ReadIni(kGeneral, key, fallback);
+    const double number = Val(value);
+    if (!ok_ || number > 0 || (number == 0 && IsNumeric(value))) {
+      return Number(key, fallback, largest);
+    }
+    reader_.messages.Tell(Icon::Exclamation, text::kSettingUnreadable,
+                          {kGeneral, key, value, fallback});
+    return ToInt16(Val(fallback)).value_or(0);
+  }
+
   // Converts seconds to ticks; for a value below `least` shows text `tooLow` and uses `least`.
   std::int16_t Ticks(std::string_view key, int least, std::int32_t tooLow) {
     int seconds = Seconds(key);
@@ -96,7 +108,7 @@ bool LoadSettings(Settings& settings, std::string_view commandLine, const Profil
       builtIn.SDCLastTwoDigitYear, numbers.Number("SDCLastTwoDigitYear", "20", kLastTwoDigitYear));
   settings.SDCLastYear =
       std::max(builtIn.SDCLastYear, numbers.Number("SDCLastYear", "2030", kLastYear));
-  settings.HistoryCount = numbers.Number("HistoryCount", "50", kLargestHistory);
+  settings.HistoryCount = numbers.CountFromZero("HistoryCount", "50", kLargestHistory);
 
   settings.HideDialogOnTSC = ReadYesNo(profile, kGeneral, "HideDialogOnTSC", "yes");
   settings.PreventMinimize = ReadYesNo(profile, kGeneral, "PreventMinimize", "no");
@@ -112,8 +124,9 @@ std::optional<std::int16_t> NumberReader::Read(std::string_view section, std::st
   const std::string value = profile.ReadIni(section, key, fallback);
   const std::optional<std::int16_t> number = ToInt16(Val(value));
   if (number && *number <= largest) return number;
-  messages.Tell(Icon::Exclamation, text::kSettingTooLarge,
-                {section, key, value, std::to_string(largest)});
+  const bool small = Val(value) < 0;
+  messages.Tell(Icon::Exclamation, small ? text::kSettingTooSmall : text::kSettingTooLarge,
+                {section, key, value, std::to_string(small ? kSmallestNumber : largest)});
   return std::nullopt;
 }
 

@@ -55,8 +55,8 @@ bool LoadSettings(Settings& settings, std::string_view commandLine, const Profil
                   const LanguageTexts& texts, Prompts& prompts);
 
 /// Reads settings that are whole numbers (rounded half to even). If a value is larger than allowed
-/// or does not fit 16 bits, shows a message with section, key, value and the largest allowed value
-/// and returns nothing.
+/// or does not fit 16 bits, shows a message with section, key, value and the largest (or smallest)
+/// allowed value and returns nothing.
 struct NumberReader {
   const Profile& profile;
   Messages messages;
@@ -70,7 +70,8 @@ struct NumberReader {
     return Read(section, key, fallback, kLongestWaitSeconds);
   }
 
-  static constexpr int kLargestNumber = 32767;  // 16 bits
+  static constexpr int kLargestNumber = 32767;    // 16 bits
+  static constexpr int kSmallestNumber = -32768;  // likewise
 };
 
 }  // namespace zek

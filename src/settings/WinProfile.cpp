@@ -18,6 +18,7 @@ constexpr DWORD kValueBuffer = 128;  // the last character is NUL
 std::string WinProfile::ReadIni(std::string_view section, std::string_view key,
                                 std::string_view fallback) const {
   if (!IsProfileName(section) || !IsProfileName(key)) return ProfileDefault(fallback);
+  if (file_.IsUnicode()) return file_.ReadIni(section, key, fallback);
   std::array<char, kValueBuffer> value{};
   const DWORD length = ::GetPrivateProfileStringA(
       std::string(section).c_str(), std::string(key).c_str(), std::string(fallback).c_str(),
@@ -27,7 +28,7 @@ std::string WinProfile::ReadIni(std::string_view section, std::string_view key,
 
 std::optional<FileError> WinProfile::WriteIni(std::string_view section, std::string_view key,
                                               std::string_view value) {
-  auto error = writer_.WriteIni(section, key, value);
+  auto error = file_.WriteIni(section, key, value);
   // Discard the profile calls' cache of the file.
   ::WritePrivateProfileStringA(nullptr, nullptr, nullptr, ansiPath_.c_str());
   return error;
@@ -36,6 +37,7 @@ std::optional<FileError> WinProfile::WriteIni(std::string_view section, std::str
 ProfileSection WinProfile::ReadSection(std::string_view section, std::size_t bufferSize) const {
   ProfileSection result;
   if (!IsProfileName(section)) return result;
+  if (file_.IsUnicode()) return file_.ReadSection(section, bufferSize);
   std::vector<char> buffer(bufferSize);
   result.length = ::GetPrivateProfileSectionA(std::string(section).c_str(), buffer.data(),
                                               static_cast<DWORD>(bufferSize), ansiPath_.c_str());

@@ -7,14 +7,15 @@
 
 namespace zek {
 
-/// Reads the settings file through the profile calls of Windows. Writing uses `FileProfile`, which
-/// replaces the whole file: the calls write in place, and a crash would leave half a file.
+/// Reads the settings file through the profile calls of Windows, but UTF-8 and UTF-16 with
+/// `FileProfile`: the calls convert only by the system's code page. Writing uses `FileProfile` too,
+/// which replaces the whole file: the calls write in place, and a crash would leave half a file.
 class WinProfile final : public Profile {
  public:
   /// `ansiPath` is a full path in the system's code page: the calls search bare names in the
   /// Windows directory. `path` is the same path in UTF-8.
   WinProfile(Files& files, std::string ansiPath, const std::string& path)
-      : ansiPath_(std::move(ansiPath)), writer_(files, path) {}
+      : ansiPath_(std::move(ansiPath)), file_(files, path) {}
 
   std::string ReadIni(std::string_view section, std::string_view key,
                       std::string_view fallback) const override;
@@ -24,7 +25,7 @@ class WinProfile final : public Profile {
 
  private:
   std::string ansiPath_;
-  FileProfile writer_;
+  FileProfile file_;
 };
 
 /// Converts a UTF-8 path for the calls: the full path in the system's code page. Returns nothing if

@@ -23,6 +23,12 @@ std::string UserName() {
   return user == nullptr ? std::string() : user->pw_name;
 }
 
+std::string CanonicalDirectory(const std::string& path) {
+  std::error_code error;
+  const std::filesystem::path canonical = std::filesystem::canonical(PathOf(path), error);
+  return error ? path : WithSeparator(Utf8Of(canonical));
+}
+
 char SystemDecimalSeparator() {
   std::setlocale(LC_NUMERIC, "");
   const char separator = *std::localeconv()->decimal_point == ',' ? ',' : '.';

@@ -14,6 +14,11 @@ std::string ExecutableDirectory();
 /// Returns the name of the user who runs the program, UTF-8; "" if the system does not tell.
 std::string UserName();
 
+/// Returns the one name that all spellings of an existing directory have in common (UTF-8):
+/// absolute, links followed, on Windows with the letters' case on the disk. Returns `path` if the
+/// system does not know the directory.
+std::string CanonicalDirectory(const std::string& path);
+
 /// Returns the user's decimal separator, "." or ",". The C library's number functions still use
 /// "." afterwards.
 char SystemDecimalSeparator();

@@ -12,6 +12,7 @@
 
 #include "system/Paths.h"
 #include "system/Process.h"
+#include "system/WinHandle.h"
 #include "system/WinText.h"
 
 namespace zek {
@@ -128,6 +129,22 @@ std::string UserName() {
   if (::GetUserNameW(name.data(), &size) == 0 || size == 0) return {};
   name.resize(size - 1);
   return Utf8FromWide(name);
+}
+
+std::string CanonicalDirectory(const std::string& path) {
+  constexpr DWORD shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  // The flag is necessary to open a directory.
+  const Handle directory(::CreateFileW(WideFromUtf8(path).c_str(), FILE_READ_ATTRIBUTES, shared,
+                                       nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS,
+                                       nullptr));
+  std::wstring name(32768, L'\0');  // no path is longer
+  const DWORD length = directory.IsOpen()
+                           ? ::GetFinalPathNameByHandleW(directory.Get(), name.data(),
+                                                         static_cast<DWORD>(name.size()), 0)
+                           : 0;
+  if (length == 0 || length >= name.size()) return path;
+  name.resize(length);
+  return WithSeparator(Utf8FromWide(name));
 }
 
 char SystemDecimalSeparator() {

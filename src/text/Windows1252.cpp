@@ -83,6 +83,19 @@ std::string Windows1252FromUtf8(std::string_view utf8) {
   return bytes;
 }
 
+bool IsUtf8(std::string_view bytes) {
+  while (!bytes.empty()) {
+    if (!TakeCharacter(bytes)) return false;
+  }
+  return true;
+}
+
+std::size_t Utf8Offset(std::string_view utf8, std::size_t index) {
+  std::string_view rest = utf8;
+  for (; index > 0 && !rest.empty(); --index) TakeCharacter(rest);
+  return utf8.size() - rest.size();
+}
+
 std::string Windows1252FromUtf16(std::string_view bytes) {
   std::string text;
   for (; bytes.size() > 1; bytes.remove_prefix(2)) {

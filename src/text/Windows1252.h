@@ -19,6 +19,12 @@ std::string Windows1252FromUtf16(std::string_view bytes);
 /// True if windows-1252 can represent every character of the UTF-8 text.
 bool FitsWindows1252(std::string_view utf8);
 
+/// True if the bytes are valid UTF-8.
+bool IsUtf8(std::string_view bytes);
+
+/// Returns where the character begins in `utf8` that `Windows1252FromUtf8` puts at `index`.
+std::size_t Utf8Offset(std::string_view utf8, std::size_t index);
+
 /// Returns the Unicode character of a windows-1252 byte. The five undefined bytes (0x81, 0x8D,
 /// 0x8F, 0x90, 0x9D) map to the control character of the same code, as in the platform's
 /// conversion.

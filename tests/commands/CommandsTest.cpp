@@ -38,6 +38,7 @@ class CommandPlayer : public test::SessionPlayer {
     ZV_Proc program({files, profile, turn, cliPrompts, socket, dde, tags,
                      [] { return LocalTime{2026, 11, 21, 8, 30, 59}; }});
     program.settings.ProgramPath = "/zek/";
+    program.settings.IniPath = "/ini/";
     turn.tick = [&program] { program.connection.Tick(); };
     Console console{program, cliPrompts, in, out, err};
     const auto ended = StartCommands(console);

@@ -275,8 +275,13 @@ TEST_F(ZV_MainTest, StartDialogConnectsOrIsRefused) {
   EXPECT_EQ(form_->GetStatusBar()->GetStatusText(0), "Skolan (SKOLA)");
   form_->Close();
   EXPECT_TRUE(PumpUntil([this] { return !form_; }));
-  Open("/DIALOG:NIX");
-  EXPECT_EQ(world_->prompts.shown, std::vector<std::string>{"i Ogiltig Topic 'NIX'!"});
+  for (const char* const unknown : {"/DIALOG:NIX", "/TOPIC:NIX", "/TAG:nix /TOPIC:SKOLA"}) {
+    Open(unknown);
+    EXPECT_EQ(world_->prompts.shown, std::vector<std::string>{"i Ogiltig Topic 'NIX'!"});
+    EXPECT_TRUE(form_->IsShown());
+    form_->Close();
+    EXPECT_TRUE(PumpUntil([this] { return !form_; }));
+  }
 }
 
 TEST_F(ZV_MainTest, StartTopicOpensTheBrowserAndItsEndTheProgram) {

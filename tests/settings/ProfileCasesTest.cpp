@@ -115,6 +115,7 @@ TEST_P(ProfileCases, Writes) {
       {"[s]\nk=1\n", "\"q\"", "q", {"k=\"q\""}},
       {"[s]\nk=1\n", "a=b ;c", "a=b ;c", {"k=a=b ;c"}},
       {"[s]\nk=1\n", "\xE5\x80\xFF", "\xE5\x80\xFF", {"k=\xE5\x80\xFF"}},
+      {"\xC3\xA4\n[s]\nk=1\n", "\xE5\x80\xFF", "\xE5\x80\xFF", {"k=\xE5\x80\xFF"}},
       {"[s]\nnoeq\nk\n[S]\nk=2\n", "v", "v", {"noeq", "k=v"}},
   };
   for (const auto& each : cases) {

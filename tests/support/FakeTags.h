@@ -27,7 +27,9 @@ class FakeTags final : public TagServer {
   bool echoes = false;
   std::string password;  // of the last log-on
 
-  bool Create() override { return true; }
+  bool exists = true;
+
+  bool Create() override { return exists; }
   std::int16_t Open(const std::string& computer, const std::string& user,
                     const std::string& given) override {
     password = given;

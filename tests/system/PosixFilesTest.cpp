@@ -6,6 +6,7 @@
 
 #include "support/TemporaryFolder.h"
 #include "system/DiskFiles.h"
+#include "system/Process.h"
 
 namespace zek {
 namespace {
@@ -27,6 +28,12 @@ TEST_F(PosixFilesTest, AReplacedFileKeepsItsPermissionsAndLinksHold) {
   EXPECT_TRUE(std::filesystem::is_symlink(folder + "link"));
   EXPECT_EQ(std::filesystem::status(folder + "secret").permissions(),
             perms::owner_read | perms::owner_write);
+}
+
+TEST_F(PosixFilesTest, SpellingsOfADirectoryHaveOneName) {
+  std::filesystem::create_directory_symlink(".", folder + "link");
+  EXPECT_EQ(CanonicalDirectory(folder + "link/./link"), CanonicalDirectory(folder));
+  EXPECT_EQ(CanonicalDirectory("nix"), "nix");
 }
 
 TEST_F(PosixFilesTest, APipeIsRefusedInsteadOfWaitedFor) {

@@ -1,5 +1,7 @@
 #include "forms/main/ZV_Main.h"
 
+#include <utility>
+
 #include <wx/utils.h>
 
 #include "app/StartSession.h"
@@ -121,6 +123,7 @@ void ZV_Main::FirstActivation() {
     FillTopics();
     Combo_Topics->SetFocus();
     ShowState();
+    CheckStartTopic();
     if (StartsWithBrowser()) {
       OpenBrowser();
       return;
@@ -132,6 +135,17 @@ void ZV_Main::FirstActivation() {
   info_->ShowWithoutActivating();
 }
 
+// An unknown name must not open the browser on another plant.
+void ZV_Main::CheckStartTopic() {
+  std::string& name = proc_.settings.StartTopic;
+  if (name.empty() || proc_.topics.Find(name) >= 0) return;
+  RefuseTopic(std::exchange(name, {}));
+}
+
+void ZV_Main::RefuseTopic(const std::string& name) {
+  proc_.prompts.Show(Icon::Information, Message(proc_.Text(text::kInvalidTopic), {name}));
+}
+
 void ZV_Main::StartDialog() {
   const std::string name = proc_.settings.StartDialog;
   const std::int16_t topic = proc_.topics.Find(name);
@@ -139,7 +153,7 @@ void ZV_Main::StartDialog() {
   if (topic >= 0) {
     Connect(topic);
   } else {
-    proc_.prompts.Show(Icon::Information, Message(proc_.Text(text::kInvalidTopic), {name}));
+    RefuseTopic(name);
   }
 }
 

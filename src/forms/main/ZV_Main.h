@@ -89,6 +89,8 @@ class ZV_Main final : public wxFrame {
   std::string AskLogFile(bool save);
   void SaveLog();
   void OpenLog();
+  void CheckStartTopic();
+  void RefuseTopic(const std::string& name);
   void StartDialog();
   void Unload();
 
