@@ -31,7 +31,7 @@ WeekdayTable FullTable() {
   return table;
 }
 
-LineOwner OwnerOf() { return {kName, Generation::Zek1, {}}; }
+LineOwner OwnerOf() { return {std::string(kName), Generation::Zek1, {}}; }
 
 Lines Build(const WeekdayTable& table) {
   BuiltLines built = BuildWeekday(table, OwnerOf(), {}, BuildStart::Afresh, '.');

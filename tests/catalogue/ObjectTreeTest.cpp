@@ -3,6 +3,7 @@
 #include "catalogue/CopyFormat.h"
 #include "catalogue/ObjectTree.h"
 #include "support/TestSession.h"
+#include "support/TextNames.h"
 
 namespace zek {
 namespace {
@@ -49,6 +50,24 @@ TEST(ObjectTree, ACutSectionIsToldAndUsed) {
   session.Load("");
   EXPECT_EQ(session.prompts.shown.back(), "i T412 A T413 2046 T414");
   EXPECT_GT(session.proc.tree.size(), 50U);
+}
+
+TEST(ObjectTree, TellsWhatCannotBeToldApart) {
+  test::TestSession session;
+  session.files.files["/ini/ZEKView.INI"] =
+      "[Topics]\nA=YES,1,PC,School\nB=YES,2,PC,SCHOOL\nC=YES,2,PC,Hall\n"
+      "[A]\nplt=x\nPLT1=x\nplt1=x\nPLT10=x\nAHU1=x\n"
+      "[B]\nplt=x\nplt10=x\nt1=x\n[C]\nsdc=x\nt*=x\nt?=x\nt_=x\n";
+  session.Load("");
+  session.proc.texts = test::NamedTexts("");
+  session.prompts.shown.clear();
+  BuildObjectTree(session.proc.topics, session.profile, session.proc.texts, session.prompts);
+  std::string shown;
+  for (const std::string& message : session.prompts.shown) shown += test::Filled(message) + "\n";
+  EXPECT_EQ(shown,
+            "x kBlockShared A PLT, PLT10\n"
+            "x kFilesShared\nA, B: PC SCHOOL SDC.TXT\nC, C/SDC: PC Hall SDC.TXT\n"
+            "C/T*, C/T?: PC Hall T_.TXT\nC/T*, C/T_: PC Hall T_.TXT\n");
 }
 
 TEST(LocalFiles, NamesStayInTheirDirectory) {

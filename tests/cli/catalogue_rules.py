@@ -88,6 +88,11 @@ def format_time(minutes):
     return f"{minutes // 60:02}:{minutes % 60:02}"
 
 
+def without(lines, own):
+    """Equal lines have one owner."""
+    return [line for line in lines if line not in own]
+
+
 def is_plt(name):
     return name.upper().startswith("PLT")
 
@@ -103,12 +108,21 @@ def first_line_number(name):
     return int(digits.group()) * 100 + 1 if digits and int(digits.group()) > 0 else 0
 
 
-def free_number(number, lines):
-    """One pass in the order of the lines, so a number further up may come out again."""
-    for line in lines:
-        if val(line[:6]) == number:
-            number += 1
-    return number
+def line_number(line):
+    return round(max(-1e6, min(1e6, val(line[:6]))))
+
+
+def numbers_from(number, others):
+    """Rising numbers that none of the other lines has."""
+    taken = {line_number(line) for line in others}
+    while True:
+        if number not in taken:
+            yield number
+        number += 1
+
+
+def is_blank(line):
+    return line.strip(" ") == ""
 
 
 def fitting_number(number, width):
@@ -121,6 +135,14 @@ def append(lines, line):
     if len(lines) == LINES:
         raise CannotBuild
     lines.append(line)
+
+
+class Control(NamedTuple):
+    """A time control; on a ZEK1 with the names of all "PLT" controls of its object."""
+
+    name: str
+    new: bool
+    plt_names: list
 
 
 # Weekday catalogue
@@ -172,18 +194,50 @@ def weekday_row(line, plt):
     return Row(weekday_time(time, 1), stop, start_value, stop_value)
 
 
+def has_name(line):
+    """Its first "!" is not beyond the column before the names."""
+    return 0 <= line.find("!") <= 6
+
+
+def block_of(name):
+    return first_line_number(name) // 100 or 10
+
+
+def nameless_of(lines, name, plt_names):
+    """The lines without a name that are this "PLT" control's, among those without any name."""
+    def within(line, names):
+        return int(line_number(line) / 100) in [block_of(each) for each in names]
+
+    if len(set(plt_names)) == 1 and not any(within(line, plt_names) for line in lines):
+        return lines
+    return [line for line in lines if within(line, [name])]
+
+
+def own_weekday_lines(lines, control):
+    lines = [line for line in lines if not is_blank(line)]
+    if control.new:
+        return lines
+    own = [x for x in lines if has_name(x) and trimmed_field(x, 1) == name_in_lines(control.name)]
+    if is_plt(control.name):
+        own += nameless_of([x for x in lines if not has_name(x)], control.name, control.plt_names)
+    return [line for line in lines if line in own]
+
+
 def read_weekday(own, plt):
     """The rows of the 14 days, and whether every line found its place."""
-    table = [[] for _ in DAY_KEYS]
+    table, whole = [[] for _ in DAY_KEYS], True
     for line in own:
         days = days_of((columns(field(line, 0), 7) if plt else field(line, 2)).strip(" "))
-        complete = line.count("!") >= (2 if plt else 5)
-        if days is None or not complete or any(
-                len(table[day]) == WEEKDAY_ROWS for day in days):
+        if days is None:
+            return table, False
+        if line.count("!") < (2 if plt else 5):
+            whole = False
+            continue
+        if any(len(table[day]) == WEEKDAY_ROWS for day in days):
             return table, False
         for day in days:
             table[day].append(weekday_row(line, plt))
-    return table, True
+    return table, whole
 
 
 def groups(table, days):
@@ -200,9 +254,11 @@ def groups(table, days):
             first = day + 1
 
 
-def weekday_line(number, name, group):
+def weekday_line(number, control, group):
     first, last, row = group
-    plt = is_plt(name)
+    name, plt = control.name, is_plt(control.name)
+    if plt and not control.new and number // 100 != block_of(name):
+        raise CannotBuild
     days = DAY_KEYS[first] + (".." + DAY_KEYS[last] if last != first else "")
     times = format_time(row.start) + (".." + format_time(row.stop) if row.stop != -1 else "")
     value = format_value(row.start_value)
@@ -216,24 +272,25 @@ def weekday_line(number, name, group):
     return f"{line}!{value:<9}!{format_optional_value(row.stop_value)}"
 
 
-def build_weekday(table, name, number):
+def build_weekday(table, control, numbers):
     lines = []
     for days in (range(0, 7), range(7, 14)):
         for group in groups(table, days):
-            number = free_number(number, lines)
-            append(lines, weekday_line(number, name, group))
+            append(lines, weekday_line(next(numbers), control, group))
     return lines
 
 
-def weekday(lines, name):
-    plt = is_plt(name)
-    own = [x for x in lines if plt or trimmed_field(x, 1) == name_in_lines(name)]
-    number = first_line_number(name)
-    if number == 0 and not plt and own:
-        number = round(val(own[0][:6]))
-    table, whole = read_weekday(own, plt)
+def weekday(lines, control):
+    plt = is_plt(control.name)
+    own = own_weekday_lines(lines, control)
+    named = [x for x in own if plt or trimmed_field(x, 1) == name_in_lines(control.name)]
+    number = first_line_number(control.name)
+    if not plt and named:
+        number = line_number(named[0])
+    table, whole = read_weekday(named, plt)
+    numbers = numbers_from(number or 1000, without(lines, own))
     try:
-        return Rebuilt(build_weekday(table, name, number or 1000), not whole)
+        return Rebuilt(build_weekday(table, control, numbers), not whole or len(named) < len(own))
     except CannotBuild:
         return Rebuilt(None, True)
 
@@ -274,11 +331,14 @@ def calendar_run(text, rule):
     return (first, last) if first and last and first <= last else None
 
 
+def is_plt_calendar_line(line):
+    return columns(field(line, 0), 7).strip(" ") != "" and columns(line, 6, 6) == " "
+
+
 def calendar_entry(line, rule):
     """The run of dates and the day type of a line, None when it is not read."""
-    beyond_number = columns(field(line, 0), 7).strip(" ")
-    plt = beyond_number != "" and columns(line, 6, 6) == " "
-    dates = beyond_number if plt else trimmed_field(line, 1)
+    plt = is_plt_calendar_line(line)
+    dates = columns(field(line, 0), 7).strip(" ") if plt else trimmed_field(line, 1)
     day_type = (trimmed_field(line, 1 if plt else 2) + " ")[:3].strip(" ")
     run = None if "*" in dates else calendar_run(dates, rule)
     return (run, day_type) if run and day_type in DAY_KEYS else None
@@ -321,11 +381,13 @@ def calendar_line(number, plt, run, rule):
 
 def calendar(lines, name, rule):
     entries, lost = read_calendar(lines, rule)
-    number, built = first_line_number(name) or 1000, []
+    plt, number, built = is_plt(name), first_line_number(name) or 1000, []
+    numbered = [line for line in lines if line_number(line) > 0]
+    if numbered:
+        plt, number = is_plt_calendar_line(numbered[0]), line_number(numbered[0])
     try:
-        for run in calendar_runs(entries):
-            number = free_number(number, built)
-            append(built, calendar_line(number, is_plt(name), run, rule))
+        for offset, run in enumerate(calendar_runs(entries)):
+            append(built, calendar_line(number + offset, plt, run, rule))
     except CannotBuild:
         return Rebuilt(None, True)
     return Rebuilt(built, lost)
@@ -372,8 +434,8 @@ def time_minutes(text):
 
 
 def has_stop(text, first):
-    """Whether ".." stands in this column; nothing else may."""
-    if columns(text, first).strip(" ") and columns(text, first, first + 1) != "..":
+    """Whether ".." stands in this column; nothing else may, except blanks and stars."""
+    if columns(text, first).strip(" *") and columns(text, first, first + 1) != "..":
         raise NoException
     return columns(text, first, first + 1) == ".."
 
@@ -391,7 +453,7 @@ def old_exception(line):
     stop = 0
     if has_stop(text, 16):
         stop = old_moment(columns(text, 18))
-        if columns(text, 33).strip(" "):
+        if columns(text, 33).strip(" *"):
             raise NoException
     return Exceptional(old_moment(text), stop, parse_optional_value(field(line, 3)),
                        parse_optional_value(field(line, 4)))
@@ -407,7 +469,7 @@ def new_exception(line):
     stop = min(time_minutes(columns(times, 8)), DAY)
     if has_stop(dates, 12):
         second = columns(dates, 14)
-        if columns(second, 12).strip(" "):
+        if columns(second, 12).strip(" *"):
             raise NoException
         stop = time_minutes(columns(times, 8))
         stop += date_minutes(second, round(val(columns(second, 8, 11))))
@@ -419,25 +481,20 @@ def is_skipped_for_star(line):
     return "*" in line and (line.index("*") + 1) % 8 != 0
 
 
-def is_own_exception(line, name, new):
-    return new or trimmed_field(line, 1) == name_in_lines(name)
-
-
-def read_exceptions(lines, name, new):
-    """The rows in the order in which they are saved, the first line number, something lost."""
-    rows, number, lost = [], 0, False
-    for line in lines:
-        if is_skipped_for_star(line) or not is_own_exception(line, name, new):
-            lost = lost or "*" in line
+def read_exceptions(own, new):
+    """The rows in the order in which they are saved, and whether something was lost."""
+    rows, lost = [], False
+    for line in own:
+        if is_skipped_for_star(line):
+            lost = True
             continue
         if len(rows) == EXCEPTION_ROWS:
-            return rows, number, True
-        number = number or round(val(line[:6]))
+            return rows, True
         try:
             rows.append(new_exception(line) if new else old_exception(line))
         except NoException:
             lost = True
-    return sorted(rows, key=lambda row: -row.start), number, lost
+    return sorted(rows, key=lambda row: -row.start), lost
 
 
 def date_of(minutes, new):
@@ -480,22 +537,27 @@ def old_exception_line(number, name, row):
     return pad_or_cut(line, 59) + exception_values(row, 9)
 
 
-def build_exceptions(rows, name, new, number, kept):
+def build_exceptions(rows, control, numbers, kept):
     built = list(kept)
     for row in rows:
-        number = free_number(number, built)
-        append(built, new_exception_line(number, row) if new
-               else old_exception_line(number, name, row))
+        append(built, new_exception_line(next(numbers), row) if control.new
+               else old_exception_line(next(numbers), control.name, row))
     return built
 
 
-def exceptions(lines, name, new, numbers):
-    rows, number, lost = read_exceptions(lines, name, new)
+def exceptions(lines, control, rule):
+    name = control.name
+    own = [x for x in lines if not is_blank(x)
+           and (control.new or trimmed_field(x, 1) == name_in_lines(name))]
+    others = without(lines, own)
+    rows, lost = read_exceptions(own, control.new)
+    old = [line_number(x) for x in own if not is_skipped_for_star(x) and line_number(x) > 0]
+    number = old[0] if old else 0
     if is_plt(name):
-        number = round(val(name[3:])) * numbers.multiply + numbers.start
-    kept = [] if new else [x for x in lines
-                           if "*" not in x and not is_own_exception(x, name, False)]
+        number = round(val(name[3:])) * rule.multiply + rule.start
+    kept = [x for x in others if "*" not in x and not is_blank(x)]
     try:
-        return Rebuilt(build_exceptions(rows, name, new, number or numbers.start, kept), lost)
+        numbers = numbers_from(number or rule.start, others)
+        return Rebuilt(build_exceptions(rows, control, numbers, kept), lost)
     except CannotBuild:
         return Rebuilt(None, True)

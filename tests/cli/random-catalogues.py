@@ -24,7 +24,7 @@ import random_lines
 
 KINDS = ["wdc", "sdc", "ovc"]
 ORDINARY_NAMES = ["AHU1", "KYLA GÅRDEN", "LONGERTHANTWELVE"]
-PLT_NAMES = ["PLT1", "PLT7", "PLT12X", "PLT", "PLT99"]
+PLT_NAMES = ["PLT1", "PLT7", "PLT12X", "PLT", "PLT10", "PLT99"]
 TOO_LARGE_NAMES = ["PLT100", "PLT400"]  # their line numbers do not fit everywhere
 DEFAULT_ROWS = {"SaveOptionsZEK1": rules.RowNumbers(1, 100),
                 "SaveOptionsZEK2": rules.RowNumbers(1, 0)}
@@ -39,6 +39,7 @@ class Settings(NamedTuple):
 
     years: tuple = (93, 2099)  # the last two-digit and the last four-digit year
     rows: dict = {}  # by section: the RowNumbers of exceptions
+    plt_names: list = PLT_NAMES
 
     def text(self):
         lines = ["[General]", "Language=046", "DisconnectTime=300", "GetTSCTimeout=5"]
@@ -48,7 +49,7 @@ class Settings(NamedTuple):
                   "NEW=YES,ZEK2,127.0.0.1:1:3,New plant"]
         for topic in ("OLD", "NEW"):
             lines += [f"[{topic}]", *(f"{name}=Plant/Unit/{name};1" for name in
-                                      ORDINARY_NAMES + PLT_NAMES + TOO_LARGE_NAMES)]
+                                      ORDINARY_NAMES + self.plt_names)]
         for section, numbers in self.rows.items():
             lines += [f"[{section}]", f"OVCStartRow={numbers.start}",
                       f"OVCMultiplyPLT={numbers.multiply}"]
@@ -84,31 +85,32 @@ class Case(NamedTuple):
         return ("NEW/" if self.new else "OLD/") + self.name
 
     def expected(self):
+        control = rules.Control(self.name, self.new, self.settings.plt_names)
         if self.kind == "wdc":
-            return rules.weekday(self.lines, self.name)
+            return rules.weekday(self.lines, control)
         if self.kind == "sdc":
             year_rule = rules.YearRule(self.new, self.settings.years[self.new])
             return rules.calendar(self.lines, self.name, year_rule)
         section = "SaveOptionsZEK2" if self.new else "SaveOptionsZEK1"
         numbers = self.settings.rows.get(section, DEFAULT_ROWS[section])
-        return rules.exceptions(self.lines, self.name, self.new, numbers)
+        return rules.exceptions(self.lines, control, numbers)
 
 
-def random_settings(rng):
+def random_settings(rng, name):
     years = (20, 2030) if rng.random() < 0.2 else (93, 2099)
-    if rng.random() < 0.7:
-        return Settings(years)
-    return Settings(years, {section: rules.RowNumbers(rng.choice([1, 5, 1000]),
-                                                      rng.choice([0, 10, 100]))
-                            for section in DEFAULT_ROWS})
+    rows = {section: rules.RowNumbers(rng.choice([1, 5, 1000]), rng.choice([0, 10, 100]))
+            for section in DEFAULT_ROWS} if rng.random() < 0.3 else {}
+    plt_names = rng.sample(PLT_NAMES, rng.choice([0, 1, 2, len(PLT_NAMES)]))
+    return Settings(years, rows, sorted({*plt_names, *([name] if rules.is_plt(name) else [])}))
 
 
 def random_case(rng, kind):
-    new, settings = rng.random() < 0.5, random_settings(rng)
+    new = rng.random() < 0.5
     name = rng.choice(TOO_LARGE_NAMES if rng.random() < 0.05 else
                       ORDINARY_NAMES if rng.random() < 0.5 else PLT_NAMES)
+    settings = random_settings(rng, name)
     if kind == "wdc":
-        lines = random_lines.weekday_catalogue(rng, name, new)
+        lines = random_lines.weekday_catalogue(rng, name, new, settings.plt_names)
     elif kind == "sdc":
         last_year = settings.years[1] if new else 2000 + settings.years[0]
         lines = random_lines.calendar_catalogue(rng, name, new, last_year)
@@ -127,7 +129,7 @@ def check_case(program, case, file_lines):
     difference = difflib.unified_diff(expected.lines or [], got, "by the rules", "by the program",
                                       lineterm="")
     raise Mismatch("\n".join(
-        [f"{case.kind} {case.node}, years {case.settings.years}, rows {case.settings.rows}",
+        [f"{case.kind} {case.node}, {case.settings}",
          *file_lines, "", *difference,
          f"exit status {result.returncode}, by the rules {expected.status}",
          result.stderr.decode(errors="replace")]))

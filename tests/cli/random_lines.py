@@ -6,12 +6,12 @@ Every function draws from the random.Random it is given, so a seed gives the sam
 import calendar
 import datetime
 
-from catalogue_rules import (DAY_KEYS, LINES, ONE_DAY, SPECIAL_DAYS, WEEKDAYS, date_text, is_plt,
-                             pad_or_cut)
+from catalogue_rules import (DAY_KEYS, LINES, ONE_DAY, SPECIAL_DAYS, WEEKDAYS, block_of, date_text,
+                             is_plt, pad_or_cut)
 
 VALUES = "0 1 1 21 20.5 17,25 -5 0.1 1E3 999999 .5 +3 x".split()
 LONG_VALUES = "1234567 12345678 -12345.678 0.00012345 3.1415926 1E12".split()
-OTHER_NAMES = ["OTHER", "AHU", "ahu1", "AHU11", "", "PLT9"]
+OTHER_NAMES = ["OTHER", "AHU", "ahu1", "AHU11", ""]
 ODD_NUMBERS = ["", "0", "abc", "12.5", "1E3", "99999", "1234567"]
 BAD_DAYS = ("XX||mo|SD0|SD8|SD|M|MO..|MO..XX|FR..MO|SD3..SD1|SU..SD1|SD1..MO|SD1..SD9|MOTU|MO TU|"
             "TU-WE").split("|")
@@ -106,32 +106,37 @@ class Dice:
         """As many lines as one of the counts says, rarely all that there can be; some twice."""
         count = self.rng.choice(counts) if self.chance(0.98) else LINES
         lines = [self.spoiled(line()) for _ in range(count)]
+        if self.chance(0.2):
+            self.rng.shuffle(lines)
         return (lines * 2 if self.chance(0.1) else lines)[:LINES]
 
 
 COUNTS = [0, 1, 3, 6, 12, 12, 20, 20, 30]
 
 
-def weekday_line(dice, name, days=None):
+def weekday_line(dice, name, days=None, own_block=0.0):
+    """With that probability the number of a "PLT" line is one of its control."""
     days = days or dice.either(dice.bad * 0.2, BAD_DAYS, dice.days)
     times = dice.either(dice.bad, BAD_TIMES, dice.times)
     if is_plt(name):
-        line = pad_or_cut(f" {dice.number():<4} {days}", 31)
+        block = block_of(name) * 100
+        number = dice.either(own_block, range(block, block + 100), dice.number)
+        line = pad_or_cut(f" {number:<4} {days}", 31)
         return pad_or_cut(f"{line}!{times}", 45) + f"!{dice.value():<6}"
     line = pad_or_cut(f"{dice.number():>5} !{name:<12.12}!{days}", 33)
     return pad_or_cut(f"{line}!{times}", 59) + f"!{dice.value():<9}!{dice.optional_value()}"
 
 
-def weekday_catalogue(rng, name, new):
+def weekday_catalogue(rng, name, new, plt_names):
     dice = Dice(rng, 1)
     if dice.chance(0.01):
         # A few lines that become more than a catalogue can have, since neighbouring days differ.
         dice.bad = 0
         return [weekday_line(dice, name, days) for days in
                 "TU TH SA SD2 SD4 SD6".split() + ["MO..SU", "SD1..SD7"] * 15]
-    mixed = 0 if new or (is_plt(name) and dice.chance(0.9)) else 0.3
+    mixed, own_block = 0 if new else 0.5, rng.choice([0, 0.9, 1])
     lines = dice.catalogue(COUNTS, lambda: weekday_line(
-        dice, dice.either(mixed, OTHER_NAMES, lambda: name)))
+        dice, dice.either(mixed, OTHER_NAMES + 2 * plt_names, lambda: name), None, own_block))
     if dice.chance(0.05):  # more rows than a day holds
         lines += [weekday_line(dice, name) for _ in range(17)]
     return lines[:LINES]
@@ -184,7 +189,7 @@ def exception_line(dice, name, new):
 def exception_catalogue(rng, name, new):
     dice = Dice(rng, 0.3)
     lines = dice.catalogue([0, 1, 2, 4, 7, 8, 8, 9, 10, 12], lambda: exception_line(
-        dice, dice.either(0 if new else 0.4, OTHER_NAMES, lambda: name), new))
+        dice, dice.either(0 if new else 0.4, [*OTHER_NAMES, "PLT9"], lambda: name), new))
     if lines and dice.chance(0.01):  # a year that no line holds
         lines[-1] = (f"{dice.number():<5} {rng.choice(NO_YEAR_NEW)}" if new
                      else f"{dice.number():>5} !{name:<12.12}!{rng.choice(NO_YEAR_OLD)}")

@@ -42,6 +42,10 @@ std::string Outcome(const test::FormatCase& given) {
   const auto built = [&](const ExceptionTable& table) {
     return test::BuiltText(BuildExceptions(table, owner, given.lines, options, '.'), given.lines);
   };
+  if (given.Has("number")) {
+    const Lines own = SplitExceptions(given.lines, owner).own;
+    return test::BuiltText(NumberExceptions(own, given.lines, owner, options), given.lines);
+  }
   if (given.Has("another")) return built(OneRow());
   const ExceptionReading reading = ReadExceptions(given.lines, owner);
   std::string text = Dump(reading.table);

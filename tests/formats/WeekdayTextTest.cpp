@@ -39,9 +39,15 @@ std::string Dump(const WeekdayTable& table) {
 std::string Outcome(const test::FormatCase& given) {
   const LineOwner owner = given.Owner();
   const WeekdayReading reading = ReadWeekday(given.lines, owner);
-  std::string text = Dump(reading.table);
-  for (const RefusedLine& refused : reading.refused)
-    text += "refused " + test::TextName(refused.text) + " " + refused.line + "\n";
+  if (given.Has("number")) {
+    const Lines own = SplitWeekday(given.lines, owner).own;
+    return test::BuiltText(NumberWeekday(own, given.lines, owner), given.lines);
+  }
+  std::string text = (SharesBlock(owner) ? "shares its block\n" : "") + Dump(reading.table);
+  for (const RefusedLine& refused : reading.refused) {
+    text += "refused " + test::TextName(refused.text) + " " + refused.line;
+    text += refused.lines > 1 ? " and others: " + std::to_string(refused.lines - 1) + "\n" : "\n";
+  }
   if (reading.linesLost > 0) text += "lost " + std::to_string(reading.linesLost) + "\n";
   if (given.Has("read")) return text;
   const auto start = given.Has("from buffer") ? BuildStart::FromBuffer : BuildStart::Afresh;
@@ -51,21 +57,23 @@ std::string Outcome(const test::FormatCase& given) {
 
 TEST(WeekdayText, Cases) { test::CheckFormat("weekday.txt", Outcome); }
 
-TEST(WeekdayText, HoldsAtMost201Lines) {
+TEST(WeekdayText, RefusesWhatNoCatalogueHolds) {
   WeekdayTable table;
-  std::int16_t lines = 0;
-  const auto add = [&table, &lines] {  // all rows differ
-    const auto place = static_cast<std::size_t>(lines);
-    table.days.at(place % kWeekdayDays).at(place / kWeekdayDays).start = lines++;
+  const auto built = [&table](std::int16_t lines, const char* name) {
+    table = {};
+    for (std::int16_t line = 0; line < lines; ++line) {  // all rows differ
+      const auto place = static_cast<std::size_t>(line);
+      table.days.at(place % kWeekdayDays).at(place / kWeekdayDays).start = line;
+    }
+    const LineOwner owner{name, Generation::Zek1, {}};
+    return test::BuiltText(BuildWeekday(table, owner, {}, BuildStart::Afresh, '.'), {});
   };
-  const auto built = [&table] {
-    return test::BuiltText(
-        BuildWeekday(table, {"T", Generation::Zek1, {}}, {}, BuildStart::Afresh, '.'), {});
-  };
-  while (lines < static_cast<int>(kMaxCatalogueLines)) add();
-  EXPECT_EQ(built(), "201 lines\n");
-  add();
-  EXPECT_EQ(built(), "error kCatalogueFull 201 SD7 03:15\n");
+  EXPECT_EQ(built(kMaxCatalogueLines, "T"), "201 lines\n");
+  EXPECT_EQ(built(kMaxCatalogueLines + 1, "T"), "error kCatalogueFull 201 SD7 03:15\n");
+  EXPECT_EQ(built(99, "PLT7"), "99 lines\n");
+  EXPECT_EQ(built(100, "PLT7"), "error kLineNumberBeyondBlock 800 PLT7 799\n");
+  EXPECT_EQ(built(100, "PLT"), "100 lines\n");
+  EXPECT_EQ(built(101, "PLT"), "error kLineNumberBeyondBlock 1100 PLT 1099\n");
 }
 
 TEST(WeekdayRecords, WritesRowsWithACell) {
