@@ -13,32 +13,38 @@
 namespace zek::cli {
 namespace {
 
+// An option of a command; null: none.
+struct CommandFlag {
+  const char* name = nullptr;
+  bool Arguments::*value = nullptr;
+};
+
 struct CommandShape {
   const char* name;
   const char* operands;  // in brackets: optional; with "...": up to three values
-  const char* flag;      // the command's option, or null
-  bool Arguments::*flagValue;
+  std::array<CommandFlag, 2> flags;
   const char* description;
 };
 
 constexpr auto kCommands = std::to_array<CommandShape>({
-    {"topics", "", nullptr, nullptr, "the topic table"},
-    {"objects", "", nullptr, nullptr, "the objects and their time controls"},
-    {"send", "TOPIC TEXT", nullptr, nullptr, "send one command, print the reply"},
-    {"get", "KIND NODE", "--local", &Arguments::local,
+    {"topics", "", {}, "the topic table"},
+    {"objects", "", {}, "the objects and their time controls"},
+    {"send", "TOPIC TEXT", {}, "send one command, print the reply"},
+    {"get", "KIND NODE", {{{"--local", &Arguments::local}}},
      "fetch a catalogue, keep its local copy, print it;\n"
      "--local prints the local copy instead"},
-    {"put", "KIND NODE FILE", "--no-send", &Arguments::noSend,
+    {"put", "KIND NODE FILE", {{{"--no-send", &Arguments::noSend}, {"--dry-run", &Arguments::dryRun}}},
      "store a catalogue locally and send it;\n"
-     "--no-send only stores it"},
-    {"check", "KIND NODE FILE", "--rebuild", &Arguments::rebuild,
+     "--no-send only stores it;\n"
+     "--dry-run prints what would change and exits with 3"},
+    {"check", "KIND NODE FILE", {{{"--rebuild", &Arguments::rebuild}}},
      "read a catalogue and print its table;\n"
      "--rebuild prints the lines that would be sent"},
-    {"export", "[KIND...]", "--local", &Arguments::local,
+    {"export", "[KIND...]", {{{"--local", &Arguments::local}}},
      "fetch the catalogues of all time controls (without\n"
      "KIND: all kinds) into files in DIR/Batch;\n"
      "--local exports the local copies instead"},
-    {"history", "KIND NODE [ACTION] [ID]", nullptr, nullptr,
+    {"history", "KIND NODE [ACTION] [ID]", {},
      "the earlier local copies of a catalogue, by ID;\n"
      "compare ID: print how copy ID and the local copy differ;\n"
      "restore ID: make copy ID the local copy, send nothing"},
@@ -58,7 +64,8 @@ constexpr const char* kNotes =
     "KIND is wdc, sdc or ovc; NODE is TOPIC or TOPIC/TSC; FILE may be - for standard input.\n"
     "Write -- before an operand that begins with a hyphen.\n"
     "\n"
-    "exit status: 0 done, 1 failed or a line was refused, 2 wrong usage or unknown name";
+    "exit status: 0 done, 1 failed or a line was refused, 2 wrong usage or unknown name,\n"
+    "3 a dry run found changes";
 
 // Lists each command with its operands and its option.
 class CommandList : public CLI::Formatter {
@@ -102,7 +109,8 @@ void AddCommand(CLI::App& program, const CommandShape& shape, Arguments& parsed)
   command.callback([&parsed, &shape] { parsed.command = shape.name; });
   std::istringstream operands(shape.operands);
   for (std::string name; operands >> name;) AddOperand(command, name, parsed);
-  if (shape.flag != nullptr) command.add_flag(shape.flag, parsed.*shape.flagValue);
+  for (const CommandFlag& flag : shape.flags)
+    if (flag.name != nullptr) command.add_flag(flag.name, parsed.*flag.value);
 }
 
 }  // namespace

@@ -110,7 +110,6 @@ void PrintCatalogue(std::ostream& out, const CatalogueId& id, const CatalogueCon
 
 ExitStatus Get(Console& console, const CatalogueId& id, bool local) {
   ZV_Proc& proc = console.proc;
-  proc.settings.LocalMode = proc.settings.LocalMode || local;  // also without a copy: no controller
   const CopyUse use = local ? CopyUse::Take : CopyUse::AsSet;
   const std::optional<CatalogueContent> content = proc.catalogues.GetCatalogue(id, use);
   if (!content) return kFailed;

@@ -9,8 +9,8 @@ namespace {
 
 // A ZEK1 that keeps lines by their number, as far as its faults let it.
 //   stored LINE               it has this line; swallow LINE: it does not take this one, or any
-//   at-list mute              what happens when it is asked for the catalogue: "mute", "hangup",
-//                             or another command; "at-list" ends that
+//   at-list mute              what happens when it is asked for the catalogue after a write: "mute",
+//                             "hangup", or another command; "at-list" ends that
 //   send                      saves the lines with yes, and forgets them
 //   forget                    what was read is no longer known
 class StorePlayer : public test::SessionPlayer {
@@ -47,17 +47,20 @@ class StorePlayer : public test::SessionPlayer {
     commands.emplace_back(command);
     if (command.size() > 5 && command[0] == ' ' && command != swallowed_)
       stored_[std::stoi(std::string(command))] = command;
+    written_ = written_ || command == ".WDC";
     if (command != "LIST WDC") return;
     std::string listing = "WDC\r\n";
     for (const auto& [number, line] : stored_) listing += line + "\r\n";
-    Play(atList_);
-    if (atList_ != "mute" && atList_ != "cancel 0" && atList_ != "quit 0")
+    const std::string fault = std::exchange(written_, false) ? atList_ : "";
+    Play(fault);
+    if (fault != "mute" && fault != "cancel 0" && fault != "quit 0")
       Reply(listing + "EXIT\r\n", 50);
   }
 
   std::map<int, std::string> stored_;
   std::string swallowed_;
   std::string atList_;
+  bool written_ = false;
 };
 
 TEST(SendAndVerify, Cases) {
