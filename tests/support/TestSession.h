@@ -34,7 +34,7 @@ class TestSession {
     proc.settings.ProgramPath = "/zek/";
     proc.settings.IniPath = "/ini/";
     std::string language;
-    for (int number = 0; number < 800; ++number) {
+    for (int number = 0; number < 900; ++number) {
       language += std::to_string(number) + "=T" + std::to_string(number) + "\r\n";
     }
     proc.texts.Read(language);
