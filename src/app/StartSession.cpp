@@ -34,7 +34,7 @@ std::optional<ExitStatus> StartSession(ZV_Proc& proc, const StartOptions& option
   if (!LoadSettings(proc.settings, options.switches, proc.profile, proc.texts, proc.prompts)) {
     return kFailed;
   }
-  if (proc.settings.TagMode && !proc.tags.Create()) {
+  if (options.contacts && proc.settings.TagMode && !proc.tags.Create()) {
     proc.ToUser().Tell(Icon::None, text::kNoTagObject);
     return kFailed;
   }
