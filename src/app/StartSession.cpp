@@ -63,7 +63,7 @@ std::optional<ExitStatus> StartSession(ZV_Proc& proc, const StartOptions& option
   if (!LoadSettings(proc.settings, options.switches, proc.profile, proc.texts, proc.prompts)) {
     return kFailed;
   }
-  if (proc.settings.TagMode && !CreateTagObject(proc)) return kFailed;
+  if (options.contacts && proc.settings.TagMode && !CreateTagObject(proc)) return kFailed;
   return std::nullopt;
 }
 

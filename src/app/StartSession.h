@@ -14,6 +14,7 @@ enum ExitStatus : int { kDone = 0, kFailed = 1, kWrongUsage = 2, kWouldChange = 
 /// What differs between the programs when they start.
 struct StartOptions {
   std::string_view switches;  // the switches on the command line
+  bool contacts = true;       // false: no controller is contacted, so the tag object is not needed
   /// Called if the language in the settings is missing; returns true if it loaded a language.
   std::function<bool()> chooseLanguage = [] { return false; };
   /// Called once messages have a language; returns the exit status if the program must end.

@@ -53,7 +53,7 @@ class Fetching {
     x_.status.Dot();
     Pause(delays_.b);
     if (x_.waits.Stopped() || !IsConnected()) return FetchOutcome::Failed;
-    x_.transfer.Collect(id_.Kind().read);
+    x_.transfer.Collect(id_.Kind().read, id_.control);
     x_.connection.SendCommand(id_.ListCommand());
     x_.status.Dot();
     AwaitListing(settings_.GetTSCTimeoutTicks);

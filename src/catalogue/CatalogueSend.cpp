@@ -52,6 +52,10 @@ class Sending {
     // The reply to the last line can arrive this late, and it counts.
     sent = sent && x_.transfer.Kind != TransferKind::Idle && IsLinkWhole() &&
            x_.connection.AwaitAllSent();
+    // Else the controller would wait for the rest of the catalogue.
+    if (inCatalogue_ && x_.waits.Stopped() && x_.connection.CurrentTopic == id_.object) {
+      x_.connection.SendLast("EXIT");
+    }
     x_.connection.Disconnect();
     Pause("DelayH");
     x_.transfer.Kind = TransferKind::Idle;
@@ -80,13 +84,14 @@ class Sending {
     if (!Pause("DelayA") || !Send("EXIT")) return false;
     if (!Pause("DelayB") || !Send("EXIT")) return false;
     if (!Pause("DelayC")) return false;
-    x_.transfer.Kind = id_.Kind().write;
-    begun_ = true;
+    x_.transfer.Begin(id_.Kind().write, id_.control);
+    begun_ = inCatalogue_ = true;
     if (!Send(id_.SelectorCommand()) || !Pause("DelayD")) return false;
     x_.status.Dot();
     x_.countdowns.ReplyCountdown = parts_.settings.GetTSCTimeoutTicks;
     if (!SendLines() || !SendDfv()) return false;
     // "EXIT" ends the controller's input even after it refused a line.
+    inCatalogue_ = false;
     if (!Send("EXIT") || !Pause("DelayF")) return false;
     x_.status.Dot();
     return Pause("DelayF");
@@ -136,6 +141,7 @@ class Sending {
   const Exchange& x_;
   std::uint32_t faults_ = 0;  // link faults when this attempt connected
   SendReport report_;
+  bool inCatalogue_ = false;  // the controller waits for lines until "EXIT"
   bool begun_ = false;        // sending the catalogue began; the controller may have changed it
 };
 

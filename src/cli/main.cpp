@@ -86,11 +86,10 @@ class Application final : public wxAppConsole {
     tick.Begin();
     // `send` prints replies while it waits; progress would mix with them.
     const TerminalProgress progress(proc, arguments_.command != "send");
-    Console console{proc, prompts, std::cin, std::cout, std::cerr};
-    // A blocked program would ignore interrupts, so only `export`, which must finish its files,
-    // catches them.
-    if (arguments_.command == "export") CatchInterrupts();
-    const auto ended = StartCommands(console);
+    // Transfers and exports must end properly. Until then the program may block in its input, where
+    // it would ignore interrupts.
+    Console console{proc, prompts, std::cin, std::cout, std::cerr, CatchInterrupts};
+    const auto ended = StartCommands(console, arguments_.Contacts());
     const ExitStatus status = ended ? *ended : RunCommand(console, arguments_);
     if (std::cout.flush()) return status;
     std::cerr << "zekview-cli: standard output could not be written\n";

@@ -22,14 +22,40 @@ void Connection::Connect(std::int16_t index) {
   if (!Leave(attempt) || !attempt.IsLatest()) return;
   Topic& topic = p_.topics[index];
   p_.status.SetProgress(Text(text::kConnecting) + " " + topic.TopicName);
-  const ShowWaiting waiting(p_.status, Text(text::kWaitConnect));
+  connectWait_.emplace(p_.status, Text(text::kWaitConnect));
   CurrentAddress = topic.Address;
   PendingTopic = std::to_string(index);
+  connecting_ = index;
+  cause_.clear();
   reader_.Clear();
   dropReported_ = false;
-  CurrentLink().Open(topic, attempt);
-  if (attempt.IsLatest()) AwaitLinkUp(attempt);
+  CurrentLink().Open(topic, attempt, steps_);
   if (!attempt.IsLatest()) return;
+  steps_.Add(
+      kLinkUpSeconds,
+      [this] { return CurrentTopic >= 0 || CurrentLink().State() == LinkState::Closed; },
+      [this] { SettleConnect(); });
+  Await(attempt);
+}
+
+// Waits until all steps are taken.
+void Connection::Await(const Attempt& attempt) {
+  p_.waits.While([&] {
+    steps_.Take();
+    return steps_.AnyLeft() && attempt.IsLatest();
+  });
+  if (!attempt.IsLatest() || !steps_.AnyLeft()) return;
+  // The user has cancelled, or the program ends.
+  if (IsConnecting()) {
+    steps_.Clear();
+    SettleConnect();
+  }
+  steps_.TakeAll();
+}
+
+void Connection::SettleConnect() {
+  Topic& topic = p_.topics[std::exchange(connecting_, std::int16_t{-1})];
+  connectWait_.reset();
   if (CurrentTopic >= 0) {
     Succeeded(topic);
   } else {
@@ -37,27 +63,40 @@ void Connection::Connect(std::int16_t index) {
   }
 }
 
-void Connection::AwaitLinkUp(const Attempt& attempt) {
-  p_.WaitWhile(kLinkUpSeconds, [&] {
-    return CurrentTopic == -1 && attempt.IsLatest() && CurrentLink().State() != LinkState::Closed;
-  });
-}
-
 void Connection::Succeeded(const Topic& topic) {
   p_.transfer.Kind = TransferKind::Idle;
+  p_.transfer.Refusal.clear();
   p_.countdowns.IdleCountdown = p_.settings.DisconnectTicks;
   p_.status.Connection = topic.Description + " (" + topic.TopicName + ")";
   p_.status.SetProgress({});
   ReportFault();
 }
 
+// The message comes last, because it runs events.
 void Connection::Failed(Topic& topic) {
-  CurrentLink().Abandon(topic);
+  if (cause_.empty()) cause_ = CauseOfSilence();
+  CurrentLink().Abandon(topic, steps_);
   SettleDisconnected();
-  ReportFault();
-  if (p_.waits.Stopped()) return;
-  p_.messages.prompts.Show(Icon::Critical,
-                           Text(text::kConnectFailed) + " " + CurrentLink().Describe(topic));
+  steps_.After(0, [this, attempt = Attempt(attempts_), name = CurrentLink().Describe(topic),
+                   address = CurrentLink().Where(topic)] {
+    if (attempt.IsLatest() && !p_.waits.Stopped()) ReportFailed(name, address);
+  });
+}
+
+void Connection::ReportFailed(const std::string& name, const std::string& address) {
+  const std::string fault = CurrentLink().TakeFault();
+  if (cause_.empty() && !fault.empty()) cause_ = Fault(fault);
+  std::string message = Text(text::kConnectFailed) + " " + name;
+  if (!address.empty()) message += "\r\n" + p_.messages.Text(text::kConnectWhere, {address});
+  if (!cause_.empty()) message += "\r\n" + cause_;
+  p_.messages.prompts.Show(Icon::Critical, message);
+}
+
+std::string Connection::CauseOfSilence() const {
+  const LinkState state = CurrentLink().State();
+  if (state == LinkState::Opening) return Fault(Text(text::kNobodyAnswers));
+  if (state == LinkState::Connected) return Fault(Text(text::kLineNotOpened));
+  return {};
 }
 
 bool Connection::Disconnect() { return Leave(Begin()); }
@@ -67,16 +106,27 @@ bool Connection::Leave(const Attempt& attempt) {
     CurrentTopic = -1;
     return true;
   }
+  const bool isOpen = IsConnecting() || CurrentTopic >= 0;
+  if (IsConnecting()) steps_.Clear();
   if (CurrentTopic < 0) {
-    if (!PendingTopic.empty()) CurrentLink().Cancel();
-  } else if (!CurrentLink().Close(p_.topics[CurrentTopic], attempt)) {
+    if (IsConnecting()) CurrentLink().Abandon(p_.topics[connecting_], steps_);
+  } else if (CurrentLink().Close(p_.topics[CurrentTopic], steps_)) {
+    ++linkFaults_;  // an earlier operation may still use it
+  } else {
+    const std::string fault = CurrentLink().TakeFault();
     p_.transfer.Kind = TransferKind::Idle;
-    p_.messages.Tell(Icon::Critical, text::kDisconnectFailed);
-    ReportFault();
+    p_.messages.prompts.Show(Icon::Critical,
+                             p_.messages.Text(text::kDisconnectFailed,
+                                              {CurrentLink().Describe(p_.topics[CurrentTopic])}) +
+                                 (fault.empty() ? "" : "\r\n" + Fault(fault)));
     return false;
   }
-  if (attempt.IsLatest()) SettleDisconnected();
-  ReportFault();
+  connecting_ = -1;
+  connectWait_.reset();
+  SettleDisconnected();
+  const ShowWaiting waiting(p_.status, steps_.AnyLeft() ? Text(text::kWaitClose) : "");
+  Await(attempt);
+  if (isOpen) ReportFault();
   return true;
 }
 
@@ -92,8 +142,7 @@ void Connection::SettleDisconnected() {
 
 void Connection::ReportFault() {
   const std::string fault = CurrentLink().TakeFault();
-  if (fault.empty() || p_.waits.Stopped()) return;
-  p_.messages.Tell(Icon::Critical, CurrentLink().ErrorText(), {fault});
+  if (!fault.empty() && !p_.waits.Stopped()) OnLinkFault(fault);
 }
 
 bool Connection::IsLinkUp() const { return CurrentTopic >= 0 && CurrentLink().IsConnected(); }
@@ -129,6 +178,7 @@ void Connection::OnLinkUp() {
 
 void Connection::OnReplyLine(std::string_view line) {
   ReplyLine = line;
+  if (!line.empty()) awaited_.reset();
   if (p_.transfer.Kind != TransferKind::Idle && CurrentTopic >= 0) {
     p_.status.Dot();
     p_.transfer.TakeReplyLine(line, p_.countdowns, p_.settings.GetTSCTimeoutTicks);
@@ -141,28 +191,48 @@ void Connection::OnTextDropped() {
 }
 
 void Connection::OnLinkClosed() {
-  // A waiting connect and a transfer report it themselves.
-  const bool reportedElsewhere = CurrentTopic < 0 || p_.status.Busy > 0;
-  const std::string name = CurrentTopic < 0 ? std::string() : p_.topics[CurrentTopic].TopicName;
+  // A transfer reports it itself.
+  const bool reportedElsewhere = IsConnecting() || p_.status.Busy > 0 || CurrentTopic < 0;
+  const std::string name = reportedElsewhere ? "" : p_.topics[CurrentTopic].TopicName;
+  if (IsConnecting()) cause_ = Fault(Text(text::kServerClosed));
   LinkLost();
   if (!reportedElsewhere) p_.messages.Tell(Icon::Exclamation, text::kLinkLost, {name});
 }
 
 void Connection::OnLinkError(const LinkFault& fault) {
-  LinkLost();
   const std::string reason =
       fault.textNumber != 0 ? Text(fault.textNumber) : Windows1252FromUtf8(fault.systemMessage);
-  p_.messages.Tell(Icon::Critical, CurrentLink().ErrorText(), {reason});
+  const std::int16_t topic = CurrentTopic;
+  if (IsConnecting()) {
+    cause_ = Fault(reason);
+    LinkLost();
+  } else {
+    LinkLost();
+    ReportLinkFault(topic, reason);
+  }
 }
 
+void Connection::OnLinkFault(const std::string& reason) { ReportLinkFault(CurrentTopic, reason); }
+
+void Connection::ReportLinkFault(std::int16_t topic, const std::string& reason) {
+  std::string message = Fault(reason);
+  if (p_.topics.Has(topic)) message += "\r\n" + CurrentLink().Describe(p_.topics[topic]);
+  p_.messages.prompts.Show(Icon::Critical, message);
+}
+
+// A connect that waits then fails by its own step.
 void Connection::LinkLost() {
   ++linkFaults_;
+  awaited_.reset();
   p_.countdowns.ReplyCountdown = 0;
   if (CurrentTopic >= 0) SettleDisconnected();
 }
 
 void Connection::Tick() {
   p_.countdowns.Tick();
+  if (p_.countdowns.WaitCountdown == 0) awaited_.reset();
+  steps_.Tick();
+  steps_.Take();
   TickIdle();
   if (CurrentTopic >= 0) CurrentLink().Poll();
 }
@@ -171,12 +241,13 @@ void Connection::TickIdle() {
   std::int16_t& left = p_.countdowns.IdleCountdown;
   // `Busy` covers the pauses of a transfer, in which no line is expected.
   if (p_.transfer.Kind != TransferKind::Idle || p_.status.Busy > 0) left = 0;
-  if (p_.settings.LocalMode || left == 0 || --left > 0) return;
-  Disconnect();
+  if (p_.settings.LocalMode || left == 0 || --left > 0 || CurrentTopic < 0) return;
+  const std::string name = CurrentLink().Describe(p_.topics[CurrentTopic]);
+  if (!Disconnect()) return;
   const int seconds = p_.settings.DisconnectTicks / kTicksPerSecond;
-  p_.messages.prompts.Show(
-      Icon::Information,
-      Text(text::kIdleBefore) + " " + std::to_string(seconds) + " " + Text(text::kIdleAfter));
+  p_.messages.prompts.Show(Icon::Information, Text(text::kIdleBefore) + " " +
+                                                  std::to_string(seconds) + " " +
+                                                  Text(text::kIdleAfter) + "\r\n" + name);
 }
 
 }  // namespace zek

@@ -10,16 +10,15 @@ namespace zek {
 
 /// The countdowns of the program in ticks of `Timer_Comm` (200 ms).
 struct Countdowns {
-  std::int16_t IdleCountdown = 0;          // to the automatic disconnection
-  std::int16_t WaitCountdown = 0;          // waits for a connect, a close or a first reply line
-  std::int16_t AfterConnectCountdown = 0;  // pause after a TCP/IP connect
-  std::int16_t DelayCountdown = 0;         // plain delay
-  std::int16_t ReplyCountdown = 0;         // to the time-out of a catalogue transfer
+  std::int16_t IdleCountdown = 0;   // to the automatic disconnection
+  std::int16_t WaitCountdown = 0;   // wait for a first reply line or a confirmation
+  std::int16_t DelayCountdown = 0;  // plain delay
+  std::int16_t ReplyCountdown = 0;  // to the time-out of a catalogue transfer
 
-  /// Counts all but `IdleCountdown` down by one; the connection counts that one.
+  /// Counts all but `IdleCountdown` down by one; the connection counts that one. The waits of
+  /// opening and closing a link have their own, see `Steps`.
   void Tick() {
-    for (std::int16_t* const countdown :
-         {&WaitCountdown, &AfterConnectCountdown, &DelayCountdown, &ReplyCountdown}) {
+    for (std::int16_t* const countdown : {&WaitCountdown, &DelayCountdown, &ReplyCountdown}) {
       if (*countdown > 0) --*countdown;
     }
   }
@@ -57,11 +56,24 @@ class Waits {
   /// Does nothing unless `CanCancel`.
   void Cancel() { cancelled_ = CanCancel(); }
 
+  /// While such an object exists, waits take place although the user has cancelled or the program
+  /// ends. Only for short waits that bring a dialogue to its end.
+  class Finishing {
+   public:
+    explicit Finishing(Waits& waits) : waits_(waits) { ++waits_.finishing_; }
+    Finishing(const Finishing&) = delete;
+    Finishing& operator=(const Finishing&) = delete;
+    ~Finishing() { --waits_.finishing_; }
+
+   private:
+    Waits& waits_;
+  };
+
   bool Stopped() const { return cancelled_ || turn_.Quitting(); }
 
   template <class Condition>
   void While(Condition condition) {
-    WaitWhile(turn_, [&] { return !cancelled_ && condition(); });
+    while ((finishing_ > 0 || !Stopped()) && condition()) turn_.Once();
   }
 
   /// Waits that many seconds, counted in ticks. Events run meanwhile.
@@ -76,6 +88,7 @@ class Waits {
   Turn& turn_;
   Countdowns& countdowns_;
   int cancellable_ = 0;
+  int finishing_ = 0;
   bool cancelled_ = false;
 };
 

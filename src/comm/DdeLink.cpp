@@ -1,5 +1,7 @@
 #include "comm/DdeLink.h"
 
+#include <utility>
+
 #include "lang/TextNumbers.h"
 
 namespace zek {
@@ -11,31 +13,39 @@ std::string Application(const std::string& computer) {
 
 }  // namespace
 
-void DdeLink::Open(Topic& topic, const Attempt& /*attempt*/) {
+void DdeLink::Open(Topic& topic, const Attempt& /*attempt*/, Steps& /*steps*/) {
+  returnDue_ = false;
   if (State() != LinkState::Closed) transport_.Close();
   transport_.Open({Application(topic.Address), topic.TopicName});
 }
 
-bool DdeLink::Close(Topic& /*topic*/, const Attempt& /*attempt*/) {
+bool DdeLink::Close(Topic& /*topic*/, Steps& /*steps*/) {
+  returnDue_ = false;
   transport_.Close();
   return true;
 }
 
+// Events run between the command and its return, so the next command may come first: it completes
+// this one.
 bool DdeLink::Write(std::string_view command) {
-  writing_ = true;
-  bool taken = transport_.Send(command);
+  if (!PokeReturn() || !transport_.Send(command)) return false;
+  returnDue_ = NeedsReturn(command);
   RunPending();
-  // A poked text can't contain a carriage return; the DDE server makes one from "{13}".
-  if (NeedsReturn(command)) taken = taken && transport_.Send("{13}");
+  const bool taken = PokeReturn();
   RunPending();
-  writing_ = false;
   return taken;
 }
 
-// The item returns every poked text. That echo is not a reply.
+// A poked text can't contain a carriage return; the DDE server makes one from "{13}".
+bool DdeLink::PokeReturn() { return !std::exchange(returnDue_, false) || transport_.Send("{13}"); }
+
 TextLoss DdeLink::Receive(std::string_view bytes, const HandOver& handOver) {
-  if (!writing_) handOver(bytes);
+  handOver(bytes);
   return TextLoss::None;
+}
+
+std::string DdeLink::Where(const Topic& topic) const {
+  return Application(topic.Address) + "|" + topic.TopicName;
 }
 
 std::int32_t DdeLink::ErrorText() const { return text::kDdeError; }

@@ -7,6 +7,7 @@
 
 #include "comm/Countdowns.h"
 #include "comm/StatusPanels.h"
+#include "comm/Steps.h"
 #include "comm/TopicTable.h"
 #include "comm/Transport.h"
 #include "lang/Messages.h"
@@ -51,6 +52,8 @@ class LinkEvents : public TransportEvents {
  public:
   /// The line to the controller is open.
   virtual void OnLinkUp() = 0;
+  /// A poll failed; the link stays as it is.
+  virtual void OnLinkFault(const std::string& reason) = 0;
 };
 
 /// Loss in received text. Torn: a piece lacked its beginning. Dropped: a piece was too long.
@@ -64,15 +67,15 @@ class Link {
 
   virtual ~Link() = default;
 
-  /// Opens the topic; includes all waits. Success is reported by OnLinkUp, which may also come
-  /// later, from a reply text.
-  virtual void Open(Topic& topic, const Attempt& attempt) = 0;
-  /// Stops an Open that a later attempt replaces.
-  virtual void Cancel() {}
-  /// Cleans up after an Open that failed.
-  virtual void Abandon(Topic& topic) = 0;
-  /// Closes the connected topic. Returns false if the other side refused: it stays connected.
-  virtual bool Close(Topic& topic, const Attempt& attempt) = 0;
+  /// Starts to open the topic and adds what must wait to `steps`. Success is reported by OnLinkUp,
+  /// which may come from a step or later, from a reply text. Does nothing if a later attempt comes
+  /// from inside this call.
+  virtual void Open(Topic& topic, const Attempt& attempt, Steps& steps) = 0;
+  /// Takes back an Open that failed or is no longer wanted.
+  virtual void Abandon(Topic& topic, Steps& steps) = 0;
+  /// Starts to close the connected topic. Returns false if the other side refused: it stays
+  /// connected.
+  virtual bool Close(Topic& topic, Steps& steps) = 0;
   /// Called at the end of the program.
   virtual void EndSession(TopicTable& /*topics*/) {}
 
@@ -97,8 +100,10 @@ class Link {
   /// Returns a reply line for the log, without secrets.
   virtual std::string ForLog(std::string_view line) const { return std::string(line); }
 
-  /// Names the topic in the message about a failed connect.
+  /// Names the topic in messages.
   virtual std::string Describe(const Topic& topic) const = 0;
+  /// Returns the address that the topic is sought at, for messages; "" without one.
+  virtual std::string Where(const Topic& topic) const = 0;
   /// The number of the language text that precedes the cause of an error.
   virtual std::int32_t ErrorText() const = 0;
   /// Returns and clears the cause of the first failed call; "" without a failure.

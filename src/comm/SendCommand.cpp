@@ -1,6 +1,4 @@
 #include "comm/Connection.h"
-#include "lang/TextNumbers.h"
-#include "text/Fields.h"
 
 namespace zek {
 namespace {
@@ -10,7 +8,7 @@ constexpr int kFirstLineSeconds = 10;
 }  // namespace
 
 bool Connection::SendCommand(std::string_view command) {
-  if (p_.settings.LocalMode || Sending) return false;
+  if (p_.settings.LocalMode) return false;
   p_.countdowns.IdleCountdown = CurrentTopic >= 0 ? p_.settings.DisconnectTicks : std::int16_t{0};
   const bool taken = CurrentLink().IsConnected() && Write(command);
   if (!taken) {
@@ -20,33 +18,33 @@ bool Connection::SendCommand(std::string_view command) {
   return taken;
 }
 
+void Connection::SendLast(std::string_view command) {
+  const Waits::Finishing finishing(p_.waits);
+  if (IsLinkUp() && CurrentLink().Write(command)) AwaitAllSent();
+}
+
 bool Connection::Write(std::string_view command) {
-  const CountedUp hourglass(p_.status, &StatusPanels::Hourglass);
   ++commands_;
   const Attempt latest(commands_);
+  awaited_.reset();
+  p_.countdowns.WaitCountdown = TicksOf(kFirstLineSeconds);  // also ends `awaited_`
+  awaited_.emplace(p_);
   ReplyLine.clear();
   Sending = true;
   const bool taken = CurrentLink().Write(command);
   Sending = false;
   if (taken && latest.IsLatest() && !CurrentLink().IsPolled()) AwaitFirstLine(latest);
+  if (latest.IsLatest()) awaited_.reset();
   return taken;
 }
 
 void Connection::AwaitFirstLine(const Attempt& command) {
   const Attempt attempt(attempts_);
-  {
-    const ShowWaiting waiting(p_.status, Text(text::kWaitAnswer));
-    p_.WaitWhile(kFirstLineSeconds, [&] {
-      return ReplyLine.empty() && command.IsLatest() && attempt.IsLatest() &&
-             CurrentLink().IsConnected();
-    });
-  }
-  const bool failed = p_.transfer.Kind != TransferKind::Idle &&
-                      UpperCase(ReplyLine).find("ERROR ") != std::string::npos;
-  if (!failed || !command.IsLatest()) return;
-  p_.transfer.Kind = TransferKind::Idle;
-  p_.transfer.ErrorSeen = true;
-  p_.messages.prompts.Show(Icon::Exclamation, Text(text::kControllerError) + " " + ReplyLine);
+  p_.WaitWhile(kFirstLineSeconds, [&] {
+    return ReplyLine.empty() && command.IsLatest() && attempt.IsLatest() &&
+           CurrentLink().IsConnected();
+  });
+  if (command.IsLatest()) p_.transfer.TakeFirstLine(ReplyLine);
 }
 
 }  // namespace zek

@@ -6,50 +6,40 @@
 
 namespace zek {
 
-void SocketLink::Open(Topic& topic, const Attempt& attempt) {
+void SocketLink::Open(Topic& topic, const Attempt& attempt, Steps& steps) {
   text_.Reset(topic.HasDus);
   const auto sendTimeOut = p_.Numbers().ReadSeconds("TCPIP", "SendTimeOut", "15");
   const auto pause = p_.Numbers().ReadSeconds("TCPIP", "DelayAfterConnect", "0");
-  if (!sendTimeOut || !pause) return;
-  if (State() != LinkState::Closed) {
-    transport_.Close();
-    AwaitClosed(*sendTimeOut, attempt);
-  }
-  if (!attempt.IsLatest()) return;
-  transport_.Open(
-      {std::string(GetField(topic.Address, 0, ":")), std::string(GetField(topic.Address, 1, ":"))});
+  if (!sendTimeOut || !pause || !attempt.IsLatest()) return;
+  if (State() != LinkState::Closed) transport_.Close();
+  steps.Add(*sendTimeOut, IsClosed(),
+            [this, target = LinkTarget{std::string(GetField(topic.Address, 0, ":")),
+                                       std::string(GetField(topic.Address, 1, ":"))}] {
+              transport_.Open(target);
+            });
   if (!topic.HasDus) return;  // the server sends "<TRANSPARENT>"
-  const double dus = Val(GetField(topic.Address, 2, ":"));
-  OpenDus(dus, *sendTimeOut, attempt);
-  if (dus < 1) return;
-  p_.countdowns.AfterConnectCountdown = TicksOf(*pause);
-  p_.waits.While([&] {
-    return p_.countdowns.AfterConnectCountdown > 0 && attempt.IsLatest() && IsConnected();
-  });
+  OpenDus(Val(GetField(topic.Address, 2, ":")), *sendTimeOut, *pause, steps);
 }
 
 // With a DUS number the server passes plain text through without a "<TRANSPARENT>".
-void SocketLink::OpenDus(double dus, double sendTimeOut, const Attempt& attempt) {
+void SocketLink::OpenDus(double dus, double sendTimeOut, double pause, Steps& steps) {
+  const auto isOpened = [this] { return State() != LinkState::Opening; };
   if (dus != 0) {
-    AwaitConnected(sendTimeOut, attempt);
-    if (attempt.IsLatest()) transport_.Send("DUS:" + FormatNumber(dus, '.') + "\r");
+    steps.Add(sendTimeOut, isOpened,
+              [this, dus] { transport_.Send("DUS:" + FormatNumber(dus, '.') + "\r"); });
   }
-  AwaitConnected(sendTimeOut, attempt);
-  if (attempt.IsLatest() && IsConnected()) events_.OnLinkUp();
+  steps.Add(sendTimeOut, isOpened, [this] {
+    if (IsConnected()) events_.OnLinkUp();
+  });
+  if (dus >= 1) {
+    steps.Add(
+        pause, [this] { return !IsConnected(); }, [] {});
+  }
 }
 
-void SocketLink::AwaitConnected(double seconds, const Attempt& attempt) const {
-  p_.WaitWhile(seconds, [&] { return State() == LinkState::Opening && attempt.IsLatest(); });
-}
-
-void SocketLink::AwaitClosed(double seconds, const Attempt& attempt) const {
-  const ShowWaiting waiting(p_.status, p_.messages.Text(text::kWaitClose));
-  p_.WaitWhile(seconds, [&] { return State() != LinkState::Closed && attempt.IsLatest(); });
-}
-
-bool SocketLink::Close(Topic& /*topic*/, const Attempt& attempt) {
+bool SocketLink::Close(Topic& /*topic*/, Steps& steps) {
   transport_.Close();
-  AwaitClosed(p_.settings.DisconnectDelay, attempt);
+  steps.Add(p_.settings.DisconnectDelay, IsClosed(), [] {});
   return true;
 }
 

@@ -13,16 +13,18 @@ class SocketLink final : public TransportLink {
   SocketLink(Transport& socket, LinkEvents& events, const LinkParts& parts)
       : TransportLink(socket, events, parts), events_(events) {}
 
-  void Open(Topic& topic, const Attempt& attempt) override;
-  bool Close(Topic& topic, const Attempt& attempt) override;
+  void Open(Topic& topic, const Attempt& attempt, Steps& steps) override;
+  bool Close(Topic& topic, Steps& steps) override;
   bool Write(std::string_view command) override;
   TextLoss Receive(std::string_view bytes, const HandOver& handOver) override;
+  std::string Where(const Topic& topic) const override { return topic.Address; }
   std::int32_t ErrorText() const override;
 
  private:
-  void OpenDus(double dus, double sendTimeOut, const Attempt& attempt);
-  void AwaitConnected(double seconds, const Attempt& attempt) const;
-  void AwaitClosed(double seconds, const Attempt& attempt) const;
+  void OpenDus(double dus, double sendTimeOut, double pause, Steps& steps);
+  Steps::Condition IsClosed() const {
+    return [this] { return State() == LinkState::Closed; };
+  }
 
   LinkEvents& events_;
   SocketText text_;

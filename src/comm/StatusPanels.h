@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <list>
 #include <string>
 
 namespace zek {
@@ -39,26 +40,34 @@ class StatusPanels {
 
   void SetWaiting(std::string text) {
     Waiting = std::move(text);
+    if (!waits_.empty()) waits_.back() = Waiting;
     Changed();
   }
 
  private:
+  friend class ShowWaiting;
   static constexpr std::size_t kLongestProgress = 250;
+
+  std::list<std::string> waits_;  // of the existing `ShowWaiting`, the newest last
 };
 
-/// Sets `Waiting` while it exists; then restores the earlier text.
+/// Sets `Waiting` while it exists, unless a newer one sets it. They may end in any order.
 class ShowWaiting {
  public:
-  ShowWaiting(StatusPanels& status, std::string what) : status_(status), before_(status.Waiting) {
-    status_.SetWaiting(std::move(what));
+  ShowWaiting(StatusPanels& status, std::string what)
+      : status_(status), place_(status.waits_.insert(status.waits_.end(), std::move(what))) {
+    status_.SetWaiting(*place_);
   }
   ShowWaiting(const ShowWaiting&) = delete;
   ShowWaiting& operator=(const ShowWaiting&) = delete;
-  ~ShowWaiting() { status_.SetWaiting(std::move(before_)); }
+  ~ShowWaiting() {
+    status_.waits_.erase(place_);
+    status_.SetWaiting(status_.waits_.empty() ? std::string() : status_.waits_.back());
+  }
 
  private:
   StatusPanels& status_;
-  std::string before_;
+  std::list<std::string>::iterator place_;
 };
 
 /// Raises one counter of `StatusPanels` by one while it exists.

@@ -7,38 +7,38 @@
 
 namespace zek {
 
-void TagLink::Open(Topic& topic, const Attempt& attempt) {
+void TagLink::Open(Topic& topic, const Attempt& /*attempt*/, Steps& steps) {
   pollFaultReported_ = false;
   if (!LogOn()) return;
   if (!topic.Tag.empty()) {
     tags_.TagWrite(topic.Tag, "2");
-    p_.waits.WaitSeconds(p_.settings.ConnectDelayTime);
     topic.TagState = 2;
   }
-  if (!attempt.IsLatest() || tags_.TagWrite(topic.TopicName, "transparent open") == 0) return;
-  open_ = topic.TopicName;
-  events_.OnLinkUp();
+  steps.After(topic.Tag.empty() ? 0 : p_.settings.ConnectDelayTime, [this, name = topic.TopicName] {
+    if (tags_.TagWrite(name, "transparent open") == 0) return;
+    open_ = name;
+    events_.OnLinkUp();
+  });
 }
 
-void TagLink::Abandon(Topic& topic) {
-  if (!topic.Tag.empty()) {
-    tags_.TagWrite(topic.Tag, "1");
-    p_.waits.WaitSeconds(p_.settings.DisconnectDelayTime);
-    topic.TagState = 1;
-  }
-  tags_.Close();
+void TagLink::Abandon(Topic& topic, Steps& steps) {
   open_.clear();
-}
-
-bool TagLink::Close(Topic& topic, const Attempt& attempt) {
-  if (tags_.TagWrite(topic.TopicName, "transparent close") == 0) return false;
   if (!topic.Tag.empty()) {
-    p_.waits.WaitSeconds(p_.settings.DisconnectDelayTime);
     tags_.TagWrite(topic.Tag, "1");
     topic.TagState = 1;
   }
-  tags_.Close();
-  if (attempt.IsLatest()) open_.clear();
+  steps.After(topic.Tag.empty() ? 0 : p_.settings.DisconnectDelayTime, [this] { tags_.Close(); });
+}
+
+bool TagLink::Close(Topic& topic, Steps& steps) {
+  if (tags_.TagWrite(topic.TopicName, "transparent close") == 0) return false;
+  open_.clear();
+  if (!topic.Tag.empty()) {
+    topic.TagState = 1;
+    steps.After(p_.settings.DisconnectDelayTime,
+                [this, tag = topic.Tag] { tags_.TagWrite(tag, "1"); });
+  }
+  steps.After(0, [this] { tags_.Close(); });
   return true;
 }
 
@@ -75,7 +75,7 @@ void TagLink::Poll() {
 void TagLink::ReportPollFault() {
   const std::string fault = TakeFault();
   if (fault.empty() || std::exchange(pollFaultReported_, true)) return;
-  p_.messages.Tell(Icon::Critical, text::kTagError, {fault});
+  events_.OnLinkFault(fault);
 }
 
 bool TagLink::Write(std::string_view command) {
@@ -91,6 +91,15 @@ TextLoss TagLink::Receive(std::string_view bytes, const HandOver& handOver) {
 std::string TagLink::ForLog(std::string_view line) const {
   constexpr std::size_t tooShort = 4;
   return password_.size() < tooShort ? std::string(line) : WithoutSecret(line, password_);
+}
+
+std::string TagLink::Describe(const Topic& topic) const {
+  const std::string name = "Topic '" + topic.TopicName + "'";
+  return topic.Tag.empty() ? name : "Tag '" + topic.Tag + "' (" + name + ")";
+}
+
+std::string TagLink::Where(const Topic& /*topic*/) const {
+  return p_.profile.ReadIni("General", "ComputerName", "");
 }
 
 std::int32_t TagLink::ErrorText() const { return text::kTagError; }

@@ -33,9 +33,9 @@ class TagLink final : public Link {
   TagLink(TagServer& tags, LinkEvents& events, const LinkParts& parts)
       : tags_(tags), events_(events), p_(parts) {}
 
-  void Open(Topic& topic, const Attempt& attempt) override;
-  void Abandon(Topic& topic) override;
-  bool Close(Topic& topic, const Attempt& attempt) override;
+  void Open(Topic& topic, const Attempt& attempt, Steps& steps) override;
+  void Abandon(Topic& topic, Steps& steps) override;
+  bool Close(Topic& topic, Steps& steps) override;
   /// Writes "0" to every opened tag, then logs off.
   void EndSession(TopicTable& topics) override;
   LinkState State() const override;
@@ -44,7 +44,8 @@ class TagLink final : public Link {
   bool Write(std::string_view command) override;
   TextLoss Receive(std::string_view bytes, const HandOver& handOver) override;
   std::string ForLog(std::string_view line) const override;
-  std::string Describe(const Topic& topic) const override { return "Tag '" + topic.Tag + "'"; }
+  std::string Describe(const Topic& topic) const override;
+  std::string Where(const Topic& topic) const override;
   std::int32_t ErrorText() const override;
   std::string TakeFault() override;
 

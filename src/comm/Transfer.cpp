@@ -1,6 +1,7 @@
 #include "comm/Transfer.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "text/Controls.h"
 #include "text/Fields.h"
@@ -16,6 +17,11 @@ bool Contains(std::string_view line, std::string_view word) {
   return line.find(word) != std::string_view::npos;
 }
 
+// A line that begins with a number and has a "!": a line of a catalogue, whatever it says.
+bool IsContent(std::string_view line) {
+  return Contains(line, "!") && Val(GetField(line, 0, "!")) > 0;
+}
+
 std::string WithoutStrays(std::string_view line) {
   std::string clean(line);
   std::erase_if(clean, IsStray);
@@ -29,10 +35,17 @@ bool IsDamage(char character) {
 
 }  // namespace
 
-void Transfer::Collect(TransferKind kind) {
+void Transfer::Begin(TransferKind kind, std::string control) {
   Kind = kind;
+  control_ = std::move(control);
+  Refusal.clear();
+}
+
+void Transfer::Collect(TransferKind kind, std::string control) {
+  Begin(kind, std::move(control));
   CatalogueLines.clear();
   CatalogueDfv = ".";
+  DfvSeen = false;
   LinesDropped = 0;
   ExitSeen = false;
   ErrorSeen = false;
@@ -54,13 +67,34 @@ void Transfer::TakeReplyLine(std::string_view line, Countdowns& countdowns,
     case TransferKind::WriteSdc:
     case TransferKind::WriteWdc:
     case TransferKind::WriteOvc:
-      if (Contains(line, "\x02") || Contains(WithoutStrays(line), "ERROR")) {
+      if (Contains(line, "\x02") || Says(WithoutStrays(line), "ERROR")) {
+        Refusal = WithoutStrays(line);
         Kind = TransferKind::Idle;
       }
       break;
     case TransferKind::Idle:
       break;
   }
+}
+
+void Transfer::TakeFirstLine(std::string_view line) {
+  std::string clean = WithoutStrays(line);
+  if (Kind == TransferKind::Idle || !Says(UpperCase(clean), "ERROR ")) return;
+  Refusal = std::move(clean);
+  Kind = TransferKind::Idle;
+  ErrorSeen = true;
+}
+
+// True if the line has the word outside its content and outside the control's name. A line that is
+// only that name still says it: "EXIT" ends a listing even of a control of that name.
+bool Transfer::Says(std::string_view line, std::string_view word) const {
+  if (!Contains(line, word) || IsContent(line)) return false;
+  if (!Contains(control_, word) || Trim(line) == control_) return true;
+  std::string rest(line);
+  for (std::size_t at = 0; (at = rest.find(control_, at)) != std::string::npos;) {
+    rest.replace(at, control_.size(), 1, ' ');
+  }
+  return Contains(rest, word);
 }
 
 void Transfer::TakeDamage(Countdowns& countdowns) {
@@ -83,20 +117,24 @@ void Transfer::TakeListingLine(std::string_view line, Countdowns& countdowns,
   if (Kind != TransferKind::ReadWdcExceptions && Val(GetField(line, 0, "!")) > 0) {
     if (CatalogueLines.size() >= kMaxCatalogueLines) {
       LinesDropped = std::min(LinesDropped + 1, kMostCounted);
-      return;
+    } else {
+      CatalogueLines.emplace_back(line);
     }
-    CatalogueLines.emplace_back(line);
     countdowns.ReplyCountdown = timeoutTicks;
   }
-  if (Contains(line, ".DFV") && Contains(line, "=")) CatalogueDfv = DfvValue(line);
+  if (Contains(line, ".DFV") && Contains(line, "=")) {
+    CatalogueDfv = DfvValue(line);
+    DfvSeen = true;
+  }
   if (Kind == TransferKind::ReadWdc && Contains(line, ".EXC")) {
     Kind = TransferKind::ReadWdcExceptions;
   }
-  if (Contains(line, "EXIT")) {
+  if (Says(line, "EXIT")) {
     ExitSeen = true;
     Kind = TransferKind::Idle;
   }
-  if (Contains(line, "ERROR")) {
+  if (Says(line, "ERROR")) {
+    Refusal = line;
     TakeDamage(countdowns);
   }
 }

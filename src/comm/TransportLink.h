@@ -14,8 +14,7 @@ class TransportLink : public Link {
     transport_.Attach(&events);
   }
 
-  void Cancel() override { transport_.Close(); }
-  void Abandon(Topic& /*topic*/) override { transport_.Close(); }
+  void Abandon(Topic& /*topic*/, Steps& /*steps*/) override { transport_.Close(); }
   LinkState State() const override { return transport_.State(); }
   // Some transports notice a dead peer only when asked for their state.
   void Poll() override { static_cast<void>(transport_.State()); }

@@ -139,6 +139,12 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
   return parsed;
 }
 
+bool Arguments::Contacts() const {
+  const bool remote =
+      command == "send" || command == "get" || command == "put" || command == "export";
+  return remote && !local && !noSend;
+}
+
 std::optional<Catalogue> CatalogueOf(const std::string& kind) {
   if (EqualNoCase(kind, "wdc")) return Catalogue::Wdc;
   if (EqualNoCase(kind, "sdc")) return Catalogue::Sdc;

@@ -21,6 +21,9 @@ struct Arguments {
   bool rebuild = false;               // check --rebuild
   std::string help;                   // with --help: the text to print, else ""
   std::string error;                  // error in the command line, or ""
+
+  /// True if the command may contact a controller.
+  bool Contacts() const;
 };
 
 /// Parses the arguments, which exclude the program's name.

@@ -51,6 +51,8 @@ namespace {
 
 // `send` ends after one second without a line. One tick more, because the first may come at once.
 constexpr std::int16_t kSilenceTicks = kTicksPerSecond + 1;
+// Replies that are polled come after the command: their first line has as long as others have.
+constexpr std::int16_t kFirstLineTicks = 10 * kTicksPerSecond;
 
 ExitStatus Refuse(Console& console, const std::string& why) {
   console.err << "zekview-cli: " << why << '\n';
@@ -84,6 +86,7 @@ ExitStatus Send(Console& console, const std::string& topicName, const std::strin
   if (topic < 0) return Refuse(console, "unknown topic " + topicName);
   if (!FitsWindows1252(text))
     return Refuse(console, "the command holds characters that no controller knows");
+  console.hasInput();
   proc.connection.Connect(topic);
   if (proc.connection.CurrentTopic != topic) return kFailed;
   bool answered = false;
@@ -93,12 +96,14 @@ ExitStatus Send(Console& console, const std::string& topicName, const std::strin
     console.out << Utf8FromWindows1252(line) << '\n';
   };
   const bool sent = proc.connection.SendCommand(Windows1252FromUtf8(text));
-  proc.countdowns.DelayCountdown = sent ? kSilenceTicks : std::int16_t{0};
+  proc.countdowns.DelayCountdown =
+      proc.connection.IsPolled() && !answered ? kFirstLineTicks : kSilenceTicks;
+  if (!sent) proc.countdowns.DelayCountdown = 0;
   proc.waits.While([&proc] { return proc.countdowns.DelayCountdown > 0; });
   proc.log.Echo = nullptr;
   proc.connection.Disconnect();
   if (!answered) console.err << "zekview-cli: no answer from " << topicName << '\n';
-  return sent && answered ? kDone : kFailed;
+  return sent && answered && !proc.waits.Stopped() ? kDone : kFailed;
 }
 
 void PrintCatalogue(std::ostream& out, const CatalogueId& id, const CatalogueContent& content) {
@@ -109,9 +114,10 @@ void PrintCatalogue(std::ostream& out, const CatalogueId& id, const CatalogueCon
 }
 
 ExitStatus Get(Console& console, const CatalogueId& id, bool local) {
-  ZV_Proc& proc = console.proc;
+  console.hasInput();
   const CopyUse use = local ? CopyUse::Take : CopyUse::AsSet;
-  const std::optional<CatalogueContent> content = proc.catalogues.GetCatalogue(id, use);
+  const std::optional<CatalogueContent> content =
+      console.proc.catalogues.GetCatalogue(id, use);
   if (!content) return kFailed;
   if (content->replacesUnsent) {
     console.proc.ToUser().Tell(Icon::Information, text::kUnsentReplaced,
@@ -126,6 +132,7 @@ ExitStatus Put(Console& console, const CatalogueId& id, const Arguments& argumen
   const std::optional<std::string> text = ReadFileOperand(console, file);
   if (!text) return kWrongUsage;
   ZV_Proc& proc = console.proc;
+  console.hasInput();
   const auto content = proc.copies.Parse(id, *text, Windows1252FromUtf8(file));
   if (!content) return kFailed;
   console.prompts.answerYes = true;
@@ -161,11 +168,23 @@ ExitStatus RunCatalogueCommand(Console& console, const Arguments& arguments) {
   return Check(console, id, *node, arguments);
 }
 
+ExitStatus Run(Console& console, const Arguments& arguments) {
+  if (arguments.command == "topics") return Topics(console);
+  if (arguments.command == "send") {
+    return Send(console, arguments.operands[0], arguments.operands[1]);
+  }
+  LoadTree(console.proc);
+  if (arguments.command == "objects") return Objects(console);
+  if (arguments.command == "export") return Export(console, arguments);
+  return RunCatalogueCommand(console, arguments);
+}
+
 }  // namespace
 
-std::optional<ExitStatus> StartCommands(Console& console) {
+std::optional<ExitStatus> StartCommands(Console& console, bool contacts) {
   ZV_Proc& proc = console.proc;
   StartOptions options;
+  options.contacts = contacts;
   options.chooseLanguage = [&] {
     console.err << "zekview-cli: no language file: setting Language in [General] of "
                 << proc.settings.IniPath << "ZEKView.INI names none in "
@@ -178,14 +197,9 @@ std::optional<ExitStatus> StartCommands(Console& console) {
 }
 
 ExitStatus RunCommand(Console& console, const Arguments& arguments) {
-  if (arguments.command == "topics") return Topics(console);
-  if (arguments.command == "send") {
-    return Send(console, arguments.operands[0], arguments.operands[1]);
-  }
-  LoadTree(console.proc);
-  if (arguments.command == "objects") return Objects(console);
-  if (arguments.command == "export") return Export(console, arguments);
-  return RunCatalogueCommand(console, arguments);
+  const ExitStatus status = Run(console, arguments);
+  if (arguments.Contacts()) console.proc.connection.CloseAllTags();
+  return status;
 }
 
 }  // namespace zek::cli

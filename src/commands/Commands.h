@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <istream>
 #include <optional>
 #include <ostream>
@@ -19,13 +20,16 @@ struct Console {
   std::istream& in;
   std::ostream& out;
   std::ostream& err;
+  /// Called when the command has read its input: from now on it blocks no more.
+  std::function<void()> hasInput = [] {};
 };
 
-/// Starts the session and loads the topics. Returns an exit status, after a message, if the program
-/// must end.
-std::optional<ExitStatus> StartCommands(Console& console);
+/// Starts the session and loads the topics; `contacts`: for a command that may contact a controller.
+/// Returns an exit status, after a message, if the program must end.
+std::optional<ExitStatus> StartCommands(Console& console, bool contacts = true);
 
-/// Runs one command. Waits run the event loop of `console.proc`.
+/// Runs one command; at its end, every tag that it opened is switched off. Waits run the event loop
+/// of `console.proc`.
 ExitStatus RunCommand(Console& console, const Arguments& arguments);
 
 /// Reads FILE into the editor's table for the node and prints its record lines or, with --rebuild,

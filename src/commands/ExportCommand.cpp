@@ -33,6 +33,7 @@ void PrintReport(Console& console, const BatchReport& report) {
 }  // namespace
 
 ExitStatus Export(Console& console, const Arguments& arguments) {
+  console.hasInput();
   ZV_Proc& proc = console.proc;
   const std::optional<BatchKinds> kinds = KindsOf(console, arguments.operands);
   if (!kinds) return kWrongUsage;

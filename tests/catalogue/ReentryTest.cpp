@@ -85,8 +85,8 @@ class Session : public test::TransferSession {
   std::string Waiting() const {
     const auto runs = [](std::int16_t countdown) { return countdown > 0 ? "1" : "0"; };
     return proc.status.Waiting + "/" + std::to_string(proc.status.Hourglass + proc.status.Busy) +
-           runs(proc.countdowns.WaitCountdown) + runs(proc.countdowns.AfterConnectCountdown) +
-           runs(proc.countdowns.DelayCountdown) + runs(proc.countdowns.ReplyCountdown) + "/" +
+           runs(proc.countdowns.WaitCountdown) + runs(proc.countdowns.DelayCountdown) +
+           runs(proc.countdowns.ReplyCountdown) + "/" +
            std::to_string(static_cast<int>(proc.transfer.Kind)) + "/" +
            std::to_string(proc.connection.CurrentTopic) + proc.connection.PendingTopic + "/" +
            std::to_string(static_cast<int>(socket.State())) + "/" + std::to_string(commands.size());
@@ -185,7 +185,9 @@ Shown TransferOf(Shown connection) {
     if (each.starts_with("LIST ")) each = "LIST ";
   return connection;
 }
-bool BeginsOneTransfer(const Shown& got) {
+bool BeginsOneTransfer(Shown got) {
+  // A write that ends early ends with "EXIT" too.
+  if (got.size() > 3 && got.back() == "EXIT") got.pop_back();
   const std::array wholes{kRead, Shown{"LIST "}, kWriteOne, kWriteTwo};
   return std::any_of(wholes.begin(), wholes.end(), [&got](const Shown& whole) {
     return got.size() <= whole.size() && std::equal(got.begin(), got.end(), whole.begin());

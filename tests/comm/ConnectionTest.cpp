@@ -21,6 +21,10 @@ class ConnectionTest : public ::testing::Test, protected test::TestSession {
     socket.onConnected = [this] { socket.Say("<TRANSPARENT>"); };
   }
 
+  std::string TopicName(std::int16_t topic) const {
+    return proc.topics[topic].Description + " (" + proc.topics[topic].TopicName + ")";
+  }
+
   Connection& connection = proc.connection;
 };
 
@@ -98,24 +102,32 @@ TEST_F(ConnectionTest, AllIsSentOnceThePeerHasConfirmedIt) {
 }
 
 TEST_F(ConnectionTest, FailuresAreToldAndLeaveNothingOpen) {
+  proc.texts.Read("512=T512\r\n800=at %1\r\n517=tcp (%1)\r\n801=T801\r\n802=T802\r\n803=T803\r\n");
   socket.onConnected = [] {};  // connected, but the server never opens the line
   connection.Connect(kOne);
   EXPECT_EQ(connection.CurrentTopic, -1);
-  EXPECT_EQ(prompts.shown, Shown{"c T512 Topic 'ONE'"});
+  EXPECT_EQ(prompts.shown, Shown{"c T512 Topic 'ONE'\r\nat 127.0.0.1:5100\r\ntcp (T802)"});
   EXPECT_EQ(socket.State(), LinkState::Closed);
   EXPECT_NEAR(static_cast<double>(turn.Now()), 15'000, 300);
 
   prompts.shown.clear();
   socket.reachable = false;
   connection.Connect(kTwo);
-  EXPECT_EQ(prompts.shown, (Shown{"c T517", "c T512 Topic 'TWO'"}));
+  EXPECT_EQ(prompts.shown, Shown{"c T512 Topic 'TWO'\r\nat 127.0.0.1:5100:3\r\ntcp (broken)"});
+  EXPECT_EQ(connection.CurrentTopic, -1);
+
+  prompts.shown.clear();
+  socket.reachable = true;
+  socket.onConnected = [this] { socket.HangUp(500); };
+  connection.Connect(kOne);
+  EXPECT_EQ(prompts.shown, Shown{"c T512 Topic 'ONE'\r\nat 127.0.0.1:5100\r\ntcp (T803)"});
 
   prompts.shown.clear();
   socket.silent = true;
   const auto start = turn.Now();
   profile.WriteIni("TCPIP", "SendTimeOut", "2");
   connection.Connect(kTwo);
-  EXPECT_EQ(prompts.shown, Shown{"c T512 Topic 'TWO'"});
+  EXPECT_EQ(prompts.shown, Shown{"c T512 Topic 'TWO'\r\nat 127.0.0.1:5100:3\r\ntcp (T801)"});
   EXPECT_NEAR(static_cast<double>(turn.Now() - start), 2000 + 2000 + 15'000, 700);
 }
 
@@ -155,11 +167,11 @@ TEST_F(ConnectionTest, WithoutDdeTheReasonIsToldAndTheProgramGoesOn) {
   WithoutDde none([this](std::function<void()> call) { turn.After(0, std::move(call)); });
   ZV_Proc without(Outside{files, profile, turn, prompts, socket, none, tags});
   without.settings = proc.settings;
-  without.texts.Read("512=T512\r\n681=DDE (%1)\r\n682=not here\r\n");
+  without.texts.Read("512=T512\r\n800=%1\r\n681=DDE (%1)\r\n682=not here\r\n");
   without.topics = proc.topics;
   turn.tick = [&] { without.connection.Tick(); };
   without.connection.Connect(kNet);
-  EXPECT_EQ(prompts.shown, (Shown{"c DDE (not here)", "c T512 Topic 'NET'"}));
+  EXPECT_EQ(prompts.shown, Shown{"c T512 Topic 'NET'\r\n\\\\PLANT2\\NDDE$|NET\r\nDDE (not here)"});
   EXPECT_LT(turn.Now(), 1000);
   without.connection.Connect(kOne);
   EXPECT_EQ(without.connection.CurrentTopic, kOne);
@@ -179,16 +191,39 @@ TEST_F(ConnectionTest, DdeCommandsArePokedWithTheirReturnBehind) {
   EXPECT_EQ(dde.sent, "\x05");
 }
 
-TEST_F(ConnectionTest, DdeTextThatComesWhileACommandIsWrittenIsNotParsed) {
+TEST_F(ConnectionTest, DdeTextThatComesWhileACommandIsWrittenIsReadToo) {
   dde.onConnected = [this] { dde.Say("0000><TRANSPARENT>"); };
-  connection.Connect(kLocal);
-  dde.onSent = [this](std::string_view bytes) {
-    dde.Say(std::string(bytes), 0);  // the item's new text comes back
-    if (bytes == "{13}") dde.Say("0001>answer\r\n", 500);
+  dde.onSent = [this](std::string_view bytes) {  // the answer comes inside the hand-over
+    if (bytes.starts_with("LIST")) dde.Say("0001>HEAD\r\n1!a\r\n", 0);
+    if (bytes == "{13}") dde.Say("0002>2!b\r\n3!c\r\nEXIT\r\n", 0);
   };
+  connection.Connect(kLocal);
   EXPECT_TRUE(connection.SendCommand("LIST"));
-  EXPECT_EQ(proc.log.Lines(), Shown{"answer"});
-  EXPECT_EQ(connection.ReplyLine, "answer");
+  EXPECT_EQ(proc.log.Lines(), (Shown{"HEAD", "1!a", "2!b", "3!c", "EXIT"}));
+  Select("LOC");
+  EXPECT_TRUE(Get(Catalogue::Sdc));
+  EXPECT_EQ(GotLines(), (Shown{"1!a", "2!b", "3!c"}));
+}
+
+// Another command, or another connection, comes between a command and its carriage return.
+TEST_F(ConnectionTest, ADdeCommandIsCompletedBeforeTheNext) {
+  dde.onConnected = [this] { dde.Say("0000><TRANSPARENT>"); };
+  for (const bool reconnects : {false, true}) {
+    connection.Connect(kLocal);
+    dde.sent.clear();
+    turn.After(0, [this, reconnects] {
+      if (reconnects) {
+        connection.Disconnect();
+        connection.Connect(kNet);
+      } else {
+        EXPECT_TRUE(connection.SendCommand("B"));
+      }
+    });
+    connection.SendCommand("A");
+    EXPECT_EQ(dde.sent, reconnects ? "A" : "A{13}B{13}");
+    EXPECT_EQ(proc.status.Hourglass, 0);
+    connection.Disconnect();
+  }
 }
 
 TEST_F(ConnectionTest, LostTextIsAFaultOfTheLinkAndToldOnce) {
@@ -283,7 +318,7 @@ TEST_F(ConnectionTest, IdleTimeDisconnectsAndEveryCommandRestartsIt) {
   EXPECT_EQ(connection.CurrentTopic, kOne);
   proc.waits.WaitSeconds(10);
   EXPECT_EQ(connection.CurrentTopic, -1);
-  EXPECT_EQ(prompts.shown, Shown{"i T62 60 T63"});
+  EXPECT_EQ(prompts.shown, Shown{"i T62 60 T63\r\nTopic 'ONE'"});
 
   connection.Connect(kOne);
   connection.Disconnect();
@@ -306,6 +341,61 @@ TEST_F(ConnectionTest, AConnectThatCameWhileAnOlderOneDisconnectsWins) {
   connection.Connect(kLocal);
   EXPECT_EQ(connection.CurrentTopic, kOne);
   EXPECT_EQ(proc.status.Connection, "First (ONE)");
+}
+
+// A message box or a window runs the event loop inside the wait of an operation.
+class HeldWait : public ConnectionTest {
+ protected:
+  // Calls `inside` after 20 s of such a box, which opens after `milliseconds`.
+  void Hold(int milliseconds, std::function<void()> inside) {
+    turn.After(milliseconds, [this, inside = std::move(inside)] {
+      const auto end = turn.Now() + 20'000;
+      while (turn.Now() < end) turn.Once();
+      inside();
+    });
+  }
+};
+
+TEST_F(HeldWait, AConnectHasItsOutcomeAllTheSame) {
+  for (const std::int16_t topic : {kOne, kTwo, kLocal}) {
+    dde.onConnected = [this] { dde.Say("0000><TRANSPARENT>"); };
+    Hold(10, [&] {
+      EXPECT_EQ(proc.status.Connection, TopicName(topic));
+      EXPECT_GT(proc.countdowns.IdleCountdown, 0);
+      EXPECT_LT(proc.countdowns.IdleCountdown, 300);
+      EXPECT_EQ(proc.status.Waiting, "");
+    });
+    connection.Connect(topic);
+    EXPECT_EQ(connection.CurrentTopic, topic);
+    connection.Disconnect();
+  }
+}
+
+TEST_F(HeldWait, AConnectFailsAllTheSame) {
+  socket.onConnected = [] {};
+  Hold(10, [&] {
+    EXPECT_EQ(prompts.shown.size(), 1U);
+    EXPECT_EQ(proc.status.Connection, "T514");
+    EXPECT_EQ(socket.State(), LinkState::Closed);
+  });
+  connection.Connect(kOne);
+  EXPECT_EQ(prompts.shown.size(), 1U);
+}
+
+TEST_F(HeldWait, ACommandDoesNotStayInItsWait) {
+  connection.Connect(kOne);
+  for (const int milliseconds : {0, 500}) {  // while it is written; while its answer is awaited
+    Hold(milliseconds, [&] {
+      EXPECT_EQ(proc.status.Hourglass, 0);
+      EXPECT_EQ(proc.status.Waiting, "");
+      socket.onSent = [this](std::string_view) { socket.Say("0001>EXIT\r\n\xFF"); };
+      Select("ONE");
+      EXPECT_TRUE(Get(Catalogue::Sdc)) << milliseconds;
+      socket.onSent = [](std::string_view) {};
+    });
+    EXPECT_TRUE(connection.SendCommand("x"));
+    connection.Connect(kOne);
+  }
 }
 
 TEST_F(ConnectionTest, LocalModeTouchesNoLink) {
@@ -345,12 +435,12 @@ TEST_F(ConnectionTest, TagModeOpensAndClosesInOrder) {
 }
 
 TEST_F(ConnectionTest, WhatTheTagObjectSaysIsTold) {
-  proc.texts.Read("688=Tag (%1)\r\n512=T512\r\n513=T513\r\n");
+  proc.texts.Read("688=Tag (%1)\r\n512=T512\r\n513=T513 %1\r\n");
   proc.settings.TagMode = true;
   tags.opens = false;
   tags.fault = "Open: no licence";
   connection.Connect(kNet);
-  EXPECT_EQ(prompts.shown, (Shown{"c Tag (Open: no licence)", "c T512 Tag 'NETTAG'"}));
+  EXPECT_EQ(prompts.shown, Shown{"c T512 Tag 'NETTAG' (Topic 'NET')\r\nTag (Open: no licence)"});
 
   prompts.shown.clear();
   tags.opens = true;
@@ -358,12 +448,13 @@ TEST_F(ConnectionTest, WhatTheTagObjectSaysIsTold) {
   tags.refused = {"LIST\r"};
   tags.fault = "TagWrite: no such method";
   EXPECT_FALSE(connection.SendCommand("LIST"));
-  EXPECT_EQ(prompts.shown, Shown{"c Tag (TagWrite: no such method)"});
+  EXPECT_EQ(prompts.shown, Shown{"c Tag (TagWrite: no such method)\r\nTag 'NETTAG' (Topic 'NET')"});
 
   prompts.shown.clear();
   tags.faultInReading = "TagRead: gone";
   proc.waits.WaitSeconds(5);
-  EXPECT_EQ(prompts.shown, Shown{"c Tag (TagRead: gone)"}) << "once, not at every poll";
+  const Shown gone{"c Tag (TagRead: gone)\r\nTag 'NETTAG' (Topic 'NET')"};
+  EXPECT_EQ(prompts.shown, gone) << "once, not at every poll";
   EXPECT_EQ(connection.CurrentTopic, kNet);
 
   connection.Disconnect();
@@ -371,7 +462,7 @@ TEST_F(ConnectionTest, WhatTheTagObjectSaysIsTold) {
   prompts.shown.clear();
   connection.Connect(kNet);
   proc.waits.WaitSeconds(5);
-  EXPECT_EQ(prompts.shown, Shown{"c Tag (TagRead: gone)"}) << "anew for each connection";
+  EXPECT_EQ(prompts.shown, gone) << "anew for each connection";
 
   connection.Disconnect();
   tags.faultInReading.clear();
@@ -388,10 +479,72 @@ TEST_F(ConnectionTest, WhatTheTagObjectSaysIsTold) {
     return prompts.shown;
   };
   EXPECT_EQ(told("transparent open", false),
-            (Shown{"c Tag (transparent open)", "c T512 Tag 'NETTAG'"}));
-  EXPECT_EQ(told("transparent open", true), Shown{"c Tag (transparent open)"});
-  EXPECT_EQ(told("transparent close", false), (Shown{"c T513", "c Tag (transparent close)"}));
+            Shown{"c T512 Tag 'NETTAG' (Topic 'NET')\r\nTag (transparent open)"});
+  EXPECT_EQ(told("transparent open", true),
+            Shown{"c Tag (transparent open)\r\nTag 'NETTAG' (Topic 'NET')"});
+  EXPECT_EQ(told("transparent close", false),
+            Shown{"c T513 Tag 'NETTAG' (Topic 'NET')\r\nTag (transparent close)"});
   EXPECT_EQ(told("transparent close", true), Shown{"c Tag (transparent close)"});
+}
+
+// What a user does during the pauses of a connect and of a disconnect.
+TEST_F(ConnectionTest, TagsAreLeftAsTheirLinesAre) {
+  struct Case {
+    const char* name;
+    std::int16_t first;   // connected before; -1: none
+    std::int16_t second;  // connected then; -1: disconnects
+    std::int16_t then;    // the same one second later, during the pause
+    Shown calls;
+  };
+  const Shown openNet = {"Open  ", "NETTAG=2", "NET=transparent open"};
+  const Shown openOne = {"Open  ", "ONE=transparent open"};
+  const Shown closeNet = {"NET=transparent close", "NETTAG=1", "Close"};
+  const auto all = [](std::initializer_list<Shown> parts) {
+    Shown calls;
+    for (const Shown& part : parts) calls.insert(calls.end(), part.begin(), part.end());
+    return calls;
+  };
+  const Case cases[] = {
+      {"a second disconnect", kNet, -1, -1, closeNet},
+      {"another topic", kNet, -1, kOne, all({closeNet, openOne})},
+      {"the same topic", kNet, kOne, kNet, all({closeNet, openNet})},
+      {"a connect given up", -1, kNet, -1, {"Open  ", "NETTAG=2", "NETTAG=1", "Close"}},
+      {"a connect replaced", -1, kNet, kOne,
+       all({{"Open  ", "NETTAG=2", "NETTAG=1", "Close"}, openOne})},
+      {"a refused connect replaced", -1, kTwo, kOne,
+       all({{"Open  ", "TWOTAG=2", "TWO=transparent open", "TWOTAG=1", "Close"}, openOne})},
+  };
+  proc.settings.TagMode = true;
+  proc.settings.ConnectDelayTime = proc.settings.DisconnectDelayTime = 2;
+  proc.topics[kTwo].Tag = "TWOTAG";
+  tags.takes = [](const std::string& tag, const std::string& value) {
+    return tag != "TWO" || value != "transparent open";
+  };
+  const auto go = [this](std::int16_t topic) {
+    if (topic < 0) connection.Disconnect();
+    if (topic >= 0) connection.Connect(topic);
+  };
+  for (const Case& each : cases) {
+    connection.Disconnect();
+    go(each.first);
+    tags.calls.clear();
+    prompts.shown.clear();
+    turn.After(each.second == kTwo ? 3000 : 1000, [&] { go(each.then); });
+    go(each.second);
+    proc.waits.WaitSeconds(5);
+    EXPECT_EQ(tags.calls, each.calls) << each.name;
+    EXPECT_EQ(connection.CurrentTopic, each.then) << each.name;
+    EXPECT_TRUE(prompts.shown.empty()) << each.name << prompts.shown.front();
+  }
+}
+
+TEST_F(ConnectionTest, ARefusedIdleDisconnectionIsNotDone) {
+  proc.settings.TagMode = true;
+  tags.refused = {"transparent close"};
+  connection.Connect(kOne);
+  proc.waits.WaitSeconds(100);
+  EXPECT_EQ(prompts.shown, Shown{"c T513"});
+  EXPECT_EQ(connection.CurrentTopic, kOne);
 }
 
 TEST_F(ConnectionTest, TagModeFailures) {
@@ -399,7 +552,7 @@ TEST_F(ConnectionTest, TagModeFailures) {
   tags.refused = {"transparent open"};
   connection.Connect(kNet);
   EXPECT_EQ(connection.CurrentTopic, -1);
-  EXPECT_EQ(prompts.shown, Shown{"c T512 Tag 'NETTAG'"});
+  EXPECT_EQ(prompts.shown, Shown{"c T512 Tag 'NETTAG' (Topic 'NET')"});
   EXPECT_EQ(tags.calls.back(), "Close");
   EXPECT_EQ(proc.topics[kNet].TagState, 1);
 

@@ -9,6 +9,7 @@ namespace {
 
 // Runs the command line program in a test session: "run get WDC ONE" gives its status, its output,
 // its messages, and what the controller received. "input" is its standard input, "_" a blank.
+// "tag-reply 15 text" is what the tag server replies after 15 polls; "tag-calls" shows its calls.
 class CommandPlayer : public test::SessionPlayer {
  public:
   CommandPlayer() {
@@ -21,6 +22,12 @@ class CommandPlayer : public test::SessionPlayer {
     if (what == "no-language") files.files.erase("/zek/zek_lang.046");
     if (what == "dus") pieces = false;
     if (what == "input") input_ = rest + "\n";
+    if (what == "no-tags") tags.exists = false;
+    if (what == "tag-reply") {
+      tags.replies.resize(std::stoul(rest.substr(0, rest.find(' '))));  // polls without a reply
+      tags.replies.push_back(rest.substr(rest.find(' ') + 1));
+    }
+    if (what == "tag-calls") return TagCalls();
     return what == "run" ? Run(rest) : SessionPlayer::Do(what, rest);
   }
 
@@ -41,10 +48,15 @@ class CommandPlayer : public test::SessionPlayer {
     program.settings.IniPath = "/ini/";
     turn.tick = [&program] { program.connection.Tick(); };
     Console console{program, cliPrompts, in, out, err};
-    const auto ended = StartCommands(console);
+    const auto ended = StartCommands(console, arguments.Contacts());
     const ExitStatus status = ended ? *ended : RunCommand(console, arguments);
     turn.tick = [] {};
     return std::to_string(status) + ": " + Printed(out) + " <" + Printed(err) + ">" + Got();
+  }
+  std::string TagCalls() {
+    std::string calls;
+    for (const std::string& call : std::exchange(tags.calls, {})) calls += "[" + call + "] ";
+    return Shown(calls);
   }
   static std::string Printed(const std::ostringstream& stream) {
     return Shown(Windows1252FromUtf8(test::Filled(stream.str())));

@@ -17,6 +17,7 @@ class FakeTags final : public TagServer {
  public:
   std::vector<std::string> calls;
   std::set<std::string> refused;
+  bool exists = true;
   bool opens = true;
   std::deque<std::string> replies;
   /// Called for every write; the result zero refuses it.
@@ -26,8 +27,6 @@ class FakeTags final : public TagServer {
   std::string faultInReading;  // why every read fails
   bool echoes = false;
   std::string password;  // of the last log-on
-
-  bool exists = true;
 
   bool Create() override { return exists; }
   std::int16_t Open(const std::string& computer, const std::string& user,

@@ -44,7 +44,7 @@ class ScriptedPrompts final : public Prompts {
   Answer AskThree(Icon icon, const std::string& question, const std::string& /*caption*/,
                   const AnswerCaptions& /*captions*/) override {
     shown.push_back(Letter(icon) + ("? " + question));
-    return Next(Answer::Cancel);
+    return Next(Answer::No);
   }
 
   void ShowDetails(Icon icon, const std::string& message, const std::string& caption,
