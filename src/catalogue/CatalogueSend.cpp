@@ -52,6 +52,7 @@ class Sending {
     // The reply to the last line can arrive this late, and it counts.
     sent = sent && x_.transfer.Kind != TransferKind::Idle && IsLinkWhole() &&
            x_.connection.AwaitAllSent();
+    if (!sent) report_.refusal = x_.transfer.Refusal;
     // Else the controller would wait for the rest of the catalogue.
     if (inCatalogue_ && x_.waits.Stopped() && x_.connection.CurrentTopic == id_.object) {
       x_.connection.SendLast("EXIT");
@@ -60,7 +61,6 @@ class Sending {
     Pause("DelayH");
     x_.transfer.Kind = TransferKind::Idle;
     x_.status.SetTransfer({});
-    report_.refusal = sent ? std::string() : x_.transfer.Refusal;
     if (sent) {
       report_.outcome = SendOutcome::Sent;
     } else if (begun_) {
