@@ -1,5 +1,7 @@
 #include "catalogue/CatalogueDelivery.h"
 
+#include <algorithm>
+
 #include "catalogue/LineChanges.h"
 #include "catalogue/SharedCatalogue.h"
 #include "lang/TextNumbers.h"
@@ -29,7 +31,7 @@ Outcome CatalogueDelivery::Run(const SavePlan& plan) {
 }
 
 bool CatalogueDelivery::NeedsCheck(const SavePlan& plan) const {
-  return p_.settings.VerifyAfterWrite || id_.IsShared() || plan.now.from == LinesFrom::Nowhere ||
+  return p_.settings.VerifyAfterWrite || id_.IsShared() ||
          RemovesOrRenumbers(plan.now.lines, plan.send.lines);
 }
 
@@ -117,15 +119,29 @@ Outcome CatalogueDelivery::NotChecked(const SavePlan& plan, const Verification& 
   return required ? Outcome::Failed : Outcome::Saved;
 }
 
+// Old own lines that are still there. They are looked for by number, too: without its new lines a
+// nameless line can be nobody's.
+Lines CatalogueDelivery::Remaining(const SavePlan& plan, const Verification& check) const {
+  Lines left = LeftBehind(SplitLines(id_, plan.now.lines).own, plan.send.lines);
+  const Lines gone = FindAgain(left, check.fetched.lines).missing;
+  std::erase_if(left, [&gone](const std::string& line) {
+    return std::find(gone.begin(), gone.end(), line) != gone.end();
+  });
+  return left;
+}
+
 Outcome CatalogueDelivery::Judge(const SavePlan& plan, const Verification& check) {
-  if (!check.faults.empty() || !check.left.empty()) {
-    const bool failed = !check.faults.empty();
-    const ChangeTexts told =
-        TextsOfFaults(failed ? check.faults : check.left, p_.messages.texts);
-    const auto number = failed ? text::kVerifyFaults : text::kOwnLinesRemain;
-    return Ended(plan, failed ? "sent, differs" : "sent, old lines remain",
-                 failed ? Outcome::Failed : Outcome::Remarked,
-                 p_.messages.Text(number) + "\r\n" + told.Summary, told.Details);
+  if (!check.faults.empty()) {
+    const ChangeTexts told = TextsOfFaults(check.faults, p_.messages.texts);
+    return Ended(plan, "sent, differs", Outcome::Failed,
+                 p_.messages.Text(text::kVerifyFaults) + "\r\n" + told.Summary, told.Details);
+  }
+  const Lines remaining = Remaining(plan, check);
+  if (!remaining.empty() || !check.left.empty()) {
+    const ChangeTexts told = TextsOfFaults(check.left, p_.messages.texts);
+    return Ended(plan, "sent, old lines remain", Outcome::Remarked,
+                 p_.messages.Text(text::kOwnLinesRemain),
+                 check.left.empty() ? OnLines(remaining) : told.Details);
   }
   if (!check.others.different.empty()) {
     std::string details;

@@ -45,6 +45,7 @@ class CatalogueDelivery {
   void TellMixture(const SavePlan& plan, std::string message, bool answered);
   SaveResult::Outcome Check(const SavePlan& plan);
   SaveResult::Outcome NotChecked(const SavePlan& plan, const Verification& check);
+  std::vector<std::string> Remaining(const SavePlan& plan, const Verification& check) const;
   SaveResult::Outcome Judge(const SavePlan& plan, const Verification& check);
   void RememberSeen(const SavePlan& plan, const Verification& check);
   SaveResult::Outcome Repair(const SavePlan& plan, const Verification& check);
