@@ -90,7 +90,7 @@ class Application final : public wxAppConsole {
     // A blocked program would ignore interrupts, so only `export`, which must finish its files,
     // catches them.
     if (arguments_.command == "export") CatchInterrupts();
-    const auto ended = StartCommands(console);
+    const auto ended = StartCommands(console, arguments_);
     const ExitStatus status = ended ? *ended : RunCommand(console, arguments_);
     if (std::cout.flush()) return status;
     std::cerr << "zekview-cli: standard output could not be written\n";

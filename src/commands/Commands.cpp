@@ -107,11 +107,9 @@ void PrintCatalogue(std::ostream& out, const CatalogueId& id, const CatalogueCon
   }
 }
 
-ExitStatus Get(Console& console, const CatalogueId& id, bool local) {
-  ZV_Proc& proc = console.proc;
-  proc.settings.LocalMode = proc.settings.LocalMode || local;  // also without a copy: no controller
-  const CopyUse use = local ? CopyUse::Take : CopyUse::AsSet;
-  const std::optional<CatalogueContent> content = proc.catalogues.GetCatalogue(id, use);
+ExitStatus Get(Console& console, const CatalogueId& id) {
+  const CopyUse use = console.proc.settings.LocalMode ? CopyUse::Take : CopyUse::AsSet;
+  const std::optional<CatalogueContent> content = console.proc.catalogues.GetCatalogue(id, use);
   if (!content) return kFailed;
   PrintCatalogue(console.out, id, *content);
   return kDone;
@@ -145,7 +143,7 @@ ExitStatus RunCatalogueCommand(Console& console, const Arguments& arguments) {
     return Refuse(console, Utf8FromWindows1252(console.proc.Text(text::kNoSuchCatalogue)) + " (" +
                                name + ")");
   }
-  if (arguments.command == "get") return Get(console, id, arguments.local);
+  if (arguments.command == "get") return Get(console, id);
   if (arguments.command == "put") {
     return Put(console, id, arguments.operands[2], arguments.noSend);
   }
@@ -155,9 +153,10 @@ ExitStatus RunCatalogueCommand(Console& console, const Arguments& arguments) {
 
 }  // namespace
 
-std::optional<ExitStatus> StartCommands(Console& console) {
+std::optional<ExitStatus> StartCommands(Console& console, const Arguments& arguments) {
   ZV_Proc& proc = console.proc;
   StartOptions options;
+  if (arguments.local) options.switches = "/LOCAL";
   options.chooseLanguage = [&] {
     console.err << "zekview-cli: no language file: setting Language in [General] of "
                 << proc.settings.IniPath << "ZEKView.INI names none in "

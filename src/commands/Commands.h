@@ -21,9 +21,9 @@ struct Console {
   std::ostream& err;
 };
 
-/// Starts the session and loads the topics. Returns an exit status, after a message, if the program
-/// must end.
-std::optional<ExitStatus> StartCommands(Console& console);
+/// Starts the session, with --local in local mode, and loads the topics. Returns an exit status,
+/// after a message, if the program must end.
+std::optional<ExitStatus> StartCommands(Console& console, const Arguments& arguments = {});
 
 /// Runs one command. Waits run the event loop of `console.proc`.
 ExitStatus RunCommand(Console& console, const Arguments& arguments);

@@ -41,7 +41,7 @@ class CommandPlayer : public test::SessionPlayer {
     program.settings.IniPath = "/ini/";
     turn.tick = [&program] { program.connection.Tick(); };
     Console console{program, cliPrompts, in, out, err};
-    const auto ended = StartCommands(console);
+    const auto ended = StartCommands(console, arguments);
     const ExitStatus status = ended ? *ended : RunCommand(console, arguments);
     turn.tick = [] {};
     return std::to_string(status) + ": " + Printed(out) + " <" + Printed(err) + ">" + Got();
