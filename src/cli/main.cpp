@@ -89,7 +89,7 @@ class Application final : public wxAppConsole {
     // Transfers and exports must end properly. Until then the program may block in its input, where
     // it would ignore interrupts.
     Console console{proc, prompts, std::cin, std::cout, std::cerr, CatchInterrupts};
-    const auto ended = StartCommands(console, arguments_.Contacts());
+    const auto ended = StartCommands(console, arguments_);
     const ExitStatus status = ended ? *ended : RunCommand(console, arguments_);
     if (std::cout.flush()) return status;
     std::cerr << "zekview-cli: standard output could not be written\n";

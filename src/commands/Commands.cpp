@@ -113,11 +113,10 @@ void PrintCatalogue(std::ostream& out, const CatalogueId& id, const CatalogueCon
   }
 }
 
-ExitStatus Get(Console& console, const CatalogueId& id, bool local) {
+ExitStatus Get(Console& console, const CatalogueId& id) {
   console.hasInput();
-  const CopyUse use = local ? CopyUse::Take : CopyUse::AsSet;
-  const std::optional<CatalogueContent> content =
-      console.proc.catalogues.GetCatalogue(id, use);
+  const CopyUse use = console.proc.settings.LocalMode ? CopyUse::Take : CopyUse::AsSet;
+  const std::optional<CatalogueContent> content = console.proc.catalogues.GetCatalogue(id, use);
   if (!content) return kFailed;
   if (content->replacesUnsent) {
     console.proc.ToUser().Tell(Icon::Information, text::kUnsentReplaced,
@@ -162,7 +161,7 @@ ExitStatus RunCatalogueCommand(Console& console, const Arguments& arguments) {
     return Refuse(console, Utf8FromWindows1252(console.proc.Text(text::kNoSuchCatalogue)) + " (" +
                                name + ")");
   }
-  if (arguments.command == "get") return Get(console, id, arguments.local);
+  if (arguments.command == "get") return Get(console, id);
   if (arguments.command == "put") return Put(console, id, arguments);
   if (arguments.command == "history") return HistoryOfCatalogue(console, id, arguments);
   return Check(console, id, *node, arguments);
@@ -181,10 +180,11 @@ ExitStatus Run(Console& console, const Arguments& arguments) {
 
 }  // namespace
 
-std::optional<ExitStatus> StartCommands(Console& console, bool contacts) {
+std::optional<ExitStatus> StartCommands(Console& console, const Arguments& arguments) {
   ZV_Proc& proc = console.proc;
   StartOptions options;
-  options.contacts = contacts;
+  options.contacts = arguments.Contacts();
+  if (arguments.local) options.switches = "/LOCAL";
   options.chooseLanguage = [&] {
     console.err << "zekview-cli: no language file: setting Language in [General] of "
                 << proc.settings.IniPath << "ZEKView.INI names none in "

@@ -24,9 +24,9 @@ struct Console {
   std::function<void()> hasInput = [] {};
 };
 
-/// Starts the session and loads the topics; `contacts`: for a command that may contact a controller.
-/// Returns an exit status, after a message, if the program must end.
-std::optional<ExitStatus> StartCommands(Console& console, bool contacts = true);
+/// Starts the session, with --local in local mode, and loads the topics. Returns an exit status,
+/// after a message, if the program must end.
+std::optional<ExitStatus> StartCommands(Console& console, const Arguments& arguments = {});
 
 /// Runs one command; at its end, every tag that it opened is switched off. Waits run the event loop
 /// of `console.proc`.

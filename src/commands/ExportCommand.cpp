@@ -37,7 +37,6 @@ ExitStatus Export(Console& console, const Arguments& arguments) {
   ZV_Proc& proc = console.proc;
   const std::optional<BatchKinds> kinds = KindsOf(console, arguments.operands);
   if (!kinds) return kWrongUsage;
-  if (arguments.local) proc.settings.LocalMode = true;
   proc.batch.Kinds = *kinds;
   proc.settings.DecimalSeparator = SystemDecimalSeparator();  // as /BATCH does
   BatchExport batch(proc);

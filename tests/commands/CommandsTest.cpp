@@ -48,7 +48,7 @@ class CommandPlayer : public test::SessionPlayer {
     program.settings.IniPath = "/ini/";
     turn.tick = [&program] { program.connection.Tick(); };
     Console console{program, cliPrompts, in, out, err};
-    const auto ended = StartCommands(console, arguments.Contacts());
+    const auto ended = StartCommands(console, arguments);
     const ExitStatus status = ended ? *ended : RunCommand(console, arguments);
     turn.tick = [] {};
     return std::to_string(status) + ": " + Printed(out) + " <" + Printed(err) + ">" + Got();
