@@ -141,7 +141,7 @@ std::string WhatChanged(const Trial& trial) {
     }
     for (const auto& [each, lines] : wanted) {
       if (Texts(LinesOf(each, school, trial.catalogue)) != Texts(lines)) {
-        return "saving " + control + " changed " + each;
+        return std::string("saving ").append(control).append(" changed ").append(each);
       }
     }
   }
