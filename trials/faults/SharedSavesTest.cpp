@@ -124,6 +124,13 @@ class SharedSession : private test::TestSession {
   int cutAfter_ = 0;
 };
 
+// Of the saved control old lines may remain in a controller that adds by number.
+bool Holds(const Trial& trial, bool saved, const Lines& there, const Lines& wanted) {
+  const bool mayRemain = saved && trial.replaces == sim::Replaces::Number;
+  return mayRemain ? std::includes(there.begin(), there.end(), wanted.begin(), wanted.end())
+                   : there == wanted;
+}
+
 // Gives the controls other times, in their order. Returns what went wrong, or "".
 std::string WhatChanged(const Trial& trial) {
   sim::Outstation school = School(trial.replaces);
@@ -139,10 +146,12 @@ std::string WhatChanged(const Trial& trial) {
       if (trial.restart) session.emplace(school, SharedSession::Disk(session->OnDisk()));
       session->Save(trial, control, wanted[control]);
     }
-    for (const auto& [each, lines] : wanted) {
-      if (Texts(LinesOf(each, school, trial.catalogue)) != Texts(lines)) {
-        return "saving " + control + " changed " + each;
+    for (auto& [each, lines] : wanted) {
+      const Lines there = LinesOf(each, school, trial.catalogue);
+      if (!Holds(trial, each == control, Texts(there), Texts(lines))) {
+        return std::string("saving ").append(control).append(" changed ").append(each);
       }
+      lines = there;
     }
   }
   return {};
