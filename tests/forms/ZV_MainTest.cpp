@@ -114,7 +114,7 @@ TEST_F(ZV_MainTest, KeysWorkWhileACommandWaitsForItsAnswer) {
        [this] {
          Type("x");
          for (int i = 0; i < 4; ++i) Key(WXK_RETURN);
-         EXPECT_EQ(proc().status.Hourglass, 1) << "waits pile up on waits";
+         EXPECT_LE(proc().status.Hourglass, 1) << "waits pile up on waits";
        });
   When([this] { return std::ranges::count(sent(), '\r') == 5; },
        [this] {
