@@ -8,6 +8,7 @@
 #include "catalogue/SharedCatalogue.h"
 #include "lang/TextNumbers.h"
 #include "text/Fields.h"
+#include "text/Windows1252.h"
 
 namespace zek {
 namespace {
@@ -101,7 +102,11 @@ class Reading {
       content.replacesUnsent = false;
     } else {
       const auto value = id_.IsOfControl() ? std::optional(content.dfv.value_or(".")) : content.dfv;
-      p_.copies.Store(id_, content.lines, value);
+      // After the message about the file: what to do about it.
+      if (!p_.copies.Store(id_, content.lines, value)) {
+        p_.messages.Tell(Icon::Information, text::kNothingKept,
+                         {Windows1252FromUtf8(p_.settings.ProgramPath)});
+      }
     }
     // A listing that was cut is not what the controller has.
     if (content.linesDropped == 0) p_.records.RememberKnown(id_, content);
