@@ -24,8 +24,8 @@ struct Console {
   std::function<void()> hasInput = [] {};
 };
 
-/// Starts the session and loads the topics; `contacts`: for a command that may contact a controller.
-/// Returns an exit status, after a message, if the program must end.
+/// Starts the session and loads the topics; `contacts`: for a command that may contact a
+/// controller. Returns an exit status, after a message, if the program must end.
 std::optional<ExitStatus> StartCommands(Console& console, bool contacts = true);
 
 /// Runs one command; at its end, every tag that it opened is switched off. Waits run the event loop
