@@ -84,7 +84,8 @@ void Connection::Failed(Topic& topic) {
 }
 
 void Connection::ReportFailed(const std::string& name, const std::string& address) {
-  const std::string fault = CurrentLink().TakeFault();
+  std::string fault = CurrentLink().TakeFault();
+  if (fault.empty() && CurrentLink().IsPolled()) fault = Text(text::kTagRefused);
   if (cause_.empty() && !fault.empty()) cause_ = Fault(fault);
   std::string message = Text(text::kConnectFailed) + " " + name;
   if (!address.empty()) message += "\r\n" + p_.messages.Text(text::kConnectWhere, {address});

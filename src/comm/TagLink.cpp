@@ -7,9 +7,9 @@
 
 namespace zek {
 
-void TagLink::Open(Topic& topic, const Attempt& /*attempt*/, Steps& steps) {
+void TagLink::Open(Topic& topic, const Attempt& attempt, Steps& steps) {
   pollFaultReported_ = false;
-  if (!LogOn()) return;
+  if (!LogOn() || !attempt.IsLatest()) return;
   if (!topic.Tag.empty()) {
     tags_.TagWrite(topic.Tag, "2");
     topic.TagState = 2;

@@ -17,6 +17,7 @@
 #include <utility>
 
 #include "lang/TextNumbers.h"
+#include "system/WinHandle.h"
 #include "text/Fields.h"
 
 namespace zek {
@@ -87,7 +88,6 @@ class WinDdeTransport::Conversation : public std::enable_shared_from_this<Conver
         wake_(::CreateEventA(nullptr, FALSE, FALSE, nullptr)) {}
   Conversation(const Conversation&) = delete;
   Conversation& operator=(const Conversation&) = delete;
-  ~Conversation() { ::CloseHandle(wake_); }
 
   // Starts; fails if too many threads still hang. `before` ends first.
   void Begin(const LinkTarget& target, std::shared_ptr<Conversation> before);
@@ -148,7 +148,7 @@ class WinDdeTransport::Conversation : public std::enable_shared_from_this<Conver
 
   mutable std::mutex mutex_;  // guards the rest
   Later later_;               // empty after `Drop`
-  HANDLE wake_;
+  Handle wake_;               // an event that ends the thread's wait
   std::condition_variable ended_;
   bool isOver_ = false;  // the conversation is closed
   LinkState state_ = LinkState::Opening;
@@ -223,8 +223,9 @@ bool WinDdeTransport::Conversation::Prepare() {
 }
 
 void WinDdeTransport::Conversation::Serve() {
+  HANDLE const wake = wake_.Get();
   while (!IsDropped()) {
-    ::MsgWaitForMultipleObjectsEx(1, &wake_, kLookMilliseconds, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+    ::MsgWaitForMultipleObjectsEx(1, &wake, kLookMilliseconds, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     MSG message;
     for (int i = 0; i < kMostAtOnce && ::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != FALSE;
          ++i) {
@@ -285,7 +286,7 @@ bool WinDdeTransport::Conversation::Send(std::string_view bytes) {
   if (state_ != LinkState::Connected || ending_ || outstanding_ >= kMostOutstanding) return false;
   ++outstanding_;
   unsent_.emplace_back(bytes.substr(0, bytes.find('\0')));
-  ::SetEvent(wake_);
+  ::SetEvent(wake_.Get());
   return true;
 }
 
@@ -294,7 +295,7 @@ void WinDdeTransport::Conversation::Drop() {
   owner_ = nullptr;
   later_ = nullptr;
   state_ = LinkState::Closed;
-  ::SetEvent(wake_);
+  ::SetEvent(wake_.Get());
 }
 
 bool WinDdeTransport::Conversation::AllSent() const {

@@ -552,7 +552,7 @@ TEST_F(ConnectionTest, TagModeFailures) {
   tags.refused = {"transparent open"};
   connection.Connect(kNet);
   EXPECT_EQ(connection.CurrentTopic, -1);
-  EXPECT_EQ(prompts.shown, Shown{"c T512 Tag 'NETTAG' (Topic 'NET')"});
+  EXPECT_EQ(prompts.shown, Shown{"c T512 Tag 'NETTAG' (Topic 'NET')\r\nT688"});
   EXPECT_EQ(tags.calls.back(), "Close");
   EXPECT_EQ(proc.topics[kNet].TagState, 1);
 
