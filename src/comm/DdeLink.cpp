@@ -44,9 +44,7 @@ TextLoss DdeLink::Receive(std::string_view bytes, const HandOver& handOver) {
   return TextLoss::None;
 }
 
-std::string DdeLink::Where(const Topic& topic) const {
-  return Application(topic.Address) + "|" + topic.TopicName;
-}
+std::string DdeLink::Where(const Topic& topic) const { return Application(topic.Address); }
 
 std::int32_t DdeLink::ErrorText() const { return text::kDdeError; }
 

@@ -2,20 +2,31 @@
 
 #include <windows.h>
 #include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
 
 #include <ddeml.h>
 
 #include <deque>
+#include <mutex>
 #include <optional>
 #include <string>
+#include <system_error>
+#include <thread>
 #include <utility>
-#include <vector>
 
 #include "lang/TextNumbers.h"
 #include "text/Fields.h"
 
 namespace zek {
 namespace {
+
+// How often a thread looks whether the server still lives.
+constexpr DWORD kLookMilliseconds = 200;
+// How long the next conversation, or the end of the program, waits for the end of one.
+constexpr std::chrono::seconds kLongestEnd{2};
+constexpr int kMostAtOnce = 100;  // messages; a flood must not delay commands and the end
 
 constexpr const char* kItem = "TRANSPARENT";
 // Destination of the server's calls back.
@@ -64,25 +75,29 @@ std::string TextOf(HDDEDATA data) {
 
 }  // namespace
 
-/// The only conversation of a transport, with its queue of events not yet reported.
+/// One conversation, with a thread of its own: DDE belongs to the thread that initialised it, and
+/// connecting waits for every window of the system, also for one that hangs. The thread is never
+/// joined and uses only this object, which it shares with the transport.
 class WinDdeTransport::Conversation : public std::enable_shared_from_this<Conversation> {
  public:
-  Conversation(WinDdeTransport& owner, Later later) : owner_(owner), later_(std::move(later)) {
-    All().push_back(this);
-  }
+  // Called by the thread of the transport.
+  Conversation(WinDdeTransport& owner, Later later)
+      : owner_(&owner),
+        later_(std::move(later)),
+        wake_(::CreateEventA(nullptr, FALSE, FALSE, nullptr)) {}
   Conversation(const Conversation&) = delete;
   Conversation& operator=(const Conversation&) = delete;
-  ~Conversation() {
-    std::erase(All(), this);
-    Drop();
-    if (instance_ != 0) ::DdeUninitialize(instance_);
-  }
+  ~Conversation() { ::CloseHandle(wake_); }
 
-  void Open(const LinkTarget& target);
+  // Starts; fails if too many threads still hang. `before` ends first.
+  void Begin(const LinkTarget& target, std::shared_ptr<Conversation> before);
   bool Send(std::string_view bytes);
   void Drop();
-  bool AllSent() const { return outstanding_ == 0 && !ending_; }
-  LinkState State();
+  bool AllSent() const;
+  LinkState State() const;
+  // Waits for the end of a dropped conversation. One that hangs while it connects has nothing to
+  // end, so this wait is short.
+  void AwaitEnd();
 
  private:
   struct Ending {
@@ -90,44 +105,94 @@ class WinDdeTransport::Conversation : public std::enable_shared_from_this<Conver
     LinkFault fault;
   };
 
-  // The DDE callback gets only the conversation handle; this list finds its object.
-  static std::vector<Conversation*>& All() {
-    static std::vector<Conversation*> all;
-    return all;
-  }
-  static HDDEDATA CALLBACK Callback(UINT type, UINT format, HCONV conversation, HSZ topic, HSZ item,
-                                    HDDEDATA data, ULONG_PTR data1, ULONG_PTR data2);
-
-  static HDDEDATA AnswerCaller(UINT type, HSZ topic, HSZ item, HDDEDATA data);
+  // Called by the conversation's own thread.
+  void Run(const LinkTarget& target, Conversation* before);
+  void Serve();
+  bool Connect(const LinkTarget& target);
   bool Prepare();
+  void SendPending();
+  void Close();
+  bool IsDropped() const;
   bool Names(HSZ name, std::string_view text) const;
   bool IsAlive() const;
   bool Start(UINT type, std::string_view bytes);
   void TakeText(std::string text);
   void TakeCompletion(bool taken, ULONG_PTR status);
-  std::int32_t Refusal(ULONG_PTR status) const;
   void End(Ending ending);
-  void Lost() { End({state_ == LinkState::Connected, {text::kDdeNoServer, {}}}); }
-  void HandOverLater();
-  void HandOver();
-  std::string TakeHeard();
+  void Lost();
+  HDDEDATA AnswerCaller(UINT type, HSZ topic, HSZ item, HDDEDATA data);
+  static HDDEDATA CALLBACK Callback(UINT type, UINT format, HCONV conversation, HSZ topic, HSZ item,
+                                    HDDEDATA data, ULONG_PTR data1, ULONG_PTR data2);
 
-  WinDdeTransport& owner_;  // not used after `Drop`
-  Later later_;
-  DWORD instance_ = 0;
+  // Called by both, with the mutex.
+  void EndLocked(Ending ending);
+  void HandOverLater();
+
+  // Called by the event loop.
+  void HandOver();
+
+  // The DDE callback has no parameter for its object; each thread serves one.
+  static Conversation*& Served() {
+    static thread_local Conversation* served = nullptr;
+    return served;
+  }
+  static std::atomic<int>& Threads() {
+    static std::atomic<int> threads{0};
+    return threads;
+  }
+
+  WinDdeTransport* owner_;  // used only by the transport's thread; null after `Drop`
+
+  DWORD instance_ = 0;  // these two are used only by the own thread
   HCONV handle_ = nullptr;
-  LinkState state_ = LinkState::Closed;
+
+  mutable std::mutex mutex_;  // guards the rest
+  Later later_;               // empty after `Drop`
+  HANDLE wake_;
+  std::condition_variable ended_;
+  bool isOver_ = false;  // the conversation is closed
+  LinkState state_ = LinkState::Opening;
   int outstanding_ = 0;  // transactions that the server has not answered
-  unsigned serial_ = 0;  // counts the conversations; events of an older one are ignored
+  std::deque<std::string> unsent_;
   std::deque<std::string> heard_;
   std::size_t unread_ = 0;        // memory cost of heard_, in bytes
   std::optional<Ending> ending_;  // reported after all text in heard_
   bool posted_ = false;
 };
 
-void WinDdeTransport::Conversation::Open(const LinkTarget& target) {
-  Drop();
-  state_ = LinkState::Opening;
+void WinDdeTransport::Conversation::Begin(const LinkTarget& target,
+                                          std::shared_ptr<Conversation> before) {
+  const std::lock_guard lock(mutex_);
+  try {
+    if (++Threads() > kMostThreads) throw std::system_error(std::error_code());
+    std::thread([self = shared_from_this(), target, before = std::move(before)] {
+      self->Run(target, before.get());
+      --Threads();
+    }).detach();
+  } catch (const std::system_error&) {
+    --Threads();
+    isOver_ = true;
+    EndLocked({false, {text::kDdeNoServer, {}}});
+  }
+}
+
+void WinDdeTransport::Conversation::Run(const LinkTarget& target, Conversation* before) {
+  Served() = this;
+  // A server may refuse a second conversation, or mix the two up.
+  if (before != nullptr) before->AwaitEnd();
+  if (!IsDropped() && Connect(target)) Serve();
+  Close();
+  const std::lock_guard lock(mutex_);
+  isOver_ = true;
+  ended_.notify_all();
+}
+
+void WinDdeTransport::Conversation::AwaitEnd() {
+  std::unique_lock lock(mutex_);
+  ended_.wait_for(lock, kLongestEnd, [this] { return isOver_; });
+}
+
+bool WinDdeTransport::Conversation::Connect(const LinkTarget& target) {
   const bool ready = Prepare();
   const DdeName service(instance_, target.server);
   const DdeName topic(instance_, target.service);
@@ -137,19 +202,65 @@ void WinDdeTransport::Conversation::Open(const LinkTarget& target) {
   }
   if (handle_ == nullptr) {
     End({false, {text::kDdeNoServer, {}}});
-    return;
+    return false;
   }
-  if (!Start(XTYP_ADVSTART, {})) End({false, {text::kDdeNoAdvise, {}}});
+  {
+    const std::lock_guard lock(mutex_);
+    ++outstanding_;
+  }
+  if (Start(XTYP_ADVSTART, {})) return true;
+  End({false, {text::kDdeNoAdvise, {}}});
+  return false;
 }
 
 bool WinDdeTransport::Conversation::Prepare() {
-  if (instance_ != 0) return true;
   if (::DdeInitializeA(&instance_, &Conversation::Callback, kOwnKind, 0) != DMLERR_NO_ERROR) {
     return false;
   }
   const DdeName own(instance_, kOwnService);
   ::DdeNameService(instance_, own.Get(), nullptr, DNS_REGISTER);  // may fail: few servers call back
   return true;
+}
+
+void WinDdeTransport::Conversation::Serve() {
+  while (!IsDropped()) {
+    ::MsgWaitForMultipleObjectsEx(1, &wake_, kLookMilliseconds, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+    MSG message;
+    for (int i = 0; i < kMostAtOnce && ::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != FALSE;
+         ++i) {
+      ::DispatchMessageA(&message);
+    }
+    SendPending();
+    // DDE does not report a crashed server, and not every system reports a disconnect.
+    if (handle_ != nullptr && !IsAlive()) Lost();
+  }
+}
+
+void WinDdeTransport::Conversation::SendPending() {
+  std::deque<std::string> unsent;
+  {
+    const std::lock_guard lock(mutex_);
+    unsent.swap(unsent_);
+  }
+  for (const std::string& bytes : unsent) {
+    if (handle_ != nullptr && Start(XTYP_POKE, bytes)) continue;
+    Lost();
+    return;
+  }
+}
+
+// What was sent before the end still goes out.
+void WinDdeTransport::Conversation::Close() {
+  if (handle_ != nullptr) {
+    SendPending();
+    ::DdeDisconnect(std::exchange(handle_, nullptr));
+  }
+  if (instance_ != 0) ::DdeUninitialize(std::exchange(instance_, 0));
+}
+
+bool WinDdeTransport::Conversation::IsDropped() const {
+  const std::lock_guard lock(mutex_);
+  return !later_;
 }
 
 bool WinDdeTransport::Conversation::Names(HSZ name, std::string_view text) const {
@@ -164,33 +275,38 @@ bool WinDdeTransport::Conversation::Start(UINT type, std::string_view bytes) {
   std::string text(bytes);  // the size of DDE text includes the final NUL
   const bool poke = type == XTYP_POKE;
   DWORD id = 0;
-  if (::DdeClientTransaction(poke ? reinterpret_cast<BYTE*>(text.data()) : nullptr,
-                             poke ? static_cast<DWORD>(text.size() + 1) : 0, handle_, item.Get(),
-                             CF_TEXT, type, TIMEOUT_ASYNC, &id) == nullptr) {
-    return false;
-  }
-  ++outstanding_;
-  return true;
+  return ::DdeClientTransaction(poke ? reinterpret_cast<BYTE*>(text.data()) : nullptr,
+                                poke ? static_cast<DWORD>(text.size() + 1) : 0, handle_, item.Get(),
+                                CF_TEXT, type, TIMEOUT_ASYNC, &id) != nullptr;
 }
 
 bool WinDdeTransport::Conversation::Send(std::string_view bytes) {
-  if (State() != LinkState::Connected || ending_ || outstanding_ >= kMostOutstanding) return false;
-  if (Start(XTYP_POKE, bytes.substr(0, bytes.find('\0')))) return true;
-  Lost();
-  return false;
+  const std::lock_guard lock(mutex_);
+  if (state_ != LinkState::Connected || ending_ || outstanding_ >= kMostOutstanding) return false;
+  ++outstanding_;
+  unsent_.emplace_back(bytes.substr(0, bytes.find('\0')));
+  ::SetEvent(wake_);
+  return true;
 }
 
 void WinDdeTransport::Conversation::Drop() {
-  ++serial_;
+  const std::lock_guard lock(mutex_);
+  owner_ = nullptr;
+  later_ = nullptr;
   state_ = LinkState::Closed;
-  outstanding_ = 0;
-  heard_.clear();
-  unread_ = 0;
-  ending_.reset();
-  if (handle_ != nullptr) ::DdeDisconnect(std::exchange(handle_, nullptr));
+  ::SetEvent(wake_);
 }
 
-// DDE does not report a crashed server, and not every system reports a disconnect.
+bool WinDdeTransport::Conversation::AllSent() const {
+  const std::lock_guard lock(mutex_);
+  return outstanding_ == 0 && !ending_;
+}
+
+LinkState WinDdeTransport::Conversation::State() const {
+  const std::lock_guard lock(mutex_);
+  return state_;
+}
+
 bool WinDdeTransport::Conversation::IsAlive() const {
   CONVINFO info{};
   info.cb = sizeof info;
@@ -198,51 +314,54 @@ bool WinDdeTransport::Conversation::IsAlive() const {
          ::IsWindow(info.hwndPartner) != FALSE;
 }
 
-LinkState WinDdeTransport::Conversation::State() {
-  if (handle_ != nullptr && !IsAlive()) Lost();
-  return state_;
+void WinDdeTransport::Conversation::Lost() {
+  const std::lock_guard lock(mutex_);
+  EndLocked({state_ == LinkState::Connected, {text::kDdeNoServer, {}}});
+}
+
+void WinDdeTransport::Conversation::End(Ending ending) {
+  const std::lock_guard lock(mutex_);
+  EndLocked(std::move(ending));
 }
 
 // The first cause counts; later ones are its consequences. The event loop ends the conversation,
 // because the DDE callback may call this, and DDE still uses the conversation then.
-void WinDdeTransport::Conversation::End(Ending ending) {
+void WinDdeTransport::Conversation::EndLocked(Ending ending) {
   if (ending_) return;
   ending_ = std::move(ending);
   HandOverLater();
 }
 
 void WinDdeTransport::Conversation::HandOverLater() {
-  if (std::exchange(posted_, true)) return;
-  later_([self = weak_from_this()] {
-    if (const std::shared_ptr<Conversation> conversation = self.lock()) conversation->HandOver();
-  });
+  if (!later_ || std::exchange(posted_, true)) return;
+  later_([self = shared_from_this()] { self->HandOver(); });
 }
 
 void WinDdeTransport::Conversation::HandOver() {
+  std::unique_lock lock(mutex_);
   posted_ = false;
-  const unsigned serial = serial_;
-  while (serial == serial_ && !heard_.empty()) owner_.Events().OnLinkText(TakeHeard());
-  if (serial != serial_ || !ending_) return;
-  const Ending ending = *ending_;
-  Drop();
-  if (ending.closed) {
-    owner_.Events().OnLinkClosed();
-  } else {
-    owner_.Events().OnLinkError(ending.fault);
+  while (owner_ != nullptr && (!heard_.empty() || ending_)) {
+    WinDdeTransport& owner = *owner_;
+    if (heard_.empty()) {
+      const Ending ending = *ending_;
+      lock.unlock();
+      owner.Report(ending.closed, ending.fault);
+      return;
+    }
+    const std::string text = std::move(heard_.front());
+    heard_.pop_front();
+    unread_ -= Load(text);
+    lock.unlock();
+    owner.Events().OnLinkText(text);
+    lock.lock();
   }
 }
 
-std::string WinDdeTransport::Conversation::TakeHeard() {
-  std::string text = std::move(heard_.front());
-  heard_.pop_front();
-  unread_ -= Load(text);
-  return text;
-}
-
 void WinDdeTransport::Conversation::TakeText(std::string text) {
-  if (ending_ || text.empty()) return;
+  const std::lock_guard lock(mutex_);
+  if (ending_ || !later_ || text.empty()) return;
   if (unread_ + Load(text) > kMostUnread) {
-    End({false, {text::kDdeFlooded, {}}});
+    EndLocked({false, {text::kDdeFlooded, {}}});
     return;
   }
   state_ = LinkState::Connected;  // a server may send text before it confirms the link
@@ -254,45 +373,38 @@ void WinDdeTransport::Conversation::TakeText(std::string text) {
 // The server answers transactions in order, so the first answer is for the advise link. The
 // transaction numbers can't be used: one system gives all of them the same number.
 void WinDdeTransport::Conversation::TakeCompletion(bool taken, ULONG_PTR status) {
+  const bool alive = taken || (handle_ != nullptr && IsAlive());
+  const std::lock_guard lock(mutex_);
   if (outstanding_ > 0) --outstanding_;
+  if (!later_) return;
   if (taken) {
     state_ = LinkState::Connected;
-  } else if (handle_ == nullptr || !IsAlive()) {
-    Lost();  // the server is gone, so this is not a refusal
+  } else if (!alive) {  // the server is gone, so this is not a refusal
+    EndLocked({state_ == LinkState::Connected, {text::kDdeNoServer, {}}});
+  } else if (state_ == LinkState::Opening) {
+    EndLocked({false, {text::kDdeNoAdvise, {}}});
   } else {
-    End({false, {Refusal(status), {}}});
+    EndLocked({false, {(status & DDE_FBUSY) != 0 ? text::kDdeBusy : text::kDdeRefused, {}}});
   }
 }
 
-std::int32_t WinDdeTransport::Conversation::Refusal(ULONG_PTR status) const {
-  if (state_ == LinkState::Opening) return text::kDdeNoAdvise;
-  return (status & DDE_FBUSY) != 0 ? text::kDdeBusy : text::kDdeRefused;
-}
-
-// A program has one link, so the first connected one is the right one.
 HDDEDATA WinDdeTransport::Conversation::AnswerCaller(UINT type, HSZ topic, HSZ item,
                                                      HDDEDATA data) {
-  for (Conversation* const each : All()) {
-    if (each->state_ != LinkState::Connected || !each->Names(topic, kOwnTopic)) continue;
-    if (type == XTYP_CONNECT) return Code(1);
-    if (!each->Names(item, kOwnItem)) continue;
-    each->TakeText(TextOf(data) + '\n');
-    return Code(DDE_FACK);
-  }
-  return Code(DDE_FNOTPROCESSED);
+  if (State() != LinkState::Connected || !Names(topic, kOwnTopic)) return Code(DDE_FNOTPROCESSED);
+  if (type == XTYP_CONNECT) return Code(1);
+  if (!Names(item, kOwnItem)) return Code(DDE_FNOTPROCESSED);
+  TakeText(TextOf(data) + '\n');
+  return Code(DDE_FACK);
 }
 
 HDDEDATA CALLBACK WinDdeTransport::Conversation::Callback(UINT type, UINT format,
                                                           HCONV conversation, HSZ topic, HSZ item,
                                                           HDDEDATA data, ULONG_PTR /*data1*/,
                                                           ULONG_PTR data2) {
+  Conversation& self = *Served();
   const bool poke = type == XTYP_POKE && format == CF_TEXT;
-  if (type == XTYP_CONNECT || poke) return AnswerCaller(type, topic, item, data);
-  const auto found = std::find_if(All().begin(), All().end(), [conversation](const auto* each) {
-    return conversation != nullptr && each->handle_ == conversation;
-  });
-  if (found == All().end()) return nullptr;
-  Conversation& self = **found;
+  if (type == XTYP_CONNECT || poke) return self.AnswerCaller(type, topic, item, data);
+  if (conversation == nullptr || conversation != self.handle_) return nullptr;
   switch (type) {
     case XTYP_ADVDATA:
       if (format == CF_TEXT && data != nullptr) self.TakeText(TextOf(data));
@@ -309,19 +421,43 @@ HDDEDATA CALLBACK WinDdeTransport::Conversation::Callback(UINT type, UINT format
   }
 }
 
-WinDdeTransport::WinDdeTransport(Later later)
-    : conversation_(std::make_shared<Conversation>(*this, std::move(later))) {}
+WinDdeTransport::WinDdeTransport(Later later) : later_(std::move(later)) {}
 
-WinDdeTransport::~WinDdeTransport() { conversation_->Drop(); }
+// The process may end now, and the server must hear of it.
+WinDdeTransport::~WinDdeTransport() {
+  Close();
+  if (before_) before_->AwaitEnd();
+}
 
-void WinDdeTransport::Open(const LinkTarget& target) { conversation_->Open(target); }
+void WinDdeTransport::Open(const LinkTarget& target) {
+  Close();
+  conversation_ = std::make_shared<Conversation>(*this, later_);
+  conversation_->Begin(target, std::exchange(before_, nullptr));
+}
 
-bool WinDdeTransport::Send(std::string_view bytes) { return conversation_->Send(bytes); }
+bool WinDdeTransport::Send(std::string_view bytes) {
+  return conversation_ && conversation_->Send(bytes);
+}
 
-bool WinDdeTransport::AllSent() const { return conversation_->AllSent(); }
+bool WinDdeTransport::AllSent() const { return conversation_ && conversation_->AllSent(); }
 
-void WinDdeTransport::Close() { conversation_->Drop(); }
+void WinDdeTransport::Close() {
+  if (!conversation_) return;
+  conversation_->Drop();
+  before_ = std::move(conversation_);
+}
 
-LinkState WinDdeTransport::State() const { return conversation_->State(); }
+LinkState WinDdeTransport::State() const {
+  return conversation_ ? conversation_->State() : LinkState::Closed;
+}
+
+void WinDdeTransport::Report(bool closed, const LinkFault& fault) {
+  Close();
+  if (closed) {
+    Events().OnLinkClosed();
+  } else {
+    Events().OnLinkError(fault);
+  }
+}
 
 }  // namespace zek

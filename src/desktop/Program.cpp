@@ -13,6 +13,7 @@
 #include <wx/sstream.h>
 #include <wx/stdpaths.h>
 
+#include "desktop/FrontRequest.h"
 #include "desktop/StartUp.h"
 #include "desktop/Tour.h"
 #include "forms/main/ZV_Main.h"
@@ -83,6 +84,8 @@ class Program final : public wxApp {
     }
     if (const auto ended = StartUp(desktop_->proc, line_, instance_)) return *ended;
     ShowMain();
+    frontRequest_.emplace(programPath);
+    frontRequest_->Answer();
     wxApp::OnRun();
     if (tour_ && !tour_->Succeeded()) return kFailed;
     return unattended_ && !desktop_->proc.batch.Succeeded ? kFailed : kDone;
@@ -91,6 +94,7 @@ class Program final : public wxApp {
   int OnExit() override {
     DeleteAllTLWs();  // windows must not outlive the session
     tour_.reset();
+    frontRequest_.reset();
     unattended_.reset();
     desktop_.reset();
     const wxLogNull quiet;
@@ -121,6 +125,7 @@ class Program final : public wxApp {
   wxSingleInstanceChecker instance_;
   std::unique_ptr<SystemSession> desktop_;
   std::optional<Unattended> unattended_;
+  std::optional<FrontRequest> frontRequest_;
   std::unique_ptr<Tour> tour_;
 };
 

@@ -8,6 +8,7 @@
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
 
+#include "desktop/FrontRequest.h"
 #include "forms/main/ZV_Lang.h"
 #include "lang/TextNumbers.h"
 #include "system/Paths.h"
@@ -54,6 +55,7 @@ std::optional<ExitStatus> StartUp(ZV_Proc& proc, const CommandLine& line,
   options.mayStart = [&]() -> std::optional<ExitStatus> {
     if (!IsAnotherRunning(instance, proc.settings.ProgramPath)) return std::nullopt;
     proc.ToUser().Tell(Icon::Information, text::kAlreadyRunning);
+    if (attended) FrontRequest(proc.settings.ProgramPath).Ask();
     return attended ? kDone : kFailed;
   };
   const std::optional<ExitStatus> ended = StartSession(proc, options);

@@ -5,6 +5,7 @@
 #include <wx/sizer.h>
 #include <wx/weakref.h>
 
+#include "forms/EditorTitle.h"
 #include "forms/StatusChain.h"
 #include "lang/TextNumbers.h"
 #include "ui/Forms.h"
@@ -30,9 +31,7 @@ EditorForm::EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue 
       status_(new wxStaticText(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
                                wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END)),
       fromCopy_(content.from == LinesFrom::LocalCopy && !proc.settings.LocalMode) {
-  const std::string& tsc = proc.selection.TscName;
-  const std::string& object = proc.topics[proc.selection.CurrentObject].TopicName;
-  title_ = Caption(kind.titleText) + " - " + ToWx(tsc.empty() ? object : tsc);
+  title_ = ToWx(EditorTitle(proc, catalogue, kind.viewOnly));
   SetTitle(title_);
   status_->SetName("Label_Status");
   Bind(wxEVT_CHAR_HOOK, &EditorForm::OnKey, this);

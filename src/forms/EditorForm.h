@@ -32,7 +32,6 @@ class EditorForm : public wxDialog {
  protected:
   struct Kind {
     std::string name;                // identifies the form ("ZV_WDC")
-    int titleText = 0;               // text number of the title; the control's name follows it
     bool viewOnly = false;           // nothing can be saved
     bool closesWhenGivenUp = false;  // closes if a write fails and the user declines a retry
   };

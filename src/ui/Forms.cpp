@@ -4,10 +4,14 @@
 #include <memory>
 
 #include <wx/config.h>
+#include <wx/dialog.h>
 #include <wx/display.h>
 #include <wx/font.h>
-#include <wx/persist/toplevel.h>
+#include <wx/gdicmn.h>
 #include <wx/timer.h>
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+#endif
 
 namespace zek {
 namespace {
@@ -26,9 +30,114 @@ void SetTopmost(wxTopLevelWindow& form, bool on) {
   form.SetWindowStyleFlag(on ? style | wxSTAY_ON_TOP : style & ~wxSTAY_ON_TOP);
 }
 
+namespace {
+
+// The place of a form's frame and the size within it. The toolkit's own numbers include the frame
+// or not, depending on when they are asked, which makes windows shrink or wander when restored.
+wxRect PlaceOf(wxTopLevelWindow& form) {
+#ifdef __WXGTK__
+  wxRect place;
+  gtk_window_get_position(GTK_WINDOW(form.GetHandle()), &place.x, &place.y);
+  gtk_window_get_size(GTK_WINDOW(form.GetHandle()), &place.width, &place.height);
+  return place;
+#else
+  return form.GetRect();
+#endif
+}
+
+void Put(wxTopLevelWindow& form, const wxRect& place) {
+#ifdef __WXGTK__
+  gtk_window_move(GTK_WINDOW(form.GetHandle()), place.x, place.y);
+  gtk_window_resize(GTK_WINDOW(form.GetHandle()), place.width, place.height);
+#else
+  form.SetSize(place);
+#endif
+}
+
+// Where a form is while it is shown; a hidden one has lost its frame.
+class Placement {
+ public:
+  Placement(wxTopLevelWindow& form, const std::string& name)
+      : form_(form), group_("/Placement/" + name + "/") {
+    Restore();
+  }
+
+  // Some window managers place a form, or shrink it by its frame, when they first show it. So it is
+  // put in its place again once it is active.
+  void Note(bool active) {
+    if (!form_.IsShown() || form_.IsIconized()) return;
+    maximized_ = form_.IsMaximized();
+    if (maximized_) return;
+    if (placed_) {
+      place_ = PlaceOf(form_);
+    } else if (active) {
+      placed_ = true;
+      if (!place_.IsEmpty()) Put(form_, place_);
+    }
+  }
+
+  void Write() const {
+    if (place_.IsEmpty()) return;
+    wxConfigBase& config = *wxConfigBase::Get();
+    config.Write(group_ + "X", place_.x);
+    config.Write(group_ + "Y", place_.y);
+    config.Write(group_ + "Width", place_.width);
+    config.Write(group_ + "Height", place_.height);
+    config.Write(group_ + "Maximized", maximized_);
+  }
+
+ private:
+  // Centres the form if its place is not known, or not on the screens of today.
+  void Restore() {
+    const wxConfigBase& config = *wxConfigBase::Get();
+    const auto number = [&](const char* name) {
+      return static_cast<int>(config.ReadLong(group_ + name, 0));
+    };
+    const wxRect place(number("X"), number("Y"), number("Width"), number("Height"));
+    const wxPoint middle = place.GetPosition() + place.GetSize() / 2;
+    if (place.IsEmpty() || wxDisplay::GetFromPoint(middle) == wxNOT_FOUND) {
+      CenterForm(form_);
+    } else {
+      place_ = place;
+      form_.SetSize(place_);
+      Put(form_, place_);
+    }
+    if (config.ReadBool(group_ + "Maximized", false)) form_.Maximize();
+  }
+
+  wxTopLevelWindow& form_;
+  wxString group_;
+  wxRect place_;
+  bool placed_ = false;
+  bool maximized_ = false;
+};
+
+}  // namespace
+
 void RememberPlacement(wxTopLevelWindow& form, const std::string& name) {
   form.SetName(name);
-  if (!wxPersistentRegisterAndRestore(&form, name)) CenterForm(form);
+  const auto placement = std::make_shared<Placement>(form, name);
+  const auto note = [placement](wxEvent& event) {
+    event.Skip();
+    const auto* const activation = dynamic_cast<const wxActivateEvent*>(&event);
+    placement->Note(activation != nullptr && activation->GetActive());
+  };
+  form.Bind(wxEVT_SIZE, note);
+  form.Bind(wxEVT_MOVE, note);
+  form.Bind(wxEVT_ACTIVATE, note);
+  form.Bind(wxEVT_DESTROY, [placement, &form](wxWindowDestroyEvent& event) {
+    event.Skip();
+    if (event.GetEventObject() == &form) placement->Write();
+  });
+}
+
+bool HasOpenBox(const wxWindow& form) {
+  const wxWindowList& children = form.GetChildren();
+  return std::any_of(children.begin(), children.end(), [](const wxWindow* child) {
+    // Also one that is answered, while the call that showed it has not returned yet.
+    return dynamic_cast<const wxDialog*>(child) != nullptr &&
+           (child->GetExtraStyle() & wxWS_EX_TRANSIENT) == 0;
+  });
 }
 
 wxFont FixedFont() { return wxFontInfo(kFixedPoints).Family(wxFONTFAMILY_TELETYPE); }

@@ -15,9 +15,13 @@ void CenterForm(wxTopLevelWindow& form);
 /// Keeps a form above all other windows, or stops doing so.
 void SetTopmost(wxTopLevelWindow& form, bool on);
 
-/// Restores the form's last size and position, and saves them when the form closes. `name`
+/// Restores the form's last size and position, and saves them when the form is destroyed. `name`
 /// identifies the form ("ZV_Main"). A form opened for the first time is centred.
 void RememberPlacement(wxTopLevelWindow& form, const std::string& name);
+
+/// True while a dialog or a message box belongs to the form. The form must not be destroyed
+/// meanwhile: it would take the dialog with it.
+bool HasOpenBox(const wxWindow& form);
 
 /// The font of all text boxes and of the log: fixed pitch.
 wxFont FixedFont();

@@ -10,13 +10,16 @@
 namespace zek {
 namespace {
 
-std::set<const wxDialog*> ModalDialogs() {
-  std::set<const wxDialog*> dialogs;
-  for (const wxWindow* const window : wxTopLevelWindows) {
-    const auto* const dialog = dynamic_cast<const wxDialog*>(window);
-    if (dialog != nullptr && dialog->IsModal()) dialogs.insert(dialog);
-  }
-  return dialogs;
+bool IsKey(const wxEvent& event) { return dynamic_cast<const wxKeyEvent*>(&event) != nullptr; }
+
+// A key for a message box or file dialog of the system itself. Windows offers it to one of our
+// windows first; elsewhere it does not reach us.
+bool IsForSystemDialog([[maybe_unused]] const wxEvent& event) {
+#ifdef __WXMSW__
+  return IsKey(event) && wxGetActiveWindow() == nullptr;
+#else
+  return false;
+#endif
 }
 
 bool IsInput(wxEventType type) {
@@ -43,7 +46,10 @@ bool IsEscape(const wxEvent& event) {
 }  // namespace
 
 InputBlock::InputBlock(std::function<void()> onEscape, const wxWindow* free)
-    : onEscape_(std::move(onEscape)), free_(free), dialogsBefore_(ModalDialogs()) {
+    : onEscape_(std::move(onEscape)), free_(free) {
+  for (wxWindow* const form : wxTopLevelWindows) {
+    if ((form->GetExtraStyle() & wxWS_EX_TRANSIENT) == 0) blocked_.emplace_back(form);
+  }
   wxEvtHandler::AddFilter(this);
 }
 
@@ -52,7 +58,7 @@ InputBlock::~InputBlock() { wxEvtHandler::RemoveFilter(this); }
 int InputBlock::FilterEvent(wxEvent& event) {
   const wxEventType type = event.GetEventType();
   const bool close = type == wxEVT_CLOSE_WINDOW;
-  if ((!close && !IsInput(type)) || IsSuspended()) return Event_Skip;
+  if ((!close && !IsInput(type)) || !IsForBlocked(event)) return Event_Skip;
   if (close) {
     auto& request = static_cast<wxCloseEvent&>(event);
     if (!request.CanVeto()) return Event_Skip;
@@ -60,20 +66,24 @@ int InputBlock::FilterEvent(wxEvent& event) {
     closeRequested_ = true;
     onEscape_();
   }
-  if (IsEscape(event)) onEscape_();
+  if (IsEscape(event)) {
+    onEscape_();
+    return Event_Processed;  // also on the free button: the form would take it as a wish to close
+  }
   // The key that started the work may still be held down; it must not press the free button.
-  const bool key = dynamic_cast<const wxKeyEvent*>(&event) != nullptr;
-  const bool held = key && !keyReleased_;
+  const bool held = IsKey(event) && !keyReleased_;
   if (type == wxEVT_KEY_UP) keyReleased_ = true;
   if (free_ != nullptr && event.GetEventObject() == free_ && !held) return Event_Skip;
   return Event_Processed;
 }
 
-// The system's own message boxes send no events of their own, so check the modal dialogs instead.
-bool InputBlock::IsSuspended() const {
-  const std::set<const wxDialog*> now = ModalDialogs();
-  return std::any_of(now.begin(), now.end(),
-                     [this](const wxDialog* dialog) { return dialogsBefore_.count(dialog) == 0; });
+// Also true for a menu's event, which belongs to no window.
+bool InputBlock::IsForBlocked(const wxEvent& event) const {
+  if (IsForSystemDialog(event)) return false;
+  auto* const window = dynamic_cast<wxWindow*>(event.GetEventObject());
+  const wxWindow* const form = wxGetTopLevelParent(window);
+  return form == nullptr || std::any_of(blocked_.begin(), blocked_.end(),
+                                        [form](const auto& each) { return each.get() == form; });
 }
 
 }  // namespace zek

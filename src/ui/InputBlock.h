@@ -1,17 +1,18 @@
 #pragma once
 
 #include <functional>
-#include <set>
+#include <vector>
 
-#include <wx/dialog.h>
 #include <wx/eventfilter.h>
+#include <wx/weakref.h>
+#include <wx/window.h>
 
 namespace zek {
 
-/// While it exists, blocks the user's keys, clicks, menu choices and close requests in every
-/// window of the program. The windows are still painted. Escape and a close request call
-/// `onEscape`. A dialog or message box that opens meanwhile works as usual. So does the mouse on
-/// `free`, the cancel button.
+/// While it exists, blocks the user's keys, clicks, menu choices and close requests in the forms
+/// that were open when it began. They are still painted. Escape and a close request there call
+/// `onEscape`. The mouse works on `free`, the cancel button; the about box and every dialog or
+/// message box that opens meanwhile work as usual.
 ///
 /// Disabling the windows is not enough: on some systems a text box in a disabled window still
 /// accepts keys.
@@ -28,11 +29,11 @@ class InputBlock final : private wxEventFilter {
 
  private:
   int FilterEvent(wxEvent& event) override;
-  bool IsSuspended() const;
+  bool IsForBlocked(const wxEvent& event) const;
 
   std::function<void()> onEscape_;
   const wxWindow* free_;
-  std::set<const wxDialog*> dialogsBefore_;  // already modal when the block began
+  std::vector<wxWeakRef<wxWindow>> blocked_;
   bool closeRequested_ = false;
   bool keyReleased_ = false;  // a key was released since the block began
 };

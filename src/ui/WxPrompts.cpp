@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include <wx/app.h>
 #include <wx/toplevel.h>
 
 #include "lang/TextNumbers.h"
@@ -14,12 +15,14 @@ namespace zek {
 namespace {
 
 // The form that was opened last: the parent of a message box. Not the active window, because there
-// may be none during a transfer. Never one that closes by itself, which would destroy the box.
+// may be none during a transfer. Never one that closes by itself or is already closed: it would
+// take the box with it.
 wxWindow* LastForm() {
   wxWindow* last = nullptr;
   for (wxWindow* const form : wxTopLevelWindows) {
+    const bool closed = form->IsBeingDeleted() || wxTheApp->IsScheduledForDestruction(form);
     const bool lasts = (form->GetExtraStyle() & wxWS_EX_TRANSIENT) == 0;
-    if (lasts && form->IsShown() && !form->IsBeingDeleted()) last = form;
+    if (lasts && form->IsShown() && !closed) last = form;
   }
   return last;
 }

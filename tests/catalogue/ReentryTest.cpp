@@ -143,6 +143,10 @@ bool Do(Session& session, std::string_view what) {
   if (what == "select another") session.SelectTwo();
   if (what == "no answer") session.answers.erase("LIST WDC");
   if (what == "quit") session.turn.Quit();
+  if (what == "a box") {  // it runs the event loop inside the wait
+    const auto end = session.turn.Now() + 20'000;
+    while (session.turn.Now() < end) session.turn.Once();
+  }
   if (what == "cancel") {
     session.batch->Cancel();
     if (session.proc.status.Busy > 0) session.proc.waits.Cancel();
@@ -169,7 +173,7 @@ const std::vector<Operation> kOperations = {
 
 // Typed commands and other topics are available only while no catalogue is transferred.
 constexpr std::array kActions = {"disconnect", "connect", "connect another", "cancel", "quit",
-                                 "get",        "erase",   "batch tick",      "TIME"};
+                                 "get",        "erase",   "batch tick",      "TIME",   "a box"};
 
 void Act(Session& session, std::string_view action) {
   if (action != "TIME" || session.proc.status.Busy == 0) Do(session, action);

@@ -171,7 +171,7 @@ TEST_F(ConnectionTest, WithoutDdeTheReasonIsToldAndTheProgramGoesOn) {
   without.topics = proc.topics;
   turn.tick = [&] { without.connection.Tick(); };
   without.connection.Connect(kNet);
-  EXPECT_EQ(prompts.shown, Shown{"c T512 Topic 'NET'\r\n\\\\PLANT2\\NDDE$|NET\r\nDDE (not here)"});
+  EXPECT_EQ(prompts.shown, Shown{"c T512 Topic 'NET'\r\n\\\\PLANT2\\NDDE$\r\nDDE (not here)"});
   EXPECT_LT(turn.Now(), 1000);
   without.connection.Connect(kOne);
   EXPECT_EQ(without.connection.CurrentTopic, kOne);

@@ -2,6 +2,7 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <iostream>
+#include <optional>
 #include <regex>
 
 #include <wx/treectrl.h>
@@ -11,6 +12,7 @@
 #include "PlantWorld.h"
 #include "forms/browser/ZV_TSC.h"
 #include "forms/main/ZV_Main.h"
+#include "ui/WxPrompts.h"
 
 // User actions while one of the windows waits. Nothing may be sent twice or in the middle of a
 // transfer, every window must close in the end, and none may be used after that (the sanitizers
@@ -18,7 +20,7 @@
 namespace zek::window {
 namespace {
 
-constexpr std::array kForms{"ZV_OVC", "ZV_WDC", "ZV_TSCSummary", "ZV_TSC", "ZV_Main"};
+constexpr std::array kForms{"PromptBox", "ZV_OVC", "ZV_WDC", "ZV_TSCSummary", "ZV_TSC", "ZV_Main"};
 
 struct ReentryWorld : PlantWorld {
   ReentryWorld() {
@@ -34,7 +36,14 @@ struct ReentryWorld : PlantWorld {
     EXPECT_TRUE(PumpUntil([] { return Shown("ZV_Info") == nullptr; }));
   }
 
+  // From now on the message boxes are real.
+  void ShowBoxes() { boxesShown_.emplace(session.prompts, boxes_); }
+
   wxWeakRef<ZV_Main> main;
+
+ private:
+  WxPrompts boxes_;
+  std::optional<PromptsInstead> boxesShown_;
 };
 
 wxWindow* FormInFront() {
@@ -61,7 +70,7 @@ void CloseInnermost() {
 }
 void TypeCommand(const char* command) {
   if (Shown("Text_Input") == nullptr) return;
-  Box("Text_Input").ChangeValue(command);
+  Box("Text_Input").ChangeValue(wxString::FromUTF8(command));
   Post("Text_Input", wxEVT_TEXT_ENTER, 0);
 }
 
@@ -84,6 +93,8 @@ void InBrowser(ReentryWorld& /*world*/, std::function<void()> act) {
        });
 }
 bool IsFetching(const ReentryWorld& world) { return world.session.status.Busy > 0; }
+
+bool BoxIsUp(const ReentryWorld& /*world*/) { return Shown("PromptBox") != nullptr; }
 
 const std::vector<Wait> kWaits = {
     {"a connection",
@@ -128,6 +139,24 @@ const std::vector<Wait> kWaits = {
      [](const ReentryWorld& world) {
        return Shown("ZV_WDC") != nullptr && world.session.status.Busy > 0;
      }},
+    {"a question before a write",
+     [](ReentryWorld& world) {
+       world.ShowBoxes();
+       InBrowser(world, [] { Menu("ZV_TSC", browser::Menu_GetWDC); });
+       When([] { return HasFocus("Text_Start0"); },
+            [] {
+              Box("Text_Start0").SetValue("8");
+              Post("Command_Ok", wxEVT_BUTTON, 0);
+            });
+     },
+     BoxIsUp},
+    {"a box over the main window",
+     [](ReentryWorld& world) {
+       world.ShowBoxes();
+       ChooseTopic(0);
+       When([] { return Shown("Text_Input")->IsEnabled(); }, [] { TypeCommand("\xE4\xB8\xAD"); });
+     },
+     BoxIsUp},
     {"an export",
      [](ReentryWorld& world) {
        world.link.silent = true;

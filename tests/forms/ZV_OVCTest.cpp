@@ -160,13 +160,14 @@ TEST_F(ExceptionFormTest, WrongDatesAndTimesAreToldAndReplaced) {
 TEST_F(ExceptionFormTest, ARootNodeIsForViewingAndUnknownMonthsAreTold) {
   OldLines()[1] = kOld;
   OldLines()[2] = "    2 !            !24-MAJ-26,08:00                        !1        !.";
-  const auto told = [this] { return InEditor() && world.prompts.shown.size() == 1; };
+  const auto told = [this] { return InEditor() && world.prompts.shown.size() == 2; };
   Run("SKOLA", {{told, [] {
                    EXPECT_FALSE(Shown("Command_Ok")->IsEnabled());
                    EXPECT_EQ(Row(0), "      ");
                    Escape();
                  }}});
-  EXPECT_NE(world.prompts.shown[0].find("24-MAJ-26"), std::string::npos);
+  EXPECT_NE(world.prompts.shown[0].find("utan namn (1), AHU1 (1)"), std::string::npos);
+  EXPECT_NE(world.prompts.shown[1].find("24-MAJ-26"), std::string::npos);
 }
 
 }  // namespace

@@ -88,6 +88,7 @@ TEST_F(BrowserTest, AFetchCanBeCancelled) {
           EXPECT_FALSE(Tree().IsEnabled());
           EXPECT_FALSE(Browser().GetMenuBar()->IsEnabledTop(1));
           EXPECT_NE(Browser().GetStatusBar()->GetStatusText(1), "");
+          Press(WXK_F5);  // the button takes keys from now on
           Escape();
         }},
        {InBrowser,
@@ -104,6 +105,45 @@ TEST_F(BrowserTest, AFetchCanBeCancelled) {
           Escape();
         }}});
   EXPECT_FALSE(test::CancelIsPending(world.session));
+  EXPECT_TRUE(world.prompts.shown.empty());
+}
+
+TEST_F(BrowserTest, AnEscapeThatClosesAMenuClosesNothingElse) {
+  Run({{InBrowser,
+        [] {
+          InPickList(
+              [] {
+                wxUIActionSimulator mouse;
+                mouse.MouseMove(Browser().ClientToScreen(wxPoint(20, -12)));
+                mouse.MouseClick();
+              },
+              {WXK_ESCAPE});
+          Pump(50);
+          EXPECT_TRUE(Shown("ZV_TSC"));
+        }},
+       {InBrowser, Escape}});
+}
+
+TEST_F(BrowserTest, NothingIsErasedOrRestoredWhenOnlyViewing) {
+  const std::string name = "PLANT_5100_3 Kontoret TF2";
+  EXPECT_FALSE(world.files.Write(world.directory + name + ".TXT", "now\r\n"));
+  EXPECT_FALSE(world.files.MakeDirectory(world.directory + "History"));
+  EXPECT_FALSE(
+      world.files.Write(world.directory + "History/" + name + " 20261121-083000.TXT", "then\r\n"));
+  world.session.settings.ViewOnly = true;
+  Run({{InBrowser,
+        [] {
+          Select("[TF2]");
+          Press(WXK_DELETE);
+          Pump(50);
+          Press(WXK_F8);
+        }},
+       {[] { return IsActive("ZV_TSCHistory") && !Value("Text_Differences").empty(); },
+        [] {
+          EXPECT_FALSE(Shown("Command_Restore")->IsEnabled());
+          Escape();
+        }},
+       {InBrowser, Escape}});
   EXPECT_TRUE(world.prompts.shown.empty());
 }
 

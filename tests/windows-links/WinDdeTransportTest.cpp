@@ -1,11 +1,16 @@
 #include <windows.h>
+#include <atomic>
+#include <chrono>
 
 #include <ddeml.h>
 
 #include <deque>
 #include <functional>
+#include <future>
 #include <gtest/gtest.h>
+#include <mutex>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "comm/WinDdeTransport.h"
@@ -39,11 +44,7 @@ class WinDdeTransportTest : public ::testing::Test, protected TransportEvents {
       for (MSG message; ::PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE) != FALSE;) {
         ::DispatchMessageA(&message);
       }
-      while (!deaf && !posted.empty()) {
-        const std::function<void()> call = std::move(posted.front());
-        posted.pop_front();
-        call();
-      }
+      while (const std::function<void()> call = deaf ? nullptr : NextPosted()) call();
     }
     return true;
   }
@@ -61,10 +62,22 @@ class WinDdeTransportTest : public ::testing::Test, protected TransportEvents {
     return Await([this] { return !events.empty(); });
   }
 
+  std::function<void()> NextPosted() {
+    const std::lock_guard lock(mutex);
+    if (posted.empty()) return nullptr;
+    std::function<void()> call = std::move(posted.front());
+    posted.pop_front();
+    return call;
+  }
+
+  std::mutex mutex;  // guards `posted`
   std::deque<std::function<void()>> posted;
   std::vector<std::string> events;  // texts; "closed"; "error" and the text number
   std::function<void()> onText = [] {};
-  WinDdeTransport link{[this](std::function<void()> call) { posted.push_back(std::move(call)); }};
+  WinDdeTransport link{[this](std::function<void()> call) {
+    const std::lock_guard lock(mutex);
+    posted.push_back(std::move(call));
+  }};
 
  private:
   static std::unique_ptr<test::ServerProcess>& Server() {
@@ -192,9 +205,11 @@ TEST_F(WinDdeTransportTest, AFloodEndsTheLinkBeforeItFillsTheMemory) {
 }
 
 TEST_F(WinDdeTransportTest, PokesThatNobodyTakesAreBounded) {
-  OpenAndAwait("GOOD");
+  OpenAndAwait("SLOW");
   int taken = 0;
-  while (taken <= WinDdeTransport::kMostOutstanding && link.Send("x")) ++taken;  // no message runs
+  while (taken <= WinDdeTransport::kMostOutstanding && link.Send(taken == 0 ? "sleep" : "x")) {
+    ++taken;
+  }
   EXPECT_EQ(taken, WinDdeTransport::kMostOutstanding);
   EXPECT_TRUE(Await([this] { return link.AllSent(); })) << "and the link is as good as before";
   EXPECT_TRUE(link.Send("x"));
@@ -212,6 +227,46 @@ TEST_F(WinDdeTransportTest, NothingIsToldOfALinkThatWasClosed) {
   EXPECT_TRUE(link.Send("last"));
   ASSERT_TRUE(AwaitEvent());
   EXPECT_EQ(events, std::vector<std::string>{"0001>last\r\n"});
+}
+
+/// A window of a program that hangs for some seconds, or until the end of this object.
+class HangingWindow {
+ public:
+  HangingWindow() {
+    std::promise<void> shown;
+    std::future<void> released = release_.get_future();
+    thread_ = std::thread([this, &shown, released = std::move(released)] {
+      auto* const window =
+          ::CreateWindowA("STATIC", "", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
+      shown.set_value();
+      recovered_ = released.wait_for(std::chrono::seconds(10)) == std::future_status::timeout;
+      ::DestroyWindow(window);
+    });
+    shown.get_future().wait();
+  }
+  HangingWindow(const HangingWindow&) = delete;
+  HangingWindow& operator=(const HangingWindow&) = delete;
+  ~HangingWindow() {
+    release_.set_value();
+    thread_.join();
+  }
+
+  bool HasRecovered() const { return recovered_; }
+
+ private:
+  std::atomic<bool> recovered_{false};
+  std::promise<void> release_;
+  std::thread thread_;
+};
+
+TEST_F(WinDdeTransportTest, AProgramThatHangsDoesNotStopOurs) {
+  {
+    const HangingWindow window;
+    link.Open({kService, "GOOD"});
+    EXPECT_FALSE(window.HasRecovered()) << "Open waits for it";
+  }
+  EXPECT_TRUE(AwaitEvent());
+  EXPECT_EQ(events, std::vector<std::string>{"0000><TRANSPARENT>"});
 }
 
 /// A server that calls back, in this process; the system treats it like one in another process.

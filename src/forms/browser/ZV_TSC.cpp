@@ -1,5 +1,7 @@
 #include "forms/browser/ZV_TSC.h"
 
+#include <algorithm>
+
 #include <wx/sizer.h>
 #include <wx/statusbr.h>
 #include <wx/utils.h>
@@ -26,10 +28,15 @@ constexpr int kWidth = 620;
 constexpr int kHeight = 520;
 constexpr int kSmallestWidth = 380;
 constexpr int kSmallestHeight = 260;
+
+// A click on the disabled window below must not bring it over the browser and its editors.
+long FloatOn(const wxWindow* parent) { return parent == nullptr ? 0 : wxFRAME_FLOAT_ON_PARENT; }
+
 }  // namespace
 
 ZV_TSC::ZV_TSC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, BatchExport& batch)
-    : wxFrame(parent, wxID_ANY, ToWx(proc.Text(text::kBrowserTitle))),
+    : wxFrame(parent, wxID_ANY, ToWx(proc.Text(text::kBrowserTitle)), wxDefaultPosition,
+              wxDefaultSize, wxDEFAULT_FRAME_STYLE | FloatOn(parent)),
       proc_(proc),
       turn_(turn),
       batch_(batch),
@@ -82,6 +89,14 @@ void ZV_TSC::BindEvents() {
   cancel_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { OnCancel(); });
   GetStatusBar()->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     PlaceCancel();
+    event.Skip();
+  });
+  Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
+    ++openMenus_;
+    event.Skip();
+  });
+  Bind(wxEVT_MENU_CLOSE, [this](wxMenuEvent& event) {
+    openMenus_ = std::max(0, openMenus_ - 1);
     event.Skip();
   });
   Bind(wxEVT_CHAR_HOOK, &ZV_TSC::OnKey, this);
@@ -163,8 +178,9 @@ void ZV_TSC::ShowContextMenu() {
   TreeView->PopupMenu(menu.get(), TreeView->MenuPlace());
 }
 
+// Some systems offer the Escape that closes a menu to the form as well.
 void ZV_TSC::OnKey(wxKeyEvent& event) {
-  if (event.GetKeyCode() == WXK_ESCAPE && !event.HasAnyModifiers()) {
+  if (event.GetKeyCode() == WXK_ESCAPE && !event.HasAnyModifiers() && openMenus_ == 0) {
     Close();
   } else {
     event.Skip();
@@ -210,7 +226,7 @@ void ZV_TSC::Get(Catalogue catalogue, ShowEditor showEditor) {
 
 void ZV_TSC::Erase(Catalogue catalogue) {
   const CatalogueId id = proc_.selection.Id(catalogue);
-  if (busy_ || !proc_.copies.Exists(id)) return;
+  if (busy_ || proc_.settings.ViewOnly || !proc_.copies.Exists(id)) return;
   const wxWeakRef<ZV_TSC> alive(this);
   const std::string question = Message(proc_.Text(text::kAskErase), {id.localFile});
   if (!proc_.prompts.AskYesNo(Icon::Question, question, proc_.Text(text::kAskEraseTitle))) {

@@ -83,6 +83,7 @@ class ZV_TSC final : public wxFrame {
   wxButton* cancel_ = nullptr;
   bool fetching_ = false;  // a fetch begun here is running; an editor shows its own writes
   bool busy_ = false;      // the form is shown as busy
+  int openMenus_ = 0;
   wxEventLoopBase* loop_ = nullptr;
   bool closing_ = false;                    // about to be destroyed
   std::unique_ptr<InputBlock> batchBlock_;  // exists while a batch runs

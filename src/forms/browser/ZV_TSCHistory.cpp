@@ -140,7 +140,7 @@ class HistoryForm final : public wxDialog {
 
   void ShowDifferences() {
     const int chosen = List_Kept->GetSelection();
-    Command_Restore->Enable(chosen != wxNOT_FOUND);
+    Command_Restore->Disable();
     if (chosen == wxNOT_FOUND) {
       Text_Differences->SetValue(ToWx(proc_.Text(text::kHistoryEmpty)));
       return;
@@ -151,7 +151,7 @@ class HistoryForm final : public wxDialog {
     if (!alive) return;
     wxString text;
     // Offer an equal copy too: an erased copy and an empty one show no difference.
-    Command_Restore->Enable(differences.has_value());
+    Command_Restore->Enable(differences.has_value() && !proc_.settings.ViewOnly);
     if (!differences) {
       differences.emplace();
     } else if (differences->empty()) {

@@ -60,8 +60,9 @@ void ZV_TSC::BuildMenus() {
 
 void ZV_TSC::UpdateMenu(wxMenu& menu) const {
   const bool selected = TreeView->Selected().has_value();
-  const auto has = [&](Catalogue catalogue) {
-    return selected && proc_.copies.Exists(proc_.selection.Id(catalogue));
+  const auto erasable = [&](Catalogue catalogue) {
+    return selected && !proc_.settings.ViewOnly &&
+           proc_.copies.Exists(proc_.selection.Id(catalogue));
   };
   const auto exists = [&](Catalogue catalogue) {
     return selected && proc_.selection.Has(catalogue);
@@ -69,9 +70,9 @@ void ZV_TSC::UpdateMenu(wxMenu& menu) const {
   menu.Enable(Menu_GetWDC, exists(Catalogue::Wdc));
   menu.Enable(Menu_GetSDC, exists(Catalogue::Sdc));
   menu.Enable(Menu_GetOVC, exists(Catalogue::Ovc));
-  menu.Enable(Menu_EraseWDC, has(Catalogue::Wdc));
-  menu.Enable(Menu_EraseSDC, has(Catalogue::Sdc));
-  menu.Enable(Menu_EraseOVC, has(Catalogue::Ovc));
+  menu.Enable(Menu_EraseWDC, erasable(Catalogue::Wdc));
+  menu.Enable(Menu_EraseSDC, erasable(Catalogue::Sdc));
+  menu.Enable(Menu_EraseOVC, erasable(Catalogue::Ovc));
   menu.Enable(Menu_History, selected);
 }
 

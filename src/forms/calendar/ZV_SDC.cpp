@@ -18,8 +18,7 @@ CalendarDate DateOf(const LocalTime& now) { return {now.year, now.month - 1, now
 
 ZV_SDC::ZV_SDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
                CalendarEditor& editor)
-    : EditorForm(parent, proc, turn, Catalogue::Sdc, content,
-                 {"ZV_SDC", text::kCalendarCaption, editor.ViewOnly()}),
+    : EditorForm(parent, proc, turn, Catalogue::Sdc, content, {"ZV_SDC", editor.ViewOnly()}),
       editor_(editor) {
   Build();
   BindEvents();

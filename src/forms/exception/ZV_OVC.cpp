@@ -2,6 +2,7 @@
 
 #include <wx/sizer.h>
 
+#include "forms/EditorTitle.h"
 #include "lang/TextNumbers.h"
 
 namespace zek {
@@ -21,8 +22,7 @@ Moment MomentOf(const LocalTime& now) {
 
 ZV_OVC::ZV_OVC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
                ExceptionEditor& editor, const PickList& pickList)
-    : EditorForm(parent, proc, turn, Catalogue::Ovc, content,
-                 {"ZV_OVC", text::kExceptionTitle, editor.ViewOnly(), true}),
+    : EditorForm(parent, proc, turn, Catalogue::Ovc, content, {"ZV_OVC", editor.ViewOnly(), true}),
       editor_(editor) {
   Build(pickList);
   Arrange();
@@ -92,12 +92,13 @@ void ShowExceptionForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
                          [&proc] { return MomentOf(proc.now()); });
   editor.CountLost(content.linesDropped);
   const PickList pickList = ReadPickList(proc.profile, proc.selection.PickListTable, separator);
-  ShowEditorForm(new ZV_OVC(parent, proc, turn, content, editor, pickList), proc,
-                 [&proc, pickList, refused = editor.Refused()] {
-                   TellCut(pickList, proc.prompts, proc.texts);
-                   for (const RefusedException& each : refused)
-                     ShowRefused(each, proc.prompts, proc.texts);
-                 });
+  ShowEditorForm(
+      new ZV_OVC(parent, proc, turn, content, editor, pickList), proc,
+      [&proc, pickList, refused = editor.Refused(), whole = WholeCatalogueText(proc, content)] {
+        if (!whole.empty()) proc.prompts.Show(Icon::Information, whole);
+        TellCut(pickList, proc.prompts, proc.texts);
+        for (const RefusedException& each : refused) ShowRefused(each, proc.prompts, proc.texts);
+      });
 }
 
 }  // namespace zek

@@ -21,6 +21,8 @@ constexpr int kGap = 16;
 ZV_Info::ZV_Info(wxWindow* parent, const LanguageTexts& texts)
     : wxDialog(parent, wxID_ANY, "ZekView") {
   SetName("ZV_Info");
+  // Message boxes take another parent, see WxPrompts: one of their own would be closed with it.
+  SetExtraStyle(GetExtraStyle() | wxWS_EX_TRANSIENT);
   SetIcons(ProgramIcons());
   Build(texts);
   CenterForm(*this);
@@ -66,7 +68,7 @@ void ZV_Info::Build(const LanguageTexts& texts) {
 }
 
 void ZV_Info::OnTick() {
-  if (++ticks_ > kMostTicks) Close();
+  if (++ticks_ > kMostTicks && !HasOpenBox(*this)) Close();
 }
 
 }  // namespace zek

@@ -8,7 +8,7 @@
 namespace zek {
 
 /// `ZV_Info`, the about box. It closes after about twenty seconds, and at once on Escape, Enter or
-/// a click.
+/// a click; no other window may be its child.
 class ZV_Info final : public wxDialog {
  public:
   ZV_Info(wxWindow* parent, const LanguageTexts& texts);

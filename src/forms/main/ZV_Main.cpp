@@ -23,8 +23,15 @@ constexpr int kPrintEnable = 16;  // Ctrl+P
 }  // namespace
 
 ZV_Main::Working::~Working() {
-  if (--form_.working_ > 0 || !form_.closeRequested_) return;
-  form_.CallAfter([&form = form_] { form.Close(); });
+  --form_.working_;
+  if (!form_.IsAtRest()) return;
+  if (form_.closeRequested_) {
+    form_.CallAfter([&form = form_] { form.Close(); });
+  } else if (form_.browserRequested_) {
+    form_.CallAfter([&form = form_] {
+      if (form.browserRequested_) form.OpenBrowser();
+    });
+  }
 }
 
 ZV_Main::ZV_Main(ZV_Proc& proc, WxTurn& turn)
@@ -72,7 +79,7 @@ void ZV_Main::BindEvents() {
     // Deferred: connecting waits, and must not do so inside the control's handler.
     const std::int16_t topic =
         item < 0 ? std::int16_t{-1} : listed_[static_cast<std::size_t>(item)];
-    CallAfter([this, topic] { Connect(topic); });
+    PostWork([this, topic] { Connect(topic); });
   });
   // Ignore the wheel, which would connect to one topic after the other.
   Combo_Topics->Bind(wxEVT_MOUSEWHEEL, [](wxMouseEvent&) {});
@@ -125,7 +132,7 @@ void ZV_Main::FirstActivation() {
     ShowState();
     CheckStartTopic();
     if (StartsWithBrowser()) {
-      OpenBrowser();
+      browserRequested_ = true;
       return;
     }
     if (!proc_.settings.StartDialog.empty()) StartDialog();
@@ -157,10 +164,25 @@ void ZV_Main::StartDialog() {
   }
 }
 
+// Posts a handler that may wait. From now on the form is not at rest.
+void ZV_Main::PostWork(std::function<void()> work) {
+  ++posted_;
+  CallAfter([this, work = std::move(work)] {
+    const Working working(*this);
+    --posted_;
+    work();
+  });
+}
+
 void ZV_Main::OnTick() {
   const Working working(*this);
-  if (!commands_.empty()) proc_.countdowns.WaitCountdown = 0;  // send the next one now
+  if (!commands_.empty() || browserRequested_) EndAnswerWait();
   proc_.connection.Tick();
+}
+
+// Stops waiting for the answer to a command that is handed over: something else comes next.
+void ZV_Main::EndAnswerWait() {
+  if (sending_ && !connecting_ && !proc_.connection.Sending) proc_.countdowns.WaitCountdown = 0;
 }
 
 // A held key repeats faster than a controller answers. A handler re-entered while waiting cancels
@@ -198,17 +220,17 @@ void ZV_Main::OnKey(wxKeyEvent& event) {
 }
 
 void ZV_Main::Send(const std::string& command, const wxString& typed) {
+  if (proc_.settings.ViewOnly) return;
   commands_.push_back({command, typed});
   if (sending_) {
-    proc_.countdowns.WaitCountdown = 0;  // stop waiting for the answer to the previous command
+    EndAnswerWait();
   } else {
     sending_ = true;
-    CallAfter([this] { SendQueued(); });
+    PostWork([this] { SendQueued(); });
   }
 }
 
 void ZV_Main::SendQueued() {
-  const Working working(*this);
   while (!commands_.empty() && !closeRequested_) {
     const Command command = std::move(commands_.front());
     commands_.pop_front();
@@ -222,23 +244,35 @@ void ZV_Main::SendQueued() {
 }
 
 void ZV_Main::OnLogChosen(const std::string& line) {
+  if (proc_.settings.ViewOnly) return;
   Text_Input->ChangeValue(ToWx(line));
   if (!Text_Input->IsEnabled()) return;
   Text_Input->SetFocus();
   Text_Input->SetInsertionPointEnd();
 }
 
+// The browser's own event loop would keep a wait that began before it from ending, and its
+// transfers would meet a command that is still being written. So it opens when the form is at rest.
 void ZV_Main::OpenBrowser() {
-  if (proc_.status.Busy > 0) return;
-  {
-    const Working working(*this);
-    const bool hide = proc_.settings.HideDialogOnTSC;
-    if (hide) Hide();
-    ShowBrowser(hide ? nullptr : this, proc_, turn_);
-    if (StartsWithBrowser()) closeRequested_ = true;
-    if (hide && !closeRequested_) Show();
+  if (!IsAtRest()) {
+    browserRequested_ = true;
+    EndAnswerWait();
+    return;
   }
+  browserRequested_ = false;
+  if (proc_.status.Busy > 0) return;
+  RunBrowser();
   ShowState();
+}
+
+void ZV_Main::RunBrowser() {
+  const Working working(*this);
+  const bool hide = proc_.settings.HideDialogOnTSC;
+  if (hide) Hide();
+  ShowBrowser(hide ? nullptr : this, proc_, turn_);
+  browserRequested_ = false;  // pressed again meanwhile
+  if (StartsWithBrowser()) closeRequested_ = true;
+  if (hide && !closeRequested_) Show();
 }
 
 // Lets Escape close the about box, which does not have the focus.
@@ -257,7 +291,7 @@ void ZV_Main::OnIconize(wxIconizeEvent& event) {
 
 void ZV_Main::OnClose(wxCloseEvent& event) {
   if (closed_) return;
-  if (working_ == 0) {
+  if (working_ == 0 && !HasOpenBox(*this)) {
     Unload();
     return;
   }

@@ -36,7 +36,8 @@ enum Menu : int {
 /// Closing it disconnects and ends the program.
 ///
 /// Its handlers run waits, and waits run the event loop. A handler re-entered during a wait records
-/// its request for the running one, and a close request waits until all handlers have returned.
+/// its request for the running one. The browser opens, and the window closes, once all handlers
+/// have returned.
 class ZV_Main final : public wxFrame {
  public:
   ZV_Main(ZV_Proc& proc, WxTurn& turn);
@@ -47,8 +48,9 @@ class ZV_Main final : public wxFrame {
   std::function<std::string(bool save)> AskFile = [this](bool save) { return AskLogFile(save); };
 
  private:
-  // Exists while a handler that may wait is running. When the last handler returns, a pending close
-  // request is carried out. So no window is destroyed while a wait that began in it is running.
+  // Exists while a handler that may wait is running. When the last handler returns, a pending
+  // request to close or to open the browser is carried out. So no window is destroyed while a wait
+  // that began in it is running, and the browser finds the connection at rest.
   class Working {
    public:
     explicit Working(ZV_Main& form) : form_(form) { ++form_.working_; }
@@ -76,6 +78,8 @@ class ZV_Main final : public wxFrame {
   void ShowPointer();
   void EnableParts();
 
+  void PostWork(std::function<void()> work);
+  bool IsAtRest() const { return working_ == 0 && posted_ == 0; }
   void OnTick();
   void OnKey(wxKeyEvent& event);
   void OnCharHook(wxKeyEvent& event);
@@ -85,7 +89,9 @@ class ZV_Main final : public wxFrame {
   void Connect(std::int16_t topic);
   void Send(const std::string& command, const wxString& typed);
   void SendQueued();
+  void EndAnswerWait();
   void OpenBrowser();
+  void RunBrowser();
   std::string AskLogFile(bool save);
   void SaveLog();
   void OpenLog();
@@ -124,6 +130,8 @@ class ZV_Main final : public wxFrame {
   bool sending_ = false;
   bool hourglass_ = false;
   int working_ = 0;  // number of nested handlers that are running
+  int posted_ = 0;   // number of handlers that are posted and not running yet
+  bool browserRequested_ = false;
   bool activated_ = false;
   bool closeRequested_ = false;
   bool closed_ = false;

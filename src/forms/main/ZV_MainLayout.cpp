@@ -81,6 +81,11 @@ void ZV_Main::BuildControls() {
   Text_Input =
       new wxTextCtrl(panel, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxTE_PROCESS_ENTER);
   Text_Input->SetFont(FixedFont());
+  if (proc_.settings.ViewOnly) {
+    Text_Input->SetEditable(false);
+    Text_Input->SetHint(Label(text::kViewOnlyInput));
+    Text_Input->SetToolTip(Label(text::kViewOnlyInput));
+  }
   Combo_Topics->SetName("Combo_Topics");
   List_Output->SetName("List_Output");
   Text_Input->SetName("Text_Input");

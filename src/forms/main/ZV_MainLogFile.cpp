@@ -1,4 +1,5 @@
 #include <wx/filedlg.h>
+#include <wx/filename.h>
 
 #include "forms/main/ZV_Main.h"
 #include "lang/Messages.h"
@@ -14,7 +15,15 @@ std::string ZV_Main::AskLogFile(bool save) {
                       Label(text::kLogFilter),
                       save ? wxFD_SAVE | wxFD_OVERWRITE_PROMPT : wxFD_OPEN | wxFD_FILE_MUST_EXIST);
   const Working working(*this);
-  return dialog.ShowModal() == wxID_OK ? std::string(dialog.GetPath().utf8_str()) : std::string();
+  while (dialog.ShowModal() == wxID_OK) {
+    wxFileName file(dialog.GetPath());
+    const bool complete = !save || file.HasExt();
+    if (!complete) file.SetExt("txt");
+    // The dialog asked about the name without the extension. It asks again if this one exists.
+    if (complete || !file.FileExists()) return file.GetFullPath().utf8_string();
+    dialog.SetPath(file.GetFullPath());
+  }
+  return {};
 }
 
 void ZV_Main::SaveLog() {

@@ -1,13 +1,13 @@
 #include "forms/weekday/ZV_WDC.h"
 
+#include "forms/EditorTitle.h"
 #include "lang/TextNumbers.h"
 
 namespace zek {
 
 ZV_WDC::ZV_WDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
                WeekdayEditor& editor, const PickList& pickList)
-    : EditorForm(parent, proc, turn, Catalogue::Wdc, content,
-                 {"ZV_WDC", text::kWeekdayCaption, editor.ViewOnly()}),
+    : EditorForm(parent, proc, turn, Catalogue::Wdc, content, {"ZV_WDC", editor.ViewOnly()}),
       editor_(editor) {
   Build(pickList);
   BindEvents();
@@ -54,12 +54,13 @@ void ShowWeekdayForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
   editor.CountLost(content.linesDropped);
   const PickList pickList =
       ReadPickList(proc.profile, proc.selection.PickListTable, proc.settings.DecimalSeparator);
-  ShowEditorForm(new ZV_WDC(parent, proc, turn, content, editor, pickList), proc,
-                 [&proc, pickList, refused = editor.Refused()] {
-                   TellCut(pickList, proc.prompts, proc.texts);
-                   for (const RefusedLine& each : refused)
-                     ShowRefused(each, proc.prompts, proc.texts);
-                 });
+  ShowEditorForm(
+      new ZV_WDC(parent, proc, turn, content, editor, pickList), proc,
+      [&proc, pickList, refused = editor.Refused(), whole = WholeCatalogueText(proc, content)] {
+        if (!whole.empty()) proc.prompts.Show(Icon::Information, whole);
+        TellCut(pickList, proc.prompts, proc.texts);
+        for (const RefusedLine& each : refused) ShowRefused(each, proc.prompts, proc.texts);
+      });
 }
 
 }  // namespace zek

@@ -6,6 +6,7 @@
 //   NOPOKE    refuses every poke
 //   BUSY      is too busy for every poke
 //   HANGUP    ends the conversation when it is poked, after an answer
+//   SLOW      GOOD, but the poke "sleep" takes a second
 //   VANISH    its process ends when it is poked
 //   FLOOD     GOOD; a poke brings text without end
 //   RAW       GOOD, with bytes after a NUL, and without a NUL at the end
@@ -62,8 +63,8 @@ std::string NameOf(HSZ name) {
 }
 
 bool IsTopic(const std::string& topic) {
-  static const char* const topics[] = {"GOOD", "COUNT",  "SILENT", "NOADVISE", "NOPOKE",
-                                       "BUSY", "HANGUP", "VANISH", "FLOOD",    "RAW"};
+  static const char* const topics[] = {"GOOD",   "COUNT",  "SILENT", "NOADVISE", "NOPOKE", "BUSY",
+                                       "HANGUP", "VANISH", "FLOOD",  "RAW",      "SLOW"};
   return std::find(std::begin(topics), std::end(topics), topic) != std::end(topics);
 }
 
@@ -76,6 +77,7 @@ UINT Poke(Client& client, const std::string& text) {
   if (client.topic == "NOPOKE") return DDE_FNOTPROCESSED;
   if (client.topic == "BUSY") return DDE_FBUSY;
   if (client.topic == "VANISH") std::_Exit(0);
+  if (client.topic == "SLOW" && text == "sleep") ::Sleep(1000);
   client.endless = client.topic == "FLOOD";
   client.ends = client.topic == "HANGUP";
   const int count =

@@ -1,0 +1,65 @@
+#include "desktop/FrontRequest.h"
+
+#include <functional>
+#include <system_error>
+
+#include <wx/file.h>
+#include <wx/filefn.h>
+#include <wx/log.h>
+#include <wx/stdpaths.h>
+#include <wx/toplevel.h>
+#include <wx/utils.h>
+#ifdef __WXMSW__
+#include <wx/msw/wrapwin.h>
+#endif
+
+#include "system/Paths.h"
+
+namespace zek {
+namespace {
+
+constexpr int kLookMilliseconds = 500;
+
+// One name for all spellings of a directory.
+std::size_t HashOf(const std::string& directory) {
+  std::error_code error;
+  const std::filesystem::path path = std::filesystem::weakly_canonical(PathOf(directory), error);
+  return std::filesystem::hash_value(error ? PathOf(directory) : path);
+}
+
+}  // namespace
+
+FrontRequest::FrontRequest(const std::string& programPath)
+    : file_(wxString::Format("%s/zekview-%s-%zx.front", wxStandardPaths::Get().GetTempDir(),
+                             wxGetUserId(), HashOf(programPath))),
+      timer_([this] { Look(); }) {}
+
+void FrontRequest::Ask() const {
+#ifdef __WXMSW__
+  ::AllowSetForegroundWindow(ASFW_ANY);  // only the active program may give this away
+#endif
+  const wxLogNull quiet;  // without the file, the first instance just stays where it is
+  wxFile().Create(file_, true);
+}
+
+void FrontRequest::Answer() {
+  if (wxFileExists(file_)) wxRemoveFile(file_);  // left over
+  timer_.Begin(kLookMilliseconds);
+}
+
+// The form that was opened last is the one that takes keys.
+void FrontRequest::Look() const {
+  if (!wxFileExists(file_)) return;
+  const wxLogNull quiet;
+  wxRemoveFile(file_);
+  wxTopLevelWindow* last = nullptr;
+  for (wxWindow* const window : wxTopLevelWindows) {
+    auto* const form = dynamic_cast<wxTopLevelWindow*>(window);
+    if (form == nullptr || !form->IsShown()) continue;
+    if (form->IsIconized()) form->Restore();
+    last = form;
+  }
+  if (last != nullptr) last->Raise();
+}
+
+}  // namespace zek
