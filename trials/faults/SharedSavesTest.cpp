@@ -59,7 +59,7 @@ enum class Fault {
 };
 
 // What the user does then.
-enum class Next { SaveAgain, RestartAndSave, RestartAndOpen };
+enum class Next { SaveAgain, RestartAndSave, RestartAndOpen, OpenAnother, SaveAnother };
 
 struct Trial {
   sim::Replaces replaces = sim::Replaces::Number;
@@ -101,6 +101,11 @@ Lines Missing(const Lines& some, const Lines& others) {
   for (const std::string& line : some)
     if (!texts.contains(line.substr(6))) missing.push_back(line);
   return missing;
+}
+
+Lines WithNewTimes(Lines lines) {
+  for (std::string& line : lines) line.replace(line.find(':') - 2, 2, "05");
+  return lines;
 }
 
 /// A session with the controller behind it. Every question gets a Yes unless the fault is a No.
@@ -194,7 +199,7 @@ class Saves {
   /// Returns what went wrong, or "".
   std::string Run() {
     for (const std::string& control : trial_.order) {
-      for (std::string& line : wanted_[control]) line.replace(line.find(':') - 2, 2, "05");
+      wanted_[control] = WithNewTimes(wanted_[control]);
       const bool first = control == trial_.order.front();
       const Fault fault = first ? trial_.fault : Fault::None;
       shown_.clear();
@@ -220,19 +225,25 @@ class Saves {
 
   // Returns what went wrong.
   std::string GoOn(const std::string& control) {
+    const bool another = trial_.next >= Next::OpenAnother;
+    const std::string& next = another ? trial_.order.back() : control;
     const Lines lost = LostBeside(control);
-    if (trial_.next != Next::SaveAgain) {
-      session_.emplace(school_, session_->OnDisk());
-      session_->Select("X/" + control);
-    }
-    if (trial_.next == Next::RestartAndOpen) {
+    if (trial_.next != Next::SaveAgain) session_.emplace(school_, session_->OnDisk());
+    session_->Select("X/" + next);
+    if (trial_.next == Next::RestartAndOpen || trial_.next == Next::OpenAnother)
       session_->Open(trial_.catalogue);
-      if (!LostBeside(control).empty()) return "others' lines are missing after opening";
-    }
+    if (trial_.next == Next::SaveAnother) session_->Save(trial_.catalogue, wanted_[next]);
+    const bool gone = !LostBeside(control).empty();
+    if (gone && trial_.next > Next::RestartAndSave) return "others' lines are still missing";
+    if (another && !Missing(wanted_[control], WithNewTimes(There(control))).empty())
+      return "neither the old nor the new lines of " + control;
+    session_->Select("X/" + control);
     session_->Save(trial_.catalogue, wanted_[control]);
     TakeShown();
-    for (const std::string& line : lost)
-      if (shown_.find(line) == std::string::npos) return "not named: " + line;
+    for (const std::string& line : lost) {
+      const bool own = trial_.next == Next::SaveAnother && OwnerOf(line) == next;
+      if (!own && shown_.find(line) == std::string::npos) return "not named: " + line;
+    }
     return {};
   }
 
@@ -275,7 +286,8 @@ class Saves {
 std::vector<Trial> WithFaults(Trial trial) {
   constexpr int commands = 13;
   std::vector<Trial> trials;
-  for (const Next next : {Next::SaveAgain, Next::RestartAndSave, Next::RestartAndOpen}) {
+  for (const Next next : {Next::SaveAgain, Next::RestartAndSave, Next::RestartAndOpen,
+                          Next::OpenAnother, Next::SaveAnother}) {
     trial.next = next;
     trial.command = 0;
     trial.fault = Fault::Declined;
