@@ -68,13 +68,14 @@ struct Trial {
   Fault fault = Fault::None;
   int command = 0;  // of all catalogues that the first save sends
   Next next = Next::SaveAgain;
+  bool twice = false;  // the fault also meets what is done next, and that is done again
 
   std::string Name() const {
     return testing::PrintToString(order) + " replaces " +
            std::to_string(static_cast<int>(replaces)) + ", catalogue " +
            std::to_string(static_cast<int>(catalogue)) + ", fault " +
            std::to_string(static_cast<int>(fault)) + " at " + std::to_string(command) + ", next " +
-           std::to_string(static_cast<int>(next));
+           std::to_string(static_cast<int>(next)) + (twice ? ", twice" : "");
   }
 };
 
@@ -130,22 +131,21 @@ class SharedSession : private test::TestSession {
 
   using TestSession::Select;
 
-  bool Open(Catalogue catalogue) {
-    prompts.answers.assign(50, true);
-    return test::Fetch(proc, catalogue).done;
-  }
-
-  /// Returns what was reported.
-  bool Save(Catalogue catalogue, const Lines& lines, Fault fault = Fault::None, int command = 0) {
-    prompts.answers.assign(50, fault != Fault::Declined);
-    prompts.answers.front() = true;
+  /// Opening and saving meet this fault from now on, at that command of the catalogues they send.
+  void Meet(Fault fault, int command = 0) {
     fault_ = fault;
     command_ = command;
     writes_ = 0;
-    const bool saved = test::Send(proc, catalogue, lines);
-    fault_ = Fault::None;
     socket.reachable = true;
-    return saved;
+    prompts.answers.assign(50, fault != Fault::Declined);
+  }
+
+  bool Open(Catalogue catalogue) { return test::Fetch(proc, catalogue).done; }
+
+  /// Returns what was reported. The first question is whether to send.
+  bool Save(Catalogue catalogue, const Lines& lines) {
+    prompts.answers.front() = true;
+    return test::Send(proc, catalogue, lines);
   }
 
   /// All messages and lists since the last call.
@@ -201,14 +201,15 @@ class Saves {
     for (const std::string& control : trial_.order) {
       wanted_[control] = WithNewTimes(wanted_[control]);
       const bool first = control == trial_.order.front();
-      const Fault fault = first ? trial_.fault : Fault::None;
       shown_.clear();
       session_->Select("X/" + control);
+      session_->Meet(Fault::None);
       if (!session_->Open(trial_.catalogue)) return "can't open " + control;
-      bool saved = session_->Save(trial_.catalogue, wanted_[control], fault, trial_.command);
+      if (first) session_->Meet(trial_.fault, trial_.command);
+      const bool saved = session_->Save(trial_.catalogue, wanted_[control]);
       TakeShown();
       std::string wrong;
-      if (!saved && fault != Fault::None) wrong = GoOn(control);
+      if (!saved && first && trial_.fault != Fault::None) wrong = GoOn(control);
       if (wrong.empty()) wrong = WhatChanged(control);
       if (!wrong.empty()) return wrong + " in the save of " + control;
       if (trial_.fault == Fault::None && !first && session_->Writes() != 1)
@@ -225,26 +226,43 @@ class Saves {
 
   // Returns what went wrong.
   std::string GoOn(const std::string& control) {
-    const bool another = trial_.next >= Next::OpenAnother;
-    const std::string& next = another ? trial_.order.back() : control;
-    const Lines lost = LostBeside(control);
-    if (trial_.next != Next::SaveAgain) session_.emplace(school_, session_->OnDisk());
-    session_->Select("X/" + next);
-    if (trial_.next == Next::RestartAndOpen || trial_.next == Next::OpenAnother)
-      session_->Open(trial_.catalogue);
-    if (trial_.next == Next::SaveAnother) session_->Save(trial_.catalogue, wanted_[next]);
-    const bool gone = !LostBeside(control).empty();
-    if (gone && trial_.next > Next::RestartAndSave) return "others' lines are still missing";
-    if (another && !Missing(wanted_[control], WithNewTimes(There(control))).empty())
+    Lines lost = LostBeside(control);
+    if (trial_.twice) {
+      TryNext(control, trial_.fault);
+      const Lines more = LostBeside(control);
+      lost.insert(lost.end(), more.begin(), more.end());
+    }
+    TryNext(control, Fault::None);
+    if (trial_.next > Next::RestartAndSave && !LostBeside(control).empty())
+      return "others' lines are still missing";
+    if (!Missing(wanted_[control], WithNewTimes(There(control))).empty())
       return "neither the old nor the new lines of " + control;
     session_->Select("X/" + control);
     session_->Save(trial_.catalogue, wanted_[control]);
     TakeShown();
     for (const std::string& line : lost) {
-      const bool own = trial_.next == Next::SaveAnother && OwnerOf(line) == next;
+      const bool own = trial_.next == Next::SaveAnother && OwnerOf(line) == Another();
       if (!own && shown_.find(line) == std::string::npos) return "not named: " + line;
     }
     return {};
+  }
+
+  const std::string& Another() const { return trial_.order.back(); }
+
+  void TryNext(const std::string& control, Fault fault) {
+    if (trial_.next != Next::SaveAgain) {
+      TakeShown();
+      session_.emplace(school_, session_->OnDisk());
+    }
+    const std::string& next = trial_.next >= Next::OpenAnother ? Another() : control;
+    session_->Select("X/" + next);
+    session_->Meet(fault, trial_.command);
+    if (trial_.next == Next::RestartAndOpen || trial_.next == Next::OpenAnother) {
+      session_->Open(trial_.catalogue);
+    } else {
+      session_->Save(trial_.catalogue, wanted_[next]);
+    }
+    session_->Meet(Fault::None);
   }
 
   // A controller that replaces by number can keep old lines of the control itself.
@@ -290,12 +308,16 @@ std::vector<Trial> WithFaults(Trial trial) {
                           Next::OpenAnother, Next::SaveAnother}) {
     trial.next = next;
     trial.command = 0;
+    trial.twice = false;
     trial.fault = Fault::Declined;
     trials.push_back(trial);
     for (trial.command = 1; trial.command <= commands; ++trial.command) {
       for (const Fault fault : {Fault::LinkLost, Fault::Refused}) {
         trial.fault = fault;
-        trials.push_back(trial);
+        for (const bool twice : {false, true}) {
+          trial.twice = twice;
+          trials.push_back(trial);
+        }
       }
     }
   }
