@@ -17,8 +17,9 @@ using Outcome = SaveResult::Outcome;
 Outcome CatalogueDelivery::Run(const SavePlan& plan) {
   const CountedUp busy(p_.exchange.status, &StatusPanels::Busy);  // no gap between the transfers
   if (id_.IsPartOfShared()) {
-    const Lines others = SplitLines(id_, plan.now.lines).others;
-    if (const auto error = p_.records.BeginWrite(id_, Joined(others, plan.missing))) {
+    const LinesByOwner now = SplitLines(id_, plan.now.lines);
+    const Lines before = Joined(Joined(now.others, plan.missing), now.own);
+    if (const auto error = p_.records.BeginWrite(id_, before)) {
       p_.messages.Tell(*error);
       return Outcome::Failed;
     }
@@ -26,6 +27,7 @@ Outcome CatalogueDelivery::Run(const SavePlan& plan) {
   const SendReport report = SendCatalogue(id_, plan.send, p_);
   if (report.outcome != SendOutcome::Sent) return Failed(plan, report);
   known_ = {plan.all, plan.send.dfv, LinesFrom::Controller, 0};
+  if (id_.IsPartOfShared()) p_.records.SentWrite(id_, plan.all);
   if (NeedsCheck(plan)) return Check(plan);
   return Ended(plan, "sent", Outcome::Saved, p_.messages.Text(text::kSendDone));
 }
@@ -61,14 +63,14 @@ Outcome CatalogueDelivery::Failed(const SavePlan& plan, const SendReport& report
   }
   if (report.outcome == SendOutcome::NotBegun) {
     // The controller is as it was, and so is an earlier unfinished write.
-    if (id_.IsPartOfShared() && plan.missing.empty()) p_.records.EndWrite(id_);
+    if (id_.IsPartOfShared()) p_.records.EndWrite(id_, plan.now.lines);
     known_ = plan.now;
     return Ended(plan, "not begun", Outcome::Failed, message);
   }
   p_.records.Journal(id_, report.linesSent, "failed");
-  message += "\r\n\r\n" + p_.messages.Text(text::kLinesWereSent,
-                                           {std::to_string(report.linesSent),
-                                            std::to_string(plan.send.lines.size())});
+  message +=
+      "\r\n\r\n" + p_.messages.Text(text::kLinesWereSent, {std::to_string(report.linesSent),
+                                                           std::to_string(plan.send.lines.size())});
   TellMixture(plan, std::move(message), !report.refusal.empty());
   return Outcome::Failed;
 }
@@ -103,7 +105,7 @@ Outcome CatalogueDelivery::Check(const SavePlan& plan) {
   known_ = check.fetched;
   RememberSeen(plan, check);
   if (!check.others.missing.empty()) return Repair(plan, check);
-  if (id_.IsPartOfShared()) p_.records.EndWrite(id_);
+  if (id_.IsPartOfShared()) p_.records.EndWrite(id_, check.fetched.lines);
   return Judge(plan, check);
 }
 
@@ -113,9 +115,8 @@ Outcome CatalogueDelivery::NotChecked(const SavePlan& plan, const Verification& 
   const bool required = p_.settings.VerifyAfterWrite;
   if (required) known_ = {};
   p_.records.Journal(id_, plan.send.lines.size(), "sent, not checked");
-  p_.messages.prompts.Show(
-      Icon::Exclamation,
-      required ? why : p_.messages.Text(text::kSendDone) + "\r\n\r\n" + why);
+  p_.messages.prompts.Show(Icon::Exclamation,
+                           required ? why : p_.messages.Text(text::kSendDone) + "\r\n\r\n" + why);
   return required ? Outcome::Failed : Outcome::Saved;
 }
 
@@ -211,7 +212,7 @@ Outcome CatalogueDelivery::SendAgain(const SavePlan& plan) {
   if (!check.IsMade()) return NotChecked(plan, check);
   known_ = check.fetched;
   if (check.others.missing.empty()) {
-    if (id_.IsPartOfShared()) p_.records.EndWrite(id_);
+    if (id_.IsPartOfShared()) p_.records.EndWrite(id_, check.fetched.lines);
     return Judge(plan, check);
   }
   return Ended(plan, "sent again, lines of others missing", Outcome::Remarked,

@@ -183,9 +183,8 @@ class Saving {
     Lines differing = found.missing;
     for (const LinePair& pair : found.different) differing.push_back(pair.before);
     if (differing.empty()) return true;
-    p_.messages.prompts.ShowDetails(
-        Icon::Exclamation, p_.messages.Text(text::kOthersInFile), {},
-        {p_.messages.Text(text::kFaultsLabel), OnLines(differing)});
+    p_.messages.prompts.ShowDetails(Icon::Exclamation, p_.messages.Text(text::kOthersInFile), {},
+                                    {p_.messages.Text(text::kFaultsLabel), OnLines(differing)});
     return false;
   }
 
@@ -263,7 +262,7 @@ CatalogueContent MendUnfinished(const CatalogueId& id, CatalogueContent fetched,
   const Lines lines = WithoutStarred(unfinished->content.lines);
   const Lines missing = FindAgain(lines, fetched.lines).missing;
   if (missing.empty()) {
-    parts.records.EndWrite(id);
+    parts.records.EndWrite(id, fetched.lines);
     return fetched;
   }
   const Messages& messages = parts.messages;
@@ -277,9 +276,13 @@ CatalogueContent MendUnfinished(const CatalogueId& id, CatalogueContent fetched,
     messages.prompts.ShowDetails(Icon::Exclamation, why, {}, details);
     return fetched;
   }
-  if (!messages.prompts.AskWithDetails(
-          Icon::Exclamation, why + "\r\n\r\n" + messages.Text(text::kAskSendMissing),
-          messages.Text(text::kSendTitle), details)) {
+  if (!messages.prompts.AskWithDetails(Icon::Exclamation,
+                                       why + "\r\n\r\n" + messages.Text(text::kAskSendMissing),
+                                       messages.Text(text::kSendTitle), details)) {
+    return fetched;
+  }
+  if (const auto error = parts.records.BeginWrite(id, all)) {
+    messages.Tell(*error);
     return fetched;
   }
   const LinesByOwner owners = SplitLines(id, all);
@@ -288,7 +291,7 @@ CatalogueContent MendUnfinished(const CatalogueId& id, CatalogueContent fetched,
   delivery.SendAgain(plan);
   const CatalogueContent& known = delivery.Known();
   if (known.from == LinesFrom::Nowhere) return fetched;
-  if (FindAgain(missing, known.lines).missing.empty()) parts.records.EndWrite(id);
+  parts.records.EndWrite(id, known.lines);
   return known;
 }
 

@@ -59,11 +59,23 @@ void ControllerRecords::ForgetKnown(const CatalogueId& id) {
 
 std::optional<FileError> ControllerRecords::BeginWrite(const CatalogueId& id,
                                                        std::vector<std::string> lines) {
+  if (const auto earlier = Unfinished(id))
+    lines = Joined(lines, FindAgain(earlier->content.lines, lines).missing);
+  lines.resize(std::min(lines.size(), kMaxCatalogueLines));
   return UnfinishedOf().Keep(id, {std::move(lines), {}, LinesFrom::Controller, 0}, now_());
 }
 
-std::optional<FileError> ControllerRecords::EndWrite(const CatalogueId& id) {
-  return UnfinishedOf().Drop(id);
+void ControllerRecords::SentWrite(const CatalogueId& id, std::vector<std::string> lines) {
+  // Otherwise the old lines stay unfinished.
+  static_cast<void>(
+      UnfinishedOf().Keep(id, {std::move(lines), {}, LinesFrom::Controller, 0}, now_()));
+}
+
+void ControllerRecords::EndWrite(const CatalogueId& id, std::span<const std::string> there) {
+  const auto unfinished = Unfinished(id);
+  if (!unfinished) return;
+  if (!FindAgain(WithoutStarred(unfinished->content.lines), there).missing.empty()) return;
+  static_cast<void>(UnfinishedOf().Drop(id));
 }
 
 SeenToDo ControllerRecords::SeenAt(const CatalogueId& id) const {

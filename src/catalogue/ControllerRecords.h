@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,8 +25,8 @@ enum class SeenToDo {
 /// What the program knows about the controllers and has done to them. All of it is on the disk, in
 /// the program directory:
 /// - "Known" has each catalogue as it was last read from its controller or sent to it,
-/// - "Unfinished" has shared catalogues as they were before a write, until it is sure that the
-///   write harmed no other control,
+/// - "Unfinished" has shared catalogues as they were before a write, until the controller was seen
+///   to have all lines again,
 /// - "Known\CONTROLLERS.TXT" has what each controller was seen to do,
 /// - "SENT.TXT" has a line for every write: time, user, node, catalogue, lines, outcome.
 /// A failure is returned where something could be lost; elsewhere the record is only missing.
@@ -39,12 +40,16 @@ class ControllerRecords {
   void RememberKnown(const CatalogueId& id, const CatalogueContent& content);
   void ForgetKnown(const CatalogueId& id);
 
-  /// The catalogue as it was before a write that is not finished.
+  /// The lines that the controller has to have again before a write is finished. The lines of the
+  /// saved control are the old ones, and after the write was sent the new ones.
   std::optional<StoredCatalogue> Unfinished(const CatalogueId& id) const {
     return UnfinishedOf().Find(id);
   }
+  /// Lines of an earlier unfinished write that `lines` lack stay unfinished, too.
   std::optional<FileError> BeginWrite(const CatalogueId& id, std::vector<std::string> lines);
-  std::optional<FileError> EndWrite(const CatalogueId& id);
+  void SentWrite(const CatalogueId& id, std::vector<std::string> lines);
+  /// Does nothing while one of the lines is missing in `there`. Lines with "*" don't count.
+  void EndWrite(const CatalogueId& id, std::span<const std::string> there);
 
   SeenToDo SeenAt(const CatalogueId& id) const;
   void RememberSeen(const CatalogueId& id, SeenToDo seen);

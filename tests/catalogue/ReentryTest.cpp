@@ -17,12 +17,16 @@ constexpr std::int16_t kOne = 0;
 constexpr std::int16_t kTwo = 1;
 constexpr std::int16_t kTagged = 3;
 constexpr std::size_t kAttempts = 3;
+constexpr std::size_t kTransfers = 4;                   // of a save: a fetch, the write, two checks
 constexpr std::int64_t kLongestRun = 20LL * 60 * 1000;  // of an operation and the actions inside it
 
 const Shown kRead = {"\x05", "LIST "};
-const Shown kWriteOne = {"EXIT", "EXIT", ".WDC", " 1000 !AHU1!MO", " 1001 !AHU1!TU", "EXIT"};
-const Shown kWriteTwo = {"EXIT",           "EXIT",       "TSC1.WDC", " 1000 !AHU1!MO",
-                         " 1001 !AHU1!TU", "TSC1.DFV=.", "EXIT"};
+const std::string kMonday =
+    " 1000 !AHU1        !MO           !07:00..16:30             !21       !17";
+const std::string kTuesday =
+    " 1001 !AHU1        !TU           !07:00..16:30             !21       !17";
+const Shown kWriteOne = {"EXIT", "EXIT", ".WDC", kMonday, kTuesday, "EXIT"};
+const Shown kWriteTwo = {"EXIT", "EXIT", "TSC1.WDC", kMonday, kTuesday, "TSC1.DFV=.", "EXIT"};
 
 // When an action happens: at a time, or while a command is being handed over.
 struct WaitPoint {
@@ -30,8 +34,8 @@ struct WaitPoint {
   std::size_t command = 0;        // counted from 1; 0: by time
 };
 
-/// A session that records what the controller receives on each connection. Every step of the
-/// controller takes time.
+/// A session that records what the controller receives on each connection. The controller keeps the
+/// weekday lines that it receives. Each of its steps takes time.
 class Session : public test::TransferSession {
  public:
   explicit Session(bool byTags)
@@ -52,8 +56,11 @@ class Session : public test::TransferSession {
     socket.onSent = [this, take = socket.onSent](std::string_view bytes) {
       take(bytes);
       if (connections.empty()) return;
-      connections.back().push_back(commands.back());
-      if (begun_ && commands.size() - commandsBefore_ == point_.command) Act();
+      Received();
+    };
+    tags.takes = [this](const std::string& tag, const std::string& value) {
+      if (tag != "NETTAG") TakeTag(value);
+      return true;
     };
     const std::string exit = "EXIT\r\n";
     for (const char* list : {"SDC", "OVC", "PLT7", "TSC1.EXC", "PLT7.EXC"})
@@ -98,10 +105,35 @@ class Session : public test::TransferSession {
   std::unique_ptr<BatchExport> batch;
 
  private:
+  void TakeTag(std::string value) {
+    if (value == "transparent open") connections.emplace_back();
+    if (value.ends_with('\r')) value.pop_back();
+    if (value.empty() || value.starts_with("transparent ") || connections.empty()) return;
+    commands.push_back(value);
+    const auto answer = answers.find(value);
+    if (answer != answers.end()) {
+      turn.After(50, [this, text = answer->second] { tags.replies.push_back("0000>" + text); });
+    }
+    Received();
+  }
+
+  // The last of `commands` came.
+  void Received() {
+    const std::string& command = commands.back();
+    connections.back().push_back(command);
+    if (command.ends_with(".WDC")) kept_.clear();
+    if (command.starts_with(" ")) {
+      kept_ += command + "\r\n";
+      answers["LIST WDC"] = answers["LIST TSC1"] = kept_ + "EXIT\r\n";
+    }
+    if (begun_ && commands.size() - commandsBefore_ == point_.command) Act();
+  }
+
   void Act() {
     turn.After(0, [this] { action_(*this); });
   }
 
+  std::string kept_;
   WaitPoint point_;
   std::function<void(Session&)> action_;
   bool begun_ = false;
@@ -136,11 +168,16 @@ bool Do(Session& session, std::string_view what) {
   if (what == "disconnect") return session.proc.connection.Disconnect();
   if (what == "TIME" || what == "X") return session.proc.connection.SendCommand(std::string(what));
   if (what == "get") return session.Get();
-  if (what == "save") return session.Save({" 1000 !AHU1!MO", " 1001 !AHU1!TU"});
+  if (what == "save") return session.Save({kMonday, kTuesday});
   if (what == "erase") return session.Erase();
   if (what == "export") return Export(session);
   if (what == "batch tick") return session.batch->Tick();
   if (what == "select another") session.SelectTwo();
+  if (what == "verify") session.proc.settings.VerifyAfterWrite = true;
+  if (what == "verify another") {
+    Do(session, "verify");
+    session.SelectTwo();
+  }
   if (what == "no answer") session.answers.erase("LIST WDC");
   if (what == "quit") session.turn.Quit();
   if (what == "a box") {  // it runs the event loop inside the wait
@@ -168,6 +205,11 @@ const std::vector<Operation> kOperations = {
     {"get in vain", false, "no answer", "get", kRead},
     {"save", false, "", "save", kWriteOne},
     {"save of a named control", false, "select another", "save", kWriteTwo},
+    {"verified save", false, "verify", "save", kWriteOne},
+    {"verified save of a named control", false, "verify another", "save", kWriteTwo},
+    {"tag get", true, "", "get", kRead},
+    {"tag save", true, "", "save", kWriteOne},
+    {"verified tag save", true, "verify", "save", kWriteOne},
     {"batch export", false, "", "export", {}},
 };
 
@@ -208,7 +250,9 @@ std::string FaultOfTraffic(const Session& session, const Operation& operation, b
   }
   if (operation.sent.empty()) return {};
   if (result && whole == 0) return "told as done, and was not";
-  if (whole > kAttempts || session.connections.size() > kAttempts + 2) return "done too often";
+  const std::size_t transfers = operation.sent == kRead ? 1 : kTransfers;
+  if (whole > kAttempts || session.connections.size() > kAttempts * transfers + 2)
+    return "done too often";
   return {};
 }
 
@@ -231,7 +275,7 @@ std::string FaultOfState(const Session& session) {
 std::string FaultOfNextGet(Session& session) {
   ZV_Proc& proc = session.proc;
   if (session.turn.Quitting()) return {};
-  if (proc.settings.TagMode) return Connected(session, kTagged) ? "" : "no connection afterwards";
+  if (proc.settings.TagMode && !Connected(session, kTagged)) return "no connection afterwards";
   session.SelectOne();
   session.answers["LIST WDC"] = Session::kLine + "\r\nEXIT\r\n";
   session.prompts.answers.clear();
@@ -258,7 +302,9 @@ std::vector<WaitPoint> WaitPointsOf(const Operation& operation) {
   };
   session.Begin({}, [](Session&) {});
   session.turn.After(0, look);
-  Do(session, operation.run);
+  const bool done = Do(session, operation.run);
+  const bool inVain = std::string_view(operation.prepare) == "no answer";
+  EXPECT_TRUE(done || operation.sent.empty() || inVain) << operation.name;
   over = true;
   std::erase_if(points,
                 [&](const WaitPoint& each) { return each.milliseconds > session.Lasted(); });

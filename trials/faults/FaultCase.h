@@ -56,6 +56,10 @@ struct FaultCase {
   bool always = false;  // at every attempt, not only at the first
 
   bool IsTcp() const { return transport == Transport::TcpPieces || transport == Transport::TcpDus; }
+  /// A write to a catalogue of all controls, which is fetched before and read back after it.
+  bool WritesShared() const {
+    return write && generation == Generation::Zek1 && catalogue != Catalogue::Sdc;
+  }
   /// Weekdays and exceptions of a ZEK2 have a ".DFV" value.
   bool HasDfv() const { return generation == Generation::Zek2 && catalogue != Catalogue::Sdc; }
   /// The number of the "EXIT" that ends a write.

@@ -34,8 +34,11 @@ class FaultSession : private test::TestSession {
   const sim::PlantCatalogue& CatalogueThere() const;
   std::string ValueThere() const;
   bool IsUnnoticeable() const;
+  bool IsReadBack() const;
+  bool MayRefuseToClose() const;
   bool MustSucceed() const;
   double LongestSeconds() const;
+  double LongestFetch() const;
   void Expect(bool holds, const std::string& what);
 
   FaultCase what_;

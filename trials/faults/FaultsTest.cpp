@@ -68,5 +68,13 @@ TEST(Faults, InAWriteThatIsVerified) {
   Print("lost commands in writes that are verified", count, count.done, "lost nothing that counts");
 }
 
+TEST(Faults, OverTagsInAWriteThatIsVerified) {
+  std::vector<FaultCase> cases = WriteCases();
+  std::erase_if(cases, [](const FaultCase& each) { return each.transport != Transport::Tags; });
+  const Count count = RunAll(cases, kStride, true);
+  EXPECT_EQ(count.unnoticed, 0U);
+  Print("faults in writes over tags that are verified", count, count.done, "reported as done");
+}
+
 }  // namespace
 }  // namespace zek::faults

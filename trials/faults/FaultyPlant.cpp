@@ -9,6 +9,7 @@ const std::string kGreeting = "<TRANSPARENT>";
 const std::string kErrorLine = "ERROR 17\r\n";
 constexpr std::size_t kPiece = 50;
 constexpr std::size_t kFloodPiece = 60'000;
+constexpr int kFetchIsOver = 900;     // after the list command, in the pause after disconnecting
 constexpr int kLater = 300;           // milliseconds: after the next command, in its pause
 constexpr int kBeforeClosing = 2500;  // after the last command of a write, in the last pause
 
@@ -38,7 +39,11 @@ std::string WithStrays(const std::string& text) {
 
 FaultyPlant::FaultyPlant(test::TestSession& world, sim::Outstation& outstation,
                          const FaultCase& what, std::size_t floodBytes)
-    : world_(world), outstation_(outstation), what_(what), floodBytes_(floodBytes) {
+    : world_(world),
+      outstation_(outstation),
+      what_(what),
+      floodBytes_(floodBytes),
+      active_(!what.WritesShared()) {
   Prepare();
   for (test::MemoryTransport* link : {&world_.socket, &world_.dde}) {
     link->onConnected = [this] { OnConnected(); };
@@ -53,7 +58,14 @@ test::MemoryTransport& FaultyPlant::Link() const {
   return what_.IsTcp() ? world_.socket : world_.dde;
 }
 
-// The state before the first step of the session.
+// The write comes next.
+void FaultyPlant::Arm() {
+  active_ = armed_ = true;
+  connection_ = 0;
+  Prepare();
+}
+
+// The state before the first step with a fault.
 void FaultyPlant::Prepare() {
   const bool dead = what_.fault == Fault::Drop || what_.fault == Fault::Stall;
   if (IsAt(kConnect)) {
@@ -165,6 +177,7 @@ bool FaultyPlant::TakeCommand(const std::string& command) {
     return false;
   }
   if (hole_) return true;
+  if (!armed_ && command.starts_with("LIST ")) world_.turn.After(kFetchIsOver, [this] { Arm(); });
   const int number = command_++;
   if (Is(number, Fault::Drop) && !what_.InListing()) {
     if (what_.IsTcp()) LoseTheRest();

@@ -15,6 +15,8 @@ namespace zek::faults {
 ///
 /// Losses depend on the transport. After a lost byte TCP delivers and confirms nothing more. A DDE
 /// poke or a written tag is refused at once. A single answer over DDE or tags can vanish.
+///
+/// In a write to a shared catalogue the fault begins when the fetch before it is over.
 class FaultyPlant {
  public:
   FaultyPlant(test::TestSession& world, sim::Outstation& outstation, const FaultCase& what,
@@ -28,6 +30,7 @@ class FaultyPlant {
   bool Is(int command, Fault fault) const { return IsAt(command) && what_.fault == fault; }
   test::MemoryTransport& Link() const;
 
+  void Arm();
   void Prepare();
   void OnConnected();
   void Greet();
@@ -52,7 +55,8 @@ class FaultyPlant {
   sim::Outstation& outstation_;
   FaultCase what_;
   std::size_t floodBytes_;
-  bool active_ = true;  // the fault still happens
+  bool active_;  // the fault happens
+  bool armed_ = active_;
   std::optional<sim::PlantSession> session_;
   std::string poked_;  // over DDE, still without its carriage return
   std::string held_;   // an answer that comes late

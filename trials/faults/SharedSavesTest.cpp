@@ -1,15 +1,17 @@
 // Saves one time control of a shared catalogue after the other, on each kind of controller, cut off
-// at any command. No line of another control may be lost.
+// at any command. No line of another control may be lost for good, nor without a word.
 
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <iostream>
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "lang/TextNumbers.h"
 #include "plant/PlantConversation.h"
 #include "support/TestSession.h"
 #include "support/Transfers.h"
@@ -19,6 +21,8 @@ namespace zek::faults {
 namespace {
 
 using Lines = std::vector<std::string>;
+constexpr auto kIni = "/ini/ZEKView.INI";
+const std::string kRemain = "T" + std::to_string(text::kOwnLinesRemain);
 
 sim::PlantCatalogue CatalogueOf(const Lines& lines) {
   sim::PlantCatalogue catalogue{"KATALOG", {}};
@@ -46,12 +50,33 @@ sim::Outstation School(sim::Replaces replaces) {
   return school;
 }
 
+// What goes wrong with the first save.
+enum class Fault {
+  None,
+  LinkLost,  // at a command, for good
+  Refused,   // that command and all later ones but "EXIT"
+  Declined,  // the question whether to send others' missing lines
+};
+
+// What the user does then.
+enum class Next { SaveAgain, RestartAndSave, RestartAndOpen, OpenAnother, SaveAnother };
+
 struct Trial {
   sim::Replaces replaces = sim::Replaces::Number;
   Catalogue catalogue = Catalogue::Wdc;
   Lines order = {"AHU1", "AHU2", "PLT1", "PLT2"};
-  int cutAfter = 0;      // commands of the first catalogue that is sent; 0: no cut
-  bool restart = false;  // after the cut, else a retry
+  Fault fault = Fault::None;
+  int command = 0;  // of all catalogues that the first save sends
+  Next next = Next::SaveAgain;
+  bool twice = false;  // the fault also meets what is done next, and that is done again
+
+  std::string Name() const {
+    return testing::PrintToString(order) + " replaces " +
+           std::to_string(static_cast<int>(replaces)) + ", catalogue " +
+           std::to_string(static_cast<int>(catalogue)) + ", fault " +
+           std::to_string(static_cast<int>(fault)) + " at " + std::to_string(command) + ", next " +
+           std::to_string(static_cast<int>(next)) + (twice ? ", twice" : "");
+  }
 };
 
 std::string OwnerOf(const std::string& line) {
@@ -69,123 +94,262 @@ Lines LinesOf(const std::string& control, const sim::Outstation& school, Catalog
   return own;
 }
 
-// The same as a set, without line numbers.
-Lines Texts(Lines lines) {
-  for (std::string& line : lines) line = Trim(line.substr(6));
-  std::sort(lines.begin(), lines.end());
+// The lines of `some` that `others` does not have, under any number.
+Lines Missing(const Lines& some, const Lines& others) {
+  std::set<std::string> texts;
+  for (const std::string& line : others) texts.insert(line.substr(6));
+  Lines missing;
+  for (const std::string& line : some)
+    if (!texts.contains(line.substr(6))) missing.push_back(line);
+  return missing;
+}
+
+Lines WithNewTimes(Lines lines) {
+  for (std::string& line : lines) line.replace(line.find(':') - 2, 2, "05");
   return lines;
 }
 
-/// A session with the controller behind it. Every question gets a Yes.
+/// A session with the controller behind it. Every question gets a Yes unless the fault is a No.
 class SharedSession : private test::TestSession {
  public:
   using Disk = std::map<std::string, std::string>;
 
   SharedSession(sim::Outstation& school, const Disk& disk) : school_(school) {
     for (const auto& [name, bytes] : disk) files.files[name] = bytes;
-    files.files["/ini/ZEKView.INI"].insert(0,
-                                           "[Topics]\r\nX=YES,1,HOST:5100,School\r\n"
-                                           "[X]\r\nAHU1=A\r\nAHU2=B\r\nPLT1=C\r\nPLT2=D\r\n");
+    if (disk.empty()) {
+      files.files[kIni].insert(0,
+                               "[Topics]\r\nX=YES,1,HOST:5100,School\r\n"
+                               "[X]\r\nAHU1=A\r\nAHU2=B\r\nPLT1=C\r\nPLT2=D\r\n");
+    }
     Load("");
     proc.settings.AlwaysUseDSS = true;
     socket.onConnected = [this] { socket.Say(talk_.emplace(school_).Greeting()); };
     socket.onSent = [this](std::string_view bytes) { Take(bytes); };
   }
 
-  const Disk& OnDisk() const { return files.files; }
+  Disk OnDisk() const { return files.files; }
 
-  /// Saves lines of a control after a read, as its editor does. The link breaks for good after
-  /// `cutAfter` commands of the catalogue. Returns what was reported.
-  bool Save(const Trial& trial, const std::string& control, const Lines& lines, int cutAfter = 0) {
-    Select("X/" + control);
-    prompts.answers.assign(50, true);
-    if (!test::Fetch(proc, trial.catalogue).done) return false;
-    cutAfter_ = cutAfter;
-    const bool saved = test::Send(proc, trial.catalogue, lines);
+  using TestSession::Select;
+
+  /// Opening and saving meet this fault from now on, at that command of the catalogues they send.
+  void Meet(Fault fault, int command = 0) {
+    fault_ = fault;
+    command_ = command;
+    writes_ = 0;
     socket.reachable = true;
-    return saved;
+    prompts.answers.assign(50, fault != Fault::Declined);
   }
+
+  bool Open(Catalogue catalogue) { return test::Fetch(proc, catalogue).done; }
+
+  /// Returns what was reported. The first question is whether to send.
+  bool Save(Catalogue catalogue, const Lines& lines) {
+    prompts.answers.front() = true;
+    return test::Send(proc, catalogue, lines);
+  }
+
+  /// All messages and lists since the last call.
+  std::string TakeShown() {
+    std::string all;
+    for (Lines* const texts : {&prompts.shown, &prompts.details})
+      for (const std::string& text : std::exchange(*texts, {})) all += text + "\n";
+    return all;
+  }
+
+  /// How often the last save sent a catalogue.
+  int Writes() const { return writes_; }
 
  private:
   void Take(std::string_view bytes) {
-    const bool before = talk_->TakingLines();
+    const bool begins = bytes.starts_with('.');
+    writes_ += begins ? 1 : 0;
+    if ((begins || talk_->TakingLines()) && Fails(bytes)) return;
     const std::string reply = talk_->Receive(bytes);
-    const bool counts = (before || talk_->TakingLines()) && bytes.ends_with('\r');
-    if (counts && cutAfter_ > 0 && --cutAfter_ == 0) {
-      socket.reachable = false;
-      socket.Break();
-    } else if (!reply.empty()) {
-      socket.Say(reply, 50);
+    if (!reply.empty()) socket.Say(reply, 50);
+  }
+
+  bool Fails(std::string_view bytes) {
+    if (--command_ > 0) return false;
+    if (fault_ == Fault::Refused && bytes != "EXIT\r") {
+      socket.Say("0001>\x02\r\n\xFF", 50);
+      return true;
     }
+    if (fault_ != Fault::LinkLost) return false;
+    talk_->Receive(bytes);
+    socket.reachable = false;
+    socket.Break();
+    return true;
   }
 
   sim::Outstation& school_;
   std::optional<sim::PlantConversation> talk_;
-  int cutAfter_ = 0;
+  Fault fault_ = Fault::None;
+  int command_ = 0;  // until the fault
+  int writes_ = 0;
 };
 
-// Of the saved control old lines may remain in a controller that adds by number.
-bool Holds(const Trial& trial, bool saved, const Lines& there, const Lines& wanted) {
-  const bool mayRemain = saved && trial.replaces == sim::Replaces::Number;
-  return mayRemain ? std::includes(there.begin(), there.end(), wanted.begin(), wanted.end())
-                   : there == wanted;
-}
+/// Gives the controls other times, in their order.
+class Saves {
+ public:
+  explicit Saves(const Trial& trial) : trial_(trial), school_(School(trial.replaces)) {
+    for (const std::string& each : trial_.order) wanted_[each] = There(each);
+    session_.emplace(school_, SharedSession::Disk());
+  }
 
-// Gives the controls other times, in their order. Returns what went wrong, or "".
-std::string WhatChanged(const Trial& trial) {
-  sim::Outstation school = School(trial.replaces);
-  std::map<std::string, Lines> wanted;
-  for (const std::string& each : trial.order) wanted[each] = LinesOf(each, school, trial.catalogue);
-  std::optional<SharedSession> session;
-  session.emplace(school, SharedSession::Disk());
-  int cutAfter = trial.cutAfter;
-  for (const std::string& control : trial.order) {
-    for (std::string& line : wanted[control]) line.replace(line.find(':') - 2, 2, "05");
-    const int cut = std::exchange(cutAfter, 0);
-    if (!session->Save(trial, control, wanted[control], cut) && cut > 0) {
-      if (trial.restart) session.emplace(school, SharedSession::Disk(session->OnDisk()));
-      session->Save(trial, control, wanted[control]);
+  /// Returns what went wrong, or "".
+  std::string Run() {
+    for (const std::string& control : trial_.order) {
+      wanted_[control] = WithNewTimes(wanted_[control]);
+      const bool first = control == trial_.order.front();
+      shown_.clear();
+      session_->Select("X/" + control);
+      session_->Meet(Fault::None);
+      if (!session_->Open(trial_.catalogue)) return "can't open " + control;
+      if (first) session_->Meet(trial_.fault, trial_.command);
+      const bool saved = session_->Save(trial_.catalogue, wanted_[control]);
+      TakeShown();
+      std::string wrong;
+      if (!saved && first && trial_.fault != Fault::None) wrong = GoOn(control);
+      if (wrong.empty()) wrong = WhatChanged(control);
+      if (!wrong.empty()) return wrong + " in the save of " + control;
+      if (trial_.fault == Fault::None && !first && session_->Writes() != 1)
+        return "more than one write for " + control;
     }
-    for (auto& [each, lines] : wanted) {
-      const Lines there = LinesOf(each, school, trial.catalogue);
-      if (!Holds(trial, each == control, Texts(there), Texts(lines))) {
-        return std::string("saving ").append(control).append(" changed ").append(each);
-      }
+    const bool learned = session_->OnDisk().at(kIni).find("WDCWriteWhole=yes") != std::string::npos;
+    const bool loses =
+        trial_.replaces == sim::Replaces::Catalogue && trial_.catalogue == Catalogue::Wdc;
+    return learned == loses || trial_.fault != Fault::None ? "" : "wrong WDCWriteWhole";
+  }
+
+ private:
+  void TakeShown() { shown_ += session_->TakeShown(); }
+
+  // Returns what went wrong.
+  std::string GoOn(const std::string& control) {
+    Lines lost = LostBeside(control);
+    if (trial_.twice) {
+      TryNext(control, trial_.fault);
+      const Lines more = LostBeside(control);
+      lost.insert(lost.end(), more.begin(), more.end());
+    }
+    TryNext(control, Fault::None);
+    if (trial_.next > Next::RestartAndSave && !LostBeside(control).empty())
+      return "others' lines are still missing";
+    if (!Missing(wanted_[control], WithNewTimes(There(control))).empty())
+      return "neither the old nor the new lines of " + control;
+    session_->Select("X/" + control);
+    session_->Save(trial_.catalogue, wanted_[control]);
+    TakeShown();
+    for (const std::string& line : lost) {
+      const bool own = trial_.next == Next::SaveAnother && OwnerOf(line) == Another();
+      if (!own && shown_.find(line) == std::string::npos) return "not named: " + line;
+    }
+    return {};
+  }
+
+  const std::string& Another() const { return trial_.order.back(); }
+
+  void TryNext(const std::string& control, Fault fault) {
+    if (trial_.next != Next::SaveAgain) {
+      TakeShown();
+      session_.emplace(school_, session_->OnDisk());
+    }
+    const std::string& next = trial_.next >= Next::OpenAnother ? Another() : control;
+    session_->Select("X/" + next);
+    session_->Meet(fault, trial_.command);
+    if (trial_.next == Next::RestartAndOpen || trial_.next == Next::OpenAnother) {
+      session_->Open(trial_.catalogue);
+    } else {
+      session_->Save(trial_.catalogue, wanted_[next]);
+    }
+    session_->Meet(Fault::None);
+  }
+
+  // A controller that replaces by number can keep old lines of the control itself.
+  std::string WhatChanged(const std::string& control) {
+    const Lines lost = LostBeside(control);
+    if (!lost.empty()) return "lost: " + lost.front();
+    for (auto& [each, lines] : wanted_) {
+      const Lines there = There(each);
+      if (!Missing(lines, there).empty()) return each + " was not saved";
+      const bool told = each == control && shown_.find(kRemain) != std::string::npos;
+      if (there.size() != lines.size() && !told) return "untold lines of " + each;
       lines = there;
     }
+    return {};
   }
-  return {};
+
+  Lines There(const std::string& control) const {
+    return LinesOf(control, school_, trial_.catalogue);
+  }
+
+  // The missing lines of the other controls.
+  Lines LostBeside(const std::string& control) const {
+    Lines lost;
+    for (const auto& [each, lines] : wanted_) {
+      const Lines missing = each == control ? Lines() : Missing(lines, There(each));
+      lost.insert(lost.end(), missing.begin(), missing.end());
+    }
+    return lost;
+  }
+
+  const Trial& trial_;
+  sim::Outstation school_;
+  std::map<std::string, Lines> wanted_;
+  std::optional<SharedSession> session_;
+  std::string shown_;  // since the last save began
+};
+
+// The trial with every fault at every command that a first save can have.
+std::vector<Trial> WithFaults(Trial trial) {
+  constexpr int commands = 13;
+  std::vector<Trial> trials;
+  for (const Next next : {Next::SaveAgain, Next::RestartAndSave, Next::RestartAndOpen,
+                          Next::OpenAnother, Next::SaveAnother}) {
+    trial.next = next;
+    trial.command = 0;
+    trial.twice = false;
+    trial.fault = Fault::Declined;
+    trials.push_back(trial);
+    for (trial.command = 1; trial.command <= commands; ++trial.command) {
+      for (const Fault fault : {Fault::LinkLost, Fault::Refused}) {
+        trial.fault = fault;
+        for (const bool twice : {false, true}) {
+          trial.twice = twice;
+          trials.push_back(trial);
+        }
+      }
+    }
+  }
+  return trials;
 }
 
-// Disabled until a save fetches the shared catalogue first.
-TEST(SharedSaves, DISABLED_InEveryOrderAndCutOffAtEveryCommand) {
-  constexpr int commands = 10;  // more than a save of a whole catalogue has
-  int run = 0;
-  int right = 0;
-  const auto check = [&](const Trial& trial) {
-    const std::string wrong = WhatChanged(trial);
-    EXPECT_EQ(wrong, "") << "replaces " << static_cast<int>(trial.replaces) << ", cut after "
-                         << trial.cutAfter << (trial.restart ? ", restart" : "");
-    ++run;
-    right += wrong.empty() ? 1 : 0;
-  };
+std::vector<Trial> Trials() {
   using sim::Replaces;
+  std::vector<Trial> trials;
   for (const Replaces replaces : {Replaces::Number, Replaces::Control, Replaces::Catalogue}) {
     for (const Catalogue catalogue : {Catalogue::Wdc, Catalogue::Ovc}) {
       Trial trial{replaces, catalogue};
       do {
-        check(trial);
+        trials.push_back(trial);
         if (!std::is_sorted(trial.order.begin() + 1, trial.order.end())) continue;
-        for (int command = 2; command < 2 * commands; ++command) {
-          Trial cut = trial;
-          cut.cutAfter = command / 2;
-          cut.restart = command % 2 == 1;
-          check(cut);
-        }
+        const std::vector<Trial> more = WithFaults(trial);
+        trials.insert(trials.end(), more.begin(), more.end());
       } while (std::next_permutation(trial.order.begin(), trial.order.end()));
     }
   }
-  std::cout << "figure: saves of shared catalogues: " << right << " of " << run << "\n";
+  return trials;
+}
+
+TEST(SharedSaves, InEveryOrderAndCutOffAtEveryCommand) {
+  const std::vector<Trial> trials = Trials();
+  std::size_t right = 0;
+  for (const Trial& trial : trials) {
+    const std::string wrong = Saves(trial).Run();
+    EXPECT_EQ(wrong, "") << trial.Name();
+    right += wrong.empty() ? 1U : 0U;
+  }
+  std::cout << "figure: saves of shared catalogues: " << right << " of " << trials.size() << "\n";
 }
 
 }  // namespace
