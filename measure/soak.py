@@ -11,6 +11,7 @@ import collections
 import os
 import pathlib
 import random
+import shutil
 import re
 import subprocess
 import sys
@@ -130,6 +131,11 @@ class Soak:
 
     def write(self, name, kind):
         station = self.stations[name]
+        # The stations keep nothing that they receive, so no write may be read back: neither of a
+        # catalogue that controls share, nor one that is compared with an earlier listing.
+        if station.kind == 1:
+            kind = "sdc"
+        shutil.rmtree(self.home / "Known", ignore_errors=True)
         lines, value = random_catalogue(self.dice)
         with_value = station.has_value(kind)
         text = "".join(f"{line}\r\n" for line in ([f".DFV = {value}"] if with_value else []) + lines)

@@ -25,11 +25,14 @@ change_copy() {
 
 school="f127_0_0_1_$port Björkängsskolan"
 office="f127_0_0_1_${port}_3 Kontorshuset vid Ågatan"
-change_copy wdc SKOLA/AHU1 "$school WDC.TXT" '07:00\.\.12:00' '07:15..12:45'
+# A control's save puts the other controls' lines first in the local copy, and changes only its own.
+change wdc SKOLA/AHU1 '!AHU1 \( *!SD2 *\)!07:00\.\.12:00' '!AHU1 \1!07:15..12:45'
+change ovc SKOLA/PLT1 '!PLT1 \(.*\)26-DEC-26,17:00' '!PLT1 \127-DEC-26,18:30'
+change_copy wdc SKOLA "$school WDC.TXT" '07:00\.\.12:00' '07:15..12:45'
 change_copy wdc KONTOR/AHU1 "$office AHU1.TXT" '06:00\.\.18:00' '05:45..18:30'
 change_copy sdc SKOLA/PLT1 "$school SDC.TXT" '05-NOV-27 ' '06-NOV-27 '
 change_copy sdc KONTOR "$office SDC.TXT" '\.\.26-DEC-2026' '..27-DEC-2026'
-change_copy ovc SKOLA/PLT1 "$school OVC.TXT" '26-DEC-26,17:00' '27-DEC-26,18:30'
+change_copy ovc SKOLA "$school OVC.TXT" '27-DEC-26,18:30' '26-DEC-26,17:00'
 change_copy ovc KONTOR/PLT1 "$office PLT1 EXC.TXT" '19-DEC-2026 ' '20-DEC-2026 '
 change_copy ovc KONTOR/VS1 "$office VS1 EXC.TXT" '!16    !21' '!15.5  !.'
 

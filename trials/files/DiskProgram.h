@@ -27,7 +27,7 @@ class DiskProgram {
 
   /// Returns the exit status; `work` runs after the start instead of a command.
   template <class Work>
-  int Start(Work work) {
+  int Start(Work work, const cli::Arguments& arguments = {}) {
     cli::CliPrompts prompts(err);
     std::istringstream in(input);
     ZV_Proc proc({files, *profile_, controller.turn, prompts, controller.socket, controller.dde,
@@ -36,7 +36,7 @@ class DiskProgram {
     proc.settings.IniPath = home_;
     controller.turn.tick = [&proc] { proc.connection.Tick(); };
     cli::Console console{proc, prompts, in, out, err};
-    const auto ended = cli::StartCommands(console);
+    const auto ended = cli::StartCommands(console, arguments);
     return ended ? *ended : work(console);
   }
 
@@ -46,7 +46,8 @@ class DiskProgram {
       err << arguments.error << '\n';
       return kWrongUsage;
     }
-    return Start([&](cli::Console& console) { return cli::RunCommand(console, arguments); });
+    return Start([&](cli::Console& console) { return cli::RunCommand(console, arguments); },
+                 arguments);
   }
 
  private:
