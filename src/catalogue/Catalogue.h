@@ -49,7 +49,7 @@ struct CatalogueId {
   Generation generation = Generation::Zek1;
   /// The file name of its local copy, in windows-1252; "" when the node has no such catalogue.
   std::string localFile;
-  std::string topic;  // the controller's name in the topic table
+  std::string topic;                     // the controller's name in the topic table
   std::vector<std::string> pltControls;  // of the object, see `LineOwner`
 
   /// Returns the owner of the lines that an editor of this catalogue shows.

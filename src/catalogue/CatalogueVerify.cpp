@@ -24,11 +24,9 @@ Verification VerifyCatalogue(const CatalogueId& id, const Expected& expected,
   if (expected.own.dfv && !own.dfv) own.dfv = ".";
   const auto differences =
       FaultsOf({expected.own.lines, expected.own.dfv}, own, RulesOf(id, parts.settings));
-  std::partition_copy(differences.begin(), differences.end(),
-                      std::back_inserter(verification.left),
-                      std::back_inserter(verification.faults), [](const CatalogueChange& each) {
-                        return each.kind == ChangeKind::Added;
-                      });
+  std::partition_copy(differences.begin(), differences.end(), std::back_inserter(verification.left),
+                      std::back_inserter(verification.faults),
+                      [](const CatalogueChange& each) { return each.kind == ChangeKind::Added; });
   verification.others = FindAgain(expected.others, verification.fetched.lines);
   return verification;
 }

@@ -119,7 +119,8 @@ class Reading {
     }
     // Without a user the history keeps the old copy, and the caller reports it.
     if (!p_.messages.prompts.Attended()) return true;
-    return p_.messages.prompts.AskYesNo(Icon::Exclamation, p_.messages.Text(text::kAskReplaceUnsent),
+    return p_.messages.prompts.AskYesNo(Icon::Exclamation,
+                                        p_.messages.Text(text::kAskReplaceUnsent),
                                         p_.messages.Text(text::kUseLocalCopyTitle));
   }
 

@@ -14,8 +14,8 @@ namespace {
 // The fields after the number, without padding.
 std::string FieldsOf(std::string_view line) {
   const std::size_t digits = std::min(line.find_first_not_of(' '), line.size());
-  std::string_view rest = line.substr(
-      std::min(line.find_first_not_of("0123456789", digits), line.size()));
+  std::string_view rest =
+      line.substr(std::min(line.find_first_not_of("0123456789", digits), line.size()));
   std::string fields;
   while (!rest.empty()) fields.append(TakeField(rest)).append(kFieldMark);
   return fields;

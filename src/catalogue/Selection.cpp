@@ -3,8 +3,8 @@
 namespace zek {
 
 CatalogueId Selection::Id(Catalogue catalogue) const {
-  return {catalogue,   CurrentObject,          TscName,   generation,
-          LocalFiles[catalogue], TopicName, pltControls};
+  return {catalogue, CurrentObject, TscName, generation, LocalFiles[catalogue],
+          TopicName, pltControls};
 }
 
 Selection SelectionOf(const ObjectTree& tree, const TopicTable& topics, std::size_t node) {

@@ -200,9 +200,9 @@ bool AskSend(const std::string& question, const SendFacts& facts, const SendList
   if (list.texts.Details.empty()) {
     return messages.prompts.AskYesNo(Icon::Question, whole, title, standard);
   }
-  return messages.prompts.AskWithDetails(
-      Icon::Question, whole, title, {messages.Text(text::kDetailsLabel), list.texts.Details},
-      standard);
+  return messages.prompts.AskWithDetails(Icon::Question, whole, title,
+                                         {messages.Text(text::kDetailsLabel), list.texts.Details},
+                                         standard);
 }
 
 }  // namespace zek

@@ -43,14 +43,14 @@ bool CheckNameSendable(const CatalogueId& id, const CatalogueParts& parts) {
   return Refuse(parts.messages, text::kNotOneCommand, id.control);
 }
 
-bool CheckSendable(const CatalogueId& id, const LinesToSend& content,
-                   const CatalogueParts& parts) {
+bool CheckSendable(const CatalogueId& id, const LinesToSend& content, const CatalogueParts& parts) {
   const bool escapes = parts.exchange.connection.ReadsEscapes(id.object);
   const auto refused =
       std::find_if(content.lines.begin(), content.lines.end(), [escapes](const auto& line) {
         return !IsBlank(line) && (!IsCatalogueLine(line) || !StaysOneCommand(line, escapes));
       });
-  if (refused != content.lines.end()) return Refuse(parts.messages, text::kNoCatalogueLine, *refused);
+  if (refused != content.lines.end())
+    return Refuse(parts.messages, text::kNoCatalogueLine, *refused);
   if (content.dfv && !StaysOneCommand(*content.dfv, escapes)) {
     return Refuse(parts.messages, text::kNotOneCommand, *content.dfv);
   }

@@ -30,21 +30,31 @@ constexpr auto kCommands = std::to_array<CommandShape>({
     {"topics", "", {}, "the topic table"},
     {"objects", "", {}, "the objects and their time controls"},
     {"send", "TOPIC TEXT", {}, "send one command, print the reply"},
-    {"get", "KIND NODE", {{{"--local", &Arguments::local}}},
+    {"get",
+     "KIND NODE",
+     {{{"--local", &Arguments::local}}},
      "fetch a catalogue, keep its local copy, print it;\n"
      "--local prints the local copy instead"},
-    {"put", "KIND NODE FILE", {{{"--no-send", &Arguments::noSend}, {"--dry-run", &Arguments::dryRun}}},
+    {"put",
+     "KIND NODE FILE",
+     {{{"--no-send", &Arguments::noSend}, {"--dry-run", &Arguments::dryRun}}},
      "store a catalogue locally and send it;\n"
      "--no-send only stores it;\n"
      "--dry-run prints what would change and exits with 3"},
-    {"check", "KIND NODE FILE", {{{"--rebuild", &Arguments::rebuild}}},
+    {"check",
+     "KIND NODE FILE",
+     {{{"--rebuild", &Arguments::rebuild}}},
      "read a catalogue and print its table;\n"
      "--rebuild prints the lines that would be sent"},
-    {"export", "[KIND...]", {{{"--local", &Arguments::local}}},
+    {"export",
+     "[KIND...]",
+     {{{"--local", &Arguments::local}}},
      "fetch the catalogues of all time controls (without\n"
      "KIND: all kinds) into files in DIR/Batch;\n"
      "--local exports the local copies instead"},
-    {"history", "KIND NODE [ACTION] [ID]", {},
+    {"history",
+     "KIND NODE [ACTION] [ID]",
+     {},
      "the earlier local copies of a catalogue, by ID;\n"
      "compare ID: print how copy ID and the local copy differ;\n"
      "restore ID: make copy ID the local copy, send nothing"},

@@ -9,7 +9,8 @@ namespace {
 
 // A ZEK1 that keeps lines by their number, as far as its faults let it.
 //   stored LINE               it has this line; swallow LINE: it does not take this one, or any
-//   at-list mute              what happens when it is asked for the catalogue after a write: "mute",
+//   at-list mute              what happens when it is asked for the catalogue after a write:
+//   "mute",
 //                             "hangup", or another command; "at-list" ends that
 //   send                      saves the lines with yes, and forgets them
 //   forget                    what was read is no longer known

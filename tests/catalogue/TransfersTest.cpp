@@ -19,9 +19,10 @@ TEST(CatalogueTransfers, LinesAreCountedOnScreen) {
         test::Filled(session.proc.status.Transfer + "," + session.proc.status.Waiting);
     if (!shown.ends_with(now + ";")) shown += now + ";";
   };
-  session.PlayAll(
-      {"select ONE/AHU1", "answer LIST WDC=HEADER/@300  1000 !x/@600  1001 !x/@700 !hangup",
-       "answer LIST WDC=EXIT/", "get WDC", "line  1000 !AHU1!x", "line  1001 !AHU1!x", "yes", "save WDC"});
+  session.PlayAll({"select ONE/AHU1",
+                   "answer LIST WDC=HEADER/@300  1000 !x/@600  1001 !x/@700 !hangup",
+                   "answer LIST WDC=EXIT/", "get WDC", "line  1000 !AHU1!x", "line  1001 !AHU1!x",
+                   "yes", "save WDC"});
   for (const char* const part : {"kWaitListing 1;", "kWaitListing 2;", "kFetching (kAttempt 2)",
                                  "kSending,", "kSendingLine 1 2;", "kSendingLine 2 2;"})
     EXPECT_NE(shown.find(part), std::string::npos) << part << " in " << shown;
