@@ -1,6 +1,7 @@
 #include "formats/ExceptionText.h"
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -296,8 +297,11 @@ ExceptionReading ReadExceptions(std::span<const std::string> lines, const LineOw
 BuiltLines BuildExceptions(const ExceptionTable& table, const LineOwner& owner,
                            std::span<const std::string> lines, const ExceptionOptions& options,
                            char decimalSeparator) {
-  std::vector<std::string> kept = SplitExceptions(lines, owner).others;
-  std::erase_if(kept, [](const auto& line) { return line.find('*') != std::string::npos; });
+  std::vector<std::string> kept;
+  std::copy_if(lines.begin(), lines.end(), std::back_inserter(kept), [&owner](const auto& line) {
+    return line.find('*') == std::string::npos && !Trim(line).empty() &&
+           !IsOwnException(line, owner);
+  });
   ExceptionBuilder builder(owner, NumbersAmong(lines, owner, options), std::move(kept),
                            decimalSeparator);
   for (const OvcRow& row : table.rows) builder.AddRow(row);
