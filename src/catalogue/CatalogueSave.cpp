@@ -159,7 +159,19 @@ class Saving {
       return Outcome::Refused;
     }
     if (!CheckSendable(id_, plan_.send, p_)) return Outcome::Refused;
-    return Store(plan_.all);
+    return Store(Joined(OthersToKeep(), *own));
+  }
+
+  // The others' lines for the local copy: those of the controller, unless the copy has changes of
+  // them that wait to be sent.
+  Lines OthersToKeep() const {
+    const auto known = p_.records.Known(id_);
+    const Lines copy = SplitLines(id_, p_.copies.Peek(id_).lines).others;
+    const bool fits = copy.size() + plan_.expected.own.lines.size() <= kMaxCatalogueLines;
+    if (!known || !fits) return plan_.expected.others;
+    const Lines before = SplitLines(id_, known->content.lines).others;
+    const bool unsent = !HaveSameLines({copy, {}, LinesFrom::LocalCopy}, {before, {}, {}});
+    return unsent ? copy : plan_.expected.others;
   }
 
   // The lines of other controls that an unfinished write lost.
