@@ -65,8 +65,15 @@ void ChooseTopic(int topic) { Post("Combo_Topics", wxEVT_CHOICE, 0, topic); }
 void CloseForm(const char* name, bool force = false) {
   if (wxWindow* const form = Shown(name)) form->Close(force);
 }
+// A question is answered Yes: No to "close without saving?" would keep the editor open forever.
 void CloseInnermost() {
-  if (wxWindow* const form = FormInFront()) form->Close();
+  wxWindow* const form = FormInFront();
+  if (form == nullptr) return;
+  if (wxWindow::FindWindowById(wxID_YES, form) != nullptr) {
+    Command(*form, wxEVT_BUTTON, wxID_YES);
+  } else {
+    form->Close();
+  }
 }
 void TypeCommand(const char* command) {
   if (Shown("Text_Input") == nullptr) return;
