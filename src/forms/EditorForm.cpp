@@ -129,7 +129,7 @@ void EditorForm::Save() {
   if (!alive) return;
   ShowStatus();
   const bool givenUp = outcome == SaveOutcome::GivenUp;
-  if (outcome == SaveOutcome::Written || (givenUp && closesWhenGivenUp_)) {
+  if (ended_ || outcome == SaveOutcome::Written || (givenUp && closesWhenGivenUp_)) {
     End();
     return;
   }
@@ -220,13 +220,15 @@ void EditorForm::CloseOrStay() {
         proc_.Text(text::kAskCloseTitle));
     if (!alive) return;
     asking_ = false;
-    if (!close) return;
+    if (!close && !ended_) return;
   }
   End();
 }
 
 void EditorForm::End() {
-  if (IsModal()) EndModal(wxID_CANCEL);
+  // The event loop of a box above would swallow the end of this one.
+  ended_ = HasOpenBox(*this);
+  if (IsModal() && !ended_) EndModal(wxID_CANCEL);
 }
 
 void EditorForm::ShowStatus() {
