@@ -129,7 +129,9 @@ void EditorForm::Save() {
   if (!alive) return;
   ShowStatus();
   const bool givenUp = outcome == SaveOutcome::GivenUp || outcome == SaveOutcome::Refused;
-  if (outcome == SaveOutcome::Written || (outcome == SaveOutcome::GivenUp && closesWhenGivenUp_)) {
+  const bool closes = outcome == SaveOutcome::Written ||
+                      (outcome == SaveOutcome::GivenUp && closesWhenGivenUp_);
+  if (ended_ || closes) {
     End();
     return;
   }
@@ -220,13 +222,15 @@ void EditorForm::CloseOrStay() {
         proc_.Text(text::kAskCloseTitle));
     if (!alive) return;
     asking_ = false;
-    if (!close) return;
+    if (!close && !ended_) return;
   }
   End();
 }
 
 void EditorForm::End() {
-  if (IsModal()) EndModal(wxID_CANCEL);
+  // The event loop of a box above would swallow the end of this one.
+  ended_ = HasOpenBox(*this);
+  if (IsModal() && !ended_) EndModal(wxID_CANCEL);
 }
 
 void EditorForm::ShowStatus() {

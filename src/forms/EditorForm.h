@@ -108,6 +108,7 @@ class EditorForm : public wxDialog {
   bool busy_ = false;
   bool fromCopy_;         // opened on the local copy, which may never have been sent
   bool givenUp_ = false;  // a write failed: the copy is stored, the controller lacks it
+  bool ended_ = false;    // ended by force under a box, which must go first
   bool asking_ = false;   // a question about closing is open
 };
 

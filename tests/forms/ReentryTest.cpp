@@ -65,8 +65,19 @@ void ChooseTopic(int topic) { Post("Combo_Topics", wxEVT_CHOICE, 0, topic); }
 void CloseForm(const char* name, bool force = false) {
   if (wxWindow* const form = Shown(name)) form->Close(force);
 }
+// Questions are answered Yes and No in a pattern that gets out of "try again?" as well as of "close
+// without saving?".
 void CloseInnermost() {
-  if (wxWindow* const form = FormInFront()) form->Close();
+  static std::size_t questions = 0;
+  constexpr std::string_view pattern = "yynyn";
+  wxWindow* const form = FormInFront();
+  if (form == nullptr) return;
+  if (wxWindow::FindWindowById(wxID_YES, form) == nullptr) {
+    form->Close();
+  } else {
+    const bool yes = pattern[questions++ % pattern.size()] == 'y';
+    Command(*form, wxEVT_BUTTON, yes ? wxID_YES : wxID_NO);
+  }
 }
 void TypeCommand(const char* command) {
   if (Shown("Text_Input") == nullptr) return;
