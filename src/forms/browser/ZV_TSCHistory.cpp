@@ -140,7 +140,8 @@ class HistoryForm final : public wxDialog {
 
   void ShowDifferences() {
     const int chosen = List_Kept->GetSelection();
-    Command_Restore->Disable();
+    // Never disabled for a moment only: the button would lose the focus, and keys would go nowhere.
+    Command_Restore->Enable(chosen != wxNOT_FOUND && !proc_.settings.ViewOnly);
     if (chosen == wxNOT_FOUND) {
       Text_Differences->SetValue(ToWx(proc_.Text(text::kHistoryEmpty)));
       return;
