@@ -156,7 +156,9 @@ TEST_F(BrowserTest, AnEarlierCopyIsRestoredFromTheHistory) {
        {InBrowser, Escape}});
 }
 
-// The last one: the pointer stays where the mouse left it.
+#ifdef __WXGTK__
+// Elsewhere a menu takes the keys for itself. The last one: the pointer stays where the mouse left
+// it.
 TEST_F(BrowserTest, AnEscapeThatClosesAMenuClosesNothingElse) {
   Run({{InBrowser,
         [] {
@@ -172,6 +174,7 @@ TEST_F(BrowserTest, AnEscapeThatClosesAMenuClosesNothingElse) {
         }},
        {InBrowser, Escape}});
 }
+#endif
 
 }  // namespace
 }  // namespace zek::window

@@ -91,6 +91,7 @@ void ZV_TSC::BindEvents() {
     PlaceCancel();
     event.Skip();
   });
+#ifdef __WXGTK__  // on Windows a menu takes the keys, and an accelerator opens one without closing it
   Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
     ++openMenus_;
     event.Skip();
@@ -99,6 +100,7 @@ void ZV_TSC::BindEvents() {
     openMenus_ = std::max(0, openMenus_ - 1);
     event.Skip();
   });
+#endif
   Bind(wxEVT_CHAR_HOOK, &ZV_TSC::OnKey, this);
   Bind(wxEVT_CLOSE_WINDOW, &ZV_TSC::OnClose, this);
   Bind(wxEVT_ICONIZE, &ZV_TSC::OnIconize, this);
