@@ -91,7 +91,8 @@ void ZV_TSC::BindEvents() {
     PlaceCancel();
     event.Skip();
   });
-#ifdef __WXGTK__  // on Windows a menu takes the keys, and an accelerator opens one without closing it
+#ifdef __WXGTK__
+  // On Windows a menu takes its keys, and an accelerator opens one without closing it.
   Bind(wxEVT_MENU_OPEN, [this](wxMenuEvent& event) {
     ++openMenus_;
     event.Skip();
