@@ -129,8 +129,8 @@ void EditorForm::Save() {
   if (!alive) return;
   ShowStatus();
   const bool givenUp = outcome == SaveOutcome::GivenUp || outcome == SaveOutcome::Refused;
-  const bool closes = outcome == SaveOutcome::Written ||
-                      (outcome == SaveOutcome::GivenUp && closesWhenGivenUp_);
+  const bool closes =
+      outcome == SaveOutcome::Written || (outcome == SaveOutcome::GivenUp && closesWhenGivenUp_);
   if (ended_ || closes) {
     End();
     return;
