@@ -28,7 +28,7 @@ std::string CatalogueStore::PathOf(const CatalogueId& id) const {
 std::optional<FileError> CatalogueStore::Keep(const CatalogueId& id,
                                               const CatalogueContent& content,
                                               const LocalTime& now) {
-  if (const auto error = files_.MakeDirectory(folder_)) return error;
+  if (auto error = files_.MakeDirectory(folder_)) return error;
   const std::string copy = BuildLocalCopy(content.lines, content.dfv);
   std::string file = "; " + DateAndTime(now);
   file.append(kTab).append(id.Node()).append(kTab).append(ChecksumOf(copy)).append("\r\n");
