@@ -37,7 +37,7 @@ class StorePlayer : public test::SessionPlayer {
     if (what == "local") proc.settings.AlwaysUseDSS = !(proc.settings.AlwaysUseLocal = true);
     if (what == "forget") ForgetRead();
     if (what != "send") return SessionPlayer::Do(what, rest);
-    prompts.answers.push_back(rest != "no");
+    prompts.answers.emplace_back(rest != "no");
     std::string sent = SessionPlayer::Do("save", "WDC");
     toSave.clear();
     return sent;

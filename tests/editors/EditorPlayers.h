@@ -74,7 +74,7 @@ class Player {
   std::string Saved(const Words& words) {
     std::size_t failures = words[1].empty() ? 0 : Number(words[1]);
     for (std::size_t word = 2; word < words.size(); ++word)
-      if (!words[word].empty()) prompts_.answers.push_back(words[word] == "yes");
+      if (!words[word].empty()) prompts_.answers.emplace_back(words[word] == "yes");
     std::string written;
     const SaveOutcome outcome = Save([&](const Words& lines) {
       written += " [";

@@ -211,7 +211,7 @@ class Saves {
       std::string wrong;
       if (!saved && first && trial_.fault != Fault::None) wrong = GoOn(control);
       if (wrong.empty()) wrong = WhatChanged(control);
-      if (!wrong.empty()) return wrong + " in the save of " + control;
+      if (!wrong.empty()) return wrong.append(" in the save of ").append(control);
       if (trial_.fault == Fault::None && !first && session_->Writes() != 1)
         return "more than one write for " + control;
     }
