@@ -25,6 +25,7 @@ Outcome CatalogueDelivery::Run(const SavePlan& plan) {
     }
   }
   const SendReport report = SendCatalogue(id_, plan.send, p_);
+  begun_ = begun_ || report.outcome != SendOutcome::NotBegun;
   if (report.outcome != SendOutcome::Sent) return Failed(plan, report);
   known_ = {plan.all, plan.send.dfv, LinesFrom::Controller, 0};
   if (id_.IsPartOfShared()) p_.records.SentWrite(id_, plan.all);
@@ -56,7 +57,6 @@ Outcome CatalogueDelivery::Ended(const SavePlan& plan, std::string_view journal,
 // --- A write that failed ---
 
 Outcome CatalogueDelivery::Failed(const SavePlan& plan, const SendReport& report) {
-  known_ = {};
   std::string message = p_.messages.Text(text::kSendFailed);
   if (!report.refusal.empty()) {
     message.insert(0, p_.messages.Text(text::kControllerError) + " " + report.refusal + "\r\n");
@@ -64,9 +64,9 @@ Outcome CatalogueDelivery::Failed(const SavePlan& plan, const SendReport& report
   if (report.outcome == SendOutcome::NotBegun) {
     // The controller is as it was, and so is an earlier unfinished write.
     if (id_.IsPartOfShared()) p_.records.EndWrite(id_, plan.now.lines);
-    known_ = plan.now;
     return Ended(plan, "not begun", Outcome::Failed, message);
   }
+  known_ = {};
   p_.records.Journal(id_, report.linesSent, "failed");
   message +=
       "\r\n\r\n" + p_.messages.Text(text::kLinesWereSent, {std::to_string(report.linesSent),
@@ -207,6 +207,7 @@ Outcome CatalogueDelivery::Repair(const SavePlan& plan, const Verification& chec
 
 Outcome CatalogueDelivery::SendAgain(const SavePlan& plan) {
   const SendReport report = SendCatalogue(id_, plan.send, p_);
+  begun_ = begun_ || report.outcome != SendOutcome::NotBegun;
   if (report.outcome != SendOutcome::Sent) return Failed(plan, report);
   const Verification check = VerifyCatalogue(id_, plan.expected, p_, delays_);
   if (!check.IsMade()) return NotChecked(plan, check);

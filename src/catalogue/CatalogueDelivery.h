@@ -36,7 +36,11 @@ class CatalogueDelivery {
   /// Sends the lines that an earlier write lost, with the whole catalogue.
   SaveResult::Outcome SendAgain(const SavePlan& plan);
 
-  /// The catalogue that the controller has now; `LinesFrom::Nowhere` if that is not known.
+  /// False if nothing was sent, so that the controller is as it was.
+  bool Begun() const { return begun_; }
+
+  /// The catalogue that the controller has after a write that began; `LinesFrom::Nowhere` if that
+  /// is not known.
   const CatalogueContent& Known() const { return known_; }
 
  private:
@@ -60,6 +64,7 @@ class CatalogueDelivery {
   const CatalogueParts& p_;
   FetchDelays delays_;
   CatalogueContent known_;
+  bool begun_ = false;
 };
 
 }  // namespace zek

@@ -50,7 +50,7 @@ class Saving {
     const std::optional<FetchDelays> delays = ReadFetchDelays(p_.numbers);
     // Content that can't be sent and unusable pauses are reported before anything is sent.
     if (!delays || !CheckSendDelays(p_.numbers) ||
-        !CheckSendable(id_, {draft_.lines, DfvToSend()}, p_)) {
+        !CheckSendable(id_, {parts_.own, DfvToSend()}, p_)) {
       return Ended(Outcome::Refused);
     }
     delays_ = *delays;
@@ -242,6 +242,8 @@ class Saving {
   Outcome Send() {
     CatalogueDelivery delivery(id_, p_, delays_);
     const Outcome outcome = delivery.Run(plan_);
+    // The time of the record is that of the last reading or sending, so it stays.
+    if (!delivery.Begun()) return outcome;
     if (delivery.Known().from == LinesFrom::Nowhere) {
       p_.records.ForgetKnown(id_);
     } else {

@@ -20,7 +20,7 @@ Verification VerifyCatalogue(const CatalogueId& id, const Expected& expected,
   verification.fetched = std::move(fetched.content);
   const LinesByOwner there = SplitLines(id, verification.fetched.lines);
   CatalogueContent own{there.own, verification.fetched.dfv, LinesFrom::Controller, 0};
-  // A listing has no ".DFV" line if the value is none.
+  // A listing without a ".DFV" line means that there is no value.
   if (expected.own.dfv && !own.dfv) own.dfv = ".";
   const auto differences =
       FaultsOf({expected.own.lines, expected.own.dfv}, own, RulesOf(id, parts.settings));

@@ -15,7 +15,7 @@ class StatusPanels {
   std::string Progress;    // panel 2 of the main window: the topic being connected
   std::string Transfer;    // panel 2 of the browser: text and dots of a catalogue transfer
   std::string Sequence;    // panel 3: the sequence field of the last reply text
-  std::string Waiting;     // what the program waits for now; "" without a wait
+  std::string Waiting;     // the present wait, in words; "" without one
   int Hourglass = 0;       // above 0: a command waits for its reply
   int Busy = 0;            // above 0: a catalogue transfer runs, the browser is disabled
 
