@@ -240,16 +240,27 @@ class Saving {
   }
 
   Outcome Send() {
+    const bool first = p_.records.BeginSending(id_, OwnNow());
     CatalogueDelivery delivery(id_, p_, delays_);
     const Outcome outcome = delivery.Run(plan_);
-    // The time of the record is that of the last reading or sending, so it stays.
-    if (!delivery.Begun()) return outcome;
+    if (!delivery.Begun()) {
+      // The time of the record is that of the last reading or sending, so it stays.
+      if (first) p_.records.ForgetSending(id_);
+      return outcome;
+    }
+    if (outcome != Outcome::Failed) p_.records.EndSending(id_);
     if (delivery.Known().from == LinesFrom::Nowhere) {
       p_.records.ForgetKnown(id_);
     } else {
       p_.records.RememberKnown(id_, delivery.Known());
     }
     return outcome;
+  }
+
+  CatalogueContent OwnNow() const {
+    CatalogueContent now = plan_.now;
+    if (id_.IsPartOfShared()) now.lines = SplitLines(id_, now.lines).own;
+    return now;
   }
 
   const CatalogueId& id_;

@@ -143,6 +143,19 @@ SaveResult Catalogues::SaveCatalogue(const CatalogueId& id, const CatalogueDraft
   return SaveTheCatalogue(id, draft, p_);
 }
 
+SaveResult Catalogues::SendBack(const CatalogueId& id) {
+  const auto before = p_.records.BeforeSending(id);
+  if (!before || !GetCatalogue(id, CopyUse::PassOver)) return {};
+  // The user kept them, or they can't be replaced.
+  if (HasUnsentChanges(id)) return {SaveResult::Outcome::Declined, false, {}};
+  return SaveCatalogue(id, {before->content.lines, before->content.dfv, {}});
+}
+
+std::string Catalogues::TimeOfBefore(const CatalogueId& id) const {
+  const auto before = p_.records.BeforeSending(id);
+  return before ? before->time : std::string();
+}
+
 CatalogueContent Catalogues::LastKnown(const CatalogueId& id) const {
   auto known = p_.records.Known(id);
   return known ? std::move(known->content) : CatalogueContent();

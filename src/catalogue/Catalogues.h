@@ -77,6 +77,12 @@ class Catalogues {
   /// lines, the catalogue is fetched again and compared.
   SaveResult SaveCatalogue(const CatalogueId& id, const CatalogueDraft& draft);
 
+  /// Fetches a catalogue, then saves it as it was before the last sending (`BeforeSending`).
+  SaveResult SendBack(const CatalogueId& id);
+
+  /// Returns when the lines that `SendBack` would send were replaced; "" if it has none.
+  std::string TimeOfBefore(const CatalogueId& id) const;
+
   /// Returns a catalogue as it was last read from its controller or sent to it;
   /// `LinesFrom::Nowhere` if that is unknown.
   CatalogueContent LastKnown(const CatalogueId& id) const;

@@ -57,7 +57,9 @@ constexpr auto kCommands = std::to_array<CommandShape>({
      {},
      "the earlier local copies of a catalogue, by ID;\n"
      "compare ID: print how copy ID and the local copy differ;\n"
-     "restore ID: make copy ID the local copy, send nothing"},
+     "restore ID: make copy ID the local copy, send nothing;\n"
+     "undo: fetch the catalogue, then send it as it was before\n"
+     "the last sending"},
 });
 
 constexpr auto kOperands = std::to_array<std::pair<std::string_view, const char*>>({
@@ -66,7 +68,7 @@ constexpr auto kOperands = std::to_array<std::pair<std::string_view, const char*
     {"KIND", "wdc (weekdays), sdc (special-day calendar) or ovc (exceptions)"},
     {"NODE", "TOPIC, or TOPIC/TSC for one time control, see the command objects"},
     {"FILE", "the catalogue's lines in windows-1252; - for standard input"},
-    {"ACTION", "compare or restore; without it the copies are listed"},
+    {"ACTION", "compare, restore or undo; without it the copies are listed"},
     {"ID", "of an earlier copy, as listed"},
 });
 
@@ -150,8 +152,9 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
 }
 
 bool Arguments::Contacts() const {
+  const bool undo = command == "history" && operands.size() > 2 && operands[2] == kUndoAction;
   const bool remote =
-      command == "send" || command == "get" || command == "put" || command == "export";
+      command == "send" || command == "get" || command == "put" || command == "export" || undo;
   return remote && !local && !noSend;
 }
 

@@ -9,6 +9,9 @@
 
 namespace zek::cli {
 
+/// The action of "history" that sends something.
+inline constexpr const char* kUndoAction = "undo";
+
 /// The command line: options of the program, then a command with its operands and options.
 struct Arguments {
   std::optional<std::string> dir;  // --dir, UTF-8

@@ -27,6 +27,14 @@ ExitStatus Compare(Console& console, const CatalogueId& id, const KeptCopy& copy
   return kDone;
 }
 
+ExitStatus Undo(Console& console, const CatalogueId& id) {
+  const std::string before = console.proc.catalogues.TimeOfBefore(id);
+  if (before.empty()) return Refuse(console, "nothing is known from before the last sending");
+  console.hasInput();
+  console.prompts.answerYes = true;
+  return console.proc.catalogues.SendBack(id).Done() ? kDone : kFailed;
+}
+
 }  // namespace
 
 ExitStatus HistoryOfCatalogue(Console& console, const CatalogueId& id, const Arguments& arguments) {
@@ -35,6 +43,7 @@ ExitStatus HistoryOfCatalogue(Console& console, const CatalogueId& id, const Arg
   constexpr std::size_t which = 3;
   if (arguments.operands.size() == what) return List(console, kept);
   const std::string& action = arguments.operands[what];
+  if (action == kUndoAction) return Undo(console, id);
   if (action != "compare" && action != "restore") return Refuse(console, "unknown " + action);
   if (arguments.operands.size() == which) return Refuse(console, action + " needs an ID");
   const auto copy = std::find_if(kept.begin(), kept.end(), [&](const KeptCopy& each) {

@@ -14,7 +14,7 @@ namespace zek::window {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-constexpr auto kPatience = std::chrono::seconds(10);
+constexpr auto kPatience = std::chrono::seconds(30);
 
 void RunEvents() {
   wxTheApp->ProcessPendingEvents();

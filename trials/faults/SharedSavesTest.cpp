@@ -148,6 +148,11 @@ class SharedSession : private test::TestSession {
     return test::Send(proc, catalogue, lines);
   }
 
+  /// Undoes the last save of the selected control.
+  bool SendBack(Catalogue catalogue) {
+    return proc.catalogues.SendBack(proc.selection.Id(catalogue)).Done();
+  }
+
   /// All messages and lists since the last call.
   std::string TakeShown() {
     std::string all;
@@ -198,7 +203,9 @@ class Saves {
 
   /// Returns what went wrong, or "".
   std::string Run() {
+    Lines before;  // of the control that was saved last
     for (const std::string& control : trial_.order) {
+      before = wanted_[control];
       wanted_[control] = WithNewTimes(wanted_[control]);
       const bool first = control == trial_.order.front();
       shown_.clear();
@@ -218,10 +225,19 @@ class Saves {
     const bool learned = session_->OnDisk().at(kIni).find("WDCWriteWhole=yes") != std::string::npos;
     const bool loses =
         trial_.replaces == sim::Replaces::Catalogue && trial_.catalogue == Catalogue::Wdc;
-    return learned == loses || trial_.fault != Fault::None ? "" : "wrong WDCWriteWhole";
+    if (trial_.fault != Fault::None) return {};
+    return learned == loses ? SendBack(before) : "wrong WDCWriteWhole";
   }
 
  private:
+  std::string SendBack(const Lines& before) {
+    session_->Meet(Fault::None);
+    const bool done = session_->SendBack(trial_.catalogue);
+    wanted_[trial_.order.back()] = before;
+    const std::string wrong = done ? WhatChanged(trial_.order.back()) : "can't send back";
+    return wrong.empty() ? wrong : wrong + " when it was sent back";
+  }
+
   void TakeShown() { shown_ += session_->TakeShown(); }
 
   // Returns what went wrong.

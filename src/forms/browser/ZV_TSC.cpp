@@ -202,20 +202,25 @@ void ZV_TSC::OnIconize(wxIconizeEvent& event) {
   event.Skip();
 }
 
+bool ZV_TSC::Transfer(const std::function<void()>& transfer) {
+  const wxWeakRef<ZV_TSC> alive(this);
+  fetching_ = true;
+  const InputBlock block([&proc = proc_] { proc.waits.Cancel(); }, cancel_);
+  transfer();
+  if (!alive) return true;
+  fetching_ = false;
+  ShowStatus();
+  return block.CloseRequested() || turn_.Quitting();
+}
+
 void ZV_TSC::Get(Catalogue catalogue, ShowEditor showEditor) {
   if (busy_ || !proc_.selection.Has(catalogue)) return;
   const wxWeakRef<ZV_TSC> alive(this);
   std::optional<CatalogueContent> content;
-  bool close = false;
-  fetching_ = true;
-  {
-    const InputBlock block([this] { proc_.waits.Cancel(); }, cancel_);
-    content = proc_.catalogues.GetCatalogue(proc_.selection.Id(catalogue));
-    close = block.CloseRequested() || turn_.Quitting();
-  }
+  const bool close = Transfer([&proc = proc_, &content, catalogue] {
+    content = proc.catalogues.GetCatalogue(proc.selection.Id(catalogue));
+  });
   if (!alive) return;
-  fetching_ = false;
-  ShowStatus();
   UpdateMenu(*menuTSC_);
   if (close) {
     Close();
@@ -242,8 +247,16 @@ void ZV_TSC::Erase(Catalogue catalogue) {
 void ZV_TSC::OnHistory() {
   if (busy_ || !TreeView->Selected()) return;
   const wxWeakRef<ZV_TSC> alive(this);
-  ShowHistory(this, proc_);
-  if (alive) UpdateMenu(*menuTSC_);
+  const std::optional<Catalogue> sendBack = ShowHistory(this, proc_);
+  if (!alive) return;
+  if (sendBack) {
+    const CatalogueId id = proc_.selection.Id(*sendBack);
+    const bool close =
+        Transfer([&proc = proc_, id] { static_cast<void>(proc.catalogues.SendBack(id)); });
+    if (!alive) return;
+    if (close) Close();
+  }
+  UpdateMenu(*menuTSC_);
 }
 
 void ShowBrowser(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {
