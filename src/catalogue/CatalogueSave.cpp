@@ -248,7 +248,7 @@ class Saving {
       if (first) p_.records.ForgetSending(id_);
       return outcome;
     }
-    if (outcome != Outcome::Failed) p_.records.EndSending(id_);
+    if (outcome == Outcome::Saved || outcome == Outcome::Remarked) p_.records.EndSending(id_);
     if (delivery.Known().from == LinesFrom::Nowhere) {
       p_.records.ForgetKnown(id_);
     } else {

@@ -4,6 +4,7 @@
 
 #include "catalogue/CatalogueFetch.h"
 #include "catalogue/CatalogueSave.h"
+#include "catalogue/LineChanges.h"
 #include "catalogue/Sendable.h"
 #include "catalogue/SharedCatalogue.h"
 #include "lang/TextNumbers.h"
@@ -13,10 +14,17 @@
 namespace zek {
 namespace {
 
+// The controller marks lines with "*". They are never sent, so they can't be unsent either.
+CatalogueContent WithoutMarked(CatalogueContent content) {
+  content.lines = WithoutStarred(content.lines);
+  return content;
+}
+
 bool HasUnsent(const CatalogueId& id, const CatalogueParts& parts) {
   if (!parts.copies.Exists(id)) return false;
   const auto known = parts.records.Known(id);
-  return known && !HaveSameLines(parts.copies.Peek(id), known->content);
+  return known &&
+         !HaveSameLines(WithoutMarked(parts.copies.Peek(id)), WithoutMarked(known->content));
 }
 
 // One read, from the controller or from the local copy.
@@ -148,7 +156,7 @@ SaveResult Catalogues::SendBack(const CatalogueId& id) {
   if (!before || !GetCatalogue(id, CopyUse::PassOver)) return {};
   // The user kept them, or they can't be replaced.
   if (HasUnsentChanges(id)) return {SaveResult::Outcome::Declined, false, {}};
-  return SaveCatalogue(id, {before->content.lines, before->content.dfv, {}});
+  return SaveCatalogue(id, {WithoutStarred(before->content.lines), before->content.dfv, {}});
 }
 
 std::string Catalogues::TimeOfBefore(const CatalogueId& id) const {

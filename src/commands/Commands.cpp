@@ -141,7 +141,7 @@ ExitStatus Put(Console& console, const CatalogueId& id, const Arguments& argumen
   const SaveResult saved =
       proc.catalogues.SaveCatalogue(id, {content->lines, content->dfv, {}, true, mode});
   if (saved.Done() || (mode == SaveMode::StoreOnly && saved.stored)) return kDone;
-  if (saved.outcome != SaveResult::Outcome::Declined) return kFailed;
+  if (mode != SaveMode::DryRun || saved.outcome != SaveResult::Outcome::Declined) return kFailed;
   for (std::string_view list = saved.list; !list.empty();)
     console.out << Utf8FromWindows1252(TakeLine(list)) << '\n';
   return saved.list.empty() ? kDone : kWouldChange;

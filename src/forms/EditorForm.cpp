@@ -5,6 +5,7 @@
 #include <wx/sizer.h>
 #include <wx/weakref.h>
 
+#include "forms/CancelTransfer.h"
 #include "forms/EditorTitle.h"
 #include "forms/StatusChain.h"
 #include "lang/TextNumbers.h"
@@ -30,10 +31,13 @@ EditorForm::EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue 
       closesWhenGivenUp_(kind.closesWhenGivenUp),
       status_(new wxStaticText(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
                                wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END)),
+      sent_(new wxGauge(this, wxID_ANY, 1)),
       fromCopy_(content.from == LinesFrom::LocalCopy && !proc.settings.LocalMode) {
   title_ = ToWx(EditorTitle(proc, catalogue, kind.viewOnly));
   SetTitle(title_);
   status_->SetName("Label_Status");
+  sent_->SetName("Gauge_Sent");
+  sent_->Hide();
   Bind(wxEVT_CHAR_HOOK, &EditorForm::OnKey, this);
   Bind(wxEVT_TEXT, [this](wxCommandEvent&) { ShowChanges(); });
   // Escape presses this button.
@@ -86,7 +90,10 @@ void EditorForm::LayOut(wxSizer* content) {
   const int gap = FromDIP(kGap);
   auto* const whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(content, 1, wxEXPAND);
-  whole->Add(status_, 0, wxEXPAND | wxALL, gap);
+  auto* const foot = new wxBoxSizer(wxHORIZONTAL);
+  foot->Add(status_, 1, wxALIGN_CENTER_VERTICAL);
+  foot->Add(sent_, 0, wxALIGN_CENTER_VERTICAL | wxLEFT, gap);
+  whole->Add(foot, 0, wxEXPAND | wxALL, gap);
   SetSizerAndFit(whole);
   SetIcons(ProgramIcons());
   RememberPlacement(*this, GetName().ToStdString());
@@ -120,9 +127,11 @@ void EditorForm::Save() {
   SaveOutcome outcome = SaveOutcome::NotTried;
   bool close = false;
   {
-    // A half-sent catalogue is worse than the old or the new one, so sending can't be cancelled.
-    // What follows the sending can.
-    const InputBlock block([&proc = proc_] { proc.waits.Cancel(); }, FindWindow(wxID_CANCEL));
+    const InputBlock block(
+        [alive] {
+          if (alive) alive->CancelLater();
+        },
+        FindWindow(wxID_CANCEL));
     outcome = SaveEdited();
     close = block.CloseRequested();
   }
@@ -186,10 +195,15 @@ void EditorForm::ShowChanges() {
 
 void EditorForm::OnCancel(wxCommandEvent& /*event*/) {
   if (busy_) {
-    proc_.waits.Cancel();
+    CancelLater();
   } else {
     CloseOrStay();
   }
+}
+
+// The question must not run inside the handler of a key.
+void EditorForm::CancelLater() {
+  CallAfter([&proc = proc_] { CancelTransfer(proc); });
 }
 
 void EditorForm::OnClose(wxCloseEvent& event) {
@@ -236,9 +250,18 @@ void EditorForm::End() {
 void EditorForm::ShowStatus() {
   const std::string& waiting = proc_.status.Waiting;
   const std::string both = proc_.status.Transfer + (waiting.empty() ? "" : "  " + waiting);
-  status_->SetLabel(ToWx(both));
+  status_->SetLabel(ToWx(both.empty() ? proc_.status.Outcome : both));
+  ShowSent();
   if (busy_ != (proc_.status.Busy > 0)) ShowBusy(!busy_);
   if (busy_) OfferCancel();
+}
+
+void EditorForm::ShowSent() {
+  const SendingSteps& sending = proc_.status.Sending;
+  if (sent_->Show(sending.of > 0)) Layout();
+  if (sending.of == 0) return;
+  sent_->SetRange(static_cast<int>(sending.of));
+  sent_->SetValue(static_cast<int>(sending.done));
 }
 
 // Cancel is the only usable button during a transfer. It gets the focus, so that keys arrive.

@@ -7,6 +7,7 @@
 
 #include <wx/button.h>
 #include <wx/dialog.h>
+#include <wx/gauge.h>
 #include <wx/stattext.h>
 
 #include "app/ZV_Proc.h"
@@ -81,9 +82,11 @@ class EditorForm : public wxDialog {
   };
 
   void ShowBusy(bool busy);
+  void ShowSent();
   void Allow(wxWindow* part, bool usable);
   void OfferCancel();
   void OnCancel(wxCommandEvent& event);
+  void CancelLater();
   void OnKey(wxKeyEvent& event);
   void OnClose(wxCloseEvent& event);
   void StepBack();
@@ -101,6 +104,7 @@ class EditorForm : public wxDialog {
   bool closesWhenGivenUp_;
   std::vector<Part> parts_;
   wxStaticText* status_;
+  wxGauge* sent_;  // of the lines; only while they are sent
   wxString title_;
   wxButton* save_ = nullptr;
   wxButton* undo_ = nullptr;

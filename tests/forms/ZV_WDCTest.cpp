@@ -150,22 +150,27 @@ TEST_F(WeekdayFormTest, AFailedSaveLeavesItOpenAndUnreadLinesAreTold) {
 }
 
 // The user clicks while the answers are delayed; closing waits until the catalogue is written.
-TEST_F(WeekdayFormTest, AWriteIsShownAndCanNotBeStopped) {
-  ASSERT_FALSE(world.profile.WriteIni("SaveDelay", "DelayA", "1"));
-  world.prompts.answers = {true};
+TEST_F(WeekdayFormTest, AWriteIsShownAndCanBeCancelledAfterAQuestion) {
+  ASSERT_FALSE(world.profile.WriteIni("SaveDelay", "DelayE", "2"));
+  world.prompts.answers = {true, false, true, false, true};  // send, go on, stop, no retry, close
+  const auto escape = [this](std::size_t shown) {
+    return Step{[this, shown] {
+                  const wxWindow* const bar = Shown("Gauge_Sent");
+                  return bar != nullptr && Shown("Command_Cancel")->IsEnabled() &&
+                         world.prompts.shown.size() == shown;
+                },
+                Escape};
+  };
   Run({{InBrowser, FetchFirstTimeControl},
        {InEditor, ChangeAndSave},
-       {[] {
-          const wxWindow* const status = Shown("Label_Status");
-          return status != nullptr && !status->GetLabel().empty() &&
-                 !Shown("Command_Cancel")->IsEnabled();
-        },
-        [] {
-          Escape();
-          EXPECT_FALSE(dynamic_cast<wxDialog&>(*Shown("ZV_WDC")).Close());
-        }},
+       escape(1),
+       escape(2),
+       {[this] { return InEditor() && world.prompts.shown.size() == 5; }, Escape},
        {InBrowser, Escape}});
-  EXPECT_NE(PlantLines().at(1000).find("!08:00..16:30"), std::string::npos);
+  ASSERT_EQ(world.prompts.shown.size(), 6U);
+  EXPECT_NE(world.prompts.shown[2].find(world.session.Text(text::kAskStopShared)),
+            std::string::npos);
+  EXPECT_NE(world.prompts.shown[3].find(world.session.Text(text::kSendStopped)), std::string::npos);
 }
 
 TEST_F(WeekdayFormTest, AWriteIsVerifiedAndSaysSo) {

@@ -148,9 +148,10 @@ class SharedSession : private test::TestSession {
     return test::Send(proc, catalogue, lines);
   }
 
-  /// Undoes the last save of the selected control.
+  /// Undoes the last save of the selected control. A line with "*" may remain, which is told.
   bool SendBack(Catalogue catalogue) {
-    return proc.catalogues.SendBack(proc.selection.Id(catalogue)).Done();
+    return proc.catalogues.SendBack(proc.selection.Id(catalogue)).outcome <=
+           SaveResult::Outcome::Remarked;
   }
 
   /// All messages and lists since the last call.

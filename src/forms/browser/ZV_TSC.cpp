@@ -8,6 +8,7 @@
 #include <wx/weakref.h>
 
 #include "app/StartSession.h"
+#include "forms/CancelTransfer.h"
 #include "forms/StatusChain.h"
 #include "forms/calendar/ZV_SDC.h"
 #include "forms/exception/ZV_OVC.h"
@@ -205,12 +206,21 @@ void ZV_TSC::OnIconize(wxIconizeEvent& event) {
 bool ZV_TSC::Transfer(const std::function<void()>& transfer) {
   const wxWeakRef<ZV_TSC> alive(this);
   fetching_ = true;
-  const InputBlock block([&proc = proc_] { proc.waits.Cancel(); }, cancel_);
+  const InputBlock block(
+      [alive] {
+        if (alive) alive->CancelLater();
+      },
+      cancel_);
   transfer();
   if (!alive) return true;
   fetching_ = false;
   ShowStatus();
   return block.CloseRequested() || turn_.Quitting();
+}
+
+// The question must not run inside the handler of a key.
+void ZV_TSC::CancelLater() {
+  CallAfter([&proc = proc_] { CancelTransfer(proc); });
 }
 
 void ZV_TSC::Get(Catalogue catalogue, ShowEditor showEditor) {

@@ -112,7 +112,7 @@ void ZV_TSC::OnCancel() {
     batch_.Cancel();
     cancel_->Disable();
   } else {
-    proc_.waits.Cancel();
+    CancelLater();
   }
 }
 
