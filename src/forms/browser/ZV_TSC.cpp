@@ -236,10 +236,15 @@ void ZV_TSC::Get(Catalogue catalogue, ShowEditor showEditor) {
     Close();
   } else if (content) {
     showEditor(this, proc_, turn_, *content);
-    if (!alive) return;
-    Raise();
-    UpdateMenu(*menuTSC_);
+    if (alive) TakeKeys();
   }
+}
+
+// The system may leave the keys with nobody when a form above closes.
+void ZV_TSC::TakeKeys() {
+  Raise();
+  TreeView->SetFocus();
+  UpdateMenu(*menuTSC_);
 }
 
 void ZV_TSC::Erase(Catalogue catalogue) {
@@ -264,9 +269,9 @@ void ZV_TSC::OnHistory() {
     const bool close =
         Transfer([&proc = proc_, id] { static_cast<void>(proc.catalogues.SendBack(id)); });
     if (!alive) return;
-    if (close) Close();
+    if (close) return static_cast<void>(Close());
   }
-  UpdateMenu(*menuTSC_);
+  TakeKeys();
 }
 
 void ShowBrowser(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {

@@ -59,6 +59,7 @@ class ZV_TSC final : public wxFrame {
   /// Runs a transfer with the form blocked. Returns true if the form is to be closed, or is gone.
   bool Transfer(const std::function<void()>& transfer);
   void CancelLater();
+  void TakeKeys();
   void Get(Catalogue catalogue, ShowEditor showEditor);
   void Erase(Catalogue catalogue);
   void OnHistory();

@@ -71,7 +71,6 @@ void ZV_TSC::FinishBatch() {
   const bool close = batchBlock_->CloseRequested() || turn_.Quitting() || proc_.settings.BatchMode;
   EndBatch();
   ShowStatus();
-  UpdateMenu(*menuTSC_);
   const wxWeakRef<ZV_TSC> alive(this);
   if (proc_.settings.BatchMode) {
     batch_.StoreReport();
@@ -82,8 +81,7 @@ void ZV_TSC::FinishBatch() {
   if (close) {
     Close();
   } else {
-    Raise();
-    TreeView->SetFocus();
+    TakeKeys();
   }
 }
 
