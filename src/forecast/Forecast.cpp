@@ -92,10 +92,10 @@ std::vector<Applied> Forecast::Beaten(Moment moment) const {
 std::vector<Stretch> Forecast::Timeline(Moment from, Moment to) const {
   std::vector<Stretch> stretches;
   for (std::optional<Moment> at = from; at && *at < to; at = NextEvent(*at)) {
-    const Applied answer = At(*at);
-    if (!stretches.empty() && stretches.back().answer == answer) continue;
+    const Applied applied = At(*at);
+    if (!stretches.empty() && stretches.back().applied == applied) continue;
     if (!stretches.empty()) stretches.back().to = *at;
-    stretches.push_back({*at, to, answer});
+    stretches.push_back({*at, to, applied});
   }
   return stretches;
 }

@@ -21,7 +21,7 @@ struct Applied {
 struct Stretch {
   Moment from = 0;
   Moment to = 0;  // the first minute after it
-  Applied answer;
+  Applied applied;
 
   bool operator==(const Stretch&) const = default;
 };

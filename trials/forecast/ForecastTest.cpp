@@ -92,7 +92,7 @@ class Comparison {
     std::optional<Moment> event = kFrom - 1;
     for (Moment now = kFrom; now < kTo; ++now) {
       const Replayed& minute = replay_.At(now);
-      if (now == kFrom || minute.answer != expected.back().answer) {
+      if (now == kFrom || minute.answer != expected.back().applied) {
         if (now > kFrom) expected.back().to = now;
         expected.push_back({now, kTo, minute.answer});
       }
