@@ -7,11 +7,6 @@
 namespace zek::cli {
 namespace {
 
-ExitStatus Refuse(Console& console, const std::string& why) {
-  console.err << "zekview-cli: history: " << why << '\n';
-  return kWrongUsage;
-}
-
 ExitStatus List(Console& console, const std::vector<KeptCopy>& kept) {
   for (const KeptCopy& copy : kept) console.out << copy.id << '\t' << copy.time << '\n';
   return kDone;
@@ -29,7 +24,7 @@ ExitStatus Compare(Console& console, const CatalogueId& id, const KeptCopy& copy
 
 ExitStatus Undo(Console& console, const CatalogueId& id) {
   const std::string before = console.proc.catalogues.TimeOfBefore(id);
-  if (before.empty()) return Refuse(console, "nothing is known from before the last sending");
+  if (before.empty()) return Refuse(console, "history: nothing is known from before the last sending");
   console.hasInput();
   console.prompts.answerYes = true;
   return console.proc.catalogues.SendBack(id).Done() ? kDone : kFailed;
@@ -44,12 +39,15 @@ ExitStatus HistoryOfCatalogue(Console& console, const CatalogueId& id, const Arg
   if (arguments.operands.size() == what) return List(console, kept);
   const std::string& action = arguments.operands[what];
   if (action == kUndoAction) return Undo(console, id);
-  if (action != "compare" && action != "restore") return Refuse(console, "unknown " + action);
-  if (arguments.operands.size() == which) return Refuse(console, action + " needs an ID");
+  if (action != "compare" && action != "restore")
+    return Refuse(console, "history: unknown " + action);
+  if (arguments.operands.size() == which)
+    return Refuse(console, "history: " + action + " needs an ID");
   const auto copy = std::find_if(kept.begin(), kept.end(), [&](const KeptCopy& each) {
     return each.id == arguments.operands[which];
   });
-  if (copy == kept.end()) return Refuse(console, "there is no copy " + arguments.operands[which]);
+  if (copy == kept.end())
+    return Refuse(console, "history: there is no copy " + arguments.operands[which]);
   if (action == "compare") return Compare(console, id, *copy);
   return console.proc.copies.Restore(id, *copy) ? kDone : kFailed;
 }

@@ -110,7 +110,7 @@ bool CalendarEditor::Step(int months) {
 }
 
 bool CalendarEditor::IsFree(int day) const {
-  return (FirstColumn() + day - 1) % kDaysOfWeek == kSunday || IsHoliday(DateOf(day));
+  return (FirstColumn() + day - 1) % kDaysOfWeek == kSunday || IsHoliday(DateOf(day), otherYears_);
 }
 
 CalendarCell CalendarEditor::Cell(int day, const LanguageTexts& texts) const {
@@ -134,7 +134,7 @@ std::string CalendarEditor::CellName(int day, const LanguageTexts& texts) const 
   std::string name = DateName(date, ColumnOf(date), texts);
   const auto add = [&name](const std::string& part) { name.append(", ").append(part); };
   if (const auto type = Table().TypeOn(date); type != kNoDayType) add(SpokenDayType(type, texts));
-  if (IsHoliday(date)) add(texts.Text(text::kSpokenHoliday));
+  if (IsHoliday(date, otherYears_)) add(texts.Text(text::kSpokenHoliday));
   if (cell.today) add(texts.Text(text::kSpokenToday));
   if (cell.selected) add(texts.Text(text::kSpokenSelected));
   return name;

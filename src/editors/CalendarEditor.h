@@ -11,6 +11,7 @@
 #include "editors/UndoHistory.h"
 #include "formats/CalendarTable.h"
 #include "formats/CalendarText.h"
+#include "formats/Holidays.h"
 #include "formats/LineOwner.h"
 #include "lang/LanguageTexts.h"
 #include "system/Prompts.h"
@@ -75,6 +76,9 @@ class CalendarEditor {
   /// The lines that were not read; show them with `ShowRefused` when the editor opens.
   const std::vector<RefusedDates>& Refused() const { return refused_; }
   bool ViewOnly() const { return access_ == Access::ViewOnly; }
+  /// Marks the public holidays of Sweden in the years that have no fixed list.
+  void MarkSwedishHolidays() { otherYears_ = OtherYears::Sweden; }
+  bool MarksSwedishHolidays() const { return otherYears_ == OtherYears::Sweden; }
   /// Adds lines that were not received to the lines that saving would lose.
   void CountLost(std::size_t lines) { linesLost_ += lines; }
 
@@ -150,6 +154,7 @@ class CalendarEditor {
   UndoHistory<CalendarTable, CalendarPlace, SameCalendar> history_;
   std::vector<RefusedDates> refused_;
   std::size_t linesLost_ = 0;
+  OtherYears otherYears_ = OtherYears::None;
   int year_ = 0;
   int month_;
   std::int16_t type_ = kNoDayType;

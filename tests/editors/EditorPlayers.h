@@ -254,6 +254,7 @@ class CalendarPlayer final : public Player {
     const LanguageTexts& texts = session_.proc.texts;
     const bool number = words[1].find_first_of("0123456789") != std::string::npos;
     const auto day = number ? std::optional(std::stoi(words[1])) : std::nullopt;
+    if (what == "swedish") editor_.MarkSwedishHolidays();
     if (what == "press") editor_.Press(day);
     if (what == "drag") editor_.Drag(day);
     if (what == "release") editor_.Release(day, prompts_, texts);

@@ -112,6 +112,7 @@ void ShowCalendarForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
                         YearsOf(proc.settings, topic.TopicType), DateOf(proc.now()),
                         proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit);
   editor.CountLost(content.linesDropped);
+  if (proc.settings.SwedishHolidays) editor.MarkSwedishHolidays();
   ShowEditorForm(new ZV_SDC(parent, proc, turn, content, editor), proc,
                  [&proc, refused = editor.Refused()] {
                    for (const RefusedDates& each : refused)

@@ -59,7 +59,10 @@ void ZV_SDC::Build() {
   lower->Add(InRows(Option_Year, Frame_Year, kYearColumns), 0, wxEXPAND | wxRIGHT, gap);
   lower->Add(InRows(Option_Month, Frame_Month, kMonthColumns), 1, wxEXPAND);
   auto* const hint = new wxStaticText(
-      this, wxID_ANY, editor_.ViewOnly() ? wxString() : Caption(text::kCalendarHint),
+      this, wxID_ANY,
+      editor_.ViewOnly() ? wxString()
+                         : Caption(editor_.MarksSwedishHolidays() ? text::kCalendarHint
+                                                                  : text::kCalendarHintSundays),
       wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_END);
   auto* const commands = new wxBoxSizer(wxHORIZONTAL);
   commands->Add(hint, 1, wxALIGN_CENTER_VERTICAL | wxRIGHT, gap);
