@@ -58,8 +58,11 @@ class Reading {
     if (use_ != CopyUse::AsSet) return use_ == CopyUse::Take ? Answer::Yes : Answer::No;
     if (p_.settings.AlwaysUseDSS) return Answer::No;
     if (p_.settings.AlwaysUseLocal && HasOwnLines()) return Answer::Yes;
+    const auto known = p_.records.Known(id_);
     const std::string question =
-        p_.messages.Text(text::kUseLocalCopy) + " (" + UpperCase(id_.localFile) + ").";
+        p_.messages.Text(p_.settings.LocalMode ? text::kUseLocalCopyOnly : text::kUseLocalCopy,
+                         {known ? known->time : p_.messages.Text(text::kUnknownTime)}) +
+        " (" + UpperCase(id_.localFile) + ").";
     const std::string title = p_.messages.Text(text::kUseLocalCopyTitle);
     if (p_.settings.LocalMode) {
       return p_.messages.prompts.AskYesNo(Icon::Question, question, title) ? Answer::Yes
