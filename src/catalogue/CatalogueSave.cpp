@@ -226,6 +226,7 @@ class Saving {
     facts.before = plan_.now;
     facts.since = plan_.since;
     facts.after = {plan_.all, plan_.send.dfv, draft_.notInLines};
+    facts.after.notes = draft_.notes;
     facts.conflicts = Conflicts();
     facts.missing = plan_.missing;
     facts.left = LeftBehind(SplitLines(id_, plan_.now.lines).own, plan_.send.lines);

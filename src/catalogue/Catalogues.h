@@ -43,6 +43,7 @@ struct CatalogueDraft {
   std::vector<std::string> notInLines;  // what the table has and lines can't hold, in words
   bool fromFile = false;                // refuse lines of others that the controller does not have
   SaveMode mode = SaveMode::Send;
+  std::vector<std::string> notes{};  // what the user may not have meant, in words
 };
 
 /// The result of a save.

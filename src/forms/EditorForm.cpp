@@ -8,6 +8,7 @@
 #include "forms/CancelTransfer.h"
 #include "forms/EditorTitle.h"
 #include "forms/StatusChain.h"
+#include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "ui/Forms.h"
 #include "ui/InputBlock.h"
@@ -102,6 +103,16 @@ void EditorForm::LayOut(wxSizer* content) {
 
 wxString EditorForm::Caption(int number) const { return ToWx(proc_.Text(number)); }
 
+void EditorForm::Say(const std::string& said) {
+  said_ = said;
+  ShowStatus();
+}
+
+EntryGrid::Parts EditorForm::PartsOfGrid(std::function<void()> changed) {
+  return {proc_.texts, proc_.prompts, std::move(changed),
+          [this](const std::string& said) { Say(said); }};
+}
+
 void EditorForm::OnKey(wxKeyEvent& event) {
   const int key = event.GetKeyCode();
   const int modifiers = event.GetModifiers();
@@ -120,9 +131,10 @@ void EditorForm::OnKey(wxKeyEvent& event) {
 
 void EditorForm::Save() {
   if (busy_ || viewOnly_ || proc_.status.Busy > 0) return;
-  TakeEntry();
+  if (!TakeEntry()) return;
   ShowChanges();
   if (!CanSave()) return;
+  Say({});
   const wxWeakRef<EditorForm> alive(this);
   SaveOutcome outcome = SaveOutcome::NotTried;
   bool close = false;
@@ -136,6 +148,7 @@ void EditorForm::Save() {
     close = block.CloseRequested();
   }
   if (!alive) return;
+  said_.clear();  // the outcome shows instead
   ShowStatus();
   const bool givenUp = outcome == SaveOutcome::GivenUp || outcome == SaveOutcome::Refused;
   const bool closes =
@@ -155,7 +168,9 @@ SaveOutcome EditorForm::SaveEdited() {
   const std::optional<EditedCatalogue> edited = Edited();
   if (!edited) return SaveOutcome::NotTried;
   const auto write = [&proc, &edited, id = id_, dfv = dfv_](const std::vector<std::string>& lines) {
-    return proc.catalogues.SaveCatalogue(id, {lines, dfv, edited->notInLines});
+    CatalogueDraft draft{lines, dfv, edited->notInLines};
+    draft.notes = edited->notes;
+    return proc.catalogues.SaveCatalogue(id, draft);
   };
   return SaveWithRetry(*edited, write, proc.ToUser());
 }
@@ -167,15 +182,17 @@ void EditorForm::StepBack() {
   if (busy_ || viewOnly_) return;
   if (HasEntry()) {
     DropEntry();
-  } else {
+  } else if (State().canUndo) {
     Undo();
+    Say(Message(proc_.Text(text::kUndone), {PlaceName()}));
   }
   ShowChanges();
 }
 
 void EditorForm::StepForward() {
-  if (busy_ || viewOnly_ || HasEntry()) return;
+  if (busy_ || viewOnly_ || HasEntry() || !State().canRedo) return;
   Redo();
+  Say(Message(proc_.Text(text::kRedone), {PlaceName()}));
   ShowChanges();
 }
 
@@ -218,15 +235,7 @@ void EditorForm::OnClose(wxCloseEvent& event) {
 void EditorForm::CloseOrStay() {
   if (asking_) return;
   const wxWeakRef<EditorForm> alive(this);
-  asking_ = true;
-  TakeEntry();  // before a question moves the focus
-  const bool wrong = !viewOnly_ && !turn_.Quitting() && TellWrong();
-  if (!alive) return;
-  asking_ = false;
-  if (wrong) {
-    ShowChanges();
-    return;
-  }
+  DropEntry();  // it was not entered
   ShowChanges();
   if (IsUnsaved() && !viewOnly_ && !turn_.Quitting()) {
     asking_ = true;
@@ -250,7 +259,8 @@ void EditorForm::End() {
 void EditorForm::ShowStatus() {
   const std::string& waiting = proc_.status.Waiting;
   const std::string both = proc_.status.Transfer + (waiting.empty() ? "" : "  " + waiting);
-  status_->SetLabel(ToWx(both.empty() ? proc_.status.Outcome : both));
+  const std::string& atRest = said_.empty() ? proc_.status.Outcome : said_;
+  status_->SetLabel(ToWx(both.empty() ? atRest : both));
   ShowSent();
   if (busy_ != (proc_.status.Busy > 0)) ShowBusy(!busy_);
   if (busy_) OfferCancel();
