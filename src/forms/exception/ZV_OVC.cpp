@@ -4,6 +4,7 @@
 
 #include "forms/EditorTitle.h"
 #include "lang/TextNumbers.h"
+#include "ui/Forms.h"
 
 namespace zek {
 namespace {
@@ -27,6 +28,7 @@ ZV_OVC::ZV_OVC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueCon
   Build();
   Arrange();
   Command_Erase->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Erase(); });
+  IgnoreSecondClick(*Command_Erase);
   grid_->Focus({});
   ShowChanges();
 }

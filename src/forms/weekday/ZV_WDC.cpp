@@ -2,6 +2,7 @@
 
 #include "forms/EditorTitle.h"
 #include "lang/TextNumbers.h"
+#include "ui/Forms.h"
 
 namespace zek {
 
@@ -25,6 +26,7 @@ void ZV_WDC::BindEvents() {
   }
   Command_Copy->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Change(&WeekdayEditor::Copy); });
   Command_Erase->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Change(&WeekdayEditor::Erase); });
+  IgnoreSecondClick(*Command_Erase);
 }
 
 void ZV_WDC::Change(std::size_t (WeekdayEditor::*change)()) {
