@@ -86,6 +86,7 @@ void EntryGrid::OnChildFocus(wxChildFocusEvent& event) {
     if (blocked_) return;
     const std::size_t left = *std::exchange(entry_, std::nullopt);
     ShowBox(left);
+    Box(left).Text().SelectNone();
   }
   if (reached) Arrive(*reached);
 }

@@ -10,6 +10,9 @@
 #include <wx/sizer.h>
 #include <wx/toplevel.h>
 #include <wx/vlbox.h>
+#ifdef __WXGTK__
+#include <gtk/gtk.h>
+#endif
 
 #include "ui/WxText.h"
 
@@ -43,6 +46,25 @@ bool IsPress(wxEventType type) {
   return std::find(presses.begin(), presses.end(), type) != presses.end();
 }
 
+#ifdef __WXGTK__
+gboolean PassOn(GtkWidget* /*from*/, GdkEvent* event, gpointer form) {
+  return gtk_widget_event(GTK_WIDGET(form), event);
+}
+#endif
+
+// A modal form keeps the mouse away from the other windows of its group. Without a window manager
+// the window under the mouse gets the keys, which belong to the form.
+void LeaveModalGroup([[maybe_unused]] const wxWindow& window, [[maybe_unused]] wxWindow& box) {
+#ifdef __WXGTK__
+  GtkWidget* const form = wxGetTopLevelParent(&box)->GetHandle();
+  g_signal_connect(window.GetHandle(), "key-press-event", G_CALLBACK(PassOn), form);
+  g_signal_connect(window.GetHandle(), "key-release-event", G_CALLBACK(PassOn), form);
+  GtkWindowGroup* const group = gtk_window_group_new();
+  gtk_window_group_add_window(group, GTK_WINDOW(window.GetHandle()));
+  g_object_unref(group);
+#endif
+}
+
 bool IsModifier(int key) {
   return key == WXK_SHIFT || key == WXK_CONTROL || key == WXK_ALT || key == WXK_CAPITAL;
 }
@@ -52,6 +74,7 @@ bool IsModifier(int key) {
 DropDown::DropDown(wxTextCtrl& box, std::function<void(const std::string& typed)> choose)
     : wxPopupWindow(&box), box_(box), choose_(std::move(choose)) {
   SetBackgroundColour(wxSystemSettings::GetColour(wxSYS_COLOUR_BTNSHADOW));  // the frame
+  LeaveModalGroup(*this, box);
   wxEvtHandler::AddFilter(this);
 }
 

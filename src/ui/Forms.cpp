@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 #include <wx/config.h>
 #include <wx/dialog.h>
@@ -81,8 +82,9 @@ class Placement {
     wxConfigBase& config = *wxConfigBase::Get();
     config.Write(group_ + "X", place_.x);
     config.Write(group_ + "Y", place_.y);
-    config.Write(group_ + "Width", place_.width);
-    config.Write(group_ + "Height", place_.height);
+    const wxSize size = form_.ToDIP(place_.GetSize());
+    config.Write(group_ + "Width", size.x);
+    config.Write(group_ + "Height", size.y);
     config.Write(group_ + "Maximized", maximized_);
   }
 
@@ -93,11 +95,15 @@ class Placement {
     const auto number = [&](const char* name) {
       return static_cast<int>(config.ReadLong(group_ + name, 0));
     };
-    const wxRect place(number("X"), number("Y"), number("Width"), number("Height"));
+    wxRect place({number("X"), number("Y")},
+                 form_.FromDIP(wxSize(number("Width"), number("Height"))));
     const wxPoint middle = place.GetPosition() + place.GetSize() / 2;
-    if (place.IsEmpty() || wxDisplay::GetFromPoint(middle) == wxNOT_FOUND) {
+    const int display = wxDisplay::GetFromPoint(middle);
+    if (place.IsEmpty() || display == wxNOT_FOUND) {
       CenterForm(form_);
     } else {
+      const wxSize screen = wxDisplay(static_cast<unsigned>(display)).GetClientArea().GetSize();
+      place.SetSize({std::min(place.width, screen.x), std::min(place.height, screen.y)});
       place_ = place;
       form_.SetSize(place_);
       Put(form_, place_);
@@ -129,6 +135,18 @@ void RememberPlacement(wxTopLevelWindow& form, const std::string& name) {
     event.Skip();
     if (event.GetEventObject() == &form) placement->Write();
   });
+}
+
+void IgnoreSecondClick(wxButton& button) {
+  const auto second = std::make_shared<bool>(false);
+  const auto note = [second](wxMouseEvent& event) {
+    *second = event.LeftDClick();
+    event.Skip();
+  };
+  button.Bind(wxEVT_LEFT_DOWN, note);
+  button.Bind(wxEVT_LEFT_DCLICK, note);
+  button.Bind(wxEVT_BUTTON,
+              [second](wxCommandEvent& event) { event.Skip(!std::exchange(*second, false)); });
 }
 
 bool HasOpenBox(const wxWindow& form) {

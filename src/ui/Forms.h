@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include <wx/button.h>
 #include <wx/toplevel.h>
 #include <wx/window.h>
 
@@ -18,6 +19,10 @@ void SetTopmost(wxTopLevelWindow& form, bool on);
 /// Restores the form's last size and position, and saves them when the form is destroyed. `name`
 /// identifies the form ("ZV_Main"). A form opened for the first time is centred.
 void RememberPlacement(wxTopLevelWindow& form, const std::string& name);
+
+/// Makes the second click of a double click on the button do nothing. Call it after the button got
+/// its other handlers.
+void IgnoreSecondClick(wxButton& button);
 
 /// True while a dialog or a message box belongs to the form. The form must not be destroyed
 /// meanwhile: it would take the dialog with it.

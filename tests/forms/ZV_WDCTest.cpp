@@ -99,7 +99,10 @@ TEST_F(WeekdayFormTest, EnterRowsCopyEraseAndTypes) {
           Reach("Text_Start6", [] { Click(*Shown("Command_Copy")); });
           EXPECT_EQ(Value("Text_Start6"), "08:00");
           EXPECT_NE(text("Option_Type0").find("(7)"), npos);
-          Reach("Text_Start0", [] { Click(*Shown("Command_Erase")); });
+          wxUIActionSimulator mouse;
+          mouse.MouseMove(Shown("Command_Erase")->GetScreenRect().GetPosition() + wxPoint(9, 9));
+          mouse.MouseDblClick();  // the second click does nothing
+          Pump(50);
           EXPECT_NE(text("Option_Type0").find("(6)"), npos);
           Press(WXK_PAGEUP);
           EXPECT_TRUE(PumpUntil([] { return Value("Text_Start0") == "07:00"; }));
@@ -126,7 +129,7 @@ TEST_F(WeekdayFormTest, ValuesComeFromAPickListByClickAndByKey) {
           Enter("Text_ValueOff0");
           InDropDown(byKey, {WXK_DOWN, WXK_RETURN});
           holds("Text_ValueOff0", "");
-          InDropDown(byKey, {WXK_DOWN, WXK_DOWN, WXK_RETURN});
+          InDropDown(byKey, {WXK_DOWN, WXK_RETURN});
           holds("Text_ValueOff0", "0");
           Escape();
         }},

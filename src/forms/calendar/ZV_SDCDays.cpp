@@ -96,9 +96,8 @@ void DayGrid::BindEvents() {
   });
   Bind(wxEVT_KEY_DOWN, &DayGrid::OnKey, this);
   // Escape would close the form. While the mouse is captured, some systems send only key presses.
-  Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
-    event.Skip(event.GetKeyCode() != WXK_ESCAPE || !StopDrag());
-  });
+  Bind(wxEVT_CHAR_HOOK,
+       [this](wxKeyEvent& event) { event.Skip(event.GetKeyCode() != WXK_ESCAPE || !StopDrag()); });
   const auto onFocus = [this](wxFocusEvent& event) {
     Refresh();
     event.Skip();

@@ -114,8 +114,8 @@ void ZV_SDC::BuildGrid() {
 void ZV_SDC::BuildDayTypes() {
   Frame_Day = NewFrame("Frame_Day", kFrameDay, !editor_.ViewOnly());
   // One option of a group is always chosen: at first this hidden one.
-  auto* const none = new wxRadioButton(Frame_Day, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
-                                       wxRB_GROUP);
+  auto* const none =
+      new wxRadioButton(Frame_Day, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxRB_GROUP);
   none->Hide();
   BuildOptions(
       Option_Day, Frame_Day, "Option_Day",

@@ -2,8 +2,9 @@
 
 #include <wx/sizer.h>
 
-#include "forms/EditorTitle.h"
+#include "forms/EditorOpening.h"
 #include "lang/TextNumbers.h"
+#include "ui/Forms.h"
 
 namespace zek {
 namespace {
@@ -27,6 +28,7 @@ ZV_OVC::ZV_OVC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueCon
   Build();
   Arrange();
   Command_Erase->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Erase(); });
+  IgnoreSecondClick(*Command_Erase);
   grid_->Focus({});
   ShowChanges();
 }
@@ -89,13 +91,8 @@ void ShowExceptionForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
                          pickList, proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit,
                          [&proc] { return MomentOf(proc.now()); });
   editor.CountLost(content.linesDropped);
-  ShowEditorForm(
-      new ZV_OVC(parent, proc, turn, content, editor), proc,
-      [&proc, pickList, refused = editor.Refused(), whole = WholeCatalogueText(proc, content)] {
-        if (!whole.empty()) proc.prompts.Show(Icon::Information, whole);
-        TellCut(pickList, proc.prompts, proc.texts);
-        for (const RefusedException& each : refused) ShowRefused(each, proc.prompts, proc.texts);
-      });
+  ShowEditorForm(new ZV_OVC(parent, proc, turn, content, editor), proc,
+                 [&] { TellOpened(proc, content, pickList, editor.Refused()); });
 }
 
 }  // namespace zek

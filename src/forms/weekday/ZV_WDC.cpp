@@ -1,7 +1,8 @@
 #include "forms/weekday/ZV_WDC.h"
 
-#include "forms/EditorTitle.h"
+#include "forms/EditorOpening.h"
 #include "lang/TextNumbers.h"
+#include "ui/Forms.h"
 
 namespace zek {
 
@@ -25,6 +26,7 @@ void ZV_WDC::BindEvents() {
   }
   Command_Copy->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Change(&WeekdayEditor::Copy); });
   Command_Erase->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Change(&WeekdayEditor::Erase); });
+  IgnoreSecondClick(*Command_Erase);
 }
 
 void ZV_WDC::Change(std::size_t (WeekdayEditor::*change)()) {
@@ -61,13 +63,8 @@ void ShowWeekdayForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
                        proc.settings.DecimalSeparator, pickList,
                        viewOnly ? Access::ViewOnly : Access::Edit);
   editor.CountLost(content.linesDropped);
-  ShowEditorForm(
-      new ZV_WDC(parent, proc, turn, content, editor), proc,
-      [&proc, pickList, refused = editor.Refused(), whole = WholeCatalogueText(proc, content)] {
-        if (!whole.empty()) proc.prompts.Show(Icon::Information, whole);
-        TellCut(pickList, proc.prompts, proc.texts);
-        for (const RefusedLine& each : refused) ShowRefused(each, proc.prompts, proc.texts);
-      });
+  ShowEditorForm(new ZV_WDC(parent, proc, turn, content, editor), proc,
+                 [&] { TellOpened(proc, content, pickList, editor.Refused()); });
 }
 
 }  // namespace zek
