@@ -29,8 +29,8 @@ struct CommandOption {
 
 struct CommandShape {
   const char* name;
-  const char* operands;  // in brackets: optional; with "...": up to three values
-  std::array<CommandFlag, 2> flags;
+  const char* operands;  // in brackets: optional; with "...": several values
+  std::array<CommandFlag, 3> flags;
   const char* description;
   std::array<CommandOption, 3> options = {};
 };
@@ -86,8 +86,17 @@ constexpr auto kCommands = std::to_array<CommandShape>({
      "WHEN or WHEN, tab, and switches separated by commas",
      {kRule, {"--observed", "V", &Arguments::observed}, {"--batch", "FILE", &Arguments::batch}}},
     {"next", "NODE WHEN", {kLocal}, "the next event and the next change after WHEN", {kRule}},
+    {"lint",
+     "[NODE...]",
+     {kLocal, {"--json", &Arguments::json}, {"--exit-code", &Arguments::exitCode}},
+     "what is probably not meant, without NODE in the whole\n"
+     "plant: code, severity, node, place and text;\n"
+     "--exit-code: exits with 3 if there is an E or W",
+     {{{"--today", "DATE", &Arguments::today}}}},
     {"holidays", "COUNTRY YEAR [TO_YEAR]", {}, "the holidays of SE, by law and de facto"},
 });
+
+constexpr int kMostOperands = 10000;
 
 constexpr auto kOperands = std::to_array<std::pair<std::string_view, const char*>>({
     {"TOPIC", "a controller's name, see the command topics"},
@@ -112,7 +121,7 @@ constexpr const char* kNotes =
     "exception=mask or command, carry=yes or no, nostop=default or hold, early=same or next.\n"
     "\n"
     "exit status: 0 done, 1 failed or a line was refused, 2 wrong usage or unknown name,\n"
-    "3 a dry run found changes";
+    "3 a dry run found changes, or --exit-code findings";
 
 // Lists each command with its operands and its option.
 class CommandList : public CLI::Formatter {
@@ -141,7 +150,7 @@ void AddOperand(CLI::App& command, std::string name, Arguments& parsed) {
     parsed.operands.insert(parsed.operands.end(), values.begin(), values.end());
     return true;
   };
-  constexpr int most = 3;
+  const int most = name.starts_with("KIND") ? 3 : kMostOperands;
   const bool several = name.ends_with("...");
   const auto* const operand =
       std::find_if(kOperands.begin(), kOperands.end(),
@@ -201,7 +210,7 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
 
 bool Arguments::Contacts() const {
   constexpr auto remote = std::to_array<std::string_view>(
-      {"send", "get", "put", "export", "timeline", "explain", "next"});
+      {"send", "get", "put", "export", "timeline", "explain", "next", "lint"});
   const bool undo = command == "history" && operands.size() > 2 && operands[2] == kUndoAction;
   const bool contacts = undo || std::find(remote.begin(), remote.end(), command) != remote.end();
   return contacts && !local && !noSend;

@@ -25,6 +25,9 @@ struct Arguments {
   std::vector<std::string> rules;     // --rule: switches of the assumed rule
   std::string observed;               // explain --observed
   std::string batch;                  // explain --batch: a file
+  std::string today;                  // lint --today: a date
+  bool json = false;                  // lint --json
+  bool exitCode = false;              // lint --exit-code
   std::string help;                   // with --help: the text to print, else ""
   std::string error;                  // error in the command line, or ""
 

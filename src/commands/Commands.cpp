@@ -181,6 +181,7 @@ ExitStatus Run(Console& console, const Arguments& arguments) {
   LoadTree(console.proc);
   if (arguments.command == "objects") return Objects(console);
   if (arguments.command == "export") return Export(console, arguments);
+  if (arguments.command == "lint") return Lint(console, arguments);
   if (arguments.command == "timeline") return PrintTimeline(console, arguments);
   if (arguments.command == "explain") return Explain(console, arguments);
   if (arguments.command == "next") return PrintNext(console, arguments);

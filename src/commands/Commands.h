@@ -54,6 +54,10 @@ ExitStatus PrintTimeline(Console& console, const Arguments& arguments);
 ExitStatus Explain(Console& console, const Arguments& arguments);
 ExitStatus PrintNext(Console& console, const Arguments& arguments);
 
+/// Prints what in the catalogues is probably not meant, see `FindingsOf`: of the nodes in the
+/// operands, or of the whole plant.
+ExitStatus Lint(Console& console, const Arguments& arguments);
+
 /// Prints the holidays of a country, one a line, by date.
 ExitStatus PrintHolidays(Console& console, const Arguments& arguments);
 

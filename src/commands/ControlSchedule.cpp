@@ -1,68 +1,61 @@
 #include "commands/ControlSchedule.h"
 
+#include <algorithm>
+
 #include "text/Windows1252.h"
 
 namespace zek::cli {
-namespace {
 
-// Reads the catalogues one by one and remembers what was missing.
-class ControlReader {
- public:
-  ControlReader(Console& console, const Selection& selection)
-      : console_(console), selection_(selection) {}
+// Null if the catalogue could not be fetched.
+const CatalogueContent* ControlReader::Content(const CatalogueId& id) {
+  const auto [found, isNew] = contents_.try_emplace(id.localFile);
+  if (isNew) found->second = ReadCatalogue(console_, id);
+  const bool missing = !found->second;
+  if (missing && !console_.proc.settings.LocalMode) return nullptr;
+  static const CatalogueContent empty;
+  const CatalogueContent& content = missing ? empty : *found->second;
+  hadAllCopies_ = hadAllCopies_ && !missing;
+  complete_ = complete_ && !missing && content.linesDropped == 0;
+  return &content;
+}
 
-  /// Returns nothing if a fetch failed; empty content for a local copy that is missing.
-  std::optional<CatalogueContent> Read(Catalogue catalogue) {
-    std::optional<CatalogueContent> content = ReadCatalogue(console_, selection_.Id(catalogue));
-    if (content || !console_.proc.settings.LocalMode) {
-      if (content && content->linesDropped > 0) complete_ = false;
-      return content;
-    }
-    complete_ = false;
-    return CatalogueContent();
+void ControlReader::NameUnread(const CatalogueId& id, const std::vector<std::string>& lines) {
+  complete_ = complete_ && lines.empty();
+  std::string kind(id.Kind().name);
+  std::transform(kind.begin(), kind.end(), kind.begin(),
+                 [](char c) { return static_cast<char>(c - 'A' + 'a'); });
+  for (const std::string& line : lines) {
+    if (!named_.try_emplace(id.localFile + "\n" + line, true).second) continue;
+    console_.err << "zekview-cli: " << kind << ": not read: " << Utf8FromWindows1252(line) << '\n';
   }
+}
 
-  void NameUnread(std::string_view kind, const std::vector<std::string>& lines) {
-    if (lines.empty()) return;
-    complete_ = false;
-    for (const std::string& line : lines) {
-      console_.err << "zekview-cli: " << kind << ": not read: " << Utf8FromWindows1252(line)
-                   << '\n';
-    }
-  }
-
-  bool Complete() const { return complete_; }
-
- private:
-  Console& console_;
-  const Selection& selection_;
-  bool complete_ = true;
-};
-
-}  // namespace
-
-std::optional<ReadSchedule> ReadControl(Console& console, std::size_t node) {
-  SelectNode(console.proc, node);
-  const Selection selection = console.proc.selection;
-  ControlReader reader(console, selection);
-  const auto weekdays = reader.Read(Catalogue::Wdc);
-  if (!weekdays) return std::nullopt;
-  const auto calendar = reader.Read(Catalogue::Sdc);
-  if (!calendar) return std::nullopt;
-  const auto exceptions = reader.Read(Catalogue::Ovc);
-  if (!exceptions) return std::nullopt;
-  const LineOwner owner = selection.Id(Catalogue::Wdc).Owner();
-  const CalendarYears years = YearsOf(console.proc.settings, selection.generation);
-  ReadSchedule read{ReadWeekday(weekdays->lines, owner),
-                    ReadCalendar(calendar->lines, years, CalendarYears::kFirst),
-                    ReadExceptions(exceptions->lines, owner),
-                    {weekdays->dfv, exceptions->dfv},
-                    true};
-  reader.NameUnread("wdc", read.weekdays.unread);
-  reader.NameUnread("sdc", read.calendar.unread);
-  reader.NameUnread("ovc", read.exceptions.unread);
-  read.complete = reader.Complete();
-  return read;
+std::optional<ControlTables> ControlReader::Read(std::size_t node) {
+  SelectNode(console_.proc, node);
+  const Selection selection = console_.proc.selection;
+  const Settings& settings = console_.proc.settings;
+  hadAllCopies_ = true;
+  const CatalogueContent* const weekdays = Content(selection.Id(Catalogue::Wdc));
+  if (weekdays == nullptr) return std::nullopt;
+  const CatalogueContent* const calendar = Content(selection.Id(Catalogue::Sdc));
+  if (calendar == nullptr) return std::nullopt;
+  const CatalogueContent* const exceptions = Content(selection.Id(Catalogue::Ovc));
+  if (exceptions == nullptr) return std::nullopt;
+  ControlTables tables;
+  tables.owner = selection.Id(Catalogue::Wdc).Owner();
+  tables.weekdayLines = weekdays->lines;
+  tables.calendarLines = calendar->lines;
+  tables.exceptionLines = exceptions->lines;
+  tables.weekdays = ReadWeekday(weekdays->lines, tables.owner);
+  tables.calendar =
+      ReadCalendar(calendar->lines, YearsOf(settings, selection.generation), CalendarYears::kFirst);
+  tables.exceptions = ReadExceptions(exceptions->lines, tables.owner);
+  tables.schedule = ScheduleOf(tables.weekdays, tables.calendar, tables.exceptions, weekdays->dfv,
+                               exceptions->dfv);
+  NameUnread(selection.Id(Catalogue::Wdc), tables.weekdays.unread);
+  NameUnread(selection.Id(Catalogue::Sdc), tables.calendar.unread);
+  NameUnread(selection.Id(Catalogue::Ovc), tables.exceptions.unread);
+  return tables;
 }
 
 std::optional<std::size_t> ControlOperand(Console& console, const std::string& name) {

@@ -1,31 +1,40 @@
 #pragma once
 
-#include <array>
+#include <map>
 #include <optional>
 #include <string>
 
 #include "commands/Commands.h"
-#include "forecast/Schedule.h"
+#include "findings/Findings.h"
 
 namespace zek::cli {
 
-/// The three catalogues of a time control as they were read.
-struct ReadSchedule {
-  WeekdayReading weekdays;
-  CalendarReading calendar;
-  ExceptionReading exceptions;
-  std::array<std::optional<std::string>, 2> standards;  // ".DFV" of weekdays and of exceptions
+/// Reads the catalogues of time controls, each catalogue only once.
+class ControlReader {
+ public:
+  explicit ControlReader(Console& console) : console_(console) {}
+
+  /// Returns nothing, after a message, if a catalogue could not be read. In local mode a local copy
+  /// that is missing reads as empty. Lines that could not be read are named on standard error.
+  std::optional<ControlTables> Read(std::size_t node);
+
   /// False if a line could not be read or a local copy is missing.
-  bool complete = true;
+  bool Complete() const { return complete_; }
+  ExitStatus Status() const { return complete_ ? kDone : kFailed; }
 
-  Schedule ToSchedule() const {
-    return ScheduleOf(weekdays, calendar, exceptions, standards[0], standards[1]);
-  }
+  /// True if all copies of the control that was read last were there.
+  bool HadAllCopies() const { return hadAllCopies_; }
+
+ private:
+  const CatalogueContent* Content(const CatalogueId& id);
+  void NameUnread(const CatalogueId& id, const std::vector<std::string>& lines);
+
+  Console& console_;
+  std::map<std::string, std::optional<CatalogueContent>> contents_;  // by local file
+  std::map<std::string, bool> named_;                                // by catalogue and line
+  bool complete_ = true;
+  bool hadAllCopies_ = true;
 };
-
-/// Reads the catalogues of a time control. Lines that could not be read are named on standard
-/// error. Returns nothing, after a message, if a catalogue could not be fetched.
-std::optional<ReadSchedule> ReadControl(Console& console, std::size_t node);
 
 /// Returns the time control named by an operand; nothing, after a message, if there is none.
 std::optional<std::size_t> ControlOperand(Console& console, const std::string& name);

@@ -68,17 +68,21 @@ std::optional<Question> QuestionOf(Console& console, const Arguments& arguments)
   return question;
 }
 
-// Reads the schedule and says that the rule is assumed; nothing after a failed fetch.
-std::optional<ReadSchedule> ReadFor(Console& console, const Question& question) {
-  console.hasInput();
-  const auto read = ReadControl(console, question.node);
-  if (read) {
-    console.err << Utf8FromWindows1252(console.proc.Text(text::kRuleAssumed)) << '\n' << std::flush;
-  }
-  return read;
-}
+// The schedule to ask, and how complete it is.
+struct Reply {
+  Schedule schedule;
+  ExitStatus status = kDone;
+};
 
-ExitStatus StatusOf(const ReadSchedule& read) { return read.complete ? kDone : kFailed; }
+// Reads the schedule and says that the rule is assumed; nothing after a failed fetch.
+std::optional<Reply> ReadFor(Console& console, const Question& question) {
+  console.hasInput();
+  ControlReader reader(console);
+  const std::optional<ControlTables> tables = reader.Read(question.node);
+  if (!tables) return std::nullopt;
+  console.err << Utf8FromWindows1252(console.proc.Text(text::kRuleAssumed)) << '\n' << std::flush;
+  return Reply{tables->schedule, reader.Status()};
+}
 
 // Prints records: their fields are separated by tabs.
 class Records {
@@ -146,7 +150,7 @@ ExitStatus ExplainBatch(Console& console, const Question& question, const std::s
   const auto read = ReadFor(console, question);
   if (!read) return kFailed;
   Records records(console);
-  const Schedule schedule = read->ToSchedule();
+  const Schedule& schedule = read->schedule;
   std::map<std::string, Forecast> forecasts;  // by rule
   for (const BatchLine& line : lines) {
     const std::string rule = line.rule.Text();
@@ -157,7 +161,7 @@ ExitStatus ExplainBatch(Console& console, const Question& question, const std::s
     const Applied applied = found->second.At(line.moment);
     records.Print({records.Value(applied.value), applied.source.Text()});
   }
-  return StatusOf(*read);
+  return read->status;
 }
 
 }  // namespace
@@ -171,11 +175,11 @@ ExitStatus PrintTimeline(Console& console, const Arguments& arguments) {
   const auto read = ReadFor(console, *question);
   if (!read) return kFailed;
   Records records(console);
-  for (const Stretch& stretch : Forecast(read->ToSchedule(), question->rule).Timeline(from, to)) {
+  for (const Stretch& stretch : Forecast(read->schedule, question->rule).Timeline(from, to)) {
     records.Print({MomentText(stretch.from), MomentText(stretch.to),
                    records.Value(stretch.applied.value), stretch.applied.source.Text()});
   }
-  return StatusOf(*read);
+  return read->status;
 }
 
 ExitStatus Explain(Console& console, const Arguments& arguments) {
@@ -195,11 +199,11 @@ ExitStatus Explain(Console& console, const Arguments& arguments) {
   const auto read = ReadFor(console, *question);
   if (!read) return kFailed;
   Records records(console);
-  const Schedule schedule = read->ToSchedule();
+  const Schedule& schedule = read->schedule;
   const Moment moment = question->moments.front();
   PrintExplanation(records, Forecast(schedule, question->rule), moment, question->rule);
   if (!arguments.observed.empty()) PrintAgreeing(records, schedule, moment, observed);
-  return StatusOf(*read);
+  return read->status;
 }
 
 ExitStatus PrintNext(Console& console, const Arguments& arguments) {
@@ -208,7 +212,7 @@ ExitStatus PrintNext(Console& console, const Arguments& arguments) {
   const auto read = ReadFor(console, *question);
   if (!read) return kFailed;
   Records records(console);
-  const Forecast forecast(read->ToSchedule(), question->rule);
+  const Forecast forecast(read->schedule, question->rule);
   const auto print = [&](const std::string& what, std::optional<Moment> next) {
     if (!next) return records.Print({what, "never"});
     const Applied applied = forecast.At(*next);
@@ -216,7 +220,7 @@ ExitStatus PrintNext(Console& console, const Arguments& arguments) {
   };
   print("event", forecast.NextEvent(question->moments.front()));
   print("change", forecast.NextChange(question->moments.front()));
-  return StatusOf(*read);
+  return read->status;
 }
 
 }  // namespace zek::cli

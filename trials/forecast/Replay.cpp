@@ -19,7 +19,7 @@ Replay::Replay(const Schedule& schedule, const Rule& rule, DayNumber first, DayN
     : schedule_(schedule), rule_(rule), start_(first * kDay) {
   for (DayNumber date = first - 3; date < first + days; ++date) types_.push_back(TypeOn(date));
   Replayed now;
-  now.answer.value = schedule.standard;
+  now.applied.value = schedule.standard;
   for (Moment minute = start_; minute < start_ + days * kDay; ++minute) {
     now = Next(now, minute);
     minutes_.push_back(now);
@@ -44,14 +44,14 @@ Replayed Replay::Next(const Replayed& before, Moment now) const {
   next.mask = MaskAt(now);
   if (next.mask) {
     const ExceptionLine& exception = schedule_.exceptions[*next.mask];
-    next.answer = {exception.row.valueOn, {Kind::Exception, exception.number}};
+    next.applied = {exception.row.valueOn, {Kind::Exception, exception.number}};
     next.event = next.mask != before.mask;
   } else if (!commands.empty()) {
-    next.answer = commands.back().answer;
+    next.applied = commands.back().applied;
     next.event = true;
   } else if (before.mask) {  // what lies beneath returns
-    next.answer = {schedule_.standard, {}};
-    if (next.commanded >= 0) next.answer = CommandsAt(next.commanded).back().answer;
+    next.applied = {schedule_.standard, {}};
+    if (next.commanded >= 0) next.applied = CommandsAt(next.commanded).back().applied;
     next.event = true;
   }
   return next;
@@ -133,7 +133,7 @@ std::vector<Applied> Replay::Beaten(Moment moment) const {
   if (now.commanded >= 0) commands = CommandsAt(now.commanded);
   std::reverse(commands.begin(), commands.end());
   if (!now.mask) {
-    for (std::size_t at = 1; at < commands.size(); ++at) beaten.push_back(commands[at].answer);
+    for (std::size_t at = 1; at < commands.size(); ++at) beaten.push_back(commands[at].applied);
     return beaten;
   }
   std::vector<std::vector<std::int64_t>> active;  // start and place of those that lost
@@ -146,7 +146,7 @@ std::vector<Applied> Replay::Beaten(Moment moment) const {
     const ExceptionLine& lost = schedule_.exceptions[static_cast<std::size_t>(each[1])];
     beaten.push_back({lost.row.valueOn, {Kind::Exception, lost.number}});
   }
-  if (!commands.empty()) beaten.push_back(commands.front().answer);
+  if (!commands.empty()) beaten.push_back(commands.front().applied);
   return beaten;
 }
 

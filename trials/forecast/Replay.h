@@ -10,12 +10,12 @@ namespace zek::trials {
 /// A command as the replay sees it. `order` compares commands of one minute.
 struct Commanded {
   std::vector<std::int64_t> order;
-  Applied answer;
+  Applied applied;
 };
 
 /// A minute of a replay.
 struct Replayed {
-  Applied answer;
+  Applied applied;
   std::optional<std::size_t> mask;  // the exception that applies, if one does
   Moment commanded = -1;            // the minute of the last command
   bool event = false;

@@ -1,0 +1,174 @@
+#include <algorithm>
+#include <array>
+#include <set>
+
+#include "commands/Commands.h"
+#include "commands/ControlSchedule.h"
+#include "editors/PickList.h"
+#include "findings/Findings.h"
+#include "forecast/MomentText.h"
+#include "lang/TextNumbers.h"
+#include "text/Controls.h"
+#include "text/Windows1252.h"
+
+namespace zek::cli {
+namespace {
+
+// The nodes to judge, in the order of the tree; nothing, after a message, for an unknown one.
+std::optional<std::set<std::size_t>> ControlsOf(Console& console,
+                                                const std::vector<std::string>& names) {
+  const ZV_Proc& proc = console.proc;
+  std::set<std::size_t> roots;
+  std::set<std::size_t> controls;
+  for (const std::string& name : names) {
+    const auto node = FindNode(proc.tree, proc.topics, Windows1252FromUtf8(name));
+    if (!node) {
+      Refuse(console, "unknown node " + name);
+      return std::nullopt;
+    }
+    (proc.tree[*node].IsTimeControl() ? controls : roots).insert(*node);
+  }
+  for (std::size_t node = 0; node < proc.tree.size(); ++node) {
+    const auto& parent = proc.tree[node].Parent;
+    if (parent && (names.empty() || roots.contains(*parent))) controls.insert(node);
+  }
+  return controls;
+}
+
+std::string JsonText(const std::string& text) {
+  std::string json = "\"";
+  for (const char c : text) {
+    if (c == '"' || c == '\\') json += '\\';
+    if (static_cast<unsigned char>(c) < ' ') {
+      constexpr std::string_view digits = "0123456789abcdef";
+      json += "\\u00";
+      json += digits[static_cast<std::size_t>(c) / digits.size()];
+      json += digits[static_cast<std::size_t>(c) % digits.size()];
+    } else {
+      json += c;
+    }
+  }
+  return json + "\"";
+}
+
+// Prints findings as lines or as a JSON array, and knows whether one is more than information.
+class FindingPrinter {
+ public:
+  FindingPrinter(Console& console, bool json) : console_(console), json_(json) {}
+
+  void Print(const std::string& node, const std::vector<Finding>& findings) {
+    for (const Finding& finding : findings) {
+      const FindingInfo& info = InfoOf(finding.kind);
+      serious_ = serious_ || info.severity != Severity::Information;
+      std::string text = finding.Text(console_.proc.texts);
+      ShowControls(text);
+      const std::array<std::string, 5> fields = {
+          std::string(info.code), std::string(1, static_cast<char>(info.severity)),
+          Utf8FromWindows1252(node), finding.place, Utf8FromWindows1252(text)};
+      json_ ? PrintObject(fields) : PrintLine(fields);
+    }
+  }
+  void End() {
+    if (json_) console_.out << (any_ ? "\n]\n" : "[]\n");
+  }
+  bool Serious() const { return serious_; }
+
+ private:
+  void PrintLine(const std::array<std::string, 5>& fields) {
+    for (std::size_t at = 0; at < fields.size(); ++at)
+      console_.out << (at == 0 ? "" : "\t") << fields.at(at);
+    console_.out << '\n';
+  }
+  void PrintObject(const std::array<std::string, 5>& fields) {
+    constexpr std::array names = {"code", "severity", "node", "place", "text"};
+    console_.out << (any_ ? ",\n" : "[\n");
+    any_ = true;
+    for (std::size_t at = 0; at < fields.size(); ++at) {
+      console_.out << (at == 0 ? "{" : ", ") << '"' << names.at(at)
+                   << "\": " << JsonText(fields.at(at));
+    }
+    console_.out << '}';
+  }
+
+  Console& console_;
+  bool json_;
+  bool any_ = false;
+  bool serious_ = false;
+};
+
+// Judges the controls of one controller after the other.
+class PlantJudge {
+ public:
+  PlantJudge(Console& console, const FindingContext& context, bool json)
+      : console_(console), context_(context), reader_(console), printer_(console, json) {}
+
+  void Judge(const std::set<std::size_t>& nodes) {
+    for (const std::size_t node : nodes) {
+      const TreeNode& tree = console_.proc.tree[node];
+      if (!controls_.empty() && tree.Object != object_) EndController();
+      object_ = tree.Object;
+      parent_ = *tree.Parent;
+      JudgeControl(node);
+    }
+    EndController();
+    printer_.End();
+  }
+
+  ExitStatus Status(bool exitCode) const {
+    if (exitCode && printer_.Serious()) return kWouldChange;
+    return failed_ ? kFailed : reader_.Status();
+  }
+
+ private:
+  void JudgeControl(std::size_t node) {
+    std::optional<ControlTables> tables = reader_.Read(node);
+    failed_ = failed_ || !tables;
+    if (!tables || !reader_.HadAllCopies()) return;  // what is not known can't be judged
+    const PickList values = ReadPickList(
+        console_.proc.profile, console_.proc.selection.PickListTable, context_.decimalSeparator);
+    for (const PickListItem& item : values.items)
+      if (const MaybeValue value = ValueIn(item.value)) tables->listedValues.push_back(*value);
+    printer_.Print(NodeName(console_.proc.tree, console_.proc.topics, node),
+                   FindingsOf(*tables, context_));
+    controls_.push_back(*std::move(tables));
+  }
+
+  void EndController() {
+    if (controls_.empty()) return;
+    const ObjectTree& tree = console_.proc.tree;
+    const auto all = static_cast<std::size_t>(std::count_if(
+        tree.begin(), tree.end(), [this](const TreeNode& node) { return node.Parent == parent_; }));
+    printer_.Print(NodeName(tree, console_.proc.topics, parent_),
+                   SharedFindings(controls_, controls_.size() == all, context_));
+    controls_.clear();
+  }
+
+  Console& console_;
+  const FindingContext& context_;
+  ControlReader reader_;
+  FindingPrinter printer_;
+  std::vector<ControlTables> controls_;  // of the controller
+  std::int16_t object_ = 0;
+  std::size_t parent_ = 0;
+  bool failed_ = false;
+};
+
+}  // namespace
+
+ExitStatus Lint(Console& console, const Arguments& arguments) {
+  const auto controls = ControlsOf(console, arguments.operands);
+  if (!controls) return kWrongUsage;
+  const LocalTime now = console.proc.now();
+  std::optional<DayNumber> today = DayOf(DateMoment(now.year, now.month, now.day));
+  if (!arguments.today.empty()) today = ParseDay(arguments.today);
+  if (!today) return Refuse(console, arguments.today + " is no date, such as 2026-12-07");
+  console.hasInput();
+  const Settings& settings = console.proc.settings;
+  const FindingContext context{*today, settings.SwedishHolidays, settings.DecimalSeparator};
+  PlantJudge judge(console, context, arguments.json);
+  judge.Judge(*controls);
+  console.err << Utf8FromWindows1252(console.proc.Text(text::kRuleAssumed)) << '\n';
+  return judge.Status(arguments.exitCode);
+}
+
+}  // namespace zek::cli

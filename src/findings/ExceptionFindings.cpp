@@ -1,0 +1,82 @@
+#include <algorithm>
+
+#include "findings/Effect.h"
+#include "findings/FindingList.h"
+#include "forecast/MomentText.h"
+#include "forecast/SwitchCommands.h"
+#include "formats/ExceptionCells.h"
+
+namespace zek {
+namespace {
+
+using enum FindingKind;
+
+Moment EndOf(const OvcRow& row) { return StopOf(row).value_or(row.start); }
+
+// Finds what is wrong with one exception by itself.
+class ExceptionCheck {
+ public:
+  ExceptionCheck(FindingList& list, const ControlTables& control, const FindingContext& context)
+      : list_(list), control_(control), context_(context) {}
+
+  void Check(const ExceptionLine& each) {
+    constexpr DayNumber far = 2 * 365;
+    const OvcRow& row = each.row;
+    const std::string place = PlaceOf("ovc", each.number);
+    if (row.stop != 0 && !StopOf(row)) {
+      list_.Add(ExceptionStopEarly, place, {MomentText(row.start), StopText(row), {}});
+    }
+    for (const float value : {row.valueOn, row.valueOff}) CheckValue(place, value);
+    if (row.valueOn == kNoValue && row.valueOff == kNoValue)
+      return list_.Add(ExceptionEmpty, place);
+    if (EndOf(row) <= StartOf(context_.today)) {
+      return list_.Add(ExceptionOver, place, {MomentText(EndOf(row)), {}, {}});
+    }
+    if (row.start > StartOf(context_.today + far)) {
+      list_.Add(ExceptionFar, place, {DateText(row.start), {}, {}});
+    }
+    const Schedule without = WithoutException(control_.schedule, each.number);
+    if (HaveDifferentValues(control_.schedule, without, context_.today)) return;
+    list_.Add(ExceptionNoEffect, place);
+  }
+
+  void CheckPair(const ExceptionLine& one, const ExceptionLine& other) {
+    const Moment from = std::max(one.row.start, other.row.start);
+    const Moment to = std::min(EndOf(one.row), EndOf(other.row));
+    const bool both = one.row.valueOn != kNoValue && other.row.valueOn != kNoValue;
+    if (!both || from >= to || to <= StartOf(context_.today)) return;
+    list_.Add(ExceptionsOverlap, PlaceOf("ovc", one.number),
+              {std::to_string(other.number), MomentText(from), MomentText(to)});
+  }
+
+ private:
+  static std::string StopText(const OvcRow& row) {
+    return row.HasStopDate() ? MomentText(row.stop) : ClockText(row.StopTime());
+  }
+
+  void CheckValue(const std::string& place, float value) {
+    const std::vector<float>& listed = control_.listedValues;
+    if (value == kNoValue || listed.empty()) return;
+    if (std::find(listed.begin(), listed.end(), value) != listed.end()) return;
+    list_.Add(ValueNotListed, place, {FormatNumber(value, context_.decimalSeparator), {}, {}});
+  }
+
+  FindingList& list_;
+  const ControlTables& control_;
+  const FindingContext& context_;
+};
+
+}  // namespace
+
+void FindInExceptions(FindingList& list, const ControlTables& control,
+                      const FindingContext& context) {
+  ExceptionCheck check(list, control, context);
+  const std::vector<ExceptionLine>& exceptions = control.schedule.exceptions;
+  for (auto one = exceptions.begin(); one != exceptions.end(); ++one) {
+    check.Check(*one);
+    for (auto other = one + 1; other != exceptions.end(); ++other) check.CheckPair(*one, *other);
+  }
+  CheckFull(list, "ovc", exceptions.size(), kExceptionRows);
+}
+
+}  // namespace zek

@@ -1,0 +1,152 @@
+#include "findings/Findings.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+#include "findings/Effect.h"
+#include "findings/FindingList.h"
+#include "formats/CatalogueLine.h"
+#include "formats/LineNumbers.h"
+#include "lang/Messages.h"
+#include "lang/TextNumbers.h"
+
+namespace zek {
+namespace {
+
+using enum FindingKind;
+
+std::string PlaceOfLine(std::string_view kind, std::string_view line) {
+  return PlaceOf(kind, LineNumber(line));
+}
+
+// `full` is the reason of the first line that finds no place; all after it are over the limit.
+template <class Refused>
+void FindUnread(FindingList& list, std::string_view kind, const std::vector<std::string>& unread,
+                const std::vector<Refused>& refused, std::int32_t full, std::size_t limit) {
+  std::string_view firstOver;
+  for (const Refused& each : refused)
+    if (each.text == full && firstOver.empty()) firstOver = each.line;
+  bool over = false;
+  for (const std::string& line : unread) {
+    over = over || (!firstOver.empty() && line == firstOver);
+    if (over) {
+      list.Add(OverLimit, PlaceOfLine(kind, line), {std::to_string(limit), line, {}});
+    } else {
+      list.Add(UnreadLine, PlaceOfLine(kind, line), {line, {}, {}});
+    }
+  }
+}
+
+// The stop value of a line in the "PLT" layout, which has no place for it.
+void FindDropped(FindingList& list, const ControlTables& control) {
+  constexpr std::size_t dayColumn = 6;
+  if (!IsPltName(control.owner.name)) return;
+  for (const std::string& line : SplitWeekday(control.weekdayLines, control.owner).own) {
+    const std::string_view value = Trim(GetField(FromColumn(line, dayColumn), 3, kFieldMark));
+    if (value.empty() || value == kNoValueText) continue;
+    list.Add(StopValueDropped, PlaceOfLine("wdc", line), {std::string(value), {}, {}});
+  }
+}
+
+// What lines of one catalogue have wrong, whoever owns them.
+void FindInLines(FindingList& list, std::string_view kind, const std::vector<std::string>& lines) {
+  std::map<int, std::size_t> counts;
+  std::size_t used = 0;
+  for (const std::string& line : lines) {
+    if (Trim(line).empty()) continue;
+    ++used;
+    if (const int number = LineNumber(line); number > 0) ++counts[number];
+    if (line.find('*') != std::string::npos) {
+      list.Add(StarredLine, PlaceOfLine(kind, line), {line, {}, {}});
+    }
+  }
+  for (const auto& [number, count] : counts) {
+    if (count > 1) list.Add(NumberTwice, PlaceOf(kind, number), {std::to_string(count), {}, {}});
+  }
+  CheckFull(list, std::string(kind), used, kMaxCatalogueLines);
+}
+
+void FindOwnerless(FindingList& list, const ControlTables& control) {
+  for (const auto& [kind, split] :
+       {std::pair("wdc", SplitWeekday(control.weekdayLines, control.owner)),
+        std::pair("ovc", SplitExceptions(control.exceptionLines, control.owner))}) {
+    for (const std::string& line : split.ownerless)
+      list.Add(OwnerlessLine, PlaceOfLine(kind, line), {line, {}, {}});
+  }
+}
+
+// The lines of the calendar that can be without effect, those that are not over.
+std::set<int> ComingLines(const Schedule& schedule, DayNumber today) {
+  std::set<int> lines;
+  for (const DatedType& dated : schedule.calendar)
+    if (dated.day >= today) lines.insert(dated.line);
+  return lines;
+}
+
+void FindDatesWithoutEffect(FindingList& list, std::span<const ControlTables> controls,
+                            DayNumber today) {
+  for (const int line : ComingLines(controls.front().schedule, today)) {
+    const bool effect = std::any_of(controls.begin(), controls.end(), [&](const auto& control) {
+      return HaveDifferentValues(control.schedule, WithoutDates(control.schedule, line), today);
+    });
+    if (!effect) list.Add(DateNoEffect, PlaceOf("sdc", line));
+  }
+}
+
+// A number that two lines have names neither of them.
+std::vector<Finding> WithoutDoubtful(std::vector<Finding> findings,
+                                     const std::vector<std::string>& lines, std::string_view kind) {
+  std::map<std::string, int> counts;
+  for (const std::string& line : lines) ++counts[PlaceOfLine(kind, line)];
+  std::erase_if(findings, [&counts](const Finding& each) {
+    const bool proved =
+        each.kind == RowNoEffect || each.kind == ExceptionNoEffect || each.kind == DateNoEffect;
+    const auto count = counts.find(each.place);
+    return proved && count != counts.end() && count->second > 1;
+  });
+  return findings;
+}
+
+}  // namespace
+
+std::string Finding::Text(const LanguageTexts& texts) const {
+  return Message(texts.Text(InfoOf(kind).text), {words[0], words[1], words[2]});
+}
+
+std::vector<Finding> FindingsOf(const ControlTables& control, const FindingContext& context) {
+  FindingList list;
+  FindUnread(list, "wdc", control.weekdays.unread, control.weekdays.refused, text::kDayFull,
+             kWeekdayRows);
+  FindUnread(list, "ovc", control.exceptions.unread, control.exceptions.refused,
+             text::kExceptionsFull, kExceptionRows);
+  FindDropped(list, control);
+  FindInRows(list, control, context);
+  FindInExceptions(list, control, context);
+  if (control.owner.generation == Generation::Zek2) {
+    FindInLines(list, "wdc", control.weekdayLines);
+    FindInLines(list, "ovc", control.exceptionLines);
+  }
+  return WithoutDoubtful(WithoutDoubtful(list.Take(), control.weekdayLines, "wdc"),
+                         control.exceptionLines, "ovc");
+}
+
+std::vector<Finding> SharedFindings(std::span<const ControlTables> controls, bool all,
+                                    const FindingContext& context) {
+  if (controls.empty()) return {};
+  const ControlTables& any = controls.front();
+  FindingList list;
+  FindUnread(list, "sdc", any.calendar.unread, any.calendar.refused, text::kCalendarCut,
+             kCalendarEntries);
+  FindInCalendar(list, any, context);
+  FindInLines(list, "sdc", any.calendarLines);
+  if (any.owner.generation == Generation::Zek1) {
+    FindInLines(list, "wdc", any.weekdayLines);
+    FindInLines(list, "ovc", any.exceptionLines);
+    FindOwnerless(list, any);
+  }
+  if (all) FindDatesWithoutEffect(list, controls, context.today);
+  return WithoutDoubtful(list.Take(), any.calendarLines, "sdc");
+}
+
+}  // namespace zek

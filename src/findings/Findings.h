@@ -1,0 +1,61 @@
+#pragma once
+
+#include <array>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "findings/FindingKinds.h"
+#include "forecast/Schedule.h"
+#include "formats/LineOwner.h"
+#include "lang/LanguageTexts.h"
+
+namespace zek {
+
+/// Something in the catalogues that is probably not meant.
+struct Finding {
+  FindingKind kind = FindingKind::UnreadLine;
+  /// An entry, which is a whole catalogue line ("wdc 1000", "sdc 1", "ovc 3"), or what it is about
+  /// ("sdc", "wdc MO", "SD4").
+  std::string place;
+  std::array<std::string, 3> words;  // for its text
+
+  std::string Text(const LanguageTexts& texts) const;
+
+  bool operator==(const Finding&) const = default;
+};
+
+/// The catalogues of one time control, as they were read. The calendar is its controller's; of a
+/// ZEK1 so are the lines of the others.
+struct ControlTables {
+  LineOwner owner;
+  std::vector<std::string> weekdayLines;
+  std::vector<std::string> calendarLines;
+  std::vector<std::string> exceptionLines;
+  WeekdayReading weekdays;
+  CalendarReading calendar{CalendarTable(CalendarYears::kFirst), {}, 0, {}, {}, {}};
+  ExceptionReading exceptions;
+  Schedule schedule;
+  std::vector<float> listedValues;  // of its pick-list; empty without one
+};
+
+/// What findings depend on besides the catalogues.
+struct FindingContext {
+  DayNumber today = 0;
+  bool swedishHolidays = false;  // public holidays should be in the calendar
+  char decimalSeparator = '.';
+};
+
+/// Returns what is found in the weekdays and the exceptions of a time control. A line is without
+/// effect only if every value of the ten years from today on is the same without it, by every
+/// variant of the rule. Dated entries that are over are not judged so.
+std::vector<Finding> FindingsOf(const ControlTables& control, const FindingContext& context);
+
+/// Returns what is found in the catalogues that the time controls of a controller share: the
+/// calendar, and of a ZEK1 the lines of all. With `all`, these are all of its controls, and a date
+/// is without effect if it is so for each.
+std::vector<Finding> SharedFindings(std::span<const ControlTables> controls, bool all,
+                                    const FindingContext& context);
+
+}  // namespace zek
