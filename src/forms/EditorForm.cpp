@@ -7,6 +7,7 @@
 
 #include "forms/EditorTitle.h"
 #include "forms/StatusChain.h"
+#include "forms/ZV_Help.h"
 #include "lang/TextNumbers.h"
 #include "ui/Forms.h"
 #include "ui/InputBlock.h"
@@ -106,6 +107,8 @@ void EditorForm::OnKey(wxKeyEvent& event) {
   } else if ((control && key == 'Y') ||
              (modifiers == (wxMOD_CONTROL | wxMOD_SHIFT) && key == 'Z')) {
     StepForward();
+  } else if (key == WXK_F1) {
+    ShowHelp(this, proc_, HelpPageOf(id_.catalogue));
   } else if (event.HasAnyModifiers() || !TakeKey(key)) {
     event.Skip();
   }

@@ -115,6 +115,7 @@ bool LoadSettings(Settings& settings, std::string_view commandLine, const Profil
   settings.AlwaysUseLocal = ReadYesNo(profile, kGeneral, "AlwaysUseLocal", "yes");
   settings.AlwaysUseDSS = ReadYesNo(profile, kGeneral, "AlwaysUseDSS", "yes");
   settings.VerifyAfterWrite = ReadYesNo(profile, kGeneral, "VerifyAfterWrite", "no");
+  settings.LogCommands = ReadYesNo(profile, kGeneral, "LogCommands", "no");
   settings.DialogMode = ReadDialogMode(profile);
   return numbers.Ok();
 }
