@@ -28,6 +28,10 @@ class MemoryProfile final : public Profile {
     return std::nullopt;
   }
 
+  std::optional<FileError> RemoveIni(std::string_view section, std::string_view key) override {
+    text_ = ProfileEncoding("").WithValue(text_, section, key, std::nullopt);
+    return std::nullopt;
+  }
   ProfileSection ReadSection(std::string_view section, std::size_t bufferSize) const override {
     return ProfileSectionText(text_, section, bufferSize);
   }

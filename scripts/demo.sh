@@ -13,7 +13,7 @@ build_demo() {
 prepare_demo() {
   local directory="$1"
   mkdir -p "$directory"
-  cp -ru data/lang/zek_lang.* data/demo/. "$directory/"
+  cp -ru data/lang/zek_* data/demo/. "$directory/"
 }
 
 # start_plant DIRECTORY [COMMAND...]: starts zekview-sim, or this command, with the plant in

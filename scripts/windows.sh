@@ -15,7 +15,7 @@ lay_out() {
   rm -rf "$folder"
   mkdir -p "$folder/demo"
   for program in "${programs[@]}"; do "$strip" -o "$folder/$program.exe" "$bin/$program.exe"; done
-  cp data/lang/zek_lang.* data/ZEKView.INI "$folder/"
+  cp data/lang/zek_* data/ZEKView.INI "$folder/"
   cp -r data/demo/* "$folder/demo/"
   find "$folder" -name '.*' -type f -delete
   for text in packaging/windows/*; do sed 's/$/\r/' "$text" >"$folder/${text##*/}"; done

@@ -104,6 +104,7 @@ class Connection final : private LinkEvents, private ReplyEvents {
   void LinkLost();
   void TextLost();
   bool Write(std::string_view command);
+  void LogSent(std::string_view command);
   void AwaitFirstLine(const Attempt& command);
   void TickIdle();
   Link& CurrentLink() const { return links_.To(CurrentAddress); }

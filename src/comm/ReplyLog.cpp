@@ -6,6 +6,15 @@
 
 namespace zek {
 void ReplyLog::Add(std::string_view line) {
+  AddLine(line);
+  if (Echo) Echo(Lines().back());
+}
+
+void ReplyLog::AddSent(std::string_view command) {
+  AddLine(std::string(kSentMark).append(command));
+}
+
+void ReplyLog::AddLine(std::string_view line) {
   if (lines_.size() < kLines) {
     lines_.emplace_back(line);
   } else {
@@ -14,7 +23,6 @@ void ReplyLog::Add(std::string_view line) {
   }
   ++added_;
   ++raw_;
-  if (Echo) Echo(Lines().back());
 }
 
 const std::vector<std::string>& ReplyLog::Lines() const {

@@ -21,6 +21,10 @@ class ReplyLog {
   /// Adds a reply line. It shows characters below 32 as "<" code ">", all others unchanged.
   void Add(std::string_view line);
 
+  /// Adds a command that was sent, behind `kSentMark`. It is not echoed.
+  void AddSent(std::string_view command);
+  static constexpr std::string_view kSentMark = "> ";
+
   /// Replaces all lines, for example by those of a file. Their number is not limited.
   void Replace(std::vector<std::string> lines);
 
@@ -34,6 +38,8 @@ class ReplyLog {
   std::uint64_t Replaced() const { return replaced_; }
 
  private:
+  void AddLine(std::string_view line);
+
   mutable std::vector<std::string> lines_;
   mutable std::size_t first_ = 0;  // index of the oldest line
   mutable std::size_t raw_ = 0;    // number of newest lines with control characters not replaced

@@ -20,7 +20,15 @@ bool Connection::SendCommand(std::string_view command) {
 
 void Connection::SendLast(std::string_view command) {
   const Waits::Finishing finishing(p_.waits);
-  if (IsLinkUp() && CurrentLink().Write(command)) AwaitAllSent();
+  if (!IsLinkUp()) return;
+  LogSent(command);
+  if (CurrentLink().Write(command)) AwaitAllSent();
+}
+
+void Connection::LogSent(std::string_view command) {
+  if (!p_.settings.LogCommands) return;
+  p_.log.AddSent(command);
+  p_.status.Changed();
 }
 
 bool Connection::Write(std::string_view command) {
@@ -30,6 +38,7 @@ bool Connection::Write(std::string_view command) {
   p_.countdowns.WaitCountdown = TicksOf(kFirstLineSeconds);  // also ends `awaited_`
   awaited_.emplace(p_);
   ReplyLine.clear();
+  LogSent(command);
   Sending = true;
   const bool taken = CurrentLink().Write(command);
   Sending = false;

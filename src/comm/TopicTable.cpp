@@ -7,21 +7,6 @@
 #include "text/Fields.h"
 
 namespace zek {
-namespace {
-
-// Swedish order: å, ä and ö follow z. Their substitutes "[", "\" and "]" sort after "Z".
-std::string SortKey(std::string_view text) {
-  std::string key = UpperCase(text);
-  for (char& letter : key) {
-    if (letter == '\xC5') letter = '[';
-    if (letter == '\xC4') letter = '\\';
-    if (letter == '\xD6') letter = ']';
-  }
-  return key;
-}
-
-}  // namespace
-
 std::optional<Topic> ParseTopic(std::string_view entry, bool tagMode) {
   if (entry.starts_with(';') || entry.find('=') == std::string_view::npos) return std::nullopt;
   const std::string_view name = GetField(entry, 0, "=");
@@ -45,12 +30,15 @@ std::string TopicText(const Topic& topic) {
 
 void TopicTable::LoadTopics(const Profile& profile, const Settings& settings,
                             const LanguageTexts& texts, Prompts& prompts) {
-  topics_.clear();
+  const std::vector<Topic> before = std::exchange(topics_, {});
   std::size_t leftOut = 0;
   const ProfileSection section = profile.ReadSection("Topics", kTopicsBuffer);
   for (const std::string& entry : section.entries) {
     std::optional<Topic> topic = ParseTopic(entry, settings.TagMode);
     if (!topic) continue;
+    for (const Topic& old : before)
+      if (old.TopicName == topic->TopicName && old.Tag == topic->Tag)
+        topic->TagState = old.TagState;
     if (topics_.size() == kMaxTopics) {
       ++leftOut;
     } else {

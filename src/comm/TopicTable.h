@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "formats/Generation.h"
@@ -41,7 +42,8 @@ std::string TopicText(const Topic& topic);
 
 class TopicTable {
  public:
-  /// Reads section "Topics". Shows a message if the section was cut or topics were left out.
+  /// Reads section "Topics". Shows a message if the section was cut or topics were left out. A
+  /// topic that was there before keeps its `TagState`.
   void LoadTopics(const Profile& profile, const Settings& settings, const LanguageTexts& texts,
                   Prompts& prompts);
 
@@ -49,6 +51,13 @@ class TopicTable {
   bool Has(std::int16_t index) const { return index >= 0 && index < TopicCount(); }
   const Topic& operator[](std::int16_t index) const { return topics_.at(Place(index)); }
   Topic& operator[](std::int16_t index) { return topics_.at(Place(index)); }
+
+  /// Adds a topic until the table is read again; returns its index.
+  std::int16_t Add(Topic topic) {
+    topics_.push_back(std::move(topic));
+    return static_cast<std::int16_t>(TopicCount() - 1);
+  }
+  void RemoveLast() { topics_.pop_back(); }
 
   /// Returns the index of the topic with that name (case-insensitive), or -1.
   std::int16_t Find(std::string_view name) const;

@@ -13,6 +13,7 @@
 #include <wx/sstream.h>
 #include <wx/stdpaths.h>
 
+#include "desktop/DemoPlant.h"
 #include "desktop/FrontRequest.h"
 #include "desktop/StartUp.h"
 #include "desktop/Tour.h"
@@ -64,7 +65,7 @@ class Program final : public wxApp {
     // No window needs these events; by default every window would get them after each tick.
     wxIdleEvent::SetMode(wxIDLE_PROCESS_SPECIFIED);
     wxUpdateUIEvent::SetMode(wxUPDATE_UI_PROCESS_SPECIFIED);
-    const std::string programPath = line_.dir ? WithSeparator(*line_.dir) : ExecutableDirectory();
+    std::string programPath = line_.dir ? WithSeparator(*line_.dir) : ExecutableDirectory();
     if (const std::string complaint = Complaint(line_, programPath); !complaint.empty()) {
       if (IsUnattended(line_)) {
         std::cerr << "zekview: " << complaint << '\n';
@@ -73,16 +74,28 @@ class Program final : public wxApp {
       }
       return kWrongUsage;
     }
+    std::string iniPath = IniPathOf(line_, programPath);
+    if (line_.demo) {
+      demo_.emplace();
+      if (const std::string fault = demo_->Start(programPath, iniPath); !fault.empty()) {
+        demo_.reset();
+        Complain("zekview: " + fault);
+        return kFailed;
+      }
+      programPath = iniPath = demo_->Folder();
+      line_.text += (line_.text.empty() ? "/DIALOG:" : " /DIALOG:") + demo_->Topic();
+    }
     UseConfiguration(!line_.tour);
     Prompts* const prompts = line_.tour ? static_cast<Prompts*>(&tourPrompts_) : &prompts_;
-    desktop_ =
-        std::make_unique<SystemSession>(programPath, IniPathOf(line_, programPath), *prompts);
+    desktop_ = std::make_unique<SystemSession>(programPath, iniPath, *prompts);
+    desktop_->proc.settings.Demo = line_.demo;
     prompts_.Speak(desktop_->proc.texts);
     if (IsUnattended(line_)) {
       unattended_.emplace(desktop_->proc);
       CatchInterrupts();
     }
     if (const auto ended = StartUp(desktop_->proc, line_, instance_)) return *ended;
+    if (line_.demo) demoTitles_.emplace();
     ShowMain();
     frontRequest_.emplace(programPath);
     frontRequest_->Answer();
@@ -97,6 +110,8 @@ class Program final : public wxApp {
     frontRequest_.reset();
     unattended_.reset();
     desktop_.reset();
+    demoTitles_.reset();
+    demo_.reset();
     const wxLogNull quiet;
     delete wxConfigBase::Set(nullptr);
     return wxApp::OnExit();
@@ -127,6 +142,8 @@ class Program final : public wxApp {
   std::optional<Unattended> unattended_;
   std::optional<FrontRequest> frontRequest_;
   std::unique_ptr<Tour> tour_;
+  std::optional<DemoPlant> demo_;
+  std::optional<DemoTitles> demoTitles_;
 };
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "forms/CancelTransfer.h"
 #include "forms/EditorTitle.h"
 #include "forms/StatusChain.h"
+#include "forms/ZV_Help.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "ui/Forms.h"
@@ -124,6 +125,8 @@ void EditorForm::OnKey(wxKeyEvent& event) {
   } else if ((control && key == 'Y') ||
              (modifiers == (wxMOD_CONTROL | wxMOD_SHIFT) && key == 'Z')) {
     StepForward();
+  } else if (key == WXK_F1) {
+    ShowHelp(this, proc_, HelpPageOf(id_.catalogue));
   } else if (event.HasAnyModifiers() || !TakeKey(key)) {
     event.Skip();
   }

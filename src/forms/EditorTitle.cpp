@@ -46,7 +46,8 @@ std::string ControlOf(std::string_view line) {
 std::string EditorTitle(const ZV_Proc& proc, Catalogue catalogue, bool viewOnly) {
   const Topic& object = proc.topics[proc.selection.CurrentObject];
   const bool ofControl = catalogue != Catalogue::Sdc && !proc.selection.TscName.empty();
-  std::string title = proc.Text(KindText(catalogue)) + ": ";
+  std::string title = proc.settings.Demo ? "DEMO - " : "";
+  title += proc.Text(KindText(catalogue)) + ": ";
   if (ofControl) title += ControlText(proc, object) + ", ";
   title += object.Description;
   if (!ofControl) title += " [" + object.TopicName + "], " + proc.Text(text::kTitleAllControls);

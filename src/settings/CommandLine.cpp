@@ -29,6 +29,7 @@ CommandLine ParseCommandLine(const std::vector<std::string>& arguments) {
   parser.allow_extras();
   parser.add_option("--dir", line.dir, "language files and local copies")->type_name("DIR");
   parser.add_option("--ini", line.ini, "the directory of ZEKView.INI")->type_name("DIR");
+  parser.add_flag("--demo", line.demo, "a demonstration on a simulated plant");
   parser.add_option("--tour", line.tour)->type_name("DIR")->group("");
   parser.footer(kSwitches);
   line.error = parser.Read(arguments, line.help);

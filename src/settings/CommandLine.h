@@ -14,6 +14,7 @@ struct CommandLine {
   std::optional<std::string> dir;   // --dir DIR: the program directory, UTF-8
   std::optional<std::string> ini;   // --ini DIR: the directory of ZEKView.INI
   std::optional<std::string> tour;  // --tour DIR: take the screenshots of the documentation
+  bool demo = false;                // --demo: on a simulated plant, in a folder of its own
   std::string help;                 // the text to print for --help, else empty
   std::string error;                // why the options are invalid; empty if they are valid
 };

@@ -30,12 +30,22 @@ std::string FileProfile::ReadIni(std::string_view section, std::string_view key,
 
 std::optional<FileError> FileProfile::WriteIni(std::string_view section, std::string_view key,
                                                std::string_view value) {
-  const std::string refusal = ProfileRefusal(section, key, value);
+  return Change(section, key, value);
+}
+
+std::optional<FileError> FileProfile::RemoveIni(std::string_view section, std::string_view key) {
+  return Change(section, key, std::nullopt);
+}
+
+std::optional<FileError> FileProfile::Change(std::string_view section, std::string_view key,
+                                             std::optional<std::string_view> value) {
+  const std::string refusal = ProfileRefusal(section, key, value.value_or(std::string_view()));
   if (!refusal.empty()) return FileError{path_, FileError::Reason::Other, refusal};
   FileContent file = files_.Read(path_);
   // A new file would lose all other settings if the old one is only unreadable for a moment.
   const bool isNew = file.error && file.error->reason == FileError::Reason::Missing && !text_;
   if (file.error && !isNew) return file.error;
+  if (isNew && !value) return std::nullopt;
   const ProfileEncoding encoding(file.bytes);
   return files_.Write(path_, encoding.WithValue(std::move(file.bytes), section, key, value));
 }

@@ -15,6 +15,7 @@ class FileProfile final : public Profile {
                       std::string_view fallback) const override;
   std::optional<FileError> WriteIni(std::string_view section, std::string_view key,
                                     std::string_view value) override;
+  std::optional<FileError> RemoveIni(std::string_view section, std::string_view key) override;
   ProfileSection ReadSection(std::string_view section, std::size_t bufferSize) const override;
 
   /// True if the file is UTF-8 or UTF-16, see `ProfileEncoding`.
@@ -22,6 +23,8 @@ class FileProfile final : public Profile {
 
  private:
   const std::string& Text() const;
+  std::optional<FileError> Change(std::string_view section, std::string_view key,
+                                  std::optional<std::string_view> value);
 
   Files& files_;
   std::string path_;

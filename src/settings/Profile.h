@@ -32,6 +32,9 @@ class Profile {
   virtual std::optional<FileError> WriteIni(std::string_view section, std::string_view key,
                                             std::string_view value) = 0;
 
+  /// Removes a key's line; returns the error, if any. A missing key is none.
+  virtual std::optional<FileError> RemoveIni(std::string_view section, std::string_view key) = 0;
+
   /// Returns the entries of a section that fit in a buffer of `bufferSize` characters.
   virtual ProfileSection ReadSection(std::string_view section, std::size_t bufferSize) const = 0;
 };

@@ -57,7 +57,8 @@ std::size_t ProfileEncoding::Offset(std::string_view file, std::size_t index) co
 }
 
 std::string ProfileEncoding::WithValue(std::string file, std::string_view section,
-                                       std::string_view key, std::string_view value) const {
+                                       std::string_view key,
+                                       std::optional<std::string_view> value) const {
   const ProfileChange change = ChangeToValue(Decoded(file), section, key, value);
   const std::size_t start = Offset(file, change.at);
   const std::size_t end = Offset(file, change.at + change.length);

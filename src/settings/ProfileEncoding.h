@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,10 +19,11 @@ class ProfileEncoding {
   /// Returns the file's text as windows-1252. Characters that it lacks become "?".
   std::string Decoded(std::string_view file) const;
 
-  /// Returns the file with the key set to `value` (windows-1252). All other lines stay byte for
+  /// Returns the file with the key set to `value` (windows-1252), without a value the file without
+  /// the key. All other lines stay byte for
   /// byte, also those with characters that windows-1252 lacks.
   std::string WithValue(std::string file, std::string_view section, std::string_view key,
-                        std::string_view value) const;
+                        std::optional<std::string_view> value) const;
 
  private:
   enum class Kind { Windows1252, Utf8, Utf16 };

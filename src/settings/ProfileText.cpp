@@ -150,14 +150,18 @@ ProfileSection ProfileSectionText(std::string_view text, std::string_view sectio
 }
 
 ProfileChange ChangeToValue(std::string_view text, std::string_view section, std::string_view key,
-                            std::string_view value) {
+                            std::optional<std::string_view> value) {
+  const std::optional<Span> span = FindSection(text, section);
+  if (!value) {
+    const std::optional<Line> line = span ? FindKey(text, *span, key) : std::nullopt;
+    return line ? ProfileChange{line->start, line->next - line->start, {}} : ProfileChange();
+  }
   const auto endsOpen = [text](std::size_t at) {
     return at > 0 && text[at - 1] != '\n' && text[at - 1] != '\r';
   };
-  const std::size_t firstLetter = std::min(value.find_first_not_of(kBlanks), value.size());
+  const std::size_t firstLetter = std::min(value->find_first_not_of(kBlanks), value->size());
   const std::string entry =
-      std::string(key).append("=").append(value.substr(firstLetter)).append("\r\n");
-  const std::optional<Span> span = FindSection(text, section);
+      std::string(key).append("=").append(value->substr(firstLetter)).append("\r\n");
   if (!span) {
     const std::string header = std::string("[").append(section).append("]\r\n");
     return {text.size(), 0, (endsOpen(text.size()) ? "\r\n" : "") + header + entry};

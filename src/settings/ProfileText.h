@@ -45,8 +45,9 @@ struct ProfileChange {
 };
 
 /// Returns the change that sets the key to `value`: it replaces the key's first line, or adds a
-/// line after the section's last non-blank line, or appends the section.
+/// line after the section's last non-blank line, or appends the section. Without a value it removes
+/// the key's first line.
 ProfileChange ChangeToValue(std::string_view text, std::string_view section, std::string_view key,
-                            std::string_view value);
+                            std::optional<std::string_view> value);
 
 }  // namespace zek

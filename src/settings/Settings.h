@@ -38,6 +38,8 @@ struct Settings {
   bool PreventMinimize = false;
   bool AlwaysUseLocal = true;
   bool AlwaysUseDSS = true;
+  bool LogCommands = false;               // the log shows the commands that are sent, too
+  bool Demo = false;                      // the plant is a simulated one, see `--demo`
   bool VerifyAfterWrite = false;          // after sending, fetch again and compare
   std::int16_t DialogMode = 0;            // 0 not set, 1 "DEFAULT", 2 "ALL"
   std::int16_t SDCLastTwoDigitYear = 20;  // calendar: two digits up to this mean 20xx

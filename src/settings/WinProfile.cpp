@@ -29,9 +29,19 @@ std::string WinProfile::ReadIni(std::string_view section, std::string_view key,
 std::optional<FileError> WinProfile::WriteIni(std::string_view section, std::string_view key,
                                               std::string_view value) {
   auto error = file_.WriteIni(section, key, value);
-  // Discard the profile calls' cache of the file.
-  ::WritePrivateProfileStringA(nullptr, nullptr, nullptr, ansiPath_.c_str());
+  DiscardCache();
   return error;
+}
+
+std::optional<FileError> WinProfile::RemoveIni(std::string_view section, std::string_view key) {
+  auto error = file_.RemoveIni(section, key);
+  DiscardCache();
+  return error;
+}
+
+// The profile calls keep what they read of a file.
+void WinProfile::DiscardCache() const {
+  ::WritePrivateProfileStringA(nullptr, nullptr, nullptr, ansiPath_.c_str());
 }
 
 ProfileSection WinProfile::ReadSection(std::string_view section, std::size_t bufferSize) const {

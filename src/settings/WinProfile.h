@@ -21,9 +21,12 @@ class WinProfile final : public Profile {
                       std::string_view fallback) const override;
   std::optional<FileError> WriteIni(std::string_view section, std::string_view key,
                                     std::string_view value) override;
+  std::optional<FileError> RemoveIni(std::string_view section, std::string_view key) override;
   ProfileSection ReadSection(std::string_view section, std::size_t bufferSize) const override;
 
  private:
+  void DiscardCache() const;
+
   std::string ansiPath_;
   FileProfile file_;
 };

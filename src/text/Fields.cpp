@@ -56,6 +56,16 @@ std::string UpperCase(std::string_view text) {
   return upper;
 }
 
+std::string SortKey(std::string_view text) {
+  std::string key = UpperCase(text);
+  for (char& letter : key) {
+    if (letter == '\xC5') letter = '[';
+    if (letter == '\xC4') letter = '\\';
+    if (letter == '\xD6') letter = ']';
+  }
+  return key;
+}
+
 bool EqualNoCase(std::string_view left, std::string_view right) {
   return std::equal(left.begin(), left.end(), right.begin(), right.end(),
                     [](char a, char b) { return Upper(a) == Upper(b); });

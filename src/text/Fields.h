@@ -17,6 +17,10 @@ std::string_view Trim(std::string_view text);
 /// Converts to upper case, including the accented letters of windows-1252 (å to Å).
 std::string UpperCase(std::string_view text);
 
+/// Returns the text to compare for the Swedish order, in any case: å, ä and ö follow z. Their
+/// substitutes "[", "\" and "]" sort after "Z".
+std::string SortKey(std::string_view text);
+
 /// Replaces every occurrence of `secret` by "***", ignoring case; an empty secret hides nothing.
 std::string WithoutSecret(std::string_view text, std::string_view secret);
 

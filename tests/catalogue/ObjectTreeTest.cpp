@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "catalogue/CopyFormat.h"
+#include "catalogue/CopyStates.h"
 #include "catalogue/ObjectTree.h"
+#include "catalogue/TreeItems.h"
 #include "support/TestSession.h"
 #include "support/TextNames.h"
 
@@ -68,6 +70,50 @@ TEST(ObjectTree, TellsWhatCannotBeToldApart) {
             "x kBlockShared A PLT, PLT10\n"
             "x kFilesShared\nA, B: PC SCHOOL SDC.TXT\nC, C/SDC: PC Hall SDC.TXT\n"
             "C/T*, C/T?: PC Hall T_.TXT\nC/T*, C/T_: PC Hall T_.TXT\n");
+}
+
+TEST(TreeItems, GroupByThePartsOfLabels) {
+  test::TestSession session;
+  session.files.files["/ini/ZEKView.INI"] =
+      "[Topics]\nA=YES,1,PC,Alfa\nB=1,2,,Beta\nC=1,1,h:1,Empty\n"
+      "[A]\na1=School/DUC 1/Air;2\na2=School/DUC 1/Hall/Heat\n"
+      "[B]\nb1=School/DUC 2/Light\nb2=Office / Light\n";
+  session.Load("");
+  const ObjectTree& tree = session.proc.tree;
+  const std::vector<TreeItem> items = ItemsByPlace(tree, session.proc.topics, "%1 (all)");
+  std::string shown;
+  for (const TreeItem& item : items) {
+    shown += (item.parent ? items[*item.parent].text : "") + ">" + item.text + "; ";
+  }
+  EXPECT_EQ(shown,
+            ">School; School>DUC 1; DUC 1>Alfa (all); DUC 1>Air [A1]; DUC 1>Hall; Hall>Heat [A2]; "
+            ">Beta (all); School>DUC 2; DUC 2>Light [B1]; >Office; Office>Light [B2]; "
+            ">Empty (all); ");
+  using Places = std::vector<std::size_t>;
+  EXPECT_EQ(NodesAround(items, 3), (Places{0, 1, 2}));
+  EXPECT_EQ(NodesAround(items, 0), (Places{0, 1, 2, 4}));
+  EXPECT_EQ(NodesAround(ItemsByObject(tree), 5), (Places{3, 4, 5}));
+  EXPECT_EQ(NodesWith(tree, "light school"), (Places{4}));
+  EXPECT_EQ(NodesWith(tree, "pc/a"), (Places{0, 1, 2}));
+}
+
+TEST(CopyStates, TellWhichControlHasUnsentChanges) {
+  test::TestSession session;
+  CopyStates states(session.proc.copies, session.proc.records);
+  session.Select("ONE/AHU1");
+  const CatalogueId id = session.Id();
+  EXPECT_FALSE(states.Of(id).exists);
+  session.Store({"1000 !AHU1  !MO", "1001 !AHU2  !MO"});
+  EXPECT_FALSE(states.Of(id).exists) << "read once";
+  states.Forget(id.localFile);
+  EXPECT_TRUE(states.Of(id).exists && states.Of(id).time.empty() && !states.Of(id).unsent);
+  session.proc.records.RememberKnown(id, {{"1000 !AHU1  !MO"}, {}, LinesFrom::Controller, 0});
+  states.ForgetAll();
+  CatalogueId other = id;
+  other.control = "AHU2";
+  EXPECT_EQ(states.Of(id).time.size(), 16U);
+  EXPECT_FALSE(states.Of(id).unsent);
+  EXPECT_TRUE(states.Of(other).unsent);
 }
 
 TEST(LocalFiles, NamesStayInTheirDirectory) {

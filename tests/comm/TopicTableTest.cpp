@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "app/TopicList.h"
 #include "comm/TopicTable.h"
+#include "lang/TextNumbers.h"
 #include "support/TestSession.h"
 
 namespace zek {
@@ -20,6 +22,55 @@ TEST(TopicTable, ParsesEntries) {
   EXPECT_FALSE(ParseTopic("no equals", false));
   EXPECT_TRUE(ParseTopic("a=1,1,h:1:0", false)->HasDus);
   EXPECT_FALSE(ParseTopic("a=0,1,h:1:", false)->HasDus);
+}
+
+TEST(TopicEntry, ChangesOnlyWhatIsEntered) {
+  const struct {
+    TopicEntry entry;
+    const char* before;
+    std::int32_t wrong;
+    const char* after;
+  } cases[] = {
+      {{"A", Generation::Zek1, "h:1", "", "D"}, "", 0, "YES,ZEK1,h:1,D"},
+      {{"a-1_b", Generation::Zek2, "H:5100", "3", ""},
+       "no,1, h:5100:3 ,D,T,x",
+       0,
+       "no,ZEK2, h:5100:3 ,,T,x"},
+      {{"A", Generation::Zek2, "PC", "", "D"}, "1,zek 2,h:1", 0, "1,zek 2,PC,D"},
+      {{"\xC5", Generation::Zek1, "", "", ""}, "", text::kTopicBadName, nullptr},
+      {{"general", Generation::Zek1, "", "", ""}, "", text::kTopicBadName, nullptr},
+      {{"A", Generation::Zek1, "h:70000", "", ""}, "", text::kTopicBadAddress, nullptr},
+      {{"A", Generation::Zek1, "h:1:2", "", ""}, "", text::kTopicBadAddress, nullptr},
+      {{"A", Generation::Zek1, "PC", "3", ""}, "", text::kTopicBadDus, nullptr},
+      {{"A", Generation::Zek1, "h:1", "3x", ""}, "", text::kTopicBadDus, nullptr},
+      {{"A", Generation::Zek1, "h:1", "3", "a,b"}, "", text::kTopicBadDescription, nullptr},
+  };
+  for (const auto& each : cases) {
+    EXPECT_EQ(Complaint(each.entry).value_or(0), each.wrong) << each.entry.name;
+    if (each.after != nullptr) {
+      EXPECT_EQ(TopicValue(each.entry, each.before), each.after);
+    }
+  }
+}
+
+TEST(TopicList, AChangeTakesEffectAtOnceAndKeepsTheOtherLines) {
+  test::TestSession session;
+  ZV_Proc& proc = session.proc;
+  std::string& file = session.files.files["/ini/ZEKView.INI"];
+  file = "; c\n[Topics]\n;x=1\nOne = no,1,h:1,First\n\nTWO=1\n[ONE]\nAHU1=x\n";
+  session.Load("");
+  EXPECT_TRUE(SaveTopic(proc, {"ONE", Generation::Zek1, "h:2", "", "New"}));
+  EXPECT_TRUE(SaveTopic(proc, {"NEW", Generation::Zek2, "h:3", "4", "Third"}));
+  EXPECT_TRUE(RemoveTopic(proc, "two"));
+  EXPECT_EQ(file,
+            "; c\n[Topics]\n;x=1\nOne=no,1,h:2,New\r\n\nNEW=YES,ZEK2,h:3:4,Third\r\n[ONE]\nAHU1=x\n"
+            "[General]\r\nDialogMode=ALL\r\n");
+  EXPECT_EQ(proc.topics.TopicCount(), 2);
+  EXPECT_EQ(proc.topics.Listed(proc.settings).size(), 2U);
+  EXPECT_EQ(TestTopic(proc, EntryOf(proc.topics[0])), Contact::Silent);
+  session.socket.reachable = false;
+  EXPECT_EQ(TestTopic(proc, EntryOf(proc.topics[0])), Contact::None);
+  EXPECT_EQ(proc.topics.TopicCount(), 2);
 }
 
 TEST(TopicTable, ListsByModeAndSwedishOrder) {

@@ -29,8 +29,8 @@ class ZV_MainTest : public testing::Test {
     EXPECT_TRUE(PumpUntil([this] { return !form_; }));
   }
 
-  void Begin(std::string_view commandLine) {
-    world_ = std::make_unique<PlantWorld>(commandLine, kIni);
+  void Begin(std::string_view commandLine, std::string_view ini = kIni) {
+    world_ = std::make_unique<PlantWorld>(commandLine, ini);
     world_->ticks.Stop();                                // the window has its own
     form_ = new ZV_Main(world_->session, world_->turn);  // deleted when it closes
     form_->Show();
@@ -82,16 +82,47 @@ class ZV_MainTest : public testing::Test {
 TEST_F(ZV_MainTest, ATypedCommandIsSentAndItsAnswerLogged) {
   Open();
   Connect();
+  proc().settings.LogCommands = true;
   EXPECT_EQ(topics().GetStringSelection(), "Kontoret [HOST:2/KONTOR]");  // sorted
   Type("list wdc");
   input().ChangeValue(input().GetValue().Upper());
   Key(WXK_RETURN);
-  EXPECT_TRUE(PumpUntil([this] { return list().GetItemCount() == 3; }));
+  EXPECT_TRUE(PumpUntil([this] { return list().GetItemCount() == 4; }));
+  EXPECT_EQ(list().Line(0), "> LIST WDC");
   EXPECT_EQ(sent(), "LIST WDC\r");
   EXPECT_EQ(list().SelectedLine(), "EXIT");
   EXPECT_TRUE(PumpUntil([this] { return input().IsEmpty(); }));
   EXPECT_EQ(form_->GetStatusBar()->GetStatusText(0), "Kontoret (KONTOR)");
   EXPECT_EQ(form_->GetStatusBar()->GetStatusText(2), "0001");
+  Type("x");
+  Key(WXK_UP);
+  EXPECT_EQ(input().GetValue(), "LIST WDC");
+  Key(WXK_DOWN);
+  EXPECT_EQ(input().GetValue().Lower(), "x");
+}
+
+// Without topics the window says what to do.
+TEST_F(ZV_MainTest, AControllerIsAddedInTheWindow) {
+  Begin("", "[General]\r\nLanguage=046\r\n");
+  EXPECT_TRUE(PumpUntil([] { return Shown("Command_AddTopic") && Shown("ZV_Info"); }));
+  CloseAboutBox();
+  Play({{[] { return IsActive("ZV_Topic"); },
+         [] {
+           Box("Text_Address").SetValue("plant:0");
+           Command(*Shown("ZV_Topic"), wxEVT_BUTTON, wxID_OK);
+         }},
+        {[] { return !Shown("Label_State")->GetLabel().Trim().empty(); },
+         [] {
+           Box("Text_Name").SetValue("SKOLA");
+           Box("Text_Address").SetValue("plant:5100");
+           Click(*Shown("Command_Test"));
+         }},
+        {[this] {
+           return !link().sent.empty() && Shown("Label_State")->GetLabel() == "DUC svarar.";
+         },
+         [] { Command(*Shown("ZV_Topic"), wxEVT_BUTTON, wxID_OK); }}});
+  Click(*Shown("Command_AddTopic"));
+  EXPECT_TRUE(PumpUntil([this] { return topics().GetCount() == 1 && !Shown("Panel_Welcome"); }));
 }
 
 TEST_F(ZV_MainTest, ControlCharactersGoAtOnceAndLeaveTheText) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <wx/listctrl.h>
 #include <wx/menu.h>
 #include <wx/statusbr.h>
 
@@ -57,6 +58,29 @@ TEST_F(BrowserTest, MenuItemsFollowTheSelection) {
             EXPECT_EQ(bar.IsEnabled(Menu_EraseWDC), each.eraseWdc) << each.node;
             EXPECT_EQ(bar.IsEnabled(Menu_EraseSDC), each.eraseSdc) << each.node;
           }
+          Escape();
+        }}});
+}
+
+// By keys alone; the list also follows the tree, in both of its views.
+TEST_F(BrowserTest, ASearchFindsANodeOfAnyObject) {
+  const auto list = [] { return dynamic_cast<wxListCtrl*>(Shown("List_Nodes")); };
+  const auto selected = [] { return Tree().GetItemText(Tree().GetSelection()); };
+  Run({{InBrowser, [&] {
+          EXPECT_EQ(list()->GetItemCount(), 3);
+          Press('F', wxMOD_CONTROL);
+          EXPECT_TRUE(PumpUntil([] { return HasFocus("Text_Search"); }));
+          Type("kontoret till");
+          EXPECT_TRUE(PumpUntil([&] { return selected().EndsWith("[TF2]"); }));
+          EXPECT_EQ(list()->GetItemCount(), 1);
+          Press(WXK_RETURN);
+          EXPECT_TRUE(PumpUntil([] { return HasFocus("List_Nodes"); }));
+          Reach("TreeView", Escape);
+          Press('2', wxMOD_CONTROL);
+          EXPECT_TRUE(PumpUntil([&] { return selected().StartsWith("Till"); }));
+          EXPECT_EQ(list()->GetItemCount(), 2);
+          Press('1', wxMOD_CONTROL);
+          EXPECT_TRUE(PumpUntil([&] { return selected().StartsWith("Kontoret/"); }));
           Escape();
         }}});
 }

@@ -35,6 +35,16 @@ TEST(ProfileEncoding, WritesAndKeepsEveryOtherByte) {
   }
 }
 
+TEST(ProfileEncoding, RemovesALineAndNothingElse) {
+  const std::pair<std::string, std::string> cases[] = {
+      {"[S]\n K = old\nk=2\r\n\n[t]\nk=3", "[S]\nk=2\r\n\n[t]\nk=3"},
+      {"; c\n[s]\na=1\n[t]\nk=3", "; c\n[s]\na=1\n[t]\nk=3"},
+      {"\xFF\xFE[\0s\0]\0\n\0k\0=\0\n\0\x92\x21"s, "\xFF\xFE[\0s\0]\0\n\0\x92\x21"s},
+  };
+  for (const auto& [before, after] : cases)
+    EXPECT_EQ(ProfileEncoding(before).WithValue(before, "s", "k", std::nullopt), after);
+}
+
 TEST(FileProfile, AFailedReadNeverLeadsToAWrite) {
   test::MemoryFiles files;
   FileProfile profile(files, "ini");

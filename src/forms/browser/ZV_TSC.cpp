@@ -4,12 +4,15 @@
 
 #include <wx/sizer.h>
 #include <wx/statusbr.h>
+#include <wx/toolbar.h>
 #include <wx/utils.h>
 #include <wx/weakref.h>
 
 #include "app/StartSession.h"
 #include "forms/CancelTransfer.h"
+#include "forms/ModeStrip.h"
 #include "forms/StatusChain.h"
+#include "forms/ZV_Help.h"
 #include "forms/calendar/ZV_SDC.h"
 #include "forms/exception/ZV_OVC.h"
 #include "forms/weekday/ZV_WDC.h"
@@ -25,10 +28,13 @@ namespace zek {
 using namespace browser;
 
 namespace {
-constexpr int kWidth = 620;
-constexpr int kHeight = 520;
+constexpr int kWidth = 780;
+constexpr int kHeight = 560;
 constexpr int kSmallestWidth = 380;
-constexpr int kSmallestHeight = 260;
+constexpr int kSmallestHeight = 320;
+constexpr int kTreeShare = 3;
+constexpr int kListShare = 2;
+constexpr int kListGap = 4;
 
 // A click on the disabled window below must not bring it over the browser and its editors.
 long FloatOn(const wxWindow* parent) { return parent == nullptr ? 0 : wxFRAME_FLOAT_ON_PARENT; }
@@ -41,12 +47,19 @@ ZV_TSC::ZV_TSC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, BatchExport& batch
       proc_(proc),
       turn_(turn),
       batch_(batch),
+      states_(proc.copies, proc.records),
       TreeView(new ObjectTreeView(this)),
-      Timer_Batch([this] { OnBatchTick(); }) {
+      Timer_Batch([this] { OnBatchTick(); }),
+      Timer_States([this] { OnStatesTick(); }) {
   BuildMenus();
+  BuildToolbar();
   BuildStatusBar();
   auto* const whole = new wxBoxSizer(wxVERTICAL);
-  whole->Add(TreeView, 1, wxEXPAND);
+  if (wxWindow* const strip = NewModeStrip(this, proc)) whole->Add(strip, 0, wxEXPAND);
+  whole->Add(SearchRow(), 0, wxEXPAND);
+  whole->Add(TreeView, kTreeShare, wxEXPAND);
+  whole->Add(List_Nodes = new NodeList(this, proc, states_), kListShare, wxEXPAND | wxTOP,
+             FromDIP(kListGap));
   whole->Add(BatchRow(), 0, wxEXPAND);
   SetSizer(whole);
   SetMinSize(FromDIP(wxSize(kSmallestWidth, kSmallestHeight)));
@@ -80,6 +93,20 @@ void ZV_TSC::BindEvents() {
   onMenu(Menu_Batch_GetWDC, [this] { ToggleBatch(&BatchKinds::WDC); });
   onMenu(Menu_Batch_GetSDC, [this] { ToggleBatch(&BatchKinds::SDC); });
   onMenu(Menu_Batch_GetOVC, [this] { ToggleBatch(&BatchKinds::OVC); });
+  onMenu(Menu_Search, [this] {
+    Text_Search->SetFocus();
+    Text_Search->SelectAll();
+  });
+  onMenu(Menu_Help, [this] { ShowHelp(this, proc_); });
+  onMenu(Menu_Keys, [this] { ShowHelp(this, proc_, kHelpPageKeys); });
+  onMenu(Menu_ByObject, [this] { ShowByPlace(false); });
+  onMenu(Menu_ByPlace, [this] { ShowByPlace(true); });
+  onMenu(Tool_ByPlace, [this] { ShowByPlace(GetToolBar()->GetToolState(Tool_ByPlace)); });
+  Text_Search->Bind(wxEVT_TEXT, [this](wxCommandEvent&) { OnSearch(); });
+  Text_Search->Bind(wxEVT_TEXT_ENTER, [this](wxCommandEvent&) { List_Nodes->SetFocus(); });
+  List_Nodes->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent&) { OnListed(); });
+  List_Nodes->Bind(wxEVT_LIST_ITEM_ACTIVATED,
+                   [this](wxListEvent&) { Get(Catalogue::Wdc, ShowWeekdayForm); });
   TreeView->Bind(wxEVT_TREE_SEL_CHANGED, [this](wxTreeEvent&) { OnSelected(); });
   TreeView->Bind(wxEVT_TREE_ITEM_ACTIVATED, &ZV_TSC::OnActivated, this);
   TreeView->Bind(wxEVT_TREE_ITEM_MENU, [this](wxTreeEvent& event) {
@@ -124,6 +151,10 @@ void ZV_TSC::RunModal() {
   if (!alive) return;
   loop_ = nullptr;
   EndBatch();
+  // The session may end before the toolkit deletes the form.
+  Timer_States.Stop();
+  closing_ = true;
+  List_Nodes->ShowPlaces({});
   Destroy();
 }
 
@@ -131,7 +162,7 @@ void ZV_TSC::ShowTree() {
   const wxWeakRef<ZV_TSC> alive(this);
   LoadTree(proc_);
   if (!alive) return;
-  TreeView->ShowNodes(proc_.tree);
+  ShowItems();
   OnSelected();
   TreeView->SetFocus();
   const std::string& wanted = proc_.settings.StartTopic;
@@ -153,13 +184,14 @@ void ZV_TSC::ShowTree() {
 void ZV_TSC::OnSelected() {
   const std::optional<std::size_t> place = TreeView->Selected();
   if (place) SelectNode(proc_, *place);
-  UpdateMenu(*menuTSC_);
+  UpdateActions();
+  if (!busy_ && Text_Search->IsEmpty()) ShowList();
+  List_Nodes->SelectPlace(place);
 }
 
 void ZV_TSC::OnActivated(wxTreeEvent& event) {
   const std::optional<std::size_t> place = TreeView->PlaceOf(event.GetItem());
-  if (!place) return;
-  if (proc_.tree.at(*place).IsTimeControl()) {
+  if (place && proc_.tree.at(*place).IsTimeControl()) {
     Get(Catalogue::Wdc, ShowWeekdayForm);
   } else {
     TreeView->Toggle(event.GetItem());
@@ -185,7 +217,9 @@ void ZV_TSC::ShowContextMenu() {
 // Some systems offer the Escape that closes a menu to the form as well.
 void ZV_TSC::OnKey(wxKeyEvent& event) {
   if (event.GetKeyCode() == WXK_ESCAPE && !event.HasAnyModifiers() && openMenus_ == 0) {
-    Close();
+    if (!EndSearch()) Close();
+  } else if (event.GetKeyCode() == WXK_DELETE && Text_Search->HasFocus()) {
+    DeleteInSearch();  // the menu would take the key and erase a local copy
   } else {
     event.Skip();
   }
@@ -224,19 +258,22 @@ void ZV_TSC::CancelLater() {
 }
 
 void ZV_TSC::Get(Catalogue catalogue, ShowEditor showEditor) {
-  if (busy_ || !proc_.selection.Has(catalogue)) return;
+  if (busy_ || !TreeView->Selected() || !proc_.selection.Has(catalogue)) return;
   const wxWeakRef<ZV_TSC> alive(this);
+  const Selection of = proc_.selection;
   std::optional<CatalogueContent> content;
   const bool close = Transfer([&proc = proc_, &content, catalogue] {
     content = proc.catalogues.GetCatalogue(proc.selection.Id(catalogue));
   });
   if (!alive) return;
-  UpdateMenu(*menuTSC_);
+  ReadStatesAgain(&of);
   if (close) {
     Close();
   } else if (content) {
     showEditor(this, proc_, turn_, *content);
-    if (alive) TakeKeys();
+    if (!alive) return;
+    ReadStatesAgain(&of);
+    TakeKeys();
   }
 }
 
@@ -256,21 +293,23 @@ void ZV_TSC::Erase(Catalogue catalogue) {
     return;
   }
   proc_.copies.Erase(id);
-  if (alive) UpdateMenu(*menuTSC_);
+  if (alive) ReadStatesAgain(&proc_.selection);
 }
 
 void ZV_TSC::OnHistory() {
   if (busy_ || !TreeView->Selected()) return;
   const wxWeakRef<ZV_TSC> alive(this);
+  const Selection of = proc_.selection;
   const std::optional<Catalogue> sendBack = ShowHistory(this, proc_);
   if (!alive) return;
   if (sendBack) {
-    const CatalogueId id = proc_.selection.Id(*sendBack);
+    const CatalogueId id = of.Id(*sendBack);
     const bool close =
         Transfer([&proc = proc_, id] { static_cast<void>(proc.catalogues.SendBack(id)); });
     if (!alive) return;
     if (close) return static_cast<void>(Close());
   }
+  ReadStatesAgain(&of);
   TakeKeys();
 }
 

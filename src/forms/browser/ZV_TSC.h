@@ -9,11 +9,14 @@
 #include <wx/menu.h>
 #include <wx/panel.h>
 #include <wx/stattext.h>
+#include <wx/textctrl.h>
 #include <wx/window.h>
 
 #include "app/ZV_Proc.h"
 #include "catalogue/Catalogue.h"
+#include "catalogue/CopyStates.h"
 #include "export/BatchExport.h"
+#include "forms/browser/ZV_TSCList.h"
 #include "forms/browser/ZV_TSCTree.h"
 #include "ui/InputBlock.h"
 #include "wxbase/WxTurn.h"
@@ -38,14 +41,27 @@ class ZV_TSC final : public wxFrame {
 
  private:
   void BuildMenus();
+  void BuildToolbar();
   void BuildStatusBar();
+  wxWindow* SearchRow();
   wxWindow* BatchRow();
   void BindEvents();
   void ShowTree();
   void ShowBusy(bool busy);
   void PlaceCancel();
   void UpdateMenu(wxMenu& menu) const;
+  void UpdateActions();
   std::unique_ptr<wxMenu> TSCMenu() const;
+
+  void ShowItems();
+  void ShowByPlace(bool byPlace);
+  void ShowList();
+  void OnListed();
+  void OnSearch();
+  bool EndSearch();
+  void DeleteInSearch();
+  void ReadStatesAgain(const Selection* of = nullptr);
+  void OnStatesTick();
 
   void OnSelected();
   void OnActivated(wxTreeEvent& event);
@@ -78,7 +94,10 @@ class ZV_TSC final : public wxFrame {
   ZV_Proc& proc_;
   WxTurn& turn_;
   BatchExport& batch_;
+  CopyStates states_;
   ObjectTreeView* TreeView;
+  NodeList* List_Nodes = nullptr;
+  wxTextCtrl* Text_Search = nullptr;
   wxMenu* menuTSC_ = nullptr;
   wxMenu* menuBatch_ = nullptr;
   wxPanel* batchRow_ = nullptr;
@@ -92,6 +111,8 @@ class ZV_TSC final : public wxFrame {
   bool closing_ = false;                    // about to be destroyed
   std::unique_ptr<InputBlock> batchBlock_;  // exists while a batch runs
   WxTick Timer_Batch;
+  WxTick Timer_States;        // finds the nodes to mark, some of them each time
+  std::vector<bool> marked_;  // those with unsent changes, as far as they are found
 };
 
 /// The browser's menu items.
@@ -111,6 +132,12 @@ enum Menu : int {
   Menu_Batch_GetWDC,
   Menu_Batch_GetSDC,
   Menu_Batch_GetOVC,
+  Menu_Search,
+  Menu_ByObject,
+  Menu_ByPlace,
+  Tool_ByPlace,
+  Menu_Help,
+  Menu_Keys,
 };
 }  // namespace browser
 

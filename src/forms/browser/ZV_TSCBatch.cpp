@@ -45,7 +45,7 @@ wxWindow* ZV_TSC::BatchRow() {
 void ZV_TSC::ToggleBatch(bool BatchKinds::*kind) {
   BatchKinds& kinds = proc_.batch.Kinds;
   kinds.*kind = !(kinds.*kind);
-  menuBatch_->Enable(Menu_Batch_Run, kinds.Count() > 0);
+  UpdateActions();
 }
 
 void ZV_TSC::StartBatch() {
@@ -71,6 +71,7 @@ void ZV_TSC::FinishBatch() {
   const bool close = batchBlock_->CloseRequested() || turn_.Quitting() || proc_.settings.BatchMode;
   EndBatch();
   ShowStatus();
+  ReadStatesAgain();
   const wxWeakRef<ZV_TSC> alive(this);
   if (proc_.settings.BatchMode) {
     batch_.StoreReport();

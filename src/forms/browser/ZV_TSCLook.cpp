@@ -1,6 +1,8 @@
 #include <array>
+#include <initializer_list>
 
 #include <wx/statusbr.h>
+#include <wx/toolbar.h>
 
 #include "forms/browser/ZV_TSC.h"
 #include "lang/TextNumbers.h"
@@ -51,10 +53,20 @@ void ZV_TSC::BuildMenus() {
   menuBatch_->AppendCheckItem(Menu_Batch_GetWDC, Label(text::kMenuBatchWDC))->Check(kinds.WDC);
   menuBatch_->AppendCheckItem(Menu_Batch_GetSDC, Label(text::kMenuBatchSDC))->Check(kinds.SDC);
   menuBatch_->AppendCheckItem(Menu_Batch_GetOVC, Label(text::kMenuBatchOVC))->Check(kinds.OVC);
+  auto* const view = new wxMenu;
+  view->Append(Menu_Search, Label(text::kSearchMenu, "Ctrl+F"));
+  view->AppendSeparator();
+  view->AppendRadioItem(Menu_ByObject, Label(text::kViewByObject, "Ctrl+1"));
+  view->AppendRadioItem(Menu_ByPlace, Label(text::kViewByPlace, "Ctrl+2"));
   auto* const bar = new wxMenuBar;
   bar->Append(file, Label(text::kMenuFile));
   bar->Append(menuTSC_, Label(text::kBrowserTSC));
+  bar->Append(view, Label(text::kMenuView));
   bar->Append(menuBatch_, Label(text::kMenuBatch));
+  auto* const help = new wxMenu;
+  help->Append(Menu_Help, Label(text::kHelpContents, "F1"));
+  help->Append(Menu_Keys, Label(text::kHelpKeys));
+  bar->Append(help, Label(text::kMenuHelp));
   SetMenuBar(bar);
 }
 
@@ -74,6 +86,15 @@ void ZV_TSC::UpdateMenu(wxMenu& menu) const {
   menu.Enable(Menu_EraseSDC, erasable(Catalogue::Sdc));
   menu.Enable(Menu_EraseOVC, erasable(Catalogue::Ovc));
   menu.Enable(Menu_History, selected);
+}
+
+void ZV_TSC::UpdateActions() {
+  UpdateMenu(*menuTSC_);
+  menuBatch_->Enable(Menu_Batch_Run, proc_.batch.Kinds.Count() > 0);
+  wxToolBar& bar = *GetToolBar();
+  for (const int action : {Menu_GetWDC, Menu_GetSDC, Menu_GetOVC, Menu_History})
+    bar.EnableTool(action, menuTSC_->IsEnabled(action));
+  bar.EnableTool(Menu_Batch_Run, menuBatch_->IsEnabled(Menu_Batch_Run));
 }
 
 void ZV_TSC::BuildStatusBar() {
@@ -112,7 +133,9 @@ void ZV_TSC::ShowBusy(bool busy) {
   PlaceCancel();
   // Move the focus before disabling the tree; otherwise Escape would not arrive.
   if (busy) cancel_->SetFocus();
-  TreeView->Enable(!busy);
+  for (wxWindow* const part : std::initializer_list<wxWindow*>{TreeView, List_Nodes, Text_Search})
+    part->Enable(!busy);
+  GetToolBar()->Enable(!busy);
   for (std::size_t i = 0; i < GetMenuBar()->GetMenuCount(); ++i) GetMenuBar()->EnableTop(i, !busy);
   SetCursor(busy ? wxCursor(wxCURSOR_WAIT) : wxNullCursor);
   if (!busy) TreeView->SetFocus();

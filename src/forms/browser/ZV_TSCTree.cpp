@@ -16,7 +16,14 @@ namespace {
 
 constexpr int kPictureSize = 16;
 
-constexpr std::string_view kBlank;
+// A folder: a group of nodes.
+constexpr std::string_view kGroup =
+    R"(<path d="M1.5 4 a1 1 0 0 1 1-1 H6 L7.5 5 H13.5 a1 1 0 0 1 1 1 V12.5 a1 1 0 0 1 -1 1 H2.5 a1 1 0 0 1 -1 -1 Z"
+ fill="#ffe0a3" stroke="#b07d2b"/>)";
+
+// Laid over the picture of a node with unsent changes.
+constexpr std::string_view kMark =
+    R"(<circle cx="12" cy="4" r="3.5" fill="#e65100" stroke="#ffffff"/>)";
 
 // A controller in its cabinet; grey if it has no time control.
 constexpr std::string_view kEmptyObject =
@@ -38,16 +45,18 @@ constexpr std::string_view kTimeControl2 =
     R"(<rect x="1.5" y="1.5" width="13" height="13" rx="3" fill="#ffffff" stroke="#2e7d32" stroke-width="1.5"/>
 <path d="M8 4 L8 8 L11 9.8" fill="none" stroke="#263238" stroke-width="1.4"/>)";
 
-constexpr std::array kPictures{kBlank, kEmptyObject, kObject, kTimeControl1, kTimeControl2};
+constexpr std::array kPictures{kGroup, kEmptyObject, kObject, kTimeControl1, kTimeControl2};
 
 }  // namespace
 
 wxVector<wxBitmapBundle> NodePictures() {
   wxVector<wxBitmapBundle> bundles;
-  for (const std::string_view shapes : kPictures) {
-    const std::string svg = R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 16 16">)" +
-                            std::string(shapes) + "</svg>";
-    bundles.push_back(wxBitmapBundle::FromSVG(svg.c_str(), wxSize(kPictureSize, kPictureSize)));
+  for (const std::string_view mark : {std::string_view(), kMark}) {
+    for (const std::string_view shapes : kPictures) {
+      const std::string svg = R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 16 16">)" +
+                              std::string(shapes) + std::string(mark) + "</svg>";
+      bundles.push_back(wxBitmapBundle::FromSVG(svg.c_str(), wxSize(kPictureSize, kPictureSize)));
+    }
   }
   return bundles;
 }
@@ -58,29 +67,70 @@ ObjectTreeView::ObjectTreeView(wxWindow* parent)
           wxTR_HAS_BUTTONS | wxTR_NO_LINES | wxTR_LINES_AT_ROOT | wxTR_HIDE_ROOT | wxTR_SINGLE) {
   SetName("TreeView");
   SetImages(NodePictures());
+  Bind(wxEVT_TREE_ITEM_GETTOOLTIP, [this](wxTreeEvent& event) {
+    if (const auto index = IndexOf(event.GetItem())) event.SetToolTip(ToolTipOf(*index));
+  });
 }
 
-void ObjectTreeView::ShowNodes(const ObjectTree& tree) {
+void ObjectTreeView::ShowItems(std::vector<TreeItem> items, const ObjectTree& tree) {
   const wxWindowUpdateLocker still(this);
   DeleteAllItems();
-  items_.clear();
+  tree_ = &tree;
+  items_ = std::move(items);
+  ids_.clear();
+  shown_.assign(tree.size(), 0);
   const wxTreeItemId root = AddRoot({});
-  for (const TreeNode& node : tree) {
-    const wxTreeItemId parent = node.Parent ? items_.at(*node.Parent) : root;
-    items_.push_back(AppendItem(parent, ToWx(node.Text), static_cast<int>(node.Picture)));
+  for (const TreeItem& item : items_) {
+    const int picture = item.node ? static_cast<int>(tree.at(*item.node).Picture) : 0;
+    if (item.node) shown_.at(*item.node) = ids_.size();
+    ids_.push_back(
+        AppendItem(item.parent ? ids_.at(*item.parent) : root, ToWx(item.text), picture));
   }
+}
+
+void ObjectTreeView::MarkNodes(std::vector<bool> marked) {
+  marked.resize(shown_.size());
+  std::vector<bool> marks(items_.size());
+  for (std::size_t index = items_.size(); index-- > 0;) {
+    const TreeItem& item = items_[index];
+    marks[index] = marks[index] || (item.node && marked[*item.node]);
+    if (marks[index] && item.parent) marks[*item.parent] = true;
+  }
+  const int pictures = static_cast<int>(kPictures.size());
+  for (std::size_t index = 0; index < items_.size(); ++index) {
+    const int before = GetItemImage(ids_[index]);
+    const int now = before % pictures + (marks[index] ? pictures : 0);
+    if (now != before) SetItemImage(ids_[index], now);
+  }
+}
+
+// The addresses, which the groups do not show.
+wxString ObjectTreeView::ToolTipOf(std::size_t index) const {
+  if (!items_[index].node) return {};
+  const TreeNode& node = tree_->at(*items_[index].node);
+  return ToWx(node.Parent ? tree_->at(*node.Parent).Text + "\n" + node.Text : node.Text);
 }
 
 std::optional<std::size_t> ObjectTreeView::Selected() const { return PlaceOf(GetSelection()); }
 
+std::vector<std::size_t> ObjectTreeView::PlacesAround() const {
+  const auto index = IndexOf(GetSelection());
+  return index ? NodesAround(items_, *index) : std::vector<std::size_t>();
+}
+
+std::optional<std::size_t> ObjectTreeView::IndexOf(const wxTreeItemId& item) const {
+  const auto found = std::find(ids_.begin(), ids_.end(), item);
+  if (!item.IsOk() || found == ids_.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - ids_.begin());
+}
+
 std::optional<std::size_t> ObjectTreeView::PlaceOf(const wxTreeItemId& item) const {
-  const auto found = std::find(items_.begin(), items_.end(), item);
-  if (!item.IsOk() || found == items_.end()) return std::nullopt;
-  return static_cast<std::size_t>(found - items_.begin());
+  const auto index = IndexOf(item);
+  return index ? items_[*index].node : std::nullopt;
 }
 
 void ObjectTreeView::SelectPlace(std::size_t place) {
-  const wxTreeItemId item = items_.at(place);
+  const wxTreeItemId item = ids_.at(shown_.at(place));
   SelectItem(item);
   if (ItemHasChildren(item)) Expand(item);
   EnsureVisible(item);
@@ -95,14 +145,14 @@ wxPoint ObjectTreeView::MenuPlace() const {
 
 void ObjectTreeView::ExpandObjects() {
   const wxWindowUpdateLocker still(this);
-  for (const wxTreeItemId& item : items_)
+  for (const wxTreeItemId& item : ids_)
     if (ItemHasChildren(item)) Expand(item);
   if (Selected()) EnsureVisible(GetSelection());
 }
 
 void ObjectTreeView::CollapseObjects() {
   const wxWindowUpdateLocker still(this);
-  for (const wxTreeItemId& item : items_)
+  for (const wxTreeItemId& item : ids_)
     if (ItemHasChildren(item)) Collapse(item);
 }
 

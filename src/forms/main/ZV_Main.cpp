@@ -5,7 +5,9 @@
 #include <wx/utils.h>
 
 #include "app/StartSession.h"
+#include "forms/ZV_Help.h"
 #include "forms/browser/ZV_TSC.h"
+#include "forms/main/ZV_Topics.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "text/Fields.h"
@@ -41,8 +43,8 @@ ZV_Main::ZV_Main(ZV_Proc& proc, WxTurn& turn)
       Timer_Comm([this] { OnTick(); }),
       refresh_([this] { ShowState(); }) {
   BuildMenus();
-  BuildToolbar();
   BuildControls();
+  BuildToolbar();
   BuildAccelerators();
   BindEvents();
   RememberPlacement(*this, "ZV_Main");
@@ -74,6 +76,11 @@ void ZV_Main::BindEvents() {
   });
   onMenu(Menu_Exit, [this] { Close(); });
   onMenu(Menu_TSC, [this] { OpenBrowser(); });
+  onMenu(Menu_Topics, [this] { ChangeTopics(ShowTopics); });
+  onMenu(Menu_Help, [this] { ShowHelp(this, proc_); });
+  onMenu(Menu_Keys, [this] { ShowHelp(this, proc_, kHelpPageKeys); });
+  onMenu(Menu_Demo, [this] { TryDemo(); });
+  onMenu(Menu_About, [this] { ShowInfo(); });
   Combo_Topics->Bind(wxEVT_CHOICE, [this](wxCommandEvent& event) {
     const int item = event.GetSelection();
     // Deferred: connecting waits, and must not do so inside the control's handler.
@@ -138,7 +145,11 @@ void ZV_Main::FirstActivation() {
     if (!proc_.settings.StartDialog.empty()) StartDialog();
     if (closeRequested_) return;
   }
-  info_ = new ZV_Info(this, proc_.texts);
+  ShowInfo();
+}
+
+void ZV_Main::ShowInfo() {
+  if (!info_) info_ = new ZV_Info(this, proc_.texts);
   info_->ShowWithoutActivating();
 }
 
@@ -217,13 +228,24 @@ void ZV_Main::OnKey(wxKeyEvent& event) {
   const int key = event.GetKeyCode();
   if (key == kEnquiry || key == kPrintEnable) {
     Send(std::string(1, static_cast<char>(key)), {});
-  } else {
+  } else if (!Recall(key)) {
     event.Skip();
   }
 }
 
+// Up and Down bring back what was typed before.
+bool ZV_Main::Recall(int key) {
+  const bool up = key == WXK_UP || key == WXK_NUMPAD_UP;
+  if ((!up && key != WXK_DOWN && key != WXK_NUMPAD_DOWN) || proc_.settings.ViewOnly) return false;
+  const std::string typed = FromWx(Text_Input->GetValue());
+  Text_Input->ChangeValue(ToWx(up ? history_.Older(typed) : history_.Newer(typed)));
+  Text_Input->SetInsertionPointEnd();
+  return true;
+}
+
 void ZV_Main::Send(const std::string& command, const wxString& typed) {
   if (proc_.settings.ViewOnly) return;
+  history_.Add(FromWx(typed));
   commands_.push_back({command, typed});
   if (sending_) {
     EndAnswerWait();
@@ -248,7 +270,8 @@ void ZV_Main::SendQueued() {
 
 void ZV_Main::OnLogChosen(const std::string& line) {
   if (proc_.settings.ViewOnly) return;
-  Text_Input->ChangeValue(ToWx(line));
+  const bool sent = proc_.settings.LogCommands && line.starts_with(ReplyLog::kSentMark);
+  Text_Input->ChangeValue(ToWx(sent ? line.substr(ReplyLog::kSentMark.size()) : line));
   if (!Text_Input->IsEnabled()) return;
   Text_Input->SetFocus();
   Text_Input->SetInsertionPointEnd();

@@ -13,6 +13,7 @@
 #include <wx/weakref.h>
 
 #include "app/ZV_Proc.h"
+#include "forms/main/CommandHistory.h"
 #include "forms/main/ZV_Info.h"
 #include "forms/main/ZV_MainLog.h"
 #include "ui/Forms.h"
@@ -29,6 +30,11 @@ enum Menu : int {
   Menu_Debug_Open,
   Menu_Debug_Clear,
   Menu_TSC,
+  Menu_Topics,
+  Menu_Help,
+  Menu_Keys,
+  Menu_Demo,
+  Menu_About,
 };
 }  // namespace main_menu
 
@@ -71,6 +77,12 @@ class ZV_Main final : public wxFrame {
   void Activate();
   void FirstActivation();
   void FillTopics();
+  wxWindow* NewWelcome();
+  void ShowWelcome();
+  void ChangeTopics(void (*change)(wxWindow*, ZV_Proc&));
+  void TryDemo();
+  void ShowInfo();
+  bool Recall(int key);
 
   void ShowState();
   void ShowStatusBar();
@@ -119,6 +131,7 @@ class ZV_Main final : public wxFrame {
   wxChoice* Combo_Topics = nullptr;
   LogList* List_Output = nullptr;
   wxTextCtrl* Text_Input = nullptr;
+  wxWindow* welcome_ = nullptr;  // what to do, while there are no topics
   wxWeakRef<ZV_Info> info_;
   WxTick Timer_Comm;
   FrameRefresh refresh_;
@@ -126,6 +139,7 @@ class ZV_Main final : public wxFrame {
   std::deque<std::int16_t> listed_;     // the topics of `Combo_Topics`, in the same order
   std::optional<std::int16_t> wanted_;  // the topic to connect next; -1 = disconnect
   std::deque<Command> commands_;        // entered and not sent yet
+  CommandHistory history_;
   bool connecting_ = false;
   bool sending_ = false;
   bool hourglass_ = false;

@@ -8,6 +8,7 @@
 #include <wx/stattext.h>
 #include <wx/toolbar.h>
 
+#include "forms/ModeStrip.h"
 #include "forms/main/ZV_Main.h"
 #include "lang/TextNumbers.h"
 #include "ui/Mnemonics.h"
@@ -42,14 +43,26 @@ void ZV_Main::BuildMenus() {
   menuFile_ = new wxMenu;
   menuFile_->Append(Menu_Disconnect, Label(text::kMenuDisconnect, "Ctrl+D"));
   menuFile_->AppendSeparator();
+  menuFile_->Append(Menu_Topics, Label(text::kMenuTopics));
+  menuFile_->AppendSeparator();
   menuFile_->AppendSubMenu(menuDebug_, Label(text::kMenuDebug));
   menuFile_->AppendSeparator();
   menuFile_->Append(Menu_Exit, Label(text::kMenuExit, "Alt+F4"));
   auto* const time = new wxMenu;
   time->Append(Menu_TSC, Label(text::kMenuTSC, "Ctrl+T"));
+  auto* const help = new wxMenu;
+  help->Append(Menu_Help, Label(text::kHelpContents, "F1"));
+  help->Append(Menu_Keys, Label(text::kHelpKeys));
+  help->AppendSeparator();
+  help->Append(Menu_Demo, Label(text::kTryDemo));
+  help->AppendSeparator();
+  help->Append(Menu_About, Label(text::kMenuAbout));
+  menuFile_->Enable(Menu_Topics, !proc_.settings.ViewOnly && !proc_.settings.Demo);
+  help->Enable(Menu_Demo, !proc_.settings.Demo);
   auto* const bar = new wxMenuBar;
   bar->Append(menuFile_, Label(text::kMenuFile));
   bar->Append(time, Label(text::kMenuTime));
+  bar->Append(help, Label(text::kMenuHelp));
   SetMenuBar(bar);
 }
 
@@ -99,6 +112,7 @@ void ZV_Main::BuildControls() {
     return row;
   };
   auto* const whole = new wxBoxSizer(wxVERTICAL);
+  if (wxWindow* const strip = NewModeStrip(panel, proc_)) whole->Add(strip, 0, wxEXPAND);
   whole->Add(rowOf(topicsLabel, Combo_Topics), 0, wxEXPAND | wxALL, gap);
   whole->Add(List_Output, 1, wxEXPAND | wxLEFT | wxRIGHT, gap);
   whole->Add(rowOf(inputLabel, Text_Input), 0, wxEXPAND | wxALL, gap);

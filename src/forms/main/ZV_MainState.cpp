@@ -38,6 +38,7 @@ void ZV_Main::FillTopics() {
   }
   if (!texts.empty()) Combo_Topics->Append(texts);
   Combo_Topics->Show();
+  ShowWelcome();
 }
 
 void ZV_Main::ShowState() {

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <wx/window.h>
+
+#include "app/ZV_Proc.h"
+
+namespace zek {
+
+/// Shows the help of the language in use: `page` is the one shown first, from 0. Modal. The pages
+/// are in the file "zek_help.NNN" beside the language files; a line "# Title" begins a page.
+void ShowHelp(wxWindow* parent, ZV_Proc& proc, std::size_t page = 0);
+
+/// The page with the keys, and those with the usual work in an editor.
+inline constexpr std::size_t kHelpPageKeys = 1;
+constexpr std::size_t HelpPageOf(Catalogue catalogue) {
+  if (catalogue == Catalogue::Wdc) return 2;
+  return catalogue == Catalogue::Sdc ? 3 : 4;
+}
+
+}  // namespace zek
