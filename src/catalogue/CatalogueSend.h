@@ -11,7 +11,8 @@ enum class SendOutcome { NotBegun, Failed, Sent };
 inline constexpr std::string_view kSaveOptions = "SaveOptionsZEK1";
 inline constexpr std::string_view kWriteWhole = "WDCWriteWhole";
 
-/// How a write went; `cancelled` by the user. The lines and the refusal are those of the last attempt.
+/// How a write went; `cancelled` by the user. The lines and the refusal are those of the last
+/// attempt.
 struct SendReport {
   SendOutcome outcome = SendOutcome::NotBegun;
   bool cancelled = false;
@@ -26,8 +27,8 @@ struct LinesToSend {
 };
 
 /// Sends a catalogue to its controller in at most three attempts, with the pauses of section
-/// "SaveDelay". The user may cancel it; "EXIT" ends the controller's input then. `Sent` means that the link stayed up through every step and no line was refused.
-/// Shows no message of its own.
+/// "SaveDelay". The user may cancel it; "EXIT" ends the controller's input then. `Sent` means that
+/// the link stayed up through every step and no line was refused. Shows no message of its own.
 SendReport SendCatalogue(const CatalogueId& id, const LinesToSend& content,
                          const CatalogueParts& parts);
 

@@ -14,17 +14,10 @@
 namespace zek {
 namespace {
 
-// The controller marks lines with "*". They are never sent, so they can't be unsent either.
-CatalogueContent WithoutMarked(CatalogueContent content) {
-  content.lines = WithoutStarred(content.lines);
-  return content;
-}
-
 bool HasUnsent(const CatalogueId& id, const CatalogueParts& parts) {
   if (!parts.copies.Exists(id)) return false;
   const auto known = parts.records.Known(id);
-  return known &&
-         !HaveSameLines(WithoutMarked(parts.copies.Peek(id)), WithoutMarked(known->content));
+  return known && !HaveSameLines(parts.copies.Peek(id), known->content);
 }
 
 // One read, from the controller or from the local copy.

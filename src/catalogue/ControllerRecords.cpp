@@ -47,7 +47,9 @@ std::optional<StoredCatalogue> OfNode(const CatalogueId& id, std::optional<Store
   return found && found->node == id.Node() ? std::move(found) : std::nullopt;
 }
 
+// Lines with "*" are marked by the controller and never sent.
 std::vector<std::string> Sorted(std::vector<std::string> lines) {
+  lines = WithoutStarred(lines);
   for (std::string& line : lines) line = ComparableLine(line);
   std::sort(lines.begin(), lines.end());
   return lines;

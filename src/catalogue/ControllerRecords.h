@@ -83,7 +83,8 @@ class ControllerRecords {
   std::string user_;  // of the computer, windows-1252
 };
 
-/// True when both have the same lines, whatever their order, and the same value if both have one.
+/// True when both have the same lines but for those with "*", whatever their order, and the same
+/// value if both have one.
 bool HaveSameLines(const CatalogueContent& one, const CatalogueContent& other);
 
 }  // namespace zek
