@@ -47,6 +47,7 @@ void AddReplyHandler(std::vector<Limit>& limits);
 void AddWeekday(std::vector<Limit>& limits);
 void AddCalendar(std::vector<Limit>& limits);
 void AddException(std::vector<Limit>& limits);
+void AddForecast(std::vector<Limit>& limits);
 void AddBatch(std::vector<Limit>& limits);
 
 }  // namespace zek::bench

@@ -23,6 +23,7 @@ int main(int argc, char** argv) {
   zek::bench::AddWeekday(limits);
   zek::bench::AddCalendar(limits);
   zek::bench::AddException(limits);
+  zek::bench::AddForecast(limits);
   zek::bench::AddBatch(limits);
   zek::bench::FastestReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);

@@ -13,6 +13,7 @@ system           disk, process, clock, event loop, message boxes: the seams to t
 lang             language texts and the messages made of them
 settings         command line, ZEKView.INI, settings
 formats          the three tables, their line formats and their export records
+forecast         what applies to a time control at a moment, and why
 comm             topics, links, connection, commands and replies
 catalogue        reading, sending and comparing catalogues; local copies; the object tree
 editors          the rules of the three editors and the pick-lists, without windows
@@ -36,8 +37,8 @@ sim              the program zekview-sim
 ONLY = {
     "plant": {"text", "system", "settings", "formats", "comm"},
     "sim": {"text", "system", "settings", "formats", "comm", "plant"},
-    "commands": {"text", "system", "lang", "settings", "formats", "comm", "catalogue", "export",
-                 "editors", "app"},
+    "commands": {"text", "system", "lang", "settings", "formats", "forecast", "comm", "catalogue",
+                 "export", "editors", "app"},
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 SRC = pathlib.Path(__file__).resolve().parent.parent / "src"

@@ -6,7 +6,7 @@ set -euo pipefail
 source scripts/common.sh
 
 all=(faults saving history sending undo re-entry intrusion soak living-window round-trips
-  fuzz mutants)
+  forecast fuzz mutants)
 bin=build/bin
 log=build/reliability.log
 
@@ -16,7 +16,7 @@ windows() { scripts/headless.sh "$bin/zekview-window-tests" --gtest_filter="$1";
 measure() {
   export ZEKVIEW_FULL=1 ZEKVIEW_FLOOD=20000000 ZEKVIEW_CUTS=100000  # the tests do less by default
   case "$1" in
-    faults) tests 'Faults.*:Cutting.*:SharedSaves.*' ;;
+    faults) tests 'Faults.*:Cutting.*:*SharedSaves.*' ;;
     saving) "$bin/zekview-file-tests" ;;
     history) tests '*History*:-Undo*' ;;
     sending) tests '*Changes*:*Send*' ;;
@@ -30,6 +30,7 @@ measure() {
     soak) scripts/soak.sh ;;
     living-window) scripts/headless.sh measure/living-window.py "$bin" data ;;
     round-trips) "$bin/zekview-round-trips" 1000000 ;;
+    forecast) tests 'Forecast.*' ;;
     fuzz) scripts/fuzz.sh 10 ;;
     mutants) scripts/mutants.sh 300 "${ZEKVIEW_SEED:-2}" ;;
     *) die "./dev reliability has no part '$1'. The parts are: ${all[*]}." ;;

@@ -1,6 +1,7 @@
 #include "catalogue/CatalogueDelivery.h"
 
 #include <algorithm>
+#include <array>
 
 #include "catalogue/LineChanges.h"
 #include "catalogue/SharedCatalogue.h"
@@ -11,6 +12,20 @@ namespace {
 
 using Lines = std::vector<std::string>;
 using Outcome = SaveResult::Outcome;
+
+constexpr std::size_t kHoursAndMinutes = 5;
+
+struct OutcomeText {
+  std::string_view journal;
+  std::int32_t text;
+};
+// All others were sent, but something differs.
+constexpr auto kOutcomes = std::to_array<OutcomeText>({{"sent", text::kOutcomeSent},
+                                                       {"sent, checked", text::kOutcomeChecked},
+                                                       {"sent, not checked", text::kOutcomeSent},
+                                                       {"not begun", text::kOutcomeFailed},
+                                                       {"failed", text::kOutcomePartly},
+                                                       {"cancelled", text::kOutcomePartly}});
 
 }  // namespace
 
@@ -38,9 +53,22 @@ bool CatalogueDelivery::NeedsCheck(const SavePlan& plan) const {
          RemovesOrRenumbers(plan.now.lines, plan.send.lines);
 }
 
+// The journal is kept; the status line shows the same until the next write.
+void CatalogueDelivery::Note(std::string_view journal, std::size_t lines) {
+  p_.records.Journal(id_, lines, journal);
+  const auto* const known =
+      std::find_if(kOutcomes.begin(), kOutcomes.end(),
+                   [journal](const OutcomeText& each) { return each.journal == journal; });
+  const std::int32_t text = known == kOutcomes.end() ? text::kOutcomeRemarked : known->text;
+  const std::string time = DateAndTime(p_.records.Now());
+  p_.exchange.status.Outcome =
+      p_.messages.Text(text, {time.substr(time.find(' ') + 1, kHoursAndMinutes), id_.Node()});
+  p_.exchange.status.Changed();
+}
+
 Outcome CatalogueDelivery::Ended(const SavePlan& plan, std::string_view journal, Outcome outcome,
                                  const std::string& message) {
-  p_.records.Journal(id_, plan.send.lines.size(), journal);
+  Note(journal, plan.send.lines.size());
   const bool well = outcome == Outcome::Saved;
   p_.messages.prompts.Show(well ? Icon::Information : Icon::Exclamation, message);
   return outcome;
@@ -48,7 +76,7 @@ Outcome CatalogueDelivery::Ended(const SavePlan& plan, std::string_view journal,
 
 Outcome CatalogueDelivery::Ended(const SavePlan& plan, std::string_view journal, Outcome outcome,
                                  const std::string& message, const std::string& details) {
-  p_.records.Journal(id_, plan.send.lines.size(), journal);
+  Note(journal, plan.send.lines.size());
   p_.messages.prompts.ShowDetails(Icon::Exclamation, message, {},
                                   {p_.messages.Text(text::kFaultsLabel), details});
   return outcome;
@@ -57,22 +85,23 @@ Outcome CatalogueDelivery::Ended(const SavePlan& plan, std::string_view journal,
 // --- A write that failed ---
 
 Outcome CatalogueDelivery::Failed(const SavePlan& plan, const SendReport& report) {
-  std::string message = p_.messages.Text(text::kSendFailed);
+  const Outcome outcome = report.cancelled ? Outcome::Declined : Outcome::Failed;
+  std::string message = p_.messages.Text(report.cancelled ? text::kSendStopped : text::kSendFailed);
   if (!report.refusal.empty()) {
     message.insert(0, p_.messages.Text(text::kControllerError) + " " + report.refusal + "\r\n");
   }
   if (report.outcome == SendOutcome::NotBegun) {
     // The controller is as it was, and so is an earlier unfinished write.
     if (id_.IsPartOfShared()) p_.records.EndWrite(id_, plan.now.lines);
-    return Ended(plan, "not begun", Outcome::Failed, message);
+    return Ended(plan, "not begun", outcome, message);
   }
   known_ = {};
-  p_.records.Journal(id_, report.linesSent, "failed");
+  Note(report.cancelled ? "cancelled" : "failed", report.linesSent);
   message +=
       "\r\n\r\n" + p_.messages.Text(text::kLinesWereSent, {std::to_string(report.linesSent),
                                                            std::to_string(plan.send.lines.size())});
   TellMixture(plan, std::move(message), !report.refusal.empty());
-  return Outcome::Failed;
+  return outcome;
 }
 
 // Only a controller that answered is asked what it has now.
@@ -114,7 +143,7 @@ Outcome CatalogueDelivery::NotChecked(const SavePlan& plan, const Verification& 
   const std::string why = p_.messages.Text(stopped ? text::kVerifyStopped : text::kNotVerified);
   const bool required = p_.settings.VerifyAfterWrite;
   if (required) known_ = {};
-  p_.records.Journal(id_, plan.send.lines.size(), "sent, not checked");
+  Note("sent, not checked", plan.send.lines.size());
   p_.messages.prompts.Show(Icon::Exclamation,
                            required ? why : p_.messages.Text(text::kSendDone) + "\r\n\r\n" + why);
   return required ? Outcome::Failed : Outcome::Saved;
@@ -195,7 +224,7 @@ Outcome CatalogueDelivery::Repair(const SavePlan& plan, const Verification& chec
                  OnLines(again.missing));
   }
   if (!AskRepair(check.others.missing, replacesAll)) {
-    p_.records.Journal(id_, plan.send.lines.size(), "sent, lines of others missing");
+    Note("sent, lines of others missing", plan.send.lines.size());
     return Outcome::Remarked;
   }
   if (replacesAll) {

@@ -54,6 +54,7 @@ class CatalogueDelivery {
   void RememberSeen(const SavePlan& plan, const Verification& check);
   SaveResult::Outcome Repair(const SavePlan& plan, const Verification& check);
   bool AskRepair(const std::vector<std::string>& missing, bool replacesAll) const;
+  void Note(std::string_view journal, std::size_t lines);
   SaveResult::Outcome Ended(const SavePlan& plan, std::string_view journal,
                             SaveResult::Outcome outcome, const std::string& message);
   SaveResult::Outcome Ended(const SavePlan& plan, std::string_view journal,

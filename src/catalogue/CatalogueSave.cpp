@@ -226,6 +226,7 @@ class Saving {
     facts.before = plan_.now;
     facts.since = plan_.since;
     facts.after = {plan_.all, plan_.send.dfv, draft_.notInLines};
+    facts.after.notes = draft_.notes;
     facts.conflicts = Conflicts();
     facts.missing = plan_.missing;
     facts.left = LeftBehind(SplitLines(id_, plan_.now.lines).own, plan_.send.lines);
@@ -240,16 +241,27 @@ class Saving {
   }
 
   Outcome Send() {
+    const bool first = p_.records.BeginSending(id_, OwnNow());
     CatalogueDelivery delivery(id_, p_, delays_);
     const Outcome outcome = delivery.Run(plan_);
-    // The time of the record is that of the last reading or sending, so it stays.
-    if (!delivery.Begun()) return outcome;
+    if (!delivery.Begun()) {
+      // The time of the record is that of the last reading or sending, so it stays.
+      if (first) p_.records.ForgetSending(id_);
+      return outcome;
+    }
+    if (outcome == Outcome::Saved || outcome == Outcome::Remarked) p_.records.EndSending(id_);
     if (delivery.Known().from == LinesFrom::Nowhere) {
       p_.records.ForgetKnown(id_);
     } else {
       p_.records.RememberKnown(id_, delivery.Known());
     }
     return outcome;
+  }
+
+  CatalogueContent OwnNow() const {
+    CatalogueContent now = plan_.now;
+    if (id_.IsPartOfShared()) now.lines = SplitLines(id_, now.lines).own;
+    return now;
   }
 
   const CatalogueId& id_;

@@ -39,6 +39,7 @@ class Sending {
 
   SendReport Run() {
     const CountedUp busy(x_.status, &StatusPanels::Busy);
+    Waits::Cancellable cancellable(x_.waits);
     bool sent = false;
     bool connected = true;
     for (int attempt = 1; attempt <= kAttempts && !sent && connected && !x_.waits.Stopped();
@@ -47,6 +48,7 @@ class Sending {
       connected = Open();
       sent = connected && Attempt() && x_.transfer.Kind != TransferKind::Idle;
     }
+    x_.status.Sending = {};
     x_.status.Dot();
     Pause("DelayG");
     // The reply to the last line can arrive this late, and it counts.
@@ -57,6 +59,8 @@ class Sending {
     if (inCatalogue_ && x_.waits.Stopped() && x_.connection.CurrentTopic == id_.object) {
       x_.connection.SendLast("EXIT");
     }
+    report_.cancelled = !sent && x_.waits.Cancelled();
+    cancellable.TakeBack();
     x_.connection.Disconnect();
     Pause("DelayH");
     x_.transfer.Kind = TransferKind::Idle;
@@ -97,12 +101,24 @@ class Sending {
     return Pause("DelayF");
   }
 
+  // The pauses from a line to the end; what the controller takes to answer is not known.
+  int SecondsLeft(std::size_t line) const {
+    const auto pause = [this](std::string_view key) {
+      return int{ReadDelay(parts_.numbers, key).value_or(0)};
+    };
+    const int commands = static_cast<int>(content_.lines.size() - line) + (content_.dfv ? 1 : 0);
+    return commands * pause("DelayE") + 2 * pause("DelayF") + pause("DelayG") + pause("DelayH");
+  }
+
   bool SendLines() {
     const std::string count = std::to_string(content_.lines.size());
     for (std::size_t i = 0; i < content_.lines.size() && x_.transfer.Kind != TransferKind::Idle;
          ++i) {
+      x_.status.Sending = {i, content_.lines.size(), SecondsLeft(i), id_.IsShared()};
       const ShowWaiting waiting(
-          x_.status, parts_.messages.Text(text::kSendingLine, {std::to_string(i + 1), count}));
+          x_.status, parts_.messages.Text(text::kSendingLine,
+                                          {std::to_string(i + 1), count,
+                                           std::to_string(x_.status.Sending.secondsLeft)}));
       const std::string& line = content_.lines[i];
       if (IsBlank(line)) continue;  // from a file; the controller would read it as a command
       if (!Send(line)) return false;

@@ -11,9 +11,10 @@ enum class SendOutcome { NotBegun, Failed, Sent };
 inline constexpr std::string_view kSaveOptions = "SaveOptionsZEK1";
 inline constexpr std::string_view kWriteWhole = "WDCWriteWhole";
 
-/// How a write went. The lines and the refusal are those of the last attempt.
+/// How a write went; `cancelled` by the user. The lines and the refusal are those of the last attempt.
 struct SendReport {
   SendOutcome outcome = SendOutcome::NotBegun;
+  bool cancelled = false;
   std::size_t linesSent = 0;
   std::string refusal;  // the controller's reply that refused the write; "" if there was none
 };
@@ -25,7 +26,7 @@ struct LinesToSend {
 };
 
 /// Sends a catalogue to its controller in at most three attempts, with the pauses of section
-/// "SaveDelay". `Sent` means that the link stayed up through every step and no line was refused.
+/// "SaveDelay". The user may cancel it; "EXIT" ends the controller's input then. `Sent` means that the link stayed up through every step and no line was refused.
 /// Shows no message of its own.
 SendReport SendCatalogue(const CatalogueId& id, const LinesToSend& content,
                          const CatalogueParts& parts);

@@ -47,6 +47,7 @@ std::optional<StoredCatalogue> CatalogueStore::Find(const CatalogueId& id) const
   if (read.tooLong) return std::nullopt;
   const std::string_view time = GetField(header, 0, kTab).substr(2);
   return StoredCatalogue{std::string(time),
+                         std::string(GetField(header, 1, kTab)),
                          {std::move(read.lines), std::move(read.dfv), LinesFrom::Controller, 0}};
 }
 

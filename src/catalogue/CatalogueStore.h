@@ -12,6 +12,7 @@ namespace zek {
 /// A catalogue as its controller had it at a certain time.
 struct StoredCatalogue {
   std::string time;  // "2026-11-22 08:30:00"
+  std::string node;  // "TOPIC/CONTROL" or "TOPIC"
   CatalogueContent content;
 };
 

@@ -4,6 +4,7 @@
 
 #include "catalogue/CatalogueFetch.h"
 #include "catalogue/CatalogueSave.h"
+#include "catalogue/LineChanges.h"
 #include "catalogue/Sendable.h"
 #include "catalogue/SharedCatalogue.h"
 #include "lang/TextNumbers.h"
@@ -13,10 +14,17 @@
 namespace zek {
 namespace {
 
+// The controller marks lines with "*". They are never sent, so they can't be unsent either.
+CatalogueContent WithoutMarked(CatalogueContent content) {
+  content.lines = WithoutStarred(content.lines);
+  return content;
+}
+
 bool HasUnsent(const CatalogueId& id, const CatalogueParts& parts) {
   if (!parts.copies.Exists(id)) return false;
   const auto known = parts.records.Known(id);
-  return known && !HaveSameLines(parts.copies.Peek(id), known->content);
+  return known &&
+         !HaveSameLines(WithoutMarked(parts.copies.Peek(id)), WithoutMarked(known->content));
 }
 
 // One read, from the controller or from the local copy.
@@ -50,8 +58,11 @@ class Reading {
     if (use_ != CopyUse::AsSet) return use_ == CopyUse::Take ? Answer::Yes : Answer::No;
     if (p_.settings.AlwaysUseDSS) return Answer::No;
     if (p_.settings.AlwaysUseLocal && HasOwnLines()) return Answer::Yes;
+    const auto known = p_.records.Known(id_);
     const std::string question =
-        p_.messages.Text(text::kUseLocalCopy) + " (" + UpperCase(id_.localFile) + ").";
+        p_.messages.Text(p_.settings.LocalMode ? text::kUseLocalCopyOnly : text::kUseLocalCopy,
+                         {known ? known->time : p_.messages.Text(text::kUnknownTime)}) +
+        " (" + UpperCase(id_.localFile) + ").";
     const std::string title = p_.messages.Text(text::kUseLocalCopyTitle);
     if (p_.settings.LocalMode) {
       return p_.messages.prompts.AskYesNo(Icon::Question, question, title) ? Answer::Yes
@@ -141,6 +152,19 @@ SaveResult Catalogues::SaveCatalogue(const CatalogueId& id, const CatalogueDraft
   // Refuse a save during the wait of another transfer.
   if (p_.exchange.status.Busy > 0 || id.localFile.empty()) return {};
   return SaveTheCatalogue(id, draft, p_);
+}
+
+SaveResult Catalogues::SendBack(const CatalogueId& id) {
+  const auto before = p_.records.BeforeSending(id);
+  if (!before || !GetCatalogue(id, CopyUse::PassOver)) return {};
+  // The user kept them, or they can't be replaced.
+  if (HasUnsentChanges(id)) return {SaveResult::Outcome::Declined, false, {}};
+  return SaveCatalogue(id, {WithoutStarred(before->content.lines), before->content.dfv, {}});
+}
+
+std::string Catalogues::TimeOfBefore(const CatalogueId& id) const {
+  const auto before = p_.records.BeforeSending(id);
+  return before ? before->time : std::string();
 }
 
 CatalogueContent Catalogues::LastKnown(const CatalogueId& id) const {

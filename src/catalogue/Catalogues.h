@@ -43,6 +43,7 @@ struct CatalogueDraft {
   std::vector<std::string> notInLines;  // what the table has and lines can't hold, in words
   bool fromFile = false;                // refuse lines of others that the controller does not have
   SaveMode mode = SaveMode::Send;
+  std::vector<std::string> notes{};  // what the user may not have meant, in words
 };
 
 /// The result of a save.
@@ -76,6 +77,12 @@ class Catalogues {
   /// has, and the others' lines stay. After such a write, and after one that removes or renumbers
   /// lines, the catalogue is fetched again and compared.
   SaveResult SaveCatalogue(const CatalogueId& id, const CatalogueDraft& draft);
+
+  /// Fetches a catalogue, then saves it as it was before the last sending (`BeforeSending`).
+  SaveResult SendBack(const CatalogueId& id);
+
+  /// Returns when the lines that `SendBack` would send were replaced; "" if it has none.
+  std::string TimeOfBefore(const CatalogueId& id) const;
 
   /// Returns a catalogue as it was last read from its controller or sent to it;
   /// `LinesFrom::Nowhere` if that is unknown.

@@ -36,6 +36,17 @@ std::string_view Recent(std::string_view journal) {
   return journal.substr(end == std::string_view::npos ? journal.size() : end + kLineEnd.size());
 }
 
+// Controls that share a catalogue have records of their own in "Before" and "Begun".
+CatalogueId OwnFile(CatalogueId id) {
+  if (id.IsPartOfShared()) id.localFile.insert(0, id.control + " ");
+  return id;
+}
+
+// Long names are cut, so two controls can have one file.
+std::optional<StoredCatalogue> OfNode(const CatalogueId& id, std::optional<StoredCatalogue> found) {
+  return found && found->node == id.Node() ? std::move(found) : std::nullopt;
+}
+
 std::vector<std::string> Sorted(std::vector<std::string> lines) {
   for (std::string& line : lines) line = ComparableLine(line);
   std::sort(lines.begin(), lines.end());
@@ -76,6 +87,30 @@ void ControllerRecords::EndWrite(const CatalogueId& id, std::span<const std::str
   if (!unfinished) return;
   if (!FindAgain(WithoutStarred(unfinished->content.lines), there).missing.empty()) return;
   static_cast<void>(UnfinishedOf().Drop(id));
+}
+
+std::optional<StoredCatalogue> ControllerRecords::BeforeSending(const CatalogueId& id) const {
+  auto begun = OfNode(id, BegunOf().Find(OwnFile(id)));
+  return begun ? std::move(begun) : OfNode(id, BeforeOf().Find(OwnFile(id)));
+}
+
+bool ControllerRecords::BeginSending(const CatalogueId& id, const CatalogueContent& now) {
+  const CatalogueId own = OwnFile(id);
+  if (OfNode(id, BegunOf().Find(own))) return false;
+  if (now.from == LinesFrom::Nowhere || BegunOf().Keep(own, now, now_())) ForgetSending(id);
+  return true;
+}
+
+void ControllerRecords::EndSending(const CatalogueId& id) {
+  const CatalogueId own = OwnFile(id);
+  const auto begun = OfNode(id, BegunOf().Find(own));
+  if (!begun || BeforeOf().Keep(own, begun->content, now_()))
+    static_cast<void>(BeforeOf().Drop(own));
+  ForgetSending(id);
+}
+
+void ControllerRecords::ForgetSending(const CatalogueId& id) {
+  static_cast<void>(BegunOf().Drop(OwnFile(id)));
 }
 
 SeenToDo ControllerRecords::SeenAt(const CatalogueId& id) const {

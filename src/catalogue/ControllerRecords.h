@@ -27,6 +27,8 @@ enum class SeenToDo {
 /// - "Known" has each catalogue as it was last read from its controller or sent to it,
 /// - "Unfinished" has shared catalogues as they were before a write, until the controller was seen
 ///   to have all lines again,
+/// - "Before" has the lines of each control before its last sending, and "Begun" those before a
+///   sending that failed,
 /// - "Known\CONTROLLERS.TXT" has what each controller was seen to do,
 /// - "SENT.TXT" has a line for every write: time, user, node, catalogue, lines, outcome.
 /// A failure is returned where something could be lost; elsewhere the record is only missing.
@@ -51,6 +53,16 @@ class ControllerRecords {
   /// Does nothing while one of the lines is missing in `there`. Lines with "*" don't count.
   void EndWrite(const CatalogueId& id, std::span<const std::string> there);
 
+  /// The control's lines before its last sending; after sendings that failed, before the first of
+  /// these. Empty if they were not known.
+  std::optional<StoredCatalogue> BeforeSending(const CatalogueId& id) const;
+  /// `now` is what the controller has. Returns false if an earlier sending failed; what was before
+  /// that one stays.
+  bool BeginSending(const CatalogueId& id, const CatalogueContent& now);
+  void EndSending(const CatalogueId& id);
+  /// For a sending that did not begin.
+  void ForgetSending(const CatalogueId& id);
+
   SeenToDo SeenAt(const CatalogueId& id) const;
   void RememberSeen(const CatalogueId& id, SeenToDo seen);
 
@@ -61,6 +73,8 @@ class ControllerRecords {
  private:
   CatalogueStore KnownOf() const { return {files_, Folder("Known")}; }
   CatalogueStore UnfinishedOf() const { return {files_, Folder("Unfinished")}; }
+  CatalogueStore BeforeOf() const { return {files_, Folder("Before")}; }
+  CatalogueStore BegunOf() const { return {files_, Folder("Begun")}; }
   std::string Folder(std::string_view name) const;
 
   Files& files_;

@@ -182,6 +182,7 @@ SendList ListChanges(const SendFacts& facts, const CatalogueRules& rules,
   if (facts.seen <= SeenToDo::ReplacesByNumber) {
     risky |= report.Add(LeftHeading(facts.seen), facts.left);
   }
+  report.Add(text::kNotesHeading, facts.after.notes);
   for (const Section& section : kChangeSections) report.Add(section);
   SendList list{report.Take(), risky};
   if (list.texts.Details.empty()) list.texts.Summary = texts.Text(text::kChangesNone);

@@ -69,6 +69,9 @@ class Waits {
     Waits& waits_;
   };
 
+  /// True if the user has cancelled.
+  bool Cancelled() const { return cancelled_; }
+
   bool Stopped() const { return cancelled_ || turn_.Quitting(); }
 
   template <class Condition>

@@ -1,11 +1,19 @@
 #pragma once
 
-#include <cstdint>
+#include <cstddef>
 #include <functional>
 #include <list>
 #include <string>
 
 namespace zek {
+
+/// How far a write has come: its lines, and the seconds until its end, as far as the pauses tell.
+struct SendingSteps {
+  std::size_t done = 0;
+  std::size_t of = 0;  // 0: no lines are being sent
+  int secondsLeft = 0;
+  bool shared = false;  // the catalogue has lines of other time controls
+};
 
 /// Contents of the status bars and the mouse pointer. After `Changed` the forms copy them, at most
 /// once a frame.
@@ -16,6 +24,9 @@ class StatusPanels {
   std::string Transfer;    // panel 2 of the browser: text and dots of a catalogue transfer
   std::string Sequence;    // panel 3: the sequence field of the last reply text
   std::string Waiting;     // the present wait, in words; "" without one
+  std::string Outcome;     // of the last write, with its time
+  SendingSteps Sending;
+  bool Asking = false;     // whether to cancel the transfer
   int Hourglass = 0;       // above 0: a command waits for its reply
   int Busy = 0;            // above 0: a catalogue transfer runs, the browser is disabled
 

@@ -19,12 +19,24 @@ struct CommandFlag {
   bool Arguments::*value = nullptr;
 };
 
+// An option of a command with a value, or with several if it may be repeated; null: none.
+struct CommandOption {
+  const char* name = nullptr;
+  const char* type = nullptr;
+  std::string Arguments::*value = nullptr;
+  std::vector<std::string> Arguments::*values = nullptr;
+};
+
 struct CommandShape {
   const char* name;
   const char* operands;  // in brackets: optional; with "...": up to three values
   std::array<CommandFlag, 2> flags;
   const char* description;
+  std::array<CommandOption, 3> options = {};
 };
+
+constexpr CommandFlag kLocal{"--local", &Arguments::local};
+constexpr CommandOption kRule{"--rule", "NAME=VALUE", nullptr, &Arguments::rules};
 
 constexpr auto kCommands = std::to_array<CommandShape>({
     {"topics", "", {}, "the topic table"},
@@ -32,7 +44,7 @@ constexpr auto kCommands = std::to_array<CommandShape>({
     {"send", "TOPIC TEXT", {}, "send one command, print the reply"},
     {"get",
      "KIND NODE",
-     {{{"--local", &Arguments::local}}},
+     {kLocal},
      "fetch a catalogue, keep its local copy, print it;\n"
      "--local prints the local copy instead"},
     {"put",
@@ -48,7 +60,7 @@ constexpr auto kCommands = std::to_array<CommandShape>({
      "--rebuild prints the lines that would be sent"},
     {"export",
      "[KIND...]",
-     {{{"--local", &Arguments::local}}},
+     {kLocal},
      "fetch the catalogues of all time controls (without\n"
      "KIND: all kinds) into files in DIR/Batch;\n"
      "--local exports the local copies instead"},
@@ -57,7 +69,24 @@ constexpr auto kCommands = std::to_array<CommandShape>({
      {},
      "the earlier local copies of a catalogue, by ID;\n"
      "compare ID: print how copy ID and the local copy differ;\n"
-     "restore ID: make copy ID the local copy, send nothing"},
+     "restore ID: make copy ID the local copy, send nothing;\n"
+     "undo: fetch the catalogue, then send it as it was before\n"
+     "the last sending"},
+    {"timeline",
+     "NODE FROM TO",
+     {kLocal},
+     "what applies from FROM up to TO: from, to, value, source",
+     {kRule}},
+    {"explain",
+     "NODE [WHEN]",
+     {kLocal},
+     "what applies at WHEN, since when, until when and why;\n"
+     "--observed V: also which variants of the rule give V;\n"
+     "--batch FILE: value and source for each line of FILE,\n"
+     "WHEN or WHEN, tab, and switches separated by commas",
+     {kRule, {"--observed", "V", &Arguments::observed}, {"--batch", "FILE", &Arguments::batch}}},
+    {"next", "NODE WHEN", {kLocal}, "the next event and the next change after WHEN", {kRule}},
+    {"holidays", "COUNTRY YEAR [TO_YEAR]", {}, "the holidays of SE, by law and de facto"},
 });
 
 constexpr auto kOperands = std::to_array<std::pair<std::string_view, const char*>>({
@@ -66,13 +95,21 @@ constexpr auto kOperands = std::to_array<std::pair<std::string_view, const char*
     {"KIND", "wdc (weekdays), sdc (special-day calendar) or ovc (exceptions)"},
     {"NODE", "TOPIC, or TOPIC/TSC for one time control, see the command objects"},
     {"FILE", "the catalogue's lines in windows-1252; - for standard input"},
-    {"ACTION", "compare or restore; without it the copies are listed"},
+    {"ACTION", "compare, restore or undo; without it the copies are listed"},
     {"ID", "of an earlier copy, as listed"},
+    {"COUNTRY", "SE"},
+    {"YEAR", "1990 to 2099"},
+    {"TO_YEAR", "the last year, for several"},
+    {"FROM", "the first minute, such as 2026-12-07T06:30"},
+    {"TO", "the minute after the last one"},
+    {"WHEN", "a minute, such as 2026-12-07T06:30"},
 });
 
 constexpr const char* kNotes =
     "KIND is wdc, sdc or ovc; NODE is TOPIC or TOPIC/TSC; FILE may be - for standard input.\n"
     "Write -- before an operand that begins with a hyphen.\n"
+    "What applies is computed by a rule that is assumed; --rule sets its switches:\n"
+    "exception=mask or command, carry=yes or no, nostop=default or hold, early=same or next.\n"
     "\n"
     "exit status: 0 done, 1 failed or a line was refused, 2 wrong usage or unknown name,\n"
     "3 a dry run found changes";
@@ -81,7 +118,9 @@ constexpr const char* kNotes =
 class CommandList : public CLI::Formatter {
  public:
   std::string make_option_usage(const CLI::Option* option) const override {
-    return option->get_required() ? option->get_name() : "[" + option->get_name() + "]";
+    if (option->get_required()) return option->get_name();
+    const bool hasValue = option->nonpositional() && !option->get_type_name().empty();
+    return "[" + option->get_name() + (hasValue ? " " + option->get_type_name() : "") + "]";
   }
 
   std::string make_subcommand(const CLI::App* command) const override {
@@ -114,6 +153,16 @@ void AddOperand(CLI::App& command, std::string name, Arguments& parsed) {
       ->required(!optional);
 }
 
+void AddOption(CLI::App& command, const CommandOption& option, Arguments& parsed) {
+  if (option.name == nullptr) return;
+  CLI::Option& added = option.value != nullptr
+                           ? *command.add_option(option.name, parsed.*option.value)
+                           : *command.add_option(option.name, parsed.*option.values)
+                                  ->expected(1)
+                                  ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  added.type_name(option.type);
+}
+
 void AddCommand(CLI::App& program, const CommandShape& shape, Arguments& parsed) {
   CLI::App& command = *program.add_subcommand(shape.name, shape.description)->group("Commands");
   command.callback([&parsed, &shape] { parsed.command = shape.name; });
@@ -121,6 +170,7 @@ void AddCommand(CLI::App& program, const CommandShape& shape, Arguments& parsed)
   for (std::string name; operands >> name;) AddOperand(command, name, parsed);
   for (const CommandFlag& flag : shape.flags)
     if (flag.name != nullptr) command.add_flag(flag.name, parsed.*flag.value);
+  for (const CommandOption& option : shape.options) AddOption(command, option, parsed);
 }
 
 }  // namespace
@@ -150,9 +200,11 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
 }
 
 bool Arguments::Contacts() const {
-  const bool remote =
-      command == "send" || command == "get" || command == "put" || command == "export";
-  return remote && !local && !noSend;
+  constexpr auto remote = std::to_array<std::string_view>(
+      {"send", "get", "put", "export", "timeline", "explain", "next"});
+  const bool undo = command == "history" && operands.size() > 2 && operands[2] == kUndoAction;
+  const bool contacts = undo || std::find(remote.begin(), remote.end(), command) != remote.end();
+  return contacts && !local && !noSend;
 }
 
 std::optional<Catalogue> CatalogueOf(const std::string& kind) {

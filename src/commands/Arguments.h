@@ -9,16 +9,22 @@
 
 namespace zek::cli {
 
+/// The action of "history" that sends something.
+inline constexpr const char* kUndoAction = "undo";
+
 /// The command line: options of the program, then a command with its operands and options.
 struct Arguments {
   std::optional<std::string> dir;  // --dir, UTF-8
   std::optional<std::string> ini;  // --ini
   std::string command;
   std::vector<std::string> operands;  // UTF-8
-  bool local = false;                 // get --local, export --local
+  bool local = false;                 // --local of a command
   bool noSend = false;                // put --no-send
   bool dryRun = false;                // put --dry-run
   bool rebuild = false;               // check --rebuild
+  std::vector<std::string> rules;     // --rule: switches of the assumed rule
+  std::string observed;               // explain --observed
+  std::string batch;                  // explain --batch: a file
   std::string help;                   // with --help: the text to print, else ""
   std::string error;                  // error in the command line, or ""
 

@@ -47,17 +47,27 @@ std::optional<std::string> ReadFileOperand(Console& console, const std::string& 
   return std::nullopt;
 }
 
+ExitStatus Refuse(Console& console, const std::string& why) {
+  console.err << "zekview-cli: " << why << '\n';
+  return kWrongUsage;
+}
+
+std::optional<CatalogueContent> ReadCatalogue(Console& console, const CatalogueId& id) {
+  const CopyUse use = console.proc.settings.LocalMode ? CopyUse::Take : CopyUse::AsSet;
+  std::optional<CatalogueContent> content = console.proc.catalogues.GetCatalogue(id, use);
+  if (content && content->replacesUnsent) {
+    console.proc.ToUser().Tell(Icon::Information, text::kUnsentReplaced,
+                               {id.Node() + " " + std::string(id.Kind().name)});
+  }
+  return content;
+}
+
 namespace {
 
 // `send` ends after one second without a line. One tick more, because the first may come at once.
 constexpr std::int16_t kSilenceTicks = kTicksPerSecond + 1;
 // Replies that are polled come after the command: their first line has as long as others have.
 constexpr std::int16_t kFirstLineTicks = 10 * kTicksPerSecond;
-
-ExitStatus Refuse(Console& console, const std::string& why) {
-  console.err << "zekview-cli: " << why << '\n';
-  return kWrongUsage;
-}
 
 ExitStatus Topics(Console& console) {
   for (std::int16_t index = 0; index < console.proc.topics.TopicCount(); ++index) {
@@ -115,13 +125,8 @@ void PrintCatalogue(std::ostream& out, const CatalogueId& id, const CatalogueCon
 
 ExitStatus Get(Console& console, const CatalogueId& id) {
   console.hasInput();
-  const CopyUse use = console.proc.settings.LocalMode ? CopyUse::Take : CopyUse::AsSet;
-  const std::optional<CatalogueContent> content = console.proc.catalogues.GetCatalogue(id, use);
+  const std::optional<CatalogueContent> content = ReadCatalogue(console, id);
   if (!content) return kFailed;
-  if (content->replacesUnsent) {
-    console.proc.ToUser().Tell(Icon::Information, text::kUnsentReplaced,
-                               {id.Node() + " " + std::string(id.Kind().name)});
-  }
   PrintCatalogue(console.out, id, *content);
   return kDone;
 }
@@ -141,7 +146,7 @@ ExitStatus Put(Console& console, const CatalogueId& id, const Arguments& argumen
   const SaveResult saved =
       proc.catalogues.SaveCatalogue(id, {content->lines, content->dfv, {}, true, mode});
   if (saved.Done() || (mode == SaveMode::StoreOnly && saved.stored)) return kDone;
-  if (saved.outcome != SaveResult::Outcome::Declined) return kFailed;
+  if (mode != SaveMode::DryRun || saved.outcome != SaveResult::Outcome::Declined) return kFailed;
   for (std::string_view list = saved.list; !list.empty();)
     console.out << Utf8FromWindows1252(TakeLine(list)) << '\n';
   return saved.list.empty() ? kDone : kWouldChange;
@@ -169,12 +174,16 @@ ExitStatus RunCatalogueCommand(Console& console, const Arguments& arguments) {
 
 ExitStatus Run(Console& console, const Arguments& arguments) {
   if (arguments.command == "topics") return Topics(console);
+  if (arguments.command == "holidays") return PrintHolidays(console, arguments);
   if (arguments.command == "send") {
     return Send(console, arguments.operands[0], arguments.operands[1]);
   }
   LoadTree(console.proc);
   if (arguments.command == "objects") return Objects(console);
   if (arguments.command == "export") return Export(console, arguments);
+  if (arguments.command == "timeline") return PrintTimeline(console, arguments);
+  if (arguments.command == "explain") return Explain(console, arguments);
+  if (arguments.command == "next") return PrintNext(console, arguments);
   return RunCatalogueCommand(console, arguments);
 }
 

@@ -47,6 +47,23 @@ ExitStatus Export(Console& console, const Arguments& arguments);
 /// "restore ID" makes copy ID the local copy.
 ExitStatus HistoryOfCatalogue(Console& console, const CatalogueId& id, const Arguments& arguments);
 
+/// Print what applies to a time control, see `Forecast`: on a stretch of time; at a moment, with
+/// the reasons; next. The status is 1 if a line could not be read or, in local mode, a local copy
+/// is missing; the answer is still printed.
+ExitStatus PrintTimeline(Console& console, const Arguments& arguments);
+ExitStatus Explain(Console& console, const Arguments& arguments);
+ExitStatus PrintNext(Console& console, const Arguments& arguments);
+
+/// Prints the holidays of a country, one a line, by date.
+ExitStatus PrintHolidays(Console& console, const Arguments& arguments);
+
+/// Reads a catalogue as the settings say, in local mode from its local copy. Returns nothing, after
+/// a message, if that failed.
+std::optional<CatalogueContent> ReadCatalogue(Console& console, const CatalogueId& id);
+
+/// Prints why a command is refused; returns `kWrongUsage`.
+ExitStatus Refuse(Console& console, const std::string& why);
+
 /// Returns the bytes of FILE ("-": standard input); nothing, after a message, on a read error.
 std::optional<std::string> ReadFileOperand(Console& console, const std::string& file);
 

@@ -7,11 +7,6 @@
 namespace zek::cli {
 namespace {
 
-ExitStatus Refuse(Console& console, const std::string& why) {
-  console.err << "zekview-cli: history: " << why << '\n';
-  return kWrongUsage;
-}
-
 ExitStatus List(Console& console, const std::vector<KeptCopy>& kept) {
   for (const KeptCopy& copy : kept) console.out << copy.id << '\t' << copy.time << '\n';
   return kDone;
@@ -27,6 +22,14 @@ ExitStatus Compare(Console& console, const CatalogueId& id, const KeptCopy& copy
   return kDone;
 }
 
+ExitStatus Undo(Console& console, const CatalogueId& id) {
+  const std::string before = console.proc.catalogues.TimeOfBefore(id);
+  if (before.empty()) return Refuse(console, "history: nothing is known from before the last sending");
+  console.hasInput();
+  console.prompts.answerYes = true;
+  return console.proc.catalogues.SendBack(id).Done() ? kDone : kFailed;
+}
+
 }  // namespace
 
 ExitStatus HistoryOfCatalogue(Console& console, const CatalogueId& id, const Arguments& arguments) {
@@ -35,12 +38,16 @@ ExitStatus HistoryOfCatalogue(Console& console, const CatalogueId& id, const Arg
   constexpr std::size_t which = 3;
   if (arguments.operands.size() == what) return List(console, kept);
   const std::string& action = arguments.operands[what];
-  if (action != "compare" && action != "restore") return Refuse(console, "unknown " + action);
-  if (arguments.operands.size() == which) return Refuse(console, action + " needs an ID");
+  if (action == kUndoAction) return Undo(console, id);
+  if (action != "compare" && action != "restore")
+    return Refuse(console, "history: unknown " + action);
+  if (arguments.operands.size() == which)
+    return Refuse(console, "history: " + action + " needs an ID");
   const auto copy = std::find_if(kept.begin(), kept.end(), [&](const KeptCopy& each) {
     return each.id == arguments.operands[which];
   });
-  if (copy == kept.end()) return Refuse(console, "there is no copy " + arguments.operands[which]);
+  if (copy == kept.end())
+    return Refuse(console, "history: there is no copy " + arguments.operands[which]);
   if (action == "compare") return Compare(console, id, *copy);
   return console.proc.copies.Restore(id, *copy) ? kDone : kFailed;
 }

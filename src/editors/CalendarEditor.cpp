@@ -110,7 +110,7 @@ bool CalendarEditor::Step(int months) {
 }
 
 bool CalendarEditor::IsFree(int day) const {
-  return (FirstColumn() + day - 1) % kDaysOfWeek == kSunday || IsHoliday(DateOf(day));
+  return (FirstColumn() + day - 1) % kDaysOfWeek == kSunday || IsHoliday(DateOf(day), otherYears_);
 }
 
 CalendarCell CalendarEditor::Cell(int day, const LanguageTexts& texts) const {
@@ -134,7 +134,7 @@ std::string CalendarEditor::CellName(int day, const LanguageTexts& texts) const 
   std::string name = DateName(date, ColumnOf(date), texts);
   const auto add = [&name](const std::string& part) { name.append(", ").append(part); };
   if (const auto type = Table().TypeOn(date); type != kNoDayType) add(SpokenDayType(type, texts));
-  if (IsHoliday(date)) add(texts.Text(text::kSpokenHoliday));
+  if (IsHoliday(date, otherYears_)) add(texts.Text(text::kSpokenHoliday));
   if (cell.today) add(texts.Text(text::kSpokenToday));
   if (cell.selected) add(texts.Text(text::kSpokenSelected));
   return name;
@@ -152,9 +152,9 @@ std::optional<DayRun> CalendarEditor::Selection() const {
 }
 
 void CalendarEditor::Press(std::optional<int> day) {
-  dragging_ = day.has_value();
+  dragging_ = day.has_value() && type_.has_value();
   if (!day) return;
-  anchor_ = day;
+  anchor_ = dragging_ ? day : std::nullopt;
   cursor_ = *day;
 }
 
@@ -164,6 +164,7 @@ void CalendarEditor::Drag(std::optional<int> day) {
 
 void CalendarEditor::Release(std::optional<int> day, Prompts& prompts, const LanguageTexts& texts) {
   if (!dragging_) return;
+  if (!day) return CancelDrag();
   Drag(day);
   dragging_ = false;
   Apply(prompts, texts);
@@ -206,12 +207,12 @@ void CalendarEditor::MoveBeyond(int day) {
 // --- Changes ---
 
 void CalendarEditor::Apply(Prompts& prompts, const LanguageTexts& texts) {
-  if (ViewOnly()) return;
+  if (ViewOnly() || !type_) return;
   if (type_ != kNoDayType && !years_.Has(DateOf(1).year)) return TellYear(prompts, texts);
   const DayRun run = Selection().value_or(DayRun{cursor_, cursor_});
   bool room = true;
   history_.Change({year_, month_, cursor_, anchor_}, [&](CalendarTable& table) {
-    room = table.Give(DateOf(run.first), DateOf(run.last), type_);
+    room = table.Give(DateOf(run.first), DateOf(run.last), *type_);
   });
   if (room) return;
   prompts.Show(Icon::Information,

@@ -11,6 +11,7 @@
 #include "editors/UndoHistory.h"
 #include "formats/CalendarTable.h"
 #include "formats/CalendarText.h"
+#include "formats/Holidays.h"
 #include "formats/LineOwner.h"
 #include "lang/LanguageTexts.h"
 #include "system/Prompts.h"
@@ -75,6 +76,9 @@ class CalendarEditor {
   /// The lines that were not read; show them with `ShowRefused` when the editor opens.
   const std::vector<RefusedDates>& Refused() const { return refused_; }
   bool ViewOnly() const { return access_ == Access::ViewOnly; }
+  /// Marks the public holidays of Sweden in the years that have no fixed list.
+  void MarkSwedishHolidays() { otherYears_ = OtherYears::Sweden; }
+  bool MarksSwedishHolidays() const { return otherYears_ == OtherYears::Sweden; }
   /// Adds lines that were not received to the lines that saving would lose.
   void CountLost(std::size_t lines) { linesLost_ += lines; }
 
@@ -95,7 +99,8 @@ class CalendarEditor {
   bool Next() { return Step(1); }
   bool Last() { return Step(-1); }
 
-  std::int16_t DayType() const { return type_; }  // 0 none, 1 to 14
+  /// 0 to remove entries, 1 to 14; nothing until one is chosen.
+  std::optional<std::int16_t> DayType() const { return type_; }
   /// Sets the type for the next days; the calendar itself does not change.
   void ChooseType(int type);
 
@@ -104,7 +109,9 @@ class CalendarEditor {
   std::optional<DayRun> Selection() const;
 
   /// The mouse button is pressed on a day, moved to another, released. A press outside the days
-  /// starts nothing and keeps the selection. Releasing gives the selected days the chosen type.
+  /// starts nothing and keeps the selection. Releasing gives the selected days the chosen type;
+  /// outside the days it gives the selection up. Until a type is chosen, a press only moves the
+  /// cursor.
   void Press(std::optional<int> day);
   void Drag(std::optional<int> day);
   void Release(std::optional<int> day, Prompts& prompts, const LanguageTexts& texts);
@@ -116,8 +123,8 @@ class CalendarEditor {
   /// from where the cursor started and stays within the month.
   void MoveCursor(CalendarMove move, bool extend);
 
-  /// Gives the selected days, or else the cursor's day, the chosen type. If a line can't hold the
-  /// year or the calendar is full, shows a message and changes nothing.
+  /// Gives the selected days, or else the cursor's day, the chosen type, if any. If a line can't
+  /// hold the year or the calendar is full, shows a message and changes nothing.
   void Apply(Prompts& prompts, const LanguageTexts& texts);
 
   /// Setting a type is one step if it changes anything. Undo and redo show the month and select the
@@ -150,9 +157,10 @@ class CalendarEditor {
   UndoHistory<CalendarTable, CalendarPlace, SameCalendar> history_;
   std::vector<RefusedDates> refused_;
   std::size_t linesLost_ = 0;
+  OtherYears otherYears_ = OtherYears::None;
   int year_ = 0;
   int month_;
-  std::int16_t type_ = kNoDayType;
+  std::optional<std::int16_t> type_;
   int cursor_;
   std::optional<int> anchor_;  // the other end of the selection
   bool dragging_ = false;

@@ -39,6 +39,7 @@ struct EditedCatalogue {
   std::size_t linesLost = 0;            // lines of the catalogue as it was read that saving loses
   RetryTexts retry{};                   // asked after a failed write
   std::vector<std::string> notInLines;  // content of the table that lines can't hold, in words
+  std::vector<std::string> notes{};     // what the user may not have meant, in words
 };
 
 /// Writes an edited catalogue. If the lines can't be built, it reports that and writes nothing. If

@@ -6,21 +6,34 @@
 #include "formats/ExceptionText.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
+#include "text/Fields.h"
 
 namespace zek {
 namespace {
 
 std::size_t NextRow(std::size_t row) { return (row + 1) % kExceptionRows; }
 
-struct DateAndTime {
-  ExceptionBox date;
-  ExceptionBox time;
-};
-constexpr DateAndTime kStartBoxes{ExceptionBox::DateOn, ExceptionBox::Start};
-constexpr DateAndTime kStopBoxes{ExceptionBox::DateOff, ExceptionBox::Stop};
+bool IsStart(ExceptionBox box) { return box == ExceptionBox::DateOn || box == ExceptionBox::Start; }
+bool IsDate(ExceptionBox box) {
+  return box == ExceptionBox::DateOn || box == ExceptionBox::DateOff;
+}
+bool IsTime(ExceptionBox box) { return box == ExceptionBox::Start || box == ExceptionBox::Stop; }
 
-bool IsOf(const DateAndTime& boxes, ExceptionBox box) {
-  return box == boxes.date || box == boxes.time;
+// A stop time without a date is on the start's date.
+SwitchTimes TimesOf(const OvcRow& row) {
+  SwitchTimes times{row.start, {}};
+  if (row.HasStopDate()) {
+    times.stop = row.stop;
+  } else if (row.stop != 0) {
+    times.stop = row.start - TimeOfDay(row.start) + row.StopTime();
+  }
+  return times;
+}
+
+// Moves the start; a stop that is equal to it was never entered, and follows.
+void MoveStart(OvcRow& row, Moment start) {
+  if (row.stop == row.start) row.stop = start;
+  row.start = start;
 }
 
 }  // namespace
@@ -36,16 +49,12 @@ void ShowRefused(const RefusedException& refused, Prompts& prompts, const Langua
   prompts.Show(Icon::Information, full ? message : message + " (" + refused.line + ")");
 }
 
-void ShowWrong(const std::vector<WrongEntry>& wrong, Prompts& prompts, const LanguageTexts& texts) {
-  for (const WrongEntry& each : wrong)
-    prompts.Show(Icon::Information, Message(texts.Text(each.text), {each.typed}));
-}
-
 ExceptionEditor::ExceptionEditor(std::span<const std::string> lines, LineOwner owner,
-                                 char decimalSeparator, Access access, Clock now)
+                                 char decimalSeparator, PickList pickList, Access access, Clock now)
     : lines_(lines.begin(), lines.end()),
       owner_(std::move(owner)),
       decimalSeparator_(decimalSeparator),
+      pickList_(std::move(pickList)),
       access_(owner_.name.empty() ? Access::ViewOnly : access),
       now_(std::move(now)) {
   ExceptionReading reading = ReadExceptions(lines_, owner_);
@@ -56,55 +65,126 @@ ExceptionEditor::ExceptionEditor(std::span<const std::string> lines, LineOwner o
 
 void ExceptionEditor::FocusRow(std::size_t row) { row_ = std::min(row, kExceptionRows - 1); }
 
-ExceptionTexts ExceptionEditor::RowTexts(std::size_t row) const {
-  return TextsOf(Table().rows.at(row), decimalSeparator_);
+// --- What the boxes show ---
+
+const PickList& ExceptionEditor::NamesOf(ExceptionBox box) const {
+  static const PickList none;
+  return IsDate(box) || IsTime(box) ? none : pickList_;
 }
 
-Moment ExceptionEditor::TakeMoment(const std::string& date, const std::string& time,
-                                   std::vector<WrongEntry>& wrong) const {
-  const std::optional<Moment> day = TypedExceptionDate(date);
-  const std::optional<Moment> timeOfDay = TypedExceptionTime(time);
-  if (!day) wrong.push_back({text::kDateWrong, date});
-  if (!timeOfDay) wrong.push_back({text::kTimeWrong, time});
-  if (day && timeOfDay) return *day + *timeOfDay;
-  const Moment now = now_();
-  const int currentTime = TimeOfDay(now);
-  return day.value_or(now - currentTime) + timeOfDay.value_or(currentTime);
+std::string ExceptionEditor::CellText(ExceptionFocus at) const {
+  return TextsOf(RowOf(at), decimalSeparator_)[at.box];
 }
 
-std::vector<WrongEntry> ExceptionEditor::Enter(ExceptionFocus at, const ExceptionTexts& typed) {
-  if (ViewOnly()) return {};
-  const ExceptionTexts shown = RowTexts(at.row);
-  const auto changed = [&](ExceptionBox box) { return typed[box] != shown[box]; };
-  std::vector<WrongEntry> wrong;
+std::int32_t ExceptionEditor::MarkOf(ExceptionFocus at) const {
+  const OvcRow& row = RowOf(at);
+  if (!row.used) return 0;
+  const bool stopsFirst = TimesOf(row).StopsFirst();
+  switch (at.box) {
+    case ExceptionBox::DateOn:
+      return TimeMark(at.row);
+    case ExceptionBox::Stop:
+      return stopsFirst ? text::kStopFirst : 0;
+    case ExceptionBox::DateOff:
+      return stopsFirst && row.HasStopDate() ? text::kStopFirst : 0;
+    case ExceptionBox::Start:
+      return 0;
+    case ExceptionBox::ValueOn:
+    case ExceptionBox::ValueOff:
+      break;
+  }
+  const std::string shown = CellText(at);
+  return !shown.empty() && IsOutside(shown, pickList_) ? text::kNotInList : 0;
+}
+
+std::int32_t ExceptionEditor::TimeMark(std::size_t row) const {
+  std::vector<SwitchTimes> others;
+  for (std::size_t other = 0; other < kExceptionRows; ++other) {
+    const OvcRow& each = Table().rows.at(other);
+    if (other != row && each.used) others.push_back(TimesOf(each));
+  }
+  return DoubtOf(TimesOf(Table().rows.at(row)), others);
+}
+
+std::optional<ExceptionFocus> ExceptionEditor::FirstBox(ExceptionFocus at) const {
+  const OvcRow& row = RowOf(at);
+  if (!row.used && at.box != ExceptionBox::DateOn) return {{ExceptionBox::DateOn, at.row}};
+  const bool needsDate = owner_.generation == Generation::Zek1 && !row.HasStopDate();
+  if (at.box == ExceptionBox::Stop && needsDate) return {{ExceptionBox::DateOff, at.row}};
+  return std::nullopt;
+}
+
+// --- Changes ---
+
+template <class Edit>
+void ExceptionEditor::Change(ExceptionFocus at, Edit edit) {
+  history_.Change(at, [&](ExceptionTable& table) { edit(table.rows.at(at.row)); });
+}
+
+std::optional<Refusal> ExceptionEditor::Enter(ExceptionFocus at, std::string_view text) {
   // Leaving a box unchanged must not change its value, which may have more digits than are shown.
-  const bool isStart = IsOf(kStartBoxes, at.box);
-  if (isStart || IsOf(kStopBoxes, at.box)) {
-    const auto [date, time] = isStart ? kStartBoxes : kStopBoxes;
-    if (!changed(date) && !changed(time)) return {};
-    history_.Change(at, [&](ExceptionTable& table) {
-      TakeMoments(table.rows.at(at.row), at.box, typed, wrong);
-    });
-  } else if (changed(at.box)) {
-    history_.Change(at, [&](ExceptionTable& table) {
-      OvcRow& row = table.rows.at(at.row);
-      (at.box == ExceptionBox::ValueOn ? row.valueOn : row.valueOff) = TypedValue(typed[at.box]);
-    });
-  }
-  return wrong;
+  if (ViewOnly() || text == CellText(at) || FirstBox(at)) return std::nullopt;
+  if (IsDate(at.box)) return EnterDate(at, text);
+  return IsTime(at.box) ? EnterTime(at, text) : EnterValue(at, text);
 }
 
-void ExceptionEditor::TakeMoments(OvcRow& row, ExceptionBox box, const ExceptionTexts& typed,
-                                  std::vector<WrongEntry>& wrong) const {
-  const bool isStart = IsOf(kStartBoxes, box);
-  const auto [date, time] = isStart ? kStartBoxes : kStopBoxes;
-  if (isStart && typed[date].empty()) {
-    row = {};
-    return;
+void ExceptionEditor::EnterEmptyDate(ExceptionFocus at) {
+  Change(at, [&](OvcRow& row) {
+    if (IsStart(at.box)) {
+      row = {};
+    } else {
+      row.stop = owner_.generation == Generation::Zek1 ? 0 : row.StopTime();
+    }
+  });
+}
+
+std::optional<Refusal> ExceptionEditor::EnterDate(ExceptionFocus at, std::string_view text) {
+  if (Trim(text).empty()) {
+    EnterEmptyDate(at);
+    return std::nullopt;
   }
-  (isStart ? row.start : row.stop) = TakeMoment(typed[date], typed[time], wrong);
-  row.used = true;
-  if (isStart && row.stop == 0) row.stop = row.start;
+  const std::optional<Moment> date = TypedExceptionDate(text);
+  if (!date) {
+    return Refusal{text::kDateWrong, text::kDateHint, std::string(text), DateText(now_())};
+  }
+  Change(at, [&](OvcRow& row) {
+    if (!row.used) {
+      row = {.used = true, .start = *date, .stop = *date};
+    } else if (IsStart(at.box)) {
+      MoveStart(row, *date + TimeOfDay(row.start));
+    } else {
+      row.stop = *date + row.StopTime();
+    }
+  });
+  return std::nullopt;
+}
+
+std::optional<Refusal> ExceptionEditor::EnterTime(ExceptionFocus at, std::string_view text) {
+  const OvcRow& old = RowOf(at);
+  const std::optional<Moment> time = TypedExceptionTime(text);
+  const bool alone = !IsStart(at.box) && !old.HasStopDate();
+  // No line holds a stop of 00:00 without a date: it is no stop.
+  if (!time || (alone && *time == 0 && !Trim(text).empty())) {
+    return Refusal{text::kTimeWrong, text::kTimeHint, std::string(text),
+                   ClockText(TimeOfDay(now_()))};
+  }
+  Change(at, [&](OvcRow& row) {
+    if (IsStart(at.box)) {
+      MoveStart(row, row.start - TimeOfDay(row.start) + *time);
+    } else {
+      row.stop = alone ? *time : row.stop - TimeOfDay(row.stop) + *time;
+    }
+  });
+  return std::nullopt;
+}
+
+std::optional<Refusal> ExceptionEditor::EnterValue(ExceptionFocus at, std::string_view text) {
+  const auto value = Trim(text).empty() ? kNoValue : TypedValue(text, pickList_);
+  if (!value) return Refusal{text::kValueWrong, text::kValueHint, std::string(text), {}};
+  Change(at, [&](OvcRow& row) {
+    (at.box == ExceptionBox::ValueOn ? row.valueOn : row.valueOff) = *value;
+  });
+  return std::nullopt;
 }
 
 std::optional<ExceptionFocus> ExceptionEditor::ShowPlace(

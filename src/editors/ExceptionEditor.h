@@ -9,6 +9,8 @@
 #include <vector>
 
 #include "editors/EditedCatalogue.h"
+#include "editors/Entry.h"
+#include "editors/PickList.h"
 #include "editors/UndoHistory.h"
 #include "formats/ExceptionCells.h"
 #include "formats/ExceptionTable.h"
@@ -34,27 +36,17 @@ ExceptionFocus NextFocus(ExceptionFocus from);
 /// Shows the message about a refused line, with the information icon.
 void ShowRefused(const RefusedException& refused, Prompts& prompts, const LanguageTexts& texts);
 
-/// A date or time that was refused and replaced.
-struct WrongEntry {
-  std::int32_t text = 0;  // text::kDateWrong or text::kTimeWrong
-  std::string typed;
-
-  bool operator==(const WrongEntry&) const = default;
-};
-
-/// Shows one message for each entry.
-void ShowWrong(const std::vector<WrongEntry>& wrong, Prompts& prompts, const LanguageTexts& texts);
-
 /// The logic of the exception editor, without its controls: a grid of the table's eight rows. The
 /// texts of the boxes are windows-1252.
 class ExceptionEditor {
  public:
   using Clock = std::function<Moment()>;  // the local date and time
 
-  /// `lines` is the catalogue as fetched. Nothing can be changed or saved with `ViewOnly`, nor for
-  /// an owner without a name: a root node owns none of the lines that saving would replace.
+  /// `lines` is the catalogue as fetched, `pickList` names its values. Nothing can be changed or
+  /// saved with `ViewOnly`, nor for an owner without a name: a root node owns none of the lines
+  /// that saving would replace.
   ExceptionEditor(std::span<const std::string> lines, LineOwner owner, char decimalSeparator,
-                  Access access, Clock now);
+                  PickList pickList, Access access, Clock now);
 
   const ExceptionTable& Table() const { return history_.Now(); }
   /// The lines that were not read; show them with `ShowRefused` when the editor opens.
@@ -66,14 +58,26 @@ class ExceptionEditor {
   std::size_t Row() const { return row_; }  // the row for Erase, 0 to 7
   void FocusRow(std::size_t row);
 
-  /// Returns the texts of a row's boxes.
-  ExceptionTexts RowTexts(std::size_t row) const;
+  /// The names of a value box's values; no items for the other boxes.
+  const PickList& NamesOf(ExceptionBox box) const;
 
-  /// Stores the boxes of a row when the user leaves the box `at`: date and time of the start
-  /// together, or those of the stop, or one value. Unchanged boxes are not an entry. An empty start
-  /// date clears the row; an invalid date or time becomes today's date or the current time.
-  /// Afterwards refresh the boxes, then show the errors returned.
-  std::vector<WrongEntry> Enter(ExceptionFocus at, const ExceptionTexts& typed);
+  /// The text of a box; `ShownText` adds a value's name, for a box without the focus.
+  std::string CellText(ExceptionFocus at) const;
+  std::string ShownText(ExceptionFocus at) const { return WithName(CellText(at), NamesOf(at.box)); }
+  /// Why a box is marked (text::kStopFirst to text::kNotInList), or 0.
+  std::int32_t MarkOf(ExceptionFocus at) const;
+
+  /// The box that must be filled before `at`: the start date of an unused row; on a ZEK1, the stop
+  /// date before a stop time.
+  std::optional<ExceptionFocus> FirstBox(ExceptionFocus at) const;
+
+  /// Enters what was typed into a box (see `TypedExceptionDate`, `TypedExceptionTime`,
+  /// `TypedValue`), or returns why not; today or now takes the place of a wrong date or time. Does
+  /// nothing if another box comes first. An empty start date clears the row, empty stop boxes are
+  /// no stop, and an empty value is none. A start date in an unused row begins a new entry: from
+  /// 00:00, and its stop follows the start until it is entered. On a ZEK1 an empty stop date is no
+  /// stop.
+  std::optional<Refusal> Enter(ExceptionFocus at, std::string_view text);
 
   /// Marks the current row as unused without changing its other fields, and makes the next one
   /// (after row 7, row 0) the current row. Returns it.
@@ -91,14 +95,19 @@ class ExceptionEditor {
 
  private:
   std::optional<ExceptionFocus> ShowPlace(const std::optional<ExceptionFocus>& place);
-  void TakeMoments(OvcRow& row, ExceptionBox box, const ExceptionTexts& typed,
-                   std::vector<WrongEntry>& wrong) const;
-  Moment TakeMoment(const std::string& date, const std::string& time,
-                    std::vector<WrongEntry>& wrong) const;
+  const OvcRow& RowOf(ExceptionFocus at) const { return Table().rows.at(at.row); }
+  std::int32_t TimeMark(std::size_t row) const;
+  template <class Edit>
+  void Change(ExceptionFocus at, Edit edit);
+  std::optional<Refusal> EnterDate(ExceptionFocus at, std::string_view text);
+  std::optional<Refusal> EnterTime(ExceptionFocus at, std::string_view text);
+  std::optional<Refusal> EnterValue(ExceptionFocus at, std::string_view text);
+  void EnterEmptyDate(ExceptionFocus at);
 
   std::vector<std::string> lines_;
   LineOwner owner_;
   char decimalSeparator_;
+  PickList pickList_;
   Access access_;
   Clock now_;
   UndoHistory<ExceptionTable, ExceptionFocus, SameExceptions> history_{ExceptionTable{}};

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -40,6 +41,17 @@ PickList ReadPickList(const Profile& profile, std::int32_t table, char decimalSe
 
 /// Returns the list without "Default", for a value that must not be missing.
 PickList WithoutDefault(PickList list);
+
+/// Returns the value of a typed text, in which "," and "." are both decimal separators: a number is
+/// that number, "." or "," alone is `kNoValue`. Other text is the name of an item, or the beginning
+/// of only one name, in upper or lower case. Returns nothing for any other text.
+std::optional<float> TypedValue(std::string_view text, const PickList& list);
+
+/// Returns a value with its name, "1 På"; without a name, only the value.
+std::string WithName(const std::string& value, const PickList& list);
+
+/// True if the list has names for values, but none for this one.
+bool IsOutside(const std::string& value, const PickList& list);
 
 /// Shows a message if the section was cut.
 void TellCut(const PickList& list, Prompts& prompts, const LanguageTexts& texts);

@@ -7,11 +7,28 @@
 #include "formats/WeekdayCells.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
+#include "text/Fields.h"
 
 namespace zek {
 namespace {
 
 std::size_t NextColumn(std::size_t column) { return (column + 1) % kDaysOfType; }
+
+// A row with content that is not sent, because it has no start.
+bool IsLeftOut(const WeekdayRow& row) { return !row.Used() && row != WeekdayRow{}; }
+
+SwitchTimes TimesOf(const WeekdayRow& row) {
+  return {row.start, row.stop == kNoTime ? std::nullopt : std::optional<std::int64_t>(row.stop)};
+}
+
+std::string NameOfDay(std::size_t day, const LanguageTexts& texts) {
+  if (day < kDaysOfType) return texts.Text(text::kMonday + static_cast<std::int32_t>(day));
+  return Message(texts.Text(text::kSpecialDay), {std::to_string(day - kDaysOfType + 1)});
+}
+
+std::string PlaceOf(std::size_t day, std::size_t row, const LanguageTexts& texts) {
+  return Message(texts.Text(text::kPlaceOfRow), {NameOfDay(day, texts), std::to_string(row + 1)});
+}
 
 }  // namespace
 
@@ -42,13 +59,15 @@ void ShowRefused(const RefusedLine& refused, Prompts& prompts, const LanguageTex
 }
 
 WeekdayEditor::WeekdayEditor(std::span<const std::string> lines, LineOwner owner,
-                             char decimalSeparator, Access access)
+                             char decimalSeparator, PickList pickList, Access access)
     : lines_(lines.begin(), lines.end()),
       owner_(std::move(owner)),
       decimalSeparator_(decimalSeparator),
+      stopValues_(std::move(pickList)),
+      startValues_(WithoutDefault(stopValues_)),
       access_(access) {
   WeekdayReading reading = ReadWeekday(lines_, owner_);
-  history_ = decltype(history_)(reading.table);
+  history_ = decltype(history_)({reading.table, {}});
   refused_ = std::move(reading.refused);
   linesLost_ = reading.linesLost;
 }
@@ -66,26 +85,95 @@ std::string WeekdayEditor::TypeCaption(std::size_t type, const LanguageTexts& te
   return texts.Text(number) + " (" + std::to_string(Table().UsedRows(type)) + ")";
 }
 
-std::string WeekdayEditor::StartText(std::size_t column) const {
-  return TimeText(Cells(column).start);
+// --- What the boxes show ---
+
+const PickList& WeekdayEditor::NamesOf(WeekdayBox box) const {
+  static const PickList none;
+  if (box == WeekdayBox::ValueOn) return startValues_;
+  return box == WeekdayBox::ValueOff ? stopValues_ : none;
 }
 
-std::string WeekdayEditor::StopText(std::size_t column) const {
-  return TimeText(Cells(column).stop);
+std::string WeekdayEditor::CellText(WeekdayFocus at) const {
+  const WeekdayRow& row = Cells(at.column);
+  switch (at.box) {
+    case WeekdayBox::Start:
+      return TimeText(row.start);
+    case WeekdayBox::Stop:
+      return TimeText(row.stop);
+    case WeekdayBox::ValueOn:
+      if (IsUnvalued(CellOf(at.column))) return {};
+      return ValueOnText(row, decimalSeparator_);
+    case WeekdayBox::ValueOff:
+      break;
+  }
+  return ValueOffText(row, decimalSeparator_);
 }
 
-std::string WeekdayEditor::ValueOnText(std::size_t column) const {
-  return zek::ValueOnText(Cells(column), decimalSeparator_);
+std::int32_t WeekdayEditor::MarkOf(WeekdayFocus at) const {
+  const Cell cell = CellOf(at.column);
+  const WeekdayRow& row = RowOf(cell);
+  const std::string shown = CellText(at);
+  if (!row.Used()) {
+    const bool isStart = at.box == WeekdayBox::Start;
+    return IsLeftOut(row) && (isStart || !shown.empty()) ? text::kRowNotUsed : 0;
+  }
+  switch (at.box) {
+    case WeekdayBox::Start:
+      return TimeMark(cell);
+    case WeekdayBox::Stop:
+      return TimesOf(row).StopsFirst() ? text::kStopFirst : 0;
+    case WeekdayBox::ValueOn:
+      if (IsUnvalued(cell)) return text::kNoStartValue;
+      break;
+    case WeekdayBox::ValueOff:
+      break;
+  }
+  return !shown.empty() && IsOutside(shown, NamesOf(at.box)) ? text::kNotInList : 0;
 }
 
-std::string WeekdayEditor::ValueOffText(std::size_t column) const {
-  return zek::ValueOffText(Cells(column), decimalSeparator_);
+bool WeekdayEditor::IsUnvalued(Cell cell) const {
+  return history_.Now().unvalued.test(cell.Place()) && RowOf(cell).valueOn == 0;
 }
+
+std::int32_t WeekdayEditor::TimeMark(Cell cell) const {
+  std::vector<SwitchTimes> others;
+  for (std::size_t row = 0; row < kWeekdayRows; ++row) {
+    const WeekdayRow& other = RowOf({cell.day, row});
+    if (row != cell.row && other.Used()) others.push_back(TimesOf(other));
+  }
+  return DoubtOf(TimesOf(RowOf(cell)), others);
+}
+
+std::string WeekdayEditor::DayName(std::size_t column, const LanguageTexts& texts) const {
+  return NameOfDay(type_ * kDaysOfType + column, texts);
+}
+
+std::string WeekdayEditor::PlaceName(const LanguageTexts& texts) const {
+  return PlaceOf(type_ * kDaysOfType + column_, row_, texts);
+}
+
+std::vector<std::string> WeekdayEditor::Notes(const LanguageTexts& texts) const {
+  std::vector<std::string> notes;
+  for (std::size_t day = 0; day < kWeekdayDays; ++day) {
+    for (std::size_t row = 0; row < kWeekdayRows; ++row) {
+      const Cell cell{day, row};
+      const bool used = RowOf(cell).Used();
+      const std::int32_t note = used && IsUnvalued(cell)          ? text::kNoStartValue
+                                : !used && IsLeftOut(RowOf(cell)) ? text::kRowNotUsed
+                                                                  : 0;
+      if (note != 0) notes.push_back(PlaceOf(day, row, texts) + ": " + texts.Text(note));
+    }
+  }
+  return notes;
+}
+
+// --- Changes ---
 
 template <class Edit>
 void WeekdayEditor::Change(WeekdayFocus at, Edit edit) {
-  history_.Change({type_, row_, at}, [&](WeekdayTable& table) {
-    edit(table.days[type_ * kDaysOfType + at.column][row_]);
+  const Cell cell = CellOf(at.column);
+  history_.Change({type_, row_, at}, [&](EditedWeekdays& edited) {
+    edit(edited.table.days.at(cell.day).at(cell.row), edited.unvalued[cell.Place()]);
   });
 }
 
@@ -97,42 +185,63 @@ std::optional<WeekdayFocus> WeekdayEditor::ShowPlace(const std::optional<Weekday
   return place->focus;
 }
 
-void WeekdayEditor::EnterStart(std::size_t column, std::string_view text) {
-  if (ViewOnly()) return;
+std::optional<Refusal> WeekdayEditor::Enter(WeekdayFocus at, std::string_view text) {
+  // Leaving a box unchanged must not change its value: the text may have fewer digits, and equal
+  // days would become different.
+  if (ViewOnly() || text == CellText(at)) return std::nullopt;
+  if (at.box == WeekdayBox::Start || at.box == WeekdayBox::Stop) return EnterTime(at, text);
+  return EnterValue(at, text);
+}
+
+std::optional<Refusal> WeekdayEditor::EnterTime(WeekdayFocus at, std::string_view text) {
   const auto time = TypedTime(text);
-  if (time) Change({WeekdayBox::Start, column}, [&](WeekdayRow& row) { row.start = *time; });
+  if (!time) return Refusal{text::kTimeWrong, text::kTimeHint, std::string(text), {}};
+  Change(at, [&](WeekdayRow& row, auto unvalued) {
+    if (at.box == WeekdayBox::Stop) {
+      row.stop = *time;
+      return;
+    }
+    if (!row.Used() && row.valueOn == 0) unvalued = true;
+    row.start = *time;
+  });
+  return std::nullopt;
 }
 
-void WeekdayEditor::EnterStop(std::size_t column, std::string_view text) {
-  if (ViewOnly()) return;
-  const auto time = TypedTime(text);
-  if (time) Change({WeekdayBox::Stop, column}, [&](WeekdayRow& row) { row.stop = *time; });
-}
-
-// Leaving a box unchanged must not change its value: the text may have fewer digits, and equal days
-// would become different.
-void WeekdayEditor::EnterValueOn(std::size_t column, std::string_view text) {
-  if (ViewOnly() || text == ValueOnText(column)) return;
-  Change({WeekdayBox::ValueOn, column}, [&](WeekdayRow& row) { row.valueOn = TypedValueOn(text); });
-}
-
-void WeekdayEditor::EnterValueOff(std::size_t column, std::string_view text) {
-  if (ViewOnly() || !HasStopValues() || text == ValueOffText(column)) return;
-  Change({WeekdayBox::ValueOff, column},
-         [&](WeekdayRow& row) { row.valueOff = TypedValueOff(text); });
+std::optional<Refusal> WeekdayEditor::EnterValue(WeekdayFocus at, std::string_view text) {
+  const bool isStart = at.box == WeekdayBox::ValueOn;
+  if (!isStart && !HasStopValues()) return std::nullopt;
+  const bool emptied = Trim(text).empty();
+  const auto value = emptied ? kNoValue : TypedValue(text, NamesOf(at.box));
+  if (!value) return Refusal{text::kValueWrong, text::kValueHint, std::string(text), {}};
+  Change(at, [&](WeekdayRow& row, auto unvalued) {
+    if (!isStart) {
+      row.valueOff = *value;
+      return;
+    }
+    unvalued = *value == kNoValue;
+    row.valueOn = unvalued ? 0 : *value;
+  });
+  return std::nullopt;
 }
 
 std::size_t WeekdayEditor::Copy() {
-  if (ViewOnly()) return column_;
+  if (ViewOnly() || column_ + 1 == kDaysOfType) return column_;
   const WeekdayRow copied = Cells(column_);
-  column_ = NextColumn(column_);
-  Change({WeekdayBox::Start, column_}, [&](WeekdayRow& row) { row = copied; });
+  const bool copiedUnvalued = IsUnvalued(CellOf(column_));
+  ++column_;
+  Change({WeekdayBox::Start, column_}, [&](WeekdayRow& row, auto unvalued) {
+    row = copied;
+    unvalued = copiedUnvalued;
+  });
   return column_;
 }
 
 std::size_t WeekdayEditor::Erase() {
   if (ViewOnly()) return column_;
-  Change({WeekdayBox::Start, column_}, [](WeekdayRow& row) { row = {}; });
+  Change({WeekdayBox::Start, column_}, [](WeekdayRow& row, auto unvalued) {
+    row = {};
+    unvalued = false;
+  });
   column_ = NextColumn(column_);
   return column_;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bitset>
 #include <cstddef>
 #include <optional>
 #include <span>
@@ -8,6 +9,8 @@
 #include <vector>
 
 #include "editors/EditedCatalogue.h"
+#include "editors/Entry.h"
+#include "editors/PickList.h"
 #include "editors/UndoHistory.h"
 #include "formats/WeekdayTable.h"
 #include "formats/WeekdayText.h"
@@ -33,6 +36,19 @@ struct WeekdayPlace {
   WeekdayFocus focus;
 };
 
+/// The table as it is edited. `unvalued` marks the rows whose start value was emptied or not
+/// entered yet: it is 0, which the user may not mean, and shows as an empty box.
+struct EditedWeekdays {
+  WeekdayTable table;
+  std::bitset<kWeekdayDays * kWeekdayRows> unvalued;
+};
+
+struct SameWeekdays {
+  bool operator()(const EditedWeekdays& left, const EditedWeekdays& right) const {
+    return left.table == right.table;
+  }
+};
+
 /// Returns the next box for the Enter key: down the column, then at the top of the next column,
 /// from the last column back to the first.
 WeekdayFocus NextFocus(WeekdayFocus from);
@@ -45,11 +61,12 @@ void ShowRefused(const RefusedLine& refused, Prompts& prompts, const LanguageTex
 class WeekdayEditor {
  public:
   /// `lines` is the catalogue as fetched. The editor of a root node, an owner without a name, shows
-  /// the lines without one. With `ViewOnly` nothing can be changed or saved.
+  /// the lines without one. `pickList` names the stop values and, but for "Default", the start
+  /// values. With `ViewOnly` nothing can be changed or saved.
   WeekdayEditor(std::span<const std::string> lines, LineOwner owner, char decimalSeparator,
-                Access access);
+                PickList pickList, Access access);
 
-  const WeekdayTable& Table() const { return history_.Now(); }
+  const WeekdayTable& Table() const { return history_.Now().table; }
   /// The lines that were not read; show them with `ShowRefused` when the editor opens.
   const std::vector<RefusedLine>& Refused() const { return refused_; }
   bool ViewOnly() const { return access_ == Access::ViewOnly; }
@@ -68,24 +85,25 @@ class WeekdayEditor {
   /// Returns text 271 or 272 and, in brackets, the number of used rows of that type.
   std::string TypeCaption(std::size_t type, const LanguageTexts& texts) const;
 
-  /// The text of each box.
-  std::string StartText(std::size_t column) const;
-  std::string StopText(std::size_t column) const;
-  std::string ValueOnText(std::size_t column) const;
-  std::string ValueOffText(std::size_t column) const;
+  /// The names of a value box's values; no items for the other boxes.
+  const PickList& NamesOf(WeekdayBox box) const;
 
-  /// Store what was typed into a box (see `TypedTime`, `TypedValueOn`, `TypedValueOff`). An invalid
-  /// time keeps the old one. Afterwards refresh the boxes in any case.
-  void EnterStart(std::size_t column, std::string_view text);
-  void EnterStop(std::size_t column, std::string_view text);
-  void EnterValueOn(std::size_t column, std::string_view text);
-  void EnterValueOff(std::size_t column, std::string_view text);
+  /// The text of a box; `ShownText` adds a value's name, for a box without the focus.
+  std::string CellText(WeekdayFocus at) const;
+  std::string ShownText(WeekdayFocus at) const { return WithName(CellText(at), NamesOf(at.box)); }
+  /// Why a box is marked (text::kStopFirst to text::kNoStartValue), or 0.
+  std::int32_t MarkOf(WeekdayFocus at) const;
 
-  /// Copies the focused column's row to the next column (after column 6, column 0) and makes that
-  /// the focused one. Returns it.
+  /// Enters what was typed into a box (see `TypedTime`, `TypedValue`), or returns why not. An empty
+  /// stop value is none, an empty start value 0.
+  std::optional<Refusal> Enter(WeekdayFocus at, std::string_view text);
+
+  /// Copies the focused column's row to the next column and makes that the focused one. Does
+  /// nothing in the last column. Returns the focused column.
   std::size_t Copy();
 
-  /// Empties the focused column's row and makes the next column the focused one, as `Copy` does.
+  /// Empties the focused column's row and makes the next column (after column 6, column 0) the
+  /// focused one. Returns it.
   std::size_t Erase();
 
   /// Every entry, copy and erasure that changes the table is one step. Undo and redo show its type,
@@ -94,13 +112,33 @@ class WeekdayEditor {
   std::optional<WeekdayFocus> Redo() { return ShowPlace(history_.Redo()); }
   EditState State() const { return history_.State(); }
 
+  /// The name of a column's day in the grid, and where the change was that was undone last:
+  /// "Mån, rad 2".
+  std::string DayName(std::size_t column, const LanguageTexts& texts) const;
+  std::string PlaceName(const LanguageTexts& texts) const;
+
+  /// What the user should know before the catalogue is sent: rows that are not used and start
+  /// values that were not entered.
+  std::vector<std::string> Notes(const LanguageTexts& texts) const;
+
   /// Returns the table as lines for saving; nothing with `ViewOnly`.
   std::optional<EditedCatalogue> Edited() const;
 
  private:
-  const WeekdayRow& Cells(std::size_t column) const {
-    return Table().days[type_ * kDaysOfType + column][row_];
-  }
+  struct Cell {
+    std::size_t day = 0;
+    std::size_t row = 0;
+
+    std::size_t Place() const { return day * kWeekdayRows + row; }
+  };
+
+  Cell CellOf(std::size_t column) const { return {type_ * kDaysOfType + column, row_}; }
+  const WeekdayRow& Cells(std::size_t column) const { return RowOf(CellOf(column)); }
+  const WeekdayRow& RowOf(Cell cell) const { return Table().days.at(cell.day).at(cell.row); }
+  bool IsUnvalued(Cell cell) const;
+  std::int32_t TimeMark(Cell cell) const;
+  std::optional<Refusal> EnterTime(WeekdayFocus at, std::string_view text);
+  std::optional<Refusal> EnterValue(WeekdayFocus at, std::string_view text);
   template <class Edit>
   void Change(WeekdayFocus at, Edit edit);
   std::optional<WeekdayFocus> ShowPlace(const std::optional<WeekdayPlace>& place);
@@ -108,8 +146,10 @@ class WeekdayEditor {
   std::vector<std::string> lines_;
   LineOwner owner_;
   char decimalSeparator_;
+  PickList stopValues_;
+  PickList startValues_;  // without "Default": a start needs a value
   Access access_;
-  UndoHistory<WeekdayTable, WeekdayPlace> history_{WeekdayTable{}};
+  UndoHistory<EditedWeekdays, WeekdayPlace, SameWeekdays> history_{EditedWeekdays{}};
   std::vector<RefusedLine> refused_;
   std::size_t linesLost_ = 0;
   std::size_t type_ = 0;

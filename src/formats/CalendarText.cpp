@@ -209,7 +209,7 @@ CalendarLayout EmptyCalendarLayout(std::string_view name) {
 
 CalendarReading ReadCalendar(std::span<const std::string> lines, const CalendarYears& years,
                              int baseYear) {
-  CalendarReading reading{CalendarTable(baseYear), {}, 0, {}};
+  CalendarReading reading{CalendarTable(baseYear), {}, 0, {}, {}, {}};
   bool cut = false;
   for (const std::string& line : lines) {
     const CalendarLine fields = Cut(line);
@@ -221,8 +221,10 @@ CalendarReading ReadCalendar(std::span<const std::string> lines, const CalendarY
       continue;
     }
     const std::optional<std::int32_t> reason = StoreLine(reading.table, fields, years);
+    reading.lineNumbers.resize(reading.table.Used().size(), LineNumber(line));
     if (!reason) continue;
     ++reading.linesLost;
+    reading.unread.push_back(line);
     if (*reason == text::kCalendarCut && std::exchange(cut, true)) continue;
     reading.refused.push_back({*reason, std::string(fields.number), line});
   }

@@ -18,6 +18,4 @@ std::string BoxValue(float value, char decimalSeparator) {
   return value == kNoValue ? std::string() : FormatNumber(value, decimalSeparator);
 }
 
-float TypedValue(std::string_view text) { return Trim(text) == "," ? kNoValue : ReadValue(text); }
-
 }  // namespace zek

@@ -74,7 +74,4 @@ float ReadValue(std::string_view field);
 std::string LineValue(float value, char decimalSeparator);
 std::string BoxValue(float value, char decimalSeparator);
 
-/// Parses a typed value like `ReadValue`; "," alone is `kNoValue` as well.
-float TypedValue(std::string_view text);
-
 }  // namespace zek

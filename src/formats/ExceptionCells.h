@@ -33,12 +33,12 @@ std::string DateText(Moment moment);
 /// boxes of an unused row, a missing stop date or stop value, and the time of a stop of 0.
 ExceptionTexts TextsOf(const OvcRow& row, char decimalSeparator);
 
-/// Parses a typed date, "2026-12-24" or "20261224", as 00:00 of that day. Returns nothing unless
-/// the year is 0 to 20 or 90 to 9999, the month 1 to 12 and the day 1 to 31 (in any month).
+/// Parses a typed date, "2026-12-24", "2026-1-2" or "20261224", as 00:00 of that day. Returns
+/// nothing unless the parts are digits, the year is 0 to 20 or 90 to 9999, and the day exists.
 std::optional<Moment> TypedExceptionDate(std::string_view text);
 
-/// Parses a typed time, "07:05", "7:05" or "0705". Returns nothing unless hours (0 to 24) and
-/// minutes (0 to 59) have at most two digits each. A missing part is 0.
+/// Parses a typed time, "07:05", "7.05", "0705", "705" or "7". Returns nothing unless hours (0 to
+/// 24) and minutes (0 to 59) are one or two digits each. An empty text is 00:00.
 std::optional<Moment> TypedExceptionTime(std::string_view text);
 
 }  // namespace zek

@@ -279,12 +279,14 @@ ExceptionReading ReadExceptions(std::span<const std::string> lines, const LineOw
       const auto row = full ? std::nullopt : ParseLine(line, owner.generation);
       if (row) {
         reading.table.rows.at(used++) = *row;
+        reading.inOrder.push_back({*row, LineNumber(line)});
         continue;
       }
       const std::int32_t reason = full ? text::kExceptionsFull : text::kExceptionRefused;
       reading.refused.push_back({reason, line});
     }
     ++reading.linesLost;
+    if (full || !IsPassedOver(line)) reading.unread.push_back(line);
   }
   if (!full) {
     std::stable_sort(

@@ -52,12 +52,20 @@ struct RefusedException {
   bool operator==(const RefusedException&) const = default;
 };
 
+/// An exception as its line says it.
+struct ExceptionLine {
+  OvcRow row;
+  int number = 0;  // of the line
+};
+
 struct ExceptionReading {
   ExceptionTable table;  // latest start first; in the order of the lines if there were too many
   std::vector<RefusedException> refused;
   /// The number of the owner's lines that saving the table would lose: refused ones, those not read
   /// because of a "*", and all from the first one beyond the table on.
   std::size_t linesLost = 0;
+  std::vector<std::string> unread;     // those lines, without the ones with a "*"
+  std::vector<ExceptionLine> inOrder;  // the rows of `table`, in the order of the lines
 };
 
 /// Parses the owner's lines (see `SplitExceptions`). A line whose first "*" is in a column that is

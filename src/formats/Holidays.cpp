@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "formats/CatalogueLine.h"
+#include "formats/SwedishHolidays.h"
 
 namespace zek {
 namespace {
@@ -31,10 +32,11 @@ constexpr auto kHolidays = std::to_array<std::string_view>({
 
 }  // namespace
 
-bool IsHoliday(const CalendarDate& date) {
-  if (date.year < kFirstYear) return false;
+bool IsHoliday(const CalendarDate& date, OtherYears others) {
   const auto year = static_cast<std::size_t>(date.year - kFirstYear);
-  if (year >= kHolidays.size()) return false;
+  if (date.year < kFirstYear || year >= kHolidays.size()) {
+    return others == OtherYears::Sweden && IsSwedishHoliday(date);
+  }
   std::string wanted = ",    ";
   PutTwoDigits(wanted, PutTwoDigits(wanted, 1, date.month + 1), date.day);
   return kHolidays.at(year).find(wanted) != std::string_view::npos;

@@ -19,16 +19,11 @@ std::string ValueOnText(const WeekdayRow& row, char decimalSeparator);
 /// Returns a stop value; "" for `kNoValue`.
 std::string ValueOffText(const WeekdayRow& row, char decimalSeparator);
 
-/// Parses a typed time; returns nothing if it is invalid. Hours and minutes are separated by the
-/// first ".", ":" or ",". Without a separator, one or two digits are hours, and the last two of
-/// three or four digits are minutes ("7", "730", "1630"). Up to 1999 minutes are carried into hours
-/// ("0.90" is 01:30). Times beyond 24:00 become 24:00. An empty text is `kNoTime`.
+/// Parses a typed time; returns nothing if it is invalid. Hours and minutes are digits, separated
+/// by the first ".", ":" or ",". Without a separator, one or two digits are hours, and the last two
+/// of three or four digits are minutes up to 59 ("7", "730", "1630"). With one, up to 1999 minutes
+/// are carried into hours ("0.90" is 01:30). Times beyond 24:00 become 24:00. An empty text is
+/// `kNoTime`.
 std::optional<std::int16_t> TypedTime(std::string_view text);
-
-/// Parses a typed start value; "," and "." are both decimal separators.
-float TypedValueOn(std::string_view text);
-
-/// Parses a typed stop value in the same way; an empty text, and "." or "," alone, is `kNoValue`.
-float TypedValueOff(std::string_view text);
 
 }  // namespace zek

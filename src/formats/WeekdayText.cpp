@@ -103,9 +103,10 @@ std::optional<std::array<std::size_t, kWeekdayDays>> FreeRows(const WeekdayTable
   return rows;
 }
 
-// Stores a line in the table; returns the text number of the error if that fails. `rest` begins
-// with the day key.
-std::optional<std::int32_t> StoreLine(WeekdayTable& table, std::string_view rest, bool plt) {
+// Stores a line in the table; returns the text number of the error if that fails. `rest` is `line`
+// from the day key on.
+std::optional<std::int32_t> StoreLine(WeekdayReading& reading, std::string_view line,
+                                      std::string_view rest, bool plt) {
   const std::optional<DayRange> range = ParseDays(TakeField(rest));
   if (!range) return text::kDayUnknown;
   // Require times and values: a stop value that was cut off must not be sent as 0.
@@ -113,11 +114,12 @@ std::optional<std::int32_t> StoreLine(WeekdayTable& table, std::string_view rest
     return text::kLineIncomplete;
   }
   // Check all days before storing: a line is stored completely or not at all.
-  const auto rows = FreeRows(table, *range);
+  const auto rows = FreeRows(reading.table, *range);
   if (!rows) return text::kDayFull;
   const WeekdayRow row = ParseRow(rest, plt);
   for (std::size_t day = range->first; day <= range->last; ++day) {
-    table.days[day][(*rows)[day]] = row;
+    reading.table.days[day][(*rows)[day]] = row;
+    reading.lineNumbers[day][(*rows)[day]] = LineNumber(line);
   }
   return std::nullopt;
 }
@@ -275,12 +277,13 @@ WeekdayReading ReadWeekday(std::span<const std::string> lines, const LineOwner& 
     }
     const std::optional<std::string_view> rest = OwnPart(line, owner);
     if (rest && !stopped) {
-      const auto reason = StoreLine(reading.table, *rest, IsPltName(owner.name));
+      const auto reason = StoreLine(reading, line, *rest, IsPltName(owner.name));
       if (!reason) continue;
       reading.refused.push_back({*reason, line});
       stopped = *reason != text::kLineIncomplete;
     }
     ++reading.linesLost;
+    reading.unread.push_back(line);
   }
   if (!ownerless.empty()) {
     reading.refused.push_back(

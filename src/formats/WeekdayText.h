@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <span>
@@ -43,12 +44,17 @@ struct RefusedLine {
   bool operator==(const RefusedLine&) const = default;
 };
 
+/// The number of the line that each row of a weekday table came from; 0 for none.
+using WeekdayLineNumbers = std::array<std::array<int, kWeekdayRows>, kWeekdayDays>;
+
 struct WeekdayReading {
   WeekdayTable table;
+  WeekdayLineNumbers lineNumbers{};
   std::vector<RefusedLine> refused;  // in the order of the lines, the lines of nobody last
   /// The owner's lines that `table` does not contain: those refused, all after an unknown day or a
   /// full day, and lines with another name in a catalogue that only the owner has.
   std::size_t linesLost = 0;
+  std::vector<std::string> unread;  // the same lines
 };
 
 /// Parses the owner's lines and passes over all others (see `WeekdayOwners`). An incomplete line is

@@ -5,9 +5,11 @@
 #include <wx/sizer.h>
 #include <wx/weakref.h>
 
+#include "forms/CancelTransfer.h"
 #include "forms/EditorTitle.h"
 #include "forms/StatusChain.h"
 #include "forms/ZV_Help.h"
+#include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "ui/Forms.h"
 #include "ui/InputBlock.h"
@@ -31,10 +33,13 @@ EditorForm::EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue 
       closesWhenGivenUp_(kind.closesWhenGivenUp),
       status_(new wxStaticText(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
                                wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END)),
+      sent_(new wxGauge(this, wxID_ANY, 1)),
       fromCopy_(content.from == LinesFrom::LocalCopy && !proc.settings.LocalMode) {
   title_ = ToWx(EditorTitle(proc, catalogue, kind.viewOnly));
   SetTitle(title_);
   status_->SetName("Label_Status");
+  sent_->SetName("Gauge_Sent");
+  sent_->Hide();
   Bind(wxEVT_CHAR_HOOK, &EditorForm::OnKey, this);
   Bind(wxEVT_TEXT, [this](wxCommandEvent&) { ShowChanges(); });
   // Escape presses this button.
@@ -87,7 +92,10 @@ void EditorForm::LayOut(wxSizer* content) {
   const int gap = FromDIP(kGap);
   auto* const whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(content, 1, wxEXPAND);
-  whole->Add(status_, 0, wxEXPAND | wxALL, gap);
+  auto* const foot = new wxBoxSizer(wxHORIZONTAL);
+  foot->Add(status_, 1, wxALIGN_CENTER_VERTICAL);
+  foot->Add(sent_, 0, wxALIGN_CENTER_VERTICAL | wxLEFT, gap);
+  whole->Add(foot, 0, wxEXPAND | wxALL, gap);
   SetSizerAndFit(whole);
   SetIcons(ProgramIcons());
   RememberPlacement(*this, GetName().ToStdString());
@@ -95,6 +103,16 @@ void EditorForm::LayOut(wxSizer* content) {
 }
 
 wxString EditorForm::Caption(int number) const { return ToWx(proc_.Text(number)); }
+
+void EditorForm::Say(const std::string& said) {
+  said_ = said;
+  ShowStatus();
+}
+
+EntryGrid::Parts EditorForm::PartsOfGrid(std::function<void()> changed) {
+  return {proc_.texts, proc_.prompts, std::move(changed),
+          [this](const std::string& said) { Say(said); }};
+}
 
 void EditorForm::OnKey(wxKeyEvent& event) {
   const int key = event.GetKeyCode();
@@ -116,20 +134,24 @@ void EditorForm::OnKey(wxKeyEvent& event) {
 
 void EditorForm::Save() {
   if (busy_ || viewOnly_ || proc_.status.Busy > 0) return;
-  TakeEntry();
+  if (!TakeEntry()) return;
   ShowChanges();
   if (!CanSave()) return;
+  Say({});
   const wxWeakRef<EditorForm> alive(this);
   SaveOutcome outcome = SaveOutcome::NotTried;
   bool close = false;
   {
-    // A half-sent catalogue is worse than the old or the new one, so sending can't be cancelled.
-    // What follows the sending can.
-    const InputBlock block([&proc = proc_] { proc.waits.Cancel(); }, FindWindow(wxID_CANCEL));
+    const InputBlock block(
+        [alive] {
+          if (alive) alive->CancelLater();
+        },
+        FindWindow(wxID_CANCEL));
     outcome = SaveEdited();
     close = block.CloseRequested();
   }
   if (!alive) return;
+  said_.clear();  // the outcome shows instead
   ShowStatus();
   const bool givenUp = outcome == SaveOutcome::GivenUp || outcome == SaveOutcome::Refused;
   const bool closes =
@@ -149,7 +171,9 @@ SaveOutcome EditorForm::SaveEdited() {
   const std::optional<EditedCatalogue> edited = Edited();
   if (!edited) return SaveOutcome::NotTried;
   const auto write = [&proc, &edited, id = id_, dfv = dfv_](const std::vector<std::string>& lines) {
-    return proc.catalogues.SaveCatalogue(id, {lines, dfv, edited->notInLines});
+    CatalogueDraft draft{lines, dfv, edited->notInLines};
+    draft.notes = edited->notes;
+    return proc.catalogues.SaveCatalogue(id, draft);
   };
   return SaveWithRetry(*edited, write, proc.ToUser());
 }
@@ -161,15 +185,17 @@ void EditorForm::StepBack() {
   if (busy_ || viewOnly_) return;
   if (HasEntry()) {
     DropEntry();
-  } else {
+  } else if (State().canUndo) {
     Undo();
+    Say(Message(proc_.Text(text::kUndone), {PlaceName()}));
   }
   ShowChanges();
 }
 
 void EditorForm::StepForward() {
-  if (busy_ || viewOnly_ || HasEntry()) return;
+  if (busy_ || viewOnly_ || HasEntry() || !State().canRedo) return;
   Redo();
+  Say(Message(proc_.Text(text::kRedone), {PlaceName()}));
   ShowChanges();
 }
 
@@ -189,10 +215,15 @@ void EditorForm::ShowChanges() {
 
 void EditorForm::OnCancel(wxCommandEvent& /*event*/) {
   if (busy_) {
-    proc_.waits.Cancel();
+    CancelLater();
   } else {
     CloseOrStay();
   }
+}
+
+// The question must not run inside the handler of a key.
+void EditorForm::CancelLater() {
+  CallAfter([&proc = proc_] { CancelTransfer(proc); });
 }
 
 void EditorForm::OnClose(wxCloseEvent& event) {
@@ -207,15 +238,7 @@ void EditorForm::OnClose(wxCloseEvent& event) {
 void EditorForm::CloseOrStay() {
   if (asking_) return;
   const wxWeakRef<EditorForm> alive(this);
-  asking_ = true;
-  TakeEntry();  // before a question moves the focus
-  const bool wrong = !viewOnly_ && !turn_.Quitting() && TellWrong();
-  if (!alive) return;
-  asking_ = false;
-  if (wrong) {
-    ShowChanges();
-    return;
-  }
+  DropEntry();  // it was not entered
   ShowChanges();
   if (IsUnsaved() && !viewOnly_ && !turn_.Quitting()) {
     asking_ = true;
@@ -239,9 +262,19 @@ void EditorForm::End() {
 void EditorForm::ShowStatus() {
   const std::string& waiting = proc_.status.Waiting;
   const std::string both = proc_.status.Transfer + (waiting.empty() ? "" : "  " + waiting);
-  status_->SetLabel(ToWx(both));
+  const std::string& atRest = said_.empty() ? proc_.status.Outcome : said_;
+  status_->SetLabel(ToWx(both.empty() ? atRest : both));
+  ShowSent();
   if (busy_ != (proc_.status.Busy > 0)) ShowBusy(!busy_);
   if (busy_) OfferCancel();
+}
+
+void EditorForm::ShowSent() {
+  const SendingSteps& sending = proc_.status.Sending;
+  if (sent_->Show(sending.of > 0)) Layout();
+  if (sending.of == 0) return;
+  sent_->SetRange(static_cast<int>(sending.of));
+  sent_->SetValue(static_cast<int>(sending.done));
 }
 
 // Cancel is the only usable button during a transfer. It gets the focus, so that keys arrive.

@@ -7,11 +7,13 @@
 
 #include <wx/button.h>
 #include <wx/dialog.h>
+#include <wx/gauge.h>
 #include <wx/stattext.h>
 
 #include "app/ZV_Proc.h"
 #include "editors/EditedCatalogue.h"
 #include "editors/UndoHistory.h"
+#include "forms/EntryGrid.h"
 #include "ui/Mnemonics.h"
 #include "wxbase/WxTurn.h"
 
@@ -39,17 +41,18 @@ class EditorForm : public wxDialog {
   EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue catalogue,
              const CatalogueContent& content, const Kind& kind);
 
-  /// `TakeEntry` enters the text typed into the focused box; `DropEntry` restores the old text.
-  virtual void TakeEntry() {}
+  /// `TakeEntry` enters the text typed into the focused box; false if it was refused. `DropEntry`
+  /// restores the old text.
+  virtual bool TakeEntry() { return true; }
   virtual void DropEntry() {}
   /// True if the focused box contains typed text that is not entered yet.
   virtual bool HasEntry() const { return false; }
-  /// Reports entries that were rejected or corrected; false if there were none.
-  virtual bool TellWrong() { return false; }
   /// The state of the changes, and undo and redo, which move the focus to the change.
   virtual EditState State() const = 0;
   virtual void Undo() = 0;
   virtual void Redo() = 0;
+  /// Where the last change was that was undone or redone, for the status line.
+  virtual std::string PlaceName() const = 0;
   /// The catalogue to save; empty if it can't be saved, after a message.
   virtual std::optional<EditedCatalogue> Edited() = 0;
   /// Handles a key without modifiers; returns false if the form does not use it.
@@ -70,6 +73,10 @@ class EditorForm : public wxDialog {
   void LayOut(wxSizer* content);
 
   wxString Caption(int number) const;
+  /// Shows a text in the status line while no transfer runs.
+  void Say(const std::string& said);
+  /// What a grid of text boxes needs; `changed` is called after every entry.
+  EntryGrid::Parts PartsOfGrid(std::function<void()> changed);
   void Save();
 
   ZV_Proc& proc_;
@@ -81,9 +88,11 @@ class EditorForm : public wxDialog {
   };
 
   void ShowBusy(bool busy);
+  void ShowSent();
   void Allow(wxWindow* part, bool usable);
   void OfferCancel();
   void OnCancel(wxCommandEvent& event);
+  void CancelLater();
   void OnKey(wxKeyEvent& event);
   void OnClose(wxCloseEvent& event);
   void StepBack();
@@ -101,6 +110,8 @@ class EditorForm : public wxDialog {
   bool closesWhenGivenUp_;
   std::vector<Part> parts_;
   wxStaticText* status_;
+  wxGauge* sent_;     // of the lines; only while they are sent
+  std::string said_;  // for the status line
   wxString title_;
   wxButton* save_ = nullptr;
   wxButton* undo_ = nullptr;

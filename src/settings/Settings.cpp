@@ -114,6 +114,7 @@ bool LoadSettings(Settings& settings, std::string_view commandLine, const Profil
   settings.PreventMinimize = ReadYesNo(profile, kGeneral, "PreventMinimize", "no");
   settings.AlwaysUseLocal = ReadYesNo(profile, kGeneral, "AlwaysUseLocal", "yes");
   settings.AlwaysUseDSS = ReadYesNo(profile, kGeneral, "AlwaysUseDSS", "yes");
+  settings.SwedishHolidays = EqualNoCase(profile.ReadIni(kGeneral, "Holidays", ""), "SE");
   settings.VerifyAfterWrite = ReadYesNo(profile, kGeneral, "VerifyAfterWrite", "no");
   settings.LogCommands = ReadYesNo(profile, kGeneral, "LogCommands", "no");
   settings.DialogMode = ReadDialogMode(profile);

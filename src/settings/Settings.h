@@ -44,6 +44,7 @@ struct Settings {
   std::int16_t DialogMode = 0;            // 0 not set, 1 "DEFAULT", 2 "ALL"
   std::int16_t SDCLastTwoDigitYear = 20;  // calendar: two digits up to this mean 20xx
   std::int16_t SDCLastYear = 2030;        // the calendar's last year of four digits
+  bool SwedishHolidays = false;           // "Holidays": the calendar marks those of Sweden
   std::int16_t HistoryCount = 50;         // earlier local copies kept of each catalogue; 0: none
   char DecimalSeparator = '.';            // of printed values
 };

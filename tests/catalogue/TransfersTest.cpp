@@ -24,7 +24,7 @@ TEST(CatalogueTransfers, LinesAreCountedOnScreen) {
                    "answer LIST WDC=EXIT/", "get WDC", "line  1000 !AHU1!x", "line  1001 !AHU1!x",
                    "yes", "save WDC"});
   for (const char* const part : {"kWaitListing 1;", "kWaitListing 2;", "kFetching (kAttempt 2)",
-                                 "kSending,", "kSendingLine 1 2;", "kSendingLine 2 2;"})
+                                 "kSending,", "kSendingLine 1 2 6;", "kSendingLine 2 2 5;"})
     EXPECT_NE(shown.find(part), std::string::npos) << part << " in " << shown;
 }
 

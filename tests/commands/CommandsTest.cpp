@@ -9,6 +9,7 @@ namespace {
 
 // Runs the command line program in a test session: "run get WDC ONE" gives its status, its output,
 // its messages, and what the controller received. "input" is its standard input, "_" a blank.
+// "wdc LINE", "sdc LINE" and "ovc LINE" add to the local copies of TWO/TSC1, which "plan" empties.
 // "tag-reply 15 text" is what the tag server replies after 15 polls; "tag-calls" shows its calls.
 class CommandPlayer : public test::SessionPlayer {
  public:
@@ -22,6 +23,10 @@ class CommandPlayer : public test::SessionPlayer {
     if (what == "no-language") files.files.erase("/zek/zek_lang.046");
     if (what == "dus") pieces = false;
     if (what == "input") input_ = rest + "\n";
+    for (const auto& [kind, copy] : kCopies) {
+      if (what == "plan") files.files[copy].clear();
+      if (what == kind) files.files[copy] += rest + "\r\n";
+    }
     if (what == "no-tags") tags.exists = false;
     if (what == "tag-reply") {
       tags.replies.resize(std::stoul(rest.substr(0, rest.find(' '))));  // polls without a reply
@@ -62,13 +67,19 @@ class CommandPlayer : public test::SessionPlayer {
     return Shown(Windows1252FromUtf8(test::Filled(stream.str())));
   }
 
+  inline static const std::map<std::string, std::string> kCopies = {
+      {"wdc", "/zek/f127_0_0_1_5100_3 Second TSC1.TXT"},
+      {"sdc", "/zek/f127_0_0_1_5100_3 Second SDC.TXT"},
+      {"ovc", "/zek/f127_0_0_1_5100_3 Second TSC1 EXC.TXT"}};
+
   std::string input_;
 };
 
 TEST(Commands, Cases) {
-  test::CheckCases("commands.txt", [](const test::TextCase& given) {
-    return CommandPlayer().PlayAll(given.given);
-  });
+  for (const char* const file : {"commands.txt", "forecast.txt"}) {
+    test::CheckCases(
+        file, [](const test::TextCase& given) { return CommandPlayer().PlayAll(given.given); });
+  }
 }
 
 }  // namespace

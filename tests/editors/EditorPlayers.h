@@ -55,6 +55,13 @@ class Player {
   virtual std::string Do(const Words& words) = 0;
   virtual SaveOutcome Save(const CatalogueWriter& writer) = 0;
   Access access() const { return given_.Has("view") ? Access::ViewOnly : Access::Edit; }
+  // "| list": with the values of a pick-list, in a file of the same encoding.
+  PickList Names() {
+    if (!given_.Has("list")) return {};
+    session_.files.files["/ini/ZEKView.INI"] +=
+        "[TXI_9]\r\nAv=0\r\nP\xE5=1\r\nDag=20.5\r\nDagtid=21\r\nNatt=17\r\n";
+    return ReadPickList(session_.profile, 9, separator());
+  }
   char separator() const { return given_.Has("comma") ? ',' : '.'; }
   SaveOutcome SaveEdited(const std::optional<EditedCatalogue>& edited,
                          const CatalogueWriter& writer) {
@@ -63,6 +70,26 @@ class Player {
   }
 
   static std::size_t Number(const std::string& word) { return std::stoul(word); }
+
+  // "date=2026-12-24 start=08:00": what is typed into boxes, one after the other. `enter` returns
+  // the refusal of a box's text, if any.
+  template <class Box, std::size_t N, class Enter>
+  void EnterEach(const std::array<const char*, N>& boxes, const Words& words, Enter enter) {
+    for (const std::string& word : words) {
+      if (word.empty()) continue;
+      const std::size_t equals = word.find('=');
+      const auto* const box = std::find(boxes.begin(), boxes.end(), word.substr(0, equals));
+      const std::optional<Refusal> refusal =
+          enter(static_cast<Box>(box - boxes.begin()), word.substr(equals + 1));
+      if (!refusal) continue;
+      prompts_.shown.push_back(TextName(refusal->text) +
+                               (refusal->instead.empty() ? "" : ": " + refusal->instead));
+    }
+  }
+  // A box's text and, after "!", its mark.
+  static std::string Marked(const std::string& text, std::int32_t mark) {
+    return " " + (text.empty() ? "-" : text) + (mark == 0 ? "" : "!" + TextName(mark));
+  }
 
   const FormatCase& given_;
   std::vector<std::string> lines_;
@@ -100,7 +127,7 @@ class Player {
 class WeekdayPlayer final : public Player {
  public:
   explicit WeekdayPlayer(const FormatCase& given) : Player(given) {
-    session_.proc.texts = NamedTexts("");
+    session_.proc.texts = NamedTexts("614=Ons\n615=Tors\n616=Fre\n");
     for (const RefusedLine& refused : editor_.Refused())
       ShowRefused(refused, prompts_, session_.proc.texts);
   }
@@ -115,18 +142,22 @@ class WeekdayPlayer final : public Player {
     if (what == "type") editor_.ShowType(at);
     if (what == "row") editor_.ShowRow(at);
     if (what == "column") editor_.FocusColumn(at);
-    if (what == "start") editor_.EnterStart(at, words[2]);
-    if (what == "stop") editor_.EnterStop(at, words[2]);
-    if (what == "on") editor_.EnterValueOn(at, words[2]);
-    if (what == "off") editor_.EnterValueOff(at, words[2]);
+    if (what == "enter") {
+      editor_.FocusColumn(at);
+      constexpr std::array boxes = {"start", "stop", "on", "off"};
+      EnterEach<WeekdayBox>(boxes, {words.begin() + 2, words.end()},
+                            [&](WeekdayBox box, const std::string& text) {
+                              return editor_.Enter({box, at}, text);
+                            });
+    }
     if (what == "copy") editor_.Copy();
     if (what == "erase") editor_.Erase();
     if (what == "lost") editor_.CountLost(at);
     if (what == "undo") return Place(editor_.Undo());
     if (what == "redo") return Place(editor_.Redo());
     if (what == "walk") return Walk();
-    const bool entry = what == "start" || what == "stop" || what == "on" || what == "off";
-    return Shown(entry ? at : editor_.Column());
+    if (what == "notes") return Notes();
+    return Shown(editor_.Column());
   }
   SaveOutcome Save(const CatalogueWriter& writer) override {
     return SaveEdited(editor_.Edited(), writer);
@@ -137,10 +168,15 @@ class WeekdayPlayer final : public Player {
   std::string Shown(std::size_t column) const {
     std::string shown = Filled(editor_.TypeCaption(editor_.Type(), session_.proc.texts)) + " " +
                         std::to_string(editor_.Row()) + "/" + std::to_string(column) + ":";
-    for (const std::string& text : {editor_.StartText(column), editor_.StopText(column),
-                                    editor_.ValueOnText(column), editor_.ValueOffText(column)})
-      shown += " " + (text.empty() ? "-" : text);
+    for (const WeekdayBox box :
+         {WeekdayBox::Start, WeekdayBox::Stop, WeekdayBox::ValueOn, WeekdayBox::ValueOff})
+      shown += Marked(editor_.ShownText({box, column}), editor_.MarkOf({box, column}));
     return shown;
+  }
+  std::string Notes() const {
+    std::string notes;
+    for (const std::string& note : editor_.Notes(session_.proc.texts)) notes += Filled(note) + "; ";
+    return notes;
   }
   std::string Place(const std::optional<WeekdayFocus>& focus) const {
     if (!focus) return "nothing";
@@ -151,19 +187,14 @@ class WeekdayPlayer final : public Player {
     WeekdayFocus at;
     std::string way;
     do {
-      const std::size_t column = at.column;
-      way += std::to_string(static_cast<int>(at.box)) + std::to_string(column) + " ";
-      if (at.box == WeekdayBox::Start) editor_.EnterStart(column, editor_.StartText(column));
-      if (at.box == WeekdayBox::Stop) editor_.EnterStop(column, editor_.StopText(column));
-      if (at.box == WeekdayBox::ValueOn) editor_.EnterValueOn(column, editor_.ValueOnText(column));
-      if (at.box == WeekdayBox::ValueOff)
-        editor_.EnterValueOff(column, editor_.ValueOffText(column));
+      way += std::to_string(static_cast<int>(at.box)) + std::to_string(at.column) + " ";
+      editor_.Enter(at, editor_.CellText(at));
       at = NextFocus(at);
     } while (at != WeekdayFocus{});
     return way + (editor_.HasStopValues() ? "with stop values" : "without stop values");
   }
 
-  WeekdayEditor editor_{lines_, given_.Owner(), separator(), access()};
+  WeekdayEditor editor_{lines_, given_.Owner(), separator(), Names(), access()};
 };
 
 class ExceptionPlayer final : public Player {
@@ -195,23 +226,21 @@ class ExceptionPlayer final : public Player {
   }
 
  private:
-  // "date=2026-12-24 start=08:00": types into boxes of a row, then leaves the last one.
   void Enter(std::size_t row, const Words& entries) {
     constexpr std::array boxes = {"date", "start", "on", "until", "stop", "off"};
-    ExceptionTexts typed = editor_.RowTexts(row);
-    ExceptionBox box{};
-    for (const std::string& entry : entries) {
-      const std::size_t equals = entry.find('=');
-      const auto* const found = std::find(boxes.begin(), boxes.end(), entry.substr(0, equals));
-      box = static_cast<ExceptionBox>(found - boxes.begin());
-      typed[box] = entry.substr(equals + 1);
-    }
-    ShowWrong(editor_.Enter({box, row}, typed), prompts_, session_.proc.texts);
+    EnterEach<ExceptionBox>(
+        boxes, entries, [&](ExceptionBox box, const std::string& text) -> std::optional<Refusal> {
+          if (const auto first = editor_.FirstBox({box, row}))
+            prompts_.shown.push_back("first box " + std::to_string(static_cast<int>(first->box)));
+          return editor_.Enter({box, row}, text);
+        });
   }
   std::string Shown(std::size_t row) const {
     std::string shown = std::to_string(row) + ":";
-    for (const std::string& text : editor_.RowTexts(row).texts)
-      shown += " " + (text.empty() ? "-" : text);
+    for (std::size_t i = 0; i < kExceptionBoxes; ++i) {
+      const ExceptionFocus at{static_cast<ExceptionBox>(i), row};
+      shown += Marked(editor_.ShownText(at), editor_.MarkOf(at));
+    }
     return shown;
   }
   std::string Place(const std::optional<ExceptionFocus>& focus) const {
@@ -223,15 +252,16 @@ class ExceptionPlayer final : public Player {
     std::string way;
     do {
       way += std::to_string(at.row) + std::to_string(static_cast<int>(at.box)) + " ";
-      ShowWrong(editor_.Enter(at, editor_.RowTexts(at.row)), prompts_, session_.proc.texts);
+      editor_.Enter(at, editor_.CellText(at));
       at = NextFocus(at);
     } while (at != ExceptionFocus{});
     return way;
   }
 
   // The time is 13:30 on 1 August 2026.
-  ExceptionEditor editor_{lines_, given_.Owner(), separator(), access(),
-                          [] { return DateMoment(2026, 8, 1) + TimeMoment(13, 30); }};
+  ExceptionEditor editor_{lines_,      given_.Owner(),
+                          separator(), Names(),
+                          access(),    [] { return DateMoment(2026, 8, 1) + TimeMoment(13, 30); }};
 };
 
 class CalendarPlayer final : public Player {
@@ -252,8 +282,16 @@ class CalendarPlayer final : public Player {
   std::string Do(const Words& words) override {
     const std::string& what = words[0];
     const LanguageTexts& texts = session_.proc.texts;
+    if (what == "enter") {  // "type=8 press=24": commands
+      for (std::size_t word = 2; word < words.size(); ++word) {
+        const std::size_t equals = words[word].find('=');
+        Do({words[word].substr(0, equals), words[word].substr(equals + 1), {}});
+      }
+      return Dates();
+    }
     const bool number = words[1].find_first_of("0123456789") != std::string::npos;
     const auto day = number ? std::optional(std::stoi(words[1])) : std::nullopt;
+    if (what == "swedish") editor_.MarkSwedishHolidays();
     if (what == "press") editor_.Press(day);
     if (what == "drag") editor_.Drag(day);
     if (what == "release") editor_.Release(day, prompts_, texts);

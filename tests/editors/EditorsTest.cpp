@@ -11,6 +11,31 @@ void CheckEditor(const std::string& file) {
   test::CheckFormat(file, [](const test::FormatCase& given) { return Player(given).PlayAll(); });
 }
 
+// Each line of the table is typed into a fresh editor.
+template <class Player>
+std::string Entered(const std::string& head, const std::vector<std::string>& lines) {
+  const auto isEntry = [](const std::string& line) { return line[0] != '='; };
+  std::vector<std::string> catalogue = lines;
+  std::erase_if(catalogue, isEntry);
+  std::string outcome;
+  for (const std::string& line : lines) {
+    if (!isEntry(line)) continue;
+    const test::FormatCase given{head.substr(head.find(' ')), catalogue};
+    outcome += line + " gives " + Player(given).Play("enter 0 " + line) + "\n";
+  }
+  return outcome;
+}
+
+TEST(Editors, Entries) {
+  test::CheckCases("entries.txt", [](const test::TextCase& each) {
+    if (each.head.starts_with("weekday"))
+      return Entered<test::WeekdayPlayer>(each.head, each.given);
+    if (each.head.starts_with("calendar"))
+      return Entered<test::CalendarPlayer>(each.head, each.given);
+    return Entered<test::ExceptionPlayer>(each.head, each.given);
+  });
+}
+
 TEST(WeekdayEditor, Cases) { CheckEditor<test::WeekdayPlayer>("weekday-editor.txt"); }
 TEST(ExceptionEditor, Cases) { CheckEditor<test::ExceptionPlayer>("exception-editor.txt"); }
 TEST(CalendarEditor, Cases) { CheckEditor<test::CalendarPlayer>("calendar-editor.txt"); }

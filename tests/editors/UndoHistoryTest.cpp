@@ -44,9 +44,10 @@ struct Weekday {
   inline static const test::FormatCase given{
       "T", {"= 1000 !T           !MO..WE       !07:00..16:30             !21       !17"}};
   inline static const std::vector<std::vector<std::string>> commands = {
-      {"start", "stop", "on", "off", "copy", "erase", "type", "row", "column"},
+      {"enter", "enter", "enter", "enter", "copy", "erase", "type", "row", "column"},
       {"0", "1"},
-      {"", ".", "0", "21", "21.5", "-3", "1e9", "7", "07:00", "16:30", "25:00", "24"}};
+      {"start=", "stop=", "on=", "off=", "start=7", "start=07:00", "stop=16:30", "stop=25:00",
+       "on=0", "on=21.5", "on=-3", "off=1e9", "off=."}};
 };
 struct Exceptions {
   using Player = test::ExceptionPlayer;

@@ -43,6 +43,9 @@ TEST(Holidays, AreTheListed) {
   EXPECT_TRUE(IsHoliday({2001, 10, 3}));
   EXPECT_TRUE(IsHoliday({2002, 5, 25}));
   EXPECT_FALSE(IsHoliday({2026, 11, 25}));
+  EXPECT_TRUE(IsHoliday({2026, 11, 25}, OtherYears::Sweden));
+  EXPECT_FALSE(IsHoliday({2026, 11, 24}, OtherYears::Sweden));  // only de facto
+  EXPECT_FALSE(IsHoliday({2003, 11, 26}, OtherYears::Sweden));  // listed years stay as listed
 }
 
 TEST(CalendarTable, GivingReplacesAllEntriesOfADay) {

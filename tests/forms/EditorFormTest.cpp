@@ -113,8 +113,8 @@ TEST_P(EditorFormTest, UndoAndRedoByKeyAndByMouse) {
 
 TEST_P(EditorFormTest, ClosingAsksBeforeChangesAreLost) {
   Run([this] {
-    BeginChange();
-    Becomes("*SU", "while it is typed");
+    MakeChange();
+    Becomes("*SU", "changed");
     Escape();
     EXPECT_TRUE(PumpUntil([this] { return prompts_->shown.size() == 1; }));
     EXPECT_FALSE(dynamic_cast<wxDialog&>(*Shown(GetParam().form)).Close());

@@ -78,7 +78,7 @@ TEST_F(InputBlockTest, LetsTheBoxesOfTheWaitWorkAndNothingBehindThem) {
     int escapes = 0;
     const InputBlock block([&escapes] { ++escapes; });
     // The system's own boxes do not report when they accept keys.
-    InPickList([&] { EXPECT_EQ(ask(frame_), wxID_CANCEL); }, {WXK_ESCAPE});
+    InMenu([&] { EXPECT_EQ(ask(frame_), wxID_CANCEL); }, {WXK_ESCAPE});
     EXPECT_EQ(escapes, 0) << "the Escape was meant for the box";
   }
   const InputBlock block([] {});

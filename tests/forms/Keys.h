@@ -46,10 +46,14 @@ inline bool HasFocus(const std::string& name) {
 
 inline void Press(int key, int modifiers = 0) { wxUIActionSimulator().Char(key, modifiers); }
 
-inline void Click(const wxWindow& window) {
+inline void ClickAt(const wxPoint& place) {
   wxUIActionSimulator mouse;
-  mouse.MouseMove(window.GetScreenRect().GetPosition() + window.GetSize() / 2);
+  mouse.MouseMove(place);
   mouse.MouseClick();
+}
+
+inline void Click(const wxWindow& window) {
+  ClickAt(window.GetScreenRect().GetPosition() + window.GetSize() / 2);
 }
 
 inline wxTextCtrl& Box(const std::string& name) { return dynamic_cast<wxTextCtrl&>(*Shown(name)); }
@@ -66,9 +70,18 @@ inline void Enter(const std::string& next) {
 inline void Type(const std::string& text) { wxUIActionSimulator().Text(text.c_str()); }
 inline void Escape() { Press(WXK_ESCAPE); }
 
-/// Opens a pick-list and presses keys in it. The menu has its own event loop and does not report
+/// Opens what a box offers and presses keys, which must close it.
+inline void InDropDown(const std::function<void()>& open, const std::vector<int>& keys,
+                       const std::string& name = "Menu_Popup") {
+  open();
+  EXPECT_TRUE(PumpUntil([&] { return Shown(name) != nullptr; })) << name;
+  for (const int key : keys) Press(key);
+  EXPECT_TRUE(PumpUntil([&] { return Shown(name) == nullptr; })) << name;
+}
+
+/// Opens a menu and presses keys in it. The menu has its own event loop and does not report
 /// when it accepts keys, so this waits for a fixed time.
-inline void InPickList(const std::function<void()>& open, std::vector<int> keys) {
+inline void InMenu(const std::function<void()>& open, std::vector<int> keys) {
   const wxLongLong begin = wxGetLocalTimeMillis();
   bool done = false;
   When([begin] { return wxGetLocalTimeMillis() - begin > 400; },

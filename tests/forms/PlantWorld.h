@@ -97,7 +97,10 @@ struct PlantWorld {
   CatalogueContent Get(Catalogue catalogue) {
     return session.catalogues.GetCatalogue(session.selection.Id(catalogue)).value();
   }
-  bool IsVerifying() const { return session.waits.CanCancel(); }
+  bool IsVerifying() const {
+    return session.waits.CanCancel() &&
+           session.status.Transfer.starts_with(session.Text(text::kVerifying));
+  }
 
   static sim::Plant SmallPlant() {
     sim::Outstation old;

@@ -14,7 +14,7 @@ namespace zek::window {
 namespace {
 
 using Clock = std::chrono::steady_clock;
-constexpr auto kPatience = std::chrono::seconds(10);
+constexpr auto kPatience = std::chrono::seconds(30);
 
 void RunEvents() {
   wxTheApp->ProcessPendingEvents();
@@ -31,6 +31,21 @@ const testing::TestInfo* CurrentTest() {
   return testing::UnitTest::GetInstance()->current_test_info();
 }
 
+// The shown windows and the one with the focus, for the message of a failure.
+std::string WhatIsShown() {
+  std::string shown = "shown:";
+  for (const wxWindow* const window : wxTopLevelWindows)
+    if (window->IsShown()) shown.append(" ").append(window->GetName().ToStdString());
+  const wxWindow* const focus = wxWindow::FindFocus();
+  return shown + "; focus: " + (focus != nullptr ? focus->GetName().ToStdString() : "none");
+}
+
+// Ends the modal loops of a failed test, which would go on for ever.
+void CloseForms() {
+  for (wxWindow* const window : wxTopLevelWindows)
+    if (window->IsShown()) window->CallAfter([window] { window->Close(true); });
+}
+
 class Watch final : public wxTimer {
  public:
   Watch(std::function<bool()> condition, std::function<void()> action)
@@ -45,7 +60,8 @@ class Watch final : public wxTimer {
     if (test_ != CurrentTest()) return Finish();
     const bool holds = condition_();
     if (!holds && Clock::now() < end_) return;
-    EXPECT_TRUE(holds) << "what a test waited for did not happen";
+    EXPECT_TRUE(holds) << "what a test waited for did not happen; " << WhatIsShown();
+    if (!holds) CloseForms();
     // The action may run its own event loop, in which the timer is deleted. So it must neither run
     // inside the timer nor belong to it.
     if (holds) {

@@ -8,7 +8,7 @@
 /// Functions for the window tests. They use real windows and run inside the real event loop.
 namespace zek::window {
 
-/// Runs events until `condition` holds; returns false after ten seconds.
+/// Runs events until `condition` holds; returns false after 30 seconds.
 bool PumpUntil(const std::function<bool()>& condition);
 
 /// Runs events for that time. For cases without a condition to wait for: pending simulated keys,

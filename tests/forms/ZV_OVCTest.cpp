@@ -25,7 +25,7 @@ void TypeInto(const std::string& box, const std::string& text) {
   Type(text);
 }
 
-constexpr const char* kRow = "2026-12-24 08:00 20.5 2026-12-26 17:00 0 ";
+constexpr const char* kRow = "2026-12-24 08:00 20.5 Dag 2026-12-26 17:00 0 Av ";
 
 bool InEditor() { return IsActive("ZV_OVC") && HasFocus("Text_DateOn0"); }
 
@@ -66,7 +66,7 @@ struct ExceptionFormTest : testing::Test {
 void EnterByKeyboard() {
   Type("20261224");
   Enter("Text_Start0");
-  EXPECT_EQ(Row(0), "2026-12-24 00:00 0 2026-12-24 00:00  ");
+  EXPECT_EQ(Row(0), "2026-12-24 00:00 0 Av 2026-12-24 00:00  ");
   Type("0800");
   Enter("Text_ValueOn0");
   Type("20,5");
@@ -75,22 +75,44 @@ void EnterByKeyboard() {
   Enter("Text_Stop0");
   Type("17:00");
   Enter("Text_ValueOff0");
-  InPickList([] { Press(WXK_DOWN, wxMOD_ALT); }, {WXK_DOWN, WXK_DOWN, WXK_RETURN});
+  InDropDown([] { Press(WXK_DOWN, wxMOD_ALT); }, {WXK_DOWN, WXK_DOWN, WXK_RETURN});
   EXPECT_TRUE(PumpUntil([] { return Value("Text_ValueOff0") == "0"; }));
   Enter("Text_DateOn1");
+  EXPECT_EQ(Row(0), kRow);
   Press('S', wxMOD_CONTROL);
 }
 
+// Opens what a box offers by its arrow and clicks at a place of it, in hundredths of its size.
+void Pick(const std::string& box, const std::string& drop, int across, int down) {
+  const wxRect cell = Box(box).GetParent()->GetScreenRect();
+  ClickAt({cell.GetRight() - 5, cell.y + cell.height / 2});
+  EXPECT_TRUE(PumpUntil([&] { return Shown(drop) != nullptr; })) << box;
+  const wxRect place = Shown(drop)->GetScreenRect();
+  ClickAt({place.x + place.width * across / 100, place.y + place.height * down / 100});
+  EXPECT_TRUE(PumpUntil([&] { return Shown(drop) == nullptr; })) << box;
+}
+
+// Any day in the middle of this month, and any time.
 void EnterByMouse() {
-  TypeInto("Text_Start0", "0800");  // without a date this is not an entry
-  TypeInto("Text_DateOn0", "2026-12-24");
-  TypeInto("Text_Start0", "0800");
-  TypeInto("Text_DateOff0", "20261226");
-  TypeInto("Text_Stop0", "1700");
-  InPickList([] { Click(Box("Text_ValueOn0")); }, {WXK_DOWN, WXK_DOWN, WXK_DOWN, WXK_RETURN});
-  EXPECT_TRUE(PumpUntil([] { return Value("Text_ValueOn0") == "20.5"; }));
-  InPickList([] { Click(Box("Text_ValueOff0")); }, {WXK_DOWN, WXK_DOWN, WXK_RETURN});
-  EXPECT_TRUE(PumpUntil([] { return Value("Text_ValueOff0") == "0"; }));
+  Click(Box("Text_Start0"));
+  Reach("Text_DateOn0", [] { Type("8"); });  // nothing can be entered before the date
+  EXPECT_EQ(Value("Text_Start0"), "");
+  Pick("Text_DateOn0", "Calendar_Popup", 50, 50);
+  Pick("Text_Start0", "Menu_Popup", 50, 50);
+  Pick("Text_ValueOn0", "Menu_Popup", 50, 90);
+  Pick("Text_DateOff0", "Calendar_Popup", 50, 65);
+  Pick("Text_Stop0", "Menu_Popup", 50, 50);
+  wxUIActionSimulator().MouseMove(Box("Text_Stop0").GetScreenRect().GetPosition() + wxPoint(9, 9));
+  wxMouseEvent wheel(wxEVT_MOUSEWHEEL);
+  wheel.m_wheelRotation = wheel.m_wheelDelta = 120;
+  Box("Text_Stop0").ProcessWindowEvent(wheel);
+  Pick("Text_ValueOff0", "Menu_Popup", 50, 50);
+  Click(Box("Text_DateOn1"));
+  EXPECT_TRUE(PumpUntil([] { return HasFocus("Text_DateOn1"); }));
+  const std::string row = Row(0);
+  EXPECT_EQ(row.size(), std::string(kRow).size()) << row;
+  EXPECT_NE(row.find("20.5 Dag"), std::string::npos) << row;
+  EXPECT_NE(row.find(":15 0 Av"), std::string::npos) << row;
   Click(*Shown("Command_Ok"));
 }
 
@@ -100,13 +122,19 @@ TEST_F(ExceptionFormTest, ByKeyboardToBothPlantsAndFetchedAgain) {
   EXPECT_EQ(OldLines().size(), 2U);
   for (const char* const node : {"SKOLA/AHU1", "KONTOR/TF2"}) {
     Run(node, {{InEditor, [] {
+                  Enter("Text_Start0");
                   EXPECT_EQ(Row(0), kRow);
                   Escape();
                 }}});
   }
 }
 
-TEST_F(ExceptionFormTest, ByMouseToBothPlants) { SendFromBoth(EnterByMouse); }
+TEST_F(ExceptionFormTest, ByMouse) {
+  world.prompts.answers = {true};
+  Run("SKOLA/AHU1", {{InEditor, EnterByMouse}});
+  ASSERT_EQ(OldLines().size(), 1U);
+  EXPECT_NE(OldLines().at(1).find("!20.5     !0"), std::string::npos);
+}
 
 TEST_F(ExceptionFormTest, EraseGoesDownTheRows) {
   OldLines()[1] = kOld;
@@ -144,14 +172,17 @@ TEST_F(ExceptionFormTest, WrongDatesAndTimesAreToldAndReplaced) {
             Enter(next);
           EXPECT_EQ(told(0), "");
           Type("25:00");
-          Enter("Text_ValueOff0");
-          EXPECT_EQ(told(1), "i Felaktig tid 25:00");
-          EXPECT_EQ(Value("Text_DateOff0"), "2026-12-26");
-          EXPECT_NE(Value("Text_Stop0"), "17:00");
+          Press(WXK_RETURN);
+          EXPECT_EQ(told(1), "i Felaktig tid 25:00\r\nSkriv till exempel 07:30.");
+          EXPECT_TRUE(PumpUntil([] { return HasFocus("Text_Stop0"); }));
+          EXPECT_NE(Value("Text_Stop0"), "25:00");
+          Press('Z', wxMOD_CONTROL);  // not stored yet
+          EXPECT_TRUE(PumpUntil([] { return Value("Text_Stop0") == "17:00"; }));
           TypeInto("Text_DateOn0", "261224");
           Press('S', wxMOD_CONTROL);
-          EXPECT_EQ(told(2), "i Felaktigt datum 261224");
+          EXPECT_EQ(told(2), "i Felaktigt datum 261224\r\nSkriv till exempel 2026-12-24.");
           EXPECT_EQ(Value("Text_DateOn0").size(), 10U);
+          Enter("Text_Start0");  // stores today
           Escape();
         }}});
   EXPECT_EQ(OldLines(), (Lines{{1, std::string(kOld)}}));

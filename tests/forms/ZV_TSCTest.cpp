@@ -186,7 +186,7 @@ TEST_F(BrowserTest, AnEarlierCopyIsRestoredFromTheHistory) {
 TEST_F(BrowserTest, AnEscapeThatClosesAMenuClosesNothingElse) {
   Run({{InBrowser,
         [] {
-          InPickList(
+          InMenu(
               [] {
                 wxUIActionSimulator mouse;
                 mouse.MouseMove(Browser().ClientToScreen(wxPoint(20, -12)));

@@ -9,6 +9,7 @@
 #include <wx/weakref.h>
 
 #include "app/StartSession.h"
+#include "forms/CancelTransfer.h"
 #include "forms/ModeStrip.h"
 #include "forms/StatusChain.h"
 #include "forms/ZV_Help.h"
@@ -236,30 +237,51 @@ void ZV_TSC::OnIconize(wxIconizeEvent& event) {
   event.Skip();
 }
 
+bool ZV_TSC::Transfer(const std::function<void()>& transfer) {
+  const wxWeakRef<ZV_TSC> alive(this);
+  fetching_ = true;
+  const InputBlock block(
+      [alive] {
+        if (alive) alive->CancelLater();
+      },
+      cancel_);
+  transfer();
+  if (!alive) return true;
+  fetching_ = false;
+  ShowStatus();
+  return block.CloseRequested() || turn_.Quitting();
+}
+
+// The question must not run inside the handler of a key.
+void ZV_TSC::CancelLater() {
+  CallAfter([&proc = proc_] { CancelTransfer(proc); });
+}
+
 void ZV_TSC::Get(Catalogue catalogue, ShowEditor showEditor) {
   if (busy_ || !TreeView->Selected() || !proc_.selection.Has(catalogue)) return;
   const wxWeakRef<ZV_TSC> alive(this);
   const Selection of = proc_.selection;
   std::optional<CatalogueContent> content;
-  bool close = false;
-  fetching_ = true;
-  {
-    const InputBlock block([this] { proc_.waits.Cancel(); }, cancel_);
-    content = proc_.catalogues.GetCatalogue(proc_.selection.Id(catalogue));
-    close = block.CloseRequested() || turn_.Quitting();
-  }
+  const bool close = Transfer([&proc = proc_, &content, catalogue] {
+    content = proc.catalogues.GetCatalogue(proc.selection.Id(catalogue));
+  });
   if (!alive) return;
-  fetching_ = false;
-  ShowStatus();
   ReadStatesAgain(&of);
   if (close) {
     Close();
   } else if (content) {
     showEditor(this, proc_, turn_, *content);
     if (!alive) return;
-    Raise();
     ReadStatesAgain(&of);
+    TakeKeys();
   }
+}
+
+// The system may leave the keys with nobody when a form above closes.
+void ZV_TSC::TakeKeys() {
+  Raise();
+  TreeView->SetFocus();
+  UpdateActions();
 }
 
 void ZV_TSC::Erase(Catalogue catalogue) {
@@ -277,8 +299,17 @@ void ZV_TSC::Erase(Catalogue catalogue) {
 void ZV_TSC::OnHistory() {
   if (busy_ || !TreeView->Selected()) return;
   const wxWeakRef<ZV_TSC> alive(this);
-  ShowHistory(this, proc_);
-  if (alive) ReadStatesAgain(&proc_.selection);
+  const std::optional<Catalogue> sendBack = ShowHistory(this, proc_);
+  if (!alive) return;
+  if (sendBack) {
+    const CatalogueId id = proc_.selection.Id(*sendBack);
+    const bool close =
+        Transfer([&proc = proc_, id] { static_cast<void>(proc.catalogues.SendBack(id)); });
+    if (!alive) return;
+    if (close) return static_cast<void>(Close());
+  }
+  ReadStatesAgain(&proc_.selection);
+  TakeKeys();
 }
 
 void ShowBrowser(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {

@@ -72,6 +72,10 @@ class ZV_TSC final : public wxFrame {
   void OnIconize(wxIconizeEvent& event);
   using ShowEditor = void (*)(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
                               const CatalogueContent& content);
+  /// Runs a transfer with the form blocked. Returns true if the form is to be closed, or is gone.
+  bool Transfer(const std::function<void()>& transfer);
+  void CancelLater();
+  void TakeKeys();
   void Get(Catalogue catalogue, ShowEditor showEditor);
   void Erase(Catalogue catalogue);
   void OnHistory();
@@ -100,7 +104,7 @@ class ZV_TSC final : public wxFrame {
   wxStaticText* batchText_ = nullptr;
   wxGauge* batchGauge_ = nullptr;
   wxButton* cancel_ = nullptr;
-  bool fetching_ = false;  // a fetch begun here is running; an editor shows its own writes
+  bool fetching_ = false;  // a transfer begun here is running; an editor shows its own writes
   bool busy_ = false;      // the form is shown as busy
   int openMenus_ = 0;
   wxEventLoopBase* loop_ = nullptr;
@@ -145,6 +149,7 @@ void ShowBrowser(wxWindow* parent, ZV_Proc& proc, WxTurn& turn);
 
 /// Shows the earlier local copies of the selected node's catalogues and how each differs from the
 /// current copy. Restores the one that the user chooses. Modal.
-void ShowHistory(wxWindow* parent, ZV_Proc& proc);
+/// Returns the catalogue that is to be sent as it was before the last sending.
+std::optional<Catalogue> ShowHistory(wxWindow* parent, ZV_Proc& proc);
 
 }  // namespace zek

@@ -82,8 +82,7 @@ void ZV_TSC::FinishBatch() {
   if (close) {
     Close();
   } else {
-    Raise();
-    TreeView->SetFocus();
+    TakeKeys();
   }
 }
 
@@ -112,7 +111,7 @@ void ZV_TSC::OnCancel() {
     batch_.Cancel();
     cancel_->Disable();
   } else {
-    proc_.waits.Cancel();
+    CancelLater();
   }
 }
 

@@ -52,6 +52,7 @@ class HistoryForm final : public wxDialog {
     Choice_Kind->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowKept(); });
     List_Kept->Bind(wxEVT_LISTBOX, [this](wxCommandEvent&) { ShowDifferences(); });
     Command_Restore->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { RestoreChosen(); });
+    Command_SendBack->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { SendBack(); });
     RememberPlacement(*this, "ZV_TSCHistory");
     if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
     // Deferred until the form is visible; before that nothing can get the focus.
@@ -61,6 +62,8 @@ class HistoryForm final : public wxDialog {
       ShowKept();
     });
   }
+
+  std::optional<Catalogue> toSendBack;  // what the user chose
 
  private:
   wxStaticText* Label(std::int32_t number) {
@@ -109,6 +112,9 @@ class HistoryForm final : public wxDialog {
     both->Add(right, 1, wxEXPAND);
 
     auto* const commands = new wxBoxSizer(wxHORIZONTAL);
+    Command_SendBack = new wxButton(this, wxID_ANY, ToWx(proc_.Text(text::kHistorySendBack)));
+    Command_SendBack->SetName("Command_SendBack");
+    commands->Add(Command_SendBack, 0, wxRIGHT, gap);
     commands->AddStretchSpacer();
     Command_Restore = new wxButton(this, wxID_ANY, ToWx(proc_.Text(text::kHistoryRestore)));
     Command_Restore->SetName("Command_Restore");
@@ -129,8 +135,18 @@ class HistoryForm final : public wxDialog {
         kinds_.at(static_cast<std::size_t>(Choice_Kind->GetSelection())).first);
   }
 
+  // The catalogue is sent by the browser, which shows the transfer.
+  void SendBack() {
+    toSendBack = Chosen().catalogue;
+    EndModal(wxID_OK);
+  }
+
   // Selects the newest copy, the last state before the current one.
   void ShowKept() {
+    const std::string before = proc_.catalogues.TimeOfBefore(Chosen());
+    Command_SendBack->Enable(!before.empty() && !proc_.settings.ViewOnly &&
+                             !proc_.settings.LocalMode);
+    Command_SendBack->SetToolTip(ToWx(Message(proc_.Text(text::kHistorySendBackHint), {before})));
     kept_ = proc_.copies.HistoryOf(Chosen()).Kept();
     List_Kept->Clear();
     for (const KeptCopy& copy : kept_) List_Kept->Append(ToWx(copy.time));
@@ -193,15 +209,18 @@ class HistoryForm final : public wxDialog {
   wxListBox* List_Kept = nullptr;
   wxTextCtrl* Text_Differences = nullptr;
   wxButton* Command_Restore = nullptr;
+  wxButton* Command_SendBack = nullptr;
 };
 
 }  // namespace
 
-void ShowHistory(wxWindow* parent, ZV_Proc& proc) {
+std::optional<Catalogue> ShowHistory(wxWindow* parent, ZV_Proc& proc) {
   auto* const form = new HistoryForm(parent, proc);
   const wxWeakRef<HistoryForm> alive(form);
   form->ShowModal();
-  if (alive) form->Destroy();
+  if (!alive) return std::nullopt;
+  form->Destroy();  // later, in the event loop
+  return form->toSendBack;
 }
 
 }  // namespace zek

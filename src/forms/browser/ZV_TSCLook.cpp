@@ -118,7 +118,8 @@ void ZV_TSC::PlaceCancel() {
 
 void ZV_TSC::ShowStatus() {
   SetStatusText(ToWx(proc_.status.Waiting), kWaitingPanel);
-  SetStatusText(ToWx(proc_.status.Transfer), kTransferPanel);
+  const bool quiet = proc_.status.Transfer.empty() && proc_.status.Busy == 0;
+  SetStatusText(ToWx(quiet ? proc_.status.Outcome : proc_.status.Transfer), kTransferPanel);
   const bool busy = batch_.IsRunning() || (fetching_ && proc_.status.Busy > 0);
   if (busy_ != busy) ShowBusy(busy);
   ShowBatch();

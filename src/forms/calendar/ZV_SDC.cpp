@@ -73,7 +73,7 @@ void ZV_SDC::BuildAccelerators() {
   };
   const auto place = [](int number) { return static_cast<std::size_t>(number); };
   lead(Frame_SDC, [this] { return Picture_Days; });
-  lead(Frame_Day, [=, this] { return Option_Day.at(place(editor_.DayType())); });
+  lead(Frame_Day, [=, this] { return Option_Day.at(place(editor_.DayType().value_or(0))); });
   lead(Frame_Year, [=, this] { return Option_Year.at(place(editor_.Year())); });
   lead(Frame_Month, [=, this] { return Option_Month.at(place(editor_.Month())); });
   SetAcceleratorTable(wxAcceleratorTable(static_cast<int>(keys.size()), keys.data()));
@@ -86,7 +86,7 @@ void ZV_SDC::ShowAll() {
   };
   check(Option_Year, editor_.Year());
   check(Option_Month, editor_.Month());
-  check(Option_Day, editor_.DayType());
+  if (const auto type = editor_.DayType()) check(Option_Day, *type);
   month_->SetLabel(ToWx(editor_.MonthText(proc_.texts)));
   Picture_Days->ShowDays();
   ShowChanges();
@@ -112,6 +112,7 @@ void ShowCalendarForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
                         YearsOf(proc.settings, topic.TopicType), DateOf(proc.now()),
                         proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit);
   editor.CountLost(content.linesDropped);
+  if (proc.settings.SwedishHolidays) editor.MarkSwedishHolidays();
   ShowEditorForm(new ZV_SDC(parent, proc, turn, content, editor), proc,
                  [&proc, refused = editor.Refused()] {
                    for (const RefusedDates& each : refused)

@@ -32,6 +32,7 @@ class ZV_SDC final : public EditorForm {
 
   std::optional<EditedCatalogue> Edited() override { return editor_.Edited(); }
   EditState State() const override { return editor_.State(); }
+  std::string PlaceName() const override { return editor_.MonthText(proc_.texts); }
   void Undo() override;
   void Redo() override;
 

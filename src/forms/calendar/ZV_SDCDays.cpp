@@ -15,6 +15,8 @@
 
 namespace zek {
 
+wxDEFINE_EVENT(EVT_TYPE_MISSING, wxCommandEvent);
+
 // The system's colours and those derived from them, read anew for every painting of the grid.
 struct DayColours {
   wxColour text;
@@ -93,6 +95,10 @@ void DayGrid::BindEvents() {
     ShowDays();
   });
   Bind(wxEVT_KEY_DOWN, &DayGrid::OnKey, this);
+  // Escape would close the form. While the mouse is captured, some systems send only key presses.
+  Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+    event.Skip(event.GetKeyCode() != WXK_ESCAPE || !StopDrag());
+  });
   const auto onFocus = [this](wxFocusEvent& event) {
     Refresh();
     event.Skip();
@@ -209,6 +215,7 @@ void DayGrid::OnPress(wxMouseEvent& event) {
   editor_.Press(DayUnder(event.GetPosition()));
   if (editor_.Dragging() && !HasCapture()) CaptureMouse();
   ShowDays();
+  TellMissing();
 }
 
 void DayGrid::OnMotion(wxMouseEvent& event) {
@@ -217,7 +224,16 @@ void DayGrid::OnMotion(wxMouseEvent& event) {
   ShowDays();
 }
 
+bool DayGrid::StopDrag() {
+  if (!editor_.Dragging()) return false;
+  if (HasCapture()) ReleaseMouse();
+  editor_.CancelDrag();
+  ShowDays();
+  return true;
+}
+
 void DayGrid::OnRelease(wxMouseEvent& event) {
+  if (!editor_.Dragging()) return;
   if (HasCapture()) ReleaseMouse();
   // A message runs the event loop, and the form may be destroyed meanwhile.
   const wxWeakRef<DayGrid> alive(this);
@@ -250,12 +266,7 @@ bool DayGrid::TakeKey(int key, int modifiers) {
     Apply();
     return true;
   }
-  if (key == WXK_ESCAPE && editor_.Dragging()) {
-    if (HasCapture()) ReleaseMouse();
-    editor_.CancelDrag();
-    ShowDays();
-    return true;
-  }
+  if (key == WXK_ESCAPE) return StopDrag();
   return TakeDigit(key);
 }
 
@@ -294,7 +305,15 @@ bool DayGrid::TakeDigit(int key) {
 void DayGrid::Apply() {
   const wxWeakRef<DayGrid> alive(this);
   editor_.Apply(prompts_, texts_);
-  if (alive) changed_();
+  if (!alive) return;
+  changed_();
+  TellMissing();
+}
+
+void DayGrid::TellMissing() {
+  if (editor_.DayType() || editor_.ViewOnly()) return;
+  wxCommandEvent event(EVT_TYPE_MISSING, GetId());
+  ProcessWindowEvent(event);
 }
 
 }  // namespace zek

@@ -13,6 +13,9 @@ namespace zek {
 
 struct DayColours;
 
+/// Sent by `DayGrid` when days can't be given a type, because none is chosen.
+wxDECLARE_EVENT(EVT_TYPE_MISSING, wxCommandEvent);
+
 /// `Picture_Days`: the days of one month, in a column for each weekday. The user selects days by
 /// mouse or keyboard and gives them the editor's day type.
 ///
@@ -41,12 +44,14 @@ class DayGrid final : public wxControl {
   void OnPress(wxMouseEvent& event);
   void OnMotion(wxMouseEvent& event);
   void OnRelease(wxMouseEvent& event);
+  bool StopDrag();
   void OnKey(wxKeyEvent& event);
   bool TakeKey(int key, int modifiers);
   bool TakeMove(int key, bool extend);
   bool TakeStep(int key, bool years);
   bool TakeDigit(int key);
   void Apply();
+  void TellMissing();
 
   CalendarEditor& editor_;
   const LanguageTexts& texts_;

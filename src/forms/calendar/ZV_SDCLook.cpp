@@ -2,6 +2,7 @@
 
 #include "formats/CalendarNames.h"
 #include "forms/calendar/ZV_SDC.h"
+#include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "ui/WxText.h"
 
@@ -15,16 +16,16 @@ constexpr int kFrameMonth = text::kCalendarCaption + 3;
 constexpr int kFrameDay = text::kCalendarCaption + 4;
 constexpr int kGap = 8;
 constexpr int kOptionGap = 4;
-constexpr int kYearColumns = 3;
-constexpr int kMonthColumns = 6;
+constexpr int kYearColumns = 2;
+constexpr int kMonthColumns = 4;
 
-// The first of `options` begins the group.
+// The first of `options` begins the group, unless another button did.
 template <std::size_t N, class CaptionOf>
 void BuildOptions(std::array<wxRadioButton*, N>& options, wxStaticBox* frame,
-                  const std::string& name, CaptionOf captionOf) {
+                  const std::string& name, CaptionOf captionOf, int first = wxRB_GROUP) {
   for (std::size_t i = 0; i < N; ++i) {
     options.at(i) = new wxRadioButton(frame, wxID_ANY, captionOf(static_cast<int>(i)),
-                                      wxDefaultPosition, wxDefaultSize, i == 0 ? wxRB_GROUP : 0);
+                                      wxDefaultPosition, wxDefaultSize, i == 0 ? first : 0);
     options.at(i)->SetName(name + std::to_string(i));
   }
 }
@@ -59,16 +60,24 @@ void ZV_SDC::Build() {
   lower->Add(InRows(Option_Year, Frame_Year, kYearColumns), 0, wxEXPAND | wxRIGHT, gap);
   lower->Add(InRows(Option_Month, Frame_Month, kMonthColumns), 1, wxEXPAND);
   auto* const hint = new wxStaticText(
-      this, wxID_ANY, editor_.ViewOnly() ? wxString() : Caption(text::kCalendarHint),
+      this, wxID_ANY,
+      editor_.ViewOnly() ? wxString()
+                         : Caption(editor_.MarksSwedishHolidays() ? text::kCalendarHint
+                                                                  : text::kCalendarHintSundays),
       wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_END);
+  const Topic& object = proc_.topics[proc_.selection.CurrentObject];
+  auto* const whose = new wxStaticText(
+      this, wxID_ANY, ToWx(Message(proc_.Text(text::kOfController), {object.Description})));
   auto* const commands = new wxBoxSizer(wxHORIZONTAL);
-  commands->Add(hint, 1, wxALIGN_CENTER_VERTICAL | wxRIGHT, gap);
   commands->Add(undoAndRedo_, 0, wxRIGHT, 3 * gap);
+  commands->AddStretchSpacer();
   commands->Add(Command_Ok, 0, wxRIGHT, gap);
   commands->Add(Command_Cancel);
   auto* const whole = new wxBoxSizer(wxVERTICAL);
+  whole->Add(whose, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(upper, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(lower, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
+  whole->Add(hint, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(commands, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   LayOut(whole);
 }
@@ -94,13 +103,23 @@ void ZV_SDC::BuildGrid() {
   month_->SetName("Label_Month");
   month_->SetFont(GetFont().Bold().Larger());
   Command_Next = step("Command_Next", text::kCalendarNext);
-  Picture_Days = new DayGrid(Frame_SDC, editor_, proc_.texts, proc_.prompts, [this] { ShowAll(); });
+  Picture_Days = new DayGrid(Frame_SDC, editor_, proc_.texts, proc_.prompts, [this] {
+    ShowAll();
+    Say({});
+  });
+  Picture_Days->Bind(EVT_TYPE_MISSING,
+                     [this](wxCommandEvent&) { Say(proc_.Text(text::kTypeFirst)); });
 }
 
 void ZV_SDC::BuildDayTypes() {
   Frame_Day = NewFrame("Frame_Day", kFrameDay, !editor_.ViewOnly());
-  BuildOptions(Option_Day, Frame_Day, "Option_Day",
-               [this](int type) { return ToWx(DayTypeCaption(type, proc_.texts)); });
+  // One option of a group is always chosen: at first this hidden one.
+  auto* const none = new wxRadioButton(Frame_Day, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
+                                       wxRB_GROUP);
+  none->Hide();
+  BuildOptions(
+      Option_Day, Frame_Day, "Option_Day",
+      [this](int type) { return ToWx(DayTypeCaption(type, proc_.texts)); }, 0);
 }
 
 void ZV_SDC::BuildYearsAndMonths() {

@@ -21,23 +21,22 @@ Moment MomentOf(const LocalTime& now) {
 }  // namespace
 
 ZV_OVC::ZV_OVC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
-               ExceptionEditor& editor, const PickList& pickList)
+               ExceptionEditor& editor)
     : EditorForm(parent, proc, turn, Catalogue::Ovc, content, {"ZV_OVC", editor.ViewOnly(), true}),
       editor_(editor) {
-  Build(pickList);
+  Build();
   Arrange();
   Command_Erase->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Erase(); });
   grid_->Focus({});
   ShowChanges();
 }
 
-void ZV_OVC::Build(const PickList& pickList) {
+void ZV_OVC::Build() {
   Mnemonics letters;
   Frame_OVC = new wxStaticBox(this, wxID_ANY, letters.Give(Caption(text::kExceptionFrame)));
   Frame_OVC->SetName("Frame_OVC");
   BlockWhileBusy(Frame_OVC);
-  grid_ = new OvcGrid(Frame_OVC, editor_,
-                      {proc_.texts, proc_.prompts, pickList, [this] { ShowChanges(); }});
+  grid_ = new OvcGrid(Frame_OVC, editor_, PartsOfGrid([this] { ShowChanges(); }));
   Command_Erase = NewCommand(wxID_ANY, "Command_Erase", letters.Give(Caption(kErase)),
                              Caption(text::kEraseHint), true);
   undoAndRedo_ = NewUndoAndRedo(letters);
@@ -63,37 +62,35 @@ void ZV_OVC::Arrange() {
 }
 
 void ZV_OVC::Erase() {
-  grid_->TakeEntry();
-  const std::size_t erased = editor_.Row();
+  if (!grid_->TakeEntry()) return;
   const std::size_t next = editor_.Erase();
-  grid_->ShowRow(erased);
+  grid_->ShowRows();
   grid_->Focus({ExceptionBox::DateOn, next});
   ShowChanges();
 }
 
 void ZV_OVC::ShowAt(const std::optional<ExceptionFocus>& changed) {
   if (!changed) return;
-  grid_->ShowRow(changed->row);
+  grid_->ShowRows();
   grid_->Focus(*changed);
 }
 
-std::optional<EditedCatalogue> ZV_OVC::Edited() {
-  // Let the user see the correction of a wrong date before it is sent.
-  if (grid_->TellWrong()) return std::nullopt;
-  return editor_.Edited(proc_.Numbers());
+// "Rad 3".
+std::string ZV_OVC::PlaceName() const {
+  return proc_.Text(text::kRowHeading) + " " + std::to_string(editor_.Row() + 1);
 }
 
 void ShowExceptionForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
                        const CatalogueContent& content) {
   const char separator = proc.settings.DecimalSeparator;
+  const PickList pickList = ReadPickList(proc.profile, proc.selection.PickListTable, separator);
   // Outlives the form, which may be destroyed with its parent during a save.
   ExceptionEditor editor(content.lines, proc.selection.Id(Catalogue::Ovc).Owner(), separator,
-                         proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit,
+                         pickList, proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit,
                          [&proc] { return MomentOf(proc.now()); });
   editor.CountLost(content.linesDropped);
-  const PickList pickList = ReadPickList(proc.profile, proc.selection.PickListTable, separator);
   ShowEditorForm(
-      new ZV_OVC(parent, proc, turn, content, editor, pickList), proc,
+      new ZV_OVC(parent, proc, turn, content, editor), proc,
       [&proc, pickList, refused = editor.Refused(), whole = WholeCatalogueText(proc, content)] {
         if (!whole.empty()) proc.prompts.Show(Icon::Information, whole);
         TellCut(pickList, proc.prompts, proc.texts);

@@ -18,22 +18,22 @@ namespace zek {
 class ZV_OVC final : public EditorForm {
  public:
   ZV_OVC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
-         ExceptionEditor& editor, const PickList& pickList);
+         ExceptionEditor& editor);
 
  private:
-  void Build(const PickList& pickList);
+  void Build();
   void Arrange();
   void Erase();
   void ShowAt(const std::optional<ExceptionFocus>& changed);
 
-  void TakeEntry() override { grid_->TakeEntry(); }
+  bool TakeEntry() override { return grid_->TakeEntry(); }
   void DropEntry() override { grid_->DropEntry(); }
   bool HasEntry() const override { return grid_->HasEntry(); }
-  bool TellWrong() override { return grid_->TellWrong(); }
   EditState State() const override { return editor_.State(); }
   void Undo() override { ShowAt(editor_.Undo()); }
   void Redo() override { ShowAt(editor_.Redo()); }
-  std::optional<EditedCatalogue> Edited() override;
+  std::string PlaceName() const override;
+  std::optional<EditedCatalogue> Edited() override { return editor_.Edited(proc_.Numbers()); }
   void FocusEntry() override { grid_->FocusLast(); }
   bool TakeKey(int key) override { return grid_->TakeKey(key); }
 

@@ -4,12 +4,9 @@
 
 #include <wx/settings.h>
 #include <wx/sizer.h>
-#include <wx/weakref.h>
 
-#include "forms/ZV_PickList.h"
 #include "lang/TextNumbers.h"
 #include "ui/AccessibleName.h"
-#include "ui/EntryBox.h"
 #include "ui/WxText.h"
 
 namespace zek {
@@ -24,15 +21,17 @@ constexpr std::size_t kRowLabel = 1;
 struct Kind {
   const char* name;
   const char* widest;
+  EntryGrid::BoxKind kind;
   std::size_t group;
   std::size_t heading;
 };
-constexpr std::array<Kind, kExceptionBoxes> kKinds{{{"Text_DateOn", "2026-12-24 ", 6, 9},
-                                                    {"Text_Start", "00:00 ", 6, 5},
-                                                    {"Text_ValueOn", "-1234.567 ", 6, 8},
-                                                    {"Text_DateOff", "2026-12-24 ", 7, 4},
-                                                    {"Text_Stop", "00:00 ", 7, 3},
-                                                    {"Text_ValueOff", "-1234.567 ", 7, 2}}};
+using enum EntryGrid::BoxKind;
+constexpr std::array<Kind, kExceptionBoxes> kKinds{{{"Text_DateOn", "2026-12-24 ", Date, 6, 9},
+                                                    {"Text_Start", "00:00 ", Time, 6, 5},
+                                                    {"Text_ValueOn", "-1234.567 ", Value, 6, 8},
+                                                    {"Text_DateOff", "2026-12-24 ", Date, 7, 4},
+                                                    {"Text_Stop", "00:00 ", Time, 7, 3},
+                                                    {"Text_ValueOff", "-1234.567 ", Value, 7, 2}}};
 
 // The text numbers of `Label_Info`(0) to (10).
 constexpr std::array<int, 11> kLabelTexts{
@@ -43,23 +42,19 @@ constexpr std::array<int, 11> kLabelTexts{
 
 const Kind& KindOf(ExceptionBox box) { return kKinds.at(static_cast<std::size_t>(box)); }
 
-bool IsValue(ExceptionBox box) {
-  return box == ExceptionBox::ValueOn || box == ExceptionBox::ValueOff;
-}
-
 }  // namespace
 
 OvcGrid::OvcGrid(wxWindow* parent, ExceptionEditor& editor, Parts parts)
-    : wxPanel(parent), editor_(editor), parts_(std::move(parts)) {
+    : EntryGrid(parent, std::move(parts)), editor_(editor) {
   BuildLabels();
   BuildBoxes();
   LayOut();
-  for (std::size_t row = 0; row < kExceptionRows; ++row) ShowRow(row);
+  ShowRows();
 }
 
 void OvcGrid::BuildLabels() {
   for (std::size_t i = 0; i < kLabels; ++i) {
-    Label_Info.at(i) = new wxStaticText(this, wxID_ANY, ToWx(parts_.texts.Text(kLabelTexts.at(i))));
+    Label_Info.at(i) = new wxStaticText(this, wxID_ANY, ToWx(Texts().Text(kLabelTexts.at(i))));
     Label_Info.at(i)->SetName("Label_Info" + std::to_string(i));
   }
   Label_Info[0]->Hide();  // repeats the erase button's caption
@@ -72,32 +67,10 @@ void OvcGrid::BuildBoxes() {
     label = new wxStaticText(this, wxID_ANY, std::to_string(row + 1), wxDefaultPosition,
                              wxDefaultSize, wxALIGN_CENTRE_HORIZONTAL);
     label->SetName("Label_Row" + std::to_string(row));
-    for (std::size_t i = 0; i < kExceptionBoxes; ++i)
-      boxes_.at(row).at(i) = NewBox({static_cast<ExceptionBox>(i), row});
+    for (const Kind& kind : kKinds)
+      NewBox(kind.name + std::to_string(row), kind.widest, kind.kind, !editor_.ViewOnly());
     NameBoxes(row);
   }
-}
-
-wxTextCtrl* OvcGrid::NewBox(ExceptionFocus at) {
-  const Kind& kind = KindOf(at.box);
-  auto* const box =
-      NewEntryBox(this, kind.name + std::to_string(at.row), kind.widest, !editor_.ViewOnly());
-  box->Bind(wxEVT_SET_FOCUS, [this, at](wxFocusEvent& event) {
-    if (IsShownOnScreen()) OnEntered(at);
-    event.Skip();
-  });
-  box->Bind(wxEVT_KILL_FOCUS, [this, at](wxFocusEvent& event) {
-    if (IsShownOnScreen()) Enter(at, Typed(at.row));  // the editor of a closed form is gone
-    event.Skip();
-  });
-  if (IsValue(at.box)) {
-    OfferPickList(*box, parts_.pickList, parts_.texts, [this, at](const std::string& typed) {
-      ExceptionTexts texts = Typed(at.row);
-      texts[at.box] = typed;
-      Enter(at, texts);
-    });
-  }
-  return box;
 }
 
 // Joins "Start-" and "datum" into one word.
@@ -106,7 +79,7 @@ void OvcGrid::NameBoxes(std::size_t row) {
     wxString name = Label_Info.at(kKinds.at(i).group)->GetLabel();
     if (!name.EndsWith("-", &name)) name += " ";
     name += Label_Info.at(kKinds.at(i).heading)->GetLabel() + " " + std::to_string(row + 1);
-    SetAccessibleName(*boxes_.at(row).at(i), name);
+    SetAccessibleName(Box(NumberOf({static_cast<ExceptionBox>(i), row})).Text(), name);
   }
 }
 
@@ -124,8 +97,8 @@ void OvcGrid::LayOut() {
     const auto place = static_cast<std::size_t>(i);
     cells->Add(Label_Info.at(kKinds.at(place).heading), {1, column});
     for (int row = 0; row < static_cast<int>(kExceptionRows); ++row)
-      cells->Add(boxes_.at(static_cast<std::size_t>(row)).at(place), {headings + row, column},
-                 {1, 1}, wxEXPAND);
+      cells->Add(&Box(NumberOf({static_cast<ExceptionBox>(i), static_cast<std::size_t>(row)})),
+                 {headings + row, column}, {1, 1}, wxEXPAND);
     cells->AddGrowableCol(static_cast<std::size_t>(column), 1);
   }
   for (int row = 0; row < static_cast<int>(kExceptionRows); ++row)
@@ -137,96 +110,33 @@ void OvcGrid::LayOut() {
   SetSizer(whole);
 }
 
-wxTextCtrl& OvcGrid::Box(ExceptionFocus at) const {
-  return *boxes_.at(at.row).at(static_cast<std::size_t>(at.box));
+std::optional<EntryGrid::Lead> OvcGrid::LeadOf(std::size_t box) const {
+  const auto first = editor_.FirstBox(At(box));
+  if (!first) return std::nullopt;
+  return Lead{NumberOf(*first),
+              first->box == ExceptionBox::DateOn ? text::kDateFirst : text::kStopDateFirst};
 }
 
-std::optional<ExceptionFocus> OvcGrid::FocusedBox() const {
-  const wxWindow* const focused = FindFocus();
-  for (std::size_t row = 0; row < kExceptionRows; ++row) {
-    for (std::size_t i = 0; i < kExceptionBoxes; ++i)
-      if (boxes_.at(row).at(i) == focused) return {{static_cast<ExceptionBox>(i), row}};
-  }
-  return std::nullopt;
-}
-
-ExceptionTexts OvcGrid::Typed(std::size_t row) const {
-  ExceptionTexts typed;
-  for (std::size_t i = 0; i < kExceptionBoxes; ++i)
-    typed.texts.at(i) = FromWx(boxes_.at(row).at(i)->GetValue());
-  return typed;
-}
-
-void OvcGrid::ShowRow(std::size_t row) {
-  const ExceptionTexts shown = editor_.RowTexts(row);
-  for (std::size_t i = 0; i < kExceptionBoxes; ++i) {
-    wxTextCtrl& box = *boxes_.at(row).at(i);
-    const wxString wanted = ToWx(shown.texts.at(i));
-    if (box.GetValue() != wanted) box.ChangeValue(wanted);
-  }
-}
-
-void OvcGrid::Enter(ExceptionFocus at, const ExceptionTexts& typed) {
-  const std::vector<WrongEntry> wrong = editor_.Enter(at, typed);
-  ShowRow(at.row);
-  parts_.changed();
-  if (wrong.empty()) return;
-  wrong_.insert(wrong_.end(), wrong.begin(), wrong.end());
-  // Deferred, because a message now would disturb the move of the focus.
-  CallAfter([this] {
-    if (!IsShownOnScreen()) return;
-    const wxWeakRef<OvcGrid> alive(this);
-    if (TellWrong() && alive) CallAfter([this] { SelectFocused(); });
-  });
-}
-
-// After a message, typing replaces the box's text, just as it does without a message.
-void OvcGrid::SelectFocused() {
-  if (const auto at = FocusedBox()) Box(*at).SelectAll();
-}
-
-void OvcGrid::TakeEntry() {
-  if (const auto at = FocusedBox()) Enter(*at, Typed(at->row));
-}
-
-bool OvcGrid::HasEntry() const {
-  const auto at = FocusedBox();
-  return at && Typed(at->row) != editor_.RowTexts(at->row);
-}
-
-void OvcGrid::DropEntry() {
-  if (const auto at = FocusedBox()) ShowRow(at->row);
-  SelectFocused();
-}
-
-bool OvcGrid::TellWrong() {
-  const std::vector<WrongEntry> wrong = std::exchange(wrong_, {});
-  ShowWrong(wrong, parts_.prompts, parts_.texts);
-  return !wrong.empty();
-}
-
-void OvcGrid::Focus(ExceptionFocus at) {
-  Box(at).SetFocus();
-  OnEntered(at);  // some systems send the focus event before the form is visible
-  Box(at).SelectAll();
+std::optional<Refusal> OvcGrid::EnterText(std::size_t box, const std::string& typed) {
+  return editor_.Enter(At(box), typed);
 }
 
 bool OvcGrid::TakeKey(int key) {
   if (key != WXK_RETURN && key != WXK_NUMPAD_ENTER) return false;
-  const std::optional<ExceptionFocus> at = FocusedBox();
-  if (!at) return false;
-  Focus(NextFocus(*at));
+  const auto box = FocusedBox();
+  if (!box) return false;
+  if (TakeEntry()) Focus(NextFocus(At(*box)));
   return true;
 }
 
-void OvcGrid::OnEntered(ExceptionFocus at) {
-  last_ = at;
-  editor_.FocusRow(at.row);
-  if (marked_ == at.row) return;
+void OvcGrid::OnEntered(std::size_t box) {
+  last_ = At(box);
+  editor_.FocusRow(last_.row);
+  if (marked_ == last_.row) return;
   // The mark stays while a button has the focus, because the buttons act on the marked row.
   if (marked_) MarkLabel(*rowLabels_.at(*marked_), false);
-  MarkLabel(*rowLabels_.at(at.row), true);
-  marked_ = at.row;
+  MarkLabel(*rowLabels_.at(last_.row), true);
+  marked_ = last_.row;
 }
 
 }  // namespace zek

@@ -43,8 +43,8 @@ ZV_Main::ZV_Main(ZV_Proc& proc, WxTurn& turn)
       Timer_Comm([this] { OnTick(); }),
       refresh_([this] { ShowState(); }) {
   BuildMenus();
-  BuildControls();
   BuildToolbar();
+  BuildControls();
   BuildAccelerators();
   BindEvents();
   RememberPlacement(*this, "ZV_Main");
@@ -161,7 +161,10 @@ void ZV_Main::CheckStartTopic() {
 }
 
 void ZV_Main::RefuseTopic(const std::string& name) {
-  proc_.prompts.Show(Icon::Information, Message(proc_.Text(text::kInvalidTopic), {name}));
+  proc_.prompts.Show(Icon::Information, Message(proc_.Text(text::kInvalidTopic), {name}) +
+                                            "\r\n\r\n" +
+                                            Message(proc_.Text(text::kTopicNotInFile),
+                                                    {Windows1252FromUtf8(proc_.settings.IniPath)}));
 }
 
 void ZV_Main::StartDialog() {

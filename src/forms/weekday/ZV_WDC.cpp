@@ -6,10 +6,10 @@
 namespace zek {
 
 ZV_WDC::ZV_WDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
-               WeekdayEditor& editor, const PickList& pickList)
+               WeekdayEditor& editor)
     : EditorForm(parent, proc, turn, Catalogue::Wdc, content, {"ZV_WDC", editor.ViewOnly()}),
       editor_(editor) {
-  Build(pickList);
+  Build();
   BindEvents();
   grid_->FocusStart(0);
   ShowChanges();
@@ -18,8 +18,8 @@ ZV_WDC::ZV_WDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueCon
 void ZV_WDC::BindEvents() {
   for (std::size_t type = 0; type < Option_Type.size(); ++type) {
     Option_Type.at(type)->Bind(wxEVT_RADIOBUTTON, [this, type](wxCommandEvent&) {
-      grid_->TakeEntry();
-      editor_.ShowType(type);
+      if (grid_->TakeEntry()) editor_.ShowType(type);
+      Option_Type.at(editor_.Type())->SetValue(true);
       grid_->ShowCells();
     });
   }
@@ -28,7 +28,7 @@ void ZV_WDC::BindEvents() {
 }
 
 void ZV_WDC::Change(std::size_t (WeekdayEditor::*change)()) {
-  grid_->TakeEntry();
+  if (!grid_->TakeEntry()) return;
   const std::size_t column = (editor_.*change)();
   grid_->ShowCells();
   ShowTypeCaptions();
@@ -44,18 +44,25 @@ void ZV_WDC::ShowAt(const std::optional<WeekdayFocus>& changed) {
   grid_->Focus(*changed);
 }
 
+std::optional<EditedCatalogue> ZV_WDC::Edited() {
+  auto edited = editor_.Edited();
+  if (edited) edited->notes = editor_.Notes(proc_.texts);
+  return edited;
+}
+
 void ShowWeekdayForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
                      const CatalogueContent& content) {
   // An object's own node has no control name, so none of the catalogue's lines belong to it.
   const bool viewOnly = proc.settings.ViewOnly || proc.selection.TscName.empty();
-  // Outlives the form, which may be destroyed with its parent during a save.
-  WeekdayEditor editor(content.lines, proc.selection.Id(Catalogue::Wdc).Owner(),
-                       proc.settings.DecimalSeparator, viewOnly ? Access::ViewOnly : Access::Edit);
-  editor.CountLost(content.linesDropped);
   const PickList pickList =
       ReadPickList(proc.profile, proc.selection.PickListTable, proc.settings.DecimalSeparator);
+  // Outlives the form, which may be destroyed with its parent during a save.
+  WeekdayEditor editor(content.lines, proc.selection.Id(Catalogue::Wdc).Owner(),
+                       proc.settings.DecimalSeparator, pickList,
+                       viewOnly ? Access::ViewOnly : Access::Edit);
+  editor.CountLost(content.linesDropped);
   ShowEditorForm(
-      new ZV_WDC(parent, proc, turn, content, editor, pickList), proc,
+      new ZV_WDC(parent, proc, turn, content, editor), proc,
       [&proc, pickList, refused = editor.Refused(), whole = WholeCatalogueText(proc, content)] {
         if (!whole.empty()) proc.prompts.Show(Icon::Information, whole);
         TellCut(pickList, proc.prompts, proc.texts);

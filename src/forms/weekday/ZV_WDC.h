@@ -20,11 +20,11 @@ namespace zek {
 class ZV_WDC final : public EditorForm {
  public:
   ZV_WDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
-         WeekdayEditor& editor, const PickList& pickList);
+         WeekdayEditor& editor);
 
  private:
-  void Build(const PickList& pickList);
-  void BuildFrames(Mnemonics& letters, const PickList& pickList);
+  void Build();
+  void BuildFrames(Mnemonics& letters);
   void BuildCommands(Mnemonics& letters);
   void Arrange();
   wxString TypeCaption(std::size_t type) const;
@@ -33,13 +33,14 @@ class ZV_WDC final : public EditorForm {
   void Change(std::size_t (WeekdayEditor::*change)());
   void ShowAt(const std::optional<WeekdayFocus>& changed);
 
-  void TakeEntry() override { grid_->TakeEntry(); }
+  bool TakeEntry() override { return grid_->TakeEntry(); }
   void DropEntry() override { grid_->DropEntry(); }
   bool HasEntry() const override { return grid_->HasEntry(); }
   EditState State() const override { return editor_.State(); }
   void Undo() override { ShowAt(editor_.Undo()); }
   void Redo() override { ShowAt(editor_.Redo()); }
-  std::optional<EditedCatalogue> Edited() override { return editor_.Edited(); }
+  std::string PlaceName() const override { return editor_.PlaceName(proc_.texts); }
+  std::optional<EditedCatalogue> Edited() override;
   void FocusEntry() override { grid_->FocusStart(editor_.Column()); }
   bool TakeKey(int key) override { return grid_->TakeKey(key); }
 

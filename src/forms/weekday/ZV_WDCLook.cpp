@@ -19,9 +19,9 @@ constexpr int kGap = 8;
 
 }  // namespace
 
-void ZV_WDC::Build(const PickList& pickList) {
+void ZV_WDC::Build() {
   Mnemonics letters;
-  BuildFrames(letters, pickList);
+  BuildFrames(letters);
   BuildCommands(letters);
   for (std::size_t type = 0; type < Option_Type.size(); ++type)
     optionLetters_.at(type) = letters.Give(ToWx(editor_.TypeCaption(type, proc_.texts))).find('&');
@@ -29,19 +29,23 @@ void ZV_WDC::Build(const PickList& pickList) {
   Arrange();
 }
 
-void ZV_WDC::BuildFrames(Mnemonics& letters, const PickList& pickList) {
+void ZV_WDC::BuildFrames(Mnemonics& letters) {
   Frame_WDC = new wxStaticBox(this, wxID_ANY, letters.Give(Caption(kFrameWdc)));
   Frame_WDC->SetName("Frame_WDC");
-  grid_ = new WeekdayGrid(Frame_WDC, editor_, proc_.texts, pickList, [this] {
+  const auto changed = [this] {
     ShowTypeCaptions();
     ShowChanges();
-  });
+  };
+  grid_ = new WeekdayGrid(Frame_WDC, editor_, PartsOfGrid(changed));
   Frame_Type = new wxStaticBox(this, wxID_ANY, Caption(kFrameType));
   Frame_Type->SetName("Frame_Type");
   for (std::size_t type = 0; type < Option_Type.size(); ++type) {
     Option_Type.at(type) = new wxRadioButton(Frame_Type, wxID_ANY, {}, wxDefaultPosition,
                                              wxDefaultSize, type == 0 ? wxRB_GROUP : 0);
     Option_Type.at(type)->SetName("Option_Type" + std::to_string(type));
+    // The number in the caption grows.
+    Option_Type.at(type)->SetLabel(Caption(text::kWeekdays + static_cast<int>(type)) + " (112)");
+    Option_Type.at(type)->SetMinSize(Option_Type.at(type)->GetBestSize());
   }
   BlockWhileBusy(Frame_WDC);
   BlockWhileBusy(Frame_Type);
@@ -66,19 +70,19 @@ void ZV_WDC::Arrange() {
   auto* const types = new wxStaticBoxSizer(Frame_Type, wxHORIZONTAL);
   types->Add(Option_Type[0], 0, wxALL, gap);
   types->Add(Option_Type[1], 0, wxALL, gap);
+  auto* const lower = new wxBoxSizer(wxHORIZONTAL);
+  lower->Add(types, 0, wxRIGHT, 3 * gap);
+  lower->Add(Command_Copy, 0, wxALIGN_BOTTOM | wxBOTTOM | wxRIGHT, gap);
+  lower->Add(Command_Erase, 0, wxALIGN_BOTTOM | wxBOTTOM, gap);
   auto* const commands = new wxBoxSizer(wxHORIZONTAL);
-  commands->Add(Command_Copy, 0, wxRIGHT, gap);
-  commands->Add(Command_Erase, 0, wxRIGHT, 3 * gap);
   commands->Add(undoAndRedo_, 0, wxRIGHT, 3 * gap);
   commands->AddStretchSpacer();
   commands->Add(Command_Ok, 0, wxRIGHT, gap);
   commands->Add(Command_Cancel);
-  auto* const lower = new wxBoxSizer(wxHORIZONTAL);
-  lower->Add(types, 0, wxRIGHT, 3 * gap);
-  lower->Add(commands, 1, wxALIGN_BOTTOM | wxBOTTOM, gap);
   auto* const whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(table, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(lower, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
+  whole->Add(commands, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   LayOut(whole);
 }
 

@@ -1,0 +1,219 @@
+#include "forms/EntryGrid.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <wx/toplevel.h>
+#include <wx/weakref.h>
+
+#include "editors/TimeChoices.h"
+#include "formats/CatalogueFields.h"
+#include "lang/TextNumbers.h"
+#include "ui/WxText.h"
+
+namespace zek {
+
+EntryGrid::EntryGrid(wxWindow* parent, Parts parts) : wxPanel(parent), parts_(std::move(parts)) {
+  wxGetTopLevelParent(this)->Bind(wxEVT_CHILD_FOCUS, &EntryGrid::OnChildFocus, this);
+}
+
+EntryBox* EntryGrid::NewBox(const std::string& name, const wxString& widest, BoxKind kind,
+                            bool editable) {
+  const std::size_t number = boxes_.size();
+  auto* const box = new EntryBox(this, name, widest, editable);
+  boxes_.push_back(box);
+  box->Text().Bind(wxEVT_TEXT, [this, number](wxCommandEvent& event) {
+    OnTyped(number);
+    event.Skip();
+  });
+  box->Text().Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+    blocked_ = false;
+    event.Skip();
+  });
+  if (kind == BoxKind::Time) {
+    box->Text().Bind(wxEVT_MOUSEWHEEL,
+                     [this, number](wxMouseEvent& event) { OnWheel(number, event); });
+  }
+  const bool isValue = kind == BoxKind::Value;
+  if (!isValue || !NamesOf(number).items.empty()) {
+    box->Offer([this, number, kind] { return Drop(number, kind); },
+               ToWx(Texts().Text(text::kPickListHint)), isValue);
+  }
+  return box;
+}
+
+std::optional<std::size_t> EntryGrid::FocusedBox() const {
+  return entry_ && Box(*entry_).Text().HasFocus() ? entry_ : std::nullopt;
+}
+
+void EntryGrid::FocusBox(std::size_t box) {
+  Box(box).Focus();
+  if (entry_ != box) Arrive(box);  // some systems send the focus event before the form is visible
+}
+
+void EntryGrid::SelectFocused() {
+  if (entry_) Box(*entry_).Text().SelectAll();
+}
+
+// --- Display ---
+
+void EntryGrid::ShowBoxes() {
+  for (std::size_t box = 0; box < boxes_.size(); ++box) ShowBox(box);
+}
+
+void EntryGrid::ShowBox(std::size_t box) {
+  if (wrong_ && wrong_->box == box) return;
+  Box(box).ShowText(entry_ == box ? CellText(box) : ShownText(box));
+  const std::int32_t mark = MarkOf(box);
+  Box(box).Mark(mark == 0 ? wxString() : ToWx(Texts().Text(mark)));
+}
+
+// --- The focus ---
+
+void EntryGrid::OnChildFocus(wxChildFocusEvent& event) {
+  event.Skip();
+  // A form that opens or closes is not used.
+  const wxWindow* const window = event.GetWindow();
+  if (!IsShownOnScreen() || window->GetId() == wxID_CANCEL) return;
+  const auto found = std::find_if(boxes_.begin(), boxes_.end(),
+                                  [window](const EntryBox* box) { return &box->Text() == window; });
+  const auto reached = found == boxes_.end()
+                           ? std::nullopt
+                           : std::optional(static_cast<std::size_t>(found - boxes_.begin()));
+  if (entry_ && entry_ == reached) return;
+  if (entry_) {
+    blocked_ = !Leave(*entry_);
+    if (blocked_) return;
+    const std::size_t left = *std::exchange(entry_, std::nullopt);
+    ShowBox(left);
+  }
+  if (reached) Arrive(*reached);
+}
+
+void EntryGrid::Arrive(std::size_t box) {
+  entry_ = box;
+  ShowBox(box);
+  Box(box).Text().SelectAll();
+  SayMark();
+  OnEntered(box);
+}
+
+void EntryGrid::SayMark() {
+  const std::int32_t mark = entry_ ? MarkOf(*entry_) : 0;
+  parts_.say(mark == 0 ? std::string() : Texts().Text(mark));
+}
+
+// --- Entries ---
+
+bool EntryGrid::TakeEntry() {
+  return !std::exchange(blocked_, false) && (!entry_ || Leave(*entry_));
+}
+
+bool EntryGrid::HasEntry() const { return entry_ && Box(*entry_).Typed() != CellText(*entry_); }
+
+void EntryGrid::DropEntry() {
+  wrong_.reset();
+  ShowBoxes();
+  SelectFocused();
+  SayMark();
+}
+
+bool EntryGrid::Leave(std::size_t box) {
+  const std::string typed = Box(box).Typed();
+  wrong_.reset();
+  const bool changes = typed != CellText(box);
+  const std::optional<Refusal> refusal = changes ? EnterText(box, typed) : std::nullopt;
+  if (refusal) {
+    Refuse(box, *refusal);
+    return false;
+  }
+  ShowBoxes();
+  if (changes) {
+    parts_.changed();
+    SayMark();
+  }
+  return true;
+}
+
+// Deferred, because the focus is still moving.
+void EntryGrid::Refuse(std::size_t box, const Refusal& refusal) {
+  wrong_ = {box, refusal};
+  if (!refusal.instead.empty()) Box(box).ShowText(refusal.instead);
+  Box(box).Mark(ToWx(refusal.MessageIn(Texts(), ". ")));
+  parts_.changed();
+  CallAfter([this, box, refusal] {
+    if (!IsShownOnScreen()) return;
+    const wxWeakRef<EntryGrid> alive(this);
+    Box(box).Focus();
+    parts_.say(refusal.MessageIn(Texts(), ". "));
+    if (refusal.instead.empty()) return;
+    parts_.prompts.Show(Icon::Information, refusal.MessageIn(Texts(), "\r\n"));
+    if (alive) CallAfter([this, box] { Box(box).Focus(); });
+  });
+}
+
+void EntryGrid::OnTyped(std::size_t box) {
+  if (wrong_ && wrong_->box == box) {
+    wrong_.reset();
+    Box(box).Mark({});
+  }
+  if (HasEntry()) LeadFrom(box);
+}
+
+// Leads to the box that must be filled before this one.
+bool EntryGrid::LeadFrom(std::size_t box) {
+  const auto lead = LeadOf(box);
+  if (!lead) return false;
+  Box(box).ShowText(CellText(box));
+  FocusBox(lead->box);
+  parts_.say(Texts().Text(lead->text));
+  return true;
+}
+
+void EntryGrid::OnWheel(std::size_t box, wxMouseEvent& event) {
+  wxTextCtrl& text = Box(box).Text();
+  if (!text.HasFocus() || !text.IsEditable() || event.GetWheelRotation() == 0) {
+    event.Skip();
+    return;
+  }
+  const std::string typed = Box(box).Typed();
+  const std::string next = QuarterBeside(typed, event.GetWheelRotation() > 0 ? 1 : -1);
+  if (next == typed) return;
+  text.SetValue(ToWx(next));
+  text.SelectAll();
+}
+
+// --- What there is to choose ---
+
+DropDown* EntryGrid::Drop(std::size_t box, BoxKind kind) {
+  if (LeadFrom(box)) return nullptr;
+  const auto choose = [this, box](const std::string& typed) {
+    Box(box).ShowText(typed == kNoValueText ? std::string() : typed);
+    if (Leave(box)) SelectFocused();
+  };
+  if (kind == BoxKind::Date) return NewDropCalendar(Box(box).Text(), Box(box).Typed(), choose);
+  return kind == BoxKind::Time ? DropTimes(box, choose) : DropNames(box, choose);
+}
+
+DropDown* EntryGrid::DropNames(std::size_t box,
+                               const std::function<void(const std::string&)>& choose) {
+  const std::string typed = Box(box).Typed();
+  std::vector<DropItem> items;
+  for (const PickListItem& item : NamesOf(box).items)
+    items.push_back({ToWx(item.name), ToWx("[" + item.value + "]"), item.value, item.IsIn(typed)});
+  return NewDropList(Box(box).Text(), std::move(items), 0, choose);
+}
+
+DropDown* EntryGrid::DropTimes(std::size_t box,
+                               const std::function<void(const std::string&)>& choose) {
+  const std::string typed = Box(box).Typed();
+  std::vector<DropItem> items;
+  std::size_t nearest = 0;
+  for (const std::string& time : QuarterHours()) {
+    if (time <= typed) nearest = items.size();
+    items.push_back({ToWx(time), {}, time, time == typed});
+  }
+  return NewDropList(Box(box).Text(), std::move(items), nearest, choose);
+}
+
+}  // namespace zek
