@@ -67,6 +67,7 @@ TEST(TopicList, AChangeTakesEffectAtOnceAndKeepsTheOtherLines) {
             "[General]\r\nDialogMode=ALL\r\n");
   EXPECT_EQ(proc.topics.TopicCount(), 2);
   EXPECT_EQ(proc.topics.Listed(proc.settings).size(), 2U);
+  session.socket.onConnected = [&session] { session.socket.Say("<TRANSPARENT>"); };
   EXPECT_EQ(TestTopic(proc, EntryOf(proc.topics[0])), Contact::Silent);
   session.socket.reachable = false;
   EXPECT_EQ(TestTopic(proc, EntryOf(proc.topics[0])), Contact::None);

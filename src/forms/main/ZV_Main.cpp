@@ -43,8 +43,8 @@ ZV_Main::ZV_Main(ZV_Proc& proc, WxTurn& turn)
       Timer_Comm([this] { OnTick(); }),
       refresh_([this] { ShowState(); }) {
   BuildMenus();
-  BuildControls();
   BuildToolbar();
+  BuildControls();
   BuildAccelerators();
   BindEvents();
   RememberPlacement(*this, "ZV_Main");

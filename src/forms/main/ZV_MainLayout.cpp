@@ -67,7 +67,7 @@ void ZV_Main::BuildMenus() {
 }
 
 void ZV_Main::BuildToolbar() {
-  auto* const bar = CreateToolBar();
+  auto* const bar = CreateToolBar(wxTB_HORIZONTAL | wxTB_FLAT | wxTB_TEXT);
   bar->SetName("Toolbar");
   const auto add = [&](int id, std::int32_t number, const wxBitmapBundle& picture) {
     const wxString label = wxControl::RemoveMnemonics(Label(number));
