@@ -9,8 +9,8 @@
 
 namespace zek {
 
-/// Shows what the user should know when a catalogue of weekdays or exceptions is opened: whose lines
-/// it has, that its pick-list is cut, and the lines that were not read.
+/// Shows what the user should know when a catalogue of weekdays or exceptions is opened: whose
+/// lines it has, that its pick-list is cut, and the lines that were not read.
 template <class Refused>
 void TellOpened(ZV_Proc& proc, const CatalogueContent& content, const PickList& pickList,
                 const std::vector<Refused>& refused) {
