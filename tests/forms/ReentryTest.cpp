@@ -22,10 +22,15 @@ namespace {
 
 constexpr std::array kForms{"PromptBox", "ZV_OVC", "ZV_WDC", "ZV_TSCSummary", "ZV_TSC", "ZV_Main"};
 
+// Answers questions in a pattern that gets out of "try again?" as well as of "close without
+// saving?".
+constexpr std::string_view kAnswers = "yynyn";
+
 struct ReentryWorld : PlantWorld {
   ReentryWorld() {
     ticks.Stop();  // the main window has its own timer
-    prompts.answers.assign(50, true);
+    for (std::size_t i = 0; i < 50; ++i)
+      prompts.answers.push_back(kAnswers[i % kAnswers.size()] == 'y');
     EXPECT_FALSE(profile.WriteIni("SaveDelay", "DelayA", "1"));
     EXPECT_FALSE(files.Write(directory + "PLANT_5100 Bj\xC3\xB6rkskolan SDC.TXT", ""));
     main = new ZV_Main(session, turn);  // deleted when it closes
@@ -65,17 +70,14 @@ void ChooseTopic(int topic) { Post("Combo_Topics", wxEVT_CHOICE, 0, topic); }
 void CloseForm(const char* name, bool force = false) {
   if (wxWindow* const form = Shown(name)) form->Close(force);
 }
-// Questions are answered Yes and No in a pattern that gets out of "try again?" as well as of "close
-// without saving?".
 void CloseInnermost() {
   static std::size_t questions = 0;
-  constexpr std::string_view pattern = "yynyn";
   wxWindow* const form = FormInFront();
   if (form == nullptr) return;
   if (wxWindow::FindWindowById(wxID_YES, form) == nullptr) {
     form->Close();
   } else {
-    const bool yes = pattern[questions++ % pattern.size()] == 'y';
+    const bool yes = kAnswers[questions++ % kAnswers.size()] == 'y';
     Command(*form, wxEVT_BUTTON, yes ? wxID_YES : wxID_NO);
   }
 }
