@@ -67,11 +67,8 @@ std::string DemoPlant::Prepare(const std::string& programPath, const std::string
 std::string DemoPlant::StartPlant(const std::string& program) {
   const std::vector<wxString> words{wxString::FromUTF8(program),           "--port", "0", "--plant",
                                     wxString::FromUTF8(folder_ + "plant"), "--keep"};
-  std::vector<const wchar_t*> arguments;
-  for (const wxString& word : words) arguments.push_back(word.wc_str());
-  arguments.push_back(nullptr);
   process_ = new wxProcess(wxPROCESS_REDIRECT);
-  pid_ = wxExecute(arguments.data(), wxEXEC_ASYNC | wxEXEC_HIDE_CONSOLE, process_);
+  pid_ = StartProgram(words, wxEXEC_ASYNC | wxEXEC_HIDE_CONSOLE, process_);
   return pid_ == 0 ? "The simulated plant can't be started: " + program : "";
 }
 

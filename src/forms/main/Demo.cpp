@@ -1,11 +1,11 @@
 #include "forms/main/Demo.h"
 
+#include <algorithm>
 #include <memory>
 #include <system_error>
 #include <utility>
 #include <vector>
 
-#include <wx/process.h>
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
 
@@ -60,6 +60,13 @@ DemoFiles FindDemo() {
   return files;
 }
 
+long StartProgram(const std::vector<wxString>& words, int flags, wxProcess* process) {
+  std::vector<const wchar_t*> arguments(words.size() + 1);  // the last one stays null
+  std::transform(words.begin(), words.end(), arguments.begin(),
+                 [](const wxString& word) -> const wchar_t* { return word.wc_str(); });
+  return wxExecute(arguments.data(), flags, process);
+}
+
 bool StartDemo(ZV_Proc& proc, std::function<void()> failed) {
   const DemoFiles files = FindDemo();
   if (!files.missing.empty()) {
@@ -72,11 +79,8 @@ bool StartDemo(ZV_Proc& proc, std::function<void()> failed) {
                                     "--ini",
                                     wxString::FromUTF8(WithoutSeparator(proc.settings.IniPath)),
                                     "--demo"};
-  std::vector<const wchar_t*> arguments;
-  for (const wxString& word : words) arguments.push_back(word.wc_str());
-  arguments.push_back(nullptr);
   auto process = std::make_unique<DemoProcess>(std::move(failed));
-  if (wxExecute(arguments.data(), wxEXEC_ASYNC, process.get()) != 0) {
+  if (StartProgram(words, wxEXEC_ASYNC, process.get()) != 0) {
     static_cast<void>(process.release());  // deletes itself when the demonstration ends
     return true;
   }

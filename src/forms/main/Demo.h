@@ -2,6 +2,10 @@
 
 #include <functional>
 #include <string>
+#include <vector>
+
+#include <wx/process.h>
+#include <wx/string.h>
 
 #include "app/ZV_Proc.h"
 
@@ -16,6 +20,9 @@ struct DemoFiles {
 
 /// The files lie beside the program; without an installation, in the folders of the build.
 DemoFiles FindDemo();
+
+/// Starts a program with its arguments; returns the number of its process, or 0.
+long StartProgram(const std::vector<wxString>& words, int flags, wxProcess* process);
 
 /// Starts this program once more, with `--demo`. Returns false, after a message, if a file is
 /// missing or the system refuses. `failed` is called later if the demonstration could not start.
