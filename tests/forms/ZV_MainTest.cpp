@@ -384,7 +384,8 @@ TEST_F(ZV_MainTest, StartDialogConnectsOrIsRefused) {
   EXPECT_TRUE(PumpUntil([this] { return !form_; }));
   for (const char* const unknown : {"/DIALOG:NIX", "/TOPIC:NIX", "/TAG:nix /TOPIC:SKOLA"}) {
     Open(unknown);
-    EXPECT_EQ(world_->prompts.shown, std::vector<std::string>{"i Ogiltig Topic 'NIX'!"});
+    ASSERT_EQ(world_->prompts.shown.size(), 1U);
+    EXPECT_TRUE(world_->prompts.shown[0].starts_with("i Ogiltig Topic 'NIX'!"));
     EXPECT_TRUE(form_->IsShown());
     form_->Close();
     EXPECT_TRUE(PumpUntil([this] { return !form_; }));
