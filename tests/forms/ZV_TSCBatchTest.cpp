@@ -43,7 +43,7 @@ TEST_F(BatchTest, ExportsFromTheMenuAndSaysWhatCameOfIt) {
         [this] {
           EXPECT_NE(Value("Text_Details").find(WithSeparator(world.directory + "Batch") + "WDC"),
                     std::string::npos);
-          EXPECT_EQ(Browser().GetStatusBar()->GetStatusText(1), "Batch avslutad");
+          EXPECT_EQ(Browser().GetStatusBar()->GetStatusText(1), "Export avslutad");
           EXPECT_EQ(Files(), (std::vector<std::string>{"OVC", "WDC"}));
           Press(WXK_RETURN);
         }},
