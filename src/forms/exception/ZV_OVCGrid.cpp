@@ -40,7 +40,13 @@ constexpr std::array<int, 11> kLabelTexts{
     text::kExceptionCaption + 1, text::kExceptionCaption + 2, text::kExceptionCaption + 4,
     text::kExceptionCaption + 3, text::kExceptionCaption};
 
-const Kind& KindOf(ExceptionBox box) { return kKinds.at(static_cast<std::size_t>(box)); }
+// Joins "Start-" and "datum" into one word, "Start" and "date" into two.
+void JoinHeading(wxStaticText& group, wxStaticText& heading) {
+  wxString name = group.GetLabel();
+  if (!name.EndsWith("-", &name)) name += " ";
+  heading.SetLabel(name + heading.GetLabel());
+  group.Hide();
+}
 
 }  // namespace
 
@@ -58,6 +64,8 @@ void OvcGrid::BuildLabels() {
     Label_Info.at(i)->SetName("Label_Info" + std::to_string(i));
   }
   Label_Info[0]->Hide();  // repeats the erase button's caption
+  for (const Kind& kind : kKinds)
+    JoinHeading(*Label_Info.at(kind.group), *Label_Info.at(kind.heading));
 }
 
 // Created row by row, because that sets the order of the Tab key.
@@ -73,29 +81,25 @@ void OvcGrid::BuildBoxes() {
   }
 }
 
-// Joins "Start-" and "datum" into one word.
 void OvcGrid::NameBoxes(std::size_t row) {
   for (std::size_t i = 0; i < kExceptionBoxes; ++i) {
-    wxString name = Label_Info.at(kKinds.at(i).group)->GetLabel();
-    if (!name.EndsWith("-", &name)) name += " ";
-    name += Label_Info.at(kKinds.at(i).heading)->GetLabel() + " " + std::to_string(row + 1);
+    const wxString name =
+        Label_Info.at(kKinds.at(i).heading)->GetLabel() + " " + std::to_string(row + 1);
     SetAccessibleName(Box(NumberOf({static_cast<ExceptionBox>(i), row})).Text(), name);
   }
 }
 
 void OvcGrid::LayOut() {
-  constexpr int headings = 2;
+  constexpr int headings = 1;
   constexpr int stopColumn = 5;  // column 4 separates start and stop
   const int gap = FromDIP(kGap);
   auto* const cells = new wxGridBagSizer(gap, gap);
-  cells->Add(Label_Info[kRowLabel], {1, 0}, {1, 1}, wxRIGHT, gap);
-  cells->Add(Label_Info[KindOf(ExceptionBox::DateOn).group], {0, 1}, {1, 3});
-  cells->Add(Label_Info[KindOf(ExceptionBox::DateOff).group], {0, stopColumn}, {1, 3});
+  cells->Add(Label_Info[kRowLabel], {0, 0}, {1, 1}, wxRIGHT, gap);
   cells->Add(2 * gap, 0, wxGBPosition(0, 4));
   for (int i = 0; i < static_cast<int>(kExceptionBoxes); ++i) {
     const int column = i < 3 ? 1 + i : stopColumn + i - 3;
     const auto place = static_cast<std::size_t>(i);
-    cells->Add(Label_Info.at(kKinds.at(place).heading), {1, column});
+    cells->Add(Label_Info.at(kKinds.at(place).heading), {0, column});
     for (int row = 0; row < static_cast<int>(kExceptionRows); ++row)
       cells->Add(&Box(NumberOf({static_cast<ExceptionBox>(i), static_cast<std::size_t>(row)})),
                  {headings + row, column}, {1, 1}, wxEXPAND);
