@@ -148,7 +148,7 @@ bool ReplaysDiffer(const Schedule& with, const Schedule& without) {
 
 TEST(Forecast, KnowsWhatIsWithoutEffect) {
   RandomCatalogues random(2);
-  const int lines = Full() ? 1000 : 8;
+  const int lines = Full() ? 100 : 8;
   int right = 0;
   for (int number = 0; number < lines; ++number) {
     const Schedule with = random.Next(number % 2 == 0 ? Generation::Zek1 : Generation::Zek2);
