@@ -76,9 +76,10 @@ const Mask* Masks::EndedBefore(Moment moment) const {
 
 std::vector<ExceptionLine> Masks::ActiveAt(Moment moment) const {
   std::vector<ExceptionLine> found;
-  for (auto mask = active_.rbegin(); mask != active_.rend(); ++mask) {
-    if (mask->from <= moment && moment < mask->to) found.push_back(exceptions_[mask->place]);
+  for (const Mask& mask : active_) {
+    if (mask.from <= moment && moment < mask.to) found.push_back(exceptions_[mask.place]);
   }
+  std::reverse(found.begin(), found.end());
   return found;
 }
 

@@ -37,7 +37,7 @@ struct SwitchCommand {
   SwitchSource Source() const { return {kind, line}; }
 
   std::strong_ordering operator<=>(const SwitchCommand& other) const;
-  bool operator==(const SwitchCommand& other) const { return (*this <=> other) == 0; }
+  bool operator==(const SwitchCommand& other) const { return std::is_eq(*this <=> other); }
 };
 
 /// The commands of a schedule, of its weekdays and its exceptions alike. Those of the weekdays

@@ -210,10 +210,12 @@ CalendarLayout EmptyCalendarLayout(std::string_view name) {
 CalendarReading ReadCalendar(std::span<const std::string> lines, const CalendarYears& years,
                              int baseYear) {
   CalendarReading reading{CalendarTable(baseYear), {}, 0, {}, {}, {}};
+  std::size_t numbered = 0;
   bool cut = false;
   for (const std::string& line : lines) {
     const CalendarLine fields = Cut(line);
-    if (const int number = LineNumber(line); number > 0 && !reading.layout) {
+    const int number = LineNumber(line);
+    if (number > 0 && !reading.layout) {
       reading.layout = CalendarLayout{fields.plt, number};
     }
     if (fields.dates.find('*') != std::string_view::npos) {
@@ -221,7 +223,9 @@ CalendarReading ReadCalendar(std::span<const std::string> lines, const CalendarY
       continue;
     }
     const std::optional<std::int32_t> reason = StoreLine(reading.table, fields, years);
-    reading.lineNumbers.resize(reading.table.Used().size(), LineNumber(line));
+    for (const std::size_t used = reading.table.Used().size(); numbered < used; ++numbered) {
+      reading.lineNumbers[numbered] = number;
+    }
     if (!reason) continue;
     ++reading.linesLost;
     reading.unread.push_back(line);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -77,8 +78,8 @@ struct CalendarReading {
   std::size_t linesLost = 0;
   /// Number and layout of the first line with a number; nothing without one.
   std::optional<CalendarLayout> layout;
-  std::vector<std::string> unread;  // the refused lines
-  std::vector<int> lineNumbers;     // of each entry in use, the number of its line
+  std::vector<std::string> unread;                  // the refused lines
+  std::array<int, kCalendarEntries> lineNumbers{};  // of each entry in use, the number of its line
 };
 
 /// Parses the lines of a calendar; `baseYear` is the first year shown. A line has the "PLT" layout

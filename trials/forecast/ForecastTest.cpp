@@ -72,7 +72,7 @@ class RandomCatalogues {
     const auto used = static_cast<std::size_t>(Below(kExceptionRows + 1));
     for (std::size_t at = 0; at < used; ++at) {
       const Moment start = Date() + Time();
-      const Moment stop = Below(3) == 0 ? Time() : start / 1440 * 1440 + Below(3) * 1440 + Time();
+      const Moment stop = Below(3) == 0 ? Time() : start / 1440 * 1440 + StartOf(Below(3)) + Time();
       table.rows.at(at) = {true, start, stop, Below(3) == 0 ? kNoValue : Value(),
                            Below(3) == 0 ? kNoValue : Value()};
     }
@@ -148,7 +148,7 @@ bool ReplaysDiffer(const Schedule& with, const Schedule& without) {
 
 TEST(Forecast, KnowsWhatIsWithoutEffect) {
   RandomCatalogues random(2);
-  const int lines = Full() ? 1000 : 8;
+  const int lines = Full() ? 100 : 8;
   int right = 0;
   for (int number = 0; number < lines; ++number) {
     const Schedule with = random.Next(number % 2 == 0 ? Generation::Zek1 : Generation::Zek2);

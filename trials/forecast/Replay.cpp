@@ -6,7 +6,7 @@ namespace zek::trials {
 namespace {
 
 using Kind = SwitchSource::Kind;
-constexpr Moment kDay = 24 * 60;
+constexpr Moment kDay = 1440;
 
 // The kinds of commands of one minute, the later one wins.
 enum Rank : std::int8_t { Midnight, ExceptionStop, WeekdayStop, WeekdayStart, ExceptionPoint };
