@@ -34,7 +34,7 @@ report="$PWD/build/$preset/tests.xml"
 rm -f "$report"
 status=0
 scripts/headless.sh ctest --test-dir "build/$preset" --output-on-failure --no-tests=error \
-  --parallel "$(nproc)" --timeout 300 --output-junit "$report" "${filter[@]}" </dev/null ||
+  --parallel "$(nproc)" --timeout 900 --output-junit "$report" "${filter[@]}" </dev/null ||
   status=$?
 counts="$(scripts/test-counts.py "$report")" || status=1
 [[ $status -eq 0 || $counts != *" 0 failed" ]] || counts="${counts% 0 failed} 1 failed"
