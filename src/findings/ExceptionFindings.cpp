@@ -20,7 +20,7 @@ class ExceptionCheck {
       : list_(list), control_(control), context_(context) {}
 
   void Check(const ExceptionLine& each) {
-    constexpr DayNumber far = 2 * 365;
+    constexpr DayNumber far = 730;  // two years
     const OvcRow& row = each.row;
     const std::string place = PlaceOf("ovc", each.number);
     if (row.stop != 0 && !StopOf(row)) {

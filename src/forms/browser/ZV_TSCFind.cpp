@@ -70,6 +70,7 @@ void ZV_TSC::ShowList() {
 }
 
 void ZV_TSC::OnListed() {
+  if (List_Nodes->IsChanging()) return;
   const std::optional<std::size_t> place = List_Nodes->Selected();
   if (place && place != TreeView->Selected()) TreeView->SelectPlace(*place);
 }

@@ -25,6 +25,19 @@ constexpr std::array<Column, 3> kColumns{{{Catalogue::Wdc, text::kTitleWeekdays}
                                           {Catalogue::Ovc, text::kTitleExceptions}}};
 constexpr const char* kNoCopy = "-";
 
+// Sets a flag while it exists.
+class Flagged {
+ public:
+  explicit Flagged(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
+  Flagged(const Flagged&) = delete;
+  Flagged& operator=(const Flagged&) = delete;
+  ~Flagged() { flag_ = before_; }
+
+ private:
+  bool& flag_;
+  bool before_;
+};
+
 }  // namespace
 
 NodeList::NodeList(wxWindow* parent, const ZV_Proc& proc, CopyStates& states)
@@ -44,6 +57,12 @@ NodeList::NodeList(wxWindow* parent, const ZV_Proc& proc, CopyStates& states)
   });
 }
 
+void NodeList::SelectFirst() {
+  if (shown_.empty()) return;
+  Select(0);
+  Focus(0);
+}
+
 void NodeList::ShowPlaces(std::vector<std::size_t> places) {
   stated_ = std::move(places);
   severalObjects_ = std::any_of(stated_.begin(), stated_.end(), [this](std::size_t place) {
@@ -54,6 +73,7 @@ void NodeList::ShowPlaces(std::vector<std::size_t> places) {
 
 void NodeList::SelectPlace(std::optional<std::size_t> place) {
   if (place == Selected()) return;
+  const Flagged changing(changing_);
   const auto found = place ? std::find(shown_.begin(), shown_.end(), *place) : shown_.end();
   const long selected = GetFirstSelected();
   if (selected >= 0) Select(selected, false);
@@ -116,6 +136,7 @@ void NodeList::Sort() {
       return ascending_ ? keys[one] < keys[other] : keys[other] < keys[one];
     });
   }
+  const Flagged changing(changing_);
   const long before = GetFirstSelected();
   if (before >= 0) Select(before, false);
   SetItemCount(static_cast<long>(shown_.size()));

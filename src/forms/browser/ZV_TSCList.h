@@ -25,9 +25,11 @@ class NodeList final : public wxListView {
   /// Selects a node, or nothing if it is not shown.
   void SelectPlace(std::optional<std::size_t> place);
 
-  void SelectFirst() {
-    if (!shown_.empty()) SelectPlace(shown_.front());
-  }
+  /// Selects the first node as the user would.
+  void SelectFirst();
+
+  /// True while `ShowPlaces` or `SelectPlace` changes the selection: the user has not.
+  bool IsChanging() const { return changing_; }
 
   std::optional<std::size_t> Selected() const;
 
@@ -44,6 +46,7 @@ class NodeList final : public wxListView {
   int sorted_ = -1;  // column; -1 is the order of the tree
   bool ascending_ = true;
   bool severalObjects_ = false;
+  bool changing_ = false;
   std::vector<std::size_t> stated_;  // in the order of the tree
   std::vector<std::size_t> shown_;
 };
