@@ -142,7 +142,8 @@ class Items final : public wxVListBox {
  public:
   Items(wxWindow* parent, std::vector<DropItem> items, std::size_t nearest)
       : items_(std::move(items)) {
-    Create(parent);
+    // The drop-down draws the frame; a border would take the room of the last line.
+    Create(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxBORDER_NONE);
     SetFont(parent->GetParent()->GetFont());
     line_ = GetTextExtent("Mg").y + 2 * FromDIP(kPadding);
     SetItemCount(items_.size());

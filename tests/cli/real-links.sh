@@ -41,10 +41,10 @@ settings() {
 
 # there_and_back LINK: changes all kinds of catalogues, and changes them back for the next link.
 there_and_back() {
-  change wdc SKOLA/AHU1 '07:00\.\.12:00' '07:15..12:45'
+  change wdc SKOLA/AHU1 '!AHU1 \( *!SD2 *\)!07:00\.\.12:00' '!AHU1 \1!07:15..12:45'
   change ovc KONTOR/PLT1 '19-DEC-2026 ' '20-DEC-2026 '
   change sdc SKOLA/PLT1 '05-NOV-27 ' '06-NOV-27 '
-  change wdc SKOLA/AHU1 '07:15\.\.12:45' '07:00..12:00'
+  change wdc SKOLA/AHU1 '!AHU1 \( *!SD2 *\)!07:15\.\.12:45' '!AHU1 \1!07:00..12:00'
   change ovc KONTOR/PLT1 '20-DEC-2026 ' '19-DEC-2026 '
   change sdc SKOLA/PLT1 '06-NOV-27 ' '05-NOV-27 '
   echo "$1: passed"

@@ -27,9 +27,9 @@ TEST(TopicTable, ParsesEntries) {
 TEST(TopicEntry, ChangesOnlyWhatIsEntered) {
   const struct {
     TopicEntry entry;
-    const char* before;
-    std::int32_t wrong;
-    const char* after;
+    const char* before = nullptr;
+    std::int32_t wrong = 0;
+    const char* after = nullptr;
   } cases[] = {
       {{"A", Generation::Zek1, "h:1", "", "D"}, "", 0, "YES,ZEK1,h:1,D"},
       {{"a-1_b", Generation::Zek2, "H:5100", "3", ""},

@@ -30,7 +30,7 @@ struct ReentryWorld : PlantWorld {
   ReentryWorld() {
     ticks.Stop();  // the main window has its own timer
     for (std::size_t i = 0; i < 50; ++i)
-      prompts.answers.push_back(kAnswers[i % kAnswers.size()] == 'y');
+      prompts.answers.emplace_back(kAnswers[i % kAnswers.size()] == 'y');
     EXPECT_FALSE(profile.WriteIni("SaveDelay", "DelayA", "1"));
     EXPECT_FALSE(files.Write(directory + "PLANT_5100 Bj\xC3\xB6rkskolan SDC.TXT", ""));
     main = new ZV_Main(session, turn);  // deleted when it closes
