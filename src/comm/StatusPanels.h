@@ -26,9 +26,9 @@ class StatusPanels {
   std::string Waiting;     // the present wait, in words; "" without one
   std::string Outcome;     // of the last write, with its time
   SendingSteps Sending;
-  bool Asking = false;     // whether to cancel the transfer
-  int Hourglass = 0;       // above 0: a command waits for its reply
-  int Busy = 0;            // above 0: a catalogue transfer runs, the browser is disabled
+  bool Asking = false;  // whether to cancel the transfer
+  int Hourglass = 0;    // above 0: a command waits for its reply
+  int Busy = 0;         // above 0: a catalogue transfer runs, the browser is disabled
 
   /// Called after every change here or in the log.
   std::function<void()> Changed = [] {};
