@@ -36,7 +36,7 @@ class ControlReader {
   bool hadAllCopies_ = true;
 };
 
-/// Returns the time control named by an operand; nothing, after a message, if there is none.
+/// Returns the time control named by an operand; empty, after a message, if it is unknown.
 std::optional<std::size_t> ControlOperand(Console& console, const std::string& name);
 
 }  // namespace zek::cli

@@ -74,7 +74,7 @@ class ExceptionEditor {
   /// Enters what was typed into a box (see `TypedExceptionDate`, `TypedExceptionTime`,
   /// `TypedValue`), or returns why not; today or now takes the place of a wrong date or time. Does
   /// nothing if another box comes first. An empty start date clears the row, empty stop boxes are
-  /// no stop, and an empty value is none. A start date in an unused row begins a new entry: from
+  /// no stop, and an empty box has no value. A start date in an unused row begins a new entry: from
   /// 00:00, and its stop follows the start until it is entered. On a ZEK1 an empty stop date is no
   /// stop.
   std::optional<Refusal> Enter(ExceptionFocus at, std::string_view text);
