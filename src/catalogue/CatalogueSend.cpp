@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
+#include <utility>
 
 #include "catalogue/CatalogueFetch.h"
 #include "catalogue/Sendable.h"
@@ -39,7 +41,7 @@ class Sending {
 
   SendReport Run() {
     const CountedUp busy(x_.status, &StatusPanels::Busy);
-    Waits::Cancellable cancellable(x_.waits);
+    std::optional<Waits::Cancellable> cancellable(std::in_place, x_.waits);
     bool sent = false;
     bool connected = true;
     for (int attempt = 1; attempt <= kAttempts && !sent && connected && !x_.waits.Stopped();
@@ -49,18 +51,18 @@ class Sending {
       sent = connected && Attempt() && x_.transfer.Kind != TransferKind::Idle;
     }
     x_.status.Sending = {};
+    report_.cancelled = !sent && x_.waits.Cancelled();
+    // Else the controller would wait for the rest of the catalogue.
+    if (inCatalogue_ && x_.waits.Stopped() && x_.connection.CurrentTopic == id_.object) {
+      x_.connection.SendLast("EXIT");
+    }
+    cancellable.reset();  // all is sent or given up
     x_.status.Dot();
     Pause("DelayG");
     // The reply to the last line can arrive this late, and it counts.
     sent = sent && x_.transfer.Kind != TransferKind::Idle && IsLinkWhole() &&
            x_.connection.AwaitAllSent();
     if (!sent) report_.refusal = x_.transfer.Refusal;
-    // Else the controller would wait for the rest of the catalogue.
-    if (inCatalogue_ && x_.waits.Stopped() && x_.connection.CurrentTopic == id_.object) {
-      x_.connection.SendLast("EXIT");
-    }
-    report_.cancelled = !sent && x_.waits.Cancelled();
-    cancellable.TakeBack();
     x_.connection.Disconnect();
     Pause("DelayH");
     x_.transfer.Kind = TransferKind::Idle;
@@ -90,6 +92,7 @@ class Sending {
     if (!Pause("DelayC")) return false;
     x_.transfer.Begin(id_.Kind().write, id_.control);
     begun_ = inCatalogue_ = true;
+    ShowSteps(0);  // some controllers drop the old lines at the selector already
     if (!Send(id_.SelectorCommand()) || !Pause("DelayD")) return false;
     x_.status.Dot();
     x_.countdowns.ReplyCountdown = parts_.settings.GetTSCTimeoutTicks;
@@ -110,11 +113,16 @@ class Sending {
     return commands * pause("DelayE") + 2 * pause("DelayF") + pause("DelayG") + pause("DelayH");
   }
 
+  void ShowSteps(std::size_t done) {
+    x_.status.Sending = {done, std::max<std::size_t>(content_.lines.size(), 1), SecondsLeft(done),
+                         id_.IsShared()};
+  }
+
   bool SendLines() {
     const std::string count = std::to_string(content_.lines.size());
     for (std::size_t i = 0; i < content_.lines.size() && x_.transfer.Kind != TransferKind::Idle;
          ++i) {
-      x_.status.Sending = {i, content_.lines.size(), SecondsLeft(i), id_.IsShared()};
+      ShowSteps(i);
       const ShowWaiting waiting(
           x_.status, parts_.messages.Text(text::kSendingLine,
                                           {std::to_string(i + 1), count,

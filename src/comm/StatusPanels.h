@@ -10,7 +10,7 @@ namespace zek {
 /// How far a write has come: its lines, and the seconds until its end, as far as the pauses tell.
 struct SendingSteps {
   std::size_t done = 0;
-  std::size_t of = 0;  // 0: no lines are being sent
+  std::size_t of = 0;  // 0: no catalogue is being sent; otherwise at least 1
   int secondsLeft = 0;
   bool shared = false;  // the catalogue has lines of other time controls
 };
