@@ -24,7 +24,8 @@ ExitStatus Compare(Console& console, const CatalogueId& id, const KeptCopy& copy
 
 ExitStatus Undo(Console& console, const CatalogueId& id) {
   const std::string before = console.proc.catalogues.TimeOfBefore(id);
-  if (before.empty()) return Refuse(console, "history: nothing is known from before the last sending");
+  if (before.empty())
+    return Refuse(console, "history: nothing is known from before the last sending");
   console.hasInput();
   console.prompts.answerYes = true;
   return console.proc.catalogues.SendBack(id).Done() ? kDone : kFailed;
