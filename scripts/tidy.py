@@ -34,10 +34,13 @@ def headers_of(file):
 
 
 def with_headers(file):
+    """The file and its headers. A table (.def) counts only for a file that includes it itself:
+    elsewhere it is a list of constants, whose names the compiler checks."""
     found, left = {file}, [file]
     while left:
-        for header in headers_of(left.pop()):
-            if header not in found:
+        includer = left.pop()
+        for header in headers_of(includer):
+            if header not in found and (includer == file or header.suffix != ".def"):
                 found.add(header)
                 left.append(header)
     return sorted(found)
