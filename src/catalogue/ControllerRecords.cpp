@@ -160,8 +160,14 @@ void ControllerRecords::Journal(const CatalogueId& id, std::size_t lines,
 }
 
 bool HaveSameLines(const CatalogueContent& one, const CatalogueContent& other) {
-  return (!one.dfv || !other.dfv || one.dfv == other.dfv) &&
-         Sorted(one.lines) == Sorted(other.lines);
+  return !HasMoreThan(one, other) && !HasMoreThan(other, one);
+}
+
+bool HasMoreThan(const CatalogueContent& one, const CatalogueContent& other) {
+  const auto lines = Sorted(one.lines);
+  const auto others = Sorted(other.lines);
+  return (one.dfv && other.dfv && one.dfv != other.dfv) ||
+         !std::includes(others.begin(), others.end(), lines.begin(), lines.end());
 }
 
 }  // namespace zek

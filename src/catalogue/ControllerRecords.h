@@ -87,4 +87,7 @@ class ControllerRecords {
 /// value if both have one.
 bool HaveSameLines(const CatalogueContent& one, const CatalogueContent& other);
 
+/// True when `one` has a line, or a value, that `other` has not; lines with "*" don't count.
+bool HasMoreThan(const CatalogueContent& one, const CatalogueContent& other);
+
 }  // namespace zek

@@ -13,30 +13,35 @@ CopyState CopyStates::Of(const CatalogueId& id) {
   if (id.localFile.empty()) return {};
   auto found = files_.find(id.localFile);
   if (found == files_.end()) found = files_.emplace(id.localFile, Read(id)).first;
-  CopyState state = found->second;
-  if (!state.unsent || !id.IsPartOfShared()) return state;
-  std::map<std::string, bool>& controls = controls_[id.localFile];
+  const CopyState& state = found->second;
+  if (!(state.unsent || state.fewer) || !id.IsPartOfShared()) return state;
+  std::map<std::string, CopyState>& controls = controls_[id.localFile];
   auto own = controls.find(id.control);
-  if (own == controls.end()) own = controls.emplace(id.control, HasOwnUnsent(id)).first;
-  state.unsent = own->second;
-  return state;
+  if (own == controls.end()) own = controls.emplace(id.control, OfControl(id, state)).first;
+  return own->second;
 }
 
 CopyState CopyStates::Read(const CatalogueId& id) const {
   if (!copies_.Exists(id)) return {};
+  CopyState state{true};
   const auto known = records_.Known(id);
-  if (!known) return {true, {}, false};
-  return {true, known->time.substr(0, kToMinutes),
-          !HaveSameLines(copies_.Peek(id), known->content)};
+  if (!known) return state;
+  state.time = known->time.substr(0, kToMinutes);
+  const CatalogueContent copy = copies_.Peek(id);
+  state.unsent = HasMoreThan(copy, known->content);
+  state.fewer = HasMoreThan(known->content, copy);
+  return state;
 }
 
-bool CopyStates::HasOwnUnsent(const CatalogueId& id) const {
+CopyState CopyStates::OfControl(const CatalogueId& id, CopyState shared) const {
   const auto known = records_.Known(id);
   CatalogueContent own;
   CatalogueContent there;
   own.lines = SplitLines(id, copies_.Peek(id).lines).own;
   if (known) there.lines = SplitLines(id, known->content.lines).own;
-  return !HaveSameLines(own, there);
+  shared.unsent = HasMoreThan(own, there);
+  shared.fewer = HasMoreThan(there, own);
+  return shared;
 }
 
 void CopyStates::Forget(const std::string& localFile) {

@@ -14,6 +14,9 @@ struct CopyState {
   bool exists = false;  // there is a local copy
   std::string time;     // "2026-11-22 08:30", when the controller was last read or sent to; or ""
   bool unsent = false;  // the copy has lines of this node that its controller, as known, has not
+  /// The controller, as known, has lines of this node that the copy has not: they were removed from
+  /// the copy, or stayed in the controller when the copy was sent.
+  bool fewer = false;
 };
 
 /// The states of the local copies. Each is read from the disk once, when it is first asked for.
@@ -31,13 +34,13 @@ class CopyStates {
 
  private:
   CopyState Read(const CatalogueId& id) const;
-  bool HasOwnUnsent(const CatalogueId& id) const;
+  CopyState OfControl(const CatalogueId& id, CopyState shared) const;
 
   const LocalCopies& copies_;
   const ControllerRecords& records_;
   std::map<std::string, CopyState> files_;  // by local file
-  /// For controls of a shared copy that differs, by local file and control: whether their lines do.
-  std::map<std::string, std::map<std::string, bool>> controls_;
+  /// For controls of a shared copy that differs, by local file and control.
+  std::map<std::string, std::map<std::string, CopyState>> controls_;
 };
 
 }  // namespace zek

@@ -113,7 +113,13 @@ TEST(CopyStates, TellWhichControlHasUnsentChanges) {
   other.control = "AHU2";
   EXPECT_EQ(states.Of(id).time.size(), 16U);
   EXPECT_FALSE(states.Of(id).unsent);
-  EXPECT_TRUE(states.Of(other).unsent);
+  EXPECT_TRUE(states.Of(other).unsent && !states.Of(other).fewer);
+  session.proc.records.RememberKnown(
+      id,
+      {{"1000 !AHU1  !MO", "1001 !AHU2  !MO", "1002 !AHU1  !TU"}, {}, LinesFrom::Controller, 0});
+  states.ForgetAll();
+  EXPECT_TRUE(!states.Of(id).unsent && states.Of(id).fewer);
+  EXPECT_FALSE(states.Of(other).unsent || states.Of(other).fewer);
 }
 
 TEST(LocalFiles, NamesStayInTheirDirectory) {

@@ -115,10 +115,12 @@ void ZV_TSC::OnStatesTick() {
   const wxStopWatch watch;
   while (marked_.size() < proc_.tree.size() && watch.Time() < kSlice) {
     const Selection node = SelectionOf(proc_.tree, proc_.topics, marked_.size());
-    bool unsent = false;
-    for (const Catalogue catalogue : kCatalogues)
-      unsent = unsent || states_.Of(node.Id(catalogue)).unsent;
-    marked_.push_back(unsent);
+    bool differs = false;
+    for (const Catalogue catalogue : kCatalogues) {
+      const CopyState state = states_.Of(node.Id(catalogue));
+      differs = differs || state.unsent || state.fewer;
+    }
+    marked_.push_back(differs);
   }
   if (marked_.size() < proc_.tree.size()) return;
   Timer_States.Stop();

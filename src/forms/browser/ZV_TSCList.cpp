@@ -103,7 +103,8 @@ std::string NodeList::TextOf(std::size_t place, long column) const {
   const CopyState state = states_.Of(id);
   if (!state.exists) return kNoCopy;
   const std::string time = state.time.empty() ? proc_.Text(text::kCopyOfUnknownTime) : state.time;
-  return state.unsent ? Message(proc_.Text(text::kCopyUnsent), {time}) : time;
+  if (state.unsent) return Message(proc_.Text(text::kCopyUnsent), {time});
+  return state.fewer ? Message(proc_.Text(text::kCopyFewer), {time}) : time;
 }
 
 // With the object's description if nodes of several objects are shown.
@@ -146,7 +147,7 @@ void NodeList::Sort() {
 
 // The times have the width that they need, the nodes what is left.
 void NodeList::FitColumns() {
-  const std::string longest = Message(proc_.Text(text::kCopyUnsent), {"2026-11-22 08:30"}) + "  ";
+  const std::string longest = Message(proc_.Text(text::kCopyFewer), {"2026-11-22 08:30"}) + "  ";
   const int time = GetTextExtent(ToWx(longest)).x;
   const int node = std::max(time, GetClientSize().x - time * static_cast<int>(kColumns.size()));
   for (int column = 0; column < GetColumnCount(); ++column)

@@ -303,7 +303,10 @@ void ZV_Main::RunBrowser() {
 
 // Lets Escape close the about box, which does not have the focus.
 void ZV_Main::OnCharHook(wxKeyEvent& event) {
-  if (event.GetKeyCode() == WXK_ESCAPE && info_) {
+  const int key = event.GetKeyCode();
+  const bool isEnter = key == WXK_RETURN || key == WXK_NUMPAD_ENTER;
+  // The about box covers the command line: Enter is meant for it unless something was typed.
+  if (info_ && (key == WXK_ESCAPE || (isEnter && Text_Input->IsEmpty()))) {
     info_->Close();
   } else {
     event.Skip();
