@@ -75,8 +75,9 @@ constexpr auto kCommands = std::to_array<CommandShape>({
     {"timeline",
      "NODE FROM TO",
      {kLocal},
-     "what applies from FROM up to TO: from, to, value, source",
-     {kRule}},
+     "what applies from FROM up to TO: from, to, value, source;\n"
+     "--svg FILE: also as a picture of up to 31 days",
+     {kRule, {"--svg", "FILE", &Arguments::svg}}},
     {"explain",
      "NODE [WHEN]",
      {kLocal},

@@ -25,6 +25,7 @@ struct Arguments {
   std::vector<std::string> rules;     // --rule: switches of the assumed rule
   std::string observed;               // explain --observed
   std::string batch;                  // explain --batch: a file
+  std::string svg;                    // timeline --svg: a file
   std::string today;                  // lint --today: a date
   bool json = false;                  // lint --json
   bool exitCode = false;              // lint --exit-code

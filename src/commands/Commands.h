@@ -47,8 +47,8 @@ ExitStatus Export(Console& console, const Arguments& arguments);
 /// "restore ID" makes copy ID the local copy.
 ExitStatus HistoryOfCatalogue(Console& console, const CatalogueId& id, const Arguments& arguments);
 
-/// Print what applies to a time control, see `Forecast`: on a stretch of time; at a moment, with
-/// the reasons; next. The status is 1 if a line could not be read or, in local mode, a local copy
+/// Print what applies to a time control, see `Forecast`: on a stretch of time, with --svg also as a
+/// picture; at a moment, with the reasons; next. The status is 1 if a line could not be read or, in local mode, a local copy
 /// is missing; the answer is still printed.
 ExitStatus PrintTimeline(Console& console, const Arguments& arguments);
 ExitStatus Explain(Console& console, const Arguments& arguments);
