@@ -19,6 +19,7 @@ picture          what applies, as a picture: a description, its words and colour
 comm             topics, links, connection, commands and replies
 catalogue        reading, sending and comparing catalogues; local copies; the object tree
 editors          the rules of the three editors and the pick-lists, without windows
+report           a report of time controls for reading and printing
 app              the session, and what every program does when it starts
 export           the batch export
 wxbase           event loop and sockets of the toolkit's base library
@@ -40,7 +41,7 @@ ONLY = {
     "plant": {"text", "system", "settings", "formats", "comm"},
     "sim": {"text", "system", "settings", "formats", "comm", "plant"},
     "commands": {"text", "system", "lang", "settings", "formats", "forecast", "findings", "picture",
-                 "comm", "catalogue", "export", "editors", "app"},
+                 "comm", "catalogue", "export", "editors", "report", "app"},
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 SRC = pathlib.Path(__file__).resolve().parent.parent / "src"

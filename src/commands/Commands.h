@@ -58,12 +58,18 @@ ExitStatus PrintNext(Console& console, const Arguments& arguments);
 /// operands, or of the whole plant.
 ExitStatus Lint(Console& console, const Arguments& arguments);
 
+/// Writes the report of time controls to the file of --out, see `ReportOf`.
+ExitStatus WriteReport(Console& console, const Arguments& arguments);
+
 /// Prints the holidays of a country, one a line, by date.
 ExitStatus PrintHolidays(Console& console, const Arguments& arguments);
 
 /// Reads a catalogue as the settings say, in local mode from its local copy. Returns nothing, after
 /// a message, if that failed.
 std::optional<CatalogueContent> ReadCatalogue(Console& console, const CatalogueId& id);
+
+/// Returns a year from 1990 to 2099; 0 for any other text.
+int YearIn(const std::string& text);
 
 /// Prints why a command is refused; returns `kWrongUsage`.
 ExitStatus Refuse(Console& console, const std::string& why);

@@ -96,14 +96,14 @@ std::string PatternName(BarKind kind) {
   return "pattern" + std::to_string(static_cast<std::size_t>(kind));
 }
 
-std::string Patterns(const Palette& palette) {
+std::string Patterns(const Palette& palette, const std::string& ids) {
   std::string text = "<defs>\n";
   for (std::size_t at = 0; at < kBarKinds; ++at) {
     const BarLook& look = palette.bars.at(at);
     if (look.pattern == BarPattern::Plain) continue;
     const bool crossed = look.pattern == BarPattern::Crossed;
     text += "<pattern" +
-            Attributes({{"id", PatternName(static_cast<BarKind>(at))},
+            Attributes({{"id", ids + PatternName(static_cast<BarKind>(at))},
                         {"width", "8"},
                         {"height", "8"},
                         {"patternUnits", "userSpaceOnUse"}}) +
@@ -116,15 +116,16 @@ std::string Patterns(const Palette& palette) {
   return text + "</defs>\n";
 }
 
-std::string FillOf(BarKind kind, const Palette& palette) {
+std::string FillOf(BarKind kind, const Palette& palette, const std::string& ids) {
   const BarLook& look = palette.Of(kind);
-  return look.pattern == BarPattern::Plain ? Colour(look.fill) : "url(#" + PatternName(kind) + ")";
+  return look.pattern == BarPattern::Plain ? Colour(look.fill)
+                                           : "url(#" + ids + PatternName(kind) + ")";
 }
 
 std::string BarAt(const SceneBox& box, BarKind kind, const std::string& shown,
-                  const Palette& palette) {
+                  const Palette& palette, const std::string& ids) {
   const BarLook& look = palette.Of(kind);
-  std::string text = Rectangle(box, FillOf(kind, palette), look.edge);
+  std::string text = Rectangle(box, FillOf(kind, palette, ids), look.edge);
   const double width = kCharacter * static_cast<double>(shown.size()) + kBaseline;
   if (width > box.width) return text;
   const double middle = box.x + box.width / 2;
@@ -135,9 +136,10 @@ std::string BarAt(const SceneBox& box, BarKind kind, const std::string& shown,
 
 class Writer {
  public:
-  Writer(const Scene& scene, const Palette& palette)
+  Writer(const Scene& scene, const Palette& palette, const std::string& ids)
       : scene_(scene),
         palette_(palette),
+        ids_(ids),
         place_{kLabel, kTitle + kHourNames, kWidth - kLabel - kMargin,
                kRow * static_cast<double>(scene.rows.size())},
         layout_(scene, place_, kSmallest) {}
@@ -152,7 +154,7 @@ class Writer {
                        {"viewBox", "0 0 " + Number(kWidth) + " " + Number(height)},
                        {"font-family", "sans-serif"},
                        {"font-size", "12"}}) +
-           ">\n<title>" + Escaped(scene_.title) + "</title>\n" + Patterns(palette_) +
+           ">\n<title>" + Escaped(scene_.title) + "</title>\n" + Patterns(palette_, ids_) +
            Rectangle({0, 0, kWidth, height}, Colour(palette_.ground), palette_.ground) +
            TextAt(kMargin, kTitle / 2, palette_.text, scene_.title) + Hours() + Rows() + Bars() +
            Now() + Legend() + "</svg>\n";
@@ -182,7 +184,7 @@ class Writer {
     std::string text;
     for (const SceneBar& bar : scene_.bars) {
       text += "<g><title>" + Escaped(bar.sentence) + "</title>\n" +
-              BarAt(layout_.Bar(bar), bar.kind, scene_.TextOf(bar), palette_) + "</g>\n";
+              BarAt(layout_.Bar(bar), bar.kind, scene_.TextOf(bar), palette_, ids_) + "</g>\n";
     }
     return text;
   }
@@ -200,7 +202,7 @@ class Writer {
     for (std::size_t kind = 0; kind < kBarKinds; ++kind) {
       const std::string& name = scene_.kinds.at(kind);
       text += BarAt({x, middle - kFootLine / 3, kFootLine, kFootLine * 2 / 3},
-                    static_cast<BarKind>(kind), scene_.letters.substr(kind, 1), palette_) +
+                    static_cast<BarKind>(kind), scene_.letters.substr(kind, 1), palette_, ids_) +
               TextAt(x + kFootLine + kMargin, middle, palette_.text, name);
       x += kFootLine + 3 * kMargin + kCharacter * static_cast<double>(name.size());
     }
@@ -209,14 +211,15 @@ class Writer {
 
   const Scene& scene_;
   const Palette& palette_;
+  const std::string& ids_;
   SceneBox place_;
   SceneLayout layout_;
 };
 
 }  // namespace
 
-std::string SvgOf(const Scene& scene, const Palette& palette) {
-  return Writer(scene, palette).Document();
+std::string SvgOf(const Scene& scene, const Palette& palette, const std::string& ids) {
+  return Writer(scene, palette, ids).Document();
 }
 
 }  // namespace zek
