@@ -15,9 +15,11 @@ settings         command line, ZEKView.INI, settings
 formats          the three tables, their line formats and their export records
 forecast         what applies to a time control at a moment, and why
 findings         what in the catalogues is probably not meant
+picture          what applies, as a picture: a description, its words and colours, SVG
 comm             topics, links, connection, commands and replies
 catalogue        reading, sending and comparing catalogues; local copies; the object tree
 editors          the rules of the three editors and the pick-lists, without windows
+report           a report of time controls for reading and printing
 app              the session, and what every program does when it starts
 export           the batch export
 wxbase           event loop and sockets of the toolkit's base library
@@ -38,8 +40,8 @@ sim              the program zekview-sim
 ONLY = {
     "plant": {"text", "system", "settings", "formats", "comm"},
     "sim": {"text", "system", "settings", "formats", "comm", "plant"},
-    "commands": {"text", "system", "lang", "settings", "formats", "forecast", "findings", "comm",
-                 "catalogue", "export", "editors", "app"},
+    "commands": {"text", "system", "lang", "settings", "formats", "forecast", "findings", "picture",
+                 "comm", "catalogue", "export", "editors", "report", "app"},
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 SRC = pathlib.Path(__file__).resolve().parent.parent / "src"

@@ -75,8 +75,9 @@ constexpr auto kCommands = std::to_array<CommandShape>({
     {"timeline",
      "NODE FROM TO",
      {kLocal},
-     "what applies from FROM up to TO: from, to, value, source",
-     {kRule}},
+     "what applies from FROM up to TO: from, to, value, source;\n"
+     "--svg FILE: also as a picture of up to 31 days",
+     {kRule, {"--svg", "FILE", &Arguments::svg}}},
     {"explain",
      "NODE [WHEN]",
      {kLocal},
@@ -93,6 +94,16 @@ constexpr auto kCommands = std::to_array<CommandShape>({
      "plant: code, severity, node, place and text;\n"
      "--exit-code: exits with 3 if there is an E or W",
      {{{"--today", "DATE", &Arguments::today}}}},
+    {"report",
+     "NODE...",
+     {kLocal},
+     "write what the controls hold into an HTML file to read\n"
+     "and to print: the week of today, the tables, the\n"
+     "calendar of a year (--year, without it the present one),\n"
+     "what is probably not meant",
+     {{{"--out", "FILE", &Arguments::out},
+       {"--year", "YEAR", &Arguments::year},
+       {"--today", "DATE", &Arguments::today}}}},
     {"holidays", "COUNTRY YEAR [TO_YEAR]", {}, "the holidays of SE, by law and de facto"},
 });
 
@@ -210,7 +221,7 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
 
 bool Arguments::Contacts() const {
   constexpr auto remote = std::to_array<std::string_view>(
-      {"send", "get", "put", "export", "timeline", "explain", "next", "lint"});
+      {"send", "get", "put", "export", "timeline", "explain", "next", "lint", "report"});
   const bool undo = command == "history" && operands.size() > 2 && operands[2] == kUndoAction;
   const bool contacts = undo || std::find(remote.begin(), remote.end(), command) != remote.end();
   return contacts && !local && !noSend;

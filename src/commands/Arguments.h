@@ -25,7 +25,10 @@ struct Arguments {
   std::vector<std::string> rules;     // --rule: switches of the assumed rule
   std::string observed;               // explain --observed
   std::string batch;                  // explain --batch: a file
-  std::string today;                  // lint --today: a date
+  std::string svg;                    // timeline --svg: a file
+  std::string today;                  // lint and report --today: a date
+  std::string out;                    // report --out: a file
+  std::string year;                   // report --year
   bool json = false;                  // lint --json
   bool exitCode = false;              // lint --exit-code
   std::string help;                   // with --help: the text to print, else ""

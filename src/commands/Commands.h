@@ -47,8 +47,8 @@ ExitStatus Export(Console& console, const Arguments& arguments);
 /// "restore ID" makes copy ID the local copy.
 ExitStatus HistoryOfCatalogue(Console& console, const CatalogueId& id, const Arguments& arguments);
 
-/// Print what applies to a time control, see `Forecast`: on a stretch of time; at a moment, with
-/// the reasons; next. The status is 1 if a line could not be read or, in local mode, a local copy
+/// Print what applies to a time control, see `Forecast`: on a stretch of time, with --svg also as a
+/// picture; at a moment, with the reasons; next. The status is 1 if a line could not be read or, in local mode, a local copy
 /// is missing; the answer is still printed.
 ExitStatus PrintTimeline(Console& console, const Arguments& arguments);
 ExitStatus Explain(Console& console, const Arguments& arguments);
@@ -58,12 +58,18 @@ ExitStatus PrintNext(Console& console, const Arguments& arguments);
 /// operands, or of the whole plant.
 ExitStatus Lint(Console& console, const Arguments& arguments);
 
+/// Writes the report of time controls to the file of --out, see `ReportOf`.
+ExitStatus WriteReport(Console& console, const Arguments& arguments);
+
 /// Prints the holidays of a country, one a line, by date.
 ExitStatus PrintHolidays(Console& console, const Arguments& arguments);
 
 /// Reads a catalogue as the settings say, in local mode from its local copy. Returns nothing, after
 /// a message, if that failed.
 std::optional<CatalogueContent> ReadCatalogue(Console& console, const CatalogueId& id);
+
+/// Returns a year from 1990 to 2099; 0 for any other text.
+int YearIn(const std::string& text);
 
 /// Prints why a command is refused; returns `kWrongUsage`.
 ExitStatus Refuse(Console& console, const std::string& why);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "forecast/MomentText.h"
 #include "text/Windows1252.h"
 
 namespace zek::cli {
@@ -56,6 +57,41 @@ std::optional<ControlTables> ControlReader::Read(std::size_t node) {
   NameUnread(selection.Id(Catalogue::Sdc), tables.calendar.unread);
   NameUnread(selection.Id(Catalogue::Ovc), tables.exceptions.unread);
   return tables;
+}
+
+std::optional<std::set<std::size_t>> ControlOperands(Console& console,
+                                                     const std::vector<std::string>& names) {
+  const ZV_Proc& proc = console.proc;
+  std::set<std::size_t> roots;
+  std::set<std::size_t> controls;
+  for (const std::string& name : names) {
+    const auto node = FindNode(proc.tree, proc.topics, Windows1252FromUtf8(name));
+    if (!node) {
+      Refuse(console, "unknown node " + name);
+      return std::nullopt;
+    }
+    (proc.tree[*node].IsTimeControl() ? controls : roots).insert(*node);
+  }
+  for (std::size_t node = 0; node < proc.tree.size(); ++node) {
+    const auto& parent = proc.tree[node].Parent;
+    if (parent && (names.empty() || roots.contains(*parent))) controls.insert(node);
+  }
+  return controls;
+}
+
+std::optional<DayNumber> TodayFor(Console& console, const Arguments& arguments) {
+  const LocalTime now = console.proc.now();
+  if (arguments.today.empty()) return DayOf(DateMoment(now.year, now.month, now.day));
+  const auto today = ParseDay(arguments.today);
+  if (!today) Refuse(console, arguments.today + " is no date, such as 2026-12-07");
+  return today;
+}
+
+std::vector<float> ListedValues(const PickList& list) {
+  std::vector<float> values;
+  for (const PickListItem& item : list.items)
+    if (const MaybeValue value = ValueIn(item.value)) values.push_back(*value);
+  return values;
 }
 
 std::optional<std::size_t> ControlOperand(Console& console, const std::string& name) {

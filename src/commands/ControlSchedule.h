@@ -2,9 +2,12 @@
 
 #include <map>
 #include <optional>
+#include <set>
 #include <string>
+#include <vector>
 
 #include "commands/Commands.h"
+#include "editors/PickList.h"
 #include "findings/Findings.h"
 
 namespace zek::cli {
@@ -35,6 +38,18 @@ class ControlReader {
   bool complete_ = true;
   bool hadAllCopies_ = true;
 };
+
+/// Returns the time controls that operands name, by their place in the tree: controls, and all
+/// those of controllers. Without operands these are all of the plant. Returns nothing, after a
+/// message, for an unknown name.
+std::optional<std::set<std::size_t>> ControlOperands(Console& console,
+                                                     const std::vector<std::string>& names);
+
+/// Returns the day of --today, without it the present one; nothing, after a message, if it is none.
+std::optional<DayNumber> TodayFor(Console& console, const Arguments& arguments);
+
+/// The numbers of a pick-list.
+std::vector<float> ListedValues(const PickList& list);
 
 /// Returns the time control named by an operand; empty, after a message, if it is unknown.
 std::optional<std::size_t> ControlOperand(Console& console, const std::string& name);

@@ -7,7 +7,11 @@
 #include "commands/ControlSchedule.h"
 #include "forecast/Forecast.h"
 #include "forecast/MomentText.h"
+#include "formats/CatalogueFields.h"
+#include "lang/Messages.h"
 #include "lang/TextNumbers.h"
+#include "picture/ForecastScene.h"
+#include "picture/Svg.h"
 #include "text/Lines.h"
 #include "text/Windows1252.h"
 
@@ -164,6 +168,26 @@ ExitStatus ExplainBatch(Console& console, const Question& question, const std::s
   return read->status;
 }
 
+Moment Now(const Console& console) {
+  const LocalTime now = console.proc.now();
+  return DateMoment(now.year, now.month, now.day) + TimeMoment(now.hour, now.minute);
+}
+
+// Writes the picture of a timeline; false, after a message, if that failed.
+bool WritePicture(Console& console, const Arguments& arguments, const Schedule& schedule,
+                  const Question& question) {
+  const ZV_Proc& proc = console.proc;
+  const SceneWords words(
+      proc.texts, [&](float value) { return ValueText(value, proc.settings.DecimalSeparator); });
+  Scene scene = ForecastScene(Forecast(schedule, question.rule), schedule, question.moments[0],
+                              question.moments[1], Now(console), words);
+  scene.title =
+      Message(proc.Text(text::kAppliesTitle), {NodeName(proc.tree, proc.topics, question.node)});
+  const auto error = proc.files.Write(arguments.svg, SvgOf(scene, LightPalette()));
+  if (error) console.prompts.Show(Icon::Exclamation, FileMessage(proc.texts, *error));
+  return !error;
+}
+
 }  // namespace
 
 ExitStatus PrintTimeline(Console& console, const Arguments& arguments) {
@@ -172,6 +196,10 @@ ExitStatus PrintTimeline(Console& console, const Arguments& arguments) {
   const Moment from = question->moments[0];
   const Moment to = question->moments[1];
   if (from >= to) return Refuse(console, "FROM must be before TO");
+  const bool drawn = !arguments.svg.empty();
+  if (drawn && to - from > Moment{kLongestScene} * kMinutesOfDay) {
+    return Refuse(console, "--svg draws " + std::to_string(kLongestScene) + " days at most");
+  }
   const auto read = ReadFor(console, *question);
   if (!read) return kFailed;
   Records records(console);
@@ -179,6 +207,7 @@ ExitStatus PrintTimeline(Console& console, const Arguments& arguments) {
     records.Print({MomentText(stretch.from), MomentText(stretch.to),
                    records.Value(stretch.applied.value), stretch.applied.source.Text()});
   }
+  if (drawn && !WritePicture(console, arguments, read->schedule, *question)) return kFailed;
   return read->status;
 }
 

@@ -3,9 +3,8 @@
 #include "formats/SwedishHolidays.h"
 
 namespace zek::cli {
-namespace {
+namespace {}  // namespace
 
-// Returns 0 for a text that is no year from 1990 to 2099.
 int YearIn(const std::string& text) {
   constexpr int first = 1990;
   constexpr int last = 2099;
@@ -13,8 +12,6 @@ int YearIn(const std::string& text) {
   const int year = static_cast<int>(Val(text));
   return year >= first && year <= last ? year : 0;
 }
-
-}  // namespace
 
 ExitStatus PrintHolidays(Console& console, const Arguments& arguments) {
   if (arguments.operands[0] != "SE") return Refuse(console, "holidays: only SE is known");

@@ -14,27 +14,6 @@
 namespace zek::cli {
 namespace {
 
-// The nodes to judge, in the order of the tree; nothing, after a message, for an unknown one.
-std::optional<std::set<std::size_t>> ControlsOf(Console& console,
-                                                const std::vector<std::string>& names) {
-  const ZV_Proc& proc = console.proc;
-  std::set<std::size_t> roots;
-  std::set<std::size_t> controls;
-  for (const std::string& name : names) {
-    const auto node = FindNode(proc.tree, proc.topics, Windows1252FromUtf8(name));
-    if (!node) {
-      Refuse(console, "unknown node " + name);
-      return std::nullopt;
-    }
-    (proc.tree[*node].IsTimeControl() ? controls : roots).insert(*node);
-  }
-  for (std::size_t node = 0; node < proc.tree.size(); ++node) {
-    const auto& parent = proc.tree[node].Parent;
-    if (parent && (names.empty() || roots.contains(*parent))) controls.insert(node);
-  }
-  return controls;
-}
-
 std::string JsonText(const std::string& text) {
   std::string json = "\"";
   for (const char c : text) {
@@ -126,8 +105,7 @@ class PlantJudge {
     if (!tables || !reader_.HadAllCopies()) return;  // what is not known can't be judged
     const PickList values = ReadPickList(
         console_.proc.profile, console_.proc.selection.PickListTable, context_.decimalSeparator);
-    for (const PickListItem& item : values.items)
-      if (const MaybeValue value = ValueIn(item.value)) tables->listedValues.push_back(*value);
+    tables->listedValues = ListedValues(values);
     printer_.Print(NodeName(console_.proc.tree, console_.proc.topics, node),
                    FindingsOf(*tables, context_));
     controls_.push_back(*std::move(tables));
@@ -156,12 +134,10 @@ class PlantJudge {
 }  // namespace
 
 ExitStatus Lint(Console& console, const Arguments& arguments) {
-  const auto controls = ControlsOf(console, arguments.operands);
+  const auto controls = ControlOperands(console, arguments.operands);
   if (!controls) return kWrongUsage;
-  const LocalTime now = console.proc.now();
-  std::optional<DayNumber> today = DayOf(DateMoment(now.year, now.month, now.day));
-  if (!arguments.today.empty()) today = ParseDay(arguments.today);
-  if (!today) return Refuse(console, arguments.today + " is no date, such as 2026-12-07");
+  const std::optional<DayNumber> today = TodayFor(console, arguments);
+  if (!today) return kWrongUsage;
   console.hasInput();
   const Settings& settings = console.proc.settings;
   const FindingContext context{*today, settings.SwedishHolidays, settings.DecimalSeparator};

@@ -3,6 +3,7 @@
 
 #include "commands/Commands.h"
 #include "support/SessionPlayer.h"
+#include "text/Lines.h"
 
 namespace zek::cli {
 namespace {
@@ -10,6 +11,7 @@ namespace {
 // Runs the command line program in a test session: "run get WDC ONE" gives its status, its output,
 // its messages, and what the controller received. "input" is its standard input, "_" a blank.
 // "wdc LINE", "sdc LINE" and "ovc LINE" add to the local copies of TWO/TSC1, which "plan" empties.
+// "titles FILE" shows the titles in a picture, "shows FILE TEXT" the lines with TEXT in a file.
 // "tag-reply 15 text" is what the tag server replies after 15 polls; "tag-calls" shows its calls.
 class CommandPlayer : public test::SessionPlayer {
  public:
@@ -33,6 +35,9 @@ class CommandPlayer : public test::SessionPlayer {
       tags.replies.push_back(rest.substr(rest.find(' ') + 1));
     }
     if (what == "tag-calls") return TagCalls();
+    if (what == "titles") return Titles(rest);
+    if (what == "shows")
+      return LinesWith(rest.substr(0, rest.find(' ')), rest.substr(rest.find(' ') + 1));
     return what == "run" ? Run(rest) : SessionPlayer::Do(what, rest);
   }
 
@@ -62,6 +67,22 @@ class CommandPlayer : public test::SessionPlayer {
     std::string calls;
     for (const std::string& call : std::exchange(tags.calls, {})) calls += "[" + call + "] ";
     return Shown(calls);
+  }
+  std::string Titles(const std::string& file) {
+    const std::string svg = test::Filled(files.files[file]);
+    std::string titles;
+    for (std::size_t at = 0; (at = svg.find("<title>", at)) != std::string::npos; at += 7)
+      titles += "[" + svg.substr(at + 7, svg.find("</title>", at) - at - 7) + "]";
+    return titles + (svg.find("kRuleShort") == std::string::npos ? " unexplained" : "");
+  }
+  std::string LinesWith(const std::string& file, const std::string& text) {
+    const std::string content = test::Filled(files.files[file]);
+    std::string shown;
+    for (std::string_view rest = content; !rest.empty();) {
+      const std::string_view line = TakeLine(rest);
+      if (line.find(text) != std::string_view::npos) shown.append("[").append(line) += "]";
+    }
+    return shown;
   }
   static std::string Printed(const std::ostringstream& stream) {
     return Shown(Windows1252FromUtf8(test::Filled(stream.str())));

@@ -1,6 +1,8 @@
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "editors/CalendarColours.h"
+#include "picture/Palette.h"
 
 namespace zek {
 namespace {
@@ -30,6 +32,24 @@ TEST(CalendarColours, CanBeReadOnAnyGround) {
         EXPECT_GE(Contrast(colours.selected, colours.selectedBackground), 3)
             << red << " " << green << " " << blue;
       }
+    }
+  }
+}
+
+TEST(PictureColours, CanBeReadAndToldApartWithoutColour) {
+  for (const Palette& palette : {LightPalette(), DarkPalette()}) {
+    EXPECT_GE(Contrast(palette.text, palette.ground), 4.5);
+    EXPECT_GE(
+        std::min(Contrast(palette.now, palette.ground), Contrast(palette.current, palette.ground)),
+        3);
+    for (std::size_t kind = 0; kind < kBarKinds; ++kind) {
+      const BarLook& look = palette.bars.at(kind);
+      EXPECT_GE(Contrast(look.edge, palette.ground), 3) << kind;
+      EXPECT_GE(Contrast(look.text, look.fill), 4.5) << kind;
+      if (static_cast<BarKind>(kind) == BarKind::Nothing) continue;
+      EXPECT_GE(Contrast(look.fill, palette.ground), 3) << kind;
+      for (std::size_t other = 0; other < kind; ++other)
+        EXPECT_GE(Contrast(look.fill, palette.bars.at(other).fill), 1.4) << kind << other;
     }
   }
 }

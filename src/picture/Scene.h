@@ -1,0 +1,69 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "formats/CatalogueFields.h"
+#include "picture/Palette.h"
+
+namespace zek {
+
+/// A row of a picture: a day, from 00 to 24.
+struct SceneRow {
+  std::string label;
+  std::size_t lanes = 1;  // for bars that overlap; they share the height of the row
+};
+
+/// A bar in a row. Times are minutes after the row's midnight, 0 to `kMinutesOfDay`.
+struct SceneBar {
+  std::size_t row = 0;
+  std::size_t lane = 0;
+  int from = 0;
+  int to = 0;
+  BarKind kind = BarKind::Nothing;
+  std::string value;     // written into it
+  std::string sentence;  // the whole: day, times, value, source
+};
+
+/// A minute of a row.
+struct ScenePoint {
+  std::size_t row = 0;
+  int minute = 0;
+
+  bool operator==(const ScenePoint&) const = default;
+};
+
+/// What a picture shows, as a value: a window draws it, and it can be written as SVG. Texts are
+/// windows-1252.
+struct Scene {
+  std::string title;
+  std::string note;  // below it; "" for none
+  std::vector<SceneRow> rows;
+  std::vector<SceneBar> bars;     // by row, then by time
+  std::optional<ScenePoint> now;  // the present moment
+  std::string nowLabel;
+  std::array<std::string, kBarKinds> kinds;  // what each kind of bar is called; "" is not explained
+  std::string letters;                       // one of each kind
+
+  /// "V 21": the letter tells the kind where colours do not.
+  std::string TextOf(const SceneBar& bar) const {
+    const auto kind = static_cast<std::size_t>(bar.kind);
+    return kind < letters.size() ? letters.substr(kind, 1) + " " + bar.value : bar.value;
+  }
+
+  /// Returns the bar at a minute, of several the one that begins last.
+  std::optional<std::size_t> BarAt(ScenePoint point) const {
+    std::optional<std::size_t> found;
+    for (std::size_t bar = 0; bar < bars.size(); ++bar) {
+      const SceneBar& each = bars[bar];
+      if (each.row == point.row && each.from <= point.minute && point.minute < each.to) found = bar;
+    }
+    return found;
+  }
+};
+
+}  // namespace zek
