@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # setup.sh [SECTION...]: installs the missing packages of these sections of scripts/packages.txt.
-# Without sections: of all except [windows]. Most subcommands call this first, so it must be quick
+# Without sections: of all except [report] and [windows]. Most subcommands call this first, so it must be quick
 # if nothing is missing.
 set -euo pipefail
 # shellcheck source=scripts/common.sh

@@ -23,7 +23,8 @@ CopyState CopyStates::Of(const CatalogueId& id) {
 
 CopyState CopyStates::Read(const CatalogueId& id) const {
   if (!copies_.Exists(id)) return {};
-  CopyState state{true};
+  CopyState state;
+  state.exists = true;
   const auto known = records_.Known(id);
   if (!known) return state;
   state.time = known->time.substr(0, kToMinutes);

@@ -24,13 +24,13 @@ constexpr std::int32_t kStartTime = text::kWeekdayCaption + 2;
 constexpr std::string_view kStyle =
     "@page { size: A4; margin: 15mm; }\n"
     "body { font-family: sans-serif; font-size: 10pt; color: #000; background: #fff; }\n"
-    "section { break-before: page; }\n"
-    "section:first-of-type { break-before: auto; }\n"
+    "section { break-before: page; page-break-before: always; }\n"
+    "section:first-of-type { break-before: auto; page-break-before: auto; }\n"
     "table { border-collapse: collapse; margin: 0 0 5mm 0; }\n"
     "caption { text-align: left; font-weight: bold; margin: 2mm 0 1mm 0; }\n"
     "th, td { border: 1px solid #777; padding: 1mm 2mm; text-align: left; }\n"
     "thead { display: table-header-group; }\n"
-    "tr, svg { break-inside: avoid; }\n"
+    "tr, svg { break-inside: avoid; page-break-inside: avoid; }\n"
     "h1, h2, h3, caption { break-after: avoid; }\n"
     "svg { max-width: 100%; height: auto; }\n";
 
