@@ -18,7 +18,7 @@ findings         what in the catalogues is probably not meant
 comm             topics, links, connection, commands and replies
 catalogue        reading, sending and comparing catalogues; local copies; the object tree
 editors          the rules of the three editors and the pick-lists, without windows
-app              the session, and what every program does when it starts
+app              the session, what every program does when it starts, and lists of findings
 export           the batch export
 wxbase           event loop and sockets of the toolkit's base library
 ui               boxes, fonts, pictures and keys: the thin layer over the toolkit's windows
