@@ -20,7 +20,7 @@ comm             topics, links, connection, commands and replies
 catalogue        reading, sending and comparing catalogues; local copies; the object tree
 editors          the rules of the three editors and the pick-lists, without windows
 report           a report of time controls for reading and printing
-app              the session, and what every program does when it starts
+app              the session, what every program does when it starts, and lists of findings
 export           the batch export
 wxbase           event loop and sockets of the toolkit's base library
 ui               boxes, fonts, pictures and keys: the thin layer over the toolkit's windows

@@ -227,6 +227,7 @@ class Saving {
     facts.since = plan_.since;
     facts.after = {plan_.all, plan_.send.dfv, draft_.notInLines};
     facts.after.notes = draft_.notes;
+    facts.after.findings = draft_.findings;
     facts.conflicts = Conflicts();
     facts.missing = plan_.missing;
     facts.left = LeftBehind(SplitLines(id_, plan_.now.lines).own, plan_.send.lines);

@@ -43,7 +43,8 @@ struct CatalogueDraft {
   std::vector<std::string> notInLines;  // what the table has and lines can't hold, in words
   bool fromFile = false;                // refuse lines of others that the controller does not have
   SaveMode mode = SaveMode::Send;
-  std::vector<std::string> notes{};  // what the user may not have meant, in words
+  std::vector<std::string> notes{};     // what the user may not have meant, in words
+  std::vector<std::string> findings{};  // what the user's changes cause and may not mean, likewise
 };
 
 /// The result of a save.

@@ -183,6 +183,7 @@ SendList ListChanges(const SendFacts& facts, const CatalogueRules& rules,
     risky |= report.Add(LeftHeading(facts.seen), facts.left);
   }
   report.Add(text::kNotesHeading, facts.after.notes);
+  report.Add(text::kFindingsNew, facts.after.findings);
   for (const Section& section : kChangeSections) report.Add(section);
   SendList list{report.Take(), risky};
   if (list.texts.Details.empty()) list.texts.Summary = texts.Text(text::kChangesNone);

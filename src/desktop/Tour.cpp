@@ -4,6 +4,7 @@
 #include <memory>
 
 #include <wx/bitmap.h>
+#include <wx/button.h>
 #include <wx/choice.h>
 #include <wx/dcmemory.h>
 #include <wx/dcscreen.h>
@@ -158,8 +159,14 @@ void Tour::Plan() {
                       Post(*december, wxEVT_RADIOBUTTON, december->GetId(), 1);
                     },
                     kFetchSeconds});
-  editor("the calendar editor", "ZV_SDC", "calendar", browser::Menu_GetOVC);
-  editor("the exception editor", "ZV_OVC", "exception", browser::Menu_Batch_Run);
+  steps_.push_back({"the calendar editor", shown("ZV_SDC"), [this] {
+                      TakePicture("ZV_SDC", "calendar");
+                      auto* const year = ControlOf<wxButton>("ZV_SDC", "Command_Year");
+                      Post(*year, wxEVT_BUTTON, year->GetId());
+                    }});
+  editor("the year", "ZV_SDC", "year", browser::Menu_GetOVC);
+  editor("the exception editor", "ZV_OVC", "exception", browser::Menu_Findings);
+  editor("the list of findings", "ZV_Findings", "findings", browser::Menu_Batch_Run);
   steps_.push_back(
       {"the batch export", shown("Gauge_Batch"), [this] { TakePicture("ZV_TSC", "export"); }});
   steps_.push_back({"the summary of the export", shown("ZV_TSCSummary"),
@@ -200,8 +207,8 @@ void Tour::Fail(const std::string& reason) {
 
 // Closes the innermost open form; each tick closes the next one.
 void Tour::Leave() {
-  for (const char* const form :
-       {"ZV_WDC", "ZV_SDC", "ZV_OVC", "ZV_TSCSummary", "ZV_TSC", "ZV_Info", "ZV_Main"}) {
+  for (const char* const form : {"ZV_Findings", "ZV_WDC", "ZV_SDC", "ZV_OVC", "ZV_TSCSummary",
+                                 "ZV_TSC", "ZV_Info", "ZV_Main"}) {
     wxWindow* const window = Shown(form);
     if (window == nullptr) continue;
     CloseLater(*window);

@@ -14,12 +14,10 @@ namespace {
 
 constexpr int kSunday = 6;  // of the columns
 
-// Returns the column of a date; Monday is 0.
-int ColumnOf(const CalendarDate& date) {
-  const std::chrono::year_month_day day{std::chrono::year{date.year},
-                                        std::chrono::month{static_cast<unsigned>(date.month) + 1},
-                                        std::chrono::day{static_cast<unsigned>(date.day)}};
-  return static_cast<int>(std::chrono::weekday{std::chrono::sys_days{day}}.iso_encoding()) - 1;
+std::chrono::sys_days DaysOf(const CalendarDate& date) {
+  return std::chrono::year_month_day{std::chrono::year{date.year},
+                                     std::chrono::month{static_cast<unsigned>(date.month) + 1},
+                                     std::chrono::day{static_cast<unsigned>(date.day)}};
 }
 
 int Distance(CalendarMove move) {
@@ -76,6 +74,10 @@ CalendarEditor::CalendarEditor(std::span<const std::string> lines, const LineOwn
 
 // --- Display ---
 
+int CalendarEditor::ColumnOf(const CalendarDate& date) {
+  return static_cast<int>(std::chrono::weekday{DaysOf(date)}.iso_encoding()) - 1;
+}
+
 int CalendarEditor::FirstColumn() const { return ColumnOf(DateOf(1)); }
 
 std::optional<int> CalendarEditor::DayAt(int row, int column) const {
@@ -109,19 +111,33 @@ bool CalendarEditor::Step(int months) {
   return true;
 }
 
-bool CalendarEditor::IsFree(int day) const {
-  return (FirstColumn() + day - 1) % kDaysOfWeek == kSunday || IsHoliday(DateOf(day), otherYears_);
+void CalendarEditor::ShowDate(const CalendarDate& date) {
+  const int year = date.year - Table().BaseYear();
+  if (year < 0 || year >= kCalendarYears) return;
+  ShowYear(year);
+  ShowMonth(date.month);
+  cursor_ = std::clamp(date.day, 1, Days());
 }
 
-CalendarCell CalendarEditor::Cell(int day, const LanguageTexts& texts) const {
-  const std::optional<DayRun> selection = Selection();
+CalendarCell CalendarEditor::CellOn(const CalendarDate& date, const LanguageTexts& texts) const {
   CalendarCell cell;
-  cell.number = std::to_string(day);
-  cell.type = DayTypeAbbreviation(Table().TypeOn(DateOf(day)), texts);
-  cell.free = IsFree(day);
-  cell.selected = selection && day >= selection->first && day <= selection->last;
-  cell.today = DateOf(day) == today_;
+  cell.number = std::to_string(date.day);
+  cell.type = DayTypeAbbreviation(Table().TypeOn(date), texts);
+  cell.holiday = IsHoliday(date, otherYears_);
+  cell.free = cell.holiday || ColumnOf(date) == kSunday;
+  if (anchor_) {
+    const auto one = DaysOf(*anchor_);
+    const auto other = DaysOf(DateOf(cursor_));
+    cell.selected = DaysOf(date) >= std::min(one, other) && DaysOf(date) <= std::max(one, other);
+  }
+  cell.today = date == today_;
   return cell;
+}
+
+std::string CalendarEditor::TypeCaption(int type, const LanguageTexts& texts) const {
+  const std::string caption = DayTypeCaption(type, texts);
+  if (type <= kDaysOfWeek) return caption;
+  return WithDayName(caption, static_cast<std::size_t>(type - kDaysOfWeek - 1), names_);
 }
 
 std::string CalendarEditor::MonthText(const LanguageTexts& texts) const {
@@ -133,7 +149,9 @@ std::string CalendarEditor::CellName(int day, const LanguageTexts& texts) const 
   const CalendarDate date = DateOf(day);
   std::string name = DateName(date, ColumnOf(date), texts);
   const auto add = [&name](const std::string& part) { name.append(", ").append(part); };
-  if (const auto type = Table().TypeOn(date); type != kNoDayType) add(SpokenDayType(type, texts));
+  if (const auto type = Table().TypeOn(date); type != kNoDayType) {
+    add(type > kDaysOfWeek ? TypeCaption(type, texts) : SpokenDayType(type, texts));
+  }
   if (IsHoliday(date, otherYears_)) add(texts.Text(text::kSpokenHoliday));
   if (cell.today) add(texts.Text(text::kSpokenToday));
   if (cell.selected) add(texts.Text(text::kSpokenSelected));
@@ -148,13 +166,14 @@ void CalendarEditor::ChooseType(int type) {
 
 std::optional<DayRun> CalendarEditor::Selection() const {
   if (!anchor_) return std::nullopt;
-  return DayRun{std::min(*anchor_, cursor_), std::max(*anchor_, cursor_)};
+  const auto away = static_cast<int>((DaysOf(*anchor_) - DaysOf(DateOf(1))).count()) + 1;
+  return DayRun{std::min(away, cursor_), std::max(away, cursor_)};
 }
 
 void CalendarEditor::Press(std::optional<int> day) {
   dragging_ = day.has_value() && type_.has_value();
   if (!day) return;
-  anchor_ = dragging_ ? day : std::nullopt;
+  anchor_ = dragging_ ? std::optional(DateOf(*day)) : std::nullopt;
   cursor_ = *day;
 }
 
@@ -172,23 +191,21 @@ void CalendarEditor::Release(std::optional<int> day, Prompts& prompts, const Lan
 
 void CalendarEditor::CancelDrag() {
   if (!std::exchange(dragging_, false)) return;
-  cursor_ = anchor_.value_or(cursor_);
+  cursor_ = anchor_ ? anchor_->day : cursor_;
   anchor_.reset();
 }
 
 void CalendarEditor::MoveCursor(CalendarMove move, bool extend) {
-  if (!extend) anchor_.reset();
   dragging_ = false;
-  if (extend && !anchor_) anchor_ = cursor_;
+  const auto start = anchor_.value_or(DateOf(cursor_));
   if (move == CalendarMove::Home) {
     cursor_ = 1;
   } else if (move == CalendarMove::End) {
     cursor_ = Days();
-  } else if (extend) {
-    cursor_ = std::clamp(cursor_ + Distance(move), 1, Days());
   } else {
     MoveBeyond(cursor_ + Distance(move));
   }
+  anchor_ = extend ? std::optional(start) : std::nullopt;
 }
 
 // Puts the cursor on a day that may be in the month before or after; the cursor does not leave the
@@ -208,12 +225,14 @@ void CalendarEditor::MoveBeyond(int day) {
 
 void CalendarEditor::Apply(Prompts& prompts, const LanguageTexts& texts) {
   if (ViewOnly() || !type_) return;
-  if (type_ != kNoDayType && !years_.Has(DateOf(1).year)) return TellYear(prompts, texts);
-  const DayRun run = Selection().value_or(DayRun{cursor_, cursor_});
+  CalendarDate first = anchor_.value_or(DateOf(cursor_));
+  CalendarDate last = DateOf(cursor_);
+  if (DaysOf(last) < DaysOf(first)) std::swap(first, last);
+  for (const CalendarDate& end : {first, last})
+    if (type_ != kNoDayType && !years_.Has(end.year)) return TellYear(end.year, prompts, texts);
   bool room = true;
-  history_.Change({year_, month_, cursor_, anchor_}, [&](CalendarTable& table) {
-    room = table.Give(DateOf(run.first), DateOf(run.last), *type_);
-  });
+  history_.Change({year_, month_, cursor_, anchor_},
+                  [&](CalendarTable& table) { room = table.Give(first, last, *type_); });
   if (room) return;
   prompts.Show(Icon::Information,
                Message(texts.Text(text::kCalendarFull), {std::to_string(kCalendarEntries)}));
@@ -228,12 +247,12 @@ bool CalendarEditor::ShowPlace(const std::optional<CalendarPlace>& place) {
   return true;
 }
 
-void CalendarEditor::TellYear(Prompts& prompts, const LanguageTexts& texts) const {
+void CalendarEditor::TellYear(int year, Prompts& prompts, const LanguageTexts& texts) const {
   const bool fourDigits = years_.generation == Generation::Zek2;
   prompts.Show(
       Icon::Information,
       Message(texts.Text(text::kCalendarYear),
-              {std::to_string(DateOf(1).year), std::to_string(CalendarYears::kFirst),
+              {std::to_string(year), std::to_string(CalendarYears::kFirst),
                std::to_string(years_.Last()), fourDigits ? "SDCLastYear" : "SDCLastTwoDigitYear",
                std::to_string(fourDigits ? years_.lastYear : years_.lastTwoDigitYear)}));
 }

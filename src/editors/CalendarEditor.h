@@ -14,6 +14,7 @@
 #include "formats/Holidays.h"
 #include "formats/LineOwner.h"
 #include "lang/LanguageTexts.h"
+#include "settings/SpecialDayNames.h"
 #include "system/Prompts.h"
 
 namespace zek {
@@ -25,7 +26,8 @@ inline constexpr int kMonthRows = 6;  // the largest number of weeks that a mont
 /// The direction of a key in the month grid.
 enum class CalendarMove { Left, Right, Up, Down, Home, End };
 
-/// Consecutive days of the month shown, from 1.
+/// Consecutive days, counted from the first of the month shown as 1; others are below 1 or beyond
+/// its end.
 struct DayRun {
   int first = 0;
   int last = 0;
@@ -47,6 +49,7 @@ struct CalendarCell {
   bool free = false;
   bool selected = false;
   bool today = false;
+  bool holiday = false;
 
   DayColour Colour() const;
 };
@@ -56,7 +59,7 @@ struct CalendarPlace {
   int year = 0;
   int month = 0;
   int cursor = 1;
-  std::optional<int> anchor;  // the other end of the selection
+  std::optional<CalendarDate> anchor;  // the other end of the selection
 };
 
 /// Shows the message about a refused line, with the information icon.
@@ -79,14 +82,18 @@ class CalendarEditor {
   /// Marks the public holidays of Sweden in the years that have no fixed list.
   void MarkSwedishHolidays() { otherYears_ = OtherYears::Sweden; }
   bool MarksSwedishHolidays() const { return otherYears_ == OtherYears::Sweden; }
+  /// Sets the names that are shown behind SD1 to SD7.
+  void NameSpecialDays(const SpecialDayNames& names) { names_ = names; }
+  const SpecialDayNames& Names() const { return names_; }
   /// Adds lines that were not received to the lines that saving would lose.
   void CountLost(std::size_t lines) { linesLost_ += lines; }
 
   int Year() const { return year_; }    // 0 to 5, counted from the base year
   int Month() const { return month_; }  // 0 to 11
   int Days() const { return MonthLength(Table().BaseYear() + year_, month_); }
-  /// Returns the column of the month's first day; Monday is 0.
+  /// Returns the column of the month's first day, or of a date; Monday is 0.
   int FirstColumn() const;
+  static int ColumnOf(const CalendarDate& date);
   /// Returns the day in a row (0 to 5) and column (0 to 6) of the grid; nothing for an empty cell.
   std::optional<int> DayAt(int row, int column) const;
 
@@ -94,6 +101,8 @@ class CalendarEditor {
   /// there.
   void ShowYear(int year);
   void ShowMonth(int month);
+  /// Puts the cursor on a date; does nothing outside the six years.
+  void ShowDate(const CalendarDate& date);
   /// Moves by months across year ends; returns false and does nothing beyond the six years.
   bool Step(int months);
   bool Next() { return Step(1); }
@@ -120,7 +129,7 @@ class CalendarEditor {
   bool Dragging() const { return dragging_; }
 
   /// Moves the cursor, at the month's ends into the next month. With `extend` it selects the days
-  /// from where the cursor started and stays within the month.
+  /// from where the cursor started.
   void MoveCursor(CalendarMove move, bool extend);
 
   /// Gives the selected days, or else the cursor's day, the chosen type, if any. If a line can't
@@ -133,7 +142,13 @@ class CalendarEditor {
   bool Redo() { return ShowPlace(history_.Redo()); }
   EditState State() const { return history_.State(); }
 
-  CalendarCell Cell(int day, const LanguageTexts& texts) const;
+  CalendarCell Cell(int day, const LanguageTexts& texts) const {
+    return CellOn(DateOf(day), texts);
+  }
+  CalendarCell CellOn(const CalendarDate& date, const LanguageTexts& texts) const;
+  CalendarDate DateOf(int day) const { return {Table().BaseYear() + year_, month_, day}; }
+  /// The caption of a day type 0 to 14, with its name: "SD1 Jullov".
+  std::string TypeCaption(int type, const LanguageTexts& texts) const;
   /// Returns the heading of the grid, "December 2026".
   std::string MonthText(const LanguageTexts& texts) const;
   /// Describes a day for screen readers: "torsdag 24 december 2026, SD1, markerad".
@@ -143,12 +158,10 @@ class CalendarEditor {
   std::optional<EditedCatalogue> Edited() const;
 
  private:
-  CalendarDate DateOf(int day) const { return {Table().BaseYear() + year_, month_, day}; }
-  bool IsFree(int day) const;
   bool ShowPlace(const std::optional<CalendarPlace>& place);
   void Leave();
   void MoveBeyond(int day);
-  void TellYear(Prompts& prompts, const LanguageTexts& texts) const;
+  void TellYear(int year, Prompts& prompts, const LanguageTexts& texts) const;
 
   CalendarLayout layout_;
   CalendarYears years_;
@@ -158,11 +171,12 @@ class CalendarEditor {
   std::vector<RefusedDates> refused_;
   std::size_t linesLost_ = 0;
   OtherYears otherYears_ = OtherYears::None;
+  SpecialDayNames names_;
   int year_ = 0;
   int month_;
   std::optional<std::int16_t> type_;
   int cursor_;
-  std::optional<int> anchor_;  // the other end of the selection
+  std::optional<CalendarDate> anchor_;  // the other end of the selection; not always in the month
   bool dragging_ = false;
 };
 

@@ -21,16 +21,20 @@ SwitchTimes TimesOf(const WeekdayRow& row) {
   return {row.start, row.stop == kNoTime ? std::nullopt : std::optional<std::int64_t>(row.stop)};
 }
 
-std::string NameOfDay(std::size_t day, const LanguageTexts& texts) {
-  if (day < kDaysOfType) return texts.Text(text::kMonday + static_cast<std::int32_t>(day));
-  return Message(texts.Text(text::kSpecialDay), {std::to_string(day - kDaysOfType + 1)});
-}
-
-std::string PlaceOf(std::size_t day, std::size_t row, const LanguageTexts& texts) {
-  return Message(texts.Text(text::kPlaceOfRow), {NameOfDay(day, texts), std::to_string(row + 1)});
+std::string PlaceOf(std::size_t day, std::size_t row, const LanguageTexts& texts,
+                    const SpecialDayNames& names) {
+  return Message(texts.Text(text::kPlaceOfRow),
+                 {NameOfDay(day, texts, names), std::to_string(row + 1)});
 }
 
 }  // namespace
+
+std::string NameOfDay(std::size_t day, const LanguageTexts& texts, const SpecialDayNames& names) {
+  if (day < kDaysOfType) return texts.Text(text::kMonday + static_cast<std::int32_t>(day));
+  const std::size_t number = day - kDaysOfType;
+  return WithDayName(Message(texts.Text(text::kSpecialDay), {std::to_string(number + 1)}), number,
+                     names);
+}
 
 WeekdayFocus NextFocus(WeekdayFocus from) {
   switch (from.box) {
@@ -145,11 +149,11 @@ std::int32_t WeekdayEditor::TimeMark(Cell cell) const {
 }
 
 std::string WeekdayEditor::DayName(std::size_t column, const LanguageTexts& texts) const {
-  return NameOfDay(type_ * kDaysOfType + column, texts);
+  return NameOfDay(type_ * kDaysOfType + column, texts, names_);
 }
 
 std::string WeekdayEditor::PlaceName(const LanguageTexts& texts) const {
-  return PlaceOf(type_ * kDaysOfType + column_, row_, texts);
+  return PlaceOf(type_ * kDaysOfType + column_, row_, texts, names_);
 }
 
 std::vector<std::string> WeekdayEditor::Notes(const LanguageTexts& texts) const {
@@ -161,10 +165,26 @@ std::vector<std::string> WeekdayEditor::Notes(const LanguageTexts& texts) const 
       const std::int32_t note = used && IsUnvalued(cell)          ? text::kNoStartValue
                                 : !used && IsLeftOut(RowOf(cell)) ? text::kRowNotUsed
                                                                   : 0;
-      if (note != 0) notes.push_back(PlaceOf(day, row, texts) + ": " + texts.Text(note));
+      if (note != 0) notes.push_back(PlaceOf(day, row, texts, names_) + ": " + texts.Text(note));
     }
   }
   return notes;
+}
+
+std::vector<WeekdayCell> WeekdayEditor::NotEntered() const {
+  std::vector<WeekdayCell> cells;
+  for (std::size_t day = 0; day < kWeekdayDays; ++day) {
+    for (std::size_t row = 0; row < kWeekdayRows; ++row)
+      if (RowOf({day, row}).Used() && IsUnvalued({day, row})) cells.push_back({day, row});
+  }
+  return cells;
+}
+
+WeekdayFocus WeekdayEditor::ShowCell(const WeekdayCell& cell) {
+  ShowType(cell.day / kDaysOfType);
+  ShowRow(cell.row);
+  FocusColumn(cell.day % kDaysOfType);
+  return {WeekdayBox::Start, column_};
 }
 
 // --- Changes ---

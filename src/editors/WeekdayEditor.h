@@ -12,9 +12,11 @@
 #include "editors/Entry.h"
 #include "editors/PickList.h"
 #include "editors/UndoHistory.h"
+#include "findings/OwnNumbers.h"
 #include "formats/WeekdayTable.h"
 #include "formats/WeekdayText.h"
 #include "lang/LanguageTexts.h"
+#include "settings/SpecialDayNames.h"
 #include "system/Prompts.h"
 
 namespace zek {
@@ -53,6 +55,9 @@ struct SameWeekdays {
 /// from the last column back to the first.
 WeekdayFocus NextFocus(WeekdayFocus from);
 
+/// The name of a day 0 to 13, "Mån" or "SD 1 Jullov".
+std::string NameOfDay(std::size_t day, const LanguageTexts& texts, const SpecialDayNames& names);
+
 /// Shows a message box with the icon, text and line of a refused line.
 void ShowRefused(const RefusedLine& refused, Prompts& prompts, const LanguageTexts& texts);
 
@@ -72,6 +77,8 @@ class WeekdayEditor {
   bool ViewOnly() const { return access_ == Access::ViewOnly; }
   /// Adds lines that were not received to the lines that saving would lose.
   void CountLost(std::size_t lines) { linesLost_ += lines; }
+  /// Sets the names that are shown behind SD1 to SD7.
+  void NameSpecialDays(const SpecialDayNames& names) { names_ = names; }
   /// False for "PLT" time controls: their lines have no stop value, and entries are ignored.
   bool HasStopValues() const;
 
@@ -121,6 +128,12 @@ class WeekdayEditor {
   /// values that were not entered.
   std::vector<std::string> Notes(const LanguageTexts& texts) const;
 
+  /// The used rows whose start value was not entered.
+  std::vector<WeekdayCell> NotEntered() const;
+
+  /// Shows the type, row and column of a cell and returns its start box.
+  WeekdayFocus ShowCell(const WeekdayCell& cell);
+
   /// Returns the table as lines for saving; nothing with `ViewOnly`.
   std::optional<EditedCatalogue> Edited() const;
 
@@ -151,6 +164,7 @@ class WeekdayEditor {
   Access access_;
   UndoHistory<EditedWeekdays, WeekdayPlace, SameWeekdays> history_{EditedWeekdays{}};
   std::vector<RefusedLine> refused_;
+  SpecialDayNames names_;
   std::size_t linesLost_ = 0;
   std::size_t type_ = 0;
   std::size_t row_ = 0;

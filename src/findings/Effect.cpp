@@ -1,10 +1,7 @@
 #include "findings/Effect.h"
 
 #include <algorithm>
-#include <utility>
-#include <vector>
-
-#include "forecast/Forecast.h"
+#include <set>
 
 namespace zek {
 namespace {
@@ -41,15 +38,10 @@ std::vector<std::pair<Moment, Moment>> TimesToCompare(const Schedule& schedule, 
   return times;
 }
 
-bool Differ(const Forecast& one, const Forecast& other, Moment from, Moment to) {
-  for (Moment at = from; at < to;) {
-    if (one.At(at).value != other.At(at).value) return true;
-    at = std::min(one.NextEvent(at).value_or(to), other.NextEvent(at).value_or(to));
-  }
-  return false;
+bool MayBeWithoutEffect(const OvcRow& row, DayNumber today) {
+  if (row.valueOn == kNoValue && row.valueOff == kNoValue) return false;  // told as empty
+  return StopOf(row).value_or(row.start) > StartOf(today);
 }
-
-}  // namespace
 
 Schedule WithoutRow(Schedule schedule, int line) {
   for (std::size_t day = 0; day < kWeekdayDays; ++day) {
@@ -61,26 +53,100 @@ Schedule WithoutRow(Schedule schedule, int line) {
   return schedule;
 }
 
-Schedule WithoutException(Schedule schedule, int line) {
-  std::erase_if(schedule.exceptions, [line](const auto& each) { return each.number == line; });
+}  // namespace
+
+TypeSet ComingTypes(const Schedule& schedule, DayNumber today) {
+  TypeSet types;
+  const DayTypes all(schedule.calendar);
+  for (const DatedType& dated : all.Dated()) {
+    if (dated.day >= today) types.set(dated.type);
+  }
+  return types;
+}
+
+std::vector<Doubt> DoubtsOfRows(const Schedule& schedule, DayNumber today) {
+  TypeSet judged = ComingTypes(schedule, today);
+  for (std::size_t day = 0; day < kDaysOfType; ++day) judged.set(day);
+  std::set<int> lines;
+  for (std::size_t day = 0; day < kWeekdayDays; ++day) {
+    if (!judged.test(day)) continue;  // told as a type without dates
+    for (std::size_t row = 0; row < kWeekdayRows; ++row) {
+      if (schedule.weekdays.days.at(day).at(row).Used())
+        lines.insert(schedule.weekdayLines.at(day).at(row));
+    }
+  }
+  std::vector<Doubt> doubts;
+  for (const int line : lines) doubts.push_back({FindingKind::RowNoEffect, line});
+  return doubts;
+}
+
+std::vector<Doubt> DoubtsOfExceptions(const Schedule& schedule, DayNumber today) {
+  std::vector<Doubt> doubts;
+  for (const ExceptionLine& each : schedule.exceptions) {
+    if (MayBeWithoutEffect(each.row, today))
+      doubts.push_back({FindingKind::ExceptionNoEffect, each.number});
+  }
+  return doubts;
+}
+
+std::vector<Doubt> DoubtsOfDates(const Schedule& schedule, DayNumber today) {
+  std::set<int> lines;
+  for (const DatedType& dated : schedule.calendar)
+    if (dated.day >= today) lines.insert(dated.line);
+  std::vector<Doubt> doubts;
+  for (const int line : lines) doubts.push_back({FindingKind::DateNoEffect, line});
+  return doubts;
+}
+
+Schedule Without(Schedule schedule, const Doubt& doubt) {
+  const int line = doubt.line;
+  if (doubt.kind == FindingKind::RowNoEffect) return WithoutRow(std::move(schedule), line);
+  if (doubt.kind == FindingKind::ExceptionNoEffect) {
+    std::erase_if(schedule.exceptions, [line](const auto& each) { return each.number == line; });
+  } else {
+    std::erase_if(schedule.calendar, [line](const auto& each) { return each.line == line; });
+  }
   return schedule;
 }
 
-Schedule WithoutDates(Schedule schedule, int line) {
-  std::erase_if(schedule.calendar, [line](const auto& each) { return each.line == line; });
-  return schedule;
+ValueComparison::ValueComparison(Schedule with, Schedule without, DayNumber today)
+    : with_(std::move(with)),
+      without_(std::move(without)),
+      times_(TimesToCompare(with_, today)),
+      variants_(Rule::Variants()) {}
+
+bool ValueComparison::BeginVariant() {
+  if (variant_ == variants_.size() || times_.empty()) return false;
+  one_.emplace(with_, variants_[variant_]);
+  other_.emplace(without_, variants_[variant_]);
+  time_ = 0;
+  at_ = times_.front().first;
+  return true;
 }
 
-bool HaveDifferentValues(const Schedule& with, const Schedule& without, DayNumber today) {
-  const auto times = TimesToCompare(with, today);
-  const std::vector<Rule> variants = Rule::Variants();
-  return std::any_of(variants.begin(), variants.end(), [&](const Rule& rule) {
-    const Forecast one(with, rule);
-    const Forecast other(without, rule);
-    return std::any_of(times.begin(), times.end(), [&](const auto& time) {
-      return Differ(one, other, time.first, time.second);
-    });
-  });
+std::optional<bool> ValueComparison::Step(std::size_t events) {
+  if (!one_ && !BeginVariant()) return false;
+  for (; events > 0; --events) {
+    if (one_->At(at_).value != other_->At(at_).value) return true;
+    const Moment to = times_[time_].second;
+    at_ = std::min(one_->NextEvent(at_).value_or(to), other_->NextEvent(at_).value_or(to));
+    if (at_ < to) continue;
+    if (++time_ < times_.size()) {
+      at_ = times_[time_].first;
+      continue;
+    }
+    ++variant_;
+    if (!BeginVariant()) return false;
+  }
+  return std::nullopt;
+}
+
+bool HaveEffect(const Schedule& schedule, const Doubt& doubt, DayNumber today) {
+  constexpr std::size_t events = 1000;
+  ValueComparison comparison(schedule, Without(schedule, doubt), today);
+  std::optional<bool> differ;
+  while (!differ) differ = comparison.Step(events);
+  return *differ;
 }
 
 }  // namespace zek

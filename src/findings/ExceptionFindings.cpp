@@ -35,8 +35,8 @@ class ExceptionCheck {
     if (row.start > StartOf(context_.today + far)) {
       list_.Add(ExceptionFar, place, {DateText(row.start), {}, {}});
     }
-    const Schedule without = WithoutException(control_.schedule, each.number);
-    if (HaveDifferentValues(control_.schedule, without, context_.today)) return;
+    const Doubt doubt{ExceptionNoEffect, each.number};
+    if (!context_.prove || HaveEffect(control_.schedule, doubt, context_.today)) return;
     list_.Add(ExceptionNoEffect, place);
   }
 

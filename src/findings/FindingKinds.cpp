@@ -43,6 +43,7 @@ constexpr auto kInfos = std::to_array<FindingInfo>({
     {StopWithoutValue, "stop-without-value", I, text::kFindingStopWithoutValue},
     {ExceptionFar, "exception-far", I, text::kFindingExceptionFar},
     {NoRows, "no-rows", I, text::kFindingNoRows},
+    {StartNotEntered, "start-not-entered", W, text::kNoStartValue},
 });
 static_assert(kInfos.size() == kFindingKinds);
 

@@ -44,9 +44,11 @@ enum class FindingKind : std::uint8_t {
   StopWithoutValue,
   ExceptionFar,
   NoRows,
+  StartNotEntered,  // only in an open editor: a line has a value
 };
 
-inline constexpr std::size_t kFindingKinds = static_cast<std::size_t>(FindingKind::NoRows) + 1;
+inline constexpr std::size_t kFindingKinds =
+    static_cast<std::size_t>(FindingKind::StartNotEntered) + 1;
 
 struct FindingInfo {
   FindingKind kind = FindingKind::UnreadLine;

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <map>
-#include <set>
 
 #include "findings/Effect.h"
 #include "findings/FindingList.h"
@@ -76,21 +75,13 @@ void FindOwnerless(FindingList& list, const ControlTables& control) {
   }
 }
 
-// The lines of the calendar that can be without effect, those that are not over.
-std::set<int> ComingLines(const Schedule& schedule, DayNumber today) {
-  std::set<int> lines;
-  for (const DatedType& dated : schedule.calendar)
-    if (dated.day >= today) lines.insert(dated.line);
-  return lines;
-}
-
 void FindDatesWithoutEffect(FindingList& list, std::span<const ControlTables> controls,
                             DayNumber today) {
-  for (const int line : ComingLines(controls.front().schedule, today)) {
+  for (const Doubt& doubt : DoubtsOfDates(controls.front().schedule, today)) {
     const bool effect = std::any_of(controls.begin(), controls.end(), [&](const auto& control) {
-      return HaveDifferentValues(control.schedule, WithoutDates(control.schedule, line), today);
+      return HaveEffect(control.schedule, doubt, today);
     });
-    if (!effect) list.Add(DateNoEffect, PlaceOf("sdc", line));
+    if (!effect) list.Add(DateNoEffect, PlaceOf("sdc", doubt.line));
   }
 }
 
@@ -145,7 +136,7 @@ std::vector<Finding> SharedFindings(std::span<const ControlTables> controls, boo
     FindInLines(list, "ovc", any.exceptionLines);
     FindOwnerless(list, any);
   }
-  if (all) FindDatesWithoutEffect(list, controls, context.today);
+  if (all && context.prove) FindDatesWithoutEffect(list, controls, context.today);
   return WithoutDoubtful(list.Take(), any.calendarLines, "sdc");
 }
 

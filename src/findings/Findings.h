@@ -45,6 +45,7 @@ struct FindingContext {
   DayNumber today = 0;
   bool swedishHolidays = false;  // public holidays should be in the calendar
   char decimalSeparator = '.';
+  bool prove = true;  // false: leave out what is without effect, which takes long to prove
 };
 
 /// Returns what is found in the weekdays and the exceptions of a time control. A line is without

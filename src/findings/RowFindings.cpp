@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <set>
 
 #include "findings/Effect.h"
 #include "findings/FindingList.h"
@@ -79,16 +78,6 @@ void CheckPair(FindingList& list, const LineRow& one, const LineRow& other) {
   }
 }
 
-// The special days that a date from today on has.
-TypeSet ComingTypes(const Schedule& schedule, DayNumber today) {
-  TypeSet types;
-  const DayTypes all(schedule.calendar);
-  for (const DatedType& dated : all.Dated()) {
-    if (dated.day >= today) types.set(dated.type);
-  }
-  return types;
-}
-
 void CheckTypes(FindingList& list, const ControlTables& control, const FindingContext& context) {
   const Schedule& schedule = control.schedule;
   const TypeSet coming = ComingTypes(schedule, context.today);
@@ -107,17 +96,9 @@ void CheckTypes(FindingList& list, const ControlTables& control, const FindingCo
 }
 
 void CheckEffects(FindingList& list, const ControlTables& control, const FindingContext& context) {
-  TypeSet judged = ComingTypes(control.schedule, context.today);
-  for (std::size_t day = 0; day < kDaysOfType; ++day) judged.set(day);
-  std::set<int> lines;
-  for (std::size_t day = 0; day < kWeekdayDays; ++day) {
-    if (!judged.test(day)) continue;  // told as a type without dates
-    for (const LineRow& each : RowsOf(control.schedule, day)) lines.insert(each.line);
-  }
-  for (const int line : lines) {
-    const Schedule without = WithoutRow(control.schedule, line);
-    if (HaveDifferentValues(control.schedule, without, context.today)) continue;
-    list.Add(RowNoEffect, PlaceOf("wdc", line));
+  for (const Doubt& doubt : DoubtsOfRows(control.schedule, context.today)) {
+    if (!HaveEffect(control.schedule, doubt, context.today))
+      list.Add(RowNoEffect, PlaceOf("wdc", doubt.line));
   }
 }
 
@@ -137,7 +118,7 @@ void FindInRows(FindingList& list, const ControlTables& control, const FindingCo
   }
   if (!any) list.Add(NoRows, "wdc");
   CheckTypes(list, control, context);
-  CheckEffects(list, control, context);
+  if (context.prove) CheckEffects(list, control, context);
 }
 
 }  // namespace zek

@@ -36,6 +36,9 @@ struct DatedType {
   int line = 0;          // the number of its line
 };
 
+/// Returns the entries of a calendar in their order, without numbers.
+std::vector<DatedType> DatesOf(const CalendarTable& table);
+
 /// What the three catalogues say about one time control. Every entry has the number of the
 /// catalogue line it came from; entries with the same number are told apart only by their kind.
 struct Schedule {

@@ -7,6 +7,7 @@
 
 #include "forms/CancelTransfer.h"
 #include "forms/EditorTitle.h"
+#include "forms/FindingsForm.h"
 #include "forms/StatusChain.h"
 #include "forms/ZV_Help.h"
 #include "lang/Messages.h"
@@ -28,7 +29,7 @@ EditorForm::EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue 
       proc_(proc),
       turn_(turn),
       id_(proc.selection.Id(catalogue)),
-      dfv_(content.dfv),
+      content_(content),
       viewOnly_(kind.viewOnly),
       closesWhenGivenUp_(kind.closesWhenGivenUp),
       status_(new wxStaticText(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
@@ -83,6 +84,15 @@ wxSizer* EditorForm::NewUndoAndRedo(Mnemonics& letters) {
   return both;
 }
 
+void EditorForm::NewFindings(Mnemonics& letters) {
+  count_ = letters.Give(Caption(text::kFindingsCount));
+  list_ =
+      NewCommand(wxID_ANY, "Command_Findings", count_, Caption(text::kFindingsCountHint), false);
+  list_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ListFindings(); });
+  ShowCount();
+  Bind(wxEVT_IDLE, &EditorForm::OnIdle, this);
+}
+
 void EditorForm::BlockWhileBusy(wxWindow* part, bool usable) {
   part->Enable(usable);
   parts_.push_back({part, usable});
@@ -94,6 +104,7 @@ void EditorForm::LayOut(wxSizer* content) {
   whole->Add(content, 1, wxEXPAND);
   auto* const foot = new wxBoxSizer(wxHORIZONTAL);
   foot->Add(status_, 1, wxALIGN_CENTER_VERTICAL);
+  foot->Add(list_, 0, wxALIGN_CENTER_VERTICAL | wxLEFT, gap);
   foot->Add(sent_, 0, wxALIGN_CENTER_VERTICAL | wxLEFT, gap);
   whole->Add(foot, 0, wxEXPAND | wxALL, gap);
   SetSizerAndFit(whole);
@@ -170,12 +181,65 @@ SaveOutcome EditorForm::SaveEdited() {
   ZV_Proc& proc = proc_;
   const std::optional<EditedCatalogue> edited = Edited();
   if (!edited) return SaveOutcome::NotTried;
-  const auto write = [&proc, &edited, id = id_, dfv = dfv_](const std::vector<std::string>& lines) {
+  Findings().Search(Edits(), OwnFindings());
+  std::vector<std::string> findings = Findings().NewOnes();
+  const auto write = [&proc, &edited, id = id_, dfv = content_.dfv,
+                      findings = std::move(findings)](const std::vector<std::string>& lines) {
     CatalogueDraft draft{lines, dfv, edited->notInLines};
     draft.notes = edited->notes;
+    draft.findings = findings;
     return proc.catalogues.SaveCatalogue(id, draft);
   };
   return SaveWithRetry(*edited, write, proc.ToUser());
+}
+
+// --- Findings ---
+
+// Read late, so that the form opens at once.
+OpenedFindings& EditorForm::Findings() {
+  if (!findings_) findings_.emplace(proc_, id_.catalogue, content_);
+  return *findings_;
+}
+
+// What takes long is proved while the user does nothing.
+void EditorForm::OnIdle(wxIdleEvent& event) {
+  event.Skip();
+  if (busy_ || !IsShown()) return;
+  Findings().Search(Edits(), OwnFindings());
+  if (Findings().Step()) event.RequestMore();
+  ShowCount();
+}
+
+void EditorForm::ShowCount() {
+  const bool known = findings_ && findings_->Complete();
+  wxString caption = count_;
+  caption.Replace("%1", known ? wxString(std::to_string(findings_->Count())) : wxString("..."));
+  if (list_->GetLabel() == caption) return;
+  list_->SetLabel(caption);
+  if (list_->GetSize().x < list_->GetBestSize().x) Layout();
+}
+
+void EditorForm::ListFindings() {
+  if (busy_ || !TakeEntry()) return;
+  ShowChanges();
+  OpenedFindings& findings = Findings();
+  findings.Search(Edits(), OwnFindings());
+  const FindingSource source{[&findings] { return findings.Step(); },
+                             [&findings](std::size_t from) {
+                               std::vector<FindingRow> rows;
+                               for (ShownFinding& shown : findings.Shown(from))
+                                 rows.push_back({{}, std::move(shown)});
+                               return rows;
+                             },
+                             [&findings] { return findings.Missing(); },
+                             {}};
+  const wxWeakRef<EditorForm> alive(this);
+  const auto chosen = ShowFindings(this, proc_, proc_.Text(text::kFindingsTitle), source);
+  if (!alive) return;
+  if (ended_) return End();
+  const auto shown = chosen ? findings.Shown(*chosen) : std::vector<ShownFinding>();
+  if (shown.empty()) return FocusEntry();
+  GoTo(shown.front().leads);
 }
 
 // --- Undo, redo and what is not saved ---
@@ -301,15 +365,17 @@ void EditorForm::ShowBusy(bool busy) {
   if (!busy) FocusEntry();
 }
 
-void ShowEditorForm(EditorForm* form, ZV_Proc& proc, std::function<void()> opened) {
+void ShowEditorForm(EditorForm* form, ZV_Proc& proc, const std::optional<EntryPlace>& at,
+                    std::function<void()> opened) {
   const wxWeakRef<EditorForm> alive(form);
   const StatusChain chain(proc.status, [alive] {
     if (alive) alive->ShowStatus();
   });
-  form->CallAfter([alive, opened = std::move(opened)] {
+  form->CallAfter([alive, at, opened = std::move(opened)] {
     alive->Raise();
     opened();
     if (alive) alive->FocusEntry();
+    if (alive && at) alive->GoTo(*at);
   });
   form->ShowModal();
   if (alive) form->Destroy();

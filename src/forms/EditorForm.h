@@ -10,6 +10,7 @@
 #include <wx/gauge.h>
 #include <wx/stattext.h>
 
+#include "app/OpenedFindings.h"
 #include "app/ZV_Proc.h"
 #include "editors/EditedCatalogue.h"
 #include "editors/UndoHistory.h"
@@ -23,6 +24,7 @@ namespace zek {
 /// - a status line with the progress of the transfer,
 /// - "Spara" (and Ctrl+S), which blocks the window while the catalogue is written,
 /// - undo and redo (Ctrl+Z, Ctrl+Y),
+/// - the number of findings in the edited catalogue, and their list,
 /// - "*" before the title while there are unsaved changes, and a question before they are lost.
 class EditorForm : public wxDialog {
  public:
@@ -30,6 +32,8 @@ class EditorForm : public wxDialog {
   void ShowStatus();
   /// Sets the focus for the next entry when the form becomes usable again.
   virtual void FocusEntry() = 0;
+  /// Moves the focus to an entry.
+  virtual void GoTo(const EntryPlace& place) = 0;
 
  protected:
   struct Kind {
@@ -55,15 +59,19 @@ class EditorForm : public wxDialog {
   virtual std::string PlaceName() const = 0;
   /// The catalogue to save; empty if it can't be saved, after a message.
   virtual std::optional<EditedCatalogue> Edited() = 0;
+  /// The table as it is edited, and the findings that only the editor knows.
+  virtual EditedTable Edits() const = 0;
+  virtual std::vector<Finding> OwnFindings() const { return {}; }
   /// Handles a key without modifiers; returns false if the form does not use it.
   virtual bool TakeKey(int /*key*/) { return false; }
 
   /// Creates a button. `changes` marks one that edits; it is disabled in a view-only form.
   wxButton* NewCommand(wxWindowID id, const std::string& name, const wxString& caption,
                        const wxString& toolTip, bool changes);
-  /// Create the buttons for saving, undo and redo.
+  /// Create the buttons for saving, undo and redo. `LayOut` places the one for the findings.
   wxButton* NewSave(const wxString& caption, const wxString& toolTip);
   wxSizer* NewUndoAndRedo(Mnemonics& letters);
+  void NewFindings(Mnemonics& letters);
   /// Updates title and buttons: is there anything to save, undo or redo? Call it after every change
   /// of the table. Typing in a box needs no call.
   void ShowChanges();
@@ -100,12 +108,17 @@ class EditorForm : public wxDialog {
   bool IsUnsaved() const;
   bool CanSave() const;
   SaveOutcome SaveEdited();
+  OpenedFindings& Findings();
+  void OnIdle(wxIdleEvent& event);
+  void ShowCount();
+  void ListFindings();
   void CloseOrStay();
   void End();
 
   WxTurn& turn_;
   CatalogueId id_;
-  std::optional<std::string> dfv_;  // the ".DFV" value that came with the catalogue
+  CatalogueContent content_;  // as it was opened
+  std::optional<OpenedFindings> findings_;
   bool viewOnly_;
   bool closesWhenGivenUp_;
   std::vector<Part> parts_;
@@ -116,6 +129,8 @@ class EditorForm : public wxDialog {
   wxButton* save_ = nullptr;
   wxButton* undo_ = nullptr;
   wxButton* redo_ = nullptr;
+  wxButton* list_ = nullptr;
+  wxString count_;  // the caption of that button, with %1 for the number
   bool busy_ = false;
   bool fromCopy_;         // opened on the local copy, which may never have been sent
   bool givenUp_ = false;  // a write failed: the copy is stored, the controller lacks it
@@ -123,7 +138,9 @@ class EditorForm : public wxDialog {
   bool asking_ = false;   // a question about closing is open
 };
 
-/// Shows the form until it is closed, then destroys it. Calls `opened` once the form is visible.
-void ShowEditorForm(EditorForm* form, ZV_Proc& proc, std::function<void()> opened);
+/// Shows the form until it is closed, then destroys it. Once the form is visible, calls `opened`
+/// and goes to an entry.
+void ShowEditorForm(EditorForm* form, ZV_Proc& proc, const std::optional<EntryPlace>& at,
+                    std::function<void()> opened);
 
 }  // namespace zek

@@ -16,7 +16,8 @@ namespace {
 struct Editor {
   const char* form;
   Catalogue catalogue;
-  void (*show)(wxWindow*, ZV_Proc&, WxTurn&, const CatalogueContent&);
+  void (*show)(wxWindow*, ZV_Proc&, WxTurn&, const CatalogueContent&,
+               const std::optional<EntryPlace>&);
   const char* first;                  // has the focus first
   std::vector<int> change;            // keys that begin a change
   int end;                            // the key that completes it; 0 if the others already do
@@ -44,7 +45,7 @@ struct EditorFormTest : testing::TestWithParam<Editor> {
     content.from = from;
     Play(
         {{[] { return IsActive(GetParam().form) && HasFocus(GetParam().first); }, std::move(act)}});
-    GetParam().show(nullptr, session, world.turn, content);
+    GetParam().show(nullptr, session, world.turn, content, {});
     asked_ = world.prompts.shown.size();
     Pump(20);  // the form is deleted when idle; the next form has controls of the same names
   }

@@ -9,6 +9,7 @@
 #include "SpokenName.h"
 #include "catalogue/Catalogue.h"
 #include "forms/calendar/ZV_SDC.h"
+#include "ui/Mnemonics.h"
 
 namespace zek::window {
 namespace {
@@ -156,6 +157,30 @@ TEST_F(CalendarFormTest, TheTypeAndTheFramesHaveKeys) {
           Press(WXK_ESCAPE);
         }}});
   EXPECT_TRUE(PlantLines().empty());
+}
+
+// By keys, then by mouse.
+TEST_F(CalendarFormTest, AYearLeadsToItsDays) {
+  const auto year = [] { return dynamic_cast<YearGrid*>(Shown("Picture_Year")); };
+  Run({{InEditor, [&] {
+          Press(MnemonicOf(Shown("Command_Year")->GetLabel()), wxMOD_ALT);
+          EXPECT_TRUE(PumpUntil([] { return HasFocus("Picture_Year"); }));
+          for (int month = static_cast<int>(wxDateTime::Today().GetMonth()); month < 11; ++month)
+            Press(WXK_PAGEDOWN);
+          Press(WXK_HOME);
+          for (int row = 0; row < 3; ++row) Press(WXK_DOWN);
+          EXPECT_TRUE(PumpUntil(
+              [] { return Spoken("Picture_Year").find(" 22 december ") != std::string::npos; }));
+          Turn(december, [] { Press(WXK_RETURN); });
+          EXPECT_TRUE(HasFocus("Picture_Days"));
+          Click(*Shown("Command_Year"));
+          EXPECT_TRUE(PumpUntil([&] { return year() != nullptr && year()->HasFocus(); }));
+          const wxRect day = year()->CellOf(0, 6);
+          ClickAt(year()->ClientToScreen(day.GetPosition() + day.GetSize() / 2));
+          Turn("Januari " + std::to_string(ThisYear()), [] {});
+          EXPECT_NE(Spoken("Picture_Days").find(" 6 januari "), std::string::npos);
+          Escape();
+        }}});
 }
 
 TEST_F(CalendarFormTest, RefusedLinesAreToldInOrderThenTheGridHasTheFocus) {

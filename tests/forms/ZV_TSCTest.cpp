@@ -85,6 +85,32 @@ TEST_F(BrowserTest, ASearchFindsANodeOfAnyObject) {
         }}});
 }
 
+// From the list of the plant by keys, from that of the editor by mouse.
+TEST_F(BrowserTest, AFindingLeadsToItsPlace) {
+  auto& line = world.plant.outstations[0].weekday.lines.at(1000);
+  line.replace(line.find("MO..FR"), 6, "WE..FR");
+  world.Select("SKOLA/AHU1");
+  world.Get(Catalogue::Wdc);
+  const auto list = [] { return dynamic_cast<wxListView*>(Shown("List_Findings")); };
+  const auto inList = [&] { return IsActive("ZV_Findings") && list()->GetItemCount() > 0; };
+  const auto atPlace = [] { return IsActive("ZV_WDC") && HasFocus("Text_Start2"); };
+  Run({{InBrowser, [] { Press('G', wxMOD_CONTROL); }},
+       {inList, [] { Press(WXK_RETURN); }},
+       {atPlace, [] { Press(WXK_TAB); }},
+       {[] { return HasFocus("Text_Start3"); }, [] { Click(*Shown("Command_Findings")); }},
+       {inList,
+        [&] {
+          wxRect row;
+          list()->GetItemRect(0, row);
+          wxUIActionSimulator mouse;
+          mouse.MouseMove(list()->ClientToScreen(row.GetPosition() + wxPoint(120, row.height / 2)));
+          mouse.MouseDblClick();
+        }},
+       {atPlace, [] { Escape(); }},
+       {inList, [] { Escape(); }},
+       {InBrowser, [] { Escape(); }}});
+}
+
 TEST_F(BrowserTest, EraseAsksFirst) {
   const std::string path = world.directory + "PLANT_5100_3 Kontoret TF2.TXT";
   EXPECT_FALSE(world.files.Write(path, "x"));

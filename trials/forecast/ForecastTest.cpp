@@ -152,13 +152,14 @@ TEST(Forecast, KnowsWhatIsWithoutEffect) {
   int right = 0;
   for (int number = 0; number < lines; ++number) {
     const Schedule with = random.Next(number % 2 == 0 ? Generation::Zek1 : Generation::Zek2);
-    Schedule without = WithoutRow(
-        with, with.weekdayLines[static_cast<std::size_t>(random.Below(kWeekdayDays))][0]);
+    Doubt doubt{FindingKind::RowNoEffect,
+                with.weekdayLines[static_cast<std::size_t>(random.Below(kWeekdayDays))][0]};
     if (number % 3 == 1 && !with.exceptions.empty())
-      without = WithoutException(with, with.exceptions.front().number);
+      doubt = {FindingKind::ExceptionNoEffect, with.exceptions.front().number};
     if (number % 3 == 2 && !with.calendar.empty())
-      without = WithoutDates(with, with.calendar.front().line);
-    const bool differ = HaveDifferentValues(with, without, DayOf(Comparison::kFrom));
+      doubt = {FindingKind::DateNoEffect, with.calendar.front().line};
+    const bool differ = HaveEffect(with, doubt, DayOf(Comparison::kFrom));
+    const Schedule without = Without(with, doubt);
     right += differ == ReplaysDiffer(with, without) ? 1 : 0;
   }
   EXPECT_EQ(right, lines);

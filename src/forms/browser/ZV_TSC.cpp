@@ -92,6 +92,7 @@ void ZV_TSC::BindEvents() {
   onMenu(Menu_EraseSDC, [this] { Erase(Catalogue::Sdc); });
   onMenu(Menu_EraseOVC, [this] { Erase(Catalogue::Ovc); });
   onMenu(Menu_History, [this] { OnHistory(); });
+  onMenu(Menu_Findings, [this] { OnFindings(); });
   onMenu(Menu_Batch_Run, [this] { StartBatch(); });
   onMenu(Menu_Batch_GetWDC, [this] { ToggleBatch(&BatchKinds::WDC); });
   onMenu(Menu_Batch_GetSDC, [this] { ToggleBatch(&BatchKinds::SDC); });
@@ -260,7 +261,7 @@ void ZV_TSC::CancelLater() {
   CallAfter([&proc = proc_] { CancelTransfer(proc); });
 }
 
-void ZV_TSC::Get(Catalogue catalogue, ShowEditor showEditor) {
+void ZV_TSC::Get(Catalogue catalogue, ShowEditor showEditor, const std::optional<EntryPlace>& at) {
   if (busy_ || !TreeView->Selected() || !proc_.selection.Has(catalogue)) return;
   const wxWeakRef<ZV_TSC> alive(this);
   const Selection of = proc_.selection;
@@ -273,7 +274,7 @@ void ZV_TSC::Get(Catalogue catalogue, ShowEditor showEditor) {
   if (close) {
     Close();
   } else if (content) {
-    showEditor(this, proc_, turn_, *content);
+    showEditor(this, proc_, turn_, *content, at);
     if (!alive) return;
     ReadStatesAgain(&of);
     TakeKeys();

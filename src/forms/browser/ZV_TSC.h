@@ -15,6 +15,7 @@
 #include "app/ZV_Proc.h"
 #include "catalogue/Catalogue.h"
 #include "catalogue/CopyStates.h"
+#include "editors/FindingPlaces.h"
 #include "export/BatchExport.h"
 #include "forms/browser/ZV_TSCList.h"
 #include "forms/browser/ZV_TSCTree.h"
@@ -71,12 +72,13 @@ class ZV_TSC final : public wxFrame {
   void OnClose(wxCloseEvent& event);
   void OnIconize(wxIconizeEvent& event);
   using ShowEditor = void (*)(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
-                              const CatalogueContent& content);
+                              const CatalogueContent& content, const std::optional<EntryPlace>& at);
   /// Runs a transfer with the form blocked. Returns true if the form is to be closed, or is gone.
   bool Transfer(const std::function<void()>& transfer);
   void CancelLater();
   void TakeKeys();
-  void Get(Catalogue catalogue, ShowEditor showEditor);
+  void Get(Catalogue catalogue, ShowEditor showEditor, const std::optional<EntryPlace>& at = {});
+  void OnFindings();
   void Erase(Catalogue catalogue);
   void OnHistory();
 
@@ -128,6 +130,7 @@ enum Menu : int {
   Menu_EraseSDC,
   Menu_EraseOVC,
   Menu_History,
+  Menu_Findings,
   Menu_Batch_Run,
   Menu_Batch_GetWDC,
   Menu_Batch_GetSDC,

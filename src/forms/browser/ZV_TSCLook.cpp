@@ -39,6 +39,8 @@ std::unique_ptr<wxMenu> ZV_TSC::TSCMenu() const {
   menu->Append(Menu_EraseSDC, Label(text::kBrowserEraseSDC));
   menu->Append(Menu_EraseOVC, Label(text::kBrowserEraseOVC));
   menu->Append(Menu_History, Label(text::kHistoryMenu, "F8"));
+  menu->AppendSeparator();
+  menu->Append(Menu_Findings, Label(text::kFindingsPlantMenu, "Ctrl+G"));
   return menu;
 }
 

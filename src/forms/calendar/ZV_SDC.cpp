@@ -4,6 +4,7 @@
 #include <vector>
 
 #include <wx/accel.h>
+#include <wx/gdicmn.h>
 
 #include "lang/TextNumbers.h"
 #include "ui/Mnemonics.h"
@@ -12,7 +13,7 @@
 namespace zek {
 namespace {
 
-CalendarDate DateOf(const LocalTime& now) { return {now.year, now.month - 1, now.day}; }
+CalendarDate Today(const LocalTime& now) { return {now.year, now.month - 1, now.day}; }
 
 }  // namespace
 
@@ -53,7 +54,38 @@ void ZV_SDC::BindEvents() {
   };
   step(Command_Last, -1);
   step(Command_Next, 1);
+  Command_Year->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ShowYearView(!yearView_); });
   BuildAccelerators();
+}
+
+wxWindow* ZV_SDC::Days() const {
+  return yearView_ ? static_cast<wxWindow*>(Picture_Year) : Picture_Days;
+}
+
+void ZV_SDC::ShowYearView(bool year) {
+  yearView_ = year;
+  for (wxSizer* const part : ofMonth_) part->ShowItems(!year);
+  Picture_Days->Show(!year);
+  Picture_Year->Show(year);
+  Command_Year->SetLabel(yearCaptions_.at(year ? 1 : 0));
+  // Grows for the year if the screen has the room, and stays so.
+  SetMinSize(wxDefaultSize);
+  wxSize size = GetSize();
+  size.IncTo(GetSizer()->ComputeFittingWindowSize(this));
+  size.DecTo(wxGetClientDisplayRect().GetSize());
+  SetSize(size);
+  Layout();
+  ShowAll();
+  FocusEntry();
+}
+
+void ZV_SDC::GoTo(const EntryPlace& place) {
+  if (place.date) {
+    const DateParts date = DateOf(StartOf(*place.date));
+    editor_.ShowDate({date.year, date.month - 1, date.day});
+    ShowYearView(false);
+  }
+  FocusEntry();
 }
 
 // A frame's letter moves the focus into the frame: to the days or to the chosen option.
@@ -72,7 +104,7 @@ void ZV_SDC::BuildAccelerators() {
         id);
   };
   const auto place = [](int number) { return static_cast<std::size_t>(number); };
-  lead(Frame_SDC, [this] { return Picture_Days; });
+  lead(Frame_SDC, [this] { return Days(); });
   lead(Frame_Day, [=, this] { return Option_Day.at(place(editor_.DayType().value_or(0))); });
   lead(Frame_Year, [=, this] { return Option_Year.at(place(editor_.Year())); });
   lead(Frame_Month, [=, this] { return Option_Month.at(place(editor_.Month())); });
@@ -88,7 +120,7 @@ void ZV_SDC::ShowAll() {
   check(Option_Month, editor_.Month());
   if (const auto type = editor_.DayType()) check(Option_Day, *type);
   month_->SetLabel(ToWx(editor_.MonthText(proc_.texts)));
-  Picture_Days->ShowDays();
+  yearView_ ? Picture_Year->ShowDays() : Picture_Days->ShowDays();
   ShowChanges();
 }
 
@@ -105,15 +137,16 @@ void ZV_SDC::Redo() {
 }
 
 void ShowCalendarForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
-                      const CatalogueContent& content) {
+                      const CatalogueContent& content, const std::optional<EntryPlace>& at) {
   const Topic& topic = proc.topics[proc.selection.CurrentObject];
   // Outlives the form, which may be destroyed with its parent during a save.
   CalendarEditor editor(content.lines, proc.selection.Id(Catalogue::Sdc).Owner(),
-                        YearsOf(proc.settings, topic.TopicType), DateOf(proc.now()),
+                        YearsOf(proc.settings, topic.TopicType), Today(proc.now()),
                         proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit);
   editor.CountLost(content.linesDropped);
+  editor.NameSpecialDays(ReadSpecialDayNames(proc.profile, topic.TopicName));
   if (proc.settings.SwedishHolidays) editor.MarkSwedishHolidays();
-  ShowEditorForm(new ZV_SDC(parent, proc, turn, content, editor), proc,
+  ShowEditorForm(new ZV_SDC(parent, proc, turn, content, editor), proc, at,
                  [&proc, refused = editor.Refused()] {
                    for (const RefusedDates& each : refused)
                      ShowRefused(each, proc.prompts, proc.texts);

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
+#include <vector>
 
 #include <wx/button.h>
 #include <wx/radiobut.h>
@@ -14,6 +16,7 @@
 #include "editors/CalendarEditor.h"
 #include "forms/EditorForm.h"
 #include "forms/calendar/ZV_SDCDays.h"
+#include "forms/calendar/ZV_SDCYear.h"
 #include "wxbase/WxTurn.h"
 
 namespace zek {
@@ -24,14 +27,16 @@ class ZV_SDC final : public EditorForm {
   ZV_SDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
          CalendarEditor& editor);
 
-  /// Moves the focus to the month grid.
-  void FocusEntry() override { Picture_Days->SetFocus(); }
+  /// Moves the focus to the month or the year.
+  void FocusEntry() override { Days()->SetFocus(); }
+  void GoTo(const EntryPlace& place) override;
 
  private:
   static constexpr std::size_t kDayTypes = kCalendarDayTypes + 1;
 
   std::optional<EditedCatalogue> Edited() override { return editor_.Edited(); }
   EditState State() const override { return editor_.State(); }
+  EditedTable Edits() const override { return editor_.Table(); }
   std::string PlaceName() const override { return editor_.MonthText(proc_.texts); }
   void Undo() override;
   void Redo() override;
@@ -40,10 +45,14 @@ class ZV_SDC final : public EditorForm {
   void BuildGrid();
   void BuildDayTypes();
   void BuildYearsAndMonths();
+  void BuildYearView();
   wxStaticBox* NewFrame(const std::string& name, int captionText, bool usable = true);
   wxSizer* GridContent();
   wxSizer* DayTypeContent();
   void BindEvents();
+  wxWindow* Days() const;
+  /// Shows twelve months or one.
+  void ShowYearView(bool year);
   void BuildAccelerators();
   /// Shows the editor's state in the grid and in the options beside it.
   void ShowAll();
@@ -55,6 +64,11 @@ class ZV_SDC final : public EditorForm {
   wxStaticText* month_ = nullptr;
   wxButton* Command_Next = nullptr;
   DayGrid* Picture_Days = nullptr;
+  YearGrid* Picture_Year = nullptr;
+  wxButton* Command_Year = nullptr;
+  std::vector<wxSizer*> ofMonth_;  // what only the view of one month shows
+  bool yearView_ = false;
+  std::array<wxString, 2> yearCaptions_;  // of the button in either view
   wxStaticBox* Frame_Day = nullptr;
   std::array<wxRadioButton*, kDayTypes> Option_Day{};
   wxStaticBox* Frame_Year = nullptr;
@@ -68,7 +82,8 @@ class ZV_SDC final : public EditorForm {
 
 /// Opens `ZV_SDC`, the calendar editor, on the special-day calendar of the selected node. The user
 /// can edit it, and "Spara" writes it. Modal: returns when the editor is closed.
+/// It first goes to `at`.
 void ShowCalendarForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
-                      const CatalogueContent& content);
+                      const CatalogueContent& content, const std::optional<EntryPlace>& at = {});
 
 }  // namespace zek

@@ -49,8 +49,9 @@ DayColours ColoursNow() {
           ToColour(colours.selected),      ToColour(colours.selectedBackground)};
 }
 
-// Maps a key of the number pad to the same key of the main keyboard.
-int Plain(int key) {
+}  // namespace
+
+int PlainKey(int key) {
   constexpr auto pairs = std::to_array<std::pair<int, int>>({{WXK_NUMPAD_LEFT, WXK_LEFT},
                                                              {WXK_NUMPAD_RIGHT, WXK_RIGHT},
                                                              {WXK_NUMPAD_UP, WXK_UP},
@@ -67,7 +68,19 @@ int Plain(int key) {
   return found == pairs.end() ? key : found->second;
 }
 
-}  // namespace
+std::optional<CalendarMove> MoveOfKey(int key) {
+  constexpr auto moves = std::to_array<std::pair<int, CalendarMove>>({
+      {WXK_LEFT, CalendarMove::Left},
+      {WXK_RIGHT, CalendarMove::Right},
+      {WXK_UP, CalendarMove::Up},
+      {WXK_DOWN, CalendarMove::Down},
+      {WXK_HOME, CalendarMove::Home},
+      {WXK_END, CalendarMove::End},
+  });
+  const auto* const found = std::find_if(moves.begin(), moves.end(),
+                                         [key](const auto& move) { return move.first == key; });
+  return found == moves.end() ? std::nullopt : std::optional(found->second);
+}
 
 DayGrid::DayGrid(wxWindow* parent, CalendarEditor& editor, const LanguageTexts& texts,
                  Prompts& prompts, std::function<void()> changed)
@@ -243,7 +256,7 @@ void DayGrid::OnRelease(wxMouseEvent& event) {
 // --- Keyboard ---
 
 void DayGrid::OnKey(wxKeyEvent& event) {
-  const int key = Plain(event.GetKeyCode());
+  const int key = PlainKey(event.GetKeyCode());
   if (key == WXK_TAB) {
     // `FromTab` makes the focus enter a group at its chosen option.
     Navigate(wxNavigationKeyEvent::FromTab | (event.ShiftDown() ? wxNavigationKeyEvent::IsBackward
@@ -270,18 +283,9 @@ bool DayGrid::TakeKey(int key, int modifiers) {
 }
 
 bool DayGrid::TakeMove(int key, bool extend) {
-  constexpr auto moves = std::to_array<std::pair<int, CalendarMove>>({
-      {WXK_LEFT, CalendarMove::Left},
-      {WXK_RIGHT, CalendarMove::Right},
-      {WXK_UP, CalendarMove::Up},
-      {WXK_DOWN, CalendarMove::Down},
-      {WXK_HOME, CalendarMove::Home},
-      {WXK_END, CalendarMove::End},
-  });
-  const auto* const found = std::find_if(moves.begin(), moves.end(),
-                                         [key](const auto& move) { return move.first == key; });
-  if (found == moves.end()) return false;
-  editor_.MoveCursor(found->second, extend);
+  const auto move = MoveOfKey(key);
+  if (!move) return false;
+  editor_.MoveCursor(*move, extend);
   changed_();
   return true;
 }

@@ -16,6 +16,12 @@ struct DayColours;
 /// Sent by `DayGrid` when days can't be given a type, because none is chosen.
 wxDECLARE_EVENT(EVT_TYPE_MISSING, wxCommandEvent);
 
+/// Maps a key of the number pad to the same key of the main keyboard.
+int PlainKey(int key);
+
+/// Returns the move of an arrow, Home or End.
+std::optional<CalendarMove> MoveOfKey(int key);
+
 /// `Picture_Days`: the days of one month, in a column for each weekday. The user selects days by
 /// mouse or keyboard and gives them the editor's day type.
 ///

@@ -48,17 +48,22 @@ void ZV_SDC::Build() {
   BuildGrid();
   BuildDayTypes();
   BuildYearsAndMonths();
+  BuildYearView();
   undoAndRedo_ = NewUndoAndRedo(letters_);
   Command_Ok = NewSave(letters_.Give(Caption(text::kCalendarOk)), {});
   Command_Cancel = NewCommand(wxID_CANCEL, "Command_Cancel",
                               letters_.Give(Caption(text::kCalendarCancel)), {}, false);
+  NewFindings(letters_);
   const int gap = FromDIP(kGap);
+  auto* const dayTypes = DayTypeContent();
+  auto* const months = InRows(Option_Month, Frame_Month, kMonthColumns);
+  ofMonth_.insert(ofMonth_.end(), {dayTypes, months});
   auto* const upper = new wxBoxSizer(wxHORIZONTAL);
   upper->Add(GridContent(), 1, wxEXPAND | wxRIGHT, gap);
-  upper->Add(DayTypeContent(), 0, wxEXPAND);
+  upper->Add(dayTypes, 0, wxEXPAND);
   auto* const lower = new wxBoxSizer(wxHORIZONTAL);
   lower->Add(InRows(Option_Year, Frame_Year, kYearColumns), 0, wxEXPAND | wxRIGHT, gap);
-  lower->Add(InRows(Option_Month, Frame_Month, kMonthColumns), 1, wxEXPAND);
+  lower->Add(months, 1, wxEXPAND);
   auto* const hint = new wxStaticText(
       this, wxID_ANY,
       editor_.ViewOnly() ? wxString()
@@ -70,6 +75,7 @@ void ZV_SDC::Build() {
       this, wxID_ANY, ToWx(Message(proc_.Text(text::kOfController), {object.Description})));
   auto* const commands = new wxBoxSizer(wxHORIZONTAL);
   commands->Add(undoAndRedo_, 0, wxRIGHT, 3 * gap);
+  commands->Add(Command_Year, 0, wxRIGHT, 3 * gap);
   commands->AddStretchSpacer();
   commands->Add(Command_Ok, 0, wxRIGHT, gap);
   commands->Add(Command_Cancel);
@@ -109,6 +115,16 @@ void ZV_SDC::BuildGrid() {
   });
   Picture_Days->Bind(EVT_TYPE_MISSING,
                      [this](wxCommandEvent&) { Say(proc_.Text(text::kTypeFirst)); });
+  Picture_Year = new YearGrid(
+      Frame_SDC, editor_, proc_.texts, [this] { ShowAll(); }, [this] { ShowYearView(false); });
+  Picture_Year->Hide();
+}
+
+void ZV_SDC::BuildYearView() {
+  yearCaptions_ = {letters_.Give(Caption(text::kYearView)),
+                   letters_.Give(Caption(text::kMonthView))};
+  Command_Year =
+      NewCommand(wxID_ANY, "Command_Year", yearCaptions_[0], Caption(text::kYearViewHint), false);
 }
 
 void ZV_SDC::BuildDayTypes() {
@@ -119,7 +135,7 @@ void ZV_SDC::BuildDayTypes() {
   none->Hide();
   BuildOptions(
       Option_Day, Frame_Day, "Option_Day",
-      [this](int type) { return ToWx(DayTypeCaption(type, proc_.texts)); }, 0);
+      [this](int type) { return ToWx(editor_.TypeCaption(type, proc_.texts)); }, 0);
 }
 
 void ZV_SDC::BuildYearsAndMonths() {
@@ -141,6 +157,8 @@ wxSizer* ZV_SDC::GridContent() {
   auto* const whole = new wxStaticBoxSizer(Frame_SDC, wxVERTICAL);
   whole->Add(heading, 0, wxEXPAND | wxALL, gap);
   whole->Add(Picture_Days, 1, wxEXPAND | wxLEFT | wxRIGHT | wxBOTTOM, gap);
+  whole->Add(Picture_Year, 1, wxEXPAND | wxALL, gap);
+  ofMonth_.push_back(heading);
   return whole;
 }
 

@@ -45,6 +45,7 @@ void ZV_OVC::Build() {
   Command_Ok = NewSave(letters.Give(Caption(kOk)), Caption(kOkToolTip));
   Command_Cancel =
       NewCommand(wxID_CANCEL, "Command_Cancel", letters.Give(Caption(kCancel)), {}, false);
+  NewFindings(letters);
 }
 
 void ZV_OVC::Arrange() {
@@ -82,8 +83,13 @@ std::string ZV_OVC::PlaceName() const {
   return proc_.Text(text::kRowHeading) + " " + std::to_string(editor_.Row() + 1);
 }
 
+void ZV_OVC::GoTo(const EntryPlace& place) {
+  if (place.exception) return grid_->Focus({ExceptionBox::DateOn, *place.exception});
+  FocusEntry();
+}
+
 void ShowExceptionForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
-                       const CatalogueContent& content) {
+                       const CatalogueContent& content, const std::optional<EntryPlace>& at) {
   const char separator = proc.settings.DecimalSeparator;
   const PickList pickList = ReadPickList(proc.profile, proc.selection.PickListTable, separator);
   // Outlives the form, which may be destroyed with its parent during a save.
@@ -91,7 +97,7 @@ void ShowExceptionForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
                          pickList, proc.settings.ViewOnly ? Access::ViewOnly : Access::Edit,
                          [&proc] { return MomentOf(proc.now()); });
   editor.CountLost(content.linesDropped);
-  ShowEditorForm(new ZV_OVC(parent, proc, turn, content, editor), proc,
+  ShowEditorForm(new ZV_OVC(parent, proc, turn, content, editor), proc, at,
                  [&] { TellOpened(proc, content, pickList, editor.Refused()); });
 }
 

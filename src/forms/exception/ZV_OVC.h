@@ -35,6 +35,8 @@ class ZV_OVC final : public EditorForm {
   std::string PlaceName() const override;
   std::optional<EditedCatalogue> Edited() override { return editor_.Edited(proc_.Numbers()); }
   void FocusEntry() override { grid_->FocusLast(); }
+  void GoTo(const EntryPlace& place) override;
+  EditedTable Edits() const override { return editor_.Table(); }
   bool TakeKey(int key) override { return grid_->TakeKey(key); }
 
   ExceptionEditor& editor_;
@@ -48,7 +50,8 @@ class ZV_OVC final : public EditorForm {
 
 /// Opens `ZV_OVC`, the exception editor, on an exception catalogue of the selected node. The user
 /// can edit it, and "Spara" writes it. Modal: returns when the editor is closed.
+/// It first goes to `at`.
 void ShowExceptionForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
-                       const CatalogueContent& content);
+                       const CatalogueContent& content, const std::optional<EntryPlace>& at = {});
 
 }  // namespace zek

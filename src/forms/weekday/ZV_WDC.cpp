@@ -52,8 +52,22 @@ std::optional<EditedCatalogue> ZV_WDC::Edited() {
   return edited;
 }
 
-void ShowWeekdayForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
-                     const CatalogueContent& content) {
+void ZV_WDC::GoTo(const EntryPlace& place) {
+  if (!place.cell) return FocusEntry();
+  ShowAt(editor_.ShowCell(*place.cell));
+}
+
+std::vector<Finding> ZV_WDC::OwnFindings() const {
+  std::vector<Finding> findings;
+  for (const WeekdayCell& cell : editor_.NotEntered()) {
+    findings.push_back(
+        {FindingKind::StartNotEntered, "wdc " + std::to_string(NumberOfCell(cell)), {}});
+  }
+  return findings;
+}
+
+void ShowWeekdayForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
+                     const std::optional<EntryPlace>& at) {
   // An object's own node has no control name, so none of the catalogue's lines belong to it.
   const bool viewOnly = proc.settings.ViewOnly || proc.selection.TscName.empty();
   const PickList pickList =
@@ -63,7 +77,8 @@ void ShowWeekdayForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
                        proc.settings.DecimalSeparator, pickList,
                        viewOnly ? Access::ViewOnly : Access::Edit);
   editor.CountLost(content.linesDropped);
-  ShowEditorForm(new ZV_WDC(parent, proc, turn, content, editor), proc,
+  editor.NameSpecialDays(ReadSpecialDayNames(proc.profile, proc.selection.TopicName));
+  ShowEditorForm(new ZV_WDC(parent, proc, turn, content, editor), proc, at,
                  [&] { TellOpened(proc, content, pickList, editor.Refused()); });
 }
 

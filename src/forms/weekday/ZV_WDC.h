@@ -42,6 +42,9 @@ class ZV_WDC final : public EditorForm {
   std::string PlaceName() const override { return editor_.PlaceName(proc_.texts); }
   std::optional<EditedCatalogue> Edited() override;
   void FocusEntry() override { grid_->FocusStart(editor_.Column()); }
+  void GoTo(const EntryPlace& place) override;
+  EditedTable Edits() const override { return editor_.Table(); }
+  std::vector<Finding> OwnFindings() const override;
   bool TakeKey(int key) override { return grid_->TakeKey(key); }
 
   WeekdayEditor& editor_;
@@ -59,7 +62,8 @@ class ZV_WDC final : public EditorForm {
 
 /// Opens `ZV_WDC`, the weekday editor, on a weekday catalogue of the selected node. The user can
 /// edit it, and "Spara" writes it. Modal: returns when the editor is closed.
-void ShowWeekdayForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn,
-                     const CatalogueContent& content);
+/// It first goes to `at`.
+void ShowWeekdayForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueContent& content,
+                     const std::optional<EntryPlace>& at = {});
 
 }  // namespace zek

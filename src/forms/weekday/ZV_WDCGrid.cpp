@@ -45,7 +45,7 @@ void WeekdayGrid::BuildLabels() {
   for (std::size_t column = 0; column < kDaysOfType; ++column) {
     auto*& label = Label_Weekdays.at(column);
     label = new wxStaticText(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
-                             wxALIGN_CENTRE_HORIZONTAL | wxST_NO_AUTORESIZE);
+                             wxALIGN_CENTRE_HORIZONTAL | wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
     label->SetName("Label_Weekdays" + std::to_string(column));
   }
 }
@@ -155,6 +155,7 @@ void WeekdayGrid::ShowHeaders() {
     const wxString day = ToWx(editor_.DayName(column, Texts()));
     if (label.GetLabel() == day) continue;
     label.SetLabel(day);
+    label.SetToolTip(day);
     for (std::size_t i = 0; i < kBoxKinds; ++i)
       Box(NumberOf({static_cast<WeekdayBox>(i), column}))
           .SetSpokenName(Label_Info.at(i)->GetLabel() + " " + day);

@@ -25,6 +25,7 @@ void ZV_WDC::Build() {
   BuildCommands(letters);
   for (std::size_t type = 0; type < Option_Type.size(); ++type)
     optionLetters_.at(type) = letters.Give(ToWx(editor_.TypeCaption(type, proc_.texts))).find('&');
+  NewFindings(letters);
   ShowTypeCaptions();
   Arrange();
 }

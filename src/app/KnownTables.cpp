@@ -1,0 +1,120 @@
+#include "app/KnownTables.h"
+
+#include <utility>
+
+#include "editors/FindingPlaces.h"
+#include "editors/PickList.h"
+#include "findings/OwnNumbers.h"
+
+namespace zek {
+namespace {
+
+using enum FindingKind;
+
+std::vector<float> ListedValues(const ZV_Proc& proc, const Selection& node) {
+  std::vector<float> values;
+  const PickList list =
+      ReadPickList(proc.profile, node.PickListTable, proc.settings.DecimalSeparator);
+  for (const PickListItem& item : list.items)
+    if (const MaybeValue value = ValueIn(item.value)) values.push_back(*value);
+  return values;
+}
+
+// What the kind needs of other catalogues.
+bool CanJudge(const KnownTables& control, const Finding& finding) {
+  switch (finding.kind) {
+    case TypeUnused:
+      return control.calendar;
+    case TypeWithoutRows:
+      return control.All();
+    case StopWithoutValue:
+      return control.exceptions;  // they may have the default value
+    default:
+      return true;
+  }
+}
+
+void Add(std::vector<Finding>& to, const std::vector<Finding>& from, Catalogue catalogue,
+         const KnownTables& control) {
+  for (const Finding& finding : from) {
+    const bool here = CatalogueOf(finding).value_or(Catalogue::Wdc) == catalogue;
+    if (here && CanJudge(control, finding)) to.push_back(finding);
+  }
+}
+
+}  // namespace
+
+void KnownTables::Put(const EditedTable& table) {
+  Schedule& schedule = tables.schedule;
+  if (const auto* const weekdayTable = std::get_if<WeekdayTable>(&table)) {
+    schedule.weekdays = *weekdayTable;
+    schedule.weekdayLines = OwnNumbers(*weekdayTable);
+  } else if (const auto* const dates = std::get_if<CalendarTable>(&table)) {
+    tables.calendar.table = *dates;
+    schedule.calendar = OwnNumbers(*dates);
+  } else {
+    schedule.exceptions = OwnNumbers(std::get<ExceptionTable>(table));
+  }
+}
+
+KnownTables ReadKnownTables(const ZV_Proc& proc, const Selection& node, const OpenCatalogue* open) {
+  const auto content = [&](Catalogue catalogue) {
+    if (open != nullptr && open->catalogue == catalogue) return open->content;
+    const CatalogueId id = node.Id(catalogue);
+    return proc.copies.Exists(id) ? proc.copies.Peek(id) : CatalogueContent();
+  };
+  const CatalogueContent weekdays = content(Catalogue::Wdc);
+  const CatalogueContent calendar = content(Catalogue::Sdc);
+  const CatalogueContent exceptions = content(Catalogue::Ovc);
+  KnownTables known;
+  ControlTables& tables = known.tables;
+  known.weekdays = weekdays.from != LinesFrom::Nowhere;
+  known.calendar = calendar.from != LinesFrom::Nowhere;
+  known.exceptions = exceptions.from != LinesFrom::Nowhere;
+  tables.owner = node.Id(Catalogue::Wdc).Owner();
+  tables.weekdayLines = weekdays.lines;
+  tables.calendarLines = calendar.lines;
+  tables.exceptionLines = exceptions.lines;
+  tables.weekdays = ReadWeekday(weekdays.lines, tables.owner);
+  tables.calendar =
+      ReadCalendar(calendar.lines, YearsOf(proc.settings, node.generation), CalendarYears::kFirst);
+  tables.exceptions = ReadExceptions(exceptions.lines, tables.owner);
+  tables.schedule =
+      ScheduleOf(tables.weekdays, tables.calendar, tables.exceptions, weekdays.dfv, exceptions.dfv);
+  tables.listedValues = ListedValues(proc, node);
+  known.Put(tables.weekdays.table);
+  known.Put(tables.calendar.table);
+  known.Put(tables.exceptions.table);
+  return known;
+}
+
+FindingContext ContextNow(const ZV_Proc& proc) {
+  const LocalTime now = proc.now();
+  return {DayOf(DateMoment(now.year, now.month, now.day)), proc.settings.SwedishHolidays,
+          proc.settings.DecimalSeparator, false};
+}
+
+FindingSearch SearchControl(Catalogue catalogue, const KnownTables& control, bool lines,
+                            const FindingContext& context) {
+  const ControlTables& tables = control.tables;
+  std::vector<Finding> found;
+  Add(found, FindingsOf(tables, context), catalogue, control);
+  if (lines) Add(found, SharedFindings({&tables, 1}, false, context), catalogue, control);
+  std::vector<Doubt> doubts;
+  if (control.All()) {
+    doubts = catalogue == Catalogue::Wdc ? DoubtsOfRows(tables.schedule, context.today)
+                                         : DoubtsOfExceptions(tables.schedule, context.today);
+  }
+  return {std::move(found), std::move(doubts), {tables.schedule}, context.today};
+}
+
+FindingSearch SearchCalendar(const KnownTables& any, std::vector<Schedule> controls,
+                             const FindingContext& context) {
+  std::vector<Finding> found;
+  Add(found, SharedFindings({&any.tables, 1}, false, context), Catalogue::Sdc, any);
+  std::vector<Doubt> doubts;
+  if (!controls.empty()) doubts = DoubtsOfDates(any.tables.schedule, context.today);
+  return {std::move(found), std::move(doubts), std::move(controls), context.today};
+}
+
+}  // namespace zek
