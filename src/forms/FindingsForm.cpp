@@ -111,7 +111,7 @@ class FindingsForm final : public wxDialog {
 
   void OnIdle(wxIdleEvent& event) {
     event.Skip();
-    if (!searching_) return;
+    if (!searching_ || !IsShown()) return;  // once it is closed, the source is gone
     searching_ = source_.step();
     for (const FindingRow& row : source_.rowsFrom(shown_)) AddRow(row);
     ShowRemark();
