@@ -20,6 +20,7 @@ catalogue        reading, sending and comparing catalogues; local copies; the ob
 editors          the rules of the three editors and the pick-lists, without windows
 app              the session, and what every program does when it starts
 export           the batch export
+plan             one change of many controllers: change lists, plans, applying them
 wxbase           event loop and sockets of the toolkit's base library
 ui               boxes, fonts, pictures and keys: the thin layer over the toolkit's windows
 forms            what the forms share
@@ -39,7 +40,7 @@ ONLY = {
     "plant": {"text", "system", "settings", "formats", "comm"},
     "sim": {"text", "system", "settings", "formats", "comm", "plant"},
     "commands": {"text", "system", "lang", "settings", "formats", "forecast", "findings", "comm",
-                 "catalogue", "export", "editors", "app"},
+                 "catalogue", "export", "editors", "app", "plan"},
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 SRC = pathlib.Path(__file__).resolve().parent.parent / "src"
