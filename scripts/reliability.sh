@@ -6,7 +6,7 @@ set -euo pipefail
 source scripts/common.sh
 
 all=(faults saving history sending undo re-entry intrusion soak living-window round-trips
-  forecast fuzz mutants)
+  forecast plan fuzz mutants)
 bin=build/bin
 log=build/reliability.log
 
@@ -31,6 +31,7 @@ measure() {
     living-window) scripts/headless.sh measure/living-window.py "$bin" data ;;
     round-trips) "$bin/zekview-round-trips" 1000000 ;;
     forecast) tests 'Forecast.*' ;;
+    plan) tests '*PlanTrial*' ;;
     fuzz) scripts/fuzz.sh 10 ;;
     mutants) scripts/mutants.sh 300 "${ZEKVIEW_SEED:-2}" ;;
     *) die "./dev reliability has no part '$1'. The parts are: ${all[*]}." ;;

@@ -15,9 +15,9 @@ namespace zek {
 /// group's order. All lines are own ones if the catalogue is not part of a shared one.
 LinesByOwner SplitLines(const CatalogueId& id, std::span<const std::string> lines);
 
-/// Gives the lines of the controls of `id` numbers that no line of another control in `listing` has.
-/// Returns an error if a number does not fit, and nothing, after a message, if a setting can't be
-/// used.
+/// Gives the lines of the controls of `id` numbers that no line of another control in `listing`
+/// has. Returns an error if a number does not fit, and nothing, after a message, if a setting can't
+/// be used.
 std::optional<BuiltLines> NumberOwnLines(const CatalogueId& id, std::span<const std::string> own,
                                          std::span<const std::string> listing,
                                          const NumberReader& numbers);

@@ -47,8 +47,8 @@ std::optional<PlanReading> ReadPlan(Console& console, const std::string& file) {
   if (!bytes) return std::nullopt;
   PlanReading reading = ReadPlanFile(*bytes);
   if (reading.bad == 0) return reading;
-  Fail(console, console.proc.ToUser().Text(text::kPlanDamaged, {Windows1252FromUtf8(file),
-                                                                std::to_string(reading.bad)}));
+  Fail(console, console.proc.ToUser().Text(
+                    text::kPlanDamaged, {Windows1252FromUtf8(file), std::to_string(reading.bad)}));
   return std::nullopt;
 }
 
@@ -65,9 +65,9 @@ std::optional<ChangeList> ReadChanges(Console& console, const std::string& file)
   const Messages messages = console.proc.ToUser();
   const std::string name = Windows1252FromUtf8(file);
   if (list.bad) {
-    Fail(console, messages.Text(text::kPlanBadLine,
-                                {name, std::to_string(list.bad->line),
-                                 messages.Text(list.bad->text, {list.bad->value})}));
+    Fail(console,
+         messages.Text(text::kPlanBadLine, {name, std::to_string(list.bad->line),
+                                            messages.Text(list.bad->text, {list.bad->value})}));
     return std::nullopt;
   }
   if (!list.changes.empty()) return list;

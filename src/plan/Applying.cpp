@@ -77,7 +77,7 @@ bool Applier::IsWhole(const CatalogueId& id, const Lines& listing) const {
 
 void Applier::KeepAsFetched(const CatalogueId& id, const CatalogueContent& now, bool unsent) {
   if (id.IsPartOfShared()) proc_.records.EndWrite(id, now.lines);
-  if (unsent) return;
+  if (unsent || HaveSameLines(proc_.copies.Peek(id), now)) return;
   const auto value = id.IsOfControl() ? std::optional(now.dfv.value_or(".")) : now.dfv;
   static_cast<void>(proc_.copies.Store(id, now.lines, value));
 }

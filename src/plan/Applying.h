@@ -30,8 +30,8 @@ class Applier {
  private:
   PlanLine Apply(const PlannedCatalogue& planned);
   PlanLine ApplyTo(const PlannedCatalogue& planned, const CatalogueId& id, PlanPrompts& prompts);
-  PlanLine Send(const PlannedCatalogue& planned, const CatalogueId& id,
-                const CatalogueContent& now, bool interrupted, PlanPrompts& prompts);
+  PlanLine Send(const PlannedCatalogue& planned, const CatalogueId& id, const CatalogueContent& now,
+                bool interrupted, PlanPrompts& prompts);
   bool IsWhole(const CatalogueId& id, const std::vector<std::string>& listing) const;
   void KeepAsFetched(const CatalogueId& id, const CatalogueContent& now, bool unsent);
   PlanLine Stale(const PlannedCatalogue& planned, const std::string& differences) const;

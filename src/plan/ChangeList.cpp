@@ -37,6 +37,12 @@ std::pair<std::string_view, std::string_view> EndsOf(std::string_view range) {
   return {range.substr(0, mark), range.substr(mark + kRangeMark.size())};
 }
 
+// Returns the number of keys for another text.
+std::size_t DayIn(std::string_view text) {
+  const auto* const key = std::find(kDayKeys.begin(), kDayKeys.end(), UpperCase(text));
+  return static_cast<std::size_t>(key - kDayKeys.begin());
+}
+
 // Reads one line. The first problem is kept; what was read after it does not count.
 class LineReader {
  public:
@@ -69,7 +75,8 @@ class LineReader {
     if (!Has(count, count)) return std::nullopt;
     const auto [first, last] = EndsOf(words_[0]);
     CalendarChange change{Date(first), Date(last), kNoDayType};
-    if (add) change.type = static_cast<std::int16_t>(Day(words_[1], text::kPlanBadType) + 1);
+    if (add) change.type = static_cast<std::int16_t>(DayIn(words_[1]) + 1);
+    if (change.type > kCalendarDayTypes) Bad(text::kPlanBadType, words_[1]);
     if (PackDate(change.last, 0) < PackDate(change.first, 0)) Bad(text::kPlanBackwards, words_[0]);
     return Ended(change);
   }
@@ -137,21 +144,16 @@ class LineReader {
     return value;
   }
 
-  std::size_t Day(std::string_view text, std::int32_t problem) {
-    const auto* const key = std::find(kDayKeys.begin(), kDayKeys.end(), UpperCase(text));
-    if (key == kDayKeys.end()) Bad(problem, text);
-    return static_cast<std::size_t>(key - kDayKeys.begin());
-  }
-
   std::vector<std::size_t> Days(std::string_view text) {
     std::vector<std::size_t> days;
     for (std::size_t field = 0; bad_.text == 0; ++field) {
       const std::string_view range = GetField(text, field, ",");
       if (range.empty() && field > 0 && !text.ends_with(',')) break;
       const auto [first, last] = EndsOf(range);
-      std::size_t day = Day(first, text::kPlanBadDays);
-      const std::size_t end = Day(last, text::kPlanBadDays);
-      if (end < day || day / kDaysOfType != end / kDaysOfType) Bad(text::kPlanBadDays, text);
+      std::size_t day = DayIn(first);
+      const std::size_t end = DayIn(last);
+      if (end < day || end == kDayKeys.size() || day / kDaysOfType != end / kDaysOfType)
+        Bad(text::kPlanBadDays, text);
       for (; bad_.text == 0 && day <= end; ++day) days.push_back(day);
     }
     return days;

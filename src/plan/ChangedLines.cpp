@@ -6,6 +6,7 @@
 
 #include "catalogue/CatalogueChanges.h"
 #include "catalogue/CatalogueEntries.h"
+#include "catalogue/LineChanges.h"
 #include "catalogue/SharedCatalogue.h"
 #include "formats/CalendarText.h"
 #include "formats/ExceptionCells.h"
@@ -13,11 +14,14 @@
 #include "formats/LineNumbers.h"
 #include "formats/WeekdayText.h"
 #include "lang/TextNumbers.h"
+#include "text/Lines.h"
 
 namespace zek {
 namespace {
 
 using Lines = std::vector<std::string>;
+
+constexpr std::size_t kLongestWhy = 400;
 
 // A table can be read, changed and built; "" is no refusal. Each kind of catalogue has one.
 
@@ -64,15 +68,18 @@ class Weekdays {
 class Exceptions {
  public:
   Exceptions(ZV_Proc& proc, const CatalogueId& id, const Lines& listing)
-      : proc_(proc), owner_(id.Owner()), listing_(listing), read_(ReadExceptions(listing, owner_)) {}
+      : proc_(proc),
+        owner_(id.Owner()),
+        listing_(listing),
+        read_(ReadExceptions(listing, owner_)) {}
 
   const Lines& Unread() const { return read_.unread; }
   std::size_t Lost() const { return read_.linesLost; }
   std::optional<BuiltLines> Build() const {
     const auto options = ReadExceptionOptions(proc_.Numbers(), owner_.generation);
     if (!options) return std::nullopt;
-    BuiltLines built = BuildExceptions(read_.table, owner_, listing_, *options,
-                                       proc_.settings.DecimalSeparator);
+    BuiltLines built =
+        BuildExceptions(read_.table, owner_, listing_, *options, proc_.settings.DecimalSeparator);
     if (auto* const lines = std::get_if<Lines>(&built))
       std::erase_if(*lines, [this](const auto& line) { return !IsOwnException(line, owner_); });
     return built;
@@ -124,9 +131,9 @@ class Calendar {
     }
     for (const CalendarDate& each : {dates.first, dates.last}) {
       if (years_.Has(each.year)) continue;
-      return proc_.ToUser().Text(text::kPlanYear, {IsoDate(each.year, each.month + 1, each.day),
-                                                   std::to_string(CalendarYears::kFirst),
-                                                   std::to_string(years_.Last())});
+      return proc_.ToUser().Text(
+          text::kPlanYear, {IsoDate(each.year, each.month + 1, each.day),
+                            std::to_string(CalendarYears::kFirst), std::to_string(years_.Last())});
     }
     for (CalendarDate day = dates.first;; day = NextDay(day)) {
       if (!HasOnly(day, dates.type) && !read_.table.Give(day, day, dates.type))
@@ -169,12 +176,20 @@ std::string BuildInto(const Table& table, Lines& lines, ZV_Proc& proc) {
 std::string WouldLose(const ZV_Proc& proc, const CatalogueId& id, const Lines& listing,
                       const Lines& built) {
   const Lines own = SplitLines(id, listing).own;
-  const auto changes = ChangesBetween({own, {}, LinesFrom::Controller},
-                                      {built, {}, LinesFrom::Controller}, RulesOf(id, proc.settings));
+  const auto changes =
+      ChangesBetween({own, {}, LinesFrom::Controller}, {built, {}, LinesFrom::Controller},
+                     RulesOf(id, proc.settings));
   if (changes.empty()) return {};
   const CatalogueChange& first = changes.front();
   return Message(proc.Text(text::kPlanWouldLose),
                  {first.before.empty() ? first.after : first.before});
+}
+
+// The own lines with "*", which are not read.
+Lines Starred(const CatalogueId& id, const Lines& listing) {
+  Lines starred = SplitLines(id, listing).own;
+  std::erase_if(starred, [](const auto& line) { return line.find('*') == std::string::npos; });
+  return starred;
 }
 
 template <class Table>
@@ -183,9 +198,10 @@ ChangedLines ChangeTable(ZV_Proc& proc, const CatalogueId& id, const Lines& list
   ChangedLines changed;
   Table table(proc, id, listing);
   if (table.Lost() > 0) {
-    const std::string first = table.Unread().empty() ? "*" : table.Unread().front();
+    const Lines unread = table.Unread().empty() ? Starred(id, listing) : table.Unread();
     changed.refusal =
-        proc.ToUser().Text(text::kPlanUnread, {std::to_string(table.Lost()), first});
+        proc.ToUser().Text(text::kPlanUnread, {std::to_string(table.Lost()), OnLines(unread)});
+    changed.refusal = Shortened(OnOneLine(changed.refusal), kLongestWhy);
     return changed;
   }
   changed.refusal = BuildInto(table, changed.was, proc);
@@ -221,10 +237,10 @@ std::optional<Lines> NumberedLike(ZV_Proc& proc, const CatalogueId& id, const Li
   constexpr int base = CalendarYears::kFirst;
   std::optional<BuiltLines> built =
       id.catalogue == Catalogue::Sdc
-          ? BuildCalendar(ReadCalendar(lines, years, base).table,
-                          ReadCalendar(listing, years, base)
-                              .layout.value_or(EmptyCalendarLayout(id.control)),
-                          id.generation)
+          ? BuildCalendar(
+                ReadCalendar(lines, years, base).table,
+                ReadCalendar(listing, years, base).layout.value_or(EmptyCalendarLayout(id.control)),
+                id.generation)
           : NumberOwnLines(id, lines, listing, proc.Numbers());
   if (!built) return std::nullopt;
   const auto* const error = std::get_if<BuildError>(&*built);

@@ -23,7 +23,8 @@ struct ChangedLines {
 /// in a listing. Refused are lines that could not be read, entries that have no place or that the
 /// lines can't hold, and a table that can't be sent back without losing something.
 ChangedLines ChangeLines(ZV_Proc& proc, const CatalogueId& id,
-                         const std::vector<std::string>& listing, std::span<const ListedChange> changes);
+                         const std::vector<std::string>& listing,
+                         std::span<const ListedChange> changes);
 
 /// Returns lines with the numbers that they get in place of those in `listing`; nothing, after a
 /// message, if that fails. A shared catalogue is numbered when it is saved.

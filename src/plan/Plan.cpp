@@ -24,8 +24,8 @@ int PlanSeconds(const Plan& plan, const NumberReader& numbers) {
 }
 
 std::string_view TextOf(PlanWord word) {
-  constexpr std::array<std::string_view, 8> texts = {
-      "unchanged", "change", "refused", "done", "already", "stale", "failed", "untried"};
+  constexpr std::array<std::string_view, 8> texts = {"unchanged", "change", "refused", "done",
+                                                     "already",   "stale",  "failed",  "untried"};
   return texts.at(static_cast<std::size_t>(word));
 }
 

@@ -94,7 +94,7 @@ class PlanReader {
 
 std::string RecordOf(std::initializer_list<std::string_view> fields) {
   std::string record;
-  for (const std::string_view field : fields) {
+  for (const std::string_view& field : fields) {
     std::string shown(field);
     ShowControls(shown);
     if (&field != fields.begin()) record += kTab;

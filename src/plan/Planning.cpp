@@ -180,8 +180,8 @@ void Planner::Keep(PlannedCatalogue planned, const CatalogueId& id, const Lines&
     const bool exceptions = planned.kind == Catalogue::Ovc;
     const std::size_t kept = exceptions ? WithoutStarred(others).size() : others.size();
     if (kept + planned.linesToSend > kMaxCatalogueLines) {
-      return Refuse(planned, proc_.ToUser().Text(text::kSharedTooLong,
-                                                 {std::to_string(kMaxCatalogueLines)}));
+      return Refuse(
+          planned, proc_.ToUser().Text(text::kSharedTooLong, {std::to_string(kMaxCatalogueLines)}));
     }
     if (exceptions || ReadYesNo(proc_.profile, kSaveOptions, kWriteWhole, "no"))
       planned.linesToSend += kept;

@@ -41,7 +41,8 @@ class Planner {
   void PlanBack(const PlannedCatalogue& done, const StartedNote& started);
   std::optional<CatalogueContent> Fetch(const PlannedCatalogue& planned, const CatalogueId& id);
   std::string ChangeEach(PlannedCatalogue& planned, const CatalogueId& id,
-                         const std::vector<std::string>& listing, std::span<const ListedChange> changes);
+                         const std::vector<std::string>& listing,
+                         std::span<const ListedChange> changes);
   void Keep(PlannedCatalogue planned, const CatalogueId& id,
             const std::vector<std::string>& listing);
   void Refuse(const PlannedCatalogue& planned, const std::string& why);

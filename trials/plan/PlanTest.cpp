@@ -32,7 +32,7 @@ constexpr auto kPlan = "/zek/plan.txt";
 constexpr auto kChanges =
     "+ sdc 2027-01-01 SD1\n+ sdc 2027-01-06 SD1\n+ sdc 2027-03-26..2027-03-29 SD1\n"
     "+ sdc 2027-05-06 SD1\n+ sdc 2027-06-25..2027-06-26 SD2\n+ sdc 2027-12-24..2027-12-26 SD1\n"
-    "+ ovc 2027-06-24T12:00 2027-06-26T23:00 16 -\n";
+    "+ ovc 2027-06-24T12:00 2027-06-26T23:00 16 -\n+ wdc MO..FR 05:00..06:30 21 17\n";
 
 using Disk = std::map<std::string, std::string>;
 using Plant = std::vector<sim::Outstation>;
@@ -53,6 +53,10 @@ sim::Outstation ControllerOf(int object, sim::Replaces replaces) {
   if (IsZek1(object)) {
     duc.calendar = CatalogueOf({" 1010 !24-DEC-26..26-DEC-26                                !SD1",
                                 " 1011 !01-MAY-27                                           !SD2"});
+    duc.weekday =
+        CatalogueOf({" 1000 !AHU1        !MO..FR       !07:00..16:30             !21       !17",
+                     " 1001 !FAN9        !MO           !08:00                    !1        !.",
+                     " 1002 !AHU0        !SU           !09:00..10:00             !1        !2"});
     duc.exceptions =
         CatalogueOf({"    3 !AHU2        !24-DEC-26,07:00..26-DEC-26,17:00       !21       !16",
                      "    4 !FAN9        !24-DEC-26,07:00                        !1        !.",
@@ -64,17 +68,19 @@ sim::Outstation ControllerOf(int object, sim::Replaces replaces) {
                               " 1011 !01-MAY-2027                                         !SD2"});
   for (int control = 0; control < kControls; ++control) {
     duc.controls.push_back({ControlName(control), {"KATALOG", {}}, {"KATALOG", {}}, "18"});
-    if (control < 2)
-      duc.controls.back().exceptions =
-          CatalogueOf({"5     24-DEC-2026..26-DEC-2026 !08:00..17:00 !21    !16"});
+    if (control > 1) continue;
+    duc.controls.back().exceptions =
+        CatalogueOf({"5     24-DEC-2026..26-DEC-2026 !08:00..17:00 !21    !16"});
+    duc.controls.back().weekday =
+        CatalogueOf({" 1005 !" + ControlName(control) +
+                     "        !SA           !07:00..16:30             !21       !17"});
   }
   return duc;
 }
 
 Plant NewPlant(sim::Replaces replaces) {
   Plant plant;
-  for (int object = 0; object < kObjects; ++object)
-    plant.push_back(ControllerOf(object, replaces));
+  for (int object = 0; object < kObjects; ++object) plant.push_back(ControllerOf(object, replaces));
   return plant;
 }
 
@@ -83,8 +89,8 @@ std::string Ini() {
   std::string sections;
   for (int object = 0; object < kObjects; ++object) {
     const std::string name = ObjectName(object);
-    topics += name + (IsZek1(object) ? "=YES,1" : "=YES,2") + ",HOST:" +
-              std::to_string(kFirstPort + object) + ",School " + name + "\r\n";
+    topics += name + (IsZek1(object) ? "=YES,1" : "=YES,2") +
+              ",HOST:" + std::to_string(kFirstPort + object) + ",School " + name + "\r\n";
     sections += "[" + name + "]\r\n";
     for (int control = 0; control < kControls; ++control)
       sections += ControlName(control) + "=Air\r\n";
@@ -107,8 +113,12 @@ std::string LinesOf(const Plant& plant) {
   };
   for (const sim::Outstation& duc : plant) {
     add(duc.calendar);
+    add(duc.weekday);
     add(duc.exceptions);
-    for (const sim::TimeControl& control : duc.controls) add(control.exceptions);
+    for (const sim::TimeControl& control : duc.controls) {
+      add(control.weekday);
+      add(control.exceptions);
+    }
   }
   return all;
 }
@@ -119,7 +129,7 @@ class Start : private test::TestSession {
  public:
   Start(Plant& plant, const Disk& disk) : plant_(plant) {
     files.files = disk;
-    files.files[kIni] = Ini();
+    files.files.try_emplace(kIni, Ini());
     Load("");
     socket.onConnected = [this] {
       target_ = std::stoi(socket.opened.back().service) - kFirstPort;
@@ -147,6 +157,13 @@ class Start : private test::TestSession {
   }
 
   Disk OnDisk() const { return killed_ ? disk_ : files.files; }
+  Disk Copies() const {
+    Disk copies = files.files;
+    std::erase_if(copies, [](const auto& file) {
+      return file.first.rfind('/') > 4 || file.first.find("School") == std::string::npos;
+    });
+    return copies;
+  }
   int Commands() const { return commands_; }
   std::size_t Count(const std::string& word) const {
     return static_cast<std::size_t>(std::count(words_.begin(), words_.end(), word));
@@ -166,8 +183,8 @@ class Start : private test::TestSession {
     ++commands_;
     const bool kill = commands_ == killAt_;
     if (kill && beforeIt_) return Kill();
-    if (bytes.find("LIST") == std::string_view::npos && bytes.find('.') < bytes.find('!'))
-      written_.insert(SelectedBy(bytes));
+    for (const std::string_view kind : {".SDC\r", ".WDC\r", ".OVC\r", ".EXC\r"})
+      if (bytes.ends_with(kind) && !bytes.starts_with("LIST")) written_.insert(SelectedBy(bytes));
     const std::string reply = talk_->Receive(bytes);
     if (kill) return Kill();
     if (!reply.empty()) socket.Say(reply, 10);
@@ -176,8 +193,10 @@ class Start : private test::TestSession {
   // ".SDC", ".OVC" or "AHU1.EXC" at a controller, as `PlanLine` names it.
   std::string SelectedBy(std::string_view bytes) const {
     const std::string_view control = bytes.substr(0, bytes.find('.'));
-    return ObjectName(target_) + (control.empty() ? "" : "/" + std::string(control)) +
-           (bytes.find(".SDC") == std::string_view::npos ? " ovc" : " sdc");
+    const std::string kind = bytes.ends_with(".SDC\r")   ? " sdc"
+                             : bytes.ends_with(".WDC\r") ? " wdc"
+                                                         : " ovc";
+    return ObjectName(target_) + (control.empty() ? "" : "/" + std::string(control)) + kind;
   }
 
   void Kill() {
@@ -214,7 +233,9 @@ class PlanTrial : public testing::TestWithParam<std::pair<const char*, sim::Repl
     catalogues_ = clean.Done().size();
     commands_ = clean.Commands();
     end_ = LinesOf(plant);
+    copies_ = clean.Copies();
     EXPECT_EQ(catalogues_, planning.Count("change"));
+    EXPECT_EQ(copies_.size(), catalogues_);
   }
 
   /// Returns what was wrong, or "".
@@ -225,6 +246,7 @@ class PlanTrial : public testing::TestWithParam<std::pair<const char*, sim::Repl
     Start again(plant, killed.OnDisk());
     again.Apply(0, false);
     if (LinesOf(plant) != end_) return "another end";
+    if (again.Copies() != copies_) return "other local copies";
     if (again.Count("done") + again.Count("already") != catalogues_) return "not all done";
     for (const std::string& done : killed.Done())
       if (again.Written().contains(done)) return "written again: " + done;
@@ -239,6 +261,7 @@ class PlanTrial : public testing::TestWithParam<std::pair<const char*, sim::Repl
   std::size_t catalogues_ = 0;
   int commands_ = 0;
   std::string end_;
+  Disk copies_;
 };
 
 TEST_P(PlanTrial, EndsTheSameWheneverItIsKilled) {
