@@ -25,8 +25,10 @@ bool MayChange(PlanState state, bool begun) {
 }  // namespace
 
 void Applier::Run(const Plan& plan) {
+  const bool maySend = !proc_.settings.LocalMode && !proc_.settings.ViewOnly;
   for (const PlannedCatalogue& each : plan.catalogues) {
-    const bool untried = cancelled_ || proc_.turn.Quitting() || failed_.contains(each.topic);
+    const bool untried =
+        !maySend || cancelled_ || proc_.turn.Quitting() || failed_.contains(each.topic);
     const PlanLine line = untried ? LineOf(PlanWord::Untried, each) : Apply(each);
     if (line.word == PlanWord::Failed) failed_.insert(each.topic);
     report_(line);
