@@ -22,6 +22,7 @@ editors          the rules of the three editors and the pick-lists, without wind
 report           a report of time controls for reading and printing
 app              the session, what every program does when it starts, and lists of findings
 export           the batch export
+plan             one change of many controllers: change lists, plans, applying them
 wxbase           event loop and sockets of the toolkit's base library
 ui               boxes, fonts, pictures and keys: the thin layer over the toolkit's windows
 forms            what the forms share
@@ -41,7 +42,8 @@ ONLY = {
     "plant": {"text", "system", "settings", "formats", "comm"},
     "sim": {"text", "system", "settings", "formats", "comm", "plant"},
     "commands": {"text", "system", "lang", "settings", "formats", "forecast", "findings", "picture",
-                 "comm", "catalogue", "export", "editors", "report", "app"},
+                 "comm", "catalogue", "export", "editors", "report", "app",
+                 "plan"},
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 SRC = pathlib.Path(__file__).resolve().parent.parent / "src"

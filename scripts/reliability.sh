@@ -6,7 +6,7 @@ set -euo pipefail
 source scripts/common.sh
 
 all=(faults saving history sending undo re-entry intrusion soak living-window round-trips
-  forecast report fuzz mutants)
+  forecast report plan fuzz mutants)
 bin=build/bin
 log=build/reliability.log
 
@@ -32,6 +32,7 @@ measure() {
     round-trips) "$bin/zekview-round-trips" 1000000 ;;
     forecast) tests 'Forecast.*' ;;
     report) scripts/setup.sh report && scripts/headless.sh measure/report-pages.py "$bin" data ;;
+    plan) tests '*PlanTrial*' ;;
     fuzz) scripts/fuzz.sh 10 ;;
     mutants) scripts/mutants.sh 300 "${ZEKVIEW_SEED:-2}" ;;
     *) die "./dev reliability has no part '$1'. The parts are: ${all[*]}." ;;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <optional>
@@ -51,6 +52,16 @@ struct CatalogueId {
   std::string localFile;
   std::string topic;                     // the controller's name in the topic table
   std::vector<std::string> pltControls;  // of the object, see `LineOwner`
+  /// The controls of a shared catalogue that are meant together; `control` is "" then.
+  std::vector<std::string> group = {};
+
+  /// Returns the catalogue for each control that is meant, for one control only this one.
+  std::vector<CatalogueId> Each() const {
+    std::vector<CatalogueId> each(std::max<std::size_t>(group.size(), 1), *this);
+    for (std::size_t i = 0; i < group.size(); ++i) each[i].control = group[i];
+    for (CatalogueId& one : each) one.group.clear();
+    return each;
+  }
 
   /// Returns the owner of the lines that an editor of this catalogue shows.
   LineOwner Owner() const { return {control, generation, pltControls}; }
@@ -63,8 +74,8 @@ struct CatalogueId {
   /// True when the catalogue has the lines of all controls of the controller.
   bool IsShared() const { return Kind().ofControl && generation == Generation::Zek1; }
 
-  /// True when one control of a shared catalogue is meant, not the whole catalogue.
-  bool IsPartOfShared() const { return IsShared() && !control.empty(); }
+  /// True when controls of a shared catalogue are meant, not the whole catalogue.
+  bool IsPartOfShared() const { return IsShared() && (!control.empty() || !group.empty()); }
 
   /// Returns "TOPIC/CONTROL", or "TOPIC" for the node of a whole object.
   std::string Node() const { return control.empty() ? topic : topic + "/" + control; }

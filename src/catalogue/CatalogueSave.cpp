@@ -36,8 +36,10 @@ class Saving {
       : id_(id), draft_(draft), p_(parts), parts_(SplitLines(id, draft.lines)) {}
 
   SaveResult Run() {
-    if (id_.IsPartOfShared() && id_.catalogue == Catalogue::Wdc && SharesBlock(id_.Owner())) {
-      p_.messages.Tell(Icon::Exclamation, text::kSharesBlock, {id_.control});
+    for (const CatalogueId& each : id_.Each()) {
+      if (!each.IsPartOfShared() || id_.catalogue != Catalogue::Wdc) break;
+      if (!SharesBlock(each.Owner())) continue;
+      p_.messages.Tell(Icon::Exclamation, text::kSharesBlock, {each.control});
       return Ended(Outcome::Refused);
     }
     if (const auto failed = StoreFirst()) return Ended(*failed);
@@ -86,6 +88,7 @@ class Saving {
   // local copy has them.
   std::optional<Outcome> StoreFirst() {
     if (!id_.IsPartOfShared()) return Store(draft_.lines);
+    if (draft_.mayChange) return std::nullopt;
     const Lines copy = p_.copies.Peek(id_).lines;
     const std::optional<Lines> own = Numbered(copy);
     if (!own) return Outcome::Refused;
@@ -100,7 +103,10 @@ class Saving {
   }
 
   std::optional<Lines> Numbered(const Lines& listing) {
-    std::optional<BuiltLines> built = NumberOwnLines(id_, parts_.own, listing, p_.numbers);
+    const Lines asBefore = draft_.numberLike.empty()
+                               ? listing
+                               : Joined(SplitLines(id_, listing).others, draft_.numberLike);
+    std::optional<BuiltLines> built = NumberOwnLines(id_, parts_.own, asBefore, p_.numbers);
     if (!built) return std::nullopt;
     if (const auto* const error = std::get_if<BuildError>(&*built)) {
       p_.messages.prompts.Show(Icon::Exclamation, error->MessageIn(p_.messages.texts));
@@ -142,6 +148,7 @@ class Saving {
     TellFetchFailure(fetched, p_.messages);
     if (fetched.outcome != FetchOutcome::Complete) return Outcome::Failed;
     plan_.now = fetched.content;
+    if (draft_.mayChange && !draft_.mayChange(plan_.now)) return Outcome::Declined;
     const Lines others = SplitLines(id_, plan_.now.lines).others;
     if (!CheckOthersInFile(others)) return Outcome::Refused;
     plan_.missing = MissingSince(plan_.now.lines);
@@ -242,15 +249,17 @@ class Saving {
   }
 
   Outcome Send() {
-    const bool first = p_.records.BeginSending(id_, OwnNow());
+    const std::vector<CatalogueId> begun = BeginSending();
     CatalogueDelivery delivery(id_, p_, delays_);
     const Outcome outcome = delivery.Run(plan_);
     if (!delivery.Begun()) {
       // The time of the record is that of the last reading or sending, so it stays.
-      if (first) p_.records.ForgetSending(id_);
+      for (const CatalogueId& each : begun) p_.records.ForgetSending(each);
       return outcome;
     }
-    if (outcome == Outcome::Saved || outcome == Outcome::Remarked) p_.records.EndSending(id_);
+    if (outcome == Outcome::Saved || outcome == Outcome::Remarked) {
+      for (const CatalogueId& each : id_.Each()) p_.records.EndSending(each);
+    }
     if (delivery.Known().from == LinesFrom::Nowhere) {
       p_.records.ForgetKnown(id_);
     } else {
@@ -259,10 +268,15 @@ class Saving {
     return outcome;
   }
 
-  CatalogueContent OwnNow() const {
-    CatalogueContent now = plan_.now;
-    if (id_.IsPartOfShared()) now.lines = SplitLines(id_, now.lines).own;
-    return now;
+  // Returns the controls for which no earlier sending failed.
+  std::vector<CatalogueId> BeginSending() {
+    std::vector<CatalogueId> begun;
+    for (const CatalogueId& each : id_.Each()) {
+      CatalogueContent now = plan_.now;
+      if (each.IsPartOfShared()) now.lines = SplitLines(each, now.lines).own;
+      if (p_.records.BeginSending(each, now)) begun.push_back(each);
+    }
+    return begun;
   }
 
   const CatalogueId& id_;

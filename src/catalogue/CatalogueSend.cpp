@@ -176,6 +176,15 @@ SendReport SendCatalogue(const CatalogueId& id, const LinesToSend& content,
   return Sending(id, content, parts).Run();
 }
 
+int SendSeconds(const NumberReader& numbers, std::size_t lines) {
+  int seconds = 0;
+  for (const DelaySetting& each : kDelays) {
+    const int times = each.key == "DelayE" ? static_cast<int>(lines) : each.key == "DelayF" ? 2 : 1;
+    seconds += times * ReadDelay(numbers, each.key).value_or(0);
+  }
+  return seconds;
+}
+
 bool CheckSendDelays(const NumberReader& numbers) {
   return std::all_of(kDelays.begin(), kDelays.end(), [&numbers](const DelaySetting& each) {
     return ReadDelay(numbers, each.key).has_value();

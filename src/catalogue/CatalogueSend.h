@@ -32,6 +32,10 @@ struct LinesToSend {
 SendReport SendCatalogue(const CatalogueId& id, const LinesToSend& content,
                          const CatalogueParts& parts);
 
+/// Returns the pauses of a write of so many lines, in seconds; what the controller takes to answer
+/// is not known.
+int SendSeconds(const NumberReader& numbers, std::size_t lines);
+
 /// Returns false, after a message about the first one, if a pause does not fit 16 bits.
 bool CheckSendDelays(const NumberReader& numbers);
 

@@ -1,8 +1,7 @@
 #include "catalogue/CatalogueStore.h"
 
-#include <cstdint>
-
 #include "catalogue/CopyFormat.h"
+#include "text/Checksum.h"
 #include "text/Fields.h"
 #include "text/Lines.h"
 
@@ -12,11 +11,9 @@ namespace {
 constexpr std::string_view kTab = "\t";
 
 std::string ChecksumOf(std::string_view text) {
-  std::uint32_t hash = 2166136261;
-  for (const char character : text) {
-    hash = (hash ^ static_cast<unsigned char>(character)) * 16777619U;
-  }
-  return std::to_string(hash);
+  Checksum checksum;
+  checksum.Add(text);
+  return checksum.Text();
 }
 
 }  // namespace

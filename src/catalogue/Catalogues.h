@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -45,6 +46,12 @@ struct CatalogueDraft {
   SaveMode mode = SaveMode::Send;
   std::vector<std::string> notes{};     // what the user may not have meant, in words
   std::vector<std::string> findings{};  // what the user's changes cause and may not mean, likewise
+  /// Of a planned change: what a shared catalogue must still pass before it is changed. The lines
+  /// are on the disk already, so they are stored only then.
+  std::function<bool(const CatalogueContent& now)> mayChange{};
+  /// Own lines that an interrupted write may have removed: the new lines are numbered as if they
+  /// were still there. Empty: as the controller has them.
+  std::vector<std::string> numberLike{};
 };
 
 /// The result of a save.
@@ -72,6 +79,10 @@ class Catalogues {
   /// copy; `use`, the settings and the user decide. Returns nothing if that failed, if the user
   /// cancelled it (without a message), or during another transfer.
   std::optional<CatalogueContent> GetCatalogue(const CatalogueId& id, CopyUse use = CopyUse::AsSet);
+
+  /// Fetches a catalogue and leaves the local copy and all records as they are. Returns nothing,
+  /// after a message, if that failed, and during another transfer.
+  std::optional<CatalogueContent> Look(const CatalogueId& id);
 
   /// Stores a catalogue as the local copy and, if the user accepts the changes, sends it to the
   /// controller. A shared catalogue is fetched first: own lines get numbers that no other control

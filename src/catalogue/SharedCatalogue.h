@@ -11,13 +11,13 @@
 
 namespace zek {
 
-/// Splits the lines of a catalogue by the control that they belong to. All lines are the control's
-/// own if the catalogue is not part of a shared one.
+/// Splits the lines of a catalogue by the controls that they belong to, those of a group in the
+/// group's order. All lines are own ones if the catalogue is not part of a shared one.
 LinesByOwner SplitLines(const CatalogueId& id, std::span<const std::string> lines);
 
-/// Gives the lines of the control of `id` numbers that no line of another control in `listing` has.
-/// Returns an error if a number does not fit, and nothing, after a message, if a setting can't be
-/// used.
+/// Gives the lines of the controls of `id` numbers that no line of another control in `listing`
+/// has. Returns an error if a number does not fit, and nothing, after a message, if a setting can't
+/// be used.
 std::optional<BuiltLines> NumberOwnLines(const CatalogueId& id, std::span<const std::string> own,
                                          std::span<const std::string> listing,
                                          const NumberReader& numbers);

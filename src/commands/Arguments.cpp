@@ -104,6 +104,24 @@ constexpr auto kCommands = std::to_array<CommandShape>({
      {{{"--out", "FILE", &Arguments::out},
        {"--year", "YEAR", &Arguments::year},
        {"--today", "DATE", &Arguments::today}}}},
+    {"plan",
+     "[CHANGES] [NODE...]",
+     {{{"--exit-code", &Arguments::exitCode}}},
+     "fetch the catalogues of the nodes and plan one change\n"
+     "of all of them; nothing is sent or stored. Prints for\n"
+     "each catalogue unchanged, change or refused;\n"
+     "--nodes FILE: more nodes, one a line;\n"
+     "--revert PLAN: instead, plan the way back of PLAN;\n"
+     "--exit-code: exits with 3 if something would change",
+     {{{"--out", "PLAN", &Arguments::out},
+       {"--nodes", "FILE", &Arguments::nodes},
+       {"--revert", "PLAN", &Arguments::revert}}}},
+    {"apply",
+     "PLAN",
+     {},
+     "send what a plan changes. Prints for each catalogue done,\n"
+     "already, stale, failed, refused or untried; can be\n"
+     "interrupted and run again"},
     {"holidays", "COUNTRY YEAR [TO_YEAR]", {}, "the holidays of SE, by law and de facto"},
 });
 
@@ -115,6 +133,8 @@ constexpr auto kOperands = std::to_array<std::pair<std::string_view, const char*
     {"KIND", "wdc (weekdays), sdc (special-day calendar) or ovc (exceptions)"},
     {"NODE", "TOPIC, or TOPIC/TSC for one time control, see the command objects"},
     {"FILE", "the catalogue's lines in windows-1252; - for standard input"},
+    {"CHANGES", "a file of changes, one a line; - for standard input"},
+    {"PLAN", "a file that the command plan wrote"},
     {"ACTION", "compare, restore or undo; without it the copies are listed"},
     {"ID", "of an earlier copy, as listed"},
     {"COUNTRY", "SE"},
@@ -130,6 +150,12 @@ constexpr const char* kNotes =
     "Write -- before an operand that begins with a hyphen.\n"
     "What applies is computed by a rule that is assumed; --rule sets its switches:\n"
     "exception=mask or command, carry=yes or no, nostop=default or hold, early=same or next.\n"
+    "\n"
+    "The lines of CHANGES are\n"
+    "+ sdc DATE[..DATE] TYPE                      - sdc DATE[..DATE]\n"
+    "+ ovc START STOP VALUE STOPVALUE             - ovc START\n"
+    "+ wdc DAYS HH:MM[..HH:MM] VALUE [STOPVALUE]  - wdc DAYS HH:MM\n"
+    "with dates 2026-12-24, moments 2026-12-24T08:00, days MO..FR or SD1, - for no value.\n"
     "\n"
     "exit status: 0 done, 1 failed or a line was refused, 2 wrong usage or unknown name,\n"
     "3 a dry run found changes, or --exit-code findings";
@@ -221,7 +247,8 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
 
 bool Arguments::Contacts() const {
   constexpr auto remote = std::to_array<std::string_view>(
-      {"send", "get", "put", "export", "timeline", "explain", "next", "lint", "report"});
+      {"send", "get", "put", "export", "timeline", "explain", "next", "lint", "report",
+       "plan", "apply"});
   const bool undo = command == "history" && operands.size() > 2 && operands[2] == kUndoAction;
   const bool contacts = undo || std::find(remote.begin(), remote.end(), command) != remote.end();
   return contacts && !local && !noSend;

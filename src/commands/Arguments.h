@@ -30,7 +30,10 @@ struct Arguments {
   std::string out;                    // report --out: a file
   std::string year;                   // report --year
   bool json = false;                  // lint --json
-  bool exitCode = false;              // lint --exit-code
+  bool exitCode = false;              // lint --exit-code, plan --exit-code
+  std::string out;                    // plan --out: the plan file to write
+  std::string nodes;                  // plan --nodes: a file of nodes
+  std::string revert;                 // plan --revert: the plan to take back
   std::string help;                   // with --help: the text to print, else ""
   std::string error;                  // error in the command line, or ""
 

@@ -183,6 +183,8 @@ ExitStatus Run(Console& console, const Arguments& arguments) {
   if (arguments.command == "export") return Export(console, arguments);
   if (arguments.command == "lint") return Lint(console, arguments);
   if (arguments.command == "report") return WriteReport(console, arguments);
+  if (arguments.command == "plan") return MakePlan(console, arguments);
+  if (arguments.command == "apply") return ApplyPlan(console, arguments);
   if (arguments.command == "timeline") return PrintTimeline(console, arguments);
   if (arguments.command == "explain") return Explain(console, arguments);
   if (arguments.command == "next") return PrintNext(console, arguments);

@@ -61,6 +61,13 @@ ExitStatus Lint(Console& console, const Arguments& arguments);
 /// Writes the report of time controls to the file of --out, see `ReportOf`.
 ExitStatus WriteReport(Console& console, const Arguments& arguments);
 
+/// Plans one change of many catalogues into a file, or the way back of a plan, see `Planner`. The
+/// status is 1 if a catalogue or a line of the change list is refused.
+ExitStatus MakePlan(Console& console, const Arguments& arguments);
+
+/// Applies a plan, see `Applier`. The status is 1 unless all catalogues are done.
+ExitStatus ApplyPlan(Console& console, const Arguments& arguments);
+
 /// Prints the holidays of a country, one a line, by date.
 ExitStatus PrintHolidays(Console& console, const Arguments& arguments);
 

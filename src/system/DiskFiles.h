@@ -21,6 +21,7 @@ class DiskFiles final : public Files {
   std::optional<FileError> MakeDirectory(const std::string& path) override;
   std::optional<FileError> Remove(const std::string& path) override;
   std::vector<std::string> List(const std::string& directory) const override;
+  TakenLock Lock(const std::string& path) override;
 };
 
 }  // namespace zek

@@ -45,6 +45,18 @@ struct CreatedFile {
   std::optional<FileError> error;
 };
 
+/// The right to work on a file, until it is destroyed or the process ends, however it ends.
+class FileLock {
+ public:
+  virtual ~FileLock() = default;
+};
+
+/// The result of `Lock`: the lock, or else the error.
+struct TakenLock {
+  std::unique_ptr<FileLock> lock;
+  std::optional<FileError> error;  // `InUse` if another program has the lock
+};
+
 /// The disk. Paths are UTF-8.
 class Files {
  public:
@@ -70,6 +82,9 @@ class Files {
   /// Returns the sorted names (without directory) of the files in `directory`, or none if it can't
   /// be read. Temporary files are left out.
   virtual std::vector<std::string> List(const std::string& directory) const = 0;
+
+  /// Locks an existing file against other locks; it can still be read.
+  virtual TakenLock Lock(const std::string& path) = 0;
 };
 
 }  // namespace zek

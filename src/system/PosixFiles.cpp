@@ -163,6 +163,14 @@ class DiskOutputFile final : public OutputFile {
   bool inPlace_ = false;
 };
 
+class PosixLock final : public FileLock {
+ public:
+  explicit PosixLock(int file) : file_(file) {}
+
+ private:
+  Descriptor file_;
+};
+
 }  // namespace
 
 std::string DirectoryOf(const std::string& path) {
@@ -235,6 +243,15 @@ std::optional<FileError> DiskFiles::Remove(const std::string& path) {
   const int code = errno;
   if (code == ENOENT && ::stat(DirectoryOf(path).c_str(), &status) == 0) return std::nullopt;
   return FileErrorOf(path, code);
+}
+
+TakenLock DiskFiles::Lock(const std::string& path) {
+  Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+  if (!file.IsOpen()) return {nullptr, FileErrorOf(path, errno)};
+  if (!zek::Lock(file.Number())) {
+    return {nullptr, FileErrorOf(path, errno == EWOULDBLOCK ? EBUSY : errno)};
+  }
+  return {std::make_unique<PosixLock>(file.Release()), std::nullopt};
 }
 
 }  // namespace zek

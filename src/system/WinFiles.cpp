@@ -195,6 +195,23 @@ class WinOutputFile final : public OutputFile {
   bool inPlace_ = false;
 };
 
+class WinLock final : public FileLock {
+ public:
+  explicit WinLock(HANDLE file) : file_(file) {}
+
+  // Locks a byte far beyond the file's end, because a locked one can't be read.
+  bool Take() {
+    OVERLAPPED place{};
+    place.OffsetHigh = 1U << 30;
+    return file_.IsOpen() &&
+           ::LockFileEx(file_.Get(), LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY, 0, 1, 0,
+                        &place) != 0;
+  }
+
+ private:
+  Handle file_;
+};
+
 }  // namespace
 
 CreatedFile DiskFiles::Create(const std::string& path) {
@@ -265,6 +282,15 @@ std::optional<FileError> DiskFiles::Remove(const std::string& path) {
   const DWORD code = ::GetLastError();
   if (code == ERROR_FILE_NOT_FOUND) return std::nullopt;  // a missing folder is an error
   return FileErrorOf(path, HeldReason(code, wide));
+}
+
+TakenLock DiskFiles::Lock(const std::string& path) {
+  auto lock = std::make_unique<WinLock>(
+      ::CreateFileW(WideFromUtf8(path).c_str(), GENERIC_READ,
+                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                    FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!lock->Take()) return {nullptr, FileErrorOf(path, ::GetLastError())};
+  return {std::move(lock), std::nullopt};
 }
 
 }  // namespace zek

@@ -97,7 +97,7 @@ class CommandPlayer : public test::SessionPlayer {
 };
 
 TEST(Commands, Cases) {
-  for (const char* const file : {"commands.txt", "forecast.txt", "findings.txt"}) {
+  for (const char* const file : {"commands.txt", "forecast.txt", "findings.txt", "plan.txt"}) {
     test::CheckCases(
         file, [](const test::TextCase& given) { return CommandPlayer().PlayAll(given.given); });
   }

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -36,6 +37,13 @@ class MemoryFiles final : public Files {
     if (failWrites) return FileError{path, *failWrites, "remove failed"};
     files.erase(path);
     return std::nullopt;
+  }
+
+  std::set<std::string> locked;  // by others
+
+  TakenLock Lock(const std::string& path) override {
+    if (locked.contains(path)) return {nullptr, FileError{path, FileError::Reason::InUse, "held"}};
+    return {std::make_unique<FileLock>(), std::nullopt};
   }
 
   CreatedFile Create(const std::string& path) override {

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "app/ZV_Proc.h"
+#include "catalogue/Catalogue.h"
+#include "plan/ChangedLines.h"
+#include "plan/Plan.h"
+#include "system/OtherPrompts.h"
+
+namespace zek {
+
+/// A planned catalogue's place in the present tree, or the reason why it is refused.
+struct PlanTarget {
+  CatalogueId id;  // of all planned controls
+  std::string refusal;
+};
+
+/// Refuses a catalogue whose controller has another address or type than the plan says, or whose
+/// controls are not there.
+PlanTarget TargetOf(ZV_Proc& proc, const PlannedCatalogue& planned);
+
+/// Fills in the controller of a planned catalogue.
+void SetController(PlannedCatalogue& planned, const ZV_Proc& proc, std::int16_t object);
+
+/// How the entries of the planned controls are, compared with the plan.
+enum class PlanState {
+  AsWas,    // from before the change
+  AsWill,   // from after it
+  Between,  // each entry is one from before or after: a write may have been interrupted
+  Other,
+};
+
+/// `differences` are the entries that the plan does not expect ("+ ") or misses ("- ").
+struct PlanComparison {
+  PlanState state = PlanState::AsWas;
+  std::string differences;
+};
+PlanComparison Compare(const ZV_Proc& proc, const CatalogueId& id, const PlannedCatalogue& planned,
+                       const std::vector<std::string>& listing);
+
+/// Message boxes of a plan: questions are answered Yes, and what is told is kept.
+class PlanPrompts final : public Prompts {
+ public:
+  using Prompts::AskWithDetails;
+  using Prompts::AskYesNo;
+  using Prompts::Show;
+  void Show(Icon icon, const std::string& message, const std::string& caption) override;
+  bool AskYesNo(Icon icon, const std::string& question, const std::string& caption,
+                DefaultAnswer standard) override;
+  Answer AskThree(Icon icon, const std::string& question, const std::string& caption,
+                  const AnswerCaptions& captions) override;
+  void ShowDetails(Icon icon, const std::string& message, const std::string& caption,
+                   const PromptDetails& details) override;
+  bool AskWithDetails(Icon icon, const std::string& question, const std::string& caption,
+                      const PromptDetails& details, DefaultAnswer standard) override;
+  bool Attended() const override { return false; }
+
+  /// What was told with the exclamation icon or a worse one, on one line.
+  const std::string& Trouble() const { return trouble_; }
+
+ private:
+  std::string trouble_;
+};
+
+}  // namespace zek
