@@ -15,6 +15,7 @@ settings         command line, ZEKView.INI, settings
 formats          the three tables, their line formats and their export records
 forecast         what applies to a time control at a moment, and why
 findings         what in the catalogues is probably not meant
+import           dates from calendar files and holidays, and what they change in a calendar
 comm             topics, links, connection, commands and replies
 catalogue        reading, sending and comparing catalogues; local copies; the object tree
 editors          the rules of the three editors and the pick-lists, without windows
@@ -38,8 +39,8 @@ sim              the program zekview-sim
 ONLY = {
     "plant": {"text", "system", "settings", "formats", "comm"},
     "sim": {"text", "system", "settings", "formats", "comm", "plant"},
-    "commands": {"text", "system", "lang", "settings", "formats", "forecast", "findings", "comm",
-                 "catalogue", "export", "editors", "app"},
+    "commands": {"text", "system", "lang", "settings", "formats", "forecast", "findings", "import",
+                 "comm", "catalogue", "export", "editors", "app"},
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 SRC = pathlib.Path(__file__).resolve().parent.parent / "src"
