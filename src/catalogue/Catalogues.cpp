@@ -141,6 +141,15 @@ std::optional<CatalogueContent> Catalogues::GetCatalogue(const CatalogueId& id, 
   return Reading(id, use, p_).Run();
 }
 
+std::optional<CatalogueContent> Catalogues::Look(const CatalogueId& id) {
+  const std::optional<FetchDelays> delays = ReadFetchDelays(p_.numbers);
+  if (p_.exchange.status.Busy > 0 || !delays || !CheckNameSendable(id, p_)) return std::nullopt;
+  Fetched fetched = FetchCatalogue(id, p_, *delays, text::kFetching);
+  TellFetchFailure(fetched, p_.messages);
+  if (fetched.outcome != FetchOutcome::Complete) return std::nullopt;
+  return std::move(fetched.content);
+}
+
 SaveResult Catalogues::SaveCatalogue(const CatalogueId& id, const CatalogueDraft& draft) {
   // Refuse a save during the wait of another transfer.
   if (p_.exchange.status.Busy > 0 || id.localFile.empty()) return {};

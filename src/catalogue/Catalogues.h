@@ -72,6 +72,10 @@ class Catalogues {
   /// cancelled it (without a message), or during another transfer.
   std::optional<CatalogueContent> GetCatalogue(const CatalogueId& id, CopyUse use = CopyUse::AsSet);
 
+  /// Fetches a catalogue and leaves the local copy and all records as they are. Returns nothing,
+  /// after a message, if that failed, and during another transfer.
+  std::optional<CatalogueContent> Look(const CatalogueId& id);
+
   /// Stores a catalogue as the local copy and, if the user accepts the changes, sends it to the
   /// controller. A shared catalogue is fetched first: own lines get numbers that no other control
   /// has, and the others' lines stay. After such a write, and after one that removes or renumbers

@@ -28,6 +28,10 @@ struct Arguments {
   std::string today;                  // lint --today: a date
   bool json = false;                  // lint --json
   bool exitCode = false;              // lint --exit-code
+  std::string dayType;                // import --as: a day type, such as SD1
+  std::string from;                   // import --from and --to: dates
+  std::string to;
+  bool write = false;                 // import --write
   std::string help;                   // with --help: the text to print, else ""
   std::string error;                  // error in the command line, or ""
 

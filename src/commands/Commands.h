@@ -58,6 +58,10 @@ ExitStatus PrintNext(Console& console, const Arguments& arguments);
 /// operands, or of the whole plant.
 ExitStatus Lint(Console& console, const Arguments& arguments);
 
+/// Prints what the dates of a file change in a calendar and, with --write, changes the local copy.
+/// The status is 1 if something was skipped; the rest is still imported.
+ExitStatus Import(Console& console, const CatalogueId& id, const Arguments& arguments);
+
 /// Prints the holidays of a country, one a line, by date.
 ExitStatus PrintHolidays(Console& console, const Arguments& arguments);
 
@@ -68,7 +72,9 @@ std::optional<CatalogueContent> ReadCatalogue(Console& console, const CatalogueI
 /// Prints why a command is refused; returns `kWrongUsage`.
 ExitStatus Refuse(Console& console, const std::string& why);
 
-/// Returns the bytes of FILE ("-": standard input); nothing, after a message, on a read error.
-std::optional<std::string> ReadFileOperand(Console& console, const std::string& file);
+/// Returns the bytes of FILE ("-": standard input); nothing, after a message, on a read error. Of a
+/// file with more than `largest` bytes only so many and one more may be read.
+std::optional<std::string> ReadFileOperand(Console& console, const std::string& file,
+                                           std::size_t largest = kLargestFile);
 
 }  // namespace zek::cli
