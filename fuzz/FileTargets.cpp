@@ -33,13 +33,16 @@ void LocalCopies(std::string_view input) {
 
 // The preview is what happens, and nothing else.
 void Import(std::string_view input) {
-  const ImportWindow window{
-      {Generation::Zek2, 20, 2030}, ImportKey({2020, 0, 1}), ImportKey({2030, 11, 31}), 2030, false};
+  const ImportWindow window{{Generation::Zek2, 20, 2030},
+                            ImportKey({2020, 0, 1}),
+                            ImportKey({2030, 11, 31}),
+                            2030,
+                            false};
   CalendarTable table(2026);
   table.Give({2026, 11, 20}, {2026, 11, 31}, 9);
   std::size_t clock = 0;
-  const ImportedDates read = ReadImportFile(
-      input, window, [&clock] { return std::chrono::milliseconds(++clock / 16); });
+  const ImportedDates read =
+      ReadImportFile(input, window, [&clock] { return std::chrono::milliseconds(++clock / 16); });
   const auto lines = PreviewImport(table, read.dates, 8);
   const auto result = WithImported(table, lines);
   if (!result) return;
