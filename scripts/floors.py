@@ -15,6 +15,7 @@ settings         command line, ZEKView.INI, settings
 formats          the three tables, their line formats and their export records
 forecast         what applies to a time control at a moment, and why
 findings         what in the catalogues is probably not meant
+import           dates from calendar files and holidays, and what they change in a calendar
 picture          what applies, as a picture: a description, its words and colours, SVG
 comm             topics, links, connection, commands and replies
 catalogue        reading, sending and comparing catalogues; local copies; the object tree
@@ -41,9 +42,8 @@ sim              the program zekview-sim
 ONLY = {
     "plant": {"text", "system", "settings", "formats", "comm"},
     "sim": {"text", "system", "settings", "formats", "comm", "plant"},
-    "commands": {"text", "system", "lang", "settings", "formats", "forecast", "findings", "picture",
-                 "comm", "catalogue", "export", "editors", "report", "app",
-                 "plan"},
+    "commands": {"text", "system", "lang", "settings", "formats", "forecast", "findings", "import",
+                 "picture", "comm", "catalogue", "export", "editors", "report", "app", "plan"},
 }
 INCLUDE = re.compile(r'^\s*#\s*include\s*"([^"]+)"', re.MULTILINE)
 SRC = pathlib.Path(__file__).resolve().parent.parent / "src"

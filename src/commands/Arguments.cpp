@@ -122,6 +122,18 @@ constexpr auto kCommands = std::to_array<CommandShape>({
      "send what a plan changes. Prints for each catalogue done,\n"
      "already, stale, failed, refused or untried; can be\n"
      "interrupted and run again"},
+    {"import",
+     "KIND NODE DATES",
+     {{{"--write", &Arguments::write}}},
+     "what the dates in a file change in a calendar (KIND is\n"
+     "sdc): add, already or conflict (then the present day\n"
+     "type), date, day type and name; skipped, reason and name;\n"
+     "--as gives the day type, such as SD1; dates from --from\n"
+     "to --to are taken; --write changes the local copy, except\n"
+     "for the conflicts, and sends nothing",
+     {{{"--as", "TYPE", &Arguments::dayType},
+       {"--from", "DATE", &Arguments::from},
+       {"--to", "DATE", &Arguments::to}}}},
     {"holidays", "COUNTRY YEAR [TO_YEAR]", {}, "the holidays of SE, by law and de facto"},
 });
 
@@ -132,6 +144,7 @@ constexpr auto kOperands = std::to_array<std::pair<std::string_view, const char*
     {"TEXT", "the command as the controller takes it"},
     {"KIND", "wdc (weekdays), sdc (special-day calendar) or ovc (exceptions)"},
     {"NODE", "TOPIC, or TOPIC/TSC for one time control, see the command objects"},
+    {"DATES", "a calendar (.ics) or a table (.csv); - for standard input"},
     {"FILE", "the catalogue's lines in windows-1252; - for standard input"},
     {"CHANGES", "a file of changes, one a line; - for standard input"},
     {"PLAN", "a file that the command plan wrote"},
@@ -247,8 +260,8 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
 
 bool Arguments::Contacts() const {
   constexpr auto remote = std::to_array<std::string_view>(
-      {"send", "get", "put", "export", "timeline", "explain", "next", "lint", "report",
-       "plan", "apply"});
+      {"send", "get", "put", "export", "timeline", "explain", "next", "lint", "report", "plan",
+       "apply", "import"});
   const bool undo = command == "history" && operands.size() > 2 && operands[2] == kUndoAction;
   const bool contacts = undo || std::find(remote.begin(), remote.end(), command) != remote.end();
   return contacts && !local && !noSend;

@@ -27,15 +27,18 @@ struct Arguments {
   std::string batch;                  // explain --batch: a file
   std::string svg;                    // timeline --svg: a file
   std::string today;                  // lint and report --today: a date
-  std::string out;                    // report --out: a file
+  std::string out;                    // report and plan --out: a file
   std::string year;                   // report --year
   bool json = false;                  // lint --json
   bool exitCode = false;              // lint --exit-code, plan --exit-code
-  std::string out;                    // plan --out: the plan file to write
   std::string nodes;                  // plan --nodes: a file of nodes
   std::string revert;                 // plan --revert: the plan to take back
-  std::string help;                   // with --help: the text to print, else ""
-  std::string error;                  // error in the command line, or ""
+  std::string dayType;                // import --as: a day type, such as SD1
+  std::string from;                   // import --from and --to: dates
+  std::string to;
+  bool write = false;  // import --write
+  std::string help;    // with --help: the text to print, else ""
+  std::string error;   // error in the command line, or ""
 
   /// True if the command may contact a controller.
   bool Contacts() const;

@@ -15,29 +15,33 @@ namespace zek::cli {
 
 namespace {
 
-// Reads a stream to its end; fails if it exceeds `kLargestFile`.
-FileContent ReadInput(std::istream& in) {
+// Reads a stream to its end, or until it exceeds `largest`; fails if it exceeds `kLargestFile`.
+FileContent ReadInput(std::istream& in, const std::string& file, std::size_t largest) {
   FileContent content;
   std::array<char, 65536> block{};
   while (in.read(block.data(), block.size()), in.gcount() > 0) {
     content.bytes.append(block.data(), static_cast<std::size_t>(in.gcount()));
     if (content.bytes.size() > kLargestFile) {
-      return {{}, FileError{"-", FileError::Reason::TooLarge, {}}};
+      return {{}, FileError{file, FileError::Reason::TooLarge, {}}};
     }
+    if (content.bytes.size() > largest) break;
   }
   return content;
 }
 
 }  // namespace
 
-std::optional<std::string> ReadFileOperand(Console& console, const std::string& file) {
+std::optional<std::string> ReadFileOperand(Console& console, const std::string& file,
+                                           std::size_t largest) {
   FileContent content;
   std::error_code error;
+  const bool isPipe = std::filesystem::is_fifo(PathOf(file), error);  // a shell's <(COMMAND)
+  const std::uintmax_t size = std::filesystem::file_size(PathOf(file), error);
   if (file == "-") {
-    content = ReadInput(console.in);
-  } else if (std::filesystem::is_fifo(PathOf(file), error)) {  // a shell's <(COMMAND)
-    std::ifstream pipe(PathOf(file), std::ios::binary);
-    content = ReadInput(pipe);
+    content = ReadInput(console.in, file, largest);
+  } else if (isPipe || (!error && size > largest)) {
+    std::ifstream stream(PathOf(file), std::ios::binary);
+    content = ReadInput(stream, file, largest);
   } else {
     content = console.proc.files.Read(file);
   }
@@ -168,6 +172,7 @@ ExitStatus RunCatalogueCommand(Console& console, const Arguments& arguments) {
   }
   if (arguments.command == "get") return Get(console, id);
   if (arguments.command == "put") return Put(console, id, arguments);
+  if (arguments.command == "import") return Import(console, id, arguments);
   if (arguments.command == "history") return HistoryOfCatalogue(console, id, arguments);
   return Check(console, id, *node, arguments);
 }

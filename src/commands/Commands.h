@@ -68,6 +68,10 @@ ExitStatus MakePlan(Console& console, const Arguments& arguments);
 /// Applies a plan, see `Applier`. The status is 1 unless all catalogues are done.
 ExitStatus ApplyPlan(Console& console, const Arguments& arguments);
 
+/// Prints what the dates of a file change in a calendar and, with --write, changes the local copy.
+/// The status is 1 if something was skipped; the rest is still imported.
+ExitStatus Import(Console& console, const CatalogueId& id, const Arguments& arguments);
+
 /// Prints the holidays of a country, one a line, by date.
 ExitStatus PrintHolidays(Console& console, const Arguments& arguments);
 
@@ -81,7 +85,9 @@ int YearIn(const std::string& text);
 /// Prints why a command is refused; returns `kWrongUsage`.
 ExitStatus Refuse(Console& console, const std::string& why);
 
-/// Returns the bytes of FILE ("-": standard input); nothing, after a message, on a read error.
-std::optional<std::string> ReadFileOperand(Console& console, const std::string& file);
+/// Returns the bytes of FILE ("-": standard input); nothing, after a message, on a read error. Of a
+/// file with more than `largest` bytes only so many and one more may be read.
+std::optional<std::string> ReadFileOperand(Console& console, const std::string& file,
+                                           std::size_t largest = kLargestFile);
 
 }  // namespace zek::cli

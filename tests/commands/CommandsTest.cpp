@@ -29,6 +29,16 @@ class CommandPlayer : public test::SessionPlayer {
       if (what == "plan") files.files[copy].clear();
       if (what == kind) files.files[copy] += rest + "\r\n";
     }
+    if (what == "event") events_ += "BEGIN:VEVENT/" + rest + "/END:VEVENT/";
+    if (what == "event")
+      files.files["/zek/d.ics"] = Lined("BEGIN:VCALENDAR/" + events_ + "END:VCALENDAR/");
+    if (what == "broken") files.files["/zek/d.ics"] = Lined(rest);
+    if (what == "rows") files.files["/zek/d.csv"] = Lined(rest);
+    if (what == "long" || what == "folded") {
+      const std::size_t size = std::stoul(rest);
+      std::string& file = files.files["/zek/d.ics"] = "BEGIN:VCALENDAR\r\nX:";
+      while (file.size() < size) file += what == "long" ? "aaaaaaaaa" : "aaaaaaaaa\r\n ";
+    }
     if (what == "no-tags") tags.exists = false;
     if (what == "tag-reply") {
       tags.replies.resize(std::stoul(rest.substr(0, rest.find(' '))));  // polls without a reply
@@ -94,10 +104,12 @@ class CommandPlayer : public test::SessionPlayer {
       {"ovc", "/zek/f127_0_0_1_5100_3 Second TSC1 EXC.TXT"}};
 
   std::string input_;
+  std::string events_;
 };
 
 TEST(Commands, Cases) {
-  for (const char* const file : {"commands.txt", "forecast.txt", "findings.txt", "plan.txt"}) {
+  for (const char* const file :
+       {"commands.txt", "forecast.txt", "findings.txt", "import.txt", "plan.txt"}) {
     test::CheckCases(
         file, [](const test::TextCase& given) { return CommandPlayer().PlayAll(given.given); });
   }

@@ -15,6 +15,7 @@
 #include "app/ZV_Proc.h"
 #include "editors/CalendarEditor.h"
 #include "forms/EditorForm.h"
+#include "forms/calendar/ZV_Import.h"
 #include "forms/calendar/ZV_SDCDays.h"
 #include "forms/calendar/ZV_SDCYear.h"
 #include "wxbase/WxTurn.h"
@@ -53,6 +54,8 @@ class ZV_SDC final : public EditorForm {
   wxWindow* Days() const;
   /// Shows twelve months or one.
   void ShowYearView(bool year);
+  /// A button that opens `ZV_Import`.
+  wxButton* NewImport(const std::string& name, int caption, DateSource source);
   void BuildAccelerators();
   /// Shows the editor's state in the grid and in the options beside it.
   void ShowAll();

@@ -157,8 +157,8 @@ void WeekdayGrid::ShowHeaders() {
     label.SetLabel(day);
     label.SetToolTip(day);
     for (std::size_t i = 0; i < kBoxKinds; ++i)
-      Box(NumberOf({static_cast<WeekdayBox>(i), column}))
-          .SetSpokenName(Label_Info.at(i)->GetLabel() + " " + day);
+      SetAccessibleName(Box(NumberOf({static_cast<WeekdayBox>(i), column})).Text(),
+                        Label_Info.at(i)->GetLabel() + " " + day);
   }
   if (marked_ == editor_.Column()) return;
   // The mark stays while a button has the focus, because the buttons act on the marked column.

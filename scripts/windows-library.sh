@@ -1,0 +1,77 @@
+# Builds a library for Windows, once, from the Debian source package of the version that the Linux
+# programs use. The result is kept outside the work tree, in ${ZEKVIEW_CACHE:-~/.cache/zekview}, for
+# other clones and later runs. Source it after scripts/common.sh.
+# shellcheck shell=bash
+
+# Copies the machine's package sources as sources of source packages, so that apt can fetch them
+# without a change to the machine.
+describe_sources() {
+  local own="$work/apt" file
+  mkdir -p "$own/parts" "$own/lists"
+  shopt -s nullglob
+  for file in /etc/apt/sources.list /etc/apt/sources.list.d/*.list; do
+    if [[ -f $file ]]; then sed -nE 's/^deb[[:space:]]/deb-src /p' "$file"; fi
+  done >"$own/sources.list"
+  for file in /etc/apt/sources.list.d/*.sources; do
+    sed -E 's/^Types:.*/Types: deb-src/' "$file" >"$own/parts/${file##*/}"
+  done
+}
+
+# Unpacks the source package; with "upstream" without Debian's own changes.
+fetch_source() {
+  local apt=(apt-get -q -o "Dir::Etc::sourcelist=$work/apt/sources.list"
+    -o "Dir::Etc::sourceparts=$work/apt/parts" -o "Dir::State::lists=$work/apt/lists"
+    -o APT::Sandbox::User=root)
+  describe_sources
+  "${apt[@]}" update
+  if [[ $changes == upstream ]]; then
+    (cd "$work" && "${apt[@]}" --download-only --tar-only source "$source=$version")
+    mkdir "$work/source"
+    tar -xf "$work/${source}_"*.orig.tar.* -C "$work/source" --strip-components=1
+  else
+    (cd "$work" && "${apt[@]}" --download-only source "$source=$version")
+    dpkg-source --no-check -x "$work/${source}_"*.dsc "$work/source"
+  fi
+}
+
+build_it() {
+  trap 'rm -rf "$work"' EXIT
+  fetch_source
+  cmake -G Ninja -S "$work/source" -B "$work/build" --toolchain "$toolchain" "$@" \
+    -DCMAKE_INSTALL_PREFIX="$target"
+  nice cmake --build "$work/build" --parallel "$(nproc)"
+  rm -rf "$target"
+  cmake --install "$work/build"
+  touch "$target/complete"
+}
+
+# windows_library NAME win64|win32 SOURCE PACKAGE debian|upstream OPTION...: builds the source
+# package SOURCE in the version of the installed PACKAGE with these options of CMake; prints the
+# directory.
+windows_library() {
+  local name="$1" word="$2" source="$3" changes="$5" version key cache target log work status=0
+  local toolchain="$PWD/cmake/mingw${word#win}.cmake"
+  # The variable belongs to dpkg-query, not to the shell.
+  # shellcheck disable=SC2016
+  version="$(dpkg-query -W -f='${source:Version}' "$4")"
+  shift 5
+  key="$(cat "$toolchain" cmake/mingw.cmake - <<<"$*" | sha256sum | cut -c 1-8)"
+  cache="${ZEKVIEW_CACHE:-$HOME/.cache/zekview}"
+  target="$cache/$name-$version-$key-$word"
+  log="$PWD/build/$name-$word.log"
+  mkdir -p "$cache" build
+  exec {lock}>"$cache/$word.lock"
+  flock "$lock" # another clone may be building the same version
+  if [[ ! -f $target/complete ]]; then
+    echo "Building $name for $word, once; that takes some minutes (log: $log)." >&2
+    work="$(mktemp -d "$cache/work-XXXXXX")"
+    # In the background, because "set -e" has no effect in a function before "||".
+    (build_it "$@") >"$log" 2>&1 &
+    wait $! || status=$?
+    if [[ $status -ne 0 ]]; then
+      tail -n 30 "$log" >&2
+      die "$name could not be built; the whole log is in $log."
+    fi
+  fi
+  echo "$target"
+}
