@@ -1,6 +1,7 @@
 #include "forecast/Schedule.h"
 
 #include <algorithm>
+#include <array>
 #include <span>
 
 #include "text/Numbers.h"
@@ -8,22 +9,26 @@
 namespace zek {
 namespace {
 
-std::vector<DatedType> DatedTypes(const CalendarReading& calendar) {
+using LineNumbers = std::array<int, kCalendarEntries>;
+
+std::vector<DatedType> DatedTypes(const CalendarTable& calendar, const LineNumbers& lineNumbers) {
   std::vector<DatedType> dated;
-  const std::span<const CalendarEntry> used = calendar.table.Used();
+  const std::span<const CalendarEntry> used = calendar.Used();
   dated.reserve(used.size());
   for (std::size_t at = 0; at < used.size(); ++at) {
-    const CalendarDate date = UnpackDate(used[at].date, calendar.table.BaseYear());
+    const CalendarDate date = UnpackDate(used[at].date, calendar.BaseYear());
     const Moment start = DateMoment(date.year, date.month + 1, date.day);
     // A calendar may hold 29 February of 2100, which never comes.
     if (DateOf(start).day != date.day) continue;
     dated.push_back(
-        {DayOf(start), static_cast<std::size_t>(used[at].type) - 1, calendar.lineNumbers.at(at)});
+        {DayOf(start), static_cast<std::size_t>(used[at].type) - 1, lineNumbers.at(at)});
   }
   return dated;
 }
 
 }  // namespace
+
+std::vector<DatedType> DatesOf(const CalendarTable& calendar) { return DatedTypes(calendar, {}); }
 
 MaybeValue ValueIn(const std::string& text) {
   std::string number = text;
@@ -37,7 +42,8 @@ Schedule ScheduleOf(const WeekdayReading& weekdays, const CalendarReading& calen
                     const std::optional<std::string>& exceptionStandard) {
   MaybeValue standard = ValueIn(weekdayStandard.value_or(""));
   if (!standard) standard = ValueIn(exceptionStandard.value_or(""));
-  return {weekdays.table, weekdays.lineNumbers, DatedTypes(calendar), exceptions.inOrder, standard};
+  return {weekdays.table, weekdays.lineNumbers, DatedTypes(calendar.table, calendar.lineNumbers),
+          exceptions.inOrder, standard};
 }
 
 }  // namespace zek

@@ -53,6 +53,9 @@ Schedule ScheduleOf(const WeekdayReading& weekdays, const CalendarReading& calen
                     const std::optional<std::string>& weekdayStandard,
                     const std::optional<std::string>& exceptionStandard);
 
+/// Returns the dates of a calendar, without numbers of lines.
+std::vector<DatedType> DatesOf(const CalendarTable& calendar);
+
 /// Returns the number in a text; nothing if it is none. "," and "." are both decimal separators.
 MaybeValue ValueIn(const std::string& text);
 

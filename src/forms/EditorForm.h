@@ -10,9 +10,11 @@
 #include <wx/gauge.h>
 #include <wx/stattext.h>
 
+#include "app/ControlCatalogues.h"
 #include "app/ZV_Proc.h"
 #include "editors/EditedCatalogue.h"
 #include "editors/UndoHistory.h"
+#include "forecast/Schedule.h"
 #include "forms/EntryGrid.h"
 #include "ui/Mnemonics.h"
 #include "wxbase/WxTurn.h"
@@ -23,6 +25,7 @@ namespace zek {
 /// - a status line with the progress of the transfer,
 /// - "Spara" (and Ctrl+S), which blocks the window while the catalogue is written,
 /// - undo and redo (Ctrl+Z, Ctrl+Y),
+/// - what applies with the table as it is edited (F9),
 /// - "*" before the title while there are unsaved changes, and a question before they are lost.
 class EditorForm : public wxDialog {
  public:
@@ -55,13 +58,15 @@ class EditorForm : public wxDialog {
   virtual std::string PlaceName() const = 0;
   /// The catalogue to save; empty if it can't be saved, after a message.
   virtual std::optional<EditedCatalogue> Edited() = 0;
+  /// Puts the edited table into a schedule.
+  virtual void PutEdited(Schedule& schedule) const = 0;
   /// Handles a key without modifiers; returns false if the form does not use it.
   virtual bool TakeKey(int /*key*/) { return false; }
 
   /// Creates a button. `changes` marks one that edits; it is disabled in a view-only form.
   wxButton* NewCommand(wxWindowID id, const std::string& name, const wxString& caption,
                        const wxString& toolTip, bool changes);
-  /// Create the buttons for saving, undo and redo.
+  /// Create the buttons for saving; for undo, redo and what applies.
   wxButton* NewSave(const wxString& caption, const wxString& toolTip);
   wxSizer* NewUndoAndRedo(Mnemonics& letters);
   /// Updates title and buttons: is there anything to save, undo or redo? Call it after every change
@@ -102,10 +107,12 @@ class EditorForm : public wxDialog {
   SaveOutcome SaveEdited();
   void CloseOrStay();
   void End();
+  void WhatApplies();
+  void ShowWhatApplies(const ControlCatalogues& catalogues);
 
   WxTurn& turn_;
   CatalogueId id_;
-  std::optional<std::string> dfv_;  // the ".DFV" value that came with the catalogue
+  CatalogueContent content_;  // as it was opened
   bool viewOnly_;
   bool closesWhenGivenUp_;
   std::vector<Part> parts_;

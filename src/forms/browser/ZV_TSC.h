@@ -79,6 +79,7 @@ class ZV_TSC final : public wxFrame {
   void Get(Catalogue catalogue, ShowEditor showEditor);
   void Erase(Catalogue catalogue);
   void OnHistory();
+  void WhatApplies();
 
   void StartBatch();
   void ToggleBatch(bool BatchKinds::*kind);
@@ -138,6 +139,7 @@ enum Menu : int {
   Tool_ByPlace,
   Menu_Help,
   Menu_Keys,
+  Menu_Applies,
 };
 }  // namespace browser
 

@@ -14,6 +14,7 @@
 #include "editors/CalendarEditor.h"
 #include "forms/EditorForm.h"
 #include "forms/calendar/ZV_SDCDays.h"
+#include "picture/EditedEntries.h"
 #include "wxbase/WxTurn.h"
 
 namespace zek {
@@ -30,6 +31,7 @@ class ZV_SDC final : public EditorForm {
  private:
   static constexpr std::size_t kDayTypes = kCalendarDayTypes + 1;
 
+  void PutEdited(Schedule& schedule) const override { PutCalendar(schedule, editor_.Table()); }
   std::optional<EditedCatalogue> Edited() override { return editor_.Edited(); }
   EditState State() const override { return editor_.State(); }
   std::string PlaceName() const override { return editor_.MonthText(proc_.texts); }
