@@ -138,7 +138,7 @@ void Tour::Plan() {
   steps_.push_back({"the browser", shown("ZV_TSC"), [this] { SelectTimeControl(); }});
   steps_.push_back({"the selected time control", shown("ZV_TSC"), [this] {
                       TakePicture("ZV_TSC", "browser");
-                      Post(*Shown("ZV_TSC"), wxEVT_MENU, browser::Menu_GetWDC);
+                      Post(*Shown("ZV_TSC"), wxEVT_MENU, browser::Menu_Applies);
                     }});
   const auto editor = [&](const char* what, const char* form, const char* picture, int next) {
     steps_.push_back({what, shown(form),
@@ -150,6 +150,7 @@ void Tour::Plan() {
     steps_.push_back({std::string(what) + " closed", [form] { return Shown(form) == nullptr; },
                       [next] { Post(*Shown("ZV_TSC"), wxEVT_MENU, next); }});
   };
+  editor("what applies", "ZV_Applies", "applies", browser::Menu_GetWDC);
   editor("the weekday editor", "ZV_WDC", "weekday", browser::Menu_GetSDC);
   // December has the most days with a type.
   steps_.push_back({"the calendar", shown("ZV_SDC"),
@@ -207,7 +208,7 @@ void Tour::Fail(const std::string& reason) {
 
 // Closes the innermost open form; each tick closes the next one.
 void Tour::Leave() {
-  for (const char* const form : {"ZV_Findings", "ZV_WDC", "ZV_SDC", "ZV_OVC", "ZV_TSCSummary",
+  for (const char* const form : {"ZV_Findings", "ZV_Applies", "ZV_WDC", "ZV_SDC", "ZV_OVC", "ZV_TSCSummary",
                                  "ZV_TSC", "ZV_Info", "ZV_Main"}) {
     wxWindow* const window = Shown(form);
     if (window == nullptr) continue;

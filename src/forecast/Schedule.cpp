@@ -1,6 +1,7 @@
 #include "forecast/Schedule.h"
 
 #include <algorithm>
+#include <array>
 #include <span>
 
 #include "text/Numbers.h"

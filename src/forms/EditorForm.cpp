@@ -9,6 +9,7 @@
 #include "forms/EditorTitle.h"
 #include "forms/FindingsForm.h"
 #include "forms/StatusChain.h"
+#include "forms/ZV_Applies.h"
 #include "forms/ZV_Help.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
@@ -81,6 +82,14 @@ wxSizer* EditorForm::NewUndoAndRedo(Mnemonics& letters) {
   auto* const both = new wxBoxSizer(wxHORIZONTAL);
   both->Add(undo_, 0, wxRIGHT, FromDIP(kGap));
   both->Add(redo_);
+  // The node of a whole object has no weekdays of its own.
+  if (proc_.selection.TscName.empty()) return both;
+  wxButton* const applies =
+      NewCommand(wxID_ANY, "Command_Applies",
+                 letters.Give(wxControl::RemoveMnemonics(Caption(text::kApplies))),
+                 Caption(text::kAppliesHint) + " (F9)", false);
+  applies->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { WhatApplies(); });
+  both->Add(applies, 0, wxLEFT, FromDIP(kGap));
   return both;
 }
 
@@ -138,6 +147,8 @@ void EditorForm::OnKey(wxKeyEvent& event) {
     StepForward();
   } else if (key == WXK_F1) {
     ShowHelp(this, proc_, HelpPageOf(id_.catalogue));
+  } else if (key == WXK_F9 && modifiers == wxMOD_NONE) {
+    WhatApplies();
   } else if (event.HasAnyModifiers() || !TakeKey(key)) {
     event.Skip();
   }
@@ -240,6 +251,49 @@ void EditorForm::ListFindings() {
   const auto shown = chosen ? findings.Shown(*chosen) : std::vector<ShownFinding>();
   if (shown.empty()) return FocusEntry();
   GoTo(shown.front().leads);
+}
+
+// The other catalogues may have to be fetched, which blocks the form like a write.
+void EditorForm::WhatApplies() {
+  if (busy_ || proc_.status.Busy > 0 || proc_.selection.TscName.empty() || !TakeEntry()) return;
+  ShowChanges();
+  const wxWeakRef<EditorForm> alive(this);
+  ControlCatalogues catalogues(proc_);
+  catalogues.Use(id_.catalogue, content_);
+  bool read = false;
+  bool close = false;
+  {
+    const InputBlock block(
+        [alive] {
+          if (alive) alive->CancelLater();
+        },
+        FindWindow(wxID_CANCEL));
+    read = catalogues.Read();
+    close = block.CloseRequested();
+  }
+  if (!alive) return;
+  ShowStatus();
+  if (ended_) {
+    End();
+  } else if (close || turn_.Quitting()) {
+    CloseOrStay();
+  } else if (read) {
+    ShowWhatApplies(catalogues);
+  }
+}
+
+void EditorForm::ShowWhatApplies(const ControlCatalogues& catalogues) {
+  const wxWeakRef<EditorForm> alive(this);
+  Schedule schedule = catalogues.Together();
+  PutEdited(schedule);
+  const bool edited = givenUp_ || State().changed;
+  ShowApplies(this, proc_,
+              AppliesOf(proc_, catalogues, std::move(schedule),
+                        edited ? std::optional(id_.catalogue) : std::nullopt));
+  if (!alive) return;
+  if (ended_) return End();
+  Raise();
+  FocusEntry();
 }
 
 // --- Undo, redo and what is not saved ---

@@ -10,10 +10,12 @@
 #include <wx/gauge.h>
 #include <wx/stattext.h>
 
+#include "app/ControlCatalogues.h"
 #include "app/OpenedFindings.h"
 #include "app/ZV_Proc.h"
 #include "editors/EditedCatalogue.h"
 #include "editors/UndoHistory.h"
+#include "forecast/Schedule.h"
 #include "forms/EntryGrid.h"
 #include "ui/Mnemonics.h"
 #include "wxbase/WxTurn.h"
@@ -25,6 +27,7 @@ namespace zek {
 /// - "Spara" (and Ctrl+S), which blocks the window while the catalogue is written,
 /// - undo and redo (Ctrl+Z, Ctrl+Y),
 /// - the number of findings in the edited catalogue, and their list,
+/// - what applies with the table as it is edited (F9),
 /// - "*" before the title while there are unsaved changes, and a question before they are lost.
 class EditorForm : public wxDialog {
  public:
@@ -62,13 +65,16 @@ class EditorForm : public wxDialog {
   /// The table as it is edited, and the findings that only the editor knows.
   virtual EditedTable Edits() const = 0;
   virtual std::vector<Finding> OwnFindings() const { return {}; }
+  /// Puts the edited table into a schedule.
+  virtual void PutEdited(Schedule& schedule) const = 0;
   /// Handles a key without modifiers; returns false if the form does not use it.
   virtual bool TakeKey(int /*key*/) { return false; }
 
   /// Creates a button. `changes` marks one that edits; it is disabled in a view-only form.
   wxButton* NewCommand(wxWindowID id, const std::string& name, const wxString& caption,
                        const wxString& toolTip, bool changes);
-  /// Create the buttons for saving, undo and redo. `LayOut` places the one for the findings.
+  /// Create the buttons for saving; for undo, redo and what applies. `LayOut` places the one for the
+  /// findings.
   wxButton* NewSave(const wxString& caption, const wxString& toolTip);
   wxSizer* NewUndoAndRedo(Mnemonics& letters);
   void NewFindings(Mnemonics& letters);
@@ -114,6 +120,8 @@ class EditorForm : public wxDialog {
   void ListFindings();
   void CloseOrStay();
   void End();
+  void WhatApplies();
+  void ShowWhatApplies(const ControlCatalogues& catalogues);
 
   WxTurn& turn_;
   CatalogueId id_;

@@ -25,8 +25,9 @@ struct SceneBar {
   int from = 0;
   int to = 0;
   BarKind kind = BarKind::Nothing;
-  std::string value;     // written into it
-  std::string sentence;  // the whole: day, times, value, source
+  std::size_t entry = 0;  // of a table: the row that it stands for
+  std::string value;      // written into it
+  std::string sentence;   // the whole: day, times, value, source
 };
 
 /// A minute of a row.

@@ -7,6 +7,7 @@ namespace zek {
 namespace {
 
 constexpr double kGapShare = 0.12;  // of a row, above and below its bars
+constexpr double kBetween = 2;      // of the ground, so that equal neighbours are told apart
 constexpr int kHours = 24;
 
 }  // namespace
@@ -23,7 +24,7 @@ SceneBox SceneLayout::Bar(const SceneBar& bar) const {
   const double gap = row.height * kGapShare;
   const double height = (row.height - 2 * gap) / lanes;
   const double right = rows_.x + rows_.width;
-  const double width = std::max(X(bar.to) - X(bar.from), smallest_);
+  const double width = std::max(X(bar.to) - X(bar.from) - kBetween, smallest_);
   return {std::min(X(bar.from), right - width),
           row.y + gap + height * static_cast<double>(bar.lane), width, height};
 }

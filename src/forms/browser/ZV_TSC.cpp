@@ -12,6 +12,7 @@
 #include "forms/CancelTransfer.h"
 #include "forms/ModeStrip.h"
 #include "forms/StatusChain.h"
+#include "forms/ZV_Applies.h"
 #include "forms/ZV_Help.h"
 #include "forms/calendar/ZV_SDC.h"
 #include "forms/exception/ZV_OVC.h"
@@ -90,6 +91,7 @@ void ZV_TSC::BindEvents() {
   onMenu(Menu_EraseOVC, [this] { Erase(Catalogue::Ovc); });
   onMenu(Menu_History, [this] { OnHistory(); });
   onMenu(Menu_Findings, [this] { OnFindings(); });
+  onMenu(Menu_Applies, [this] { WhatApplies(); });
   onMenu(Menu_Batch_Run, [this] { StartBatch(); });
   onMenu(Menu_Batch_GetWDC, [this] { ToggleBatch(&BatchKinds::WDC); });
   onMenu(Menu_Batch_GetSDC, [this] { ToggleBatch(&BatchKinds::SDC); });
@@ -312,6 +314,21 @@ void ZV_TSC::OnHistory() {
   }
   ReadStatesAgain(&of);
   TakeKeys();
+}
+
+void ZV_TSC::WhatApplies() {
+  if (busy_ || !TreeView->Selected() || proc_.selection.TscName.empty()) return;
+  const wxWeakRef<ZV_TSC> alive(this);
+  const Selection of = proc_.selection;
+  ControlCatalogues catalogues(proc_);
+  bool read = false;
+  const bool close = Transfer([&] { read = catalogues.Read(); });
+  if (!alive) return;
+  ReadStatesAgain(&of);
+  if (close) return static_cast<void>(Close());
+  if (!read) return;
+  ShowApplies(this, proc_, AppliesOf(proc_, catalogues, catalogues.Together(), std::nullopt));
+  if (alive) TakeKeys();
 }
 
 void ShowBrowser(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {

@@ -81,6 +81,7 @@ class ZV_TSC final : public wxFrame {
   void OnFindings();
   void Erase(Catalogue catalogue);
   void OnHistory();
+  void WhatApplies();
 
   void StartBatch();
   void ToggleBatch(bool BatchKinds::*kind);
@@ -141,6 +142,7 @@ enum Menu : int {
   Tool_ByPlace,
   Menu_Help,
   Menu_Keys,
+  Menu_Applies,
 };
 }  // namespace browser
 

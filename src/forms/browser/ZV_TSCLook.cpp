@@ -34,6 +34,7 @@ std::unique_ptr<wxMenu> ZV_TSC::TSCMenu() const {
   menu->Append(Menu_GetWDC, Label(text::kBrowserGetWDC, "F5"));
   menu->Append(Menu_GetSDC, Label(text::kBrowserGetSDC, "F6"));
   menu->Append(Menu_GetOVC, Label(text::kBrowserGetOVC, "F7"));
+  menu->Append(Menu_Applies, Label(text::kApplies, "F9"));
   menu->AppendSeparator();
   menu->Append(Menu_EraseWDC, Label(text::kBrowserEraseWDC, "Del"));
   menu->Append(Menu_EraseSDC, Label(text::kBrowserEraseSDC));
@@ -88,13 +89,14 @@ void ZV_TSC::UpdateMenu(wxMenu& menu) const {
   menu.Enable(Menu_EraseSDC, erasable(Catalogue::Sdc));
   menu.Enable(Menu_EraseOVC, erasable(Catalogue::Ovc));
   menu.Enable(Menu_History, selected);
+  menu.Enable(Menu_Applies, selected && !proc_.selection.TscName.empty());
 }
 
 void ZV_TSC::UpdateActions() {
   UpdateMenu(*menuTSC_);
   menuBatch_->Enable(Menu_Batch_Run, proc_.batch.Kinds.Count() > 0);
   wxToolBar& bar = *GetToolBar();
-  for (const int action : {Menu_GetWDC, Menu_GetSDC, Menu_GetOVC, Menu_History})
+  for (const int action : {Menu_GetWDC, Menu_GetSDC, Menu_GetOVC, Menu_Applies, Menu_History})
     bar.EnableTool(action, menuTSC_->IsEnabled(action));
   bar.EnableTool(Menu_Batch_Run, menuBatch_->IsEnabled(Menu_Batch_Run));
 }

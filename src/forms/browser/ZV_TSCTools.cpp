@@ -29,6 +29,10 @@ constexpr std::string_view kException =
  stroke-linejoin="round"/><path d="M12 9 V14" stroke="#e65100" stroke-width="2.4"
  stroke-linecap="round"/><circle cx="12" cy="17" r="1.3" fill="#e65100"/>)";
 
+constexpr std::string_view kApplies =
+    R"(<rect x="2" y="3" width="20" height="18" rx="2" fill="#ffffff" stroke="#1f5f8b"
+ stroke-width="2"/><path d="M5 8 H14 M9 12 H19 M5 16 H11" stroke="#1f5f8b" stroke-width="3"/>)";
+
 constexpr std::string_view kHistory =
     R"(<path d="M5 12 a8 8 0 1 1 2.5 5.8" fill="none" stroke="#4a5560" stroke-width="2"/>
 <path d="M1.5 10 L5 14 L8.5 10 Z" fill="#4a5560"/><path d="M13 8 V13 L16 15" fill="none"
@@ -65,6 +69,7 @@ void ZV_TSC::BuildToolbar() {
   add(Menu_GetWDC, text::kTitleWeekdays, text::kBrowserGetWDC, "F5", kWeekdays);
   add(Menu_GetSDC, text::kTitleCalendar, text::kBrowserGetSDC, "F6", kCalendar);
   add(Menu_GetOVC, text::kTitleExceptions, text::kBrowserGetOVC, "F7", kException);
+  add(Menu_Applies, text::kApplies, text::kAppliesHint, "F9", kApplies);
   add(Menu_History, text::kHistoryTitle, text::kHistoryMenu, "F8", kHistory);
   bar->AddSeparator();
   add(Tool_ByPlace, text::kViewByPlace, text::kViewByPlace, "", kPlaces, wxITEM_CHECK);

@@ -18,6 +18,7 @@
 #include "forms/calendar/ZV_Import.h"
 #include "forms/calendar/ZV_SDCDays.h"
 #include "forms/calendar/ZV_SDCYear.h"
+#include "picture/EditedEntries.h"
 #include "wxbase/WxTurn.h"
 
 namespace zek {
@@ -35,6 +36,7 @@ class ZV_SDC final : public EditorForm {
  private:
   static constexpr std::size_t kDayTypes = kCalendarDayTypes + 1;
 
+  void PutEdited(Schedule& schedule) const override { PutCalendar(schedule, editor_.Table()); }
   std::optional<EditedCatalogue> Edited() override { return editor_.Edited(); }
   EditState State() const override { return editor_.State(); }
   EditedTable Edits() const override { return editor_.Table(); }

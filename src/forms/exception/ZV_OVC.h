@@ -9,6 +9,7 @@
 #include "editors/ExceptionEditor.h"
 #include "forms/EditorForm.h"
 #include "forms/exception/ZV_OVCGrid.h"
+#include "picture/EditedEntries.h"
 #include "ui/Mnemonics.h"
 #include "wxbase/WxTurn.h"
 
@@ -33,6 +34,7 @@ class ZV_OVC final : public EditorForm {
   void Undo() override { ShowAt(editor_.Undo()); }
   void Redo() override { ShowAt(editor_.Redo()); }
   std::string PlaceName() const override;
+  void PutEdited(Schedule& schedule) const override { PutExceptions(schedule, editor_.Table()); }
   std::optional<EditedCatalogue> Edited() override { return editor_.Edited(proc_.Numbers()); }
   void FocusEntry() override { grid_->FocusLast(); }
   void GoTo(const EntryPlace& place) override;

@@ -1,5 +1,6 @@
 #include "forms/weekday/ZV_WDC.h"
 
+#include "formats/WeekdayCells.h"
 #include "forms/EditorOpening.h"
 #include "lang/TextNumbers.h"
 #include "ui/Forms.h"
@@ -24,6 +25,14 @@ void ZV_WDC::BindEvents() {
       grid_->ShowCells();
     });
   }
+  grid_->shown = [this] { picture_->ShowTable(); };
+  Check_Picture->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent& event) {
+    ShowPicture(event.IsChecked());
+    if (proc_.settings.ViewOnly) return;
+    const char* const shown = event.IsChecked() ? "yes" : "no";
+    if (const auto error = proc_.profile.WriteIni("General", kPictureKey, shown))
+      proc_.ToUser().Tell(*error);
+  });
   Command_Copy->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Change(&WeekdayEditor::Copy); });
   Command_Erase->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Change(&WeekdayEditor::Erase); });
   IgnoreSecondClick(*Command_Erase);
@@ -36,6 +45,20 @@ void ZV_WDC::Change(std::size_t (WeekdayEditor::*change)()) {
   ShowTypeCaptions();
   grid_->FocusStart(column);
   ShowChanges();
+}
+
+void ZV_WDC::MoveEnd(bool stop, std::int16_t minute) {
+  const WeekdayBox box = stop ? WeekdayBox::Stop : WeekdayBox::Start;
+  editor_.Enter({box, editor_.Column()}, TimeText(minute));
+  grid_->ShowCells();
+  ShowTypeCaptions();
+  ShowChanges();
+}
+
+void ZV_WDC::ShowPicture(bool on) {
+  picture_->Show(on);
+  SetMinSize(wxDefaultSize);
+  GetSizer()->SetSizeHints(this);
 }
 
 void ZV_WDC::ShowAt(const std::optional<WeekdayFocus>& changed) {

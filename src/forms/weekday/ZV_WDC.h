@@ -3,6 +3,7 @@
 #include <array>
 #include <optional>
 
+#include <wx/checkbox.h>
 #include <wx/radiobut.h>
 #include <wx/statbox.h>
 #include <wx/window.h>
@@ -11,6 +12,8 @@
 #include "editors/WeekdayEditor.h"
 #include "forms/EditorForm.h"
 #include "forms/weekday/ZV_WDCGrid.h"
+#include "forms/weekday/ZV_WDCPicture.h"
+#include "picture/EditedEntries.h"
 #include "ui/Mnemonics.h"
 #include "wxbase/WxTurn.h"
 
@@ -30,6 +33,9 @@ class ZV_WDC final : public EditorForm {
   wxString TypeCaption(std::size_t type) const;
   void BindEvents();
   void ShowTypeCaptions();
+  void BuildPicture(Mnemonics& letters);
+  void ShowPicture(bool on);
+  void MoveEnd(bool stop, std::int16_t minute);
   void Change(std::size_t (WeekdayEditor::*change)());
   void ShowAt(const std::optional<WeekdayFocus>& changed);
 
@@ -40,6 +46,7 @@ class ZV_WDC final : public EditorForm {
   void Undo() override { ShowAt(editor_.Undo()); }
   void Redo() override { ShowAt(editor_.Redo()); }
   std::string PlaceName() const override { return editor_.PlaceName(proc_.texts); }
+  void PutEdited(Schedule& schedule) const override { PutWeekdays(schedule, editor_.Table()); }
   std::optional<EditedCatalogue> Edited() override;
   void FocusEntry() override { grid_->FocusStart(editor_.Column()); }
   void GoTo(const EntryPlace& place) override;
@@ -47,9 +54,14 @@ class ZV_WDC final : public EditorForm {
   std::vector<Finding> OwnFindings() const override;
   bool TakeKey(int key) override { return grid_->TakeKey(key); }
 
+  /// In section "General": whether the picture is shown.
+  static constexpr const char* kPictureKey = "WeekPicture";
+
   WeekdayEditor& editor_;
   wxStaticBox* Frame_WDC = nullptr;
   WeekdayGrid* grid_ = nullptr;
+  WeekPicture* picture_ = nullptr;
+  wxCheckBox* Check_Picture = nullptr;
   wxStaticBox* Frame_Type = nullptr;
   std::array<wxRadioButton*, 2> Option_Type{};
   std::array<std::size_t, 2> optionLetters_{};  // position of the "&" in each caption

@@ -160,6 +160,7 @@ void WeekdayGrid::ShowHeaders() {
       SetAccessibleName(Box(NumberOf({static_cast<WeekdayBox>(i), column})).Text(),
                         Label_Info.at(i)->GetLabel() + " " + day);
   }
+  shown();
   if (marked_ == editor_.Column()) return;
   // The mark stays while a button has the focus, because the buttons act on the marked column.
   if (marked_) MarkLabel(*Label_Weekdays.at(*marked_), false);

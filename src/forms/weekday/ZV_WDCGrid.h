@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <optional>
 
 #include <wx/gbsizer.h>
@@ -18,6 +19,9 @@ namespace zek {
 class WeekdayGrid final : public EntryGrid {
  public:
   WeekdayGrid(wxWindow* parent, WeekdayEditor& editor, Parts parts);
+
+  /// Called after the grid showed another type, row or column.
+  std::function<void()> shown = [] {};
 
   /// Shows the editor's current type, row and column.
   void ShowCells();

@@ -1,5 +1,6 @@
 #include <wx/sizer.h>
 
+#include "forecast/MomentText.h"
 #include "forms/weekday/ZV_WDC.h"
 #include "lang/TextNumbers.h"
 #include "ui/WxText.h"
@@ -34,10 +35,12 @@ void ZV_WDC::BuildFrames(Mnemonics& letters) {
   Frame_WDC = new wxStaticBox(this, wxID_ANY, letters.Give(Caption(kFrameWdc)));
   Frame_WDC->SetName("Frame_WDC");
   const auto changed = [this] {
+    picture_->ShowTable();
     ShowTypeCaptions();
     ShowChanges();
   };
   grid_ = new WeekdayGrid(Frame_WDC, editor_, PartsOfGrid(changed));
+  BuildPicture(letters);
   Frame_Type = new wxStaticBox(this, wxID_ANY, Caption(kFrameType));
   Frame_Type->SetName("Frame_Type");
   for (std::size_t type = 0; type < Option_Type.size(); ++type) {
@@ -50,6 +53,22 @@ void ZV_WDC::BuildFrames(Mnemonics& letters) {
   }
   BlockWhileBusy(Frame_WDC);
   BlockWhileBusy(Frame_Type);
+}
+
+void ZV_WDC::BuildPicture(Mnemonics& letters) {
+  const SceneWords words(proc_.texts, [this](float value) {
+    return WithName(ValueText(value, proc_.settings.DecimalSeparator),
+                    editor_.NamesOf(WeekdayBox::ValueOn));
+  });
+  picture_ = new WeekPicture(Frame_WDC, editor_, words,
+                             {[this] { return grid_->TakeEntry(); }, [this] { grid_->ShowCells(); },
+                              [this] { grid_->FocusStart(editor_.Column()); },
+                              [this](bool stop, std::int16_t minute) { MoveEnd(stop, minute); },
+                              [this](const std::string& said) { Say(said); }});
+  Check_Picture = new wxCheckBox(Frame_WDC, wxID_ANY, letters.Give(Caption(text::kWeekPicture)));
+  Check_Picture->SetName("Check_Picture");
+  Check_Picture->SetValue(ReadYesNo(proc_.profile, "General", kPictureKey, "yes"));
+  picture_->Show(Check_Picture->GetValue());
 }
 
 void ZV_WDC::BuildCommands(Mnemonics& letters) {
@@ -67,7 +86,9 @@ void ZV_WDC::BuildCommands(Mnemonics& letters) {
 void ZV_WDC::Arrange() {
   const int gap = FromDIP(kGap);
   auto* const table = new wxStaticBoxSizer(Frame_WDC, wxVERTICAL);
-  table->Add(grid_, 1, wxEXPAND | wxALL, gap);
+  table->Add(grid_, 0, wxEXPAND | wxALL, gap);
+  table->Add(picture_, 1, wxEXPAND | wxLEFT | wxRIGHT, gap);
+  table->Add(Check_Picture, 0, wxALL, gap);
   auto* const types = new wxStaticBoxSizer(Frame_Type, wxHORIZONTAL);
   types->Add(Option_Type[0], 0, wxALL, gap);
   types->Add(Option_Type[1], 0, wxALL, gap);

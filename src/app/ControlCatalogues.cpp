@@ -1,0 +1,91 @@
+#include "app/ControlCatalogues.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "lang/Messages.h"
+#include "lang/TextNumbers.h"
+
+namespace zek {
+namespace {
+
+constexpr const char* kSection = "ForecastRule";
+
+constexpr std::array kTitles{std::pair(Catalogue::Wdc, text::kTitleWeekdays),
+                             std::pair(Catalogue::Sdc, text::kTitleCalendar),
+                             std::pair(Catalogue::Ovc, text::kTitleExceptions)};
+
+}  // namespace
+
+bool ControlCatalogues::Read() {
+  for (const auto& [catalogue, title] : kTitles) {
+    if (Content(catalogue)) continue;
+    const CatalogueId id = of_.Id(catalogue);
+    if (proc_.settings.LocalMode && !proc_.copies.Exists(id)) {
+      missing_.push_back(catalogue);
+      Content(catalogue).emplace();
+      continue;
+    }
+    Content(catalogue) = proc_.catalogues.GetCatalogue(id);
+    if (!Content(catalogue)) return false;
+  }
+  return true;
+}
+
+ControlCatalogues::Readings ControlCatalogues::Parsed() const {
+  const LineOwner owner = of_.Id(Catalogue::Wdc).Owner();
+  return {ReadWeekday(Content(Catalogue::Wdc).value().lines, owner),
+          ReadCalendar(Content(Catalogue::Sdc).value().lines,
+                       YearsOf(proc_.settings, of_.generation), CalendarYears::kFirst),
+          ReadExceptions(Content(Catalogue::Ovc).value().lines, owner)};
+}
+
+Schedule ControlCatalogues::Together() const {
+  const Readings read = Parsed();
+  return ScheduleOf(read.weekdays, read.calendar, read.exceptions,
+                    Content(Catalogue::Wdc).value().dfv, Content(Catalogue::Ovc).value().dfv);
+}
+
+std::vector<std::string> ControlCatalogues::Remarks() const {
+  std::vector<std::string> remarks;
+  std::string missing;
+  std::size_t dropped = 0;
+  for (const auto& [catalogue, title] : kTitles) {
+    dropped += Content(catalogue).value().linesDropped;
+    if (std::find(missing_.begin(), missing_.end(), catalogue) == missing_.end()) continue;
+    missing += (missing.empty() ? "" : ", ") + proc_.Text(title);
+  }
+  if (!missing.empty()) remarks.push_back(Message(proc_.Text(text::kCopiesMissing), {missing}));
+  const Readings read = Parsed();
+  const std::size_t unread = read.weekdays.unread.size() + read.calendar.unread.size() +
+                             read.exceptions.unread.size() + dropped;
+  if (unread > 0) {
+    remarks.push_back(Message(proc_.Text(text::kLinesNotCounted), {std::to_string(unread)}));
+  }
+  return remarks;
+}
+
+std::string ControlCatalogues::Unsent(std::optional<Catalogue> edited) const {
+  std::string unsent;
+  for (const auto& [catalogue, title] : kTitles) {
+    const auto& content = Content(catalogue);
+    const bool copied = content && content->from == LinesFrom::LocalCopy &&
+                        proc_.catalogues.HasUnsentChanges(of_.Id(catalogue));
+    if (copied || edited == catalogue) unsent += (unsent.empty() ? "" : ", ") + proc_.Text(title);
+  }
+  return unsent;
+}
+
+Rule RuleOf(const Profile& profile, const std::string& object) {
+  Rule rule;
+  if (object.empty()) return rule;
+  rule.Set(profile.ReadIni(kSection, object, rule.Text()));
+  return rule;
+}
+
+std::optional<FileError> KeepRule(Profile& profile, const std::string& object, const Rule& rule) {
+  return profile.WriteIni(kSection, object, rule.Text());
+}
+
+}  // namespace zek
