@@ -99,6 +99,7 @@ void EditorForm::NewFindings(Mnemonics& letters) {
       NewCommand(wxID_ANY, "Command_Findings", count_, Caption(text::kFindingsCountHint), false);
   list_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ListFindings(); });
   ShowCount();
+  SetExtraStyle(GetExtraStyle() | wxWS_EX_PROCESS_IDLE);  // the program sends it to no others
   Bind(wxEVT_IDLE, &EditorForm::OnIdle, this);
 }
 

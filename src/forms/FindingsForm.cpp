@@ -51,6 +51,7 @@ class FindingsForm final : public wxDialog {
     List_Findings->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { GoTo(); });
     List_Findings->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent&) { goTo_->Enable(); });
     goTo_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { GoTo(); });
+    SetExtraStyle(GetExtraStyle() | wxWS_EX_PROCESS_IDLE);
     Bind(wxEVT_IDLE, &FindingsForm::OnIdle, this);
     RememberPlacement(*this, "ZV_Findings");
     if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);

@@ -102,9 +102,8 @@ TEST_F(BrowserTest, AFindingLeadsToItsPlace) {
         [&] {
           wxRect row;
           list()->GetItemRect(0, row);
-          wxUIActionSimulator mouse;
-          mouse.MouseMove(list()->ClientToScreen(row.GetPosition() + wxPoint(120, row.height / 2)));
-          mouse.MouseDblClick();
+          ClickAt(list()->ClientToScreen(row.GetPosition() + wxPoint(120, row.height / 2)));
+          Click(*Shown("Command_GoTo"));
         }},
        {atPlace, [] { Escape(); }},
        {inList, [] { Escape(); }},
