@@ -176,8 +176,10 @@ wxSizer* AppliesForm::WeekRow() {
   NewButton(*row, "Command_Before", text::kWeekBefore, [this] { GoToDay(monday_ - kDaysOfWeek); });
   NewButton(*row, "Command_Today", text::kWeekNow, [this] { GoTo(MomentOf(proc_.now())); });
   NewButton(*row, "Command_After", text::kWeekAfter, [this] { GoToDay(monday_ + kDaysOfWeek); });
-  auto* const label =
-      new wxStaticText(this, wxID_ANY, letters_.Give(ToWx(proc_.Text(text::kWeekDate))));
+  // Without a letter: the toolkit would look for a control to give the focus to, and the box is
+  // none.
+  auto* const label = new wxStaticText(
+      this, wxID_ANY, wxControl::RemoveMnemonics(ToWx(proc_.Text(text::kWeekDate))));
   row->Add(label, 0, wxALIGN_CENTER_VERTICAL | wxRIGHT, FromDIP(kGap));
   Text_Date = new EntryBox(this, "Text_Date", "2026-12-24", true);
   Text_Date->Offer(

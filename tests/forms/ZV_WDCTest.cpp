@@ -1,3 +1,4 @@
+#include <cmath>
 #include <gtest/gtest.h>
 
 #include <wx/dialog.h>
@@ -5,6 +6,8 @@
 #include <wx/textctrl.h>
 
 #include "BrowserFixture.h"
+#include "SpokenName.h"
+#include "forms/SceneView.h"
 #include "lang/TextNumbers.h"
 
 namespace zek::window {
@@ -134,6 +137,50 @@ TEST_F(WeekdayFormTest, ValuesComeFromAPickListByClickAndByKey) {
           Escape();
         }},
        {InBrowser, Escape}});
+}
+
+TEST_F(WeekdayFormTest, BarsOfThePictureAreMovedByKeyAndByMouse) {
+  world.session.texts.Read("613=Tis\n");
+  const auto placeOf = [](int row, int minute) {
+    const auto& view = dynamic_cast<const SceneView&>(*Shown("Picture_Rows"));
+    const SceneBox box = view.Places().Row(static_cast<std::size_t>(row));
+    return view.ClientToScreen(wxPoint(static_cast<int>(std::lround(view.Places().X(minute))),
+                                       static_cast<int>(box.y + box.height / 2)));
+  };
+  const auto holds = [](const std::string& box, const std::string& value) {
+    EXPECT_TRUE(PumpUntil([&] { return Value(box) == value; })) << box << " " << Value(box);
+  };
+  Run({{InBrowser, FetchFirstTimeControl},
+       {InEditor,
+        [=] {
+          Reach("Picture_Rows", [] { Shown("Picture_Rows")->SetFocus(); });
+          Press(WXK_RIGHT);
+          const auto spoken = [] { return SpokenName(*Shown("Picture_Rows")); };
+          EXPECT_TRUE(PumpUntil([&] {
+            return spoken() == "Tis 07:00 till 16:30: 21. Tis, rad 1.";
+          })) << spoken();
+          for (const int key : {WXK_SPACE, WXK_RIGHT, WXK_RIGHT}) Press(key);
+          Press(WXK_LEFT, wxMOD_SHIFT);
+          Press(WXK_RETURN);
+          holds("Text_Start1", "07:09");
+          for (const int key : {WXK_SPACE, WXK_SPACE, WXK_LEFT, WXK_ESCAPE}) Press(key);
+          ClickAt(placeOf(2, 12 * 60));
+          EXPECT_TRUE(PumpUntil([] { return HasFocus("Text_Start2"); }));
+          holds("Text_Stop1", "16:30");
+          const wxPoint from = placeOf(2, 16 * 60 + 30);
+          const wxPoint to = placeOf(2, 18 * 60);
+          wxUIActionSimulator().MouseDragDrop(from.x - 1, from.y, to.x, to.y);
+          holds("Text_Stop2", "18:00");
+          Press('Z', wxMOD_CONTROL);  // one step for each
+          holds("Text_Stop2", "16:30");
+          Press('Z', wxMOD_CONTROL);
+          holds("Text_Start1", "07:00");
+          Click(*Shown("Check_Picture"));
+          EXPECT_TRUE(PumpUntil([] { return Shown("Picture_Rows") == nullptr; }));
+          Escape();  // all is undone
+        }},
+       {InBrowser, Escape}});
+  EXPECT_EQ(world.profile.ReadIni("General", "WeekPicture", ""), "no");
 }
 
 TEST_F(WeekdayFormTest, AFailedSaveLeavesItOpenAndUnreadLinesAreTold) {
