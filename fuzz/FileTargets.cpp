@@ -5,6 +5,8 @@
 #include "Targets.h"
 #include "catalogue/CopyFormat.h"
 #include "formats/CatalogueLine.h"
+#include "import/CalendarPreview.h"
+#include "import/ImportFile.h"
 #include "plant/Plant.h"
 #include "plant/PlantCatalogueText.h"
 
@@ -27,6 +29,32 @@ void LocalCopies(std::string_view input) {
   Demand(!again.tooLong && again.lines == copy.lines && again.dfv == copy.dfv,
          "a copy that was built reads the same");
   Demand(BuildLocalCopy(again.lines, again.dfv) == built, "a copy that was read builds the same");
+}
+
+// The preview is what happens, and nothing else.
+void Import(std::string_view input) {
+  const ImportWindow window{{Generation::Zek2, 20, 2030},
+                            ImportKey({2020, 0, 1}),
+                            ImportKey({2030, 11, 31}),
+                            2030,
+                            false};
+  CalendarTable table(2026);
+  table.Give({2026, 11, 20}, {2026, 11, 31}, 9);
+  std::size_t clock = 0;
+  const ImportedDates read =
+      ReadImportFile(input, window, [&clock] { return std::chrono::milliseconds(++clock / 16); });
+  const auto lines = PreviewImport(table, read.dates, 8);
+  const auto result = WithImported(table, lines);
+  if (!result) return;
+  std::size_t added = 0;
+  for (const PreviewLine& line : lines) {
+    const bool conflict = line.effect == ImportEffect::Conflict;
+    added += line.effect == ImportEffect::Add ? 1 : 0;
+    Demand(IsDate(line.date.date) && window.years.Has(line.date.date.year), "dates exist");
+    Demand(result->TypeOn(line.date.date) == (conflict ? line.present : line.date.type),
+           "a date is as it was shown");
+  }
+  Demand(result->Used().size() == table.Used().size() + added, "nothing else changes");
 }
 
 void PlantFiles(std::string_view input) {

@@ -18,6 +18,7 @@ constexpr auto kTargets = std::to_array<Target>({
     {"exceptions", Exceptions},
     {"local-copies", LocalCopies},
     {"plant-files", PlantFiles},
+    {"import", Import},
 });
 
 }  // namespace

@@ -31,5 +31,6 @@ void Calendar(std::string_view input);
 void Exceptions(std::string_view input);
 void LocalCopies(std::string_view input);
 void PlantFiles(std::string_view input);
+void Import(std::string_view input);
 
 }  // namespace zek::fuzz

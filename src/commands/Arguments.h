@@ -31,9 +31,9 @@ struct Arguments {
   std::string dayType;                // import --as: a day type, such as SD1
   std::string from;                   // import --from and --to: dates
   std::string to;
-  bool write = false;                 // import --write
-  std::string help;                   // with --help: the text to print, else ""
-  std::string error;                  // error in the command line, or ""
+  bool write = false;  // import --write
+  std::string help;    // with --help: the text to print, else ""
+  std::string error;   // error in the command line, or ""
 
   /// True if the command may contact a controller.
   bool Contacts() const;

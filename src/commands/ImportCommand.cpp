@@ -111,7 +111,7 @@ class Importer {
     for (const PreviewLine& line : lines) {
       const ImportedDate& date = line.date;
       const bool conflict = line.effect == ImportEffect::Conflict;
-      console_.out << (conflict                               ? "conflict\t" + TypeName(line.present)
+      console_.out << (conflict ? "conflict\t" + TypeName(line.present)
                        : line.effect == ImportEffect::Already ? "already"
                                                               : "add")
                    << '\t' << IsoDate(date.date.year, date.date.month + 1, date.date.day) << '\t'

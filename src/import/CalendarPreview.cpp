@@ -32,7 +32,8 @@ std::optional<CalendarTable> WithImported(CalendarTable table,
                                           const std::vector<bool>& replaces) {
   for (std::size_t at = 0; at < lines.size(); ++at) {
     const PreviewLine& line = lines[at];
-    const bool replaced = line.effect == ImportEffect::Conflict && at < replaces.size() && replaces[at];
+    const bool replaced =
+        line.effect == ImportEffect::Conflict && at < replaces.size() && replaces[at];
     if (line.effect != ImportEffect::Add && !replaced) continue;
     if (!table.Give(line.date.date, line.date.date, line.date.type)) return std::nullopt;
   }

@@ -12,12 +12,12 @@ enum class ImportEffect { Add, Already, Conflict };
 /// What one imported date does to a calendar.
 struct PreviewLine {
   ImportEffect effect = ImportEffect::Add;
-  ImportedDate date;                   // with its day type
+  ImportedDate date;                  // with its day type
   std::int16_t present = kNoDayType;  // of a conflict: the type that the date has
 };
 
-/// Compares dates with a calendar, by date. Dates without a type get `type`. A date that comes twice
-/// is compared with its first type the second time.
+/// Compares dates with a calendar, by date. Dates without a type get `type`. A date that comes
+/// twice is compared with its first type the second time.
 std::vector<PreviewLine> PreviewImport(const CalendarTable& table, std::vector<ImportedDate> dates,
                                        std::int16_t type);
 

@@ -11,8 +11,7 @@ namespace zek {
 namespace {
 
 CalendarDate DayBefore(const CalendarDate& date) {
-  const DateParts parts =
-      DateOf(DateMoment(date.year, date.month + 1, date.day) - kMinutesOfDay);
+  const DateParts parts = DateOf(DateMoment(date.year, date.month + 1, date.day) - kMinutesOfDay);
   return {parts.year, parts.month - 1, parts.day};
 }
 

@@ -18,9 +18,12 @@ namespace {
 
 constexpr std::chrono::milliseconds kRulesTime{2000};
 constexpr std::int64_t kSecondsOfDay = 86400;
-constexpr std::size_t kMostDays = 4 * kCalendarEntries;  // of an event, with those before the window
+constexpr std::size_t kMostDays =
+    4 * kCalendarEntries;  // of an event, with those before the window
 
-ImportReason TooManyDates() { return {text::kImportTooManyDates, std::to_string(kCalendarEntries)}; }
+ImportReason TooManyDates() {
+  return {text::kImportTooManyDates, std::to_string(kCalendarEntries)};
+}
 
 struct FreeComponent {
   void operator()(icalcomponent* component) const { icalcomponent_free(component); }
@@ -115,9 +118,8 @@ class EventDays {
       const icaldurationtype lasts = icalproperty_get_duration(duration);
       end += (lasts.is_neg != 0 ? -1 : 1) * SecondsIn(lasts);
     });
-    ForEach(event_, ICAL_DTEND_PROPERTY, [&](icalproperty* given) {
-      end = SecondOf(icalproperty_get_dtend(given));
-    });
+    ForEach(event_, ICAL_DTEND_PROPERTY,
+            [&](icalproperty* given) { end = SecondOf(icalproperty_get_dtend(given)); });
     const std::int64_t first = SecondOf(start_) / kSecondsOfDay;
     if (end < first * kSecondsOfDay) return {text::kImportEndFirst};
     const std::int64_t days = (end + kSecondsOfDay - 1) / kSecondsOfDay - first;

@@ -119,8 +119,9 @@ bool IsWanted(const std::string& frequency, const RuleParts& parts) {
       {"DAILY", " FREQ INTERVAL COUNT UNTIL WKST BYDAY BYMONTH BYMONTHDAY "},
       {"WEEKLY", " FREQ INTERVAL COUNT UNTIL WKST BYDAY BYMONTH "},
       {"MONTHLY", " FREQ INTERVAL COUNT UNTIL WKST BYDAY BYMONTH BYMONTHDAY BYSETPOS "},
-      {"YEARLY", " FREQ INTERVAL COUNT UNTIL WKST BYDAY BYMONTH BYMONTHDAY BYSETPOS BYYEARDAY "
-                 "BYWEEKNO "}};
+      {"YEARLY",
+       " FREQ INTERVAL COUNT UNTIL WKST BYDAY BYMONTH BYMONTHDAY BYSETPOS BYYEARDAY "
+       "BYWEEKNO "}};
   const auto found = wanted.find(frequency);
   if (found == wanted.end()) return false;
   const bool weeks = parts.contains("BYWEEKNO");
@@ -138,8 +139,7 @@ bool HasPlaces(const std::string& frequency, const RuleParts& parts) {
   if (frequency == "MONTHLY" || (frequency == "YEARLY" && !parts.contains("BYWEEKNO"))) return true;
   const auto days = parts.find("BYDAY");
   const auto dates = parts.find("BYMONTHDAY");
-  return (days == parts.end() ||
-          days->second.find_first_of("0123456789") == std::string::npos) &&
+  return (days == parts.end() || days->second.find_first_of("0123456789") == std::string::npos) &&
          (dates == parts.end() || dates->second.find('-') == std::string::npos);
 }
 
@@ -154,7 +154,9 @@ ImportReason CheckRule(std::string_view value, std::vector<std::string>& lines) 
   std::string line = "RRULE:FREQ=" + frequency;
   for (const auto& [key, part] : *parts) {
     if (key == "FREQ") continue;
-    const std::size_t digits = key == "COUNT" ? countDigits : key == "INTERVAL" ? intervalDigits : 0;
+    const std::size_t digits = key == "COUNT"      ? countDigits
+                               : key == "INTERVAL" ? intervalDigits
+                                                   : 0;
     if (digits > 0 && (!IsNumber(part, digits) || part.find_first_not_of('0') == std::string::npos))
       return {text::kImportRule};
     if (key != "UNTIL") {

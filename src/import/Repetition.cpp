@@ -23,8 +23,7 @@ struct Day {
 template <class Numbers>
 std::span<const short> Given(const Numbers& numbers) {
   const std::span<const short> all(numbers);
-  const auto end =
-      std::find(all.begin(), all.end(), static_cast<short>(ICAL_RECURRENCE_ARRAY_MAX));
+  const auto end = std::find(all.begin(), all.end(), static_cast<short>(ICAL_RECURRENCE_ARRAY_MAX));
   return all.first(static_cast<std::size_t>(end - all.begin()));
 }
 

@@ -6,8 +6,8 @@
 
 namespace zek {
 
-/// False for a repetition that has no day in a long time from `start` on: libical takes very long to
-/// find that out.
+/// False for a repetition that has no day in a long time from `start` on: libical takes very long
+/// to find that out.
 bool MayOccur(const icalrecurrencetype& rule, const CalendarDate& start);
 
 }  // namespace zek
