@@ -219,6 +219,11 @@ void CalendarEditor::Apply(Prompts& prompts, const LanguageTexts& texts) {
                Message(texts.Text(text::kCalendarFull), {std::to_string(kCalendarEntries)}));
 }
 
+void CalendarEditor::Replace(const CalendarTable& table) {
+  if (ViewOnly()) return;
+  history_.Change({year_, month_, cursor_, anchor_}, [&](CalendarTable& now) { now = table; });
+}
+
 bool CalendarEditor::ShowPlace(const std::optional<CalendarPlace>& place) {
   if (!place) return false;
   ShowYear(place->year);

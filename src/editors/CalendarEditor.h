@@ -127,6 +127,10 @@ class CalendarEditor {
   /// hold the year or the calendar is full, shows a message and changes nothing.
   void Apply(Prompts& prompts, const LanguageTexts& texts);
 
+  /// Makes another table the calendar, as one step.
+  void Replace(const CalendarTable& table);
+  const CalendarYears& Years() const { return years_; }
+
   /// Setting a type is one step if it changes anything. Undo and redo show the month and select the
   /// days; they return false if there is no step.
   bool Undo() { return ShowPlace(history_.Undo()); }

@@ -139,6 +139,16 @@ TEST_F(CalendarFormTest, ByKeyboardAndFetchedAgain) {
   EXPECT_EQ(PlantLines().at(1001).substr(7, 20), Date("02-JAN", 1) + ".." + Date("03-JAN", 1));
 }
 
+TEST_F(CalendarFormTest, HolidaysArePreviewedAndTaken) {
+  Run({{InEditor, [] { Press('G', wxMOD_ALT); }},
+       {[] { return IsActive("ZV_Import") && HasFocus("List_Dates"); },
+        [] { Press('L', wxMOD_ALT); }},
+       {InEditor, [] { Press('S', wxMOD_CONTROL); }}});
+  std::string lines;
+  for (const auto& [number, line] : PlantLines()) lines += line + "\n";
+  EXPECT_NE(lines.find(Date("25-DEC") + ".." + Date("26-DEC")), std::string::npos) << lines;
+}
+
 TEST_F(CalendarFormTest, TheTypeAndTheFramesHaveKeys) {
   Run({{InEditor, [this] {
           Press('D', wxMOD_ALT);

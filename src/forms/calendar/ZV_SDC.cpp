@@ -4,6 +4,7 @@
 #include <vector>
 
 #include <wx/accel.h>
+#include <wx/weakref.h>
 
 #include "lang/TextNumbers.h"
 #include "ui/Mnemonics.h"
@@ -54,6 +55,16 @@ void ZV_SDC::BindEvents() {
   step(Command_Last, -1);
   step(Command_Next, 1);
   BuildAccelerators();
+}
+
+wxButton* ZV_SDC::NewImport(const std::string& name, int caption, DateSource source) {
+  wxButton* const button = NewCommand(wxID_ANY, name, letters_.Give(Caption(caption)), {}, true);
+  button->Bind(wxEVT_BUTTON, [this, source](wxCommandEvent&) {
+    const wxWeakRef<ZV_SDC> alive(this);
+    if (ShowImportForm(this, proc_, editor_, source) && alive) ShowAll();
+    if (alive) FocusEntry();
+  });
+  return button;
 }
 
 // A frame's letter moves the focus into the frame: to the days or to the chosen option.

@@ -13,6 +13,7 @@
 #include "app/ZV_Proc.h"
 #include "editors/CalendarEditor.h"
 #include "forms/EditorForm.h"
+#include "forms/calendar/ZV_Import.h"
 #include "forms/calendar/ZV_SDCDays.h"
 #include "wxbase/WxTurn.h"
 
@@ -44,6 +45,8 @@ class ZV_SDC final : public EditorForm {
   wxSizer* GridContent();
   wxSizer* DayTypeContent();
   void BindEvents();
+  /// A button that opens `ZV_Import`.
+  wxButton* NewImport(const std::string& name, int caption, DateSource source);
   void BuildAccelerators();
   /// Shows the editor's state in the grid and in the options beside it.
   void ShowAll();

@@ -49,6 +49,8 @@ void ZV_SDC::Build() {
   BuildDayTypes();
   BuildYearsAndMonths();
   undoAndRedo_ = NewUndoAndRedo(letters_);
+  auto* const holidays = NewImport("Command_Holidays", text::kHolidaysButton, DateSource::Holidays);
+  auto* const import = NewImport("Command_Import", text::kImportButton, DateSource::File);
   Command_Ok = NewSave(letters_.Give(Caption(text::kCalendarOk)), {});
   Command_Cancel = NewCommand(wxID_CANCEL, "Command_Cancel",
                               letters_.Give(Caption(text::kCalendarCancel)), {}, false);
@@ -70,6 +72,8 @@ void ZV_SDC::Build() {
       this, wxID_ANY, ToWx(Message(proc_.Text(text::kOfController), {object.Description})));
   auto* const commands = new wxBoxSizer(wxHORIZONTAL);
   commands->Add(undoAndRedo_, 0, wxRIGHT, 3 * gap);
+  commands->Add(holidays, 0, wxRIGHT, gap);
+  commands->Add(import, 0, wxRIGHT, gap);
   commands->AddStretchSpacer();
   commands->Add(Command_Ok, 0, wxRIGHT, gap);
   commands->Add(Command_Cancel);

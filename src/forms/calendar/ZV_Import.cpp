@@ -1,0 +1,283 @@
+#include "forms/calendar/ZV_Import.h"
+
+#include <array>
+#include <chrono>
+#include <vector>
+
+#include <wx/button.h>
+#include <wx/checklst.h>
+#include <wx/choice.h>
+#include <wx/dialog.h>
+#include <wx/filedlg.h>
+#include <wx/sizer.h>
+#include <wx/spinctrl.h>
+#include <wx/stattext.h>
+#include <wx/weakref.h>
+
+#include "formats/CalendarNames.h"
+#include "formats/CatalogueFields.h"
+#include "import/CalendarPreview.h"
+#include "import/HolidayDates.h"
+#include "import/ImportFile.h"
+#include "lang/TextNumbers.h"
+#include "ui/AccessibleName.h"
+#include "ui/Forms.h"
+#include "ui/Pictures.h"
+#include "ui/WxText.h"
+
+namespace zek {
+namespace {
+
+constexpr int kGap = 8;
+constexpr int kColumns = 70;
+constexpr int kLines = 18;
+constexpr int kFirstSpecialDay = 8;
+constexpr int kDayTypeCaption = text::kCalendarCaption + 4;
+
+ImportWindow WindowOf(const CalendarEditor& editor) {
+  ImportWindow window;
+  window.years = editor.Years();
+  window.last = ImportKey({window.years.Last(), kMonthsOfYear - 1, 31});
+  window.lastOfEndless = editor.Table().BaseYear() + kCalendarYears - 1;
+  window.lastIsAsked = false;
+  return window;
+}
+
+class ImportForm final : public wxDialog {
+ public:
+  /// Without `fromFile` the dates are the holidays.
+  ImportForm(wxWindow* parent, ZV_Proc& proc, CalendarEditor& editor,
+             std::optional<ImportedDates> fromFile)
+      : wxDialog(parent, wxID_ANY, ToWx(proc.Text(text::kImportTitle)), wxDefaultPosition,
+                 wxDefaultSize, wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, "ZV_Import"),
+        proc_(proc),
+        editor_(editor),
+        fromFile_(std::move(fromFile)) {
+    SetIcons(ProgramIcons());
+    Build();
+    ShowPreview();
+    RememberPlacement(*this, "ZV_Import");
+    if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
+    // Without a window manager the program itself must activate the window.
+    CallAfter([this] {
+      Raise();
+      List_Dates->SetFocus();
+    });
+    List_Dates->Bind(wxEVT_CHECKLISTBOX, [this](wxCommandEvent& event) { Tick(event.GetInt()); });
+    Bind(
+        wxEVT_BUTTON, [this](wxCommandEvent&) { Take(); }, wxID_OK);
+  }
+
+  bool Changed() const { return changed_; }
+
+ private:
+  void Build() {
+    const int gap = FromDIP(kGap);
+    auto* const whole = new wxBoxSizer(wxVERTICAL);
+    whole->Add(fromFile_ ? FileChoices() : HolidayChoices(), 0, wxEXPAND | wxALL, gap);
+    List_Dates = new wxCheckListBox(this, wxID_ANY);
+    List_Dates->SetName("List_Dates");
+    SetAccessibleName(*List_Dates, GetTitle());
+    List_Dates->SetFont(FixedFont());
+    const wxSize letter = List_Dates->GetTextExtent("0");
+    List_Dates->SetMinSize(wxSize(letter.x * kColumns, letter.y * kLines));
+    whole->Add(List_Dates, 1, wxEXPAND | wxLEFT | wxRIGHT, gap);
+    Label_Full = new wxStaticText(this, wxID_ANY, {});
+    whole->Add(Label_Full, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
+    auto* const commands = new wxBoxSizer(wxHORIZONTAL);
+    commands->AddStretchSpacer();
+    Command_Take = new wxButton(this, wxID_OK, Caption(text::kImportTake));
+    Command_Take->SetDefault();
+    commands->Add(Command_Take, 0, wxRIGHT, gap);
+    commands->Add(new wxButton(this, wxID_CANCEL, Caption(text::kCalendarCancel)));
+    whole->Add(commands, 0, wxEXPAND | wxALL, gap);
+    SetSizerAndFit(whole);
+  }
+
+  wxString Caption(std::int32_t number) const { return ToWx(proc_.Text(number)); }
+
+  // The days types SD1 to SD7; for a group of holidays also none.
+  wxChoice* NewTypes(wxSizer* rows, std::int32_t caption, const char* name, bool withNone) {
+    auto* const label = new wxStaticText(this, wxID_ANY, Caption(caption));
+    auto* const types = new wxChoice(this, wxID_ANY);
+    types->SetName(name);
+    SetAccessibleName(*types, wxControl::RemoveMnemonics(label->GetLabel()));
+    if (withNone) types->Append("-");
+    for (int type = kFirstSpecialDay; type <= kCalendarDayTypes; ++type)
+      types->Append(ToWx(DayTypeCaption(type, proc_.texts)));
+    types->SetSelection(0);
+    types->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowPreview(); });
+    rows->Add(label, 0, wxALIGN_CENTER_VERTICAL);
+    rows->Add(types);
+    return types;
+  }
+
+  static std::int16_t TypeIn(const wxChoice& types, bool withNone) {
+    const int chosen = types.GetSelection() - (withNone ? 1 : 0);
+    return static_cast<std::int16_t>(chosen < 0 ? kNoDayType : kFirstSpecialDay + chosen);
+  }
+
+  wxSizer* FileChoices() {
+    auto* const rows = new wxFlexGridSizer(2, FromDIP(kGap), FromDIP(kGap));
+    Choice_Type = NewTypes(rows, kDayTypeCaption, "Choice_Type", false);
+    return rows;
+  }
+
+  wxSizer* HolidayChoices() {
+    auto* const rows = new wxFlexGridSizer(2, FromDIP(kGap), FromDIP(kGap));
+    constexpr std::array groups = {text::kHolidaysPublic, text::kHolidaysDeFacto,
+                                   text::kHolidaysEves};
+    constexpr std::array names = {"Choice_Public", "Choice_DeFacto", "Choice_Eves"};
+    for (std::size_t at = 0; at < groups.size(); ++at)
+      Choice_Group.at(at) = NewTypes(rows, groups.at(at), names.at(at), true);
+    Choice_Group[0]->SetSelection(1);
+    rows->Add(new wxStaticText(this, wxID_ANY, Caption(text::kHolidaysYears)), 0,
+              wxALIGN_CENTER_VERTICAL);
+    auto* const years = new wxBoxSizer(wxHORIZONTAL);
+    const int thisYear = proc_.now().year;
+    constexpr std::array yearNames = {"Spin_First", "Spin_Last"};
+    for (std::size_t at = 0; at < Spin_Year.size(); ++at) {
+      constexpr int firstKnown = 1990;
+      constexpr int lastKnown = 2099;
+      auto* const year =
+          new wxSpinCtrl(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxSP_ARROW_KEYS,
+                         firstKnown, lastKnown, thisYear + static_cast<int>(at));
+      year->SetName(yearNames.at(at));
+      SetAccessibleName(*year, wxControl::RemoveMnemonics(Caption(text::kHolidaysYears)));
+      year->Bind(wxEVT_SPINCTRL, [this](wxSpinEvent&) { ShowPreview(); });
+      years->Add(year, 0, wxRIGHT, FromDIP(kGap));
+      Spin_Year.at(at) = year;
+    }
+    rows->Add(years);
+    return rows;
+  }
+
+  ImportedDates Dates() const {
+    if (fromFile_) return *fromFile_;
+    return HolidayDates(Spin_Year[0]->GetValue(), Spin_Year[1]->GetValue(),
+                        {TypeIn(*Choice_Group[0], true), TypeIn(*Choice_Group[1], true),
+                         TypeIn(*Choice_Group[2], true)},
+                        WindowOf(editor_));
+  }
+
+  std::string TextOf(const PreviewLine& line) const {
+    const CalendarDate& date = line.date.date;
+    const bool conflict = line.effect == ImportEffect::Conflict;
+    std::string text = IsoDate(date.year, date.month + 1, date.day) + "  " +
+                       DayTypeCaption(line.date.type, proc_.texts) + "  ";
+    if (!line.date.name.empty()) text += line.date.name + "  ";
+    if (conflict) {
+      text +=
+          Message(proc_.Text(text::kImportConflict), {DayTypeCaption(line.present, proc_.texts)});
+    } else {
+      text +=
+          proc_.Text(line.effect == ImportEffect::Add ? text::kImportAdd : text::kImportAlready);
+    }
+    return text;
+  }
+
+  void ShowPreview() {
+    const ImportedDates dates = Dates();
+    lines_ = PreviewImport(editor_.Table(), dates.dates,
+                           Choice_Type == nullptr ? kNoDayType : TypeIn(*Choice_Type, false));
+    ticked_.assign(lines_.size(), false);
+    wxArrayString items;
+    for (const PreviewLine& line : lines_) items.Add(ToWx(TextOf(line)));
+    for (const SkippedItem& item : dates.skipped) {
+      const std::string why =
+          Message(proc_.Text(text::kImportSkipped), {item.reason.In(proc_.texts)});
+      items.Add(ToWx(item.name + "  " + why));
+    }
+    List_Dates->Set(items);
+    for (std::size_t at = 0; at < lines_.size(); ++at)
+      List_Dates->Check(static_cast<unsigned>(at), lines_[at].effect == ImportEffect::Add);
+    ShowCount();
+  }
+
+  // Only conflicts have a choice.
+  void Tick(int at) {
+    const auto line = static_cast<std::size_t>(at);
+    const bool conflict = line < lines_.size() && lines_[line].effect == ImportEffect::Conflict;
+    if (conflict) {
+      ticked_[line] = List_Dates->IsChecked(static_cast<unsigned>(at));
+    } else {
+      List_Dates->Check(static_cast<unsigned>(at),
+                        line < lines_.size() && lines_[line].effect == ImportEffect::Add);
+    }
+    ShowCount();
+  }
+
+  void ShowCount() {
+    std::size_t count = 0;
+    for (std::size_t at = 0; at < lines_.size(); ++at)
+      if (lines_[at].effect == ImportEffect::Add || ticked_[at]) ++count;
+    result_ = WithImported(editor_.Table(), lines_, ticked_);
+    Command_Take->SetLabel(ToWx(Message(proc_.Text(text::kImportTake), {std::to_string(count)})));
+    Command_Take->Enable(count > 0 && result_);
+    Label_Full->SetLabel(result_ ? wxString()
+                                 : ToWx(Message(proc_.Text(text::kCalendarFull),
+                                                {std::to_string(kCalendarEntries)})));
+    Layout();
+  }
+
+  void Take() {
+    if (!result_ || !Command_Take->IsEnabled()) return;
+    editor_.Replace(*result_);
+    changed_ = true;
+    EndModal(wxID_OK);
+  }
+
+  ZV_Proc& proc_;
+  CalendarEditor& editor_;
+  std::optional<ImportedDates> fromFile_;
+  std::vector<PreviewLine> lines_;
+  std::vector<bool> ticked_;
+  std::optional<CalendarTable> result_;  // nothing if the calendar would be too full
+  bool changed_ = false;
+  wxChoice* Choice_Type = nullptr;
+  std::array<wxChoice*, 3> Choice_Group{};
+  std::array<wxSpinCtrl*, 2> Spin_Year{};
+  wxCheckListBox* List_Dates = nullptr;
+  wxStaticText* Label_Full = nullptr;
+  wxButton* Command_Take = nullptr;
+};
+
+// Nothing, after a message, if nothing of the file can be imported, or if none was chosen.
+std::optional<ImportedDates> FromFile(wxWindow* parent, ZV_Proc& proc,
+                                      const CalendarEditor& editor) {
+  const wxString path = wxFileSelector(wxFileSelectorPromptStr, {}, {}, {}, "*.ics;*.csv",
+                                       wxFD_OPEN | wxFD_FILE_MUST_EXIST, parent);
+  if (path.empty()) return std::nullopt;
+  const FileContent file = proc.files.Read(path.utf8_string());
+  if (file.error) {
+    proc.ToUser().Tell(*file.error);
+    return std::nullopt;
+  }
+  ImportedDates dates = ReadImportFile(file.bytes, WindowOf(editor), [] {
+    return std::chrono::duration_cast<std::chrono::milliseconds>(
+        std::chrono::steady_clock::now().time_since_epoch());
+  });
+  if (!dates.refused) return dates;
+  proc.prompts.Show(Icon::Exclamation, dates.refused.In(proc.texts));
+  return std::nullopt;
+}
+
+}  // namespace
+
+bool ShowImportForm(wxWindow* parent, ZV_Proc& proc, CalendarEditor& editor, DateSource source) {
+  const wxWeakRef<wxWindow> parentAlive(parent);
+  std::optional<ImportedDates> dates;
+  if (source == DateSource::File) {
+    dates = FromFile(parent, proc, editor);
+    if (!dates || !parentAlive) return false;
+  }
+  auto* const form = new ImportForm(parent, proc, editor, std::move(dates));
+  const wxWeakRef<ImportForm> alive(form);
+  form->ShowModal();
+  if (!alive) return false;
+  const bool changed = form->Changed();
+  form->Destroy();  // later, in the event loop
+  return changed;
+}
+
+}  // namespace zek

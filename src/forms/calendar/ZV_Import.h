@@ -1,0 +1,20 @@
+#pragma once
+
+#include <optional>
+
+#include <wx/window.h>
+
+#include "app/ZV_Proc.h"
+#include "editors/CalendarEditor.h"
+
+namespace zek {
+
+/// Where dates for the calendar come from.
+enum class DateSource { File, Holidays };
+
+/// Opens `ZV_Import` on the dates of a file, which the user chooses, or of the computed holidays.
+/// It shows what they change in the editor's calendar; what the user takes is one step of the
+/// editor. Modal; returns true if the calendar changed.
+bool ShowImportForm(wxWindow* parent, ZV_Proc& proc, CalendarEditor& editor, DateSource source);
+
+}  // namespace zek
