@@ -88,7 +88,7 @@ class EventDays {
     if (start == nullptr) return {text::kImportNoDate};
     if (icalcomponent_count_errors(event_) > 0) return {text::kImportBadEntry};
     start_ = icalproperty_get_dtstart(start);
-    if (const ImportReason reason = ComputeLength()) return reason;
+    if (ImportReason reason = ComputeLength()) return reason;
     ImportReason reason;
     bool repeats = false;
     ForEach(event_, ICAL_RRULE_PROPERTY, [&](icalproperty* rule) {
@@ -198,7 +198,7 @@ class IcsReader {
     const Component component(icalparser_parse_string((text + "END:VEVENT\r\n").c_str()));
     if (!component) return {text::kImportBadEntry};
     EventDays days(component.get(), window_, time_);
-    if (const ImportReason reason = days.Compute()) return reason;
+    if (ImportReason reason = days.Compute()) return reason;
     const auto replaced = replaced_.find(event.uid);
     Keys all;
     for (const std::int32_t first : days.First()) {

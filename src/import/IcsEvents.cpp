@@ -160,10 +160,10 @@ ImportReason CheckRule(std::string_view value, std::vector<std::string>& lines) 
     if (digits > 0 && (!IsNumber(part, digits) || part.find_first_not_of('0') == std::string::npos))
       return {text::kImportRule};
     if (key != "UNTIL") {
-      line += ";" + key + "=" + part;
+      line.append(";").append(key).append("=").append(part);
       continue;
     }
-    const ImportReason wrong = CheckMoment(part);
+    ImportReason wrong = CheckMoment(part);
     if (wrong.text == text::kImportYear && part > "2") continue;  // "99991231": without an end
     if (wrong) return wrong;
     line += ";UNTIL=" + part.substr(0, kDateLength);
