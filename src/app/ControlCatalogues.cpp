@@ -19,18 +19,21 @@ constexpr std::array kTitles{std::pair(Catalogue::Wdc, text::kTitleWeekdays),
 }  // namespace
 
 bool ControlCatalogues::Read() {
-  for (const auto& [catalogue, title] : kTitles) {
-    if (Content(catalogue)) continue;
-    const CatalogueId id = of_.Id(catalogue);
-    if (proc_.settings.LocalMode && !proc_.copies.Exists(id)) {
-      missing_.push_back(catalogue);
-      Content(catalogue).emplace();
-      continue;
-    }
-    Content(catalogue) = proc_.catalogues.GetCatalogue(id);
-    if (!Content(catalogue)) return false;
+  return std::all_of(kTitles.begin(), kTitles.end(),
+                     [this](const auto& titled) { return Read(titled.first); });
+}
+
+bool ControlCatalogues::Read(Catalogue catalogue) {
+  std::optional<CatalogueContent>& content = Content(catalogue);
+  if (content) return true;
+  const CatalogueId id = of_.Id(catalogue);
+  if (proc_.settings.LocalMode && !proc_.copies.Exists(id)) {
+    missing_.push_back(catalogue);
+    content.emplace();
+  } else {
+    content = proc_.catalogues.GetCatalogue(id);
   }
-  return true;
+  return content.has_value();
 }
 
 ControlCatalogues::Readings ControlCatalogues::Parsed() const {

@@ -47,6 +47,7 @@ class ControlCatalogues {
   };
 
   Readings Parsed() const;
+  bool Read(Catalogue catalogue);
   std::optional<CatalogueContent>& Content(Catalogue catalogue) {
     return contents_.at(static_cast<std::size_t>(catalogue));
   }

@@ -135,7 +135,7 @@ CalendarCell CalendarEditor::CellOn(const CalendarDate& date, const LanguageText
 }
 
 std::string CalendarEditor::TypeCaption(int type, const LanguageTexts& texts) const {
-  const std::string caption = DayTypeCaption(type, texts);
+  std::string caption = DayTypeCaption(type, texts);
   if (type <= kDaysOfWeek) return caption;
   return WithDayName(caption, static_cast<std::size_t>(type - kDaysOfWeek - 1), names_);
 }

@@ -21,12 +21,12 @@ constexpr std::array<Rgb, 7> kColours{{{230, 159, 0},
 
 Rgb TypeGround(int type, const Rgb& background, const Rgb& text) {
   constexpr double readable = 4.5;
-  constexpr double strongest = 0.7;
-  constexpr double step = 0.05;
+  constexpr int strongest = 14;  // of 20 parts
+  constexpr double parts = 20;
   const Rgb colour = type > kWeekdays ? kColours.at(static_cast<std::size_t>(type - kWeekdays - 1))
                                       : kWeekdayColour;
-  for (double share = strongest; share > step; share -= step) {
-    const Rgb ground = Blend(background, colour, share);
+  for (int share = strongest; share > 1; --share) {
+    const Rgb ground = Blend(background, colour, share / parts);
     if (Contrast(ground, text) >= readable) return ground;
   }
   return background;

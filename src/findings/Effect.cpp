@@ -76,6 +76,7 @@ std::vector<Doubt> DoubtsOfRows(const Schedule& schedule, DayNumber today) {
     }
   }
   std::vector<Doubt> doubts;
+  doubts.reserve(lines.size());
   for (const int line : lines) doubts.push_back({FindingKind::RowNoEffect, line});
   return doubts;
 }
@@ -94,6 +95,7 @@ std::vector<Doubt> DoubtsOfDates(const Schedule& schedule, DayNumber today) {
   for (const DatedType& dated : schedule.calendar)
     if (dated.day >= today) lines.insert(dated.line);
   std::vector<Doubt> doubts;
+  doubts.reserve(lines.size());
   for (const int line : lines) doubts.push_back({FindingKind::DateNoEffect, line});
   return doubts;
 }

@@ -114,7 +114,6 @@ void EditorForm::LayOut(wxSizer* content) {
   whole->Add(content, 1, wxEXPAND);
   auto* const foot = new wxBoxSizer(wxHORIZONTAL);
   foot->Add(status_, 1, wxALIGN_CENTER_VERTICAL);
-  foot->Add(list_, 0, wxALIGN_CENTER_VERTICAL | wxLEFT, gap);
   foot->Add(sent_, 0, wxALIGN_CENTER_VERTICAL | wxLEFT, gap);
   whole->Add(foot, 0, wxEXPAND | wxALL, gap);
   SetSizerAndFit(whole);

@@ -73,11 +73,11 @@ class EditorForm : public wxDialog {
   /// Creates a button. `changes` marks one that edits; it is disabled in a view-only form.
   wxButton* NewCommand(wxWindowID id, const std::string& name, const wxString& caption,
                        const wxString& toolTip, bool changes);
-  /// Create the buttons for saving; for undo, redo and what applies. `LayOut` places the one for the
-  /// findings.
+  /// Create the buttons for saving; for undo, redo and what applies; for the list of findings.
   wxButton* NewSave(const wxString& caption, const wxString& toolTip);
   wxSizer* NewUndoAndRedo(Mnemonics& letters);
   void NewFindings(Mnemonics& letters);
+  wxWindow* FindingsButton() const { return list_; }
   /// Updates title and buttons: is there anything to save, undo or redo? Call it after every change
   /// of the table. Typing in a box needs no call.
   void ShowChanges();

@@ -15,7 +15,8 @@ using SpecialDayNames = std::array<std::string, 7>;
 SpecialDayNames ReadSpecialDayNames(const Profile& profile, std::string_view object);
 
 /// Returns "SD1 Jullov"; without a name, only the key.
-inline std::string WithDayName(std::string key, std::size_t number, const SpecialDayNames& names) {
+inline std::string WithDayName(const std::string& key, std::size_t number,
+                               const SpecialDayNames& names) {
   const std::string& name = names.at(number);
   return name.empty() ? key : key + " " + name;
 }

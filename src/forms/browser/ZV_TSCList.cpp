@@ -147,7 +147,7 @@ void NodeList::Sort() {
 
 // The times have the width that they need, the nodes what is left.
 void NodeList::FitColumns() {
-  const std::string longest = Message(proc_.Text(text::kCopyFewer), {"2026-11-22 08:30"}) + "  ";
+  const std::string longest = Message(proc_.Text(text::kCopyUnsent), {"2026-11-22 08:30"}) + "  ";
   const int time = GetTextExtent(ToWx(longest)).x;
   const int node = std::max(time, GetClientSize().x - time * static_cast<int>(kColumns.size()));
   for (int column = 0; column < GetColumnCount(); ++column)

@@ -75,12 +75,14 @@ void ZV_SDC::Build() {
   const Topic& object = proc_.topics[proc_.selection.CurrentObject];
   auto* const whose = new wxStaticText(
       this, wxID_ANY, ToWx(Message(proc_.Text(text::kOfController), {object.Description})));
+  auto* const years = new wxBoxSizer(wxHORIZONTAL);
+  years->Add(Command_Year, 0, wxRIGHT, 3 * gap);
+  years->Add(holidays, 0, wxRIGHT, gap);
+  years->Add(import);
   auto* const commands = new wxBoxSizer(wxHORIZONTAL);
   commands->Add(undoAndRedo_, 0, wxRIGHT, 3 * gap);
-  commands->Add(Command_Year, 0, wxRIGHT, 3 * gap);
-  commands->Add(holidays, 0, wxRIGHT, gap);
-  commands->Add(import, 0, wxRIGHT, gap);
   commands->AddStretchSpacer();
+  commands->Add(FindingsButton(), 0, wxRIGHT, 3 * gap);
   commands->Add(Command_Ok, 0, wxRIGHT, gap);
   commands->Add(Command_Cancel);
   auto* const whole = new wxBoxSizer(wxVERTICAL);
@@ -88,6 +90,7 @@ void ZV_SDC::Build() {
   whole->Add(upper, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(lower, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(hint, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
+  whole->Add(years, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(commands, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   LayOut(whole);
 }

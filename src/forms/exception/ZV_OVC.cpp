@@ -56,6 +56,7 @@ void ZV_OVC::Arrange() {
   commands->Add(Command_Erase, 0, wxRIGHT, 3 * gap);
   commands->Add(undoAndRedo_, 0, wxRIGHT, 3 * gap);
   commands->AddStretchSpacer();
+  commands->Add(FindingsButton(), 0, wxRIGHT, 3 * gap);
   commands->Add(Command_Ok, 0, wxRIGHT, gap);
   commands->Add(Command_Cancel);
   auto* const whole = new wxBoxSizer(wxVERTICAL);

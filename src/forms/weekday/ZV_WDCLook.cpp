@@ -96,6 +96,8 @@ void ZV_WDC::Arrange() {
   lower->Add(types, 0, wxRIGHT, 3 * gap);
   lower->Add(Command_Copy, 0, wxALIGN_BOTTOM | wxBOTTOM | wxRIGHT, gap);
   lower->Add(Command_Erase, 0, wxALIGN_BOTTOM | wxBOTTOM, gap);
+  lower->AddStretchSpacer();
+  lower->Add(FindingsButton(), 0, wxALIGN_BOTTOM | wxBOTTOM, gap);
   auto* const commands = new wxBoxSizer(wxHORIZONTAL);
   commands->Add(undoAndRedo_, 0, wxRIGHT, 3 * gap);
   commands->AddStretchSpacer();
