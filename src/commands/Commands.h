@@ -48,8 +48,8 @@ ExitStatus Export(Console& console, const Arguments& arguments);
 ExitStatus HistoryOfCatalogue(Console& console, const CatalogueId& id, const Arguments& arguments);
 
 /// Print what applies to a time control, see `Forecast`: on a stretch of time, with --svg also as a
-/// picture; at a moment, with the reasons; next. The status is 1 if a line could not be read or, in local mode, a local copy
-/// is missing; the answer is still printed.
+/// picture; at a moment, with the reasons; next. The status is 1 if a line could not be read or, in
+/// local mode, a local copy is missing; the answer is still printed.
 ExitStatus PrintTimeline(Console& console, const Arguments& arguments);
 ExitStatus Explain(Console& console, const Arguments& arguments);
 ExitStatus PrintNext(Console& console, const Arguments& arguments);

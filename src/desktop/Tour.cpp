@@ -208,8 +208,8 @@ void Tour::Fail(const std::string& reason) {
 
 // Closes the innermost open form; each tick closes the next one.
 void Tour::Leave() {
-  for (const char* const form : {"ZV_Findings", "ZV_Applies", "ZV_WDC", "ZV_SDC", "ZV_OVC", "ZV_TSCSummary",
-                                 "ZV_TSC", "ZV_Info", "ZV_Main"}) {
+  for (const char* const form : {"ZV_Findings", "ZV_Applies", "ZV_WDC", "ZV_SDC", "ZV_OVC",
+                                 "ZV_TSCSummary", "ZV_TSC", "ZV_Info", "ZV_Main"}) {
     wxWindow* const window = Shown(form);
     if (window == nullptr) continue;
     CloseLater(*window);

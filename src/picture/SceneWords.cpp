@@ -59,7 +59,7 @@ std::string SceneWords::Value(MaybeValue value) const {
 
 std::string SceneWords::Source(const SwitchSource& source, const Schedule& schedule) const {
   const BarKind kind = KindOf(source, schedule);
-  const std::string name = texts_.Text(text::kByWeekday + static_cast<std::int32_t>(kind));
+  std::string name = texts_.Text(text::kByWeekday + static_cast<std::int32_t>(kind));
   if (kind == BarKind::Nothing) return name;
   std::string place = Message(texts_.Text(text::kPlaceOfLine), {name, std::to_string(source.line)});
   if (const auto unsent = PlaceOfNumber(source.line)) {

@@ -107,7 +107,7 @@ std::string Patterns(const Palette& palette, const std::string& ids) {
                         {"width", "8"},
                         {"height", "8"},
                         {"patternUnits", "userSpaceOnUse"}}) +
-            "><rect width=\"8\" height=\"8\" fill=\"" + Colour(look.fill) + "\"/><path" +
+            R"(><rect width="8" height="8" fill=")" + Colour(look.fill) + "\"/><path" +
             Attributes({{"d", crossed ? "M0 4 H8 M4 0 V8" : "M-2 2 L2 -2 M0 8 L8 0 M6 10 L10 6"},
                         {"stroke", Colour(look.Hatch())},
                         {"stroke-width", "1.5"}}) +

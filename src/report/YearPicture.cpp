@@ -38,9 +38,9 @@ std::string DayAt(int x, int y, const CalendarDate& date, const DatedType* entry
          "</title><rect x=\"" + std::to_string(x) + "\" y=\"" + std::to_string(y) + "\" width=\"" +
          std::to_string(kCellWidth - 2) + "\" height=\"" + std::to_string(kCellHeight - 2) +
          "\" fill=\"#e8eef7\" stroke=\"#2b4a78\"/>\n" +
-         TextAt(x + 2, y + kBaseline, " font-weight=\"bold\"", number) +
+         TextAt(x + 2, y + kBaseline, R"( font-weight="bold")", number) +
          TextAt(x + kCellWidth - 4, y + kBaseline,
-                " text-anchor=\"end\" font-size=\"8\" fill=\"#2b4a78\"",
+                R"( text-anchor="end" font-size="8" fill="#2b4a78")",
                 DayTypeAbbreviation(type, texts)) +
          "</g>\n";
 }
@@ -48,7 +48,7 @@ std::string DayAt(int x, int y, const CalendarDate& date, const DatedType* entry
 std::string MonthAt(int left, int top, CalendarDate date, const DayTypes& types,
                     const LanguageTexts& texts) {
   std::string svg =
-      TextAt(left + 2, top + kBaseline, " font-weight=\"bold\"", MonthName(date, texts));
+      TextAt(left + 2, top + kBaseline, R"( font-weight="bold")", MonthName(date, texts));
   int week = 1;
   const int length = MonthLength(date.year, date.month);
   for (date.day = 1; date.day <= length; ++date.day) {
@@ -67,7 +67,7 @@ std::string YearPicture(int year, const DayTypes& types, const std::string& titl
                         const LanguageTexts& texts) {
   const std::string width = std::to_string(kMonthsAcross * kMonthWidth);
   const std::string height = std::to_string(kTop + kMonths / kMonthsAcross * kMonthHeight);
-  std::string svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"" + width + "\" height=\"" +
+  std::string svg = R"(<svg xmlns="http://www.w3.org/2000/svg" width=")" + width + "\" height=\"" +
                     height + "\" viewBox=\"0 0 " + width + " " + height +
                     "\" role=\"img\" font-family=\"sans-serif\" font-size=\"12\">\n<title>" +
                     HtmlText(title) + "</title>\n" + TextAt(2, kBaseline, "", title);
