@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "lang/TextNumbers.h"
+#include "text/Fields.h"
 #include "text/Numbers.h"
 #include "text/Windows1252.h"
 
@@ -156,8 +157,10 @@ bool Connection::AwaitAllSent() {
 }
 
 void Connection::OnLinkText(std::string_view bytes) {
-  const TextLoss loss = CurrentLink().Receive(
-      bytes, [this](std::string_view text) { reader_.HandleReplyText(text, *this); });
+  Link& link = CurrentLink();
+  secret_ = link.Secret();
+  const TextLoss loss =
+      link.Receive(bytes, [this](std::string_view text) { reader_.HandleReplyText(text, *this); });
   if (loss == TextLoss::Dropped) OnTextDropped();
   const bool lineCut = reader_.TakeDropped();
   if (loss != TextLoss::None || lineCut) TextLost();
@@ -184,7 +187,11 @@ void Connection::OnReplyLine(std::string_view line) {
     p_.status.Dot();
     p_.transfer.TakeReplyLine(line, p_.countdowns, p_.settings.GetTSCTimeoutTicks);
   }
-  p_.log.Add(CurrentLink().ForLog(line));
+  if (secret_.empty()) {
+    p_.log.Add(line);
+  } else {
+    p_.log.Add(WithoutSecret(line, secret_));
+  }
 }
 
 void Connection::OnTextDropped() {

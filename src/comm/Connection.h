@@ -125,6 +125,7 @@ class Connection final : private LinkEvents, private ReplyEvents {
   ConnectionParts p_;
   Links links_;
   ReplyReader reader_;
+  std::string secret_;            // what the log must not show of the text that is being read
   Steps steps_;                   // left of opening or closing a link
   std::int16_t connecting_ = -1;  // index of the topic whose connect has no outcome yet; else -1
   std::string cause_;             // why that connect fails, once known

@@ -97,8 +97,8 @@ class Link {
 
   /// Turns bytes of OnLinkText into reply texts for `ReplyReader`.
   virtual TextLoss Receive(std::string_view bytes, const HandOver& handOver) = 0;
-  /// Returns a reply line for the log, without secrets.
-  virtual std::string ForLog(std::string_view line) const { return std::string(line); }
+  /// Returns what the log must not show of a reply line; "" if nothing is secret.
+  virtual std::string_view Secret() const { return {}; }
 
   /// Names the topic in messages.
   virtual std::string Describe(const Topic& topic) const = 0;

@@ -15,6 +15,19 @@ bool HoldsLinkUp(std::string_view text) {
   return at != std::string_view::npos && text.find(kLinkUp, at) != std::string_view::npos;
 }
 
+// True if a carriage return is not part of a line end. Strays are rare: without an early exit the
+// compiler can vectorize the loop, and the lines need no search of their own.
+bool HoldsStrayReturns(std::string_view text) {
+  if (text.ends_with('\r')) return true;
+  unsigned char found = 0;
+  for (std::size_t i = 1; i < text.size(); ++i) {
+    const bool isReturn = text[i - 1] == '\r';
+    const bool isEnd = text[i] == '\n';
+    found = std::max(found, static_cast<unsigned char>(isReturn > isEnd));
+  }
+  return found != 0;
+}
+
 }  // namespace
 
 void ReplyReader::HandleReplyText(std::string_view text, ReplyEvents& events) {
@@ -41,19 +54,20 @@ void ReplyReader::TakeSequence(std::string_view digits) {
 }
 
 void ReplyReader::ReadLines(std::string_view text, ReplyEvents& events) {
+  const bool stray = HoldsStrayReturns(text);
   for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
     std::string_view line = text.substr(0, end);
     if (line.ends_with('\r')) line.remove_suffix(1);
-    EndLine(line, events);
+    EndLine(line, stray, events);
     text.remove_prefix(end + 1);
   }
   if (!text.empty()) Keep(text, events);
 }
 
-void ReplyReader::EndLine(std::string_view line, ReplyEvents& events) {
+void ReplyReader::EndLine(std::string_view line, bool stray, ReplyEvents& events) {
   // Most lines are complete in the text and need no copy.
   const bool whole = ReplyBuffer.empty() && line.size() <= kLongestReply;
-  if (whole && line.find('\r') == std::string_view::npos) {
+  if (whole && (!stray || line.find('\r') == std::string_view::npos)) {
     events.OnReplyLine(line);
     return;
   }

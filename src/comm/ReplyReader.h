@@ -49,7 +49,7 @@ class ReplyReader {
  private:
   void TakeSequence(std::string_view digits);
   void ReadLines(std::string_view text, ReplyEvents& events);
-  void EndLine(std::string_view line, ReplyEvents& events);
+  void EndLine(std::string_view line, bool stray, ReplyEvents& events);
   void Keep(std::string_view text, ReplyEvents& events);
 
   std::string ReplyBuffer;  // the unterminated line, without carriage returns and characters 23

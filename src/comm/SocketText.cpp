@@ -24,9 +24,11 @@ bool MayHoldStrays(std::string_view text) {
 
 // Returns the number of characters at the end of `text` that may begin a "<TRANSPARENT>".
 std::size_t LinkUpBegun(std::string_view text) {
-  const std::size_t at = text.rfind(kLinkUp.front());
-  if (at == std::string_view::npos || !kLinkUp.starts_with(text.substr(at))) return 0;
-  return text.size() - at;
+  const std::string_view last =
+      text.substr(text.size() - std::min(text.size(), kLinkUp.size() - 1));
+  const std::size_t at = last.rfind(kLinkUp.front());
+  if (at == std::string_view::npos || !kLinkUp.starts_with(last.substr(at))) return 0;
+  return last.size() - at;
 }
 
 }  // namespace

@@ -88,9 +88,9 @@ TextLoss TagLink::Receive(std::string_view bytes, const HandOver& handOver) {
 }
 
 // The controller may repeat the password. A short one is kept: it may occur by chance.
-std::string TagLink::ForLog(std::string_view line) const {
+std::string_view TagLink::Secret() const {
   constexpr std::size_t tooShort = 4;
-  return password_.size() < tooShort ? std::string(line) : WithoutSecret(line, password_);
+  return password_.size() < tooShort ? std::string_view() : password_;
 }
 
 std::string TagLink::Describe(const Topic& topic) const {

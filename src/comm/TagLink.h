@@ -43,7 +43,7 @@ class TagLink final : public Link {
   bool IsPolled() const override { return true; }
   bool Write(std::string_view command) override;
   TextLoss Receive(std::string_view bytes, const HandOver& handOver) override;
-  std::string ForLog(std::string_view line) const override;
+  std::string_view Secret() const override;
   std::string Describe(const Topic& topic) const override;
   std::string Where(const Topic& topic) const override;
   std::int32_t ErrorText() const override;

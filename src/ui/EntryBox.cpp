@@ -7,6 +7,7 @@
 #include <wx/settings.h>
 #include <wx/sizer.h>
 
+#include "ui/AccessibleName.h"
 #include "ui/Forms.h"
 #include "ui/WxText.h"
 
@@ -128,16 +129,28 @@ void EntryBox::OnKey(wxKeyEvent& event) {
   }
 }
 
+void EntryBox::SetSpokenName(const wxString& name) {
+  spoken_ = name;
+  ShowSpokenName();
+}
+
 void EntryBox::Mark(const wxString& why) {
   const int width = (drop_ ? kArrow : 0) + (why.empty() ? 0 : kSign);
   room_->SetMinSize(FromDIP(width), 0);
   const wxColour ground = System(text_->IsEditable() ? wxSYS_COLOUR_WINDOW : wxSYS_COLOUR_BTNFACE);
   const wxColour colour = why.empty() ? ground : Tinted(ground);
   if (text_->GetBackgroundColour() != colour) text_->SetBackgroundColour(colour);
-  why_ = why;
+  if (why_ != why) {
+    why_ = why;
+    ShowSpokenName();
+  }
   Layout();
   Refresh();
   ShowToolTip();
+}
+
+void EntryBox::ShowSpokenName() {
+  SetAccessibleName(*text_, why_.empty() ? spoken_ : spoken_ + ". " + why_);
 }
 
 void EntryBox::ShowToolTip() {

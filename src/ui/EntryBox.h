@@ -30,6 +30,9 @@ class EntryBox final : public wxPanel {
   /// with `byClick` by a click on the text. `drop` may return null.
   void Offer(std::function<DropDown*()> drop, const wxString& toolTip, bool byClick);
 
+  /// What a screen reader says for the box, followed by the reason of its mark.
+  void SetSpokenName(const wxString& name);
+
   /// Marks the text and says why; "" removes the mark.
   void Mark(const wxString& why);
 
@@ -42,11 +45,13 @@ class EntryBox final : public wxPanel {
   void Toggle();
   wxRect ArrowPlace() const;
   void ShowToolTip();
+  void ShowSpokenName();
 
   wxTextCtrl* text_;
   wxSizerItem* room_ = nullptr;  // for the sign and the arrow
   std::function<DropDown*()> drop_;
   wxWeakRef<DropDown> open_;
+  wxString spoken_;
   wxString hint_;
   wxString why_;
 };

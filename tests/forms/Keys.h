@@ -79,6 +79,16 @@ inline void InDropDown(const std::function<void()>& open, const std::vector<int>
   EXPECT_TRUE(PumpUntil([&] { return Shown(name) == nullptr; })) << name;
 }
 
+/// Opens what a box offers by its arrow and clicks at a place of it, in hundredths of its size.
+inline void Pick(const std::string& box, const std::string& drop, int across, int down) {
+  const wxRect cell = Box(box).GetParent()->GetScreenRect();
+  ClickAt({cell.GetRight() - 5, cell.y + cell.height / 2});
+  ASSERT_TRUE(PumpUntil([&] { return Shown(drop) != nullptr; })) << box;
+  const wxRect place = Shown(drop)->GetScreenRect();
+  ClickAt({place.x + place.width * across / 100, place.y + place.height * down / 100});
+  EXPECT_TRUE(PumpUntil([&] { return Shown(drop) == nullptr; })) << box;
+}
+
 /// Opens a menu and presses keys in it. The menu has its own event loop and does not report
 /// when it accepts keys, so this waits for a fixed time.
 inline void InMenu(const std::function<void()>& open, std::vector<int> keys) {

@@ -82,16 +82,6 @@ void EnterByKeyboard() {
   Press('S', wxMOD_CONTROL);
 }
 
-// Opens what a box offers by its arrow and clicks at a place of it, in hundredths of its size.
-void Pick(const std::string& box, const std::string& drop, int across, int down) {
-  const wxRect cell = Box(box).GetParent()->GetScreenRect();
-  ClickAt({cell.GetRight() - 5, cell.y + cell.height / 2});
-  ASSERT_TRUE(PumpUntil([&] { return Shown(drop) != nullptr; })) << box;
-  const wxRect place = Shown(drop)->GetScreenRect();
-  ClickAt({place.x + place.width * across / 100, place.y + place.height * down / 100});
-  EXPECT_TRUE(PumpUntil([&] { return Shown(drop) == nullptr; })) << box;
-}
-
 // Any day in the middle of this month, and any time.
 void EnterByMouse() {
   Click(Box("Text_Start0"));

@@ -32,9 +32,10 @@ namespace {
 constexpr int kWidth = 780;
 constexpr int kHeight = 560;
 constexpr int kSmallestWidth = 380;
-constexpr int kSmallestHeight = 320;
+constexpr int kSmallestHeight = 520;
 constexpr int kTreeShare = 3;
 constexpr int kListShare = 2;
+constexpr int kLowest = 130;  // a few rows; a lower list has no room for its scroll bar
 constexpr int kListGap = 4;
 
 // A click on the disabled window below must not bring it over the browser and its editors.
@@ -62,6 +63,8 @@ ZV_TSC::ZV_TSC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, BatchExport& batch
   whole->Add(List_Nodes = new NodeList(this, proc, states_), kListShare, wxEXPAND | wxTOP,
              FromDIP(kListGap));
   whole->Add(BatchRow(), 0, wxEXPAND);
+  for (wxWindow* const part : std::initializer_list<wxWindow*>{TreeView, List_Nodes})
+    part->SetMinSize({-1, FromDIP(kLowest)});
   SetSizer(whole);
   SetMinSize(FromDIP(wxSize(kSmallestWidth, kSmallestHeight)));
   SetSize(FromDIP(wxSize(kWidth, kHeight)));

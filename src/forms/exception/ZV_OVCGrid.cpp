@@ -6,7 +6,6 @@
 #include <wx/sizer.h>
 
 #include "lang/TextNumbers.h"
-#include "ui/AccessibleName.h"
 #include "ui/WxText.h"
 
 namespace zek {
@@ -85,7 +84,7 @@ void OvcGrid::NameBoxes(std::size_t row) {
   for (std::size_t i = 0; i < kExceptionBoxes; ++i) {
     const wxString name =
         Label_Info.at(kKinds.at(i).heading)->GetLabel() + " " + std::to_string(row + 1);
-    SetAccessibleName(Box(NumberOf({static_cast<ExceptionBox>(i), row})).Text(), name);
+    Box(NumberOf({static_cast<ExceptionBox>(i), row})).SetSpokenName(name);
   }
 }
 

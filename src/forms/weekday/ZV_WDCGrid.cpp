@@ -157,8 +157,8 @@ void WeekdayGrid::ShowHeaders() {
     label.SetLabel(day);
     label.SetToolTip(day);
     for (std::size_t i = 0; i < kBoxKinds; ++i)
-      SetAccessibleName(Box(NumberOf({static_cast<WeekdayBox>(i), column})).Text(),
-                        Label_Info.at(i)->GetLabel() + " " + day);
+      Box(NumberOf({static_cast<WeekdayBox>(i), column}))
+          .SetSpokenName(Label_Info.at(i)->GetLabel() + " " + day);
   }
   shown();
   if (marked_ == editor_.Column()) return;
