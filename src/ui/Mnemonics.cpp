@@ -14,15 +14,17 @@ int MnemonicOf(const wxString& caption) {
 }
 
 wxString Mnemonics::Give(const wxString& caption) {
-  if (const int own = MnemonicOf(caption); own != 0) taken_.insert(own);
-  if (caption.Contains("&")) return caption;
-  for (std::size_t i = 0; i < caption.length(); ++i) {
-    const wxUniChar letter = caption[i];
+  const int own = MnemonicOf(caption);
+  if (own != 0 && taken_.insert(own).second) return caption;
+  wxString plain = caption;
+  plain.Replace("&", "");
+  for (std::size_t i = 0; i < plain.length(); ++i) {
+    const wxUniChar letter = plain[i];
     // Only ASCII letters work as keys on every system.
     if (!letter.IsAscii() || !wxIsalpha(letter) || !taken_.insert(Folded(letter)).second) continue;
-    return caption.Left(i) + "&" + caption.Mid(i);
+    return plain.Left(i) + "&" + plain.Mid(i);
   }
-  return caption;
+  return plain;
 }
 
 }  // namespace zek

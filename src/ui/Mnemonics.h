@@ -13,8 +13,8 @@ int MnemonicOf(const wxString& caption);
 /// have no "&", and a translator need not add any.
 class Mnemonics {
  public:
-  /// Returns `caption` with "&" before its first unused letter. A caption that already contains "&"
-  /// reserves its letter and is returned unchanged; so is one without an unused letter.
+  /// Returns `caption` with "&" before its own letter if that is unused, else before its first
+  /// unused letter; without "&" if it has none.
   wxString Give(const wxString& caption);
 
  private:

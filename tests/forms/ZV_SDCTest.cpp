@@ -9,7 +9,6 @@
 #include "SpokenName.h"
 #include "catalogue/Catalogue.h"
 #include "forms/calendar/ZV_SDC.h"
-#include "ui/Mnemonics.h"
 
 namespace zek::window {
 namespace {
@@ -141,7 +140,7 @@ TEST_F(CalendarFormTest, ByKeyboardAndFetchedAgain) {
 }
 
 TEST_F(CalendarFormTest, HolidaysArePreviewedAndTaken) {
-  Run({{InEditor, [] { Press('G', wxMOD_ALT); }},
+  Run({{InEditor, [] { Click(*Shown("Command_Holidays")); }},
        {[] { return IsActive("ZV_Import") && HasFocus("List_Dates"); },
         [] { Press('L', wxMOD_ALT); }},
        {InEditor, [] { Press('S', wxMOD_CONTROL); }}});
@@ -169,11 +168,11 @@ TEST_F(CalendarFormTest, TheTypeAndTheFramesHaveKeys) {
   EXPECT_TRUE(PlantLines().empty());
 }
 
-// By keys, then by mouse.
+// By keys in the year, then by mouse.
 TEST_F(CalendarFormTest, AYearLeadsToItsDays) {
   const auto year = [] { return dynamic_cast<YearGrid*>(Shown("Picture_Year")); };
   Run({{InEditor, [&] {
-          Press(MnemonicOf(Shown("Command_Year")->GetLabel()), wxMOD_ALT);
+          Click(*Shown("Command_Year"));
           EXPECT_TRUE(PumpUntil([] { return HasFocus("Picture_Year"); }));
           for (int month = static_cast<int>(wxDateTime::Today().GetMonth()); month < 11; ++month)
             Press(WXK_PAGEDOWN);

@@ -89,9 +89,9 @@ std::string Ini() {
   std::string sections;
   for (int object = 0; object < kObjects; ++object) {
     const std::string name = ObjectName(object);
-    topics += name + (IsZek1(object) ? "=YES,1" : "=YES,2") +
-              ",HOST:" + std::to_string(kFirstPort + object) + ",School " + name + "\r\n";
-    sections += "[" + name + "]\r\n";
+    topics.append(name).append(IsZek1(object) ? "=YES,1" : "=YES,2").append(",HOST:");
+    topics.append(std::to_string(kFirstPort + object)).append(",School ").append(name) += "\r\n";
+    sections.append("[").append(name) += "]\r\n";
     for (int control = 0; control < kControls; ++control)
       sections += ControlName(control) + "=Air\r\n";
   }
@@ -140,6 +140,7 @@ class Start : private test::TestSession {
 
   void MakePlan() {
     std::vector<std::string> nodes;
+    nodes.reserve(kObjects);
     for (int object = 0; object < kObjects; ++object) nodes.push_back(ObjectName(object));
     Planner planner(proc, [this](const PlanLine& line) { Add(line); });
     const ChangeList list = ReadChangeList(kChanges);
@@ -160,7 +161,7 @@ class Start : private test::TestSession {
   Disk Copies() const {
     Disk copies = files.files;
     std::erase_if(copies, [](const auto& file) {
-      return file.first.rfind('/') > 4 || file.first.find("School") == std::string::npos;
+      return file.first.find_last_of("/\\") > 4 || file.first.find("School") == std::string::npos;
     });
     return copies;
   }

@@ -220,11 +220,9 @@ bool YearGrid::TakeKey(int key, bool control) {
   if (up || key == WXK_PAGEDOWN) {
     const int months = control ? kMonthsOfYear : 1;
     editor_.Step(up ? -months : months);
-  } else if (control) {
-    return false;
-  } else if (move) {
+  } else if (!control && move) {
     editor_.MoveCursor(*move, false);
-  } else if (key == WXK_RETURN || key == WXK_SPACE) {
+  } else if (!control && (key == WXK_RETURN || key == WXK_SPACE)) {
     chosen_();
     return true;
   } else {
