@@ -12,13 +12,15 @@ namespace {
 
 bool InPicture() { return IsActive("ZV_Applies") && HasFocus("Picture_Week"); }
 
-std::string Label(const std::string& name) { return Shown(name)->GetLabel().utf8_string(); }
+[[maybe_unused]] std::string Label(const std::string& name) {
+  return Shown(name)->GetLabel().utf8_string();
+}
 
 void Hear(const std::string& part) {
   const auto spoken = [] { return SpokenName(*Shown("Picture_Week")); };
   EXPECT_TRUE(PumpUntil([&] { return spoken().find(part) != std::string::npos; })) << spoken();
 }
-void Read(const std::string& part) {
+[[maybe_unused]] void Read(const std::string& part) {
   const auto why = [] { return Box("Text_Why").GetValue().utf8_string(); };
   EXPECT_TRUE(PumpUntil([&] { return why().find(part) != std::string::npos; })) << why();
 }

@@ -140,7 +140,6 @@ TEST_F(CalendarFormTest, ByKeyboardAndFetchedAgain) {
 }
 
 #ifndef _WIN32  // under Wine an editor is not active again after a form above it has closed
-                // test
 TEST_F(CalendarFormTest, HolidaysArePreviewedAndTaken) {
   Run({{InEditor, [] { Click(*Shown("Command_Holidays")); }},
        {[] { return IsActive("ZV_Import") && HasFocus("List_Dates"); },
