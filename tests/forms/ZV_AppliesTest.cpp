@@ -56,7 +56,7 @@ TEST_F(AppliesTest, ByKeyboardFromTheTree) {
             "exception=mask,carry=no,nostop=default,early=same");
 }
 
-#ifndef _WIN32  // under Wine an editor is not active again after a form above it has closed
+#ifndef _WIN32  // fails under Wine; the cause is not known
 TEST_F(AppliesTest, ByMouseFromAnEditorWithItsChanges) {
   world.prompts.answers = {true};  // close without saving
   const auto clickAt = [](int row, int hour) {

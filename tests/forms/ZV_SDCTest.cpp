@@ -139,7 +139,7 @@ TEST_F(CalendarFormTest, ByKeyboardAndFetchedAgain) {
   EXPECT_EQ(PlantLines().at(1001).substr(7, 20), Date("02-JAN", 1) + ".." + Date("03-JAN", 1));
 }
 
-#ifndef _WIN32  // under Wine an editor is not active again after a form above it has closed
+#ifndef _WIN32  // fails under Wine; the cause is not known
 TEST_F(CalendarFormTest, HolidaysArePreviewedAndTaken) {
   Run({{InEditor, [] { Click(*Shown("Command_Holidays")); }},
        {[] { return IsActive("ZV_Import") && HasFocus("List_Dates"); },
