@@ -2,11 +2,12 @@
 """Exports a plant of 300 objects over real sockets; every third controller is dead or broken.
 
 Every working controller must be exported completely, every other one reported. Ten times as many
-objects must not need more memory, nor more than 24 file descriptors. Arguments: the folder of the
+objects must need only the memory of their names, and no more than 24 file descriptors. Arguments: the folder of the
 programs, the data folder."""
 
 import os
 import pathlib
+import re
 import resource
 import shutil
 import socket
@@ -16,7 +17,7 @@ import tempfile
 import threading
 
 OBJECTS = 300
-MOST_MEMORY = 256 << 10  # bytes, for the failures kept for the report
+MOST_MEMORY = 1536  # bytes for each object: its settings and the failures kept for the report
 MOST_DESCRIPTORS = 24
 KINDS = ("wdc", "sdc", "ovc")
 LISTINGS = {
@@ -78,8 +79,24 @@ def write_plant(folder):
             (folder / name / f"{kind}.TXT").write_text(line + "EXIT\r\n", newline="")
 
 
+def peak_memory(process):
+    """Waits for the end; returns the most anonymous memory in bytes, looked at every 10 ms.
+
+    The resident size holds pages of program files too, whose number differs from run to run."""
+    peak = 0
+    status = pathlib.Path(f"/proc/{process.pid}/status")
+    while process.poll() is None:
+        if found := re.search(r"RssAnon:\s+(\d+) kB", status.read_text()):
+            peak = max(peak, int(found.group(1)) << 10)
+        try:
+            process.wait(0.01)
+        except subprocess.TimeoutExpired:
+            pass
+    return peak
+
+
 def export(programs, data, home, objects, ports):
-    """Exports; returns the status, standard output, standard error and peak memory (bytes)."""
+    """Exports; returns the status, standard output, standard error and peak_memory()."""
     living, breaking, dead = ports
     topics = ""
     for index in range(objects):
@@ -95,10 +112,8 @@ def export(programs, data, home, objects, ports):
         process = subprocess.Popen(
             [programs / "zekview-cli", "--dir", home, "export", *KINDS], stdout=out, stderr=err,
             preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_NOFILE, (MOST_DESCRIPTORS,) * 2))
-        _, status, usage = os.wait4(process.pid, 0)
-        process.returncode = os.waitstatus_to_exitcode(status)
-    return (process.returncode, (home / "out").read_text(), (home / "err").read_text(),
-            usage.ru_maxrss << 10)
+        memory = peak_memory(process)
+    return process.returncode, (home / "out").read_text(), (home / "err").read_text(), memory
 
 
 def check(home, status, out, err):
@@ -134,7 +149,8 @@ def main():
         check(folder / "many", *result)
         print(f"memory: {few >> 10} KB, with ten times as many objects {many >> 10} KB")
         # A sanitizer keeps freed memory.
-        assert many - few <= MOST_MEMORY or "ASAN_OPTIONS" in os.environ
+        more = OBJECTS - OBJECTS // 10
+        assert many - few <= more * MOST_MEMORY or "ASAN_OPTIONS" in os.environ
 
 
 if __name__ == "__main__":
