@@ -25,8 +25,8 @@ constexpr int kGap = 8;
 
 EditorForm::EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue catalogue,
                        const CatalogueContent& content, const Kind& kind)
-    : wxDialog(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
-               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX, kind.name),
+    : FormDialog(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
+                 wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX, kind.name),
       proc_(proc),
       turn_(turn),
       id_(proc.selection.Id(catalogue)),
@@ -146,7 +146,9 @@ void EditorForm::OnKey(wxKeyEvent& event) {
              (modifiers == (wxMOD_CONTROL | wxMOD_SHIFT) && key == 'Z')) {
     StepForward();
   } else if (key == WXK_F1) {
+    const wxWeakRef<EditorForm> alive(this);
     ShowHelp(this, proc_, HelpPageOf(id_.catalogue));
+    if (alive && ended_) End();
   } else if (key == WXK_F9 && modifiers == wxMOD_NONE) {
     WhatApplies();
   } else if (event.HasAnyModifiers() || !TakeKey(key)) {
@@ -246,11 +248,9 @@ void EditorForm::ListFindings() {
                              {}};
   const wxWeakRef<EditorForm> alive(this);
   const auto chosen = ShowFindings(this, proc_, proc_.Text(text::kFindingsTitle), source);
-  if (!alive) return;
-  if (ended_) return End();
+  if (!alive || !AfterBox()) return;
   const auto shown = chosen ? findings.Shown(*chosen) : std::vector<ShownFinding>();
-  if (shown.empty()) return FocusEntry();
-  GoTo(shown.front().leads);
+  if (!shown.empty()) GoTo(shown.front().leads);
 }
 
 // The other catalogues may have to be fetched, which blocks the form like a write.
@@ -290,10 +290,7 @@ void EditorForm::ShowWhatApplies(const ControlCatalogues& catalogues) {
   ShowApplies(this, proc_,
               AppliesOf(proc_, catalogues, std::move(schedule),
                         edited ? std::optional(id_.catalogue) : std::nullopt));
-  if (!alive) return;
-  if (ended_) return End();
-  Raise();
-  FocusEntry();
+  if (alive) AfterBox();
 }
 
 // --- Undo, redo and what is not saved ---
@@ -369,6 +366,16 @@ void EditorForm::CloseOrStay() {
     if (!close && !ended_) return;
   }
   End();
+}
+
+bool EditorForm::AfterBox() {
+  if (ended_) {
+    End();
+    return false;
+  }
+  Raise();
+  FocusEntry();
+  return true;
 }
 
 void EditorForm::End() {

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include <wx/button.h>
-#include <wx/dialog.h>
 #include <wx/gauge.h>
 #include <wx/stattext.h>
 
@@ -17,6 +16,7 @@
 #include "editors/UndoHistory.h"
 #include "forecast/Schedule.h"
 #include "forms/EntryGrid.h"
+#include "ui/FormDialog.h"
 #include "ui/Mnemonics.h"
 #include "wxbase/WxTurn.h"
 
@@ -29,7 +29,7 @@ namespace zek {
 /// - the number of findings in the edited catalogue, and their list,
 /// - what applies with the table as it is edited (F9),
 /// - "*" before the title while there are unsaved changes, and a question before they are lost.
-class EditorForm : public wxDialog {
+class EditorForm : public FormDialog {
  public:
   /// Shows the progress of the transfer and the current wait.
   void ShowStatus();
@@ -91,6 +91,9 @@ class EditorForm : public wxDialog {
   void Say(const std::string& said);
   /// What a grid of text boxes needs; `changed` is called after every entry.
   EntryGrid::Parts PartsOfGrid(std::function<void()> changed);
+  /// Call it when a box above the form has closed: ends the form and returns false if it was to end
+  /// meanwhile; otherwise gives it the focus.
+  bool AfterBox();
   void Save();
 
   ZV_Proc& proc_;

@@ -43,7 +43,7 @@ struct SceneView::Ink {
 
 SceneView::SceneView(wxWindow* parent, const std::string& name, std::function<void()> moved)
     : wxControl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                wxBORDER_NONE | wxWANTS_CHARS | wxFULL_REPAINT_ON_RESIZE),
+                wxBORDER_NONE | wxFULL_REPAINT_ON_RESIZE),
       moved_(std::move(moved)) {
   SetName(name);
   SetBackgroundStyle(wxBG_STYLE_PAINT);
@@ -54,8 +54,11 @@ SceneView::SceneView(wxWindow* parent, const std::string& name, std::function<vo
   });
   Bind(wxEVT_MOTION, [this](wxMouseEvent& event) { OnHover(event.GetPosition()); });
   Bind(wxEVT_LEFT_UP, [this](wxMouseEvent& event) { OnRelease(event.GetPosition()); });
-  Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
-    if (event.GetKeyCode() == WXK_TAB) {
+  // Not the style wxWANTS_CHARS, with which Windows keeps Alt and a letter from the buttons.
+  Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
+    if ((event.GetModifiers() & ~wxMOD_SHIFT) != 0) {
+      event.Skip();
+    } else if (event.GetKeyCode() == WXK_TAB) {
       Navigate(event.ShiftDown() ? wxNavigationKeyEvent::IsBackward
                                  : wxNavigationKeyEvent::IsForward);
     } else if (!TakeKey(event.GetKeyCode(), event.GetModifiers())) {

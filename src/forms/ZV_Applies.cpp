@@ -21,6 +21,7 @@
 #include "lang/TextNumbers.h"
 #include "picture/ForecastScene.h"
 #include "ui/EntryBox.h"
+#include "ui/FormDialog.h"
 #include "ui/Forms.h"
 #include "ui/Mnemonics.h"
 #include "ui/Pictures.h"
@@ -61,7 +62,7 @@ bool IsShowable(Moment moment) {
   return year >= kFirstYear && year <= kLastYear;
 }
 
-class AppliesForm final : public wxDialog {
+class AppliesForm final : public FormDialog {
  public:
   AppliesForm(wxWindow* parent, ZV_Proc& proc, AppliesTo shown);
 
@@ -106,8 +107,8 @@ constexpr std::array<bool Rule::*, 4> kSwitches{&Rule::exceptionsCommand, &Rule:
                                                 &Rule::missingStopsHold, &Rule::earlyStopsNextDay};
 
 AppliesForm::AppliesForm(wxWindow* parent, ZV_Proc& proc, AppliesTo shown)
-    : wxDialog(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
-               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX, "ZV_Applies"),
+    : FormDialog(parent, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
+                 wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX, "ZV_Applies"),
       proc_(proc),
       shown_(std::move(shown)),
       object_(proc.selection.TopicName),

@@ -152,9 +152,10 @@ void IgnoreSecondClick(wxButton& button) {
 bool HasOpenBox(const wxWindow& form) {
   const wxWindowList& children = form.GetChildren();
   return std::any_of(children.begin(), children.end(), [](const wxWindow* child) {
-    // Also one that is answered, while the call that showed it has not returned yet.
+    // Also one that is answered, while the call that showed it has not returned yet; but not one
+    // that is only waiting to be deleted.
     return dynamic_cast<const wxDialog*>(child) != nullptr &&
-           (child->GetExtraStyle() & wxWS_EX_TRANSIENT) == 0;
+           (child->GetExtraStyle() & wxWS_EX_TRANSIENT) == 0 && !wxPendingDelete.Member(child);
   });
 }
 

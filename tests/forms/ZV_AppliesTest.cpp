@@ -56,7 +56,6 @@ TEST_F(AppliesTest, ByKeyboardFromTheTree) {
             "exception=mask,carry=no,nostop=default,early=same");
 }
 
-#ifndef _WIN32  // fails under Wine; the cause is not known
 TEST_F(AppliesTest, ByMouseFromAnEditorWithItsChanges) {
   world.prompts.answers = {true};  // close without saving
   const auto clickAt = [](int row, int hour) {
@@ -73,7 +72,8 @@ TEST_F(AppliesTest, ByMouseFromAnEditorWithItsChanges) {
         }},
        {[] { return IsActive("ZV_WDC") && HasFocus("Text_Start0"); },
         [] {
-          Click(*Shown("Command_Erase"));
+          Reach("Text_Start1", [] { Click(*Shown("Command_Erase")); });
+          Pump(50);  // under Wine a change of focus can take a button's click away
           Click(*Shown("Command_Applies"));
         }},
        {InPicture,
@@ -93,7 +93,6 @@ TEST_F(AppliesTest, ByMouseFromAnEditorWithItsChanges) {
        {[] { return IsActive("ZV_WDC"); }, Escape},
        {InBrowser, Escape}});
 }
-#endif
 
 }  // namespace
 }  // namespace zek::window

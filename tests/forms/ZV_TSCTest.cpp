@@ -86,7 +86,6 @@ TEST_F(BrowserTest, ASearchFindsANodeOfAnyObject) {
 }
 
 // From the list of the plant by keys, from that of the editor by mouse.
-#ifndef _WIN32  // fails under Wine; the cause is not known
 TEST_F(BrowserTest, AFindingLeadsToItsPlace) {
   auto& line = world.plant.outstations[0].weekday.lines.at(1000);
   line.replace(line.find("MO..FR"), 6, "WE..FR");
@@ -110,7 +109,6 @@ TEST_F(BrowserTest, AFindingLeadsToItsPlace) {
        {inList, [] { Escape(); }},
        {InBrowser, [] { Escape(); }}});
 }
-#endif
 
 TEST_F(BrowserTest, EraseAsksFirst) {
   const std::string path = world.directory + "PLANT_5100_3 Kontoret TF2.TXT";

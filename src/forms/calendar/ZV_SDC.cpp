@@ -94,7 +94,7 @@ wxButton* ZV_SDC::NewImport(const std::string& name, int caption, DateSource sou
   button->Bind(wxEVT_BUTTON, [this, source](wxCommandEvent&) {
     const wxWeakRef<ZV_SDC> alive(this);
     if (ShowImportForm(this, proc_, editor_, source) && alive) ShowAll();
-    if (alive) FocusEntry();
+    if (alive) AfterBox();
   });
   return button;
 }

@@ -85,7 +85,7 @@ std::optional<CalendarMove> MoveOfKey(int key) {
 DayGrid::DayGrid(wxWindow* parent, CalendarEditor& editor, const LanguageTexts& texts,
                  Prompts& prompts, std::function<void()> changed)
     : wxControl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                wxBORDER_NONE | wxWANTS_CHARS | wxFULL_REPAINT_ON_RESIZE),
+                wxBORDER_NONE | wxFULL_REPAINT_ON_RESIZE),
       editor_(editor),
       texts_(texts),
       prompts_(prompts),
@@ -107,10 +107,8 @@ void DayGrid::BindEvents() {
     editor_.CancelDrag();
     ShowDays();
   });
-  Bind(wxEVT_KEY_DOWN, &DayGrid::OnKey, this);
-  // Escape would close the form. While the mouse is captured, some systems send only key presses.
-  Bind(wxEVT_CHAR_HOOK,
-       [this](wxKeyEvent& event) { event.Skip(event.GetKeyCode() != WXK_ESCAPE || !StopDrag()); });
+  // Not the style wxWANTS_CHARS, with which Windows keeps Alt and a letter from the buttons.
+  Bind(wxEVT_CHAR_HOOK, &DayGrid::OnKey, this);
   const auto onFocus = [this](wxFocusEvent& event) {
     Refresh();
     event.Skip();

@@ -41,7 +41,7 @@ struct YearGrid::Colours {
 YearGrid::YearGrid(wxWindow* parent, CalendarEditor& editor, const LanguageTexts& texts,
                    std::function<void()> moved, std::function<void()> chosen)
     : wxControl(parent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                wxBORDER_NONE | wxWANTS_CHARS | wxFULL_REPAINT_ON_RESIZE),
+                wxBORDER_NONE | wxFULL_REPAINT_ON_RESIZE),
       editor_(editor),
       texts_(texts),
       moved_(std::move(moved)),
@@ -51,7 +51,8 @@ YearGrid::YearGrid(wxWindow* parent, CalendarEditor& editor, const LanguageTexts
   SetFont(FixedFont().Smaller());
   SetInitialSize();
   Bind(wxEVT_PAINT, &YearGrid::OnPaint, this);
-  Bind(wxEVT_KEY_DOWN, &YearGrid::OnKey, this);
+  // Not the style wxWANTS_CHARS, with which Windows keeps Alt and a letter from the buttons.
+  Bind(wxEVT_CHAR_HOOK, &YearGrid::OnKey, this);
   Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
     SetFocus();
     const auto date = DateUnder(event.GetPosition());
