@@ -1,7 +1,9 @@
 #!/usr/bin/env bash
 # windows-programs.sh NAME: runs a test of whole Windows programs, for test-windows.sh.
 #   desktop  The desktop program opens, connects, sends a command, fetches catalogues, opens every
-#            editor and closes. It saves its pictures in build/win64/pictures.
+#            editor, exports and closes. It saves its pictures in build/win64/pictures.
+#   dde      The same over DDE, while other programs take the processor. The export is complete.
+#   tags     The same over the tag object.
 #   sockets  The command line program talks to the simulated plant over real sockets
 #            (tests/cli/real-sockets.sh).
 #   package  The zip for users is unpacked in a new Wine. Its programs fetch, change and send
@@ -11,6 +13,8 @@ set -euo pipefail
 source scripts/common.sh
 # shellcheck source=scripts/demo.sh
 source scripts/demo.sh
+# shellcheck source=tests/cli/tag-object.sh
+source tests/cli/tag-object.sh
 
 bin="$PWD/build/win64/bin"
 data="$PWD/data"
@@ -24,21 +28,57 @@ wrap() {
   done
 }
 
-case "$1" in
-  desktop)
-    pictures="$PWD/build/win64/pictures"
-    program_directory="$PWD/build/win64/tour"
-    rm -rf "$pictures" "$program_directory"
-    mkdir -p "$pictures"
-    prepare_demo "$program_directory"
-    start_plant "$program_directory" wine "$bin/zekview-sim.exe"
-    timeout 300 wine "$bin/zekview.exe" --dir "$program_directory" --tour "$pictures" </dev/null ||
-      die "The tour ended with $?."
-    keep_pictures "$pictures"
-    for picture in about main browser weekday calendar exception; do
-      [[ " ${taken[*]} " == *"/$picture.png "* ]] || die "There is no picture of: $picture"
+# tour LINK: the desktop program's tour over tcp, dde or tags.
+tour() {
+  local pictures="$PWD/build/win64/pictures" folder="$PWD/build/win64/tour" busy=()
+  [[ $1 == tcp ]] || pictures="$pictures-$1" folder="$folder-$1"
+  rm -rf "$pictures" "$folder" "$folder-tcp"
+  mkdir -p "$pictures"
+  prepare_demo "$folder"
+  start_plant "$folder" wine "$bin/zekview-sim.exe"
+  if [[ $1 != tcp ]]; then
+    cp -R "$folder" "$folder-tcp"
+    LC_ALL=C sed -i -E 's/127\.0\.0\.1:[0-9]+(:3)?,/,/' "$folder/ZEKView.INI"
+    for _ in 1 2 3 4; do busy+=("$(spin)"); done
+  fi
+  if [[ $1 == tags ]]; then
+    LC_ALL=C sed -i 's/^\[General\]/&\r\nTagMode=yes/' "$folder/ZEKView.INI"
+    export ZEKVIEW_TAG_PLANT="Z:$folder/plant"
+    trap 'kill "$plant" 2>/dev/null || true; unregister_tags || true' EXIT
+    register_tags "$bin"
+  fi
+  timeout 300 wine "$bin/zekview.exe" --dir "$folder" --tour "$pictures" </dev/null ||
+    die "The tour ended with $?."
+  [[ $1 == tcp ]] || kill "${busy[@]}"
+  keep_pictures "$pictures"
+  for picture in about main browser weekday calendar exception; do
+    [[ " ${taken[*]} " == *"/$picture.png "* ]] || die "There is no picture of: $picture"
+  done
+  [[ $1 == tcp ]] || same_export "$folder"
+}
+
+# spin: starts a process that takes all the processor time it gets; prints its number.
+spin() {
+  timeout 300 sh -c 'while :; do :; done' >/dev/null &
+  echo "$!"
+}
+
+# same_export FOLDER: the records exported there are those of an export over TCP/IP.
+same_export() {
+  wine "$bin/zekview-cli.exe" --dir "$1-tcp" export wdc sdc ovc >/dev/null
+  for kind in WDC SDC OVC; do
+    for folder in "$1" "$1-tcp"; do
+      # The first and the last line hold the time.
+      sed '1d;$d' "$folder"/Batch/"$kind"*.SKV >"$folder/$kind"
+      [[ -s $folder/$kind ]] || die "No records: $folder/$kind"
     done
-    ;;
+    cmp "$1/$kind" "$1-tcp/$kind"
+  done
+}
+
+case "$1" in
+  desktop) tour tcp ;;
+  dde | tags) tour "$1" ;;
   sockets)
     temporary="$(mktemp -d)"
     trap 'rm -rf "$temporary"' EXIT

@@ -90,6 +90,7 @@ Outcome CatalogueDelivery::Failed(const SavePlan& plan, const SendReport& report
   if (!report.refusal.empty()) {
     message.insert(0, p_.messages.Text(text::kControllerError) + " " + report.refusal + "\r\n");
   }
+  if (!report.linkFault.empty()) message.insert(0, report.linkFault + "\r\n");
   if (report.outcome == SendOutcome::NotBegun) {
     // The controller is as it was, and so is an earlier unfinished write.
     if (id_.IsPartOfShared()) p_.records.EndWrite(id_, plan.now.lines);

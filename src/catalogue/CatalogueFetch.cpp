@@ -28,7 +28,7 @@ class Fetching {
     x_.transfer.Kind = TransferKind::Idle;
     const bool stopped = x_.waits.Stopped();
     cancellable.TakeBack();
-    Fetched fetched{outcome, Listing(outcome), x_.transfer.Refusal};
+    Fetched fetched{outcome, Listing(outcome), x_.transfer.Refusal, x_.transfer.LinkFault};
     if (outcome != FetchOutcome::NoConnection) {
       x_.status.Dot();
       x_.connection.Disconnect();
@@ -43,6 +43,7 @@ class Fetching {
   FetchOutcome Attempt() {
     x_.transfer.CatalogueLines.clear();
     x_.transfer.Refusal.clear();
+    x_.transfer.LinkFault.clear();
     if (!x_.connection.Disconnect()) return FetchOutcome::NoConnection;
     x_.connection.Connect(id_.object);
     if (x_.connection.CurrentTopic == -1) return FetchOutcome::NoConnection;
@@ -136,6 +137,7 @@ void TellFetchFailure(const Fetched& fetched, const Messages& messages) {
   if (!fetched.refusal.empty()) {
     message += "\r\n\r\n" + messages.Text(text::kControllerError) + " " + fetched.refusal;
   }
+  if (!fetched.linkFault.empty()) message += "\r\n\r\n" + fetched.linkFault;
   messages.prompts.Show(Icon::Exclamation, message);
 }
 

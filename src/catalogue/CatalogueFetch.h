@@ -39,15 +39,16 @@ struct Fetched {
   FetchOutcome outcome = FetchOutcome::Failed;
   CatalogueContent content;  // empty unless complete
   std::string refusal;       // the controller's reply that refused the command; "" without one
+  std::string linkFault;     // why the link failed in the last attempt; "" if it did not
 };
 
 /// Fetches a catalogue from its controller in at most three attempts and shows text `statusText`
-/// meanwhile. The connection reports its own failures; this function adds no message. The content
+/// meanwhile. A connect that fails is reported; this function adds no message. The content
 /// has a `dfv` only if the listing had a ".DFV" line.
 Fetched FetchCatalogue(const CatalogueId& id, const CatalogueParts& parts,
                        const FetchDelays& delays, std::int32_t statusText);
 
-/// Shows text 422 if the controller did not answer, with its refusal if there was one.
+/// Shows text 422 if the controller did not answer, with its refusal or the fault of the link.
 void TellFetchFailure(const Fetched& fetched, const Messages& messages);
 
 }  // namespace zek

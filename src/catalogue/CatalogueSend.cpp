@@ -62,7 +62,10 @@ class Sending {
     // The reply to the last line can arrive this late, and it counts.
     sent = sent && x_.transfer.Kind != TransferKind::Idle && IsLinkWhole() &&
            x_.connection.AwaitAllSent();
-    if (!sent) report_.refusal = x_.transfer.Refusal;
+    if (!sent) {
+      report_.refusal = x_.transfer.Refusal;
+      report_.linkFault = x_.transfer.LinkFault;
+    }
     x_.connection.Disconnect();
     Pause("DelayH");
     x_.transfer.Kind = TransferKind::Idle;
@@ -86,6 +89,7 @@ class Sending {
   // Each step waits for its pause and continues only while the link is up.
   bool Attempt() {
     x_.transfer.Refusal.clear();
+    x_.transfer.LinkFault.clear();
     report_.linesSent = 0;
     if (!Pause("DelayA") || !Send("EXIT")) return false;
     if (!Pause("DelayB") || !Send("EXIT")) return false;

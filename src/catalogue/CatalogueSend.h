@@ -17,7 +17,8 @@ struct SendReport {
   SendOutcome outcome = SendOutcome::NotBegun;
   bool cancelled = false;
   std::size_t linesSent = 0;
-  std::string refusal;  // the controller's reply that refused the write; "" if there was none
+  std::string refusal;    // the controller's reply that refused the write; "" if there was none
+  std::string linkFault;  // why the link failed; "" if it did not
 };
 
 /// The lines and the ".DFV" value to send.

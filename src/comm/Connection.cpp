@@ -225,7 +225,12 @@ void Connection::OnLinkFault(const std::string& reason) { ReportLinkFault(Curren
 void Connection::ReportLinkFault(std::int16_t topic, const std::string& reason) {
   std::string message = Fault(reason);
   if (p_.topics.Has(topic)) message += "\r\n" + CurrentLink().Describe(p_.topics[topic]);
-  p_.messages.prompts.Show(Icon::Critical, message);
+  // A transfer tries again and reports it at its end, once.
+  if (p_.status.Busy > 0) {
+    p_.transfer.LinkFault = message;
+  } else {
+    p_.messages.prompts.Show(Icon::Critical, message);
+  }
 }
 
 // A connect that waits then fails by its own step.

@@ -40,6 +40,8 @@ struct Transfer {
   /// The last line of the controller that ended a read or a write as refused (it had "ERROR", or
   /// character 2 in a write); "" without one. A new connection clears it.
   std::string Refusal;
+  /// Why the link failed since the attempt began; "" if it did not.
+  std::string LinkFault;
 
   std::int16_t CatalogueLineCount() const {
     return static_cast<std::int16_t>(CatalogueLines.size());

@@ -12,20 +12,15 @@ cp -R "$data/demo/plant" "$home/plant"
 cp "$data"/lang/zek_lang.* "$home"
 
 export ZEKVIEW_TAG_PLANT="Z:$home/plant"
-class="$(sed -n 's/.*kTagDoubleId = "\(.*\)";/\1/p' tests/windows-links/TagDoubleId.h)"
-object='HKCR\CTAPIX.CTAPI'
-library="HKCR\\CLSID\\$class"
-unregister() {
-  wine reg delete "$object" /f
-  wine reg delete "$library" /f
-} >/dev/null 2>&1
+# shellcheck source=tests/cli/tag-object.sh
+source "$(dirname "$0")/tag-object.sh"
 
 coproc plant {
   exec "$bin/zekview-sim" --port 0 --plant "Z:$home/plant" --keep \
     --dde ZEK --dde '\\PLANT2\NDDE$'
 }
 plant_pid=$!
-trap 'kill "$plant_pid" 2>/dev/null || true; unregister || true; rm -rf "$home"' EXIT
+trap 'kill "$plant_pid" 2>/dev/null || true; unregister_tags || true; rm -rf "$home"' EXIT
 read -r -t 60 port <&"${plant[0]}"
 port="${port%$'\r'}"
 
@@ -63,8 +58,7 @@ fails wdc SKOLA/AHU1 "servern finns inte"
 
 settings "" "" "TagMode=yes" # and no tag object
 fails wdc SKOLA/AHU1 CTAPIX
-wine reg add "$object\\CLSID" /ve /d "$class" /f >/dev/null
-wine reg add "$library\\InprocServer32" /ve /d "Z:${doubles//\//\\}\\zekview-tag-double.dll" /f >/dev/null
+register_tags "$doubles"
 there_and_back "tags"
 ZEKVIEW_TAG_FAULT="raise TagWrite" fails wdc SKOLA/AHU1 "the plant is on fire"
 ZEKVIEW_TAG_FAULT="lack TagRead" fails wdc SKOLA/AHU1 "TagRead"
