@@ -82,7 +82,7 @@ class Application final : public wxAppConsole {
     CliPrompts prompts(std::cerr);
     SystemSession session(programPath, iniPath, prompts);
     ZV_Proc& proc = session.proc;
-    WxTick tick([&proc] { proc.connection.Tick(); });
+    WxTick tick([&proc] { proc.Tick(); });
     tick.Begin();
     // `send` prints replies while it waits; progress would mix with them.
     const TerminalProgress progress(proc, arguments_.command != "send");
