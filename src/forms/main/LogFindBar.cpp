@@ -14,7 +14,7 @@
 namespace zek {
 namespace {
 constexpr int kGap = 6;
-constexpr int kBoxWidth = 220;
+constexpr int kBoxWidth = 100;
 constexpr const char* kWidestPlace = "99999 / 99999";
 }  // namespace
 
