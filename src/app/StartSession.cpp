@@ -4,6 +4,7 @@
 
 #include "lang/TextNumbers.h"
 #include "settings/CommandLine.h"
+#include "system/Paths.h"
 #include "text/Fields.h"
 #include "text/Windows1252.h"
 
@@ -44,6 +45,19 @@ bool CreateTagObject(ZV_Proc& proc) {
   return false;
 }
 
+// A name in the settings stays in its folder; "*", the date, is no part of a name.
+void BeginSessionFile(ZV_Proc& proc, const StartOptions& options) {
+  const std::string& name = proc.settings.SessionFile;
+  const std::size_t star = std::min(name.rfind('*'), name.size());
+  std::string path;
+  if (!name.empty()) {
+    path = LocalPath(WithSeparator(proc.settings.ProgramPath + "Sessions"), name.substr(0, star));
+    if (star < name.size()) path += "*" + LocalPath({}, name.substr(star + 1));
+  }
+  proc.sessionFile.Begin(proc.log, options.sessionFile.value_or(path),
+                         proc.settings.SessionFileCount);
+}
+
 // Finds a file in the program directory, ignoring case: copied files may have names in capitals.
 // Returns its name there, or "" if it does not exist.
 std::string NameOnDisk(const ZV_Proc& proc, const std::string& name) {
@@ -63,6 +77,7 @@ std::optional<ExitStatus> StartSession(ZV_Proc& proc, const StartOptions& option
   if (!LoadSettings(proc.settings, options.switches, proc.profile, proc.texts, proc.prompts)) {
     return kFailed;
   }
+  BeginSessionFile(proc, options);
   if (options.contacts && proc.settings.TagMode && !CreateTagObject(proc)) return kFailed;
   return std::nullopt;
 }

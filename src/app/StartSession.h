@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 #include <string_view>
 
 #include "app/ZV_Proc.h"
@@ -15,6 +16,7 @@ enum ExitStatus : int { kDone = 0, kFailed = 1, kWrongUsage = 2, kWouldChange = 
 struct StartOptions {
   std::string_view switches;  // the switches on the command line
   bool contacts = true;       // false: no controller is contacted, so the tag object is not needed
+  std::optional<std::string> sessionFile;  // its path, UTF-8, in place of the one of the settings
   /// Called if the language in the settings is missing; returns true if it loaded a language.
   std::function<bool()> chooseLanguage = [] { return false; };
   /// Called once messages have a language; returns the exit status if the program must end.

@@ -1,6 +1,14 @@
 #include "app/ZV_Proc.h"
 
 namespace zek {
+namespace {
+
+void TellSessionFile(ZV_Proc& proc) {
+  const std::string fault = proc.sessionFile.TakeFault();
+  if (!fault.empty()) proc.prompts.Show(Icon::Exclamation, fault);
+}
+
+}  // namespace
 
 ZV_Proc::ZV_Proc(const Outside& world)
     : files(world.files),
@@ -10,6 +18,7 @@ ZV_Proc::ZV_Proc(const Outside& world)
       now(world.now),
       prompts(world.prompts),
       waits(world.turn, countdowns),
+      sessionFile(files, texts, now),
       connection({{settings, profile, ToUser(), countdowns, waits, status},
                   topics,
                   transfer,
@@ -18,7 +27,22 @@ ZV_Proc::ZV_Proc(const Outside& world)
       copies(files, settings, ToUser(), now),
       records(files, settings, now, world.user),
       catalogues({settings, profile, Numbers(), ToUser(), copies, records,
-                  Exchange{connection, transfer, countdowns, waits, status}}) {}
+                  Exchange{connection, transfer, countdowns, waits, status}}) {
+  log.Now = now;
+}
+
+ZV_Proc::~ZV_Proc() { sessionFile.End(); }
+
+void ZV_Proc::Tick() {
+  connection.Tick();
+  sessionFile.Tick();
+  if (status.Busy == 0) TellSessionFile(*this);
+}
+
+void ZV_Proc::EndSessionFile() {
+  sessionFile.End();
+  TellSessionFile(*this);
+}
 
 void SelectNode(ZV_Proc& proc, std::size_t index) {
   proc.selection = SelectionOf(proc.tree, proc.topics, index);

@@ -10,6 +10,7 @@
 #include "catalogue/ObjectTree.h"
 #include "catalogue/Selection.h"
 #include "comm/Connection.h"
+#include "comm/SessionFile.h"
 #include "lang/LanguageTexts.h"
 #include "settings/Profile.h"
 #include "settings/Settings.h"
@@ -52,6 +53,7 @@ struct ZV_Proc {
   Waits waits;
   Transfer transfer;
   ReplyLog log;
+  SessionFile sessionFile;
   StatusPanels status;
   Connection connection;
   LocalCopies copies;
@@ -60,6 +62,16 @@ struct ZV_Proc {
   ObjectTree tree;
   Selection selection;
   Batch batch;
+
+  ZV_Proc(const ZV_Proc&) = delete;
+  ZV_Proc& operator=(const ZV_Proc&) = delete;
+  ~ZV_Proc();
+
+  /// One tick of the timer: of the connection and of the log's file.
+  void Tick();
+
+  /// Completes the log's file at the end of the program.
+  void EndSessionFile();
 
   std::string Text(std::int32_t number) const { return texts.Text(number); }
   Messages ToUser() { return {texts, prompts}; }

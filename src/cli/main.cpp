@@ -56,6 +56,13 @@ class TerminalProgress {
   std::string last_;
 };
 
+// Sockets and timers need hidden windows on Windows. In a session that can't have any, the timers
+// never tick, so that no wait would end.
+bool HasSockets() {
+  const wxLogNull quiet;
+  return wxSocketBase::Initialize();
+}
+
 class Application final : public wxAppConsole {
  public:
   explicit Application(Arguments arguments) : arguments_(std::move(arguments)) {}
@@ -79,10 +86,14 @@ class Application final : public wxAppConsole {
       return kWrongUsage;
     }
     const std::string iniPath = arguments_.ini ? WithSeparator(*arguments_.ini) : programPath;
+    if (arguments_.Contacts() && !HasSockets()) {
+      std::cerr << "zekview-cli: this session of the system has no sockets\n";
+      return kFailed;
+    }
     CliPrompts prompts(std::cerr);
     SystemSession session(programPath, iniPath, prompts);
     ZV_Proc& proc = session.proc;
-    WxTick tick([&proc] { proc.connection.Tick(); });
+    WxTick tick([&proc] { proc.Tick(); });
     tick.Begin();
     // `send` prints replies while it waits; progress would mix with them.
     const TerminalProgress progress(proc, arguments_.command != "send");

@@ -29,6 +29,7 @@ void Connection::Connect(std::int16_t index) {
   connecting_ = index;
   cause_.clear();
   reader_.Clear();
+  lineBegan_.reset();
   dropReported_ = false;
   CurrentLink().Open(topic, attempt, steps_);
   if (!attempt.IsLatest()) return;
@@ -159,6 +160,7 @@ bool Connection::AwaitAllSent() {
 void Connection::OnLinkText(std::string_view bytes) {
   Link& link = CurrentLink();
   secret_ = link.Secret();
+  arrival_.reset();
   const TextLoss loss =
       link.Receive(bytes, [this](std::string_view text) { reader_.HandleReplyText(text, *this); });
   if (loss == TextLoss::Dropped) OnTextDropped();
@@ -175,6 +177,7 @@ void Connection::TextLost() {
 }
 
 void Connection::OnLinkUp() {
+  lineBegan_.reset();  // the reader drops the unfinished line
   // The server has reopened its line to the controller and lost the text in between.
   if (CurrentTopic >= 0 && p_.transfer.Kind != TransferKind::Idle) TextLost();
   if (!PendingTopic.empty()) CurrentTopic = ToInt16(Val(PendingTopic)).value_or(-1);
@@ -187,11 +190,20 @@ void Connection::OnReplyLine(std::string_view line) {
     p_.status.Dot();
     p_.transfer.TakeReplyLine(line, p_.countdowns, p_.settings.GetTSCTimeoutTicks);
   }
+  const LocalTime since = lineBegan_ ? *std::exchange(lineBegan_, {}) : Arrival();
   if (secret_.empty()) {
-    p_.log.Add(line);
+    p_.log.Add(line, since);
   } else {
-    p_.log.Add(WithoutSecret(line, secret_));
+    p_.log.Add(WithoutSecret(line, secret_), since);
   }
+}
+
+void Connection::OnLineBegun() { lineBegan_ = Arrival(); }
+
+// Asking the clock for each line, or each character, would cost more than reading it.
+const LocalTime& Connection::Arrival() {
+  if (!arrival_) arrival_ = p_.log.Now();
+  return *arrival_;
 }
 
 void Connection::OnTextDropped() {

@@ -86,6 +86,7 @@ class Connection final : private LinkEvents, private ReplyEvents {
   void OnLinkError(const LinkFault& fault) override;
   void OnLinkUp() override;
   void OnLinkFault(const std::string& reason) override;
+  void OnLineBegun() override;
   void OnReplyLine(std::string_view line) override;
   void OnTextDropped() override;
 
@@ -105,6 +106,7 @@ class Connection final : private LinkEvents, private ReplyEvents {
   void TextLost();
   bool Write(std::string_view command);
   void LogSent(std::string_view command);
+  const LocalTime& Arrival();
   void AwaitFirstLine(const Attempt& command);
   void TickIdle();
   Link& CurrentLink() const { return links_.To(CurrentAddress); }
@@ -125,8 +127,10 @@ class Connection final : private LinkEvents, private ReplyEvents {
   ConnectionParts p_;
   Links links_;
   ReplyReader reader_;
-  std::string secret_;            // what the log must not show of the text that is being read
-  Steps steps_;                   // left of opening or closing a link
+  std::string secret_;                  // what the log must not show of the text that is being read
+  std::optional<LocalTime> arrival_;    // of that text; taken only when a line needs it
+  std::optional<LocalTime> lineBegan_;  // the unfinished line
+  Steps steps_;                         // left of opening or closing a link
   std::int16_t connecting_ = -1;  // index of the topic whose connect has no outcome yet; else -1
   std::string cause_;             // why that connect fails, once known
   std::optional<ShowWaiting> connectWait_;

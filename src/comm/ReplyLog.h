@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "system/LocalTime.h"
+
 namespace zek {
 
 /// The lines of `List_Output`.
@@ -18,31 +20,51 @@ class ReplyLog {
   /// Called with every added line as it is shown, even one that newer lines soon push out.
   std::function<void(const std::string& shown)> Echo;
 
-  /// Adds a reply line. It shows characters below 32 as "<" code ">", all others unchanged.
-  void Add(std::string_view line);
+  /// Called with every line that is added, before its control characters are replaced, and with its
+  /// time. Must not change the log.
+  std::function<void(std::string_view line, const LocalTime& since)> Record;
+
+  /// The clock for lines that are added without a time.
+  Clock Now = SystemTime;
+
+  /// Adds a reply line. It shows characters below 32 as "<" code ">", all others unchanged. `since`
+  /// is when its first character came.
+  void Add(std::string_view line, const LocalTime& since);
+  void Add(std::string_view line) { Add(line, Now()); }
 
   /// Adds a command that was sent, behind `kSentMark`. It is not echoed.
   void AddSent(std::string_view command);
   static constexpr std::string_view kSentMark = "> ";
 
-  /// Replaces all lines, for example by those of a file. Their number is not limited.
+  /// Replaces all lines, for example by those of a file, which have no time. Their number is not
+  /// limited.
   void Replace(std::vector<std::string> lines);
 
   /// Returns all lines, the oldest first. Most lines of a flood are never shown, so only this call
   /// sorts them and replaces their control characters.
   const std::vector<std::string>& Lines() const;
 
+  /// The times of these lines; year 0 of a line without one.
+  const std::vector<LocalTime>& Times() const { return Lines(), times_; }
+
   /// The number of calls of `Add` and of `Replace`. A view finds from them the lines that it has
   /// not shown yet.
   std::uint64_t Added() const { return added_; }
   std::uint64_t Replaced() const { return replaced_; }
 
+  /// Each line has a number that it keeps and that no other line ever gets: these are the numbers
+  /// of the oldest line and of the next one to come.
+  std::uint64_t First() const { return end_ - lines_.size(); }
+  std::uint64_t End() const { return end_; }
+
  private:
-  void AddLine(std::string_view line);
+  void AddLine(std::string_view line, const LocalTime& since);
 
   mutable std::vector<std::string> lines_;
-  mutable std::size_t first_ = 0;  // index of the oldest line
-  mutable std::size_t raw_ = 0;    // number of newest lines with control characters not replaced
+  mutable std::vector<LocalTime> times_;  // of the lines
+  mutable std::size_t first_ = 0;         // index of the oldest line
+  mutable std::size_t raw_ = 0;  // number of newest lines with control characters not replaced
+  std::uint64_t end_ = 0;
   std::uint64_t added_ = 0;
   std::uint64_t replaced_ = 0;
 };

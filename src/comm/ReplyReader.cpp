@@ -61,7 +61,9 @@ void ReplyReader::ReadLines(std::string_view text, ReplyEvents& events) {
     EndLine(line, stray, events);
     text.remove_prefix(end + 1);
   }
-  if (!text.empty()) Keep(text, events);
+  if (text.empty()) return;
+  if (ReplyBuffer.empty()) events.OnLineBegun();
+  Keep(text, events);
 }
 
 void ReplyReader::EndLine(std::string_view line, bool stray, ReplyEvents& events) {

@@ -17,6 +17,8 @@ class ReplyEvents {
   /// The text contained "<TRANSPARENT>": the communication server has opened the line to the
   /// controller.
   virtual void OnLinkUp() = 0;
+  /// The first character of a line came whose end has not come.
+  virtual void OnLineBegun() {}
   /// A complete line without its line end.
   virtual void OnReplyLine(std::string_view line) = 0;
   /// A line exceeded `kLongestReply` and lost its beginning; reported once until `Clear`.

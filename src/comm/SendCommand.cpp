@@ -1,4 +1,5 @@
 #include "comm/Connection.h"
+#include "text/Fields.h"
 
 namespace zek {
 namespace {
@@ -27,7 +28,7 @@ void Connection::SendLast(std::string_view command) {
 
 void Connection::LogSent(std::string_view command) {
   if (!p_.settings.LogCommands) return;
-  p_.log.AddSent(command);
+  p_.log.AddSent(WithoutSecret(command, CurrentLink().Secret()));
   p_.status.Changed();
 }
 

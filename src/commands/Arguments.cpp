@@ -248,6 +248,10 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
       ->type_name("DIR");
   program.add_option("--ini", parsed.ini, "the directory of ZEKView.INI (default: the same)")
       ->type_name("DIR");
+  program
+      .add_option("--session", parsed.session,
+                  "add what controllers say to FILE, with its times; * is the date")
+      ->type_name("FILE");
   for (const CommandShape& shape : kCommands) AddCommand(program, shape, parsed);
   program.require_subcommand(0, 1);  // a missing one is reported below
   program.footer(kNotes);

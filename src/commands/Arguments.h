@@ -16,6 +16,7 @@ inline constexpr const char* kUndoAction = "undo";
 struct Arguments {
   std::optional<std::string> dir;  // --dir, UTF-8
   std::optional<std::string> ini;  // --ini
+  std::optional<std::string> session;  // --session: the file of the log
   std::string command;
   std::vector<std::string> operands;  // UTF-8
   bool local = false;                 // --local of a command

@@ -203,6 +203,7 @@ std::optional<ExitStatus> StartCommands(Console& console, const Arguments& argum
   StartOptions options;
   options.contacts = arguments.Contacts();
   if (arguments.local) options.switches = "/LOCAL";
+  options.sessionFile = arguments.session;
   options.chooseLanguage = [&] {
     console.err << "zekview-cli: no language file: setting Language in [General] of "
                 << proc.settings.IniPath << "ZEKView.INI names none in "
@@ -217,6 +218,7 @@ std::optional<ExitStatus> StartCommands(Console& console, const Arguments& argum
 ExitStatus RunCommand(Console& console, const Arguments& arguments) {
   const ExitStatus status = Run(console, arguments);
   if (arguments.Contacts()) console.proc.connection.CloseAllTags();
+  console.proc.EndSessionFile();
   return status;
 }
 

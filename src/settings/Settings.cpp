@@ -18,6 +18,7 @@ constexpr int kShortestGetTSCTimeout = 5;    // seconds
 constexpr int kLastTwoDigitYear = 93;        // 94 to 99 mean 1994 to 1999
 constexpr int kLastYear = 9999;              // four digits
 constexpr int kLargestHistory = 9999;        // copies per catalogue
+constexpr int kLargestSessionCount = 9999;   // files of the log
 
 std::int16_t ReadDialogMode(const Profile& profile) {
   const std::string mode = UpperCase(profile.ReadIni(kGeneral, "DialogMode", "1"));
@@ -109,6 +110,8 @@ bool LoadSettings(Settings& settings, std::string_view commandLine, const Profil
   settings.SDCLastYear =
       std::max(builtIn.SDCLastYear, numbers.Number("SDCLastYear", "2030", kLastYear));
   settings.HistoryCount = numbers.CountFromZero("HistoryCount", "50", kLargestHistory);
+  settings.SessionFile = profile.ReadIni(kGeneral, "SessionFile", "");
+  settings.SessionFileCount = numbers.CountFromZero("SessionFileCount", "30", kLargestSessionCount);
 
   settings.HideDialogOnTSC = ReadYesNo(profile, kGeneral, "HideDialogOnTSC", "yes");
   settings.PreventMinimize = ReadYesNo(profile, kGeneral, "PreventMinimize", "no");

@@ -46,6 +46,8 @@ struct Settings {
   std::int16_t SDCLastYear = 2030;        // the calendar's last year of four digits
   bool SwedishHolidays = false;           // "Holidays": the calendar marks those of Sweden
   std::int16_t HistoryCount = 50;         // earlier local copies kept of each catalogue; 0: none
+  std::string SessionFile;                // name of the log's file, see `SessionFile`; "": none
+  std::int16_t SessionFileCount = 30;     // such files kept, one a day; 0: all
   char DecimalSeparator = '.';            // of printed values
 };
 

@@ -17,6 +17,7 @@ class DiskFiles final : public Files {
   bool Exists(const std::string& path) const override;
   FileContent Read(const std::string& path) const override;
   std::optional<FileError> Write(const std::string& path, std::string_view bytes) override;
+  std::optional<FileError> Append(const std::string& path, std::string_view bytes) override;
   CreatedFile Create(const std::string& path) override;
   std::optional<FileError> MakeDirectory(const std::string& path) override;
   std::optional<FileError> Remove(const std::string& path) override;

@@ -70,6 +70,10 @@ class Files {
   /// failure the file is the old one or, if only the last flush failed, the whole new one.
   virtual std::optional<FileError> Write(const std::string& path, std::string_view bytes) = 0;
 
+  /// Adds the bytes at the end of a file, which is created if it is missing. On failure none of
+  /// them is added.
+  virtual std::optional<FileError> Append(const std::string& path, std::string_view bytes) = 0;
+
   /// Starts a new file; `Commit` replaces an existing file of that name.
   virtual CreatedFile Create(const std::string& path) = 0;
 

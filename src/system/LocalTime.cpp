@@ -9,7 +9,9 @@ namespace zek {
 
 LocalTime SystemTime() {
   constexpr int firstYear = 1900;
-  const std::time_t now = std::time(nullptr);
+  using namespace std::chrono;
+  const auto sinceEpoch = floor<milliseconds>(system_clock::now()).time_since_epoch();
+  const std::time_t now = floor<seconds>(sinceEpoch).count();
   // Safe: the program has one thread, and the result is copied at once.
   const std::tm* const local = std::localtime(&now);  // NOLINT(concurrency-mt-unsafe)
   if (local == nullptr) return {};
@@ -18,13 +20,18 @@ LocalTime SystemTime() {
           local->tm_mday,
           local->tm_hour,
           local->tm_min,
-          local->tm_sec};
+          local->tm_sec,
+          static_cast<int>(sinceEpoch.count() - now * 1000)};
 }
 
 std::string DateAndTime(const LocalTime& time) {
   const auto two = [](int number) { return ZeroPadded(number, 2); };
   return ZeroPadded(time.year, 4) + "-" + two(time.month) + "-" + two(time.day) + " " +
          two(time.hour) + ":" + two(time.minute) + ":" + two(time.second);
+}
+
+std::string DateAndMilliseconds(const LocalTime& time) {
+  return DateAndTime(time) + "." + ZeroPadded(time.millisecond, 3);
 }
 
 std::int64_t SecondsBetween(const LocalTime& from, const LocalTime& to) {

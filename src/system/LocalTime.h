@@ -14,6 +14,9 @@ struct LocalTime {
   int hour = 0;   // 0 to 23
   int minute = 0;
   int second = 0;
+  int millisecond = 0;
+
+  bool operator==(const LocalTime&) const = default;
 };
 
 /// Reads the system's clock.
@@ -21,6 +24,9 @@ LocalTime SystemTime();
 
 /// Returns "2026-11-22 08:30:00".
 std::string DateAndTime(const LocalTime& time);
+
+/// Returns "2026-11-22 08:30:00.250".
+std::string DateAndMilliseconds(const LocalTime& time);
 
 /// Returns the seconds from one time to another; a change to or from summer time counts.
 std::int64_t SecondsBetween(const LocalTime& from, const LocalTime& to);

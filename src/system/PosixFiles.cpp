@@ -203,6 +203,20 @@ CreatedFile DiskFiles::Create(const std::string& path) {
   return {std::make_unique<DiskOutputFile>(file, path, target, std::move(beside)), std::nullopt};
 }
 
+std::optional<FileError> DiskFiles::Append(const std::string& path, std::string_view bytes) {
+  constexpr int flags = O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NONBLOCK;
+  Descriptor file(::open(path.c_str(), flags, 0666));
+  if (!file.IsOpen()) return FileErrorOf(path, errno);
+  struct stat before = {};
+  if (::fstat(file.Number(), &before) != 0) return FileErrorOf(path, errno);
+  if (!S_ISREG(before.st_mode)) return FileErrorOf(path, EINVAL);  // writing a pipe could block
+  if (WriteAll(file.Number(), bytes) && file.Close()) return std::nullopt;
+  const int code = errno;
+  // Roll back a partial write.
+  static_cast<void>(::truncate(path.c_str(), before.st_size) == 0);
+  return FileErrorOf(path, code);
+}
+
 FileContent DiskFiles::Read(const std::string& path) const {
   FileContent content;
   const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));

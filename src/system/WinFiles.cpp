@@ -232,6 +232,27 @@ CreatedFile DiskFiles::Create(const std::string& path) {
   }
 }
 
+std::optional<FileError> DiskFiles::Append(const std::string& path, std::string_view bytes) {
+  constexpr DWORD others = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+  const std::wstring wide = WideFromUtf8(path);
+  const auto open = [&wide](DWORD access, DWORD how) {
+    return ::CreateFileW(wide.c_str(), access, others, nullptr, how, FILE_ATTRIBUTE_NORMAL,
+                         nullptr);
+  };
+  Handle file(open(FILE_APPEND_DATA | FILE_READ_ATTRIBUTES, OPEN_ALWAYS));
+  if (!file.IsOpen()) return FileErrorOf(path, ::GetLastError());
+  LARGE_INTEGER before{};
+  if (::GetFileSizeEx(file.Get(), &before) == 0) return FileErrorOf(path, ::GetLastError());
+  if (WriteAll(file.Get(), bytes) && file.Close()) return std::nullopt;
+  const DWORD code = ::GetLastError();
+  file.Close();
+  // Roll back a partial write.
+  const Handle whole(open(GENERIC_WRITE, OPEN_EXISTING));
+  if (whole.IsOpen() && ::SetFilePointerEx(whole.Get(), before, nullptr, FILE_BEGIN) != 0)
+    ::SetEndOfFile(whole.Get());
+  return FileErrorOf(path, code);
+}
+
 FileContent DiskFiles::Read(const std::string& path) const {
   HANDLE opened = INVALID_HANDLE_VALUE;
   WhileHeld([&opened, wide = WideFromUtf8(path)] {

@@ -1,6 +1,7 @@
 #include "text/Fields.h"
 
 #include <algorithm>
+#include <array>
 
 namespace zek {
 namespace {
@@ -30,7 +31,7 @@ std::string_view Trim(std::string_view text) {
 }
 
 namespace {
-char Upper(char letter) {
+constexpr char Upper(char letter) {
   const auto code = static_cast<unsigned char>(letter);
   const bool latin = code >= 'a' && code <= 'z';
   const bool accented = code >= 0xE0 && code <= 0xFE && code != 0xF7;  // 0xF7 is the division sign
@@ -69,6 +70,22 @@ std::string SortKey(std::string_view text) {
 bool EqualNoCase(std::string_view left, std::string_view right) {
   return std::equal(left.begin(), left.end(), right.begin(), right.end(),
                     [](char a, char b) { return Upper(a) == Upper(b); });
+}
+
+std::size_t FindNoCase(std::string_view text, std::string_view upper, std::size_t from) {
+  static constexpr auto uppers = [] {
+    std::array<char, 256> all{};
+    for (std::size_t code = 0; code < all.size(); ++code)
+      all[code] = Upper(static_cast<char>(code));
+    return all;
+  }();
+  if (from > text.size()) return std::string_view::npos;
+  const auto begin = text.begin() + static_cast<std::ptrdiff_t>(from);
+  const auto found = std::search(begin, text.end(), upper.begin(), upper.end(), [](char a, char b) {
+    return uppers[static_cast<unsigned char>(a)] == b;
+  });
+  const bool none = found == text.end() && !upper.empty();
+  return none ? std::string_view::npos : static_cast<std::size_t>(found - text.begin());
 }
 
 std::string WithoutSecret(std::string_view text, std::string_view secret) {

@@ -24,6 +24,10 @@ std::string SortKey(std::string_view text);
 /// Replaces every occurrence of `secret` by "***", ignoring case; an empty secret hides nothing.
 std::string WithoutSecret(std::string_view text, std::string_view secret);
 
+/// Returns where `what` begins in `text` at or after `from`, ignoring case, or npos. `upper` is
+/// `UpperCase` of what is sought.
+std::size_t FindNoCase(std::string_view text, std::string_view upper, std::size_t from = 0);
+
 /// True if both texts are equal after `UpperCase`.
 bool EqualNoCase(std::string_view left, std::string_view right);
 

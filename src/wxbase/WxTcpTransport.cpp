@@ -79,7 +79,9 @@ void WxTcpTransport::Connect(wxIPV4address address, const std::string& host) {
   socket_->SetNotify(wxSOCKET_CONNECTION_FLAG | wxSOCKET_INPUT_FLAG | wxSOCKET_OUTPUT_FLAG |
                      wxSOCKET_LOST_FLAG);
   socket_->Notify(true);
-  socket_->Connect(address, false);
+  // A refusal comes as an event. Other failures do not: there may be no sockets at all.
+  if (!socket_->Connect(address, false) && socket_->LastError() != wxSOCKET_WOULDBLOCK)
+    FailLater(text::kUnreachable);
 }
 
 // Errors are never reported from inside Open.

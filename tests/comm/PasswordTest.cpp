@@ -53,7 +53,10 @@ const Mood kMoods[] = {
 
 class TagSession : public test::TestSession {
  public:
-  TagSession() : TestSession("TagMode=YES\r\nUserName=user\r\nComputerName=server\r\n") {}
+  TagSession()
+      : TestSession("TagMode=YES\r\nUserName=user\r\nComputerName=server\r\nLogCommands=yes\r\n") {
+    proc.sessionFile.Begin(proc.log, "/zek/log-*.txt", 0);
+  }
 
   void Set(const std::string& password, const Mood& mood) {
     profile.WriteIni("General", "Password", password);
@@ -69,6 +72,7 @@ class TagSession : public test::TestSession {
     const std::int16_t net = proc.topics.Find("NET");
     proc.connection.Connect(net);
     proc.connection.SendCommand("LIST");
+    proc.connection.SendCommand("LOGON " + profile.ReadIni("General", "Password", ""));
     proc.waits.WaitSeconds(2);
     Select("TWO/TSC1");
     static_cast<void>(Get());
@@ -81,6 +85,7 @@ class TagSession : public test::TestSession {
     batch.StoreReport();
     proc.connection.Disconnect();
     proc.connection.CloseAllTags();
+    proc.EndSessionFile();
   }
 
   // All texts on the screen and in files afterwards.

@@ -66,7 +66,7 @@ class CommandPlayer : public test::SessionPlayer {
                      [] { return LocalTime{2026, 11, 21, 8, 30, 59}; }});
     program.settings.ProgramPath = "/zek/";
     program.settings.IniPath = "/ini/";
-    turn.tick = [&program] { program.connection.Tick(); };
+    turn.tick = [&program] { program.Tick(); };
     Console console{program, cliPrompts, in, out, err};
     const auto ended = StartCommands(console, arguments);
     const ExitStatus status = ended ? *ended : RunCommand(console, arguments);

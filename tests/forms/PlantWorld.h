@@ -137,7 +137,7 @@ struct PlantWorld {
   WithoutDde dde{later.Post()};
   WithoutTags tags;
   ZV_Proc session{Outside{files, profile, turn, prompts, link, dde, tags}};
-  WxTick ticks{[this] { session.connection.Tick(); }};
+  WxTick ticks{[this] { session.Tick(); }};
 };
 
 }  // namespace zek::window

@@ -5,11 +5,15 @@
 #include <sstream>
 
 #include <wx/choice.h>
+#include <wx/clipbrd.h>
+#include <wx/dataobj.h>
+#include <wx/textbuf.h>
 #include <wx/toolbar.h>
 #include <wx/uiaction.h>
 
 #include "Keys.h"
 #include "PlantWorld.h"
+#include "comm/LogText.h"
 #include "forms/main/ZV_Main.h"
 #include "ui/WxPrompts.h"
 
@@ -87,10 +91,10 @@ TEST_F(ZV_MainTest, ATypedCommandIsSentAndItsAnswerLogged) {
   Type("list wdc");
   input().ChangeValue(input().GetValue().Upper());
   Key(WXK_RETURN);
-  EXPECT_TRUE(PumpUntil([this] { return list().GetItemCount() == 4; }));
-  EXPECT_EQ(list().Line(0), "> LIST WDC");
+  EXPECT_TRUE(PumpUntil([this] { return list().Count() == 4; }));
+  EXPECT_EQ(proc().log.Lines().front(), "> LIST WDC");
   EXPECT_EQ(sent(), "LIST WDC\r");
-  EXPECT_EQ(list().SelectedLine(), "EXIT");
+  EXPECT_EQ(list().CurrentLine(), "EXIT");
   EXPECT_TRUE(PumpUntil([this] { return input().IsEmpty(); }));
   EXPECT_EQ(form_->GetStatusBar()->GetStatusText(0), "Kontoret (KONTOR)");
   EXPECT_EQ(form_->GetStatusBar()->GetStatusText(2), "0001");
@@ -245,7 +249,7 @@ TEST_F(ZV_MainTest, WhatIsTypedDuringTheWaitStays) {
        });
   Type("one");
   Key(WXK_RETURN);
-  EXPECT_TRUE(PumpUntil([this] { return list().GetItemCount() == 1; }));
+  EXPECT_TRUE(PumpUntil([this] { return list().Count() == 1; }));
   EXPECT_EQ(input().GetValue().length(), 4U);
 }
 
@@ -253,16 +257,77 @@ TEST_F(ZV_MainTest, AFloodOfLinesIsShownInBatches) {
   Open();
   Connect();
   int changes = 0;
-  list().Bind(wxEVT_LIST_ITEM_SELECTED, [&changes](wxListEvent&) { ++changes; });
+  list().Changed = [&changes] { ++changes; };
   for (int i = 0; i < 100000; ++i) proc().log.Add("rad " + std::to_string(i));
   proc().status.Changed();
-  EXPECT_TRUE(PumpUntil([this] { return list().GetItemCount() == 250; }));
-  EXPECT_EQ(list().SelectedLine(), "rad 99999");
+  EXPECT_TRUE(PumpUntil([this] { return list().Count() == 250; }));
+  EXPECT_EQ(list().CurrentLine(), "rad 99999");
   proc().log.Add(std::string(5000, 'x'));
   proc().status.Changed();
-  EXPECT_TRUE(PumpUntil([this] { return list().SelectedLine().size() == 5000; }));
-  EXPECT_LE(list().GetItemText(249).length(), LogList::kShownCharacters + 3);
+  EXPECT_TRUE(PumpUntil([this] { return list().CurrentLine().size() == 5000; }));
+  EXPECT_LE(list().ShownLine(proc().log.End() - 1).length(), LogList::kShownCharacters + 3);
   EXPECT_LE(changes, 4);
+}
+
+TEST_F(ZV_MainTest, TheLogIsSearchedAndMarkedWhileLinesCome) {
+  Open();
+  CloseAboutBox();
+  const auto add = [this](int lines, const std::string& text) {
+    for (int i = 0; i < lines; ++i) proc().log.Add(text + std::to_string(i));
+    proc().status.Changed();
+    EXPECT_TRUE(PumpUntil([this] { return list().Count() == proc().log.Lines().size(); }));
+  };
+  const auto place = [](const char* wanted) {
+    return PumpUntil([wanted] { return Shown("Label_Found")->GetLabel() == wanted; });
+  };
+  const auto copied = [this] {
+    Key('C', wxMOD_CONTROL);
+    wxTextDataObject text;
+    EXPECT_TRUE(wxTheClipboard->Open() && wxTheClipboard->GetData(text));
+    wxTheClipboard->Close();
+    return text.GetText();
+  };
+  add(2, "Hit");
+  add(200, "rad ");
+  Reach("Text_Find", [this] { Key('F', wxMOD_CONTROL); });
+  Type("hit");
+  EXPECT_TRUE(place("2 av 2"));
+  const std::uint64_t top = list().Place().Top();
+  EXPECT_EQ(top, proc().log.First());
+  add(20, "hit");
+  EXPECT_TRUE(place("2 av 22"));
+  EXPECT_EQ(list().Place().Top(), top) << "the view moved by itself";
+  Key(WXK_F3, wxMOD_SHIFT);
+  EXPECT_TRUE(place("1 av 22"));
+  add(29, "y");
+  EXPECT_TRUE(place("0 av 21")) << "it has left the log";
+  Key(WXK_F3);
+  EXPECT_TRUE(place("1 av 21"));
+  Key(WXK_ESCAPE);
+  EXPECT_TRUE(Shown("Text_Find") == nullptr && list().HasFocus());
+  Key(WXK_DOWN, wxMOD_SHIFT);
+  EXPECT_EQ(copied().BeforeLast('0'), wxTextBuffer::Translate("Hit1\nrad "));
+  EXPECT_TRUE(Shown("Command_ToEnd"));
+  Key(WXK_END);
+  EXPECT_TRUE(list().Place().Follows() && Shown("Command_ToEnd") == nullptr);
+
+  // With the mouse: from the second line that is seen to the first.
+  const wxPoint corner = list().ClientToScreen(wxPoint(5, 2));
+  const wxPoint row(0, list().GetCharHeight());
+  wxUIActionSimulator mouse;
+  mouse.MouseMove(corner + row);
+  mouse.MouseDown();
+  Pump(50);
+  mouse.MouseMove(corner + row / 2);
+  mouse.MouseMove(corner);
+  Pump(50);
+  mouse.MouseUp();
+  Pump(50);
+  EXPECT_EQ(copied().Freq('y'), 2);
+  add(1, "z");
+  EXPECT_FALSE(list().Place().Follows());
+  Click(*Shown("Command_ToEnd"));
+  EXPECT_TRUE(PumpUntil([this] { return list().CurrentLine() == "z0"; }));
 }
 
 TEST_F(ZV_MainTest, TheLogIsSavedOpenedAndEmptied) {
@@ -274,14 +339,23 @@ TEST_F(ZV_MainTest, TheLogIsSavedOpenedAndEmptied) {
   proc().log.Add("andra");
   Command(*form_, wxEVT_MENU, Menu_Debug_Save);
   EXPECT_TRUE(PumpUntil([&] { return !saved().empty(); }));
-  EXPECT_EQ(saved(), "f\xF6rsta<9>\r\nandra\r\n");
+  const std::string withoutTimes = "f\xF6rsta<9>\r\nandra\r\n";
+  EXPECT_EQ(saved(), withoutTimes);
+  for (const bool times : {true, false}) {
+    form_->GetMenuBar()->Check(Menu_Log_Times, times);
+    Command(*form_, wxEVT_MENU, Menu_Log_Times);
+    Command(*form_, wxEVT_MENU, Menu_Debug_Save);
+    const std::size_t more = times ? 2 * TimeBefore(SystemTime()).size() : 0;
+    EXPECT_TRUE(PumpUntil([&] { return saved().size() == withoutTimes.size() + more; }));
+    EXPECT_EQ(saved().starts_with("20"), times);
+  }
   Command(*form_, wxEVT_MENU, Menu_Debug_Clear);
-  EXPECT_TRUE(PumpUntil([this] { return proc().log.Lines().empty() && list().IsEmpty(); }));
+  EXPECT_TRUE(PumpUntil([this] { return proc().log.Lines().empty() && list().Count() == 0; }));
   std::string many;
   for (int i = 0; i < 1000; ++i) many += "rad\n";
   EXPECT_FALSE(world_->files.Write(path, many));
   Command(*form_, wxEVT_MENU, Menu_Debug_Open);
-  EXPECT_TRUE(PumpUntil([this] { return list().GetItemCount() == 1000; }));
+  EXPECT_TRUE(PumpUntil([this] { return list().Count() == 1000; }));
   EXPECT_TRUE(world_->prompts.shown.empty());
 }
 
@@ -299,8 +373,8 @@ TEST_F(ZV_MainTest, EveryByteOfAReplyIsOneLineOnTheScreenAndInTheSavedLog) {
       link().Say(std::to_string(code) + ":" + byte + (code == 255 ? "0002>" : "") + "b");
     }
     const std::string last = std::to_string(first + 127) + ":";
-    EXPECT_TRUE(PumpUntil(
-        [&] { return list().GetItemCount() == 128 && list().Line(127).starts_with(last); }));
+    EXPECT_TRUE(
+        PumpUntil([&] { return list().Count() == 128 && list().CurrentLine().starts_with(last); }));
     form_->ProcessWindowEvent(*std::make_unique<wxCommandEvent>(wxEVT_MENU, Menu_Debug_Save));
     std::istringstream saved(world_->files.Read(path).bytes);
     for (int code = first; code < first + 128; ++code) {
@@ -308,7 +382,7 @@ TEST_F(ZV_MainTest, EveryByteOfAReplyIsOneLineOnTheScreenAndInTheSavedLog) {
       std::getline(saved, line);
       const std::string start = std::to_string(code) + ":";
       const bool one = line.starts_with(start) && line.ends_with("b\r") &&
-                       list().GetItemText(code - first).StartsWith(start);
+                       list().ShownLine(proc().log.First() + code - first).StartsWith(start);
       EXPECT_TRUE(one) << code << ": " << line;
       if (one) ++right;
     }
@@ -364,13 +438,13 @@ TEST_F(ZV_MainTest, EverythingGoesByKeyboard) {
   Key(WXK_DOWN);
   EXPECT_TRUE(PumpUntil([this] { return input().HasFocus(); }));
   Key('E', wxMOD_CONTROL);
-  EXPECT_TRUE(PumpUntil([this] { return list().GetItemCount() == 1; }));
+  EXPECT_TRUE(PumpUntil([this] { return list().Count() == 1; }));
   list().SetFocus();
   Pump(50);
   Key(WXK_RETURN);  // chooses the selected line
   EXPECT_TRUE(PumpUntil([this] { return input().GetValue() == "ZEK1" && input().HasFocus(); }));
   Key('L', wxMOD_CONTROL);
-  EXPECT_TRUE(PumpUntil([this] { return list().IsEmpty(); }));
+  EXPECT_TRUE(PumpUntil([this] { return list().Count() == 0; }));
   Key('D', wxMOD_CONTROL);
   EXPECT_TRUE(PumpUntil([this] { return proc().connection.CurrentTopic == -1; }));
 }

@@ -71,6 +71,7 @@ TEST(Settings, NumbersHaveLimits) {
       {"HistoryCount=-1", &Settings::HistoryCount, 50, "x T851"},
       {"HistoryCount=7 st", &Settings::HistoryCount, 7},
       {"HistoryCount=10000", &Settings::HistoryCount, 0, "x T500"},
+      {"SessionFileCount=x", &Settings::SessionFileCount, 30, "x T851"},
       {"SDCLastYear=2029", &Settings::SDCLastYear, 2030},
       {"SDCLastYear=2031", &Settings::SDCLastYear, 2031},
       {"SDCLastYear=9999", &Settings::SDCLastYear, 9999},

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -31,6 +32,13 @@ class MemoryFiles final : public Files {
     if (failWrites) return FileError{path, *failWrites, "write failed"};
     files[path] = bytes;
     return std::nullopt;
+  }
+
+  std::function<void()> onAppend = [] {};  // a slow disk takes its time here
+
+  std::optional<FileError> Append(const std::string& path, std::string_view bytes) override {
+    onAppend();
+    return Write(path, (Exists(path) ? files[path] : std::string()).append(bytes));
   }
 
   std::optional<FileError> Remove(const std::string& path) override {

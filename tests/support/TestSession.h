@@ -39,7 +39,7 @@ class TestSession {
     }
     proc.texts.Read(language);
     Load("");
-    turn.tick = [this] { proc.connection.Tick(); };
+    turn.tick = [this] { proc.Tick(); };
   }
 
   // Starts with that command line.

@@ -20,11 +20,19 @@ class VirtualTurn final : public Turn {
   LocalTime Clock() const {
     constexpr int begin = 8 * 3600 + 30 * 60;
     const int seconds = begin + static_cast<int>(now_ / 1000);
-    return {2026, 11, 22 + seconds / 86400, seconds / 3600 % 24, seconds / 60 % 60, seconds % 60};
+    return {2026,
+            11,
+            22 + seconds / 86400,
+            seconds / 3600 % 24,
+            seconds / 60 % 60,
+            seconds % 60,
+            static_cast<int>(now_ % 1000)};
   }
   void After(std::int64_t milliseconds, std::function<void()> what) {
     due_.emplace(now_ + milliseconds, std::move(what));
   }
+  /// Time goes by without a turn, as in a call that blocks.
+  void Block(std::int64_t milliseconds) { now_ += milliseconds; }
   void Quit() { quitting_ = true; }
 
   void RunPending() override {

@@ -20,6 +20,9 @@ TEST_F(DiskFilesTest, WritesReadsListsAndRemoves) {
   EXPECT_FALSE(files.Write(folder + "a", ""));
   EXPECT_EQ(files.Read(folder + "b").bytes, bytes);
   EXPECT_TRUE(files.Exists(folder + "a"));
+  EXPECT_FALSE(files.Append(folder + "a", "1") || files.Append(folder + "a", "\r\n2"));
+  EXPECT_EQ(files.Read(folder + "a").bytes, "1\r\n2");
+  EXPECT_TRUE(files.Append(folder, "x") && files.Append(folder + "nix/a", "x"));
   EXPECT_FALSE(files.Exists(folder)) << "a folder is no file";
   EXPECT_EQ(files.List(folder), (std::vector<std::string>{"a", "b"}));
   EXPECT_EQ(test::NamesIn(temporary), files.List(folder)) << "nothing left beside";

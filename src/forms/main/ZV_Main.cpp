@@ -47,6 +47,7 @@ ZV_Main::ZV_Main(ZV_Proc& proc, WxTurn& turn)
   BuildControls();
   BuildAccelerators();
   BindEvents();
+  ShowTimesAsBefore();
   RememberPlacement(*this, "ZV_Main");
   if (proc_.settings.AlwaysOnTop) SetTopmost(*this, true);
   if (proc_.status.Connection.empty()) proc_.status.Connection = proc_.Text(text::kNotConnected);
@@ -74,6 +75,10 @@ void ZV_Main::BindEvents() {
     proc_.log.Replace({});
     ShowState();
   });
+  onMenu(Menu_Log_Find, [this] { OpenFind(); });
+  onMenu(Menu_Log_Next, [this] { FindNext(true); });
+  onMenu(Menu_Log_Previous, [this] { FindNext(false); });
+  onMenu(Menu_Log_Times, [this] { ShowTimes(menuDebug_->IsChecked(Menu_Log_Times)); });
   onMenu(Menu_Exit, [this] { Close(); });
   onMenu(Menu_TSC, [this] { OpenBrowser(); });
   onMenu(Menu_Topics, [this] { ChangeTopics(ShowTopics); });
@@ -99,16 +104,8 @@ void ZV_Main::BindEvents() {
     }
     Send(FromWx(typed), typed);
   });
-  List_Output->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
-    event.Skip();
-    int flags = 0;
-    // Remember the line now: new lines may arrive and be selected before the deferred call.
-    const long item = List_Output->HitTest(event.GetPosition(), flags);
-    if (item >= 0) CallAfter([this, line = List_Output->Line(item)] { OnLogChosen(line); });
-  });
-  List_Output->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent& event) {
-    OnLogChosen(List_Output->Line(event.GetIndex()));
-  });
+  List_Output->Chosen = [this](const std::string& line) { OnLogChosen(line); };
+  List_Output->Changed = [this] { ShowLogPlace(); };
   Bind(wxEVT_CHAR_HOOK, &ZV_Main::OnCharHook, this);
   Bind(wxEVT_CLOSE_WINDOW, &ZV_Main::OnClose, this);
   Bind(wxEVT_ICONIZE, &ZV_Main::OnIconize, this);
@@ -191,7 +188,7 @@ void ZV_Main::PostWork(std::function<void()> work) {
 void ZV_Main::OnTick() {
   const Working working(*this);
   if (!commands_.empty() || browserRequested_) EndAnswerWait();
-  proc_.connection.Tick();
+  proc_.Tick();
 }
 
 // Stops waiting for the answer to a command that is handed over: something else comes next.
@@ -301,14 +298,14 @@ void ZV_Main::RunBrowser() {
   if (hide && !closeRequested_) Show();
 }
 
-// Lets Escape close the about box, which does not have the focus.
+// Lets Escape close the about box, which does not have the focus, or the search.
 void ZV_Main::OnCharHook(wxKeyEvent& event) {
   const int key = event.GetKeyCode();
   const bool isEnter = key == WXK_RETURN || key == WXK_NUMPAD_ENTER;
   // The about box covers the command line: Enter is meant for it unless something was typed.
   if (info_ && (key == WXK_ESCAPE || (isEnter && Text_Input->IsEmpty()))) {
     info_->Close();
-  } else {
+  } else if (key != WXK_ESCAPE || !CloseFind()) {
     event.Skip();
   }
 }
@@ -334,6 +331,7 @@ void ZV_Main::Unload() {
   closed_ = true;
   proc_.connection.Disconnect();
   proc_.connection.CloseAllTags();
+  proc_.sessionFile.End();
   turn_.Quit();
   Timer_Comm.Stop();
   Destroy();

@@ -6,9 +6,11 @@
 #include <optional>
 #include <string>
 
+#include <wx/button.h>
 #include <wx/choice.h>
 #include <wx/frame.h>
 #include <wx/menu.h>
+#include <wx/sizer.h>
 #include <wx/textctrl.h>
 #include <wx/weakref.h>
 
@@ -21,6 +23,8 @@
 
 namespace zek {
 
+class LogFindBar;
+
 /// The ids of the main window's menu items; some are also on the tool bar.
 namespace main_menu {
 enum Menu : int {
@@ -29,6 +33,10 @@ enum Menu : int {
   Menu_Debug_Save,
   Menu_Debug_Open,
   Menu_Debug_Clear,
+  Menu_Log_Find,
+  Menu_Log_Next,
+  Menu_Log_Previous,
+  Menu_Log_Times,
   Menu_TSC,
   Menu_Topics,
   Menu_Help,
@@ -105,6 +113,13 @@ class ZV_Main final : public wxFrame {
   void OpenBrowser();
   void RunBrowser();
   std::string AskLogFile(bool save);
+  void ShowTimesAsBefore();
+  void ShowTimes(bool on);
+  void OpenFind();
+  bool CloseFind();
+  void FindNext(bool forward);
+  void FocusBesideLog();
+  void ShowLogPlace();
   void SaveLog();
   void OpenLog();
   void CheckStartTopic();
@@ -131,7 +146,10 @@ class ZV_Main final : public wxFrame {
   wxChoice* Combo_Topics = nullptr;
   LogList* List_Output = nullptr;
   wxTextCtrl* Text_Input = nullptr;
-  wxWindow* welcome_ = nullptr;  // what to do, while there are no topics
+  wxSizer* findPlace_ = nullptr;      // below the log
+  LogFindBar* find_ = nullptr;        // once it was opened
+  wxButton* Command_ToEnd = nullptr;  // once the log was scrolled back
+  wxWindow* welcome_ = nullptr;       // what to do, while there are no topics
   wxWeakRef<ZV_Info> info_;
   WxTick Timer_Comm;
   FrameRefresh refresh_;

@@ -40,6 +40,12 @@ void ZV_Main::BuildMenus() {
   menuDebug_->Append(Menu_Debug_Open, Label(text::kMenuDebugOpen, "Ctrl+O"));
   menuDebug_->AppendSeparator();
   menuDebug_->Append(Menu_Debug_Clear, Label(text::kMenuDebugClear, "Ctrl+L"));
+  menuDebug_->AppendSeparator();
+  menuDebug_->Append(Menu_Log_Find, Label(text::kLogFind, "Ctrl+F"));
+  menuDebug_->Append(Menu_Log_Next, Label(text::kLogFindNext, "F3"));
+  menuDebug_->Append(Menu_Log_Previous, Label(text::kLogFindPrevious, "Shift+F3"));
+  menuDebug_->AppendSeparator();
+  menuDebug_->AppendCheckItem(Menu_Log_Times, Label(text::kLogTimes));
   menuFile_ = new wxMenu;
   menuFile_->Append(Menu_Disconnect, Label(text::kMenuDisconnect, "Ctrl+D"));
   menuFile_->AppendSeparator();
@@ -89,7 +95,7 @@ void ZV_Main::BuildControls() {
   // Drawing its arrow makes the toolkit load its icon theme, a tenth of the time to the first
   // frame. `FillTopics` shows it right after that frame.
   Combo_Topics->Hide();
-  List_Output = new LogList(panel, proc_.log);
+  List_Output = new LogList(panel, proc_.log, proc_.texts);
   auto* const inputLabel = new wxStaticText(panel, wxID_ANY, Label(text::kInputLabel));
   Text_Input =
       new wxTextCtrl(panel, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxTE_PROCESS_ENTER);
@@ -115,6 +121,8 @@ void ZV_Main::BuildControls() {
   if (wxWindow* const strip = NewModeStrip(panel, proc_)) whole->Add(strip, 0, wxEXPAND);
   whole->Add(rowOf(topicsLabel, Combo_Topics), 0, wxEXPAND | wxALL, gap);
   whole->Add(List_Output, 1, wxEXPAND | wxLEFT | wxRIGHT, gap);
+  findPlace_ = new wxBoxSizer(wxVERTICAL);
+  whole->Add(findPlace_, 0, wxEXPAND);
   whole->Add(rowOf(inputLabel, Text_Input), 0, wxEXPAND | wxALL, gap);
   panel->SetSizer(whole);
 

@@ -1,6 +1,7 @@
 #include <wx/filedlg.h>
 #include <wx/filename.h>
 
+#include "comm/LogText.h"
 #include "forms/main/ZV_Main.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
@@ -29,8 +30,8 @@ std::string ZV_Main::AskLogFile(bool save) {
 void ZV_Main::SaveLog() {
   const std::string path = AskFile(true);
   if (path.empty()) return;
-  std::string bytes;
-  for (const std::string& line : proc_.log.Lines()) bytes += line + "\r\n";
+  const ReplyLog& log = proc_.log;
+  const std::string bytes = LogText(log, log.First(), log.End(), List_Output->ShowsTimes());
   if (const auto error = proc_.files.Write(path, bytes)) {
     proc_.prompts.Show(Icon::Exclamation, FileMessage(proc_.texts, *error));
   }

@@ -47,7 +47,7 @@ void ZV_Main::ShowWelcome() {
   if (!none && welcome_ == nullptr) return;
   wxSizer& parts = *List_Output->GetContainingSizer();
   if (welcome_ == nullptr) {
-    constexpr std::size_t below = 2;  // the log and the command line
+    constexpr std::size_t below = 3;  // the log, its search and the command line
     welcome_ = NewWelcome();
     parts.Insert(parts.GetItemCount() - below, welcome_, 0, wxEXPAND);
   }
