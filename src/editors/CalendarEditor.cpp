@@ -189,10 +189,18 @@ void CalendarEditor::Release(std::optional<int> day, Prompts& prompts, const Lan
   Apply(prompts, texts);
 }
 
+void CalendarEditor::DragOn(int months) {
+  const std::optional<CalendarDate> start = anchor_;
+  if (!dragging_ || !Step(months)) return;
+  dragging_ = true;
+  anchor_ = start;
+  cursor_ = months > 0 ? 1 : Days();
+}
+
 void CalendarEditor::CancelDrag() {
   if (!std::exchange(dragging_, false)) return;
-  cursor_ = anchor_ ? anchor_->day : cursor_;
-  anchor_.reset();
+  if (const std::optional<CalendarDate> start = std::exchange(anchor_, std::nullopt))
+    ShowDate(*start);
 }
 
 void CalendarEditor::MoveCursor(CalendarMove move, bool extend) {
