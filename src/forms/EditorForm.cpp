@@ -215,6 +215,7 @@ OpenedFindings& EditorForm::Findings() {
 // What takes long is proved while the user does nothing.
 void EditorForm::OnIdle(wxIdleEvent& event) {
   event.Skip();
+  if (ended_ && !busy_ && !asking_) return End();  // what was above may have gone
   if (busy_ || !IsShown()) return;
   Findings().Search(Edits(), OwnFindings());
   if (Findings().Step()) event.RequestMore();
@@ -246,8 +247,7 @@ void EditorForm::ListFindings() {
                              {}};
   const wxWeakRef<EditorForm> alive(this);
   const auto chosen = ShowFindings(this, proc_, proc_.Text(text::kFindingsTitle), source);
-  if (!alive) return;
-  if (ended_) return End();
+  if (!alive || ended_) return;
   const auto shown = chosen ? findings.Shown(*chosen) : std::vector<ShownFinding>();
   if (shown.empty()) return FocusEntry();
   GoTo(shown.front().leads);
@@ -290,8 +290,7 @@ void EditorForm::ShowWhatApplies(const ControlCatalogues& catalogues) {
   ShowApplies(this, proc_,
               AppliesOf(proc_, catalogues, std::move(schedule),
                         edited ? std::optional(id_.catalogue) : std::nullopt));
-  if (!alive) return;
-  if (ended_) return End();
+  if (!alive || ended_) return;
   Raise();
   FocusEntry();
 }
