@@ -14,11 +14,11 @@
 
 #include "app/ZV_Proc.h"
 #include "editors/CalendarEditor.h"
+#include "forecast/EditedEntries.h"
 #include "forms/EditorForm.h"
 #include "forms/calendar/ZV_Import.h"
 #include "forms/calendar/ZV_SDCDays.h"
 #include "forms/calendar/ZV_SDCYear.h"
-#include "picture/EditedEntries.h"
 #include "wxbase/WxTurn.h"
 
 namespace zek {
