@@ -36,18 +36,10 @@ bool ControlCatalogues::Read(Catalogue catalogue) {
   return content.has_value();
 }
 
-ControlCatalogues::Readings ControlCatalogues::Parsed() const {
-  const LineOwner owner = of_.Id(Catalogue::Wdc).Owner();
-  return {ReadWeekday(Content(Catalogue::Wdc).value().lines, owner),
-          ReadCalendar(Content(Catalogue::Sdc).value().lines,
-                       YearsOf(proc_.settings, of_.generation), CalendarYears::kFirst),
-          ReadExceptions(Content(Catalogue::Ovc).value().lines, owner)};
-}
-
-Schedule ControlCatalogues::Together() const {
-  const Readings read = Parsed();
-  return ScheduleOf(read.weekdays, read.calendar, read.exceptions,
-                    Content(Catalogue::Wdc).value().dfv, Content(Catalogue::Ovc).value().dfv);
+ControlTables ControlCatalogues::Tables() const {
+  return ControlTablesOf(proc_, of_,
+                         {Content(Catalogue::Wdc).value(), Content(Catalogue::Sdc).value(),
+                          Content(Catalogue::Ovc).value()});
 }
 
 std::vector<std::string> ControlCatalogues::Remarks() const {
@@ -60,7 +52,7 @@ std::vector<std::string> ControlCatalogues::Remarks() const {
     missing += (missing.empty() ? "" : ", ") + proc_.Text(title);
   }
   if (!missing.empty()) remarks.push_back(Message(proc_.Text(text::kCopiesMissing), {missing}));
-  const Readings read = Parsed();
+  const ControlTables read = Tables();
   const std::size_t unread = read.weekdays.unread.size() + read.calendar.unread.size() +
                              read.exceptions.unread.size() + dropped;
   if (unread > 0) {

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "app/ZV_Proc.h"
+#include "app/ControlTablesOf.h"
 #include "forecast/Rule.h"
 #include "forecast/Schedule.h"
 
@@ -27,7 +27,7 @@ class ControlCatalogues {
   bool Read();
 
   /// What they say together; call it after `Read`.
-  Schedule Together() const;
+  Schedule Together() const { return Tables().schedule; }
 
   /// What the user should know: copies that are missing, lines that could not be read.
   std::vector<std::string> Remarks() const;
@@ -40,13 +40,7 @@ class ControlCatalogues {
   std::string Node() const { return of_.Id(Catalogue::Wdc).Node(); }
 
  private:
-  struct Readings {
-    WeekdayReading weekdays;
-    CalendarReading calendar;
-    ExceptionReading exceptions;
-  };
-
-  Readings Parsed() const;
+  ControlTables Tables() const;
   bool Read(Catalogue catalogue);
   std::optional<CatalogueContent>& Content(Catalogue catalogue) {
     return contents_.at(static_cast<std::size_t>(catalogue));

@@ -2,23 +2,14 @@
 
 #include <utility>
 
+#include "app/ControlTablesOf.h"
 #include "editors/FindingPlaces.h"
-#include "editors/PickList.h"
-#include "findings/OwnNumbers.h"
+#include "forecast/EditedEntries.h"
 
 namespace zek {
 namespace {
 
 using enum FindingKind;
-
-std::vector<float> ListedValues(const ZV_Proc& proc, const Selection& node) {
-  std::vector<float> values;
-  const PickList list =
-      ReadPickList(proc.profile, node.PickListTable, proc.settings.DecimalSeparator);
-  for (const PickListItem& item : list.items)
-    if (const MaybeValue value = ValueIn(item.value)) values.push_back(*value);
-  return values;
-}
 
 // What the kind needs of other catalogues.
 bool CanJudge(const KnownTables& control, const Finding& finding) {
@@ -67,21 +58,11 @@ KnownTables ReadKnownTables(const ZV_Proc& proc, const Selection& node, const Op
   const CatalogueContent calendar = content(Catalogue::Sdc);
   const CatalogueContent exceptions = content(Catalogue::Ovc);
   KnownTables known;
-  ControlTables& tables = known.tables;
   known.weekdays = weekdays.from != LinesFrom::Nowhere;
   known.calendar = calendar.from != LinesFrom::Nowhere;
   known.exceptions = exceptions.from != LinesFrom::Nowhere;
-  tables.owner = node.Id(Catalogue::Wdc).Owner();
-  tables.weekdayLines = weekdays.lines;
-  tables.calendarLines = calendar.lines;
-  tables.exceptionLines = exceptions.lines;
-  tables.weekdays = ReadWeekday(weekdays.lines, tables.owner);
-  tables.calendar =
-      ReadCalendar(calendar.lines, YearsOf(proc.settings, node.generation), CalendarYears::kFirst);
-  tables.exceptions = ReadExceptions(exceptions.lines, tables.owner);
-  tables.schedule =
-      ScheduleOf(tables.weekdays, tables.calendar, tables.exceptions, weekdays.dfv, exceptions.dfv);
-  tables.listedValues = ListedValues(proc, node);
+  known.tables = ControlTablesOf(proc, node, {weekdays, calendar, exceptions});
+  const ControlTables& tables = known.tables;
   known.Put(tables.weekdays.table);
   known.Put(tables.calendar.table);
   known.Put(tables.exceptions.table);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "app/ControlTablesOf.h"
 #include "forecast/MomentText.h"
 #include "text/Windows1252.h"
 
@@ -34,7 +35,6 @@ void ControlReader::NameUnread(const CatalogueId& id, const std::vector<std::str
 std::optional<ControlTables> ControlReader::Read(std::size_t node) {
   SelectNode(console_.proc, node);
   const Selection selection = console_.proc.selection;
-  const Settings& settings = console_.proc.settings;
   hadAllCopies_ = true;
   const CatalogueContent* const weekdays = Content(selection.Id(Catalogue::Wdc));
   if (weekdays == nullptr) return std::nullopt;
@@ -42,17 +42,8 @@ std::optional<ControlTables> ControlReader::Read(std::size_t node) {
   if (calendar == nullptr) return std::nullopt;
   const CatalogueContent* const exceptions = Content(selection.Id(Catalogue::Ovc));
   if (exceptions == nullptr) return std::nullopt;
-  ControlTables tables;
-  tables.owner = selection.Id(Catalogue::Wdc).Owner();
-  tables.weekdayLines = weekdays->lines;
-  tables.calendarLines = calendar->lines;
-  tables.exceptionLines = exceptions->lines;
-  tables.weekdays = ReadWeekday(weekdays->lines, tables.owner);
-  tables.calendar =
-      ReadCalendar(calendar->lines, YearsOf(settings, selection.generation), CalendarYears::kFirst);
-  tables.exceptions = ReadExceptions(exceptions->lines, tables.owner);
-  tables.schedule = ScheduleOf(tables.weekdays, tables.calendar, tables.exceptions, weekdays->dfv,
-                               exceptions->dfv);
+  ControlTables tables =
+      ControlTablesOf(console_.proc, selection, {*weekdays, *calendar, *exceptions});
   NameUnread(selection.Id(Catalogue::Wdc), tables.weekdays.unread);
   NameUnread(selection.Id(Catalogue::Sdc), tables.calendar.unread);
   NameUnread(selection.Id(Catalogue::Ovc), tables.exceptions.unread);
@@ -85,13 +76,6 @@ std::optional<DayNumber> TodayFor(Console& console, const Arguments& arguments) 
   const auto today = ParseDay(arguments.today);
   if (!today) Refuse(console, arguments.today + " is no date, such as 2026-12-07");
   return today;
-}
-
-std::vector<float> ListedValues(const PickList& list) {
-  std::vector<float> values;
-  for (const PickListItem& item : list.items)
-    if (const MaybeValue value = ValueIn(item.value)) values.push_back(*value);
-  return values;
 }
 
 std::optional<std::size_t> ControlOperand(Console& console, const std::string& name) {

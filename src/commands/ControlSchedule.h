@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "commands/Commands.h"
-#include "editors/PickList.h"
 #include "findings/Findings.h"
 
 namespace zek::cli {
@@ -47,9 +46,6 @@ std::optional<std::set<std::size_t>> ControlOperands(Console& console,
 
 /// Returns the day of --today, without it the present one; nothing, after a message, if it is none.
 std::optional<DayNumber> TodayFor(Console& console, const Arguments& arguments);
-
-/// The numbers of a pick-list.
-std::vector<float> ListedValues(const PickList& list);
 
 /// Returns the time control named by an operand; empty, after a message, if it is unknown.
 std::optional<std::size_t> ControlOperand(Console& console, const std::string& name);

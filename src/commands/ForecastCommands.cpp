@@ -75,6 +75,7 @@ std::optional<Question> QuestionOf(Console& console, const Arguments& arguments)
 // The schedule to ask, and how complete it is.
 struct Reply {
   Schedule schedule;
+  SpecialDayNames dayNames;
   ExitStatus status = kDone;
 };
 
@@ -85,7 +86,7 @@ std::optional<Reply> ReadFor(Console& console, const Question& question) {
   const std::optional<ControlTables> tables = reader.Read(question.node);
   if (!tables) return std::nullopt;
   console.err << Utf8FromWindows1252(console.proc.Text(text::kRuleAssumed)) << '\n' << std::flush;
-  return Reply{tables->schedule, reader.Status()};
+  return Reply{tables->schedule, tables->dayNames, reader.Status()};
 }
 
 // Prints records: their fields are separated by tabs.
@@ -130,11 +131,13 @@ void PrintExplanation(Records& records, const Forecast& forecast, Moment moment,
   records.Print({"rule", rule.Text()});
 }
 
-// Prints the variants whose value at a moment is printed like the observed one.
+// Prints the variants whose value at a moment is the observed one, as far as its digits are
+// printed.
 void PrintAgreeing(Records& records, const Schedule& schedule, Moment moment, MaybeValue observed) {
   for (const Rule& rule : Rule::Variants()) {
     const MaybeValue value = Forecast(schedule, rule).At(moment).value;
-    if (records.Value(value) == records.Value(observed)) records.Print({"agrees", rule.Text()});
+    if (value == observed || records.Value(value) == records.Value(observed))
+      records.Print({"agrees", rule.Text()});
   }
 }
 
@@ -174,11 +177,13 @@ Moment Now(const Console& console) {
 }
 
 // Writes the picture of a timeline; false, after a message, if that failed.
-bool WritePicture(Console& console, const Arguments& arguments, const Schedule& schedule,
+bool WritePicture(Console& console, const Arguments& arguments, const Reply& read,
                   const Question& question) {
+  const Schedule& schedule = read.schedule;
   const ZV_Proc& proc = console.proc;
-  const SceneWords words(
-      proc.texts, [&](float value) { return ValueText(value, proc.settings.DecimalSeparator); });
+  const SceneWords words(proc.texts, read.dayNames, [&](float value) {
+    return ValueText(value, proc.settings.DecimalSeparator);
+  });
   Scene scene = ForecastScene(Forecast(schedule, question.rule), schedule, question.moments[0],
                               question.moments[1], Now(console), words);
   scene.title =
@@ -207,7 +212,7 @@ ExitStatus PrintTimeline(Console& console, const Arguments& arguments) {
     records.Print({MomentText(stretch.from), MomentText(stretch.to),
                    records.Value(stretch.applied.value), stretch.applied.source.Text()});
   }
-  if (drawn && !WritePicture(console, arguments, read->schedule, *question)) return kFailed;
+  if (drawn && !WritePicture(console, arguments, *read, *question)) return kFailed;
   return read->status;
 }
 

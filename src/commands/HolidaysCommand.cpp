@@ -3,7 +3,6 @@
 #include "formats/SwedishHolidays.h"
 
 namespace zek::cli {
-namespace {}  // namespace
 
 int YearIn(const std::string& text) {
   constexpr int first = 1990;

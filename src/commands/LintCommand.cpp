@@ -4,7 +4,6 @@
 
 #include "commands/Commands.h"
 #include "commands/ControlSchedule.h"
-#include "editors/PickList.h"
 #include "findings/Findings.h"
 #include "forecast/MomentText.h"
 #include "lang/TextNumbers.h"
@@ -35,11 +34,12 @@ class FindingPrinter {
  public:
   FindingPrinter(Console& console, bool json) : console_(console), json_(json) {}
 
-  void Print(const std::string& node, const std::vector<Finding>& findings) {
+  void Print(const std::string& node, const std::vector<Finding>& findings,
+             const SpecialDayNames& names) {
     for (const Finding& finding : findings) {
       const FindingInfo& info = InfoOf(finding.kind);
       serious_ = serious_ || info.severity != Severity::Information;
-      std::string text = finding.Text(console_.proc.texts);
+      std::string text = finding.Text(console_.proc.texts, names);
       ShowControls(text);
       const std::array<std::string, 5> fields = {
           std::string(info.code), std::string(1, static_cast<char>(info.severity)),
@@ -103,11 +103,8 @@ class PlantJudge {
     std::optional<ControlTables> tables = reader_.Read(node);
     failed_ = failed_ || !tables;
     if (!tables || !reader_.HadAllCopies()) return;  // what is not known can't be judged
-    const PickList values = ReadPickList(
-        console_.proc.profile, console_.proc.selection.PickListTable, context_.decimalSeparator);
-    tables->listedValues = ListedValues(values);
     printer_.Print(NodeName(console_.proc.tree, console_.proc.topics, node),
-                   FindingsOf(*tables, context_));
+                   FindingsOf(*tables, context_), tables->dayNames);
     controls_.push_back(*std::move(tables));
   }
 
@@ -117,7 +114,8 @@ class PlantJudge {
     const auto all = static_cast<std::size_t>(std::count_if(
         tree.begin(), tree.end(), [this](const TreeNode& node) { return node.Parent == parent_; }));
     printer_.Print(NodeName(tree, console_.proc.topics, parent_),
-                   SharedFindings(controls_, controls_.size() == all, context_));
+                   SharedFindings(controls_, controls_.size() == all, context_),
+                   controls_.front().dayNames);
     controls_.clear();
   }
 

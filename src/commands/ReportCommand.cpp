@@ -27,7 +27,6 @@ class Collector {
     control.reads = Reads();
     control.values =
         ReadPickList(proc.profile, proc.selection.PickListTable, context_.decimalSeparator);
-    tables->listedValues = ListedValues(control.values);
     if (reader_.HadAllCopies()) control.findings = FindingsOf(*tables, context_);
     control.tables = *std::move(tables);
     controls_.push_back(std::move(control));

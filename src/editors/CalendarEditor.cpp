@@ -135,9 +135,7 @@ CalendarCell CalendarEditor::CellOn(const CalendarDate& date, const LanguageText
 }
 
 std::string CalendarEditor::TypeCaption(int type, const LanguageTexts& texts) const {
-  std::string caption = DayTypeCaption(type, texts);
-  if (type <= kDaysOfWeek) return caption;
-  return WithDayName(caption, static_cast<std::size_t>(type - kDaysOfWeek - 1), names_);
+  return DayTypeCaption(type, texts, names_);
 }
 
 std::string CalendarEditor::MonthText(const LanguageTexts& texts) const {
@@ -149,9 +147,8 @@ std::string CalendarEditor::CellName(int day, const LanguageTexts& texts) const 
   const CalendarDate date = DateOf(day);
   std::string name = DateName(date, ColumnOf(date), texts);
   const auto add = [&name](const std::string& part) { name.append(", ").append(part); };
-  if (const auto type = Table().TypeOn(date); type != kNoDayType) {
-    add(type > kDaysOfWeek ? TypeCaption(type, texts) : SpokenDayType(type, texts));
-  }
+  if (const auto type = Table().TypeOn(date); type != kNoDayType)
+    add(SpokenDayType(type, texts, names_));
   if (IsHoliday(date, otherYears_)) add(texts.Text(text::kSpokenHoliday));
   if (cell.today) add(texts.Text(text::kSpokenToday));
   if (cell.selected) add(texts.Text(text::kSpokenSelected));
@@ -189,10 +186,18 @@ void CalendarEditor::Release(std::optional<int> day, Prompts& prompts, const Lan
   Apply(prompts, texts);
 }
 
+void CalendarEditor::DragOn(int months) {
+  const std::optional<CalendarDate> start = anchor_;
+  if (!dragging_ || !Step(months)) return;
+  dragging_ = true;
+  anchor_ = start;
+  cursor_ = months > 0 ? 1 : Days();
+}
+
 void CalendarEditor::CancelDrag() {
   if (!std::exchange(dragging_, false)) return;
-  cursor_ = anchor_ ? anchor_->day : cursor_;
-  anchor_.reset();
+  if (const std::optional<CalendarDate> start = std::exchange(anchor_, std::nullopt))
+    ShowDate(*start);
 }
 
 void CalendarEditor::MoveCursor(CalendarMove move, bool extend) {

@@ -124,7 +124,10 @@ class CalendarEditor {
   void Press(std::optional<int> day);
   void Drag(std::optional<int> day);
   void Release(std::optional<int> day, Prompts& prompts, const LanguageTexts& texts);
-  /// Ends a selection by mouse without setting the type.
+  /// The mouse stays beyond the grid's edge: shows the month before (-1) or after (1) and selects
+  /// up to its nearest day. Nothing happens at the ends of the six years.
+  void DragOn(int months);
+  /// Ends a selection by mouse without setting the type, and shows where it began.
   void CancelDrag();
   bool Dragging() const { return dragging_; }
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "editors/WeekdayEditor.h"
 #include "forecast/MomentText.h"
+#include "formats/CalendarNames.h"
 #include "formats/CatalogueFields.h"
 #include "formats/ExceptionCells.h"
 #include "lang/Messages.h"
@@ -60,10 +60,6 @@ std::optional<std::size_t> NumberWord(FindingKind kind) {
   return rows ? std::optional<std::size_t>(1) : std::nullopt;
 }
 
-bool HasDayTypes(FindingKind kind) {
-  return kind == DateTwoTypes || kind == DateTwice || kind == TypeWithoutRows;
-}
-
 template <class Each>
 void ForCells(const Schedule& schedule, int number, Each each) {
   for (std::size_t day = 0; day < kWeekdayDays; ++day) {
@@ -85,16 +81,15 @@ std::optional<Catalogue> CatalogueOf(const Finding& finding) {
 }
 
 std::string FindingView::DayTypeText(const std::string& key) const {
-  const auto day = DayOfKey(key);
-  return day ? NameOfDay(*day, texts, names) : key;
+  return WithNameOfDay(key, texts, names);
 }
 
 std::string FindingView::RowText(int number) const {
   const WeekdayCell first = CellOfNumber(number);
   std::size_t last = first.day;
   ForCells(schedule, number, [&last](const WeekdayCell& cell) { last = cell.day; });
-  std::string days = NameOfDay(first.day, texts, names);
-  if (last > first.day) days += "-" + NameOfDay(last, texts, names);
+  std::string days = DayTypeName(first.day, texts, names);
+  if (last > first.day) days += "-" + DayTypeName(last, texts, names);
   return Message(texts.Text(text::kPlaceOfRow), {days, std::to_string(first.row + 1)});
 }
 
@@ -118,7 +113,7 @@ std::string FindingView::PlaceText(const Finding& finding) const {
   if (*table == Catalogue::Wdc) {
     return finding.kind == StartNotEntered
                ? Message(texts.Text(text::kPlaceOfRow),
-                         {NameOfDay(CellOfNumber(number).day, texts, names),
+                         {DayTypeName(CellOfNumber(number).day, texts, names),
                           std::to_string(CellOfNumber(number).row + 1)})
                : RowText(number);
   }
@@ -147,9 +142,7 @@ ShownFinding FindingView::Show(const Finding& finding) const {
         catalogue == Catalogue::Ovc ? ExceptionOfNumber(other) : CellOfNumber(other).row;
     inWords.words.at(*word) = std::to_string(row + 1);
   }
-  if (HasDayTypes(finding.kind))
-    for (std::string& word : inWords.words) word = DayTypeText(word);
-  shown.text = inWords.Text(texts);
+  shown.text = inWords.Text(texts, names);
   return shown;
 }
 

@@ -7,7 +7,7 @@
 
 #include "catalogue/Catalogue.h"
 #include "findings/Findings.h"
-#include "findings/OwnNumbers.h"
+#include "forecast/EditedEntries.h"
 #include "lang/LanguageTexts.h"
 #include "settings/SpecialDayNames.h"
 

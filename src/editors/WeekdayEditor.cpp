@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "formats/CalendarNames.h"
 #include "formats/LineNumbers.h"
 #include "formats/WeekdayCells.h"
 #include "lang/Messages.h"
@@ -24,17 +25,10 @@ SwitchTimes TimesOf(const WeekdayRow& row) {
 std::string PlaceOf(std::size_t day, std::size_t row, const LanguageTexts& texts,
                     const SpecialDayNames& names) {
   return Message(texts.Text(text::kPlaceOfRow),
-                 {NameOfDay(day, texts, names), std::to_string(row + 1)});
+                 {DayTypeName(day, texts, names), std::to_string(row + 1)});
 }
 
 }  // namespace
-
-std::string NameOfDay(std::size_t day, const LanguageTexts& texts, const SpecialDayNames& names) {
-  if (day < kDaysOfType) return texts.Text(text::kMonday + static_cast<std::int32_t>(day));
-  const std::size_t number = day - kDaysOfType;
-  return WithDayName(Message(texts.Text(text::kSpecialDay), {std::to_string(number + 1)}), number,
-                     names);
-}
 
 WeekdayFocus NextFocus(WeekdayFocus from) {
   switch (from.box) {
@@ -149,7 +143,9 @@ std::int32_t WeekdayEditor::TimeMark(Cell cell) const {
 }
 
 std::string WeekdayEditor::DayName(std::size_t column, const LanguageTexts& texts) const {
-  return NameOfDay(type_ * kDaysOfType + column, texts, names_);
+  if (type_ == 0) return DayTypeName(column, texts, names_);
+  const std::string heading = Message(texts.Text(text::kSpecialDay), {std::to_string(column + 1)});
+  return WithDayName(heading, column, names_);
 }
 
 std::string WeekdayEditor::PlaceName(const LanguageTexts& texts) const {

@@ -12,7 +12,7 @@
 #include "editors/Entry.h"
 #include "editors/PickList.h"
 #include "editors/UndoHistory.h"
-#include "findings/OwnNumbers.h"
+#include "forecast/EditedEntries.h"
 #include "formats/WeekdayTable.h"
 #include "formats/WeekdayText.h"
 #include "lang/LanguageTexts.h"
@@ -55,9 +55,6 @@ struct SameWeekdays {
 /// from the last column back to the first.
 WeekdayFocus NextFocus(WeekdayFocus from);
 
-/// The name of a day 0 to 13, "Mån" or "SD 1 Jullov".
-std::string NameOfDay(std::size_t day, const LanguageTexts& texts, const SpecialDayNames& names);
-
 /// Shows a message box with the icon, text and line of a refused line.
 void ShowRefused(const RefusedLine& refused, Prompts& prompts, const LanguageTexts& texts);
 
@@ -79,6 +76,7 @@ class WeekdayEditor {
   void CountLost(std::size_t lines) { linesLost_ += lines; }
   /// Sets the names that are shown behind SD1 to SD7.
   void NameSpecialDays(const SpecialDayNames& names) { names_ = names; }
+  const SpecialDayNames& Names() const { return names_; }
   /// False for "PLT" time controls: their lines have no stop value, and entries are ignored.
   bool HasStopValues() const;
 
@@ -119,8 +117,8 @@ class WeekdayEditor {
   std::optional<WeekdayFocus> Redo() { return ShowPlace(history_.Redo()); }
   EditState State() const { return history_.State(); }
 
-  /// The name of a column's day in the grid, and where the change was that was undone last:
-  /// "Mån, rad 2".
+  /// The heading of a column, "Mån" or "SD 1 Jullov", and where the change was that was undone
+  /// last: "Mån, rad 2", "SD1 Jullov, rad 2".
   std::string DayName(std::size_t column, const LanguageTexts& texts) const;
   std::string PlaceName(const LanguageTexts& texts) const;
 

@@ -5,6 +5,8 @@
 
 #include "findings/Effect.h"
 #include "findings/FindingList.h"
+#include "formats/CalendarNames.h"
+#include "formats/CatalogueFields.h"
 #include "formats/CatalogueLine.h"
 #include "formats/LineNumbers.h"
 #include "lang/Messages.h"
@@ -101,8 +103,18 @@ std::vector<Finding> WithoutDoubtful(std::vector<Finding> findings,
 
 }  // namespace
 
-std::string Finding::Text(const LanguageTexts& texts) const {
-  return Message(texts.Text(InfoOf(kind).text), {words[0], words[1], words[2]});
+std::string WithNameOfDay(const std::string& key, const LanguageTexts& texts,
+                          const SpecialDayNames& names) {
+  const auto* const found = std::find(kDayKeys.begin(), kDayKeys.end(), key);
+  if (found == kDayKeys.end()) return key;
+  return DayTypeName(static_cast<std::size_t>(found - kDayKeys.begin()), texts, names);
+}
+
+std::string Finding::Text(const LanguageTexts& texts, const SpecialDayNames& names) const {
+  std::array<std::string, 3> shown = words;
+  if (kind == DateTwoTypes || kind == DateTwice || kind == TypeWithoutRows)
+    for (std::string& word : shown) word = WithNameOfDay(word, texts, names);
+  return Message(texts.Text(InfoOf(kind).text), {shown[0], shown[1], shown[2]});
 }
 
 std::vector<Finding> FindingsOf(const ControlTables& control, const FindingContext& context) {

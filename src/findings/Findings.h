@@ -10,8 +10,13 @@
 #include "forecast/Schedule.h"
 #include "formats/LineOwner.h"
 #include "lang/LanguageTexts.h"
+#include "settings/SpecialDayNames.h"
 
 namespace zek {
+
+/// Returns the name of a day type's key, "SD1 Jullov" for "SD1"; any other text as it is.
+std::string WithNameOfDay(const std::string& key, const LanguageTexts& texts,
+                          const SpecialDayNames& names);
 
 /// Something in the catalogues that is probably not meant.
 struct Finding {
@@ -21,7 +26,8 @@ struct Finding {
   std::string place;
   std::array<std::string, 3> words;  // for its text
 
-  std::string Text(const LanguageTexts& texts) const;
+  /// Day types among the words get their names.
+  std::string Text(const LanguageTexts& texts, const SpecialDayNames& names) const;
 
   bool operator==(const Finding&) const = default;
 };
@@ -38,6 +44,7 @@ struct ControlTables {
   ExceptionReading exceptions;
   Schedule schedule;
   std::vector<float> listedValues;  // of its pick-list; empty without one
+  SpecialDayNames dayNames;
 };
 
 /// What findings depend on besides the catalogues.

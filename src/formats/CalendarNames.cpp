@@ -33,14 +33,20 @@ std::string DayTypeAbbreviation(int type, const LanguageTexts& texts) {
   return key;
 }
 
-std::string DayTypeCaption(int type, const LanguageTexts& texts) {
+std::string DayTypeCaption(int type, const LanguageTexts& texts, const SpecialDayNames& names) {
   if (type == kNoDayType) return texts.Text(text::kNoDayTypeCaption);
   if (type <= kWeekdays) return texts.Text(text::kWeekdayNames + type - 1);
-  return std::string(Trim(DayTypeAbbreviation(type, texts)));
+  return WithDayName(std::string(Trim(DayTypeAbbreviation(type, texts))),
+                     static_cast<std::size_t>(type - kWeekdays - 1), names);
 }
 
-std::string SpokenDayType(int type, const LanguageTexts& texts) {
-  std::string caption = DayTypeCaption(type, texts);
+std::string DayTypeName(std::size_t day, const LanguageTexts& texts, const SpecialDayNames& names) {
+  if (day < kWeekdays) return texts.Text(text::kMonday + static_cast<std::int32_t>(day));
+  return DayTypeCaption(static_cast<int>(day) + 1, texts, names);
+}
+
+std::string SpokenDayType(int type, const LanguageTexts& texts, const SpecialDayNames& names) {
+  std::string caption = DayTypeCaption(type, texts, names);
   if (type > kWeekdays) return caption;
   return Message(texts.Text(text::kSpokenAs), {caption, WithSmallInitial(caption)});
 }

@@ -146,9 +146,7 @@ void EditorForm::OnKey(wxKeyEvent& event) {
              (modifiers == (wxMOD_CONTROL | wxMOD_SHIFT) && key == 'Z')) {
     StepForward();
   } else if (key == WXK_F1) {
-    const wxWeakRef<EditorForm> alive(this);
     ShowHelp(this, proc_, HelpPageOf(id_.catalogue));
-    if (alive && ended_) End();
   } else if (key == WXK_F9 && modifiers == wxMOD_NONE) {
     WhatApplies();
   } else if (event.HasAnyModifiers() || !TakeKey(key)) {
@@ -217,6 +215,7 @@ OpenedFindings& EditorForm::Findings() {
 // What takes long is proved while the user does nothing.
 void EditorForm::OnIdle(wxIdleEvent& event) {
   event.Skip();
+  if (ended_ && !busy_ && !asking_) return End();  // what was above may have gone
   if (busy_ || !IsShown()) return;
   Findings().Search(Edits(), OwnFindings());
   if (Findings().Step()) event.RequestMore();
@@ -369,10 +368,7 @@ void EditorForm::CloseOrStay() {
 }
 
 bool EditorForm::AfterBox() {
-  if (ended_) {
-    End();
-    return false;
-  }
+  if (ended_) return false;
   Raise();
   FocusEntry();
   return true;

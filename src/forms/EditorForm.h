@@ -91,8 +91,8 @@ class EditorForm : public FormDialog {
   void Say(const std::string& said);
   /// What a grid of text boxes needs; `changed` is called after every entry.
   EntryGrid::Parts PartsOfGrid(std::function<void()> changed);
-  /// Call it when a box above the form has closed: ends the form and returns false if it was to end
-  /// meanwhile; otherwise gives it the focus.
+  /// Call it when a box above the form has closed: returns false if the form is about to end;
+  /// otherwise gives it the focus.
   bool AfterBox();
   void Save();
 

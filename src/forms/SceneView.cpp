@@ -16,7 +16,8 @@ namespace {
 constexpr int kPadding = 4;
 constexpr int kFrame = 3;
 constexpr int kRowPadding = 3;
-constexpr int kSmallest = 6;  // of a bar without length
+constexpr int kMostOfLabels = 3;  // their share of the width: a third at most
+constexpr int kSmallest = 6;      // of a bar without length
 constexpr int kMinutesOfHour = 60;
 constexpr int kHours = 24;
 
@@ -208,7 +209,7 @@ wxRect SceneView::RowsPlace() const {
   for (const SceneRow& row : scene_.rows) label = std::max(label, GetTextExtent(ToWx(row.label)).x);
   const int feet = (scene_.kinds.front().empty() ? 0 : 1) + (scene_.note.empty() ? 0 : 1);
   const wxSize whole = GetClientSize();
-  const int left = label + 2 * padding;
+  const int left = std::min(label, whole.x / kMostOfLabels) + 2 * padding;
   const int right = 2 * padding + GetTextExtent("24").x / 2;
   return {left, line, std::max(whole.x - left - right, 1),
           std::max(whole.y - line * (1 + feet) - padding, 1)};
@@ -235,8 +236,12 @@ void SceneView::OnPaint(wxPaintEvent& /*event*/) {
   if (scene_.now) {
     const wxRect row = ToRect(ink.layout.Row(scene_.now->row));
     const int x = static_cast<int>(std::lround(ink.layout.X(scene_.now->minute)));
-    dc.SetPen(wxPen(ToColour(ink.palette.now), FromDIP(kFrame)));
-    dc.DrawLine(x, row.GetTop(), x, row.GetBottom());
+    // With the ground on both sides: it may stand on a bar of about its brightness.
+    for (const auto& [colour, width] :
+         {std::pair(ink.palette.ground, 3 * kFrame), std::pair(ink.palette.now, kFrame)}) {
+      dc.SetPen(wxPen(ToColour(colour), FromDIP(width)));
+      dc.DrawLine(x, row.GetTop(), x, row.GetBottom());
+    }
   }
   DrawFoot(dc, ink);
 }
@@ -257,7 +262,9 @@ void SceneView::DrawFrame(wxDC& dc, const Ink& ink) const {
     wxRect place = ToRect(ink.layout.Row(row));
     dc.DrawLine(place.GetLeft(), place.GetTop(), place.GetRight(), place.GetTop());
     place.x = FromDIP(kPadding);
-    dc.DrawLabel(ToWx(scene_.rows[row].label), place, wxALIGN_CENTER_VERTICAL);
+    dc.DrawLabel(wxControl::Ellipsize(ToWx(scene_.rows[row].label), dc, wxELLIPSIZE_END,
+                                      rows.x - 2 * place.x),
+                 place, wxALIGN_CENTER_VERTICAL);
   }
 }
 

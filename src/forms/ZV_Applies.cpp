@@ -116,7 +116,7 @@ AppliesForm::AppliesForm(wxWindow* parent, ZV_Proc& proc, AppliesTo shown)
       forecast_(shown_.schedule, rule_),
       names_(
           ReadPickList(proc.profile, proc.selection.PickListTable, proc.settings.DecimalSeparator)),
-      words_(proc.texts,
+      words_(proc.texts, ReadSpecialDayNames(proc.profile, object_),
              [this](float value) {
                return WithName(ValueText(value, proc_.settings.DecimalSeparator), names_);
              }),

@@ -50,7 +50,8 @@ class HelpForm final : public wxDialog {
  public:
   HelpForm(wxWindow* parent, ZV_Proc& proc, std::vector<HelpPage> pages, std::size_t page)
       : wxDialog(parent, wxID_ANY, ToWx(proc.Text(text::kHelpTitle)), wxDefaultPosition,
-                 wxDefaultSize, wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX),
+                 wxDefaultSize, wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX,
+                 "ZV_Help"),
         pages_(std::move(pages)) {
     SetIcons(ProgramIcons());
     const int gap = FromDIP(kGap);

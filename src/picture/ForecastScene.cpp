@@ -24,8 +24,7 @@ SceneBar BarOf(const Stretch& stretch, DayNumber day, const Schedule& schedule,
 
 std::string LabelOf(DayNumber day, const Forecast& forecast, const SceneWords& words) {
   const DatedType* const entry = forecast.Types().EntryOf(day);
-  return words.Day(day) +
-         (entry == nullptr ? std::string() : " " + DayTypeName(entry->type, words.Texts()));
+  return words.Day(day) + (entry == nullptr ? std::string() : " " + words.DayType(entry->type));
 }
 
 }  // namespace

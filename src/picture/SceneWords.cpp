@@ -1,10 +1,10 @@
 #include "picture/SceneWords.h"
 
+#include "forecast/EditedEntries.h"
 #include "forecast/MomentText.h"
 #include "formats/WeekdayCells.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
-#include "picture/EntryLines.h"
 
 namespace zek {
 namespace {
@@ -26,11 +26,6 @@ bool IsRow(const SwitchSource& source) {
 
 std::string TimeOfDayText(int minute) { return TimeText(static_cast<std::int16_t>(minute)); }
 
-std::string DayTypeName(std::size_t type, const LanguageTexts& texts) {
-  if (type < kDaysOfType) return texts.Text(text::kMonday + static_cast<std::int32_t>(type));
-  return Message(texts.Text(text::kSpecialDay), {std::to_string(type - kDaysOfType + 1)});
-}
-
 BarKind KindOf(const SwitchSource& source, const Schedule& schedule) {
   if (source.kind == SwitchSource::Kind::None) return BarKind::Nothing;
   if (!IsRow(source)) return BarKind::Exception;
@@ -45,8 +40,7 @@ BarKind KindOf(const SwitchSource& source, const Schedule& schedule) {
 }
 
 std::string SceneWords::Day(DayNumber day) const {
-  return DayTypeName(WeekdayOf(day), texts_) + " " +
-         MomentText(StartOf(day)).substr(0, kDateLength);
+  return DayType(WeekdayOf(day)) + " " + MomentText(StartOf(day)).substr(0, kDateLength);
 }
 
 std::string SceneWords::When(Moment moment) const {
@@ -62,10 +56,12 @@ std::string SceneWords::Source(const SwitchSource& source, const Schedule& sched
   std::string name = texts_.Text(text::kByWeekday + static_cast<std::int32_t>(kind));
   if (kind == BarKind::Nothing) return name;
   std::string place = Message(texts_.Text(text::kPlaceOfLine), {name, std::to_string(source.line)});
-  if (const auto unsent = PlaceOfNumber(source.line)) {
+  if (source.line < 0) {  // an entry without a line
+    const bool exception = kind == BarKind::Exception;
+    const WeekdayCell cell = CellOfNumber(source.line);
+    const std::size_t row = exception ? ExceptionOfNumber(source.line) : cell.row;
     place = Message(texts_.Text(text::kPlaceOfRow),
-                    {kind == BarKind::Exception ? name : DayTypeName(unsent->day, texts_),
-                     std::to_string(unsent->row + 1)});
+                    {exception ? name : DayType(cell.day), std::to_string(row + 1)});
   }
   if (IsStart(source)) return Message(texts_.Text(text::kPlaceStart), {place});
   return IsStop(source) ? Message(texts_.Text(text::kPlaceStop), {place}) : place;
@@ -88,7 +84,7 @@ std::vector<std::string> Explanation(const Forecast& forecast, const Schedule& s
                            : texts.Text(text::kNoMoreChange));
   if (const DatedType* const entry = forecast.Types().EntryOf(day)) {
     sentences.push_back(
-        Message(texts.Text(text::kDayTypeByCalendar), {DayTypeName(entry->type, texts)}));
+        Message(texts.Text(text::kDayTypeByCalendar), {words.DayType(entry->type)}));
   }
   for (const Applied& beaten : forecast.Beaten(moment)) {
     sentences.push_back(Message(texts.Text(text::kBeatenBy), {words.Source(beaten.source, schedule),

@@ -1,5 +1,6 @@
 #include "picture/Svg.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <initializer_list>
@@ -134,13 +135,21 @@ std::string BarAt(const SceneBox& box, BarKind kind, const std::string& shown,
   return text + TextAt(middle, box.y + box.height / 2, look.text, shown, "middle");
 }
 
+// Days may have long names.
+double LabelWidth(const Scene& scene) {
+  std::size_t longest = 0;
+  for (const SceneRow& row : scene.rows) longest = std::max(longest, row.label.size());
+  return std::clamp(2 * kMargin + kCharacter * static_cast<double>(longest), kLabel, kWidth / 3);
+}
+
 class Writer {
  public:
   Writer(const Scene& scene, const Palette& palette, const std::string& ids)
       : scene_(scene),
         palette_(palette),
         ids_(ids),
-        place_{kLabel, kTitle + kHourNames, kWidth - kLabel - kMargin,
+        label_(LabelWidth(scene)),
+        place_{label_, kTitle + kHourNames, kWidth - label_ - kMargin,
                kRow * static_cast<double>(scene.rows.size())},
         layout_(scene, place_, kSmallest) {}
 
@@ -193,6 +202,7 @@ class Writer {
     const SceneBox row = layout_.Row(scene_.now->row);
     const double x = layout_.X(scene_.now->minute);
     return "<g><title>" + Escaped(scene_.nowLabel) + "</title>\n" +
+           Line(x, row.y, row.y + row.height, palette_.ground, "9") +
            Line(x, row.y, row.y + row.height, palette_.now, "3") + "</g>\n";
   }
   std::string Legend() const {
@@ -212,6 +222,7 @@ class Writer {
   const Scene& scene_;
   const Palette& palette_;
   const std::string& ids_;
+  double label_;
   SceneBox place_;
   SceneLayout layout_;
 };

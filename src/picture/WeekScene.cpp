@@ -23,8 +23,9 @@ int EndOf(const WeekdayRow& row, const Day& day) {
 }
 
 std::string SentenceOf(const WeekdayRow& row, const std::string& value, std::size_t day,
-                       std::size_t place, const LanguageTexts& texts) {
-  const std::string name = DayTypeName(day, texts);
+                       std::size_t place, const SceneWords& words) {
+  const LanguageTexts& texts = words.Texts();
+  const std::string name = words.DayType(day);
   const std::string where =
       Message(texts.Text(text::kPlaceOfRow), {name, std::to_string(place + 1)});
   if (row.stop == kNoTime) {
@@ -52,6 +53,7 @@ std::size_t GiveLanes(std::vector<SceneBar>& bars) {
 Scene WeekScene(const WeekdayTable& table, std::size_t type, const SceneWords& words) {
   Scene scene;
   scene.title = words.Texts().Text(text::kNoBars);
+  scene.note = words.Texts().Text(text::kRowsOnly);
   for (std::size_t column = 0; column < kDaysOfType; ++column) {
     const std::size_t day = type * kDaysOfType + column;
     const Day& rows = table.days.at(day);
@@ -68,13 +70,13 @@ Scene WeekScene(const WeekdayTable& table, std::size_t type, const SceneWords& w
                    {},
                    {}};
       bar.value = words.Value(each.valueOn);
-      bar.sentence = SentenceOf(each, bar.value, day, row, words.Texts());
+      bar.sentence = SentenceOf(each, bar.value, day, row, words);
       bars.push_back(bar);
     }
     std::sort(bars.begin(), bars.end(), [](const SceneBar& one, const SceneBar& other) {
       return std::tie(one.from, one.entry) < std::tie(other.from, other.entry);
     });
-    scene.rows.push_back({DayTypeName(day, words.Texts()), GiveLanes(bars)});
+    scene.rows.push_back({words.DayType(day), GiveLanes(bars)});
     scene.bars.insert(scene.bars.end(), bars.begin(), bars.end());
   }
   return scene;

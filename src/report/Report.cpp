@@ -62,7 +62,7 @@ class Section {
   std::string Named(const std::string& value) const { return WithName(value, control_.values); }
 
   std::string Week() const {
-    const SceneWords words(context_.texts, [this](float value) {
+    const SceneWords words(context_.texts, control_.tables.dayNames, [this](float value) {
       return Named(ValueText(value, context_.decimalSeparator));
     });
     const DayNumber monday = context_.today - static_cast<DayNumber>(WeekdayOf(context_.today));
@@ -90,9 +90,11 @@ class Section {
     for (std::size_t day = 0; day < kWeekdayDays; ++day) {
       for (const WeekdayRow& row : control_.tables.weekdays.table.days.at(day)) {
         if (!row.Used()) continue;
-        table.Add({DayTypeCaption(static_cast<int>(day) + 1, context_.texts), TimeText(row.start),
-                   TimeText(row.stop), Named(ValueOnText(row, context_.decimalSeparator)),
-                   Named(ValueOffText(row, context_.decimalSeparator))});
+        table.Add(
+            {DayTypeCaption(static_cast<int>(day) + 1, context_.texts, control_.tables.dayNames),
+             TimeText(row.start), TimeText(row.stop),
+             Named(ValueOnText(row, context_.decimalSeparator)),
+             Named(ValueOffText(row, context_.decimalSeparator))});
       }
     }
     return table.Text(None());
@@ -133,9 +135,12 @@ class Section {
       if (parts.year != context_.year) continue;
       const CalendarDate date{parts.year, parts.month - 1, parts.day};
       table.Add({DateName(date, static_cast<int>(WeekdayOf(entry.day)), context_.texts),
-                 SpokenDayType(static_cast<int>(entry.type) + 1, context_.texts), HolidayOn(date)});
+                 SpokenDayType(static_cast<int>(entry.type) + 1, context_.texts,
+                               control_.tables.dayNames),
+                 HolidayOn(date)});
     }
-    return YearPicture(context_.year, forecast_.Types(), title, context_.texts) +
+    return YearPicture(context_.year, forecast_.Types(), title,
+                       {context_.texts, control_.tables.dayNames}) +
            table.Text(None());
   }
 
@@ -157,7 +162,7 @@ class Section {
     for (const Finding& finding : control_.findings) {
       const FindingInfo& info = InfoOf(finding.kind);
       table.Add({std::string(1, static_cast<char>(info.severity)), finding.place,
-                 finding.Text(context_.texts), std::string(info.code)});
+                 finding.Text(context_.texts, control_.tables.dayNames), std::string(info.code)});
     }
     return table.Text(None());
   }

@@ -28,6 +28,7 @@ TEST(CalendarColours, CanBeReadOnAnyGround) {
         const Rgb text = Contrast(ground, kWhite) > Contrast(ground, kBlack) ? kWhite : kBlack;
         const CalendarColours colours = ColoursOn(ground, text, {255, 255, 0});
         EXPECT_GE(Contrast(colours.free, ground), 3) << red << " " << green << " " << blue;
+        EXPECT_GE(Contrast(colours.freeOfYear, ground), 4.5) << red << " " << green << " " << blue;
         EXPECT_GE(Contrast(colours.cursor, ground), 3) << red << " " << green << " " << blue;
         EXPECT_GE(Contrast(colours.selected, colours.selectedBackground), 3)
             << red << " " << green << " " << blue;

@@ -296,6 +296,7 @@ class CalendarPlayer final : public Player {
     if (what == "drag") editor_.Drag(day);
     if (what == "release") editor_.Release(day, prompts_, texts);
     if (what == "cancel") editor_.CancelDrag();
+    if (what == "turn") editor_.DragOn(words[1] == "on" ? 1 : -1);
     if (what == "type") editor_.ChooseType(*day);
     if (what == "apply") editor_.Apply(prompts_, texts);
     if (what == "year") editor_.ShowYear(*day);

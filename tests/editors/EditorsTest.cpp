@@ -61,9 +61,9 @@ TEST(CalendarEditor, MonthsBeginInTheirColumn) {
 TEST(CalendarEditor, NamesOfDayTypesAndSmallLetters) {
   LanguageTexts texts;
   texts.Read("211=\xD6ndag\n224=Inget\n");
-  EXPECT_EQ(DayTypeCaption(0, texts), "Inget");
-  EXPECT_EQ(DayTypeCaption(7, texts), "\xD6ndag");
-  EXPECT_EQ(DayTypeCaption(14, texts), "SD7");
+  EXPECT_EQ(DayTypeCaption(0, texts, {}), "Inget");
+  EXPECT_EQ(DayTypeCaption(7, texts, {}), "\xD6ndag");
+  EXPECT_EQ(DayTypeCaption(14, texts, {"", "", "", "", "", "", "Jul"}), "SD7 Jul");
   EXPECT_EQ(DayTypeAbbreviation(1, LanguageTexts()), "MO ");
   const CalendarEditor editor({}, {}, {Generation::Zek1, 30, 2030}, {2026, 11, 24}, Access::Edit);
   for (const auto& [day, spoken] : {std::pair("Apple", "apple"),

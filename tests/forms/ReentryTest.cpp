@@ -20,7 +20,9 @@
 namespace zek::window {
 namespace {
 
-constexpr std::array kForms{"PromptBox", "ZV_OVC", "ZV_WDC", "ZV_TSCSummary", "ZV_TSC", "ZV_Main"};
+constexpr std::array kForms{"PromptBox",     "ZV_Findings", "ZV_Applies", "ZV_Import",
+                            "ZV_Help",       "ZV_OVC",      "ZV_WDC",     "ZV_SDC",
+                            "ZV_TSCSummary", "ZV_TSC",      "ZV_Main"};
 
 // Answers questions in a pattern that gets out of "try again?" as well as of "close without
 // saving?".
@@ -109,6 +111,17 @@ bool IsFetching(const ReentryWorld& world) { return world.session.status.Busy > 
 
 bool BoxIsUp(const ReentryWorld& /*world*/) { return Shown("PromptBox") != nullptr; }
 
+// An editor, in which a button leads to a window.
+Wait AboveEditor(const char* name, int editor, const char* button, const char* window) {
+  return {name,
+          [editor, button](ReentryWorld& world) {
+            InBrowser(world, [editor] { Menu("ZV_TSC", editor); });
+            When([button] { return Shown(button) != nullptr && Shown(button)->IsEnabled(); },
+                 [button] { Post(button, wxEVT_BUTTON, 0); });
+          },
+          [window](const ReentryWorld& /*world*/) { return Shown(window) != nullptr; }};
+}
+
 const std::vector<Wait> kWaits = {
     {"a connection",
      [](ReentryWorld& world) {
@@ -170,6 +183,30 @@ const std::vector<Wait> kWaits = {
        When([] { return Shown("Text_Input")->IsEnabled(); }, [] { TypeCommand("\xE4\xB8\xAD"); });
      },
      BoxIsUp},
+    {"a fetch for what applies",
+     [](ReentryWorld& world) {
+       world.link.silent = true;
+       InBrowser(world, [] { Menu("ZV_TSC", browser::Menu_Applies); });
+     },
+     IsFetching},
+    {"what applies",
+     [](ReentryWorld& world) { InBrowser(world, [] { Menu("ZV_TSC", browser::Menu_Applies); }); },
+     [](const ReentryWorld& /*world*/) { return Shown("ZV_Applies") != nullptr; }},
+    {"the findings of the plant",
+     [](ReentryWorld& world) { InBrowser(world, [] { Menu("ZV_TSC", browser::Menu_Findings); }); },
+     [](const ReentryWorld& /*world*/) { return Shown("ZV_Findings") != nullptr; }},
+    AboveEditor("what applies, above an editor", browser::Menu_GetWDC, "Command_Applies",
+                "ZV_Applies"),
+    AboveEditor("the findings of an editor", browser::Menu_GetOVC, "Command_Findings",
+                "ZV_Findings"),
+    AboveEditor("the year of the calendar", browser::Menu_GetSDC, "Command_Year", "Picture_Year"),
+    AboveEditor("the holidays", browser::Menu_GetSDC, "Command_Holidays", "ZV_Import"),
+    {"the help above an editor",
+     [](ReentryWorld& world) {
+       InBrowser(world, [] { Menu("ZV_TSC", browser::Menu_GetSDC); });
+       When([] { return HasFocus("Picture_Days"); }, [] { Press(WXK_F1); });
+     },
+     [](const ReentryWorld& /*world*/) { return Shown("ZV_Help") != nullptr; }},
     {"an export",
      [](ReentryWorld& world) {
        world.link.silent = true;
@@ -183,6 +220,7 @@ const std::vector<Wait> kWaits = {
 struct Action {
   const char* name;
   std::function<void()> act;
+  bool endsAll = false;  // every window must close by itself
 };
 
 const std::vector<Action> kActions = {
@@ -192,7 +230,8 @@ const std::vector<Action> kActions = {
     {"end the session",
      [] {
        for (const char* form : kForms) CloseForm(form, true);
-     }},
+     },
+     true},
     {"end it from the main window", [] { CloseForm("ZV_Main", true); }},
     {"Escape", Escape},
     {"F5", [] { Press(WXK_F5); }},
@@ -207,6 +246,9 @@ const std::vector<Action> kActions = {
     {"another topic", [] { ChooseTopic(1); }},
     {"a command", [] { TypeCommand("TIME"); }},
     {"the browser", [] { Menu("ZV_Main", main_menu::Menu_TSC); }},
+    {"what applies", [] { Press(WXK_F9); }},
+    {"the findings", [] { Post("Command_Findings", wxEVT_BUTTON, 0); }},
+    {"the findings of the plant", [] { Menu("ZV_TSC", browser::Menu_Findings); }},
 };
 
 // --- A case ---
@@ -249,11 +291,13 @@ std::string Played(const Wait& wait, const Action& action) {
   When([&] { return wait.reached(world); },
        [&] {
          acted = true;
-         CloseAll(main);
+         if (!action.endsAll) CloseAll(main);
          action.act();
        });
   wait.begin(world);
   const bool closed = PumpUntil([&] { return !main; });
+  if (!closed) CloseAll(main);
+  if (!closed) PumpUntil([&] { return !main; });
   Pump(20);  // pending events find no window
   EXPECT_TRUE(acted);
   return FaultOf(world, closed);

@@ -255,7 +255,7 @@ bool ZV_TSC::Transfer(const std::function<void()>& transfer) {
   if (!alive) return true;
   fetching_ = false;
   ShowStatus();
-  return block.CloseRequested() || turn_.Quitting();
+  return block.CloseRequested() || turn_.Quitting() || closing_;
 }
 
 // The question must not run inside the handler of a key.
@@ -285,6 +285,7 @@ void ZV_TSC::Get(Catalogue catalogue, ShowEditor showEditor, const std::optional
 
 // The system may leave the keys with nobody when a form above closes.
 void ZV_TSC::TakeKeys() {
+  if (closing_) return static_cast<void>(Close());  // a form above took the end of the event loop
   Raise();
   TreeView->SetFocus();
   UpdateMenu(*menuTSC_);

@@ -105,7 +105,7 @@ class ImportForm final : public wxDialog {
     SetAccessibleName(*types, wxControl::RemoveMnemonics(label->GetLabel()));
     if (withNone) types->Append("-");
     for (int type = kFirstSpecialDay; type <= kCalendarDayTypes; ++type)
-      types->Append(ToWx(DayTypeCaption(type, proc_.texts)));
+      types->Append(ToWx(editor_.TypeCaption(type, proc_.texts)));
     types->SetSelection(0);
     types->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowPreview(); });
     rows->Add(label, 0, wxALIGN_CENTER_VERTICAL);
@@ -165,11 +165,11 @@ class ImportForm final : public wxDialog {
     const CalendarDate& date = line.date.date;
     const bool conflict = line.effect == ImportEffect::Conflict;
     std::string text = IsoDate(date.year, date.month + 1, date.day) + "  " +
-                       DayTypeCaption(line.date.type, proc_.texts) + "  ";
+                       editor_.TypeCaption(line.date.type, proc_.texts) + "  ";
     if (!line.date.name.empty()) text += line.date.name + "  ";
     if (conflict) {
-      text +=
-          Message(proc_.Text(text::kImportConflict), {DayTypeCaption(line.present, proc_.texts)});
+      text += Message(proc_.Text(text::kImportConflict),
+                      {editor_.TypeCaption(line.present, proc_.texts)});
     } else {
       text +=
           proc_.Text(line.effect == ImportEffect::Add ? text::kImportAdd : text::kImportAlready);

@@ -69,6 +69,7 @@ void ZV_SDC::ShowYearView(bool year) {
   Picture_Days->Show(!year);
   Picture_Year->Show(year);
   Command_Year->SetLabel(yearCaptions_.at(year ? 1 : 0));
+  hint_->SetLabel(hints_.at(year ? 1 : 0));
   // Grows for the year if the screen has the room, and stays so.
   SetMinSize(wxDefaultSize);
   wxSize size = GetSize();

@@ -14,11 +14,11 @@
 
 #include "app/ZV_Proc.h"
 #include "editors/CalendarEditor.h"
+#include "forecast/EditedEntries.h"
 #include "forms/EditorForm.h"
 #include "forms/calendar/ZV_Import.h"
 #include "forms/calendar/ZV_SDCDays.h"
 #include "forms/calendar/ZV_SDCYear.h"
-#include "picture/EditedEntries.h"
 #include "wxbase/WxTurn.h"
 
 namespace zek {
@@ -74,6 +74,8 @@ class ZV_SDC final : public EditorForm {
   std::vector<wxSizer*> ofMonth_;  // what only the view of one month shows
   bool yearView_ = false;
   std::array<wxString, 2> yearCaptions_;  // of the button in either view
+  wxStaticText* hint_ = nullptr;
+  std::array<wxString, 2> hints_;  // in either view
   wxStaticBox* Frame_Day = nullptr;
   std::array<wxRadioButton*, kDayTypes> Option_Day{};
   wxStaticBox* Frame_Year = nullptr;

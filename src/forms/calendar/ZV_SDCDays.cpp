@@ -34,11 +34,19 @@ constexpr int kRowPadding = 4;
 constexpr int kFrame = 2;
 constexpr int kTodayInset = 3;
 constexpr int kRows = kMonthRows + 1;  // row 0 has the headings
+constexpr int kTurnMs = 800;           // beyond an edge until the page turns
 
 wxColour System(wxSystemColour colour) { return wxSystemSettings::GetColour(colour); }
 
 Rgb ToRgb(const wxColour& colour) { return {colour.Red(), colour.Green(), colour.Blue()}; }
 wxColour ToColour(const Rgb& colour) { return {colour.red, colour.green, colour.blue}; }
+
+// -1 above or at the left of a place, 1 below or at its right, 0 inside.
+int SideOf(const wxPoint& point, const wxRect& place) {
+  if (place.Contains(point)) return 0;
+  if (point.y < place.GetTop()) return -1;
+  return point.y > place.GetBottom() || point.x > place.GetRight() ? 1 : -1;
+}
 
 DayColours ColoursNow() {
   const CalendarColours colours =
@@ -89,7 +97,8 @@ DayGrid::DayGrid(wxWindow* parent, CalendarEditor& editor, const LanguageTexts& 
       editor_(editor),
       texts_(texts),
       prompts_(prompts),
-      changed_(std::move(changed)) {
+      changed_(std::move(changed)),
+      turn_([this] { OnTurn(); }) {
   SetName("Picture_Days");
   SetBackgroundStyle(wxBG_STYLE_PAINT);
   SetFont(FixedFont());
@@ -103,10 +112,7 @@ void DayGrid::BindEvents() {
   Bind(wxEVT_LEFT_DCLICK, &DayGrid::OnPress, this);
   Bind(wxEVT_MOTION, &DayGrid::OnMotion, this);
   Bind(wxEVT_LEFT_UP, &DayGrid::OnRelease, this);
-  Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) {
-    editor_.CancelDrag();
-    ShowDays();
-  });
+  Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { StopDrag(); });
   // Not the style wxWANTS_CHARS, with which Windows keeps Alt and a letter from the buttons.
   Bind(wxEVT_CHAR_HOOK, &DayGrid::OnKey, this);
   const auto onFocus = [this](wxFocusEvent& event) {
@@ -228,23 +234,42 @@ void DayGrid::OnPress(wxMouseEvent& event) {
   TellMissing();
 }
 
+// A box that opened meanwhile may have taken the release.
 void DayGrid::OnMotion(wxMouseEvent& event) {
   if (!editor_.Dragging()) return;
+  if (!event.LeftIsDown()) return static_cast<void>(StopDrag());
   editor_.Drag(DayUnder(event.GetPosition()));
+  const int beyond = SideOf(event.GetPosition(), GetClientRect());
+  if (beyond == 0) turn_.Stop();
+  if (beyond != 0 && beyond != beyond_) turn_.Begin(kTurnMs);
+  beyond_ = beyond;
   ShowDays();
+}
+
+void DayGrid::OnTurn() {
+  if (!editor_.Dragging() || beyond_ == 0) return turn_.Stop();
+  if (!HasCapture() || !IsEnabled()) return static_cast<void>(StopDrag());
+  editor_.DragOn(beyond_);
+  changed_();
 }
 
 bool DayGrid::StopDrag() {
   if (!editor_.Dragging()) return false;
-  if (HasCapture()) ReleaseMouse();
+  EndCapture();
   editor_.CancelDrag();
-  ShowDays();
+  changed_();
   return true;
+}
+
+void DayGrid::EndCapture() {
+  if (HasCapture()) ReleaseMouse();
+  turn_.Stop();
+  beyond_ = 0;
 }
 
 void DayGrid::OnRelease(wxMouseEvent& event) {
   if (!editor_.Dragging()) return;
-  if (HasCapture()) ReleaseMouse();
+  EndCapture();
   // A message runs the event loop, and the form may be destroyed meanwhile.
   const wxWeakRef<DayGrid> alive(this);
   editor_.Release(DayUnder(event.GetPosition()), prompts_, texts_);

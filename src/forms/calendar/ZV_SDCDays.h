@@ -8,6 +8,7 @@
 
 #include "editors/CalendarEditor.h"
 #include "lang/LanguageTexts.h"
+#include "wxbase/WxTurn.h"
 
 namespace zek {
 
@@ -23,7 +24,8 @@ int PlainKey(int key);
 std::optional<CalendarMove> MoveOfKey(int key);
 
 /// `Picture_Days`: the days of one month, in a column for each weekday. The user selects days by
-/// mouse or keyboard and gives them the editor's day type.
+/// mouse or keyboard and gives them the editor's day type. Held beyond an edge while it drags, the
+/// mouse turns the page: above and at the left to the month before, else to the next.
 ///
 /// Keys: arrows, Home and End move the cursor, with Shift they select. Enter or Space applies the
 /// type. 0 chooses no day type, 1 to 7 choose SD1 to SD7. PageUp and PageDown change the month,
@@ -51,6 +53,8 @@ class DayGrid final : public wxControl {
   void OnMotion(wxMouseEvent& event);
   void OnRelease(wxMouseEvent& event);
   bool StopDrag();
+  void OnTurn();
+  void EndCapture();
   void OnKey(wxKeyEvent& event);
   bool TakeKey(int key, int modifiers);
   bool TakeMove(int key, bool extend);
@@ -63,6 +67,8 @@ class DayGrid final : public wxControl {
   const LanguageTexts& texts_;
   Prompts& prompts_;
   std::function<void()> changed_;
+  int beyond_ = 0;  // a mouse that drags is beyond an edge: -1 towards the month before, 1 the next
+  WxTick turn_;
 };
 
 }  // namespace zek

@@ -66,12 +66,8 @@ void ZV_SDC::Build() {
   auto* const lower = new wxBoxSizer(wxHORIZONTAL);
   lower->Add(InRows(Option_Year, Frame_Year, kYearColumns), 0, wxEXPAND | wxRIGHT, gap);
   lower->Add(months, 1, wxEXPAND);
-  auto* const hint = new wxStaticText(
-      this, wxID_ANY,
-      editor_.ViewOnly() ? wxString()
-                         : Caption(editor_.MarksSwedishHolidays() ? text::kCalendarHint
-                                                                  : text::kCalendarHintSundays),
-      wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_END);
+  hint_ = new wxStaticText(this, wxID_ANY, hints_[0], wxDefaultPosition, wxDefaultSize,
+                           wxST_ELLIPSIZE_END);
   const Topic& object = proc_.topics[proc_.selection.CurrentObject];
   auto* const whose = new wxStaticText(
       this, wxID_ANY, ToWx(Message(proc_.Text(text::kOfController), {object.Description})));
@@ -89,7 +85,7 @@ void ZV_SDC::Build() {
   whole->Add(whose, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(upper, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(lower, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
-  whole->Add(hint, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
+  whole->Add(hint_, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(years, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(commands, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   LayOut(whole);
@@ -132,6 +128,10 @@ void ZV_SDC::BuildYearView() {
                    letters_.Give(Caption(text::kMonthView))};
   Command_Year =
       NewCommand(wxID_ANY, "Command_Year", yearCaptions_[0], Caption(text::kYearViewHint), false);
+  const bool holidays = editor_.MarksSwedishHolidays();
+  hints_ = {Caption(holidays ? text::kCalendarHint : text::kCalendarHintSundays),
+            Caption(holidays ? text::kYearHint : text::kYearHintSundays)};
+  if (editor_.ViewOnly()) hints_[0].clear();  // it tells how to change days
 }
 
 void ZV_SDC::BuildDayTypes() {

@@ -155,7 +155,7 @@ void YearGrid::DrawDay(wxDC& dc, const CalendarDate& date, const Colours& colour
     dc.DrawRectangle(wxRect(place).Deflate(1));
   }
   dc.SetFont(cell.free ? GetFont().Bold() : GetFont());
-  const wxColour ink = ToColour(cell.free && plain ? colours.days.free : colours.text);
+  const wxColour ink = ToColour(cell.free && plain ? colours.days.freeOfYear : colours.text);
   dc.SetTextForeground(ink);
   wxString said = (cell.number.size() == 1 ? " " : "") + cell.number;
   if (!plain) said += TypeLetter(type);

@@ -7,9 +7,9 @@
 
 #include "app/ZV_Proc.h"
 #include "editors/ExceptionEditor.h"
+#include "forecast/EditedEntries.h"
 #include "forms/EditorForm.h"
 #include "forms/exception/ZV_OVCGrid.h"
-#include "picture/EditedEntries.h"
 #include "ui/Mnemonics.h"
 #include "wxbase/WxTurn.h"
 

@@ -10,10 +10,10 @@
 
 #include "app/ZV_Proc.h"
 #include "editors/WeekdayEditor.h"
+#include "forecast/EditedEntries.h"
 #include "forms/EditorForm.h"
 #include "forms/weekday/ZV_WDCGrid.h"
 #include "forms/weekday/ZV_WDCPicture.h"
-#include "picture/EditedEntries.h"
 #include "ui/Mnemonics.h"
 #include "wxbase/WxTurn.h"
 

@@ -56,7 +56,7 @@ void ZV_WDC::BuildFrames(Mnemonics& letters) {
 }
 
 void ZV_WDC::BuildPicture(Mnemonics& letters) {
-  const SceneWords words(proc_.texts, [this](float value) {
+  const SceneWords words(proc_.texts, editor_.Names(), [this](float value) {
     return WithName(ValueText(value, proc_.settings.DecimalSeparator),
                     editor_.NamesOf(WeekdayBox::ValueOn));
   });

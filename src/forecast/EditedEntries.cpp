@@ -1,6 +1,8 @@
-#include "findings/OwnNumbers.h"
+#include "forecast/EditedEntries.h"
 
+#include <algorithm>
 #include <limits>
+#include <utility>
 
 namespace zek {
 namespace {
@@ -21,6 +23,8 @@ WeekdayCell CellOfNumber(int number) {
   return {Place(number) % kWeekdayDays, Place(number) / kWeekdayDays % kWeekdayRows};
 }
 
+int NumberOfException(std::size_t row) { return kFirst + static_cast<int>(row); }
+
 std::size_t ExceptionOfNumber(int number) { return Place(number) % kExceptionRows; }
 
 DayNumber DateOfNumber(int number) { return (DayNumber{number} - kFirst) / kDatePlaces; }
@@ -40,8 +44,7 @@ WeekdayLineNumbers OwnNumbers(const WeekdayTable& table) {
 std::vector<ExceptionLine> OwnNumbers(const ExceptionTable& table) {
   std::vector<ExceptionLine> lines;
   for (std::size_t row = 0; row < kExceptionRows; ++row) {
-    if (table.rows.at(row).used)
-      lines.push_back({table.rows.at(row), kFirst + static_cast<int>(row)});
+    if (table.rows.at(row).used) lines.push_back({table.rows.at(row), NumberOfException(row)});
   }
   return lines;
 }
@@ -59,6 +62,42 @@ std::vector<DatedType> OwnNumbers(CalendarTable table) {
         follows ? dates[at - 1].line : static_cast<int>(kFirst + date.day * kDatePlaces + again);
   }
   return dates;
+}
+
+void PutWeekdays(Schedule& schedule, const WeekdayTable& edited) {
+  for (std::size_t day = 0; day < kWeekdayDays; ++day) {
+    for (std::size_t row = 0; row < kWeekdayRows; ++row) {
+      const WeekdayRow& now = edited.days.at(day).at(row);
+      if (now != schedule.weekdays.days.at(day).at(row))
+        schedule.weekdayLines.at(day).at(row) = NumberOfCell({day, row});
+    }
+  }
+  schedule.weekdays = edited;
+}
+
+// The table is sent in its own order; as long as nothing changes, the order of the lines holds.
+void PutExceptions(Schedule& schedule, const ExceptionTable& edited) {
+  std::vector<ExceptionLine> left = schedule.exceptions;
+  std::vector<ExceptionLine> next;
+  bool changed = false;
+  for (std::size_t row = 0; row < kExceptionRows; ++row) {
+    const OvcRow& now = edited.rows.at(row);
+    if (!now.used) continue;
+    const auto found = std::find_if(left.begin(), left.end(),
+                                    [&now](const ExceptionLine& line) { return line.row == now; });
+    if (found == left.end()) {
+      changed = true;
+      next.push_back({now, NumberOfException(row)});
+    } else {
+      next.push_back(*found);
+      left.erase(found);
+    }
+  }
+  if (changed || !left.empty()) schedule.exceptions = std::move(next);
+}
+
+void PutCalendar(Schedule& schedule, const CalendarTable& edited) {
+  schedule.calendar = DatesOf(edited);
 }
 
 }  // namespace zek
