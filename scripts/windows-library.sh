@@ -37,14 +37,14 @@ fetch_source() {
 build_it() {
   trap 'rm -rf "$work"' EXIT
   fetch_source
-  # The paths in assertions are the same wherever the library is built.
+  # The paths in assertions and of the library's own files are the same wherever it is built.
   local flags="-Os -DNDEBUG -ffile-prefix-map=$work=."
   cmake -G Ninja -S "$work/source" -B "$work/build" --toolchain "$toolchain" "$@" \
     -DCMAKE_BUILD_TYPE=MinSizeRel "-DCMAKE_C_FLAGS_MINSIZEREL=$flags" \
-    "-DCMAKE_CXX_FLAGS_MINSIZEREL=$flags" -DCMAKE_INSTALL_PREFIX="$target"
+    "-DCMAKE_CXX_FLAGS_MINSIZEREL=$flags" -DCMAKE_INSTALL_PREFIX=/usr
   nice cmake --build "$work/build" --parallel "$(nproc)"
   rm -rf "$target"
-  cmake --install "$work/build"
+  cmake --install "$work/build" --prefix "$target"
   touch "$target/complete"
 }
 

@@ -59,6 +59,7 @@ diff -r --exclude datadir.ini "$content" "$programs" || fail "not everything was
 [[ -n $(menu) ]] || fail "there is no entry in the Start menu"
 [[ -d $data ]] || fail "there is no data folder"
 chmod -R a-w "$programs"
+if "${weak[@]}" touch "$programs/new" 2>/dev/null; then fail "the programs' folder can be written"; fi
 sums "$programs" >"$home/programs.sums"
 
 status=0
@@ -92,6 +93,6 @@ same "removal"
 # Another data folder is remembered by the next version.
 install "$package" 'DATAFOLDER=C:\Värme' || fail "the installation elsewhere ended with $?"
 install "$home/newer.msi" || fail "the second upgrade ended with $?"
-cli objects || grep -q 'C:.Värme.*no settings' "$home/messages" ||
-  fail "the chosen folder was forgotten"
+if cli objects; then fail "the new folder has settings"; fi
+grep -q 'C:.Värme.*no settings' "$home/messages" || fail "the chosen folder was forgotten"
 same "installation elsewhere"
