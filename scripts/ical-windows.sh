@@ -8,7 +8,7 @@ source scripts/windows-library.sh
 
 # Times of 64 bits also for win32: libical ends every repetition in 2037 otherwise.
 flags="-ffunction-sections -fdata-sections -D__MINGW_USE_VC2005_COMPAT"
-options=(-DCMAKE_BUILD_TYPE=MinSizeRel -DSTATIC_ONLY=ON "-DCMAKE_C_FLAGS=$flags"
+options=(-DSTATIC_ONLY=ON "-DCMAKE_C_FLAGS=$flags"
   -DWITH_CXX_BINDINGS=OFF -DICAL_GLIB=OFF -DICAL_BUILD_DOCS=OFF -DLIBICAL_BUILD_TESTING=OFF
   -DCMAKE_DISABLE_FIND_PACKAGE_ICU=ON)
 # Debian's own changes concern its packages.

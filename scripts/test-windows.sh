@@ -42,7 +42,7 @@ run_scripts() {
   local name log status
   {
     echo '<testsuite name="wine">'
-    for name in desktop dde tags package sockets; do
+    for name in desktop dde tags package installer sockets; do
       [[ wine.$name == *"$filter"* ]] || continue
       log="$reports/$name.log" status=0
       echo "== wine.$name" >&2

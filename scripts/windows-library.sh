@@ -37,11 +37,14 @@ fetch_source() {
 build_it() {
   trap 'rm -rf "$work"' EXIT
   fetch_source
+  # The paths in assertions and of the library's own files are the same wherever it is built.
+  local flags="-Os -DNDEBUG -ffile-prefix-map=$work=."
   cmake -G Ninja -S "$work/source" -B "$work/build" --toolchain "$toolchain" "$@" \
-    -DCMAKE_INSTALL_PREFIX="$target"
+    -DCMAKE_BUILD_TYPE=MinSizeRel "-DCMAKE_C_FLAGS_MINSIZEREL=$flags" \
+    "-DCMAKE_CXX_FLAGS_MINSIZEREL=$flags" -DCMAKE_INSTALL_PREFIX=/usr
   nice cmake --build "$work/build" --parallel "$(nproc)"
   rm -rf "$target"
-  cmake --install "$work/build"
+  cmake --install "$work/build" --prefix "$target"
   touch "$target/complete"
 }
 
@@ -55,7 +58,8 @@ windows_library() {
   # shellcheck disable=SC2016
   version="$(dpkg-query -W -f='${source:Version}' "$4")"
   shift 5
-  key="$(cat "$toolchain" cmake/mingw.cmake - <<<"$*" | sha256sum | cut -c 1-8)"
+  key="$(cat "$toolchain" cmake/mingw.cmake scripts/windows-library.sh - <<<"$*" |
+    sha256sum | cut -c 1-8)"
   cache="${ZEKVIEW_CACHE:-$HOME/.cache/zekview}"
   target="$cache/$name-$version-$key-$word"
   log="$PWD/build/$name-$word.log"

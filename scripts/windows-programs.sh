@@ -8,6 +8,8 @@
 #            (tests/cli/real-sockets.sh).
 #   package  The zip for users is unpacked in a new Wine. Its programs fetch, change and send
 #            catalogues over every link.
+#   installer  The installer package is installed in a new Wine, used, upgraded and removed
+#            (tests/windows/installer.sh).
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
@@ -97,6 +99,15 @@ case "$1" in
     done
     wrap "${folder[0]}"
     tests/cli/real-links.sh "$temporary" "$data" "$bin"
+    ;;
+  installer)
+    scripts/windows.sh win64
+    temporary="$(mktemp -d)"
+    export WINEPREFIX="$temporary/wine"
+    trap 'wineserver -k || true; wineserver -w; rm -rf "$temporary"' EXIT
+    version="$(sed -nE 's/^project\(ZekView VERSION ([0-9.]+).*/\1/p' CMakeLists.txt)"
+    tests/windows/installer.sh "$PWD/dist/zekview-$version-win64.msi" \
+      "$PWD/build/win64/zekview-$version-win64-installed" "$version" "$temporary"
     ;;
   *) die "windows-programs.sh has no test '$1'." ;;
 esac

@@ -7,7 +7,7 @@ source scripts/common.sh
 source scripts/windows-library.sh
 
 # Switch off the features that no form uses.
-options=(-DCMAKE_BUILD_TYPE=MinSizeRel -DwxBUILD_SHARED=OFF -DwxBUILD_INSTALL=ON)
+options=(-DwxBUILD_SHARED=OFF -DwxBUILD_INSTALL=ON)
 for feature in AUI HTML PROPGRID RIBBON RICHTEXT STC WEBVIEW MEDIACTRL OPENGL XRC XML LIBTIFF \
   LIBJPEG LIBPNG EXPAT LIBLZMA ZLIB REGEX ARTPROVIDER_TANGO WXHTML_HELP SVG; do
   options+=("-DwxUSE_$feature=OFF")

@@ -1,9 +1,12 @@
 #include "app/StartSession.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "app/FirstStart.h"
 #include "lang/TextNumbers.h"
 #include "settings/CommandLine.h"
+#include "settings/DataFolder.h"
 #include "system/Paths.h"
 #include "text/Fields.h"
 #include "text/Windows1252.h"
@@ -58,15 +61,26 @@ void BeginSessionFile(ZV_Proc& proc, const StartOptions& options) {
                          proc.settings.SessionFileCount);
 }
 
-// Finds a file in the program directory, ignoring case: copied files may have names in capitals.
-// Returns its name there, or "" if it does not exist.
-std::string NameOnDisk(const ZV_Proc& proc, const std::string& name) {
-  const std::vector<std::string> names = proc.files.List(proc.settings.ProgramPath);
+// Finds a file, ignoring case; returns its name, or "" if it does not exist.
+std::string NameOnDisk(const Files& files, const std::string& folder, const std::string& name) {
+  const std::vector<std::string> names = files.List(folder);
   const auto same = std::find_if(names.begin(), names.end(), [&name](const std::string& each) {
     return EqualNoCase(each, name);
   });
   return same == names.end() ? std::string() : *same;
 }
+
+bool IsMissing(const FileContent& file) {
+  return file.error && file.error->reason == FileError::Reason::Missing;
+}
+
+FileContent ReadAnyCase(const Files& files, const std::string& folder, const std::string& name) {
+  FileContent file = files.Read(LocalPath(folder, name));
+  if (!IsMissing(file)) return file;
+  const std::string found = NameOnDisk(files, folder, name);
+  return found.empty() ? std::move(file) : files.Read(folder + found);
+}
+
 }  // namespace
 
 std::optional<ExitStatus> StartSession(ZV_Proc& proc, const StartOptions& options) {
@@ -85,12 +99,7 @@ std::optional<ExitStatus> StartSession(ZV_Proc& proc, const StartOptions& option
 bool LoadLanguage(ZV_Proc& proc) {
   const std::string language = proc.profile.ReadIni("General", "Language", "");
   if (language.empty()) return false;
-  const std::string path = LocalPath(proc.settings.ProgramPath, "zek_lang." + language);
-  FileContent file = proc.files.Read(path);
-  if (file.error && file.error->reason == FileError::Reason::Missing) {
-    const std::string found = NameOnDisk(proc, "zek_lang." + language);
-    if (!found.empty()) file = proc.files.Read(proc.settings.ProgramPath + found);
-  }
+  const FileContent file = ReadShipped(proc, "zek_lang." + language);
   if (!file.error) {
     proc.texts.Read(file.bytes);
     return true;
@@ -99,6 +108,32 @@ bool LoadLanguage(ZV_Proc& proc) {
     proc.ToUser().Tell(*file.error);
   }
   return false;
+}
+
+FileContent ReadShipped(const ZV_Proc& proc, const std::string& name) {
+  FileContent file = ReadAnyCase(proc.files, proc.settings.ProgramPath, name);
+  const std::string& shipped = proc.settings.ShippedPath;
+  if (!IsMissing(file) || shipped.empty()) return file;
+  return ReadAnyCase(proc.files, shipped, name);
+}
+
+std::vector<LanguageChoice> LanguagesOf(const ZV_Proc& proc) {
+  std::vector<LanguageChoice> choices = ListLanguages(proc.files, proc.settings.ProgramPath);
+  if (proc.settings.ShippedPath.empty()) return choices;
+  for (LanguageChoice& shipped : ListLanguages(proc.files, proc.settings.ShippedPath)) {
+    const auto same = [&shipped](const LanguageChoice& own) {
+      return own.number == shipped.number;
+    };
+    if (std::none_of(choices.begin(), choices.end(), same)) choices.push_back(std::move(shipped));
+  }
+  return choices;
+}
+
+void TellUnlessWritable(ZV_Proc& proc) {
+  if (proc.settings.ViewOnly) return;
+  if (const auto problem = WriteProblem(proc.files, proc.settings.ProgramPath)) {
+    proc.prompts.Show(Icon::Exclamation, NotWritableMessage(proc.texts, *problem));
+  }
 }
 
 void LoadTopics(ZV_Proc& proc) {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "app/ZV_Proc.h"
 
@@ -30,6 +31,17 @@ std::optional<ExitStatus> StartSession(ZV_Proc& proc, const StartOptions& option
 /// Loads the language file of the setting `Language`. Returns false if the setting is empty or the
 /// file is missing; also, after a message, if the file can't be read.
 bool LoadLanguage(ZV_Proc& proc);
+
+/// Reads a file that came with the program ("zek_help.046"): from the program directory, else, if
+/// the program was installed, from beside it. Copied files may have names in capitals.
+FileContent ReadShipped(const ZV_Proc& proc, const std::string& name);
+
+/// Lists the languages of both folders, those of the program directory first.
+std::vector<LanguageChoice> LanguagesOf(const ZV_Proc& proc);
+
+/// Says in one message, which names the program directory, that nothing can be stored there and
+/// what to do. Says nothing if something can, or with "/VIEWONLY".
+void TellUnlessWritable(ZV_Proc& proc);
 
 /// Load the topics and build the tree of their time controls. Each message that they show means
 /// that a part of the plant is left out, see `Batch::PlantCut`.

@@ -79,10 +79,19 @@ class Application final : public wxAppConsole {
 
  private:
   ExitStatus Run() {
-    const std::string programPath =
-        arguments_.dir ? WithSeparator(*arguments_.dir) : ExecutableDirectory();
+    DiskFiles files;
+    const Folders folders = FoldersOf(files, ExecutableDirectory(), arguments_.dir);
+    const std::string& programPath = folders.data;
     if (!std::filesystem::is_directory(PathOf(programPath))) {
       std::cerr << "zekview-cli: no directory " << programPath << '\n';
+      return kWrongUsage;
+    }
+    if (arguments_.command == "take-over") {
+      return TakeOverFolder(files, folders, arguments_, {std::cout, std::cerr});
+    }
+    if (IsNew(files, folders) && !arguments_.ini) {
+      std::cerr << "zekview-cli: " << programPath << " has no settings yet: start zekview once, or "
+                << "run zekview-cli take-over\n";
       return kWrongUsage;
     }
     const std::string iniPath = arguments_.ini ? WithSeparator(*arguments_.ini) : programPath;
@@ -93,6 +102,7 @@ class Application final : public wxAppConsole {
     CliPrompts prompts(std::cerr);
     SystemSession session(programPath, iniPath, prompts);
     ZV_Proc& proc = session.proc;
+    proc.settings.ShippedPath = folders.shipped;
     WxTick tick([&proc] { proc.Tick(); });
     tick.Begin();
     // `send` prints replies while it waits; progress would mix with them.
@@ -101,6 +111,7 @@ class Application final : public wxAppConsole {
     // it would ignore interrupts.
     Console console{proc, prompts, std::cin, std::cout, std::cerr, CatchInterrupts};
     const auto ended = StartCommands(console, arguments_);
+    if (!ended) TellUnlessWritable(proc);
     const ExitStatus status = ended ? *ended : RunCommand(console, arguments_);
     if (std::cout.flush()) return status;
     std::cerr << "zekview-cli: standard output could not be written\n";

@@ -134,6 +134,12 @@ constexpr auto kCommands = std::to_array<CommandShape>({
      {{{"--as", "TYPE", &Arguments::dayType},
        {"--from", "DATE", &Arguments::from},
        {"--to", "DATE", &Arguments::to}}}},
+    {"take-over",
+     "[FOLDER]",
+     {},
+     "before the first start of an installed program: copy\n"
+     "settings, local copies and history from an older folder;\n"
+     "without FOLDER begin with the settings of the program"},
     {"holidays", "COUNTRY YEAR [TO_YEAR]", {}, "the holidays of SE, by law and de facto"},
 });
 
@@ -150,6 +156,7 @@ constexpr auto kOperands = std::to_array<std::pair<std::string_view, const char*
     {"PLAN", "a file that the command plan wrote"},
     {"ACTION", "compare, restore or undo; without it the copies are listed"},
     {"ID", "of an earlier copy, as listed"},
+    {"FOLDER", "with the ZEKView.INI that was used so far; nothing in it changes"},
     {"COUNTRY", "SE"},
     {"YEAR", "1990 to 2099"},
     {"TO_YEAR", "the last year, for several"},
@@ -244,7 +251,8 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
   program.set_help_flag("-h,--help", "show this text; after a command, the command's help");
   program
       .add_option("--dir", parsed.dir,
-                  "language files and local copies (default: the program's directory)")
+                  "language files and local copies (default: the program's directory\n"
+                  "or, if it was installed, its data folder)")
       ->type_name("DIR");
   program.add_option("--ini", parsed.ini, "the directory of ZEKView.INI (default: the same)")
       ->type_name("DIR");

@@ -10,6 +10,7 @@
 #include "app/ZV_Proc.h"
 #include "commands/Arguments.h"
 #include "commands/CliPrompts.h"
+#include "settings/DataFolder.h"
 
 namespace zek::cli {
 
@@ -23,6 +24,17 @@ struct Console {
   /// Called when the command has read its input: from now on it blocks no more.
   std::function<void()> hasInput = [] {};
 };
+
+/// The streams of a command that needs no session.
+struct Streams {
+  std::ostream& out;
+  std::ostream& err;
+};
+
+/// Gives a data folder without settings those of an older folder in the operand, with its copies
+/// and history, see `TakeOver`; without an operand those that came with the program.
+ExitStatus TakeOverFolder(Files& files, const Folders& folders, const Arguments& arguments,
+                          const Streams& streams);
 
 /// Starts the session, with --local in local mode, and loads the topics. Returns an exit status,
 /// after a message, if the program must end.

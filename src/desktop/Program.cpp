@@ -65,7 +65,15 @@ class Program final : public wxApp {
     // No window needs these events; by default every window would get them after each tick.
     wxIdleEvent::SetMode(wxIDLE_PROCESS_SPECIFIED);
     wxUpdateUIEvent::SetMode(wxUPDATE_UI_PROCESS_SPECIFIED);
-    std::string programPath = line_.dir ? WithSeparator(*line_.dir) : ExecutableDirectory();
+    DiskFiles files;
+    const Folders folders = FoldersOf(files, ExecutableDirectory(), line_.dir);
+    const bool attended = !line_.tour && !line_.demo && !IsUnattended(line_);
+    if (attended && !line_.ini && IsNew(files, folders)) {
+      const LanguageTexts texts = FirstTexts(files, folders);
+      prompts_.Speak(texts);
+      if (!FirstStart(files, folders, {texts, prompts_})) return kFailed;
+    }
+    std::string programPath = folders.data;
     if (const std::string complaint = Complaint(line_, programPath); !complaint.empty()) {
       if (IsUnattended(line_)) {
         std::cerr << "zekview: " << complaint << '\n';
@@ -77,7 +85,9 @@ class Program final : public wxApp {
     std::string iniPath = IniPathOf(line_, programPath);
     if (line_.demo) {
       demo_.emplace();
-      if (const std::string fault = demo_->Start(programPath, iniPath); !fault.empty()) {
+      if (const std::string fault =
+              demo_->Start(folders.Installed() ? folders.shipped : programPath, iniPath);
+          !fault.empty()) {
         demo_.reset();
         Complain("zekview: " + fault);
         return kFailed;
@@ -89,6 +99,7 @@ class Program final : public wxApp {
     Prompts* const prompts = line_.tour ? static_cast<Prompts*>(&tourPrompts_) : &prompts_;
     desktop_ = std::make_unique<SystemSession>(programPath, iniPath, *prompts);
     desktop_->proc.settings.Demo = line_.demo;
+    desktop_->proc.settings.ShippedPath = folders.shipped;
     prompts_.Speak(desktop_->proc.texts);
     if (IsUnattended(line_)) {
       unattended_.emplace(desktop_->proc);

@@ -4,6 +4,7 @@
 #include <iostream>
 #include <system_error>
 
+#include <wx/dirdlg.h>
 #include <wx/log.h>
 #include <wx/stdpaths.h>
 #include <wx/utils.h>
@@ -13,6 +14,7 @@
 #include "lang/TextNumbers.h"
 #include "system/Paths.h"
 #include "system/Process.h"
+#include "ui/WxText.h"
 
 namespace zek {
 namespace {
@@ -38,6 +40,14 @@ std::string Complaint(const CommandLine& line, const std::string& programPath) {
   return {};
 }
 
+bool FirstStart(Files& files, const Folders& folders, const Messages& toUser) {
+  return PrepareDataFolder(files, folders, toUser, [&toUser] {
+    wxDirDialog dialog(nullptr, ToWx(toUser.Text(text::kTakeOverFolder)), wxString(),
+                       wxDD_DEFAULT_STYLE | wxDD_DIR_MUST_EXIST);
+    return dialog.ShowModal() == wxID_OK ? dialog.GetPath().utf8_string() : std::string();
+  });
+}
+
 std::optional<ExitStatus> StartUp(ZV_Proc& proc, const CommandLine& line,
                                   wxSingleInstanceChecker& instance) {
   const bool attended = !line.tour && !IsUnattended(line);
@@ -59,6 +69,7 @@ std::optional<ExitStatus> StartUp(ZV_Proc& proc, const CommandLine& line,
     return attended ? kDone : kFailed;
   };
   const std::optional<ExitStatus> ended = StartSession(proc, options);
+  if (!ended) TellUnlessWritable(proc);
   proc.settings.DecimalSeparator = SystemDecimalSeparator();
   return ended;
 }

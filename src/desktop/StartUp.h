@@ -7,6 +7,7 @@
 #include <wx/defs.h>
 #include <wx/snglinst.h>
 
+#include "app/FirstStart.h"
 #include "app/StartSession.h"
 #include "app/ZV_Proc.h"
 #include "settings/CommandLine.h"
@@ -17,6 +18,10 @@ namespace zek {
 
 /// Returns the error in the command line or the program directory, or "".
 std::string Complaint(const CommandLine& line, const std::string& programPath);
+
+/// Gives the new data folder of an installed program its settings, see `PrepareDataFolder`. Returns
+/// false, after a message, if the program must end.
+bool FirstStart(Files& files, const Folders& folders, const Messages& toUser);
 
 /// Starts the session of the desktop program: asks for the language, allows one instance only, uses
 /// the system's number format. `instance` is the lock: its destructor lets another instance start.

@@ -11,7 +11,7 @@
 #include <wx/textctrl.h>
 #include <wx/weakref.h>
 
-#include "catalogue/CopyFormat.h"
+#include "app/StartSession.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "text/Lines.h"
@@ -100,7 +100,7 @@ class HelpForm final : public wxDialog {
 
 void ShowHelp(wxWindow* parent, ZV_Proc& proc, std::size_t page) {
   const std::string name = "zek_help." + proc.profile.ReadIni("General", "Language", "");
-  const FileContent file = proc.files.Read(LocalPath(proc.settings.ProgramPath, name));
+  const FileContent file = ReadShipped(proc, name);
   std::vector<HelpPage> pages = PagesOf(file.bytes);
   if (file.error || pages.empty()) {
     proc.ToUser().Tell(Icon::Information, text::kHelpMissing, {name});

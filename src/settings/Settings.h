@@ -21,6 +21,7 @@ inline constexpr int kLongestWaitSeconds = 32767 / kTicksPerSecond;
 struct Settings {
   std::string ProgramPath;  // UTF-8, ends in the system's separator
   std::string IniPath;      // the same; the directory of ZEKView.INI
+  std::string ShippedPath;  // the same; languages that `ProgramPath` lacks, or "": nowhere else
   bool LocalMode = false;   // "/LOCAL": no controller traffic
   bool BatchMode = false;   // "/BATCH"
   bool AlwaysOnTop = false;

@@ -4,6 +4,7 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 
+#include "app/StartSession.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "text/Windows1252.h"
@@ -21,7 +22,7 @@ constexpr int kListWidth = 240;
 ZV_Lang::ZV_Lang(ZV_Proc& proc)
     : wxDialog(nullptr, wxID_ANY, ToWx(proc.Text(text::kLanguageTitle))),
       proc_(proc),
-      choices_(ListLanguages(proc.files, proc.settings.ProgramPath)) {
+      choices_(LanguagesOf(proc)) {
   SetName("ZV_Lang");
   SetIcons(ProgramIcons());
   Build();
