@@ -7,56 +7,16 @@
 
 namespace zek::cli {
 
-// Null if the catalogue could not be fetched.
-const CatalogueContent* ControlReader::Content(const CatalogueId& id) {
-  const auto [found, isNew] = contents_.try_emplace(id.localFile);
-  if (isNew) found->second = ReadCatalogue(console_, id);
-  const bool missing = !found->second;
-  if (missing && !console_.proc.settings.LocalMode) return nullptr;
-  static const CatalogueContent empty;
-  const CatalogueContent& content = missing ? empty : *found->second;
-  hadAllCopies_ = hadAllCopies_ && !missing;
-  complete_ = complete_ && !missing && content.linesDropped == 0;
-  return &content;
-}
-
-void ControlReader::NameUnread(const CatalogueId& id, const std::vector<std::string>& lines) {
-  complete_ = complete_ && lines.empty();
-  std::string kind(id.Kind().name);
-  std::transform(kind.begin(), kind.end(), kind.begin(),
-                 [](char c) { return static_cast<char>(c - 'A' + 'a'); });
-  for (const std::string& line : lines) {
-    if (!named_.try_emplace(id.localFile + "\n" + line, true).second) continue;
-    console_.err << "zekview-cli: " << kind << ": not read: " << Utf8FromWindows1252(line) << '\n';
-  }
-}
-
-std::optional<ControlTables> ControlReader::Read(std::size_t node) {
-  SelectNode(console_.proc, node);
-  const Selection selection = console_.proc.selection;
-  const Settings& settings = console_.proc.settings;
-  hadAllCopies_ = true;
-  const CatalogueContent* const weekdays = Content(selection.Id(Catalogue::Wdc));
-  if (weekdays == nullptr) return std::nullopt;
-  const CatalogueContent* const calendar = Content(selection.Id(Catalogue::Sdc));
-  if (calendar == nullptr) return std::nullopt;
-  const CatalogueContent* const exceptions = Content(selection.Id(Catalogue::Ovc));
-  if (exceptions == nullptr) return std::nullopt;
-  ControlTables tables;
-  tables.owner = selection.Id(Catalogue::Wdc).Owner();
-  tables.weekdayLines = weekdays->lines;
-  tables.calendarLines = calendar->lines;
-  tables.exceptionLines = exceptions->lines;
-  tables.weekdays = ReadWeekday(weekdays->lines, tables.owner);
-  tables.calendar =
-      ReadCalendar(calendar->lines, YearsOf(settings, selection.generation), CalendarYears::kFirst);
-  tables.exceptions = ReadExceptions(exceptions->lines, tables.owner);
-  tables.schedule = ScheduleOf(tables.weekdays, tables.calendar, tables.exceptions, weekdays->dfv,
-                               exceptions->dfv);
-  NameUnread(selection.Id(Catalogue::Wdc), tables.weekdays.unread);
-  NameUnread(selection.Id(Catalogue::Sdc), tables.calendar.unread);
-  NameUnread(selection.Id(Catalogue::Ovc), tables.exceptions.unread);
-  return tables;
+ControlReader::Source SourceFor(Console& console) {
+  return {[&console](const CatalogueId& id) { return ReadCatalogue(console, id); },
+          console.proc.settings.LocalMode,
+          [&console](const CatalogueId& id, const std::string& line) {
+            std::string kind(id.Kind().name);
+            std::transform(kind.begin(), kind.end(), kind.begin(),
+                           [](char c) { return static_cast<char>(c - 'A' + 'a'); });
+            console.err << "zekview-cli: " << kind << ": not read: " << Utf8FromWindows1252(line)
+                        << '\n';
+          }};
 }
 
 std::optional<std::set<std::size_t>> ControlOperands(Console& console,
@@ -85,13 +45,6 @@ std::optional<DayNumber> TodayFor(Console& console, const Arguments& arguments) 
   const auto today = ParseDay(arguments.today);
   if (!today) Refuse(console, arguments.today + " is no date, such as 2026-12-07");
   return today;
-}
-
-std::vector<float> ListedValues(const PickList& list) {
-  std::vector<float> values;
-  for (const PickListItem& item : list.items)
-    if (const MaybeValue value = ValueIn(item.value)) values.push_back(*value);
-  return values;
 }
 
 std::optional<std::size_t> ControlOperand(Console& console, const std::string& name) {
