@@ -1,6 +1,7 @@
 // zekview-round-trips [COUNT] [SEED]: COUNT random tables (1000) of each kind and generation, and
 // of the "PLT" layouts. The lines built from a table must read back as the table and build the same
-// lines again. The first failure of each format is shown with its seed.
+// lines again. As many random files are imported into random calendars: what the preview lists is
+// what changes. The first failure of each is shown with its seed.
 
 #include <algorithm>
 #include <functional>
@@ -9,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "Previews.h"
 #include "RandomTables.h"
 #include "formats/WeekdayText.h"
 
@@ -87,6 +89,12 @@ Trip ExceptionTrip(Random& random, Generation generation) {
       });
 }
 
+Trip PreviewTrip(Random& random) {
+  std::string file;
+  const std::string fault = PreviewFault(random, file);
+  return {{file}, fault};
+}
+
 struct Format {
   std::string name;
   std::function<Trip(Random&)> trip;
@@ -96,15 +104,19 @@ std::vector<Format> Formats() {
   constexpr Generation one = Generation::Zek1;
   constexpr Generation two = Generation::Zek2;
   return {
-      {"weekday ZEK1", [](Random& random) { return WeekdayTrip(random, false); }},
-      {"weekday ZEK2", [](Random& random) { return WeekdayTrip(random, random.OneIn(2)); }},
-      {"weekday PLT", [](Random& random) { return WeekdayTrip(random, true); }},
-      {"calendar ZEK1", [](Random& random) { return CalendarTrip(random, one, false); }},
-      {"calendar ZEK2", [](Random& random) { return CalendarTrip(random, two, false); }},
-      {"calendar PLT",
+      {"round trips weekday ZEK1", [](Random& random) { return WeekdayTrip(random, false); }},
+      {"round trips weekday ZEK2",
+       [](Random& random) { return WeekdayTrip(random, random.OneIn(2)); }},
+      {"round trips weekday PLT", [](Random& random) { return WeekdayTrip(random, true); }},
+      {"round trips calendar ZEK1",
+       [](Random& random) { return CalendarTrip(random, one, false); }},
+      {"round trips calendar ZEK2",
+       [](Random& random) { return CalendarTrip(random, two, false); }},
+      {"round trips calendar PLT",
        [](Random& random) { return CalendarTrip(random, random.OneIn(2) ? one : two, true); }},
-      {"exceptions ZEK1", [](Random& random) { return ExceptionTrip(random, one); }},
-      {"exceptions ZEK2", [](Random& random) { return ExceptionTrip(random, two); }},
+      {"round trips exceptions ZEK1", [](Random& random) { return ExceptionTrip(random, one); }},
+      {"round trips exceptions ZEK2", [](Random& random) { return ExceptionTrip(random, two); }},
+      {"previews of imports", PreviewTrip},
   };
 }
 
@@ -126,8 +138,7 @@ bool Run(const Format& format, std::uint64_t count, std::uint64_t firstSeed) {
       Show(format, seed, trip);
     }
   }
-  std::cout << "figure: round trips " << format.name << ": " << good << " of " << count
-            << std::endl;
+  std::cout << "figure: " << format.name << ": " << good << " of " << count << std::endl;
   return good == count;
 }
 

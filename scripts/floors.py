@@ -30,7 +30,8 @@ forms            what the forms share
 forms/weekday    the weekday editor's window ZV_WDC
 forms/calendar   the calendar editor's window ZV_SDC
 forms/exception  the exception editor's window ZV_OVC
-forms/browser    the browser ZV_TSC
+forms/several    the window ZV_Several: one change of many time controls
+forms/browser    the browser ZV_TSC and the report's window
 forms/main       the main window ZV_Main, about box and language choice
 desktop          the program zekview
 commands         the commands of zekview-cli

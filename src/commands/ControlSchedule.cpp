@@ -2,52 +2,21 @@
 
 #include <algorithm>
 
-#include "app/ControlTablesOf.h"
 #include "forecast/MomentText.h"
 #include "text/Windows1252.h"
 
 namespace zek::cli {
 
-// Null if the catalogue could not be fetched.
-const CatalogueContent* ControlReader::Content(const CatalogueId& id) {
-  const auto [found, isNew] = contents_.try_emplace(id.localFile);
-  if (isNew) found->second = ReadCatalogue(console_, id);
-  const bool missing = !found->second;
-  if (missing && !console_.proc.settings.LocalMode) return nullptr;
-  static const CatalogueContent empty;
-  const CatalogueContent& content = missing ? empty : *found->second;
-  hadAllCopies_ = hadAllCopies_ && !missing;
-  complete_ = complete_ && !missing && content.linesDropped == 0;
-  return &content;
-}
-
-void ControlReader::NameUnread(const CatalogueId& id, const std::vector<std::string>& lines) {
-  complete_ = complete_ && lines.empty();
-  std::string kind(id.Kind().name);
-  std::transform(kind.begin(), kind.end(), kind.begin(),
-                 [](char c) { return static_cast<char>(c - 'A' + 'a'); });
-  for (const std::string& line : lines) {
-    if (!named_.try_emplace(id.localFile + "\n" + line, true).second) continue;
-    console_.err << "zekview-cli: " << kind << ": not read: " << Utf8FromWindows1252(line) << '\n';
-  }
-}
-
-std::optional<ControlTables> ControlReader::Read(std::size_t node) {
-  SelectNode(console_.proc, node);
-  const Selection selection = console_.proc.selection;
-  hadAllCopies_ = true;
-  const CatalogueContent* const weekdays = Content(selection.Id(Catalogue::Wdc));
-  if (weekdays == nullptr) return std::nullopt;
-  const CatalogueContent* const calendar = Content(selection.Id(Catalogue::Sdc));
-  if (calendar == nullptr) return std::nullopt;
-  const CatalogueContent* const exceptions = Content(selection.Id(Catalogue::Ovc));
-  if (exceptions == nullptr) return std::nullopt;
-  ControlTables tables =
-      ControlTablesOf(console_.proc, selection, {*weekdays, *calendar, *exceptions});
-  NameUnread(selection.Id(Catalogue::Wdc), tables.weekdays.unread);
-  NameUnread(selection.Id(Catalogue::Sdc), tables.calendar.unread);
-  NameUnread(selection.Id(Catalogue::Ovc), tables.exceptions.unread);
-  return tables;
+ControlReader::Source SourceFor(Console& console) {
+  return {[&console](const CatalogueId& id) { return ReadCatalogue(console, id); },
+          console.proc.settings.LocalMode,
+          [&console](const CatalogueId& id, const std::string& line) {
+            std::string kind(id.Kind().name);
+            std::transform(kind.begin(), kind.end(), kind.begin(),
+                           [](char c) { return static_cast<char>(c - 'A' + 'a'); });
+            console.err << "zekview-cli: " << kind << ": not read: " << Utf8FromWindows1252(line)
+                        << '\n';
+          }};
 }
 
 std::optional<std::set<std::size_t>> ControlOperands(Console& console,

@@ -82,11 +82,11 @@ struct Reply {
 // Reads the schedule and says that the rule is assumed; nothing after a failed fetch.
 std::optional<Reply> ReadFor(Console& console, const Question& question) {
   console.hasInput();
-  ControlReader reader(console);
+  ControlReader reader = ReaderFor(console);
   const std::optional<ControlTables> tables = reader.Read(question.node);
   if (!tables) return std::nullopt;
   console.err << Utf8FromWindows1252(console.proc.Text(text::kRuleAssumed)) << '\n' << std::flush;
-  return Reply{tables->schedule, tables->dayNames, reader.Status()};
+  return Reply{tables->schedule, tables->dayNames, StatusOf(reader)};
 }
 
 // Prints records: their fields are separated by tabs.

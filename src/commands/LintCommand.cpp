@@ -79,7 +79,10 @@ class FindingPrinter {
 class PlantJudge {
  public:
   PlantJudge(Console& console, const FindingContext& context, bool json)
-      : console_(console), context_(context), reader_(console), printer_(console, json) {}
+      : console_(console),
+        context_(context),
+        reader_(ReaderFor(console)),
+        printer_(console, json) {}
 
   void Judge(const std::set<std::size_t>& nodes) {
     for (const std::size_t node : nodes) {
@@ -95,7 +98,7 @@ class PlantJudge {
 
   ExitStatus Status(bool exitCode) const {
     if (exitCode && printer_.Serious()) return kWouldChange;
-    return failed_ ? kFailed : reader_.Status();
+    return failed_ ? kFailed : StatusOf(reader_);
   }
 
  private:

@@ -4,6 +4,7 @@
 #include "lang/TextNumbers.h"
 #include "plan/Applying.h"
 #include "plan/ChangeList.h"
+#include "plan/OpenPlan.h"
 #include "plan/PlanFile.h"
 #include "plan/Planning.h"
 #include "text/Fields.h"
@@ -47,14 +48,8 @@ std::optional<PlanReading> ReadPlan(Console& console, const std::string& file) {
   if (!bytes) return std::nullopt;
   PlanReading reading = ReadPlanFile(*bytes);
   if (reading.bad == 0) return reading;
-  Fail(console, console.proc.ToUser().Text(
-                    text::kPlanDamaged, {Windows1252FromUtf8(file), std::to_string(reading.bad)}));
+  Fail(console, DamagedText(console.proc, file, reading.bad));
   return std::nullopt;
-}
-
-std::string StartedText(Console& console, const std::string& plan) {
-  return console.proc.ToUser().Text(text::kPlanStarted,
-                                    {Windows1252FromUtf8(StartedNote::PathOf(plan))});
 }
 
 // Returns nothing, after a message, if the list can't be read or says nothing.
@@ -119,7 +114,7 @@ ExitStatus PlanBack(Console& console, const Arguments& arguments) {
 ExitStatus MakePlan(Console& console, const Arguments& arguments) {
   if (arguments.out.empty()) return Refuse(console, "plan: --out PLAN is missing");
   if (console.proc.files.Exists(StartedNote::PathOf(arguments.out)))
-    return Fail(console, StartedText(console, arguments.out));
+    return Fail(console, StartedText(console.proc, arguments.out));
   const bool back = !arguments.revert.empty();
   if (back != arguments.operands.empty() || (back && !arguments.nodes.empty()))
     return Refuse(console, "plan: give either CHANGES and nodes or --revert PLAN");
@@ -137,23 +132,16 @@ ExitStatus MakePlan(Console& console, const Arguments& arguments) {
 
 ExitStatus ApplyPlan(Console& console, const Arguments& arguments) {
   ZV_Proc& proc = console.proc;
-  const std::string& file = arguments.operands.front();
-  const TakenLock taken = proc.files.Lock(file);
-  if (taken.error && taken.error->reason == FileError::Reason::InUse)
-    return Fail(console, proc.ToUser().Text(text::kPlanInUse, {Windows1252FromUtf8(file)}));
-  if (taken.error) return Fail(console, FileMessage(proc.texts, *taken.error));
-  const std::optional<PlanReading> reading = ReadPlan(console, file);
-  if (!reading) return kFailed;
+  OpenedPlan opened = OpenPlan(proc, arguments.operands.front());
+  if (!opened.why.empty()) return Fail(console, opened.why);
   console.hasInput();
-  StartedNote started(proc.files, file, reading->checksum);
-  if (!started.IsOfPlan()) return Fail(console, StartedText(console, file));
   PlanPrinter printer(console);
-  Applier applier(proc, started, [&printer](const PlanLine& line) { printer.Print(line); });
-  applier.Run(reading->plan);
+  Applier applier(proc, *opened.started, [&printer](const PlanLine& line) { printer.Print(line); });
+  applier.Run(opened.plan);
   printer.PrintTotals({PlanWord::Done, PlanWord::Already, PlanWord::Stale, PlanWord::Failed,
                        PlanWord::Refused, PlanWord::Untried});
   const std::size_t well = printer.Count(PlanWord::Done) + printer.Count(PlanWord::Already);
-  return well == reading->plan.catalogues.size() ? kDone : kFailed;
+  return well == opened.plan.catalogues.size() ? kDone : kFailed;
 }
 
 }  // namespace zek::cli

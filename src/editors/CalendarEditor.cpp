@@ -269,7 +269,7 @@ void CalendarEditor::TellYear(int year, Prompts& prompts, const LanguageTexts& t
 
 std::optional<EditedCatalogue> CalendarEditor::Edited() const {
   if (ViewOnly()) return std::nullopt;
-  return EditedCatalogue{BuildCalendar(Table(), layout_, years_.generation),
+  return EditedCatalogue{LinesOf(Table()),
                          linesLost_,
                          {text::kWeekdayRetry, text::kWeekdayRetryTitle},
                          {}};

@@ -142,6 +142,10 @@ class CalendarEditor {
   /// Makes another table the calendar, as one step.
   void Replace(const CalendarTable& table);
   const CalendarYears& Years() const { return years_; }
+  /// The lines of another table in this calendar's layout.
+  BuiltLines LinesOf(const CalendarTable& table) const {
+    return BuildCalendar(table, layout_, years_.generation);
+  }
 
   /// Setting a type is one step if it changes anything. Undo and redo show the month and select the
   /// days; they return false if there is no step.

@@ -8,7 +8,7 @@ void CancelTransfer(ZV_Proc& proc) {
   if (proc.status.Sending.of == 0) return proc.waits.Cancel();
   if (proc.status.Asking) return;
   proc.status.Asking = true;
-  const bool stop = proc.prompts.AskYesNo(
+  const bool stop = proc.prompts.Own().AskYesNo(
       Icon::Exclamation,
       proc.Text(proc.status.Sending.shared ? text::kAskStopShared : text::kAskStopSending),
       proc.Text(text::kAskStopTitle), DefaultAnswer::No);

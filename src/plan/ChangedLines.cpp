@@ -24,14 +24,24 @@ using Lines = std::vector<std::string>;
 constexpr std::size_t kLongestWhy = 400;
 
 // A table can be read, changed and built; "" is no refusal. Each kind of catalogue has one.
-
-class Weekdays {
+template <class Reading>
+class ReadTable {
  public:
-  Weekdays(ZV_Proc& proc, const CatalogueId& id, const Lines& listing)
-      : proc_(proc), owner_(id.Owner()), listing_(listing), read_(ReadWeekday(listing, owner_)) {}
-
   const Lines& Unread() const { return read_.unread; }
   std::size_t Lost() const { return read_.linesLost; }
+
+ protected:
+  ReadTable(ZV_Proc& proc, Reading read) : proc_(proc), read_(std::move(read)) {}
+
+  ZV_Proc& proc_;
+  Reading read_;
+};
+
+class Weekdays : public ReadTable<WeekdayReading> {
+ public:
+  Weekdays(ZV_Proc& proc, const CatalogueId& id, const Lines& listing)
+      : ReadTable(proc, ReadWeekday(listing, id.Owner())), owner_(id.Owner()), listing_(listing) {}
+
   std::optional<BuiltLines> Build() const {
     return BuildWeekday(read_.table, owner_, listing_, BuildStart::Afresh,
                         proc_.settings.DecimalSeparator);
@@ -59,22 +69,17 @@ class Weekdays {
   }
 
  private:
-  ZV_Proc& proc_;
   LineOwner owner_;
   const Lines& listing_;
-  WeekdayReading read_;
 };
 
-class Exceptions {
+class Exceptions : public ReadTable<ExceptionReading> {
  public:
   Exceptions(ZV_Proc& proc, const CatalogueId& id, const Lines& listing)
-      : proc_(proc),
+      : ReadTable(proc, ReadExceptions(listing, id.Owner())),
         owner_(id.Owner()),
-        listing_(listing),
-        read_(ReadExceptions(listing, owner_)) {}
+        listing_(listing) {}
 
-  const Lines& Unread() const { return read_.unread; }
-  std::size_t Lost() const { return read_.linesLost; }
   std::optional<BuiltLines> Build() const {
     const auto options = ReadExceptionOptions(proc_.Numbers(), owner_.generation);
     if (!options) return std::nullopt;
@@ -103,22 +108,18 @@ class Exceptions {
   }
 
  private:
-  ZV_Proc& proc_;
   LineOwner owner_;
   const Lines& listing_;
-  ExceptionReading read_;
 };
 
-class Calendar {
+class Calendar : public ReadTable<CalendarReading> {
  public:
   Calendar(ZV_Proc& proc, const CatalogueId& id, const Lines& listing)
-      : proc_(proc),
+      : ReadTable(proc, ReadCalendar(listing, YearsOf(proc.settings, id.generation),
+                                     CalendarYears::kFirst)),
         years_(YearsOf(proc.settings, id.generation)),
-        read_(ReadCalendar(listing, years_, CalendarYears::kFirst)),
         layout_(read_.layout.value_or(EmptyCalendarLayout(id.control))) {}
 
-  const Lines& Unread() const { return read_.unread; }
-  std::size_t Lost() const { return read_.linesLost; }
   std::optional<BuiltLines> Build() const {
     return BuildCalendar(read_.table, layout_, years_.generation);
   }
@@ -155,9 +156,7 @@ class Calendar {
     return has;
   }
 
-  ZV_Proc& proc_;
   CalendarYears years_;
-  CalendarReading read_;
   CalendarLayout layout_;
 };
 

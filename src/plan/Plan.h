@@ -31,7 +31,7 @@ struct PlannedCatalogue {
   bool IsShared() const { return type == Generation::Zek1 && kind != Catalogue::Sdc; }
   /// Returns "TOPIC", or "TOPIC/CONTROL" for a catalogue that one control has alone.
   std::string Node() const {
-    const bool ofControl = type == Generation::Zek2 && kind != Catalogue::Sdc;
+    const bool ofControl = type == Generation::Zek2 && kind != Catalogue::Sdc && !controls.empty();
     return ofControl ? topic + "/" + controls.front().name : topic;
   }
 };

@@ -84,31 +84,11 @@ PlanComparison Compare(const ZV_Proc& proc, const CatalogueId& id, const Planned
   return result;
 }
 
-void PlanPrompts::Show(Icon icon, const std::string& message, const std::string& /*caption*/) {
+void PlanPrompts::Tell(Icon icon, const std::string& message, const std::string& details) {
   if (icon != Icon::Exclamation && icon != Icon::Critical) return;
-  trouble_.append(trouble_.empty() ? "" : " ").append(OnOneLine(message));
+  trouble_.append(trouble_.empty() ? "" : " ");
+  trouble_.append(OnOneLine(details.empty() ? message : message + " " + details));
   trouble_ = Shortened(trouble_, kLongestWhy);
-}
-
-bool PlanPrompts::AskYesNo(Icon /*icon*/, const std::string& /*question*/,
-                           const std::string& /*caption*/, DefaultAnswer /*standard*/) {
-  return true;
-}
-
-Answer PlanPrompts::AskThree(Icon /*icon*/, const std::string& /*question*/,
-                             const std::string& /*caption*/, const AnswerCaptions& /*captions*/) {
-  return Answer::Yes;
-}
-
-void PlanPrompts::ShowDetails(Icon icon, const std::string& message, const std::string& caption,
-                              const PromptDetails& details) {
-  Show(icon, message + " " + details.lines, caption);
-}
-
-bool PlanPrompts::AskWithDetails(Icon /*icon*/, const std::string& /*question*/,
-                                 const std::string& /*caption*/, const PromptDetails& /*details*/,
-                                 DefaultAnswer /*standard*/) {
-  return true;
 }
 
 }  // namespace zek

@@ -42,26 +42,17 @@ PlanComparison Compare(const ZV_Proc& proc, const CatalogueId& id, const Planned
                        const std::vector<std::string>& listing);
 
 /// Message boxes of a plan: questions are answered Yes, and what is told is kept.
-class PlanPrompts final : public Prompts {
+class PlanPrompts final : public UnattendedPrompts {
  public:
-  using Prompts::AskWithDetails;
-  using Prompts::AskYesNo;
-  using Prompts::Show;
-  void Show(Icon icon, const std::string& message, const std::string& caption) override;
-  bool AskYesNo(Icon icon, const std::string& question, const std::string& caption,
-                DefaultAnswer standard) override;
-  Answer AskThree(Icon icon, const std::string& question, const std::string& caption,
-                  const AnswerCaptions& captions) override;
-  void ShowDetails(Icon icon, const std::string& message, const std::string& caption,
-                   const PromptDetails& details) override;
-  bool AskWithDetails(Icon icon, const std::string& question, const std::string& caption,
-                      const PromptDetails& details, DefaultAnswer standard) override;
-  bool Attended() const override { return false; }
-
   /// What was told with the exclamation icon or a worse one, on one line.
   const std::string& Trouble() const { return trouble_; }
 
  private:
+  void Tell(Icon icon, const std::string& message, const std::string& details) override;
+  bool AnswerTo(const std::string& /*question*/, const std::string& /*details*/) override {
+    return true;
+  }
+
   std::string trouble_;
 };
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <set>
 #include <utility>
 
@@ -28,19 +29,21 @@ PlanLine LineOf(PlanWord word, const PlannedCatalogue& planned) {
 Plan Planner::Make(std::span<const ListedChange> changes, const std::vector<std::string>& nodes) {
   std::set<Catalogue> kinds;
   for (const ListedChange& change : changes) kinds.insert(KindOf(change));
-  for (const auto& [object, controls] : ControlsOf(nodes)) {
-    for (const Catalogue kind : kOrder) {
-      if (!kinds.contains(kind)) continue;
-      for (PlannedCatalogue& each : CataloguesOf(object, controls, kind))
-        if (!proc_.turn.Quitting()) PlanChange(std::move(each), changes);
-    }
-  }
+  std::vector<PlannedCatalogue> all;
+  for (const auto& [object, controls] : ControlsOf(nodes))
+    for (const Catalogue kind : kOrder)
+      if (kinds.contains(kind))
+        std::ranges::move(CataloguesOf(object, controls, kind), std::back_inserter(all));
+  total_ += all.size();
+  for (PlannedCatalogue& each : all)
+    if (!Stopped()) PlanChange(std::move(each), changes);
   return std::move(plan_);
 }
 
 Plan Planner::Revert(const Plan& plan, const StartedNote& started) {
+  total_ = plan.catalogues.size();
   for (const PlannedCatalogue& each : plan.catalogues)
-    if (!proc_.turn.Quitting()) PlanBack(each, started);
+    if (!Stopped()) PlanBack(each, started);
   return std::move(plan_);
 }
 
@@ -49,6 +52,7 @@ Planner::Controls Planner::ControlsOf(const Lines& nodes) {
   for (const std::string& name : nodes) {
     const auto node = FindNode(proc_.tree, proc_.topics, name);
     if (!node) {
+      ++total_;
       report_({PlanWord::Refused, name, "", 0, 0, "", proc_.Text(text::kPlanNoNode)});
       continue;
     }
@@ -75,12 +79,7 @@ std::vector<PlannedCatalogue> Planner::CataloguesOf(std::int16_t object,
   }
   for (const std::size_t node : nodes)
     if (!calendar) planned.controls.push_back({proc_.tree[node].TscName, {}, {}});
-  if (planned.controls.empty()) {
-    report_({PlanWord::Refused, planned.topic, KindText(kind), 0, 0, "",
-             proc_.Text(text::kPlanNoControl)});
-    return {};
-  }
-  if (calendar || planned.IsShared()) return {planned};
+  if (calendar || planned.IsShared() || planned.controls.empty()) return {planned};
   std::vector<PlannedCatalogue> each(planned.controls.size(), planned);
   for (std::size_t i = 0; i < each.size(); ++i) each[i].controls = {planned.controls[i]};
   return each;
@@ -128,6 +127,7 @@ std::string Planner::ChangeEach(PlannedCatalogue& planned, const CatalogueId& id
 }
 
 void Planner::PlanChange(PlannedCatalogue planned, std::span<const ListedChange> changes) {
+  if (planned.controls.empty()) return Refuse(planned, proc_.Text(text::kPlanNoControl));
   const PlanTarget target = TargetOf(proc_, planned);
   if (!target.refusal.empty()) return Refuse(planned, target.refusal);
   const auto now = Fetch(planned, target.id);

@@ -23,6 +23,12 @@ class Planner {
   /// `report` gets a line for each catalogue as soon as it is known.
   Planner(ZV_Proc& proc, Report report) : proc_(proc), report_(std::move(report)) {}
 
+  /// The number of catalogues that are looked at, from the first report on.
+  std::size_t Total() const { return total_; }
+
+  /// The catalogues that are left are not looked at. The present fetch is cancelled like any other.
+  void Cancel() { cancelled_ = true; }
+
   /// Plans changes of nodes "TOPIC" (all its controls) or "TOPIC/TSC". A catalogue that controls
   /// share is planned once, and refused as a whole if the change does not fit one of them.
   Plan Make(std::span<const ListedChange> changes, const std::vector<std::string>& nodes);
@@ -37,6 +43,7 @@ class Planner {
   Controls ControlsOf(const std::vector<std::string>& nodes);
   std::vector<PlannedCatalogue> CataloguesOf(std::int16_t object,
                                              const std::vector<std::size_t>& nodes, Catalogue kind);
+  bool Stopped() const { return cancelled_ || proc_.turn.Quitting(); }
   void PlanChange(PlannedCatalogue planned, std::span<const ListedChange> changes);
   void PlanBack(const PlannedCatalogue& done, const StartedNote& started);
   std::optional<CatalogueContent> Fetch(const PlannedCatalogue& planned, const CatalogueId& id);
@@ -50,6 +57,8 @@ class Planner {
   ZV_Proc& proc_;
   Report report_;
   Plan plan_;
+  std::size_t total_ = 0;
+  bool cancelled_ = false;
   std::map<std::string, std::string> silent_;  // topics that can't be reached: why
 };
 

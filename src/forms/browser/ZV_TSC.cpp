@@ -16,6 +16,7 @@
 #include "forms/ZV_Help.h"
 #include "forms/calendar/ZV_SDC.h"
 #include "forms/exception/ZV_OVC.h"
+#include "forms/several/ZV_Several.h"
 #include "forms/weekday/ZV_WDC.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
@@ -95,6 +96,8 @@ void ZV_TSC::BindEvents() {
   onMenu(Menu_History, [this] { OnHistory(); });
   onMenu(Menu_Findings, [this] { OnFindings(); });
   onMenu(Menu_Applies, [this] { WhatApplies(); });
+  onMenu(Menu_Several, [this] { OnSeveral(); });
+  onMenu(Menu_Report, [this] { OnReport(); });
   onMenu(Menu_Batch_Run, [this] { StartBatch(); });
   onMenu(Menu_Batch_GetWDC, [this] { ToggleBatch(&BatchKinds::WDC); });
   onMenu(Menu_Batch_GetSDC, [this] { ToggleBatch(&BatchKinds::SDC); });
@@ -182,7 +185,10 @@ void ZV_TSC::ShowTree() {
   // A tree without a selection ignores the arrow keys.
   if (!place && !proc_.tree.empty()) place = 0;
   if (place) TreeView->SelectPlace(*place);
-  if (!proc_.settings.BatchMode) return;
+  if (!proc_.settings.BatchMode) {
+    if (HasOpenPlan(proc_)) OnSeveral();
+    return;
+  }
   proc_.batch.Kinds = {};
   StartBatch();
 }
@@ -333,6 +339,16 @@ void ZV_TSC::WhatApplies() {
   if (!read) return;
   ShowApplies(this, proc_, AppliesOf(proc_, catalogues, catalogues.Together(), std::nullopt));
   if (alive) TakeKeys();
+}
+
+void ZV_TSC::OnSeveral() {
+  if (busy_) return;
+  const wxWeakRef<ZV_TSC> alive(this);
+  ShowSeveral(this, proc_, turn_, TreeView->Selected());
+  if (!alive) return;
+  if (turn_.Quitting()) return static_cast<void>(Close());
+  ReadStatesAgain();
+  TakeKeys();
 }
 
 void ShowBrowser(wxWindow* parent, ZV_Proc& proc, WxTurn& turn) {

@@ -82,6 +82,8 @@ class ZV_TSC final : public wxFrame {
   void Erase(Catalogue catalogue);
   void OnHistory();
   void WhatApplies();
+  void OnSeveral();
+  void OnReport();
 
   void StartBatch();
   void ToggleBatch(bool BatchKinds::*kind);
@@ -143,6 +145,8 @@ enum Menu : int {
   Menu_Help,
   Menu_Keys,
   Menu_Applies,
+  Menu_Several,
+  Menu_Report,
 };
 }  // namespace browser
 

@@ -49,6 +49,8 @@ void ZV_TSC::BuildMenus() {
   auto* const file = new wxMenu;
   file->Append(Menu_Exit, Label(text::kBrowserClose, "Alt+F4"));
   menuTSC_ = TSCMenu().release();
+  menuTSC_->Append(Menu_Several, Label(text::kSeveralMenu));
+  menuTSC_->Append(Menu_Report, Label(text::kReportMenu));
   menuBatch_ = new wxMenu;
   menuBatch_->Append(Menu_Batch_Run, Label(text::kMenuBatchRun));
   menuBatch_->AppendSeparator();

@@ -214,11 +214,19 @@ class ImportForm final : public wxDialog {
       if (lines_[at].effect == ImportEffect::Add || ticked_[at]) ++count;
     result_ = WithImported(editor_.Table(), lines_, ticked_);
     Command_Take->SetLabel(ToWx(Message(proc_.Text(text::kImportTake), {std::to_string(count)})));
-    Command_Take->Enable(count > 0 && result_);
-    Label_Full->SetLabel(result_ ? wxString()
-                                 : ToWx(Message(proc_.Text(text::kCalendarFull),
-                                                {std::to_string(kCalendarEntries)})));
+    const std::string why = count > 0 ? WhyNot() : std::string();
+    Command_Take->Enable(count > 0 && why.empty());
+    Label_Full->SetLabel(ToWx(why));
     Layout();
+  }
+
+  // Why the calendar can't have the dates: too many of them, or too many lines; or "".
+  std::string WhyNot() const {
+    if (!result_)
+      return Message(proc_.Text(text::kCalendarFull), {std::to_string(kCalendarEntries)});
+    const BuiltLines built = editor_.LinesOf(*result_);
+    const auto* const error = std::get_if<BuildError>(&built);
+    return error == nullptr ? std::string() : error->MessageIn(proc_.texts);
   }
 
   void Take() {

@@ -1,0 +1,58 @@
+#include "app/ReportCollector.h"
+
+#include <array>
+#include <utility>
+
+#include "catalogue/CopyStates.h"
+#include "lang/Messages.h"
+#include "lang/TextNumbers.h"
+
+namespace zek {
+
+ReportCollector::ReportCollector(ZV_Proc& proc, ControlReader::Source source, DayNumber today)
+    : proc_(proc),
+      context_{today, proc.settings.SwedishHolidays, proc.settings.DecimalSeparator},
+      reader_(proc, std::move(source)) {}
+
+bool ReportCollector::Add(std::size_t node) {
+  std::optional<ControlTables> tables = reader_.Read(node);
+  if (!tables) return false;
+  ReportedControl control;
+  control.node = NodeName(proc_.tree, proc_.topics, node);
+  control.name = proc_.tree[node].Text;
+  control.reads = Reads();
+  control.values =
+      ReadPickList(proc_.profile, proc_.selection.PickListTable, context_.decimalSeparator);
+  if (reader_.HadAllCopies()) control.findings = FindingsOf(*tables, context_);
+  control.tables = *std::move(tables);
+  controls_.push_back(std::move(control));
+  return true;
+}
+
+// Of each catalogue of the selected control, when and from where it was read.
+std::vector<std::string> ReportCollector::Reads() const {
+  std::vector<std::string> reads;
+  AddRead(reads, Catalogue::Wdc, text::kTitleWeekdays);
+  AddRead(reads, Catalogue::Sdc, text::kTitleCalendar);
+  AddRead(reads, Catalogue::Ovc, text::kTitleExceptions);
+  return reads;
+}
+
+void ReportCollector::AddRead(std::vector<std::string>& reads, Catalogue catalogue,
+                              std::int32_t name) const {
+  const CopyState state = CopyStates(proc_.copies, proc_.records).Of(proc_.selection.Id(catalogue));
+  const Topic& topic = proc_.topics[proc_.selection.CurrentObject];
+  const std::int32_t number = !state.exists        ? text::kReportMissing
+                              : state.time.empty() ? text::kReportReadUnknown
+                                                   : text::kReportRead;
+  const std::string title = proc_.Text(name);
+  const std::string where = topic.TopicName + " " + topic.Address;
+  reads.push_back(Message(proc_.Text(number), {title, state.time, where}));
+  if (state.unsent) reads.push_back(Message(proc_.Text(text::kReportUnsent), {title}));
+}
+
+std::string ReportCollector::Page(int year) const {
+  return ReportOf(controls_, {proc_.texts, context_.today, year, context_.decimalSeparator});
+}
+
+}  // namespace zek

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/ControlReader.h"
+#include "report/Report.h"
+
+namespace zek {
+
+/// Collects what a report tells of time controls.
+class ReportCollector {
+ public:
+  /// The report's week is that of `today`.
+  ReportCollector(ZV_Proc& proc, ControlReader::Source source, DayNumber today);
+
+  /// Selects and reads a control. Returns false if a catalogue could not be read.
+  bool Add(std::size_t node);
+
+  /// The page, with the calendar of `year`.
+  std::string Page(int year) const;
+
+  bool IsEmpty() const { return controls_.empty(); }
+  /// False if something could not be read.
+  bool Complete() const { return reader_.Complete(); }
+
+ private:
+  std::vector<std::string> Reads() const;
+  void AddRead(std::vector<std::string>& reads, Catalogue catalogue, std::int32_t name) const;
+
+  ZV_Proc& proc_;
+  FindingContext context_;
+  ControlReader reader_;
+  std::vector<ReportedControl> controls_;
+};
+
+}  // namespace zek

@@ -1,0 +1,173 @@
+#include "plan/PlanRun.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "export/BatchFile.h"
+#include "lang/TextNumbers.h"
+#include "plan/Applying.h"
+#include "plan/OpenPlan.h"
+#include "plan/PlanFile.h"
+#include "plan/PlanWords.h"
+#include "plan/Planning.h"
+#include "system/Paths.h"
+
+namespace zek {
+namespace {
+
+constexpr std::string_view kPrefix = "PLAN";
+constexpr std::string_view kPlanFile = ".plan";
+constexpr std::string_view kReportFile = ".txt";
+
+std::string FolderOf(const ZV_Proc& proc) { return proc.settings.ProgramPath + "Plans"; }
+
+}  // namespace
+
+void PlanRun::Add(const PlanLine& line, std::size_t total) {
+  lines_.push_back(line);
+  total_ = total;
+  changed_();
+}
+
+void PlanRun::Make(std::span<const ListedChange> changes, const std::vector<std::string>& nodes) {
+  if (busy_) return;
+  Clear();
+  bool cancelled = false;
+  Planner planner(proc_, [&](const PlanLine& line) { Add(line, planner.Total()); });
+  cancel_ = [&] {
+    cancelled = true;
+    planner.Cancel();
+  };
+  busy_ = true;
+  Plan plan = planner.Make(changes, nodes);
+  busy_ = false;
+  cancel_ = [] {};
+  if (cancelled || proc_.turn.Quitting()) {
+    Clear();
+  } else {
+    plan_ = std::move(plan);
+  }
+}
+
+std::string PlanRun::Keep() {
+  if (!name_.empty()) return {};
+  if (const auto error = proc_.files.MakeDirectory(FolderOf(proc_)))
+    return FileMessage(proc_.texts, *error);
+  const std::string stem = std::string(kPrefix) + FileStamp(proc_.now());
+  std::string name = stem;
+  for (int number = 2; proc_.files.Exists(PathOf(name) + std::string(kPlanFile)); ++number)
+    name = stem + "-" + std::to_string(number);
+  const auto error = proc_.files.Write(PathOf(name) + std::string(kPlanFile), BuildPlanFile(plan_));
+  if (error) return FileMessage(proc_.texts, *error);
+  name_ = name;
+  return {};
+}
+
+std::string PlanRun::Send() {
+  if (!CanSend()) return {};
+  if (std::string why = Keep(); !why.empty()) return why;
+  OpenedPlan opened = OpenPlan(proc_, PathOf(name_) + std::string(kPlanFile));
+  if (!opened.why.empty()) return opened.why;
+  lines_.clear();
+  total_ = opened.plan.catalogues.size();
+  Applier applier(proc_, *opened.started, [this](const PlanLine& line) { Add(line, total_); });
+  cancel_ = [&applier] { applier.Cancel(); };
+  busy_ = true;
+  applier.Run(opened.plan);
+  busy_ = false;
+  cancel_ = [] {};
+  if (!HasEnded()) return {};
+  return StoreReport(DateAndTime(proc_.now()));
+}
+
+std::string PlanRun::Take(const std::string& name) {
+  OpenedPlan opened = OpenPlan(proc_, PathOf(name) + std::string(kPlanFile));
+  if (!opened.why.empty()) return opened.why;
+  plan_ = std::move(opened.plan);
+  name_ = name;
+  lines_.clear();
+  total_ = plan_.catalogues.size();
+  for (const PlannedCatalogue& each : plan_.catalogues)
+    lines_.push_back({PlanWord::Change, each.Node(), KindText(each.kind), 0, 0, "", ""});
+  return {};
+}
+
+void PlanRun::Drop() {
+  if (name_.empty() ||
+      proc_.files.Exists(StartedNote::PathOf(PathOf(name_) + std::string(kPlanFile))))
+    return;
+  static_cast<void>(proc_.files.Remove(PathOf(name_) + std::string(kPlanFile)));
+  name_.clear();
+}
+
+std::string PlanRun::GiveUp(const std::string& name) {
+  if (!Take(name).empty()) Clear();
+  for (PlanLine& line : lines_) line.word = PlanWord::Untried;
+  name_ = name;
+  std::string why = StoreReport(DateAndTime(proc_.now()));
+  Clear();
+  return why;
+}
+
+void PlanRun::Clear() {
+  plan_ = {};
+  name_.clear();
+  lines_.clear();
+  total_ = 0;
+}
+
+std::vector<std::string> PlanRun::OpenPlans() const {
+  std::vector<std::string> open;
+  for (std::string name : proc_.files.List(FolderOf(proc_))) {
+    if (!name.starts_with(kPrefix) || !name.ends_with(kPlanFile)) continue;
+    name.resize(name.size() - kPlanFile.size());
+    if (!proc_.files.Exists(PathOf(name) + std::string(kReportFile))) open.push_back(name);
+  }
+  return open;
+}
+
+// "PLAN261122_083000"
+std::string PlanRun::TimeOf(const std::string& name) {
+  constexpr std::size_t length = 17;
+  if (name.size() < length) return name;
+  const auto part = [&name](std::size_t at) { return name.substr(at, 2); };
+  return "20" + part(4) + "-" + part(6) + "-" + part(8) + " " + part(11) + ":" + part(13) + ":" +
+         part(15);
+}
+
+std::size_t PlanRun::Count(PlanWord word) const {
+  return static_cast<std::size_t>(std::count_if(
+      lines_.begin(), lines_.end(), [word](const PlanLine& line) { return line.word == word; }));
+}
+
+// A second try does not mend what is stale or refused.
+bool PlanRun::HasEnded() const {
+  return lines_.size() == plan_.catalogues.size() && Count(PlanWord::Failed) == 0 &&
+         Count(PlanWord::Untried) == 0;
+}
+
+std::string PlanRun::Report(const std::string& headline) const {
+  std::string report = SeveralTitle(proc_.texts) + "\r\n" + headline + "\r\n";
+  for (const PlanLine& line : lines_) {
+    report += ResultOf(line, proc_.texts) + "\t" + line.node + "\t" +
+              CatalogueOf(line, proc_.texts) + "\t" + RemarkOf(line) + "\r\n";
+  }
+  return report;
+}
+
+std::string PlanRun::PathOf(const std::string& name) const {
+  return WithSeparator(FolderOf(proc_)) + name;
+}
+
+std::string PlanRun::StoreReport(const std::string& headline) {
+  const auto error = proc_.files.Write(PathOf(name_) + std::string(kReportFile), Report(headline));
+  return error ? FileMessage(proc_.texts, *error) : std::string();
+}
+
+std::string SeveralTitle(const LanguageTexts& texts) {
+  std::string title = texts.Text(text::kSeveralMenu);
+  std::erase(title, '&');
+  return title.substr(0, title.find("..."));
+}
+
+}  // namespace zek

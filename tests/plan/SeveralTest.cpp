@@ -1,0 +1,80 @@
+#include <gtest/gtest.h>
+#include <memory>
+
+#include "plan/ChangeEntry.h"
+#include "plan/PlanRun.h"
+#include "support/SessionPlayer.h"
+#include "text/Fields.h"
+
+namespace zek {
+namespace {
+
+// One change of several controls, as its window plays it. "entry
+// KIND;DAYS;FROM;START;TO;STOP;VALUE; STOPVALUE;TYPE" adds a change and shows it in words, or what
+// is wrong with it; "make NODE" plans the changes; "stop 500" cancels in so many milliseconds;
+// "restart" begins anew with the disk as it is; "keep", "drop", "open", "take", "give-up" and
+// "send" are those of `PlanRun`.
+class SeveralPlayer : public test::SessionPlayer {
+ protected:
+  std::string Do(const std::string& what, const std::string& rest) override {
+    if (what == "entry") return Enter(rest);
+    if (what == "restart") run_ = std::make_unique<PlanRun>(proc, [] {});
+    if (what == "stop")
+      turn.After(std::stoi(rest), [this] {
+        run_->Cancel();
+        proc.waits.Cancel();
+      });
+    if (what == "make") run_->Make(changes_, {rest});
+    if (what == "keep") return run_->Keep() + "kept";
+    if (what == "drop") run_->Drop();
+    if (what == "open") {
+      std::string open = "open:";
+      for (const std::string& name : run_->OpenPlans()) open += " " + PlanRun::TimeOf(name);
+      return open;
+    }
+    if (what == "take") return run_->Take(run_->OpenPlans().front()) + LinesOf();
+    if (what == "give-up") return run_->GiveUp(run_->OpenPlans().front()) + "given up";
+    if (what == "send") return test::Filled(run_->Send()) + LinesOf();
+    return what == "make" ? LinesOf() : SessionPlayer::Do(what, rest);
+  }
+
+ private:
+  std::string Enter(const std::string& fields) {
+    const auto field = [&fields](std::size_t at) { return std::string(GetField(fields, at, ";")); };
+    ChangeEntry entry;
+    entry.kind = static_cast<ChangeKind>(std::stoi(field(0)));
+    for (const char day : field(1)) entry.days.push_back(static_cast<std::size_t>(day - 'a'));
+    entry.firstDate = field(2);
+    entry.start = field(3);
+    entry.lastDate = field(4);
+    entry.stop = field(5);
+    entry.value = field(6);
+    entry.stopValue = field(7);
+    entry.type = static_cast<std::int16_t>(field(8).empty() ? 8 : std::stoi(field(8)));
+    const EnteredChange entered =
+        EnterChange(entry, {"TXI_1", {{"Dag", "20.5"}, {"Natt", "16"}}, 0}, proc.texts);
+    if (!entered.change)
+      return std::to_string(static_cast<int>(entered.wrong)) + ": " + test::Filled(entered.why);
+    changes_.push_back(*entered.change);
+    return ChangeInWords(*entered.change, proc.texts, '.');
+  }
+
+  std::string LinesOf() {
+    std::string shown;
+    for (const PlanLine& line : run_->Lines()) shown += "[" + Shown(line.Text()) + "]";
+    return shown + " of " + std::to_string(run_->Total()) + ", changed " +
+           std::to_string(run_->Changed()) + Told() + Got();
+  }
+
+  std::vector<ListedChange> changes_;
+  std::unique_ptr<PlanRun> run_ = std::make_unique<PlanRun>(proc, [] {});
+};
+
+TEST(Several, Cases) {
+  test::CheckCases("several.txt", [](const test::TextCase& given) {
+    return SeveralPlayer().PlayAll(given.given);
+  });
+}
+
+}  // namespace
+}  // namespace zek
