@@ -49,14 +49,15 @@ std::string Values(float on, float off, char separator) {
 
 class Words {
  public:
-  Words(const LanguageTexts& texts, char separator) : texts_(texts), separator_(separator) {}
+  Words(const LanguageTexts& texts, const SpecialDayNames& names, char separator)
+      : texts_(texts), names_(names), separator_(separator) {}
 
   std::string operator()(const CalendarChange& change) const {
     const bool gives = change.type != kNoDayType;
     std::string words = NameOf(gives ? ChangeKind::GiveType : ChangeKind::TakeType, texts_) + "  " +
                         DateIn(change.first);
     if (!(change.last == change.first)) words += kRange + DateIn(change.last);
-    return gives ? words + "  " + DayTypeCaption(change.type, texts_) : words;
+    return gives ? words + "  " + DayTypeCaption(change.type, texts_, names_) : words;
   }
 
   std::string operator()(const ExceptionChange& change) const {
@@ -80,6 +81,7 @@ class Words {
 
  private:
   const LanguageTexts& texts_;
+  const SpecialDayNames& names_;
   char separator_;
 };
 
@@ -90,8 +92,8 @@ std::string NameOf(ChangeKind kind, const LanguageTexts& texts) {
 }
 
 std::string ChangeInWords(const ListedChange& change, const LanguageTexts& texts,
-                          char decimalSeparator) {
-  return std::visit(Words(texts, decimalSeparator), change);
+                          const SpecialDayNames& names, char decimalSeparator) {
+  return std::visit(Words(texts, names, decimalSeparator), change);
 }
 
 std::string ResultOf(const PlanLine& line, const LanguageTexts& texts) {

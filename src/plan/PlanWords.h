@@ -5,6 +5,7 @@
 #include "lang/LanguageTexts.h"
 #include "plan/ChangeList.h"
 #include "plan/Plan.h"
+#include "settings/SpecialDayNames.h"
 
 // Plans and changes in the words of the program's language, windows-1252.
 namespace zek {
@@ -17,7 +18,7 @@ std::string NameOf(ChangeKind kind, const LanguageTexts& texts);
 
 /// "Undantag: lägg till  2026-12-24 08:00 .. 2026-12-26 17:00  21 / 16"
 std::string ChangeInWords(const ListedChange& change, const LanguageTexts& texts,
-                          char decimalSeparator);
+                          const SpecialDayNames& names, char decimalSeparator);
 
 /// What became of a catalogue: "klar".
 std::string ResultOf(const PlanLine& line, const LanguageTexts& texts);

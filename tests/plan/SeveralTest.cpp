@@ -56,7 +56,7 @@ class SeveralPlayer : public test::SessionPlayer {
     if (!entered.change)
       return std::to_string(static_cast<int>(entered.wrong)) + ": " + test::Filled(entered.why);
     changes_.push_back(*entered.change);
-    return ChangeInWords(*entered.change, proc.texts, '.');
+    return ChangeInWords(*entered.change, proc.texts, {}, '.');
   }
 
   std::string LinesOf() {

@@ -20,7 +20,10 @@ constexpr const char* kValue = "-1234.567 ";
 }  // namespace
 
 ChangesPanel::ChangesPanel(wxWindow* parent, const ZV_Proc& proc, std::function<void()> changed)
-    : wxPanel(parent), proc_(proc), changed_(std::move(changed)) {
+    : wxPanel(parent),
+      proc_(proc),
+      changed_(std::move(changed)),
+      dayNames_(ReadSpecialDayNames(proc.profile, {})) {
   Build();
   ShowKind();
   ShowChanges(0);
@@ -61,7 +64,7 @@ wxSizer* ChangesPanel::Days() {
   for (std::size_t day = 0; day < Check_Day.size(); ++day) {
     auto*& box = Check_Day.at(day);
     box = new wxCheckBox(this, wxID_ANY,
-                         ToWx(DayTypeCaption(static_cast<int>(day) + 1, proc_.texts)));
+                         ToWx(DayTypeCaption(static_cast<int>(day) + 1, proc_.texts, dayNames_)));
     box->SetName("Check_Day" + std::to_string(day));
     days->Add(box);
     parts_.emplace_back(ChangeField::Days, box);
@@ -78,7 +81,6 @@ EntryBox* ChangesPanel::NewBox(const char* name, const char* widest, std::int32_
   boxes_[field] = box;
   parts_.emplace_back(field, label);
   parts_.emplace_back(field, box);
-  GetSizer();
   return box;
 }
 
@@ -94,7 +96,7 @@ wxSizer* ChangesPanel::Boxes() {
   Choice_DayType->SetName("Choice_DayType");
   SetAccessibleName(*Choice_DayType, label->GetLabel());
   for (int type = 1; type <= kCalendarDayTypes; ++type)
-    Choice_DayType->Append(ToWx(DayTypeCaption(type, proc_.texts)));
+    Choice_DayType->Append(ToWx(DayTypeCaption(type, proc_.texts, dayNames_)));
   Choice_DayType->SetSelection(kFirstSpecialDay - 1);
   parts_.emplace_back(ChangeField::Type, label);
   parts_.emplace_back(ChangeField::Type, Choice_DayType);
@@ -199,7 +201,7 @@ void ChangesPanel::Mark(ChangeField field, const std::string& why) {
 void ChangesPanel::ShowChanges(std::size_t selected) {
   wxArrayString items;
   for (const ListedChange& change : changes_)
-    items.Add(ToWx(ChangeInWords(change, proc_.texts, proc_.settings.DecimalSeparator)));
+    items.Add(ToWx(ChangeInWords(change, proc_.texts, dayNames_, proc_.settings.DecimalSeparator)));
   List_Changes->Set(items);
   if (!changes_.empty())
     List_Changes->SetSelection(static_cast<int>(std::min(selected, changes_.size() - 1)));

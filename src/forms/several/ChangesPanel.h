@@ -17,6 +17,7 @@
 #include "app/ZV_Proc.h"
 #include "formats/WeekdayTable.h"
 #include "plan/ChangeEntry.h"
+#include "settings/SpecialDayNames.h"
 #include "ui/EntryBox.h"
 
 namespace zek {
@@ -52,6 +53,7 @@ class ChangesPanel final : public wxPanel {
 
   const ZV_Proc& proc_;
   std::function<void()> changed_;
+  SpecialDayNames dayNames_;  // of all objects
   PickList names_;
   std::vector<ListedChange> changes_;
   wxChoice* Choice_Change = nullptr;

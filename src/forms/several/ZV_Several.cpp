@@ -4,7 +4,6 @@
 #include <memory>
 
 #include <wx/button.h>
-#include <wx/dialog.h>
 #include <wx/filedlg.h>
 #include <wx/simplebook.h>
 #include <wx/sizer.h>
@@ -21,6 +20,7 @@
 #include "lang/TextNumbers.h"
 #include "plan/PlanRun.h"
 #include "plan/PlanWords.h"
+#include "ui/FormDialog.h"
 #include "ui/Forms.h"
 #include "ui/InputBlock.h"
 #include "ui/Pictures.h"
@@ -39,11 +39,12 @@ enum Step : int { kWho, kWhat, kPlan };
 
 bool CanSend(const ZV_Proc& proc) { return !proc.settings.ViewOnly && !proc.settings.LocalMode; }
 
-class SeveralForm final : public wxDialog {
+class SeveralForm final : public FormDialog {
  public:
   SeveralForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, PlanRun& run)
-      : wxDialog(parent, wxID_ANY, ToWx(SeveralTitle(proc.texts)), wxDefaultPosition, wxDefaultSize,
-                 wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX, "ZV_Several"),
+      : FormDialog(parent, wxID_ANY, ToWx(SeveralTitle(proc.texts)), wxDefaultPosition,
+                   wxDefaultSize, wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX,
+                   "ZV_Several"),
         proc_(proc),
         turn_(turn),
         run_(run),
