@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kPadding = 4;
 constexpr int kFrame = 3;
-constexpr int kRowPadding = 3;
+constexpr int kRowPadding = 2;    // the weekday editor must fit on a screen of 800 x 600
 constexpr int kMostOfLabels = 3;  // their share of the width: a third at most
 constexpr int kSmallest = 6;      // of a bar without length
 constexpr int kMinutesOfHour = 60;

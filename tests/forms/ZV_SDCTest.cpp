@@ -105,6 +105,31 @@ TEST_F(CalendarFormTest, ByMouse) {
   ExpectChristmasWithoutBoxingDay();
 }
 
+// Given up by Escape, then to the end.
+TEST_F(CalendarFormTest, HeldBeyondTheEdgeTheMouseTurnsThePage) {
+  Run({{InEditor, [this] {
+          Turn(december, [] { Click(*Shown("Option_Month11")); });
+          Choose("Option_Day8");
+          wxUIActionSimulator mouse;
+          const wxRect grid = Shown("Picture_Days")->GetScreenRect();
+          const auto dragOn = [&] {
+            mouse.MouseMove(PlaceOf(31, 11, ThisYear()));
+            mouse.MouseDown();
+            Turn(january, [&] { mouse.MouseMove(grid.x + 9, grid.GetBottom() + 9); });
+          };
+          dragOn();
+          Turn(december, Escape);
+          mouse.MouseUp();
+          dragOn();
+          mouse.MouseMove(PlaceOf(2, 0, ThisYear() + 1));
+          mouse.MouseUp();
+          Pump(50);
+          Press('S', wxMOD_CONTROL);
+        }}});
+  EXPECT_EQ(PlantLines().at(1000).substr(7, 20), Date("31-DEC") + ".." + Date("02-JAN", 1));
+  EXPECT_EQ(PlantLines().size(), 1U);
+}
+
 TEST_F(CalendarFormTest, ByKeyboardAndFetchedAgain) {
   const auto press = [](std::initializer_list<int> keys, int modifiers = 0) {
     for (const int key : keys) Press(key, modifiers);
