@@ -68,10 +68,11 @@ class Program final : public wxApp {
     DiskFiles files;
     const Folders folders = FoldersOf(files, ExecutableDirectory(), line_.dir);
     const bool attended = !line_.tour && !line_.demo && !IsUnattended(line_);
+    LanguageTexts firstTexts;
     if (attended && !line_.ini && IsNew(files, folders)) {
-      const LanguageTexts texts = FirstTexts(files, folders);
-      prompts_.Speak(texts);
-      if (!FirstStart(files, folders, {texts, prompts_})) return kFailed;
+      firstTexts = FirstTexts(files, folders);
+      prompts_.Speak(firstTexts);
+      if (!FirstStart(files, folders, {firstTexts, prompts_})) return kFailed;
     }
     std::string programPath = folders.data;
     if (const std::string complaint = Complaint(line_, programPath); !complaint.empty()) {

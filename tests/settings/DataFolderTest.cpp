@@ -8,7 +8,7 @@ namespace {
 
 TEST(DataFolder, TheMarkerPointsToIt) {
   const struct {
-    const char* marker;  // null: none
+    const char* marker = nullptr;  // none
     std::optional<std::string> dir;
     Folders folders;
   } cases[] = {
