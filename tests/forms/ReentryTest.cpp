@@ -220,7 +220,6 @@ const std::vector<Wait> kWaits = {
 struct Action {
   const char* name;
   std::function<void()> act;
-  bool endsAll = false;  // every window must close by itself
 };
 
 const std::vector<Action> kActions = {
@@ -230,8 +229,7 @@ const std::vector<Action> kActions = {
     {"end the session",
      [] {
        for (const char* form : kForms) CloseForm(form, true);
-     },
-     true},
+     }},
     {"end it from the main window", [] { CloseForm("ZV_Main", true); }},
     {"Escape", Escape},
     {"F5", [] { Press(WXK_F5); }},
@@ -291,13 +289,11 @@ std::string Played(const Wait& wait, const Action& action) {
   When([&] { return wait.reached(world); },
        [&] {
          acted = true;
-         if (!action.endsAll) CloseAll(main);
+         CloseAll(main);
          action.act();
        });
   wait.begin(world);
   const bool closed = PumpUntil([&] { return !main; });
-  if (!closed) CloseAll(main);
-  if (!closed) PumpUntil([&] { return !main; });
   Pump(20);  // pending events find no window
   EXPECT_TRUE(acted);
   return FaultOf(world, closed);
