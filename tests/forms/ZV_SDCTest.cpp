@@ -174,6 +174,21 @@ TEST_F(CalendarFormTest, HolidaysArePreviewedAndTaken) {
   EXPECT_NE(lines.find(Date("25-DEC") + ".." + Date("26-DEC")), std::string::npos) << lines;
 }
 
+// The window above goes first; `Run` returns when the editor has ended, too.
+TEST_F(CalendarFormTest, EndedBelowAnotherWindowItEndsAfterIt) {
+  for (const char* const above : {"Command_Holidays", "Command_Findings"}) {
+    const std::string window =
+        above == std::string("Command_Holidays") ? "ZV_Import" : "ZV_Findings";
+    Run({{InEditor, [above] { Click(*Shown(above)); }},
+         {[window] { return IsActive(window); },
+          [] {
+            Shown("ZV_SDC")->Close(true);
+            Escape();
+          }}});
+    EXPECT_EQ(Shown("ZV_SDC"), nullptr) << above;
+  }
+}
+
 TEST_F(CalendarFormTest, TheTypeAndTheFramesHaveKeys) {
   Run({{InEditor, [this] {
           Press('D', wxMOD_ALT);
