@@ -114,7 +114,7 @@ class SeveralForm final : public wxDialog {
     SetSizer(whole);
     SetMinSize(whole->GetMinSize());
     SetSize(FromDIP(wxSize(kWidth, kHeight)));
-    plan_->ShowActions(false);
+    plan_->ShowActions(PlanPanel::Waits::User);
     ShowSteps();
   }
 
@@ -178,19 +178,16 @@ class SeveralForm final : public wxDialog {
             if (alive) alive->CancelPlan();
           },
           &plan_->CancelButton());
-      CallAfter([this] {
-        plan_->ShowActions(false);
-        plan_->CancelButton().SetFocus();
-        ShowProgress();
-        ShowSteps();
-      });
+      plan_->ShowActions(PlanPanel::Waits::Transfer);
+      plan_->CancelButton().SetFocus();
+      for (wxButton* const step : {Command_Back, Command_Next}) step->Disable();
       work();
       if (!alive) return false;
       close = block.CloseRequested() || turn_.Quitting();
     }
     Command_Close->Enable();
     plan_->ShowLines();
-    plan_->ShowActions(false);
+    plan_->ShowActions(PlanPanel::Waits::User);
     ShowSteps();
     plan_->Enter();
     if (close) EndModal(wxID_CANCEL);
@@ -247,7 +244,7 @@ class SeveralForm final : public wxDialog {
       return proc_.prompts.Show(Icon::Exclamation, why, SeveralTitle(proc_.texts));
     startAt_ = at;
     Timer_Start.Begin(kTimerMs);
-    plan_->ShowActions(true);
+    plan_->ShowActions(PlanPanel::Waits::Start);
     plan_->CancelButton().SetFocus();
     ShowSteps();
     OnTick();
@@ -273,7 +270,7 @@ class SeveralForm final : public wxDialog {
   void EndWait() {
     Timer_Start.Stop();
     startAt_.reset();
-    plan_->ShowActions(false);
+    plan_->ShowActions(PlanPanel::Waits::User);
     ShowSteps();
   }
 
@@ -317,7 +314,7 @@ class SeveralForm final : public wxDialog {
       if (answer != Answer::Yes || !damaged.empty()) continue;
       GoTo(kPlan);
       plan_->ShowLines();
-      plan_->ShowActions(false);
+      plan_->ShowActions(PlanPanel::Waits::User);
       return ShowPlanned();
     }
     run_.Clear();
