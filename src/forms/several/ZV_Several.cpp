@@ -107,7 +107,9 @@ class SeveralForm final : public wxDialog {
     commands->Add(Command_Back, 0, wxRIGHT, gap);
     commands->Add(Command_Next, 0, wxRIGHT, gap);
     commands->AddStretchSpacer();
-    Command_Close = new wxButton(this, wxID_CANCEL, Text(text::kBrowserClose));
+    // Escape closes; a letter would be that of "Starta nu".
+    Command_Close =
+        new wxButton(this, wxID_CANCEL, wxControl::RemoveMnemonics(Text(text::kBrowserClose)));
     commands->Add(Command_Close);
     SetEscapeId(wxID_CANCEL);
     whole->Add(commands, 0, wxEXPAND | wxALL, gap);
