@@ -118,7 +118,7 @@ void PlanRun::Clear() {
 
 std::vector<std::string> PlanRun::OpenPlans() const {
   std::vector<std::string> open;
-  for (std::string name : proc_.files.List(FolderOf(proc_))) {
+  for (std::string name : proc_.files.List(PathOf({}))) {
     if (!name.starts_with(kPrefix) || !name.ends_with(kPlanFile)) continue;
     name.resize(name.size() - kPlanFile.size());
     if (!proc_.files.Exists(PathOf(name) + std::string(kReportFile))) open.push_back(name);

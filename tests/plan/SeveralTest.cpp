@@ -32,13 +32,18 @@ class SeveralPlayer : public test::SessionPlayer {
       for (const std::string& name : run_->OpenPlans()) open += " " + PlanRun::TimeOf(name);
       return open;
     }
-    if (what == "take") return run_->Take(run_->OpenPlans().front()) + LinesOf();
-    if (what == "give-up") return run_->GiveUp(run_->OpenPlans().front()) + "given up";
-    if (what == "send") return test::Filled(run_->Send()) + LinesOf();
+    if (what == "take") return After(run_->Take(Open()));
+    if (what == "give-up") return run_->GiveUp(Open()) + "given up";
+    if (what == "send") return After(run_->Send());
     return what == "make" ? LinesOf() : SessionPlayer::Do(what, rest);
   }
 
  private:
+  std::string Open() const {
+    const std::vector<std::string> open = run_->OpenPlans();
+    return open.empty() ? "none" : open.front();
+  }
+
   std::string Enter(const std::string& fields) {
     const auto field = [&fields](std::size_t at) { return std::string(GetField(fields, at, ";")); };
     ChangeEntry entry;
@@ -59,6 +64,7 @@ class SeveralPlayer : public test::SessionPlayer {
     return ChangeInWords(*entered.change, proc.texts, {}, '.');
   }
 
+  std::string After(const std::string& why) { return test::Filled(why) + LinesOf(); }
   std::string LinesOf() {
     std::string shown;
     for (const PlanLine& line : run_->Lines()) shown += "[" + Shown(line.Text()) + "]";

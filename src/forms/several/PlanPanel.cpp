@@ -56,14 +56,14 @@ void PlanPanel::Build(const Actions& actions) {
   auto* const whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(Label_State, 0, wxEXPAND | wxBOTTOM, gap);
   whole->Add(List_Plan, 1, wxEXPAND | wxBOTTOM, gap);
-  whole->Add(Gauge_Plan, 0, wxEXPAND | wxBOTTOM, gap);
   whole->Add(Commands(actions), 0, wxEXPAND);
   SetSizer(whole);
 }
 
 wxSizer* PlanPanel::Commands(const Actions& actions) {
   const int gap = FromDIP(kGap);
-  auto* const row = new wxBoxSizer(wxHORIZONTAL);
+  auto* const starts = new wxBoxSizer(wxHORIZONTAL);
+  auto* row = starts;
   const auto button = [&](const char* name, std::int32_t caption,
                           const std::function<void()>& act) {
     auto* const command = new wxButton(this, wxID_ANY, ToWx(proc_.Text(caption)));
@@ -91,10 +91,14 @@ wxSizer* PlanPanel::Commands(const Actions& actions) {
       },
       {}, false);
   Text_StartClock = box("Text_StartClock", "00:00 ", "");
-  row->AddStretchSpacer();
+  row = new wxBoxSizer(wxHORIZONTAL);
+  row->Add(Gauge_Plan, 1, wxALIGN_CENTER_VERTICAL | wxRIGHT | wxRESERVE_SPACE_EVEN_IF_HIDDEN, gap);
   Command_SaveReport = button("Command_SaveReport", text::kSeveralSaveReport, actions.saveReport);
   Command_CancelPlan = button("Command_CancelPlan", text::kCancelTransfer, actions.cancel);
-  return row;
+  auto* const both = new wxBoxSizer(wxVERTICAL);
+  both->Add(starts, 0, wxEXPAND | wxBOTTOM, gap);
+  both->Add(row, 0, wxEXPAND);
+  return both;
 }
 
 void PlanPanel::ShowLines() {
@@ -127,17 +131,16 @@ void PlanPanel::ShowState(const std::string& state) {
 
 std::string PlanPanel::State() const { return FromWx(Label_State->GetLabel()); }
 
-void PlanPanel::ShowActions(bool waiting) {
-  const bool busy = run_.IsBusy();
+void PlanPanel::ShowActions(Waits waits) {
+  const bool free = waits == Waits::User;
   const bool maySend =
-      run_.CanSend() && !waiting && !proc_.settings.ViewOnly && !proc_.settings.LocalMode;
+      free && run_.CanSend() && !proc_.settings.ViewOnly && !proc_.settings.LocalMode;
   for (wxWindow* const part : std::initializer_list<wxWindow*>{Command_Start, Command_StartLater,
                                                                Text_StartDate, Text_StartClock})
     part->Enable(maySend);
-  Command_SaveReport->Enable(!busy && !run_.Lines().empty());
-  Command_CancelPlan->Enable(busy || waiting);
-  Gauge_Plan->Show(busy);
-  Layout();
+  Command_SaveReport->Enable(free && !run_.Lines().empty());
+  Command_CancelPlan->Enable(!free);
+  Gauge_Plan->Show(waits == Waits::Transfer);
 }
 
 std::optional<LocalTime> PlanPanel::ChosenTime() {

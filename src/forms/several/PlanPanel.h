@@ -33,8 +33,9 @@ class PlanPanel final : public wxPanel {
   /// Says how it stands; while it is made or sent also how far it has come.
   void ShowState(const std::string& state);
   std::string State() const;
-  /// `waiting`: for the chosen time.
-  void ShowActions(bool waiting);
+  /// What it waits for: the user, the chosen time, or the end of a transfer.
+  enum class Waits { User, Start, Transfer };
+  void ShowActions(Waits waits);
 
   /// The chosen time, or nothing, after it was marked, if it is none or in the past.
   std::optional<LocalTime> ChosenTime();

@@ -108,14 +108,16 @@ class SeveralForm final : public FormDialog {
     commands->Add(Command_Back, 0, wxRIGHT, gap);
     commands->Add(Command_Next, 0, wxRIGHT, gap);
     commands->AddStretchSpacer();
-    Command_Close = new wxButton(this, wxID_CANCEL, Text(text::kBrowserClose));
+    // Escape closes; a letter would be that of "Starta nu".
+    Command_Close =
+        new wxButton(this, wxID_CANCEL, wxControl::RemoveMnemonics(Text(text::kBrowserClose)));
     commands->Add(Command_Close);
     SetEscapeId(wxID_CANCEL);
     whole->Add(commands, 0, wxEXPAND | wxALL, gap);
     SetSizer(whole);
     SetMinSize(whole->GetMinSize());
     SetSize(FromDIP(wxSize(kWidth, kHeight)));
-    plan_->ShowActions(false);
+    plan_->ShowActions(PlanPanel::Waits::User);
     ShowSteps();
   }
 
@@ -179,19 +181,16 @@ class SeveralForm final : public FormDialog {
             if (alive) alive->CancelPlan();
           },
           &plan_->CancelButton());
-      CallAfter([this] {
-        plan_->ShowActions(false);
-        plan_->CancelButton().SetFocus();
-        ShowProgress();
-        ShowSteps();
-      });
+      plan_->ShowActions(PlanPanel::Waits::Transfer);
+      plan_->CancelButton().SetFocus();
+      for (wxButton* const step : {Command_Back, Command_Next}) step->Disable();
       work();
       if (!alive) return false;
       close = block.CloseRequested() || turn_.Quitting();
     }
     Command_Close->Enable();
     plan_->ShowLines();
-    plan_->ShowActions(false);
+    plan_->ShowActions(PlanPanel::Waits::User);
     ShowSteps();
     plan_->Enter();
     if (close) EndModal(wxID_CANCEL);
@@ -248,7 +247,7 @@ class SeveralForm final : public FormDialog {
       return proc_.prompts.Show(Icon::Exclamation, why, SeveralTitle(proc_.texts));
     startAt_ = at;
     Timer_Start.Begin(kTimerMs);
-    plan_->ShowActions(true);
+    plan_->ShowActions(PlanPanel::Waits::Start);
     plan_->CancelButton().SetFocus();
     ShowSteps();
     OnTick();
@@ -274,7 +273,7 @@ class SeveralForm final : public FormDialog {
   void EndWait() {
     Timer_Start.Stop();
     startAt_.reset();
-    plan_->ShowActions(false);
+    plan_->ShowActions(PlanPanel::Waits::User);
     ShowSteps();
   }
 
@@ -318,7 +317,7 @@ class SeveralForm final : public FormDialog {
       if (answer != Answer::Yes || !damaged.empty()) continue;
       GoTo(kPlan);
       plan_->ShowLines();
-      plan_->ShowActions(false);
+      plan_->ShowActions(PlanPanel::Waits::User);
       return ShowPlanned();
     }
     run_.Clear();
