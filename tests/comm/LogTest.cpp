@@ -23,6 +23,8 @@ class LogPlayer : public test::TestSession {
     std::getline(words, text);
     const auto number = std::atoll(text.c_str());
     if (what == "add") proc.log.Add(text);
+    if (what == "connect") proc.connection.Connect(1);
+    if (what == "say") socket.SayNow(text);
     if (what == "sent") proc.log.AddSent(text);
     for (auto i = 0; what == "many" && i < number; ++i)
       proc.log.Add(std::to_string(i) + text.substr(text.find(' ') + 1));
