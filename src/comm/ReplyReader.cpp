@@ -64,7 +64,7 @@ void ReplyReader::ReadLines(std::string_view text, ReplyEvents& events) {
   if (text.empty()) return;
   const bool begins = ReplyBuffer.empty();
   Keep(text, events);
-  if (begins) events.OnLineBegun();
+  if (begins && !ReplyBuffer.empty()) events.OnLineBegun();
 }
 
 void ReplyReader::EndLine(std::string_view line, bool stray, ReplyEvents& events) {
