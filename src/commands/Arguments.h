@@ -14,8 +14,8 @@ inline constexpr const char* kUndoAction = "undo";
 
 /// The command line: options of the program, then a command with its operands and options.
 struct Arguments {
-  std::optional<std::string> dir;  // --dir, UTF-8
-  std::optional<std::string> ini;  // --ini
+  std::optional<std::string> dir;      // --dir, UTF-8
+  std::optional<std::string> ini;      // --ini
   std::optional<std::string> session;  // --session: the file of the log
   std::string command;
   std::vector<std::string> operands;  // UTF-8
