@@ -160,7 +160,7 @@ bool Connection::AwaitAllSent() {
 void Connection::OnLinkText(std::string_view bytes) {
   Link& link = CurrentLink();
   secret_ = link.Secret();
-  arrival_.reset();
+  timed_ = false;
   const TextLoss loss =
       link.Receive(bytes, [this](std::string_view text) { reader_.HandleReplyText(text, *this); });
   if (loss == TextLoss::Dropped) OnTextDropped();
@@ -190,20 +190,20 @@ void Connection::OnReplyLine(std::string_view line) {
     p_.status.Dot();
     p_.transfer.TakeReplyLine(line, p_.countdowns, p_.settings.GetTSCTimeoutTicks);
   }
-  const LocalTime since = lineBegan_ ? *std::exchange(lineBegan_, {}) : Arrival();
+  if (!timed_ || lineBegan_) TimeLine();
   if (secret_.empty()) {
-    p_.log.Add(line, since);
+    p_.log.AddReply(line);
   } else {
-    p_.log.Add(WithoutSecret(line, secret_), since);
+    p_.log.AddReply(WithoutSecret(line, secret_));
   }
 }
 
-void Connection::OnLineBegun() { lineBegan_ = Arrival(); }
+void Connection::OnLineBegun() { lineBegan_ = p_.log.Now(); }
 
-// Asking the clock for each line, or each character, would cost more than reading it.
-const LocalTime& Connection::Arrival() {
-  if (!arrival_) arrival_ = p_.log.Now();
-  return *arrival_;
+// Once for all lines of a text, except for one that began in an earlier text.
+void Connection::TimeLine() {
+  timed_ = !lineBegan_;
+  p_.log.SetTime(timed_ ? p_.log.Now() : *std::exchange(lineBegan_, std::nullopt));
 }
 
 void Connection::OnTextDropped() {

@@ -106,7 +106,7 @@ class Connection final : private LinkEvents, private ReplyEvents {
   void TextLost();
   bool Write(std::string_view command);
   void LogSent(std::string_view command);
-  const LocalTime& Arrival();
+  void TimeLine();
   void AwaitFirstLine(const Attempt& command);
   void TickIdle();
   Link& CurrentLink() const { return links_.To(CurrentAddress); }
@@ -128,7 +128,7 @@ class Connection final : private LinkEvents, private ReplyEvents {
   Links links_;
   ReplyReader reader_;
   std::string secret_;                  // what the log must not show of the text that is being read
-  std::optional<LocalTime> arrival_;    // of that text; taken only when a line needs it
+  bool timed_ = false;                  // the log knows when that text came
   std::optional<LocalTime> lineBegan_;  // the unfinished line
   Steps steps_;                         // left of opening or closing a link
   std::int16_t connecting_ = -1;  // index of the topic whose connect has no outcome yet; else -1

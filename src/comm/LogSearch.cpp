@@ -29,7 +29,7 @@ void LogSearch::Update() {
   }
 }
 
-std::optional<std::uint64_t> LogSearch::Go(Hits::const_iterator to) {
+std::optional<std::uint64_t> LogSearch::Go(const Hits::const_iterator& to) {
   if (hits_.empty()) return std::nullopt;
   current_ = to == hits_.end() ? hits_.front() : *to;
   return current_;

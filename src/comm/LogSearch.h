@@ -39,7 +39,7 @@ class LogSearch {
 
  private:
   using Hits = std::deque<std::uint64_t>;
-  std::optional<std::uint64_t> Go(Hits::const_iterator to);
+  std::optional<std::uint64_t> Go(const Hits::const_iterator& to);
 
   const ReplyLog& log_;
   std::string what_;

@@ -11,7 +11,7 @@ std::string TimeBefore(const LocalTime& since) {
 std::string LogLine(const ReplyLog& log, std::uint64_t number, bool times) {
   if (number < log.First() || number >= log.End()) return {};
   const auto index = static_cast<std::size_t>(number - log.First());
-  return (times ? TimeBefore(log.Times()[index]) : std::string()) + log.Lines()[index];
+  return (times ? TimeBefore(log.Since(number)) : std::string()) + log.Lines()[index];
 }
 
 std::string LogText(const ReplyLog& log, std::uint64_t first, std::uint64_t end, bool times,

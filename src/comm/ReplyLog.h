@@ -27,10 +27,13 @@ class ReplyLog {
   /// The clock for lines that are added without a time.
   Clock Now = SystemTime;
 
-  /// Adds a reply line. It shows characters below 32 as "<" code ">", all others unchanged. `since`
-  /// is when its first character came.
-  void Add(std::string_view line, const LocalTime& since);
-  void Add(std::string_view line) { Add(line, Now()); }
+  /// Adds a line. It shows characters below 32 as "<" code ">", all others unchanged.
+  void Add(std::string_view line) { SetTime(Now()), AddReply(line); }
+
+  /// The same for one of many lines: its time is that of the last `SetTime`, since a clock for each
+  /// line of a flood would cost more than the line.
+  void AddReply(std::string_view line);
+  void SetTime(const LocalTime& since);
 
   /// Adds a command that was sent, behind `kSentMark`. It is not echoed.
   void AddSent(std::string_view command);
@@ -44,8 +47,8 @@ class ReplyLog {
   /// sorts them and replaces their control characters.
   const std::vector<std::string>& Lines() const;
 
-  /// The times of these lines; year 0 of a line without one.
-  const std::vector<LocalTime>& Times() const { return Lines(), times_; }
+  /// When the first character of that line came; year 0 of a line without a time.
+  LocalTime Since(std::uint64_t number) const;
 
   /// The number of calls of `Add` and of `Replace`. A view finds from them the lines that it has
   /// not shown yet.
@@ -58,12 +61,18 @@ class ReplyLog {
   std::uint64_t End() const { return end_; }
 
  private:
-  void AddLine(std::string_view line, const LocalTime& since);
+  // The lines from a number on came at that time.
+  struct Times {
+    std::uint64_t from = 0;
+    LocalTime since;
+  };
+
+  void AddLine(std::string_view line);
 
   mutable std::vector<std::string> lines_;
-  mutable std::vector<LocalTime> times_;  // of the lines
-  mutable std::size_t first_ = 0;         // index of the oldest line
-  mutable std::size_t raw_ = 0;  // number of newest lines with control characters not replaced
+  mutable std::size_t first_ = 0;  // index of the oldest line
+  mutable std::size_t raw_ = 0;    // number of newest lines with control characters not replaced
+  std::vector<Times> times_;       // in their order
   std::uint64_t end_ = 0;
   std::uint64_t added_ = 0;
   std::uint64_t replaced_ = 0;

@@ -62,8 +62,9 @@ void ReplyReader::ReadLines(std::string_view text, ReplyEvents& events) {
     text.remove_prefix(end + 1);
   }
   if (text.empty()) return;
-  if (ReplyBuffer.empty()) events.OnLineBegun();
+  const bool begins = ReplyBuffer.empty();
   Keep(text, events);
+  if (begins && !ReplyBuffer.empty()) events.OnLineBegun();
 }
 
 void ReplyReader::EndLine(std::string_view line, bool stray, ReplyEvents& events) {

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sstream>
 
 #include "comm/LogPlace.h"
 #include "comm/LogSearch.h"
@@ -16,13 +15,13 @@ namespace {
 class LogPlayer : public test::TestSession {
  public:
   std::string Play(const std::string& line) {
-    std::istringstream words(line);
-    std::string what;
-    std::string text;
-    words >> what >> std::ws;
-    std::getline(words, text);
+    const std::size_t blank = std::min(line.find(' '), line.size());
+    const std::string what = line.substr(0, blank);
+    const std::string text = line.substr(std::min(blank + 1, line.size()));
     const auto number = std::atoll(text.c_str());
     if (what == "add") proc.log.Add(text);
+    if (what == "connect") proc.connection.Connect(1);
+    if (what == "say") socket.SayNow(text);
     if (what == "sent") proc.log.AddSent(text);
     for (auto i = 0; what == "many" && i < number; ++i)
       proc.log.Add(std::to_string(i) + text.substr(text.find(' ') + 1));
