@@ -12,12 +12,12 @@ namespace {
 
 constexpr const char* kParagraph = "\r\n\r\n";
 
-bool WantsOlder(const Folders& folders, const Messages& toUser) {
-  return toUser.prompts.AskYesNo(
+Answer AskForOlder(const Folders& folders, const Messages& toUser) {
+  return toUser.prompts.AskThree(
       Icon::Question,
       toUser.Text(text::kTakeOverAsk, {Windows1252FromUtf8(folders.data)}) + kParagraph +
           toUser.Text(text::kTakeOverChoice),
-      {});
+      {}, {toUser.Text(text::kYes), toUser.Text(text::kNo), toUser.Text(text::kCancelTransfer)});
 }
 
 // Returns true, after a message, if all was copied.
@@ -67,7 +67,9 @@ bool PrepareDataFolder(Files& files, const Folders& folders, const Messages& toU
     toUser.prompts.Show(Icon::Exclamation, NotWritableMessage(toUser.texts, *problem));
     return false;
   }
-  while (WantsOlder(folders, toUser)) {
+  for (Answer answer = AskForOlder(folders, toUser); answer != Answer::No;
+       answer = AskForOlder(folders, toUser)) {
+    if (answer == Answer::Cancel) return false;
     const std::string older = choose();
     if (!older.empty() && TakeOver(files, older, folders, toUser)) return true;
   }

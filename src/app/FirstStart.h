@@ -17,8 +17,8 @@ std::string NotWritableMessage(const LanguageTexts& texts, const FileError& prob
 LanguageTexts FirstTexts(Files& files, const Folders& folders);
 
 /// Gives a new data folder its settings: offers to take over an older folder, which `choose` lets
-/// the user choose ("": none after all), or begins afresh. Returns false, after a message, if the
-/// folder still has no settings, because it can't be written.
+/// the user choose ("": none after all), or begins afresh. Returns false if the folder still has no
+/// settings: after a message because it can't be written, or because the user cancelled.
 bool PrepareDataFolder(Files& files, const Folders& folders, const Messages& toUser,
                        const std::function<std::string()>& choose);
 

@@ -20,7 +20,7 @@ namespace zek {
 std::string Complaint(const CommandLine& line, const std::string& programPath);
 
 /// Gives the new data folder of an installed program its settings, see `PrepareDataFolder`. Returns
-/// false, after a message, if the program must end.
+/// false if the program must end.
 bool FirstStart(Files& files, const Folders& folders, const Messages& toUser);
 
 /// Starts the session of the desktop program: asks for the language, allows one instance only, uses

@@ -23,6 +23,7 @@ TEST(FirstStart, OffersAnOlderFolder) {
        false,
        {asked, asked, "x T501\r\n\r\nT1317", asked},
        "shipped"},
+      {{true, Answer::Cancel}, {""}, false, {asked, asked}, ""},
       {{}, {}, true, {"x T501\r\n\r\nT1311"}, ""},
   };
   for (const auto& each : cases) {
@@ -36,7 +37,7 @@ TEST(FirstStart, OffersAnOlderFolder) {
     std::size_t next = 0;
     const bool ready = PrepareDataFolder(files, {"/data/", "/bin/", "", false}, {texts, prompts},
                                          [&] { return each.chosen.at(next++); });
-    EXPECT_EQ(ready, !each.full);
+    EXPECT_EQ(ready, !each.settings.empty());
     EXPECT_EQ(prompts.shown, each.shown);
     EXPECT_EQ(files.files["/data/ZEKView.INI"], each.settings);
   }
