@@ -115,6 +115,9 @@ void DayGrid::BindEvents() {
   Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { StopDrag(); });
   // Not the style wxWANTS_CHARS, with which Windows keeps Alt and a letter from the buttons.
   Bind(wxEVT_CHAR_HOOK, &DayGrid::OnKey, this);
+  // While the mouse is captured, some systems send only this.
+  Bind(wxEVT_KEY_DOWN,
+       [this](wxKeyEvent& event) { event.Skip(event.GetKeyCode() != WXK_ESCAPE || !StopDrag()); });
   const auto onFocus = [this](wxFocusEvent& event) {
     Refresh();
     event.Skip();

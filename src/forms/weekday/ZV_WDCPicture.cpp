@@ -34,6 +34,9 @@ WeekPicture::WeekPicture(wxWindow* parent, WeekdayEditor& editor, SceneWords wor
     event.Skip(
         !((key == WXK_ESCAPE && GiveUp()) || (IsEnter(key) && TakeKey(key, event.GetModifiers()))));
   });
+  // While the mouse is captured, some systems send only this.
+  Bind(wxEVT_KEY_DOWN,
+       [this](wxKeyEvent& event) { event.Skip(event.GetKeyCode() != WXK_ESCAPE || !GiveUp()); });
   Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { GiveUp(); });
   Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
     GiveUp();
