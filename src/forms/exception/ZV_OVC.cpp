@@ -58,16 +58,19 @@ void ZV_OVC::Arrange() {
   const int gap = FromDIP(kGap);
   auto* const table = new wxStaticBoxSizer(Frame_OVC, wxVERTICAL);
   table->Add(grid_, 1, wxEXPAND | wxALL, gap);
+  auto* const lower = new wxBoxSizer(wxHORIZONTAL);
+  lower->Add(Command_Erase, 0, wxRIGHT, gap);
+  lower->Add(Command_CopyPaste);
+  lower->AddStretchSpacer();
+  lower->Add(FindingsButton());
   auto* const commands = new wxBoxSizer(wxHORIZONTAL);
-  commands->Add(Command_Erase, 0, wxRIGHT, gap);
-  commands->Add(Command_CopyPaste, 0, wxRIGHT, 3 * gap);
   commands->Add(undoAndRedo_, 0, wxRIGHT, 3 * gap);
   commands->AddStretchSpacer();
-  commands->Add(FindingsButton(), 0, wxRIGHT, 3 * gap);
   commands->Add(Command_Ok, 0, wxRIGHT, gap);
   commands->Add(Command_Cancel);
   auto* const whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(table, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
+  whole->Add(lower, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(commands, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   LayOut(whole);
 }
