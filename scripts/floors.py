@@ -20,6 +20,7 @@ picture          what applies, as a picture: a description, its words and colour
 comm             topics, links, connection, commands and replies
 catalogue        reading, sending and comparing catalogues; local copies; the object tree
 editors          the rules of the three editors and the pick-lists, without windows
+paste            copying and pasting: blocks of cells, rows, days, whole catalogues
 report           a report of time controls for reading and printing
 app              the session, what every program does when it starts, and lists of findings
 export           the batch export

@@ -10,6 +10,7 @@
 
 #include "editors/EditedCatalogue.h"
 #include "editors/Entry.h"
+#include "editors/ExceptionEntry.h"
 #include "editors/PickList.h"
 #include "editors/UndoHistory.h"
 #include "formats/ExceptionCells.h"
@@ -59,7 +60,8 @@ class ExceptionEditor {
   void FocusRow(std::size_t row);
 
   /// The names of a value box's values; no items for the other boxes.
-  const PickList& NamesOf(ExceptionBox box) const;
+  const PickList& NamesOf(ExceptionBox box) const { return rules_.NamesOf(box); }
+  const ExceptionRules& Rules() const { return rules_; }
 
   /// The text of a box; `ShownText` adds a value's name, for a box without the focus.
   std::string CellText(ExceptionFocus at) const;
@@ -67,17 +69,14 @@ class ExceptionEditor {
   /// Why a box is marked (text::kStopFirst to text::kNotInList), or 0.
   std::int32_t MarkOf(ExceptionFocus at) const;
 
-  /// The box that must be filled before `at`: the start date of an unused row; on a ZEK1, the stop
-  /// date before a stop time.
+  /// The box that must be filled before `at`.
   std::optional<ExceptionFocus> FirstBox(ExceptionFocus at) const;
 
-  /// Enters what was typed into a box (see `TypedExceptionDate`, `TypedExceptionTime`,
-  /// `TypedValue`), or returns why not; today or now takes the place of a wrong date or time. Does
-  /// nothing if another box comes first. An empty start date clears the row, empty stop boxes are
-  /// no stop, and an empty box has no value. A start date in an unused row begins a new entry: from
-  /// 00:00, and its stop follows the start until it is entered. On a ZEK1 an empty stop date is no
-  /// stop.
+  /// Enters what was typed into a box (see `EnterException`), or returns why not.
   std::optional<Refusal> Enter(ExceptionFocus at, std::string_view text);
+
+  /// Makes another table the catalogue, as one step at the current row.
+  void Replace(const ExceptionTable& table);
 
   /// Marks the current row as unused without changing its other fields, and makes the next one
   /// (after row 7, row 0) the current row. Returns it.
@@ -97,19 +96,11 @@ class ExceptionEditor {
   std::optional<ExceptionFocus> ShowPlace(const std::optional<ExceptionFocus>& place);
   const OvcRow& RowOf(ExceptionFocus at) const { return Table().rows.at(at.row); }
   std::int32_t TimeMark(std::size_t row) const;
-  template <class Edit>
-  void Change(ExceptionFocus at, Edit edit);
-  std::optional<Refusal> EnterDate(ExceptionFocus at, std::string_view text);
-  std::optional<Refusal> EnterTime(ExceptionFocus at, std::string_view text);
-  std::optional<Refusal> EnterValue(ExceptionFocus at, std::string_view text);
-  void EnterEmptyDate(ExceptionFocus at);
 
   std::vector<std::string> lines_;
   LineOwner owner_;
-  char decimalSeparator_;
-  PickList pickList_;
+  ExceptionRules rules_;
   Access access_;
-  Clock now_;
   UndoHistory<ExceptionTable, ExceptionFocus, SameExceptions> history_{ExceptionTable{}};
   std::vector<RefusedException> refused_;
   std::size_t linesLost_ = 0;

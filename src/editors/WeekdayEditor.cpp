@@ -5,7 +5,6 @@
 
 #include "formats/CalendarNames.h"
 #include "formats/LineNumbers.h"
-#include "formats/WeekdayCells.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "text/Fields.h"
@@ -57,20 +56,16 @@ void ShowRefused(const RefusedLine& refused, Prompts& prompts, const LanguageTex
 }
 
 WeekdayEditor::WeekdayEditor(std::span<const std::string> lines, LineOwner owner,
-                             char decimalSeparator, PickList pickList, Access access)
+                             char decimalSeparator, const PickList& pickList, Access access)
     : lines_(lines.begin(), lines.end()),
       owner_(std::move(owner)),
-      decimalSeparator_(decimalSeparator),
-      stopValues_(std::move(pickList)),
-      startValues_(WithoutDefault(stopValues_)),
+      rules_{decimalSeparator, pickList, WithoutDefault(pickList), !IsPltName(owner_.name)},
       access_(access) {
   WeekdayReading reading = ReadWeekday(lines_, owner_);
   history_ = decltype(history_)({reading.table, {}});
   refused_ = std::move(reading.refused);
   linesLost_ = reading.linesLost;
 }
-
-bool WeekdayEditor::HasStopValues() const { return !IsPltName(owner_.name); }
 
 void WeekdayEditor::ShowType(std::size_t type) { type_ = std::min<std::size_t>(type, 1); }
 
@@ -85,30 +80,12 @@ std::string WeekdayEditor::TypeCaption(std::size_t type, const LanguageTexts& te
 
 // --- What the boxes show ---
 
-const PickList& WeekdayEditor::NamesOf(WeekdayBox box) const {
-  static const PickList none;
-  if (box == WeekdayBox::ValueOn) return startValues_;
-  return box == WeekdayBox::ValueOff ? stopValues_ : none;
-}
-
 std::string WeekdayEditor::CellText(WeekdayFocus at) const {
-  const WeekdayRow& row = Cells(at.column);
-  switch (at.box) {
-    case WeekdayBox::Start:
-      return TimeText(row.start);
-    case WeekdayBox::Stop:
-      return TimeText(row.stop);
-    case WeekdayBox::ValueOn:
-      if (IsUnvalued(CellOf(at.column))) return {};
-      return ValueOnText(row, decimalSeparator_);
-    case WeekdayBox::ValueOff:
-      break;
-  }
-  return ValueOffText(row, decimalSeparator_);
+  return BoxText(Now(), CellOf(at.column), at.box, rules_.decimalSeparator);
 }
 
 std::int32_t WeekdayEditor::MarkOf(WeekdayFocus at) const {
-  const Cell cell = CellOf(at.column);
+  const WeekdayCell cell = CellOf(at.column);
   const WeekdayRow& row = RowOf(cell);
   const std::string shown = CellText(at);
   if (!row.Used()) {
@@ -121,7 +98,7 @@ std::int32_t WeekdayEditor::MarkOf(WeekdayFocus at) const {
     case WeekdayBox::Stop:
       return TimesOf(row).StopsFirst() ? text::kStopFirst : 0;
     case WeekdayBox::ValueOn:
-      if (IsUnvalued(cell)) return text::kNoStartValue;
+      if (Now().IsUnvalued(cell)) return text::kNoStartValue;
       break;
     case WeekdayBox::ValueOff:
       break;
@@ -129,11 +106,7 @@ std::int32_t WeekdayEditor::MarkOf(WeekdayFocus at) const {
   return !shown.empty() && IsOutside(shown, NamesOf(at.box)) ? text::kNotInList : 0;
 }
 
-bool WeekdayEditor::IsUnvalued(Cell cell) const {
-  return history_.Now().unvalued.test(cell.Place()) && RowOf(cell).valueOn == 0;
-}
-
-std::int32_t WeekdayEditor::TimeMark(Cell cell) const {
+std::int32_t WeekdayEditor::TimeMark(const WeekdayCell& cell) const {
   std::vector<SwitchTimes> others;
   for (std::size_t row = 0; row < kWeekdayRows; ++row) {
     const WeekdayRow& other = RowOf({cell.day, row});
@@ -156,9 +129,9 @@ std::vector<std::string> WeekdayEditor::Notes(const LanguageTexts& texts) const 
   std::vector<std::string> notes;
   for (std::size_t day = 0; day < kWeekdayDays; ++day) {
     for (std::size_t row = 0; row < kWeekdayRows; ++row) {
-      const Cell cell{day, row};
+      const WeekdayCell cell{day, row};
       const bool used = RowOf(cell).Used();
-      const std::int32_t note = used && IsUnvalued(cell)          ? text::kNoStartValue
+      const std::int32_t note = used && Now().IsUnvalued(cell)    ? text::kNoStartValue
                                 : !used && IsLeftOut(RowOf(cell)) ? text::kRowNotUsed
                                                                   : 0;
       if (note != 0) notes.push_back(PlaceOf(day, row, texts, names_) + ": " + texts.Text(note));
@@ -171,7 +144,7 @@ std::vector<WeekdayCell> WeekdayEditor::NotEntered() const {
   std::vector<WeekdayCell> cells;
   for (std::size_t day = 0; day < kWeekdayDays; ++day) {
     for (std::size_t row = 0; row < kWeekdayRows; ++row)
-      if (RowOf({day, row}).Used() && IsUnvalued({day, row})) cells.push_back({day, row});
+      if (RowOf({day, row}).Used() && Now().IsUnvalued({day, row})) cells.push_back({day, row});
   }
   return cells;
 }
@@ -185,14 +158,6 @@ WeekdayFocus WeekdayEditor::ShowCell(const WeekdayCell& cell) {
 
 // --- Changes ---
 
-template <class Edit>
-void WeekdayEditor::Change(WeekdayFocus at, Edit edit) {
-  const Cell cell = CellOf(at.column);
-  history_.Change({type_, row_, at}, [&](EditedWeekdays& edited) {
-    edit(edited.table.days.at(cell.day).at(cell.row), edited.unvalued[cell.Place()]);
-  });
-}
-
 std::optional<WeekdayFocus> WeekdayEditor::ShowPlace(const std::optional<WeekdayPlace>& place) {
   if (!place) return std::nullopt;
   ShowType(place->type);
@@ -202,62 +167,38 @@ std::optional<WeekdayFocus> WeekdayEditor::ShowPlace(const std::optional<Weekday
 }
 
 std::optional<Refusal> WeekdayEditor::Enter(WeekdayFocus at, std::string_view text) {
-  // Leaving a box unchanged must not change its value: the text may have fewer digits, and equal
-  // days would become different.
-  if (ViewOnly() || text == CellText(at)) return std::nullopt;
-  if (at.box == WeekdayBox::Start || at.box == WeekdayBox::Stop) return EnterTime(at, text);
-  return EnterValue(at, text);
+  if (ViewOnly()) return std::nullopt;
+  std::optional<Refusal> refusal;
+  history_.Change({type_, row_, at}, [&](EditedWeekdays& edited) {
+    refusal = EnterWeekday(edited, CellOf(at.column), at.box, text, rules_);
+  });
+  return refusal;
 }
 
-std::optional<Refusal> WeekdayEditor::EnterTime(WeekdayFocus at, std::string_view text) {
-  const auto time = TypedTime(text);
-  if (!time) return Refusal{text::kTimeWrong, text::kTimeHint, std::string(text), {}};
-  Change(at, [&](WeekdayRow& row, auto unvalued) {
-    if (at.box == WeekdayBox::Stop) {
-      row.stop = *time;
-      return;
-    }
-    if (!row.Used() && row.valueOn == 0) unvalued = true;
-    row.start = *time;
-  });
-  return std::nullopt;
+void WeekdayEditor::Replace(const EditedWeekdays& edited) {
+  if (ViewOnly()) return;
+  history_.Change({type_, row_, {WeekdayBox::Start, column_}},
+                  [&](EditedWeekdays& now) { now = edited; });
 }
 
-std::optional<Refusal> WeekdayEditor::EnterValue(WeekdayFocus at, std::string_view text) {
-  const bool isStart = at.box == WeekdayBox::ValueOn;
-  if (!isStart && !HasStopValues()) return std::nullopt;
-  const bool emptied = Trim(text).empty();
-  const auto value = emptied ? kNoValue : TypedValue(text, NamesOf(at.box));
-  if (!value) return Refusal{text::kValueWrong, text::kValueHint, std::string(text), {}};
-  Change(at, [&](WeekdayRow& row, auto unvalued) {
-    if (!isStart) {
-      row.valueOff = *value;
-      return;
-    }
-    unvalued = *value == kNoValue;
-    row.valueOn = unvalued ? 0 : *value;
-  });
-  return std::nullopt;
+void WeekdayEditor::Put(std::size_t column, const WeekdayRow& row, bool unvalued) {
+  EditedWeekdays edited = Now();
+  edited.At(CellOf(column)) = row;
+  edited.unvalued.set(EditedWeekdays::Place(CellOf(column)), unvalued);
+  column_ = column;
+  Replace(edited);
 }
 
 std::size_t WeekdayEditor::Copy() {
   if (ViewOnly() || column_ + 1 == kDaysOfType) return column_;
-  const WeekdayRow copied = Cells(column_);
-  const bool copiedUnvalued = IsUnvalued(CellOf(column_));
-  ++column_;
-  Change({WeekdayBox::Start, column_}, [&](WeekdayRow& row, auto unvalued) {
-    row = copied;
-    unvalued = copiedUnvalued;
-  });
+  const WeekdayCell copied = CellOf(column_);
+  Put(column_ + 1, RowOf(copied), Now().IsUnvalued(copied));
   return column_;
 }
 
 std::size_t WeekdayEditor::Erase() {
   if (ViewOnly()) return column_;
-  Change({WeekdayBox::Start, column_}, [](WeekdayRow& row, auto unvalued) {
-    row = {};
-    unvalued = false;
-  });
+  Put(column_, {}, false);
   column_ = NextColumn(column_);
   return column_;
 }
@@ -265,7 +206,7 @@ std::size_t WeekdayEditor::Erase() {
 std::optional<EditedCatalogue> WeekdayEditor::Edited() const {
   if (ViewOnly()) return std::nullopt;
   return EditedCatalogue{
-      BuildWeekday(Table(), owner_, lines_, BuildStart::Afresh, decimalSeparator_),
+      BuildWeekday(Table(), owner_, lines_, BuildStart::Afresh, rules_.decimalSeparator),
       linesLost_,
       {text::kWeekdayRetry, text::kWeekdayRetryTitle},
       {}};

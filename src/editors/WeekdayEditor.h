@@ -1,6 +1,5 @@
 #pragma once
 
-#include <bitset>
 #include <cstddef>
 #include <optional>
 #include <span>
@@ -12,6 +11,7 @@
 #include "editors/Entry.h"
 #include "editors/PickList.h"
 #include "editors/UndoHistory.h"
+#include "editors/WeekdayEntry.h"
 #include "forecast/EditedEntries.h"
 #include "formats/WeekdayTable.h"
 #include "formats/WeekdayText.h"
@@ -20,8 +20,6 @@
 #include "system/Prompts.h"
 
 namespace zek {
-
-enum class WeekdayBox { Start, Stop, ValueOn, ValueOff };
 
 /// One box of the grid; columns are 0 to 6.
 struct WeekdayFocus {
@@ -36,19 +34,6 @@ struct WeekdayPlace {
   std::size_t type = 0;
   std::size_t row = 0;
   WeekdayFocus focus;
-};
-
-/// The table as it is edited. `unvalued` marks the rows whose start value was emptied or not
-/// entered yet: it is 0, which the user may not mean, and shows as an empty box.
-struct EditedWeekdays {
-  WeekdayTable table;
-  std::bitset<kWeekdayDays * kWeekdayRows> unvalued;
-};
-
-struct SameWeekdays {
-  bool operator()(const EditedWeekdays& left, const EditedWeekdays& right) const {
-    return left.table == right.table;
-  }
 };
 
 /// Returns the next box for the Enter key: down the column, then at the top of the next column,
@@ -66,9 +51,10 @@ class WeekdayEditor {
   /// the lines without one. `pickList` names the stop values and, but for "Default", the start
   /// values. With `ViewOnly` nothing can be changed or saved.
   WeekdayEditor(std::span<const std::string> lines, LineOwner owner, char decimalSeparator,
-                PickList pickList, Access access);
+                const PickList& pickList, Access access);
 
-  const WeekdayTable& Table() const { return history_.Now().table; }
+  const WeekdayTable& Table() const { return Now().table; }
+  const EditedWeekdays& Now() const { return history_.Now(); }
   /// The lines that were not read; show them with `ShowRefused` when the editor opens.
   const std::vector<RefusedLine>& Refused() const { return refused_; }
   bool ViewOnly() const { return access_ == Access::ViewOnly; }
@@ -78,7 +64,8 @@ class WeekdayEditor {
   void NameSpecialDays(const SpecialDayNames& names) { names_ = names; }
   const SpecialDayNames& Names() const { return names_; }
   /// False for "PLT" time controls: their lines have no stop value, and entries are ignored.
-  bool HasStopValues() const;
+  bool HasStopValues() const { return rules_.hasStopValues; }
+  const WeekdayRules& Rules() const { return rules_; }
 
   std::size_t Type() const { return type_; }      // 0 Monday to Sunday, 1 SD1 to SD7
   std::size_t Row() const { return row_; }        // 0 to 15
@@ -91,7 +78,7 @@ class WeekdayEditor {
   std::string TypeCaption(std::size_t type, const LanguageTexts& texts) const;
 
   /// The names of a value box's values; no items for the other boxes.
-  const PickList& NamesOf(WeekdayBox box) const;
+  const PickList& NamesOf(WeekdayBox box) const { return rules_.NamesOf(box); }
 
   /// The text of a box; `ShownText` adds a value's name, for a box without the focus.
   std::string CellText(WeekdayFocus at) const;
@@ -99,8 +86,7 @@ class WeekdayEditor {
   /// Why a box is marked (text::kStopFirst to text::kNoStartValue), or 0.
   std::int32_t MarkOf(WeekdayFocus at) const;
 
-  /// Enters what was typed into a box (see `TypedTime`, `TypedValue`), or returns why not. An empty
-  /// stop value is none, an empty start value 0.
+  /// Enters what was typed into a box (see `EnterWeekday`), or returns why not.
   std::optional<Refusal> Enter(WeekdayFocus at, std::string_view text);
 
   /// Copies the focused column's row to the next column and makes that the focused one. Does
@@ -110,6 +96,9 @@ class WeekdayEditor {
   /// Empties the focused column's row and makes the next column (after column 6, column 0) the
   /// focused one. Returns it.
   std::size_t Erase();
+
+  /// Makes another table the catalogue, as one step.
+  void Replace(const EditedWeekdays& edited);
 
   /// Every entry, copy and erasure that changes the table is one step. Undo and redo show its type,
   /// row and column and return its box, or nothing if there is no step.
@@ -136,29 +125,15 @@ class WeekdayEditor {
   std::optional<EditedCatalogue> Edited() const;
 
  private:
-  struct Cell {
-    std::size_t day = 0;
-    std::size_t row = 0;
-
-    std::size_t Place() const { return day * kWeekdayRows + row; }
-  };
-
-  Cell CellOf(std::size_t column) const { return {type_ * kDaysOfType + column, row_}; }
-  const WeekdayRow& Cells(std::size_t column) const { return RowOf(CellOf(column)); }
-  const WeekdayRow& RowOf(Cell cell) const { return Table().days.at(cell.day).at(cell.row); }
-  bool IsUnvalued(Cell cell) const;
-  std::int32_t TimeMark(Cell cell) const;
-  std::optional<Refusal> EnterTime(WeekdayFocus at, std::string_view text);
-  std::optional<Refusal> EnterValue(WeekdayFocus at, std::string_view text);
-  template <class Edit>
-  void Change(WeekdayFocus at, Edit edit);
+  WeekdayCell CellOf(std::size_t column) const { return {type_ * kDaysOfType + column, row_}; }
+  const WeekdayRow& RowOf(const WeekdayCell& cell) const { return Now().At(cell); }
+  std::int32_t TimeMark(const WeekdayCell& cell) const;
+  void Put(std::size_t column, const WeekdayRow& row, bool unvalued);
   std::optional<WeekdayFocus> ShowPlace(const std::optional<WeekdayPlace>& place);
 
   std::vector<std::string> lines_;
   LineOwner owner_;
-  char decimalSeparator_;
-  PickList stopValues_;
-  PickList startValues_;  // without "Default": a start needs a value
+  WeekdayRules rules_;
   Access access_;
   UndoHistory<EditedWeekdays, WeekdayPlace, SameWeekdays> history_{EditedWeekdays{}};
   std::vector<RefusedLine> refused_;

@@ -21,6 +21,14 @@
 namespace zek {
 namespace {
 constexpr int kGap = 8;
+
+bool IsCopy(int key, int modifiers) {
+  return modifiers == wxMOD_CONTROL && (key == 'C' || key == WXK_INSERT);
+}
+bool IsPaste(int key, int modifiers) {
+  return (modifiers == wxMOD_CONTROL && key == 'V') ||
+         (modifiers == wxMOD_SHIFT && key == WXK_INSERT);
+}
 }  // namespace
 
 EditorForm::EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue catalogue,
@@ -149,6 +157,9 @@ void EditorForm::OnKey(wxKeyEvent& event) {
     ShowHelp(this, proc_, HelpPageOf(id_.catalogue));
   } else if (key == WXK_F9 && modifiers == wxMOD_NONE) {
     WhatApplies();
+  } else if (!busy_ &&
+             ((IsCopy(key, modifiers) && TakeCopy()) || (IsPaste(key, modifiers) && TakePaste()))) {
+    return;
   } else if (event.HasAnyModifiers() || !TakeKey(key)) {
     event.Skip();
   }

@@ -67,6 +67,9 @@ class EditorForm : public FormDialog {
   virtual std::vector<Finding> OwnFindings() const { return {}; }
   /// Puts the edited table into a schedule.
   virtual void PutEdited(Schedule& schedule) const = 0;
+  /// Ctrl+C and Ctrl+V; false leaves the key to the box that has the focus.
+  virtual bool TakeCopy() { return false; }
+  virtual bool TakePaste() { return false; }
   /// Handles a key without modifiers; returns false if the form does not use it.
   virtual bool TakeKey(int /*key*/) { return false; }
 

@@ -13,7 +13,8 @@
 
 namespace zek {
 
-EntryGrid::EntryGrid(wxWindow* parent, Parts parts) : wxPanel(parent), parts_(std::move(parts)) {
+EntryGrid::EntryGrid(wxWindow* parent, Parts parts, std::size_t columns)
+    : wxPanel(parent), parts_(std::move(parts)), columns_(columns) {
   wxGetTopLevelParent(this)->Bind(wxEVT_CHILD_FOCUS, &EntryGrid::OnChildFocus, this);
 }
 
@@ -28,7 +29,12 @@ EntryBox* EntryGrid::NewBox(const std::string& name, const wxString& widest, Box
   });
   box->Text().Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
     blocked_ = false;
-    event.Skip();
+    event.Skip(!ChooseByKey(event));
+  });
+  box->Text().Bind(wxEVT_LEFT_DOWN, [this, number](wxMouseEvent& event) {
+    const bool choose = event.ShiftDown() && FocusedBox() && entry_ != number;
+    if (choose) Choose(Block{*entry_, number});
+    event.Skip(!choose);
   });
   if (kind == BoxKind::Time) {
     box->Text().Bind(wxEVT_MOUSEWHEEL,
@@ -93,6 +99,8 @@ void EntryGrid::OnChildFocus(wxChildFocusEvent& event) {
 
 void EntryGrid::Arrive(std::size_t box) {
   entry_ = box;
+  last_ = box;
+  if (chosen_ && chosen_->first != box) Choose({});
   ShowBox(box);
   Box(box).Text().SelectAll();
   SayMark();
@@ -158,6 +166,7 @@ void EntryGrid::OnTyped(std::size_t box) {
     wrong_.reset();
     Box(box).Mark({});
   }
+  Choose({});
   if (HasEntry()) LeadFrom(box);
 }
 
@@ -182,6 +191,65 @@ void EntryGrid::OnWheel(std::size_t box, wxMouseEvent& event) {
   if (next == typed) return;
   text.SetValue(ToWx(next));
   text.SelectAll();
+}
+
+bool EntryGrid::TypeText(const std::string& text) {
+  const auto box = FocusedBox();
+  if (!box || !Box(*box).Text().IsEditable()) return false;
+  Box(*box).Text().WriteText(ToWx(text));
+  return true;
+}
+
+// --- Several boxes ---
+
+std::optional<EntryGrid::Block> EntryGrid::Chosen() const {
+  if (!chosen_) return std::nullopt;
+  const std::size_t row = chosen_->first / columns_;
+  const std::size_t column = chosen_->first % columns_;
+  const std::size_t otherRow = chosen_->last / columns_;
+  const std::size_t otherColumn = chosen_->last % columns_;
+  return Block{std::min(row, otherRow) * columns_ + std::min(column, otherColumn),
+               std::max(row, otherRow) * columns_ + std::max(column, otherColumn)};
+}
+
+void EntryGrid::Choose(const std::optional<Block>& corners) {
+  if (!chosen_ && !corners) return;
+  chosen_ = corners && corners->first != corners->last ? corners : std::nullopt;
+  const auto block = Chosen();
+  for (std::size_t box = 0; box < boxes_.size(); ++box) {
+    const std::size_t row = box / columns_;
+    const std::size_t column = box % columns_;
+    Box(box).Choose(block && row >= block->first / columns_ && row <= block->last / columns_ &&
+                    column >= block->first % columns_ && column <= block->last % columns_);
+  }
+}
+
+bool EntryGrid::ChooseByKey(const wxKeyEvent& event) {
+  if (event.GetModifiers() != (wxMOD_CONTROL | wxMOD_SHIFT) || !FocusedBox()) return false;
+  const std::size_t from = chosen_ ? chosen_->last : *entry_;
+  std::size_t to = from;
+  switch (event.GetKeyCode()) {
+    case WXK_LEFT:
+    case WXK_NUMPAD_LEFT:
+      if (from % columns_ > 0) --to;
+      break;
+    case WXK_RIGHT:
+    case WXK_NUMPAD_RIGHT:
+      if (from % columns_ + 1 < columns_) ++to;
+      break;
+    case WXK_UP:
+    case WXK_NUMPAD_UP:
+      if (from >= columns_) to -= columns_;
+      break;
+    case WXK_DOWN:
+    case WXK_NUMPAD_DOWN:
+      if (from + columns_ < boxes_.size()) to += columns_;
+      break;
+    default:
+      return false;
+  }
+  Choose(Block{*entry_, to});
+  return true;
 }
 
 // --- What there is to choose ---

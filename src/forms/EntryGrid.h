@@ -40,8 +40,24 @@ class EntryGrid : public wxPanel {
   bool HasEntry() const;
   void DropEntry();
 
+  /// Several boxes that are chosen together: the corners of a rectangle.
+  struct Block {
+    std::size_t first;
+    std::size_t last;
+  };
+  /// Ctrl+Shift and the arrow keys choose boxes from the one with the focus, and so does a click
+  /// with Shift. Nothing if it is one box alone.
+  std::optional<Block> Chosen() const;
+  Block AllBoxes() const { return {0, boxes_.size() - 1}; }
+  /// Where a block is pasted: at the first of the chosen boxes, else at the box that has the focus
+  /// or had it last.
+  std::size_t PasteAt() const { return Chosen().value_or(Block{last_, last_}).first; }
+  /// Writes into the box that has the focus, as if it was typed; false if there is none.
+  bool TypeText(const std::string& text);
+
  protected:
-  EntryGrid(wxWindow* parent, Parts parts);
+  /// The boxes lie in rows of `columns`.
+  EntryGrid(wxWindow* parent, Parts parts, std::size_t columns);
 
   /// What comes first: the box, and the text that says so.
   struct Lead {
@@ -77,6 +93,8 @@ class EntryGrid : public wxPanel {
   void OnChildFocus(wxChildFocusEvent& event);
   void OnTyped(std::size_t box);
   void OnWheel(std::size_t box, wxMouseEvent& event);
+  bool ChooseByKey(const wxKeyEvent& event);
+  void Choose(const std::optional<Block>& corners);
   void Arrive(std::size_t box);
   void SayMark();
   bool Leave(std::size_t box);
@@ -88,7 +106,10 @@ class EntryGrid : public wxPanel {
   DropDown* DropTimes(std::size_t box, const std::function<void(const std::string&)>& choose);
 
   Parts parts_;
+  std::size_t columns_;
   std::vector<EntryBox*> boxes_;
+  std::size_t last_ = 0;              // the box that had the focus last
+  std::optional<Block> chosen_;       // from the box with the focus; in any direction
   std::optional<std::size_t> entry_;  // the box that the user has not left yet
   std::optional<Wrong> wrong_;        // its text was refused
   bool blocked_ = false;              // a button was pressed in order to leave a refused text

@@ -23,14 +23,13 @@ constexpr int kSign = 9;
 wxColour MarkColour() { return {0xD0, 0x40, 0x00}; }
 wxColour System(wxSystemColour colour) { return wxSystemSettings::GetColour(colour); }
 
-wxColour Tinted(const wxColour& ground) {
-  constexpr int share = 5;  // one part of the mark's colour
-  const auto mix = [](int one, int other) {
+// One part in `share` is the other colour.
+wxColour Tinted(const wxColour& ground, const wxColour& colour, int share) {
+  const auto mix = [share](int one, int other) {
     return static_cast<unsigned char>((one * (share - 1) + other) / share);
   };
-  const wxColour mark = MarkColour();
-  return {mix(ground.Red(), mark.Red()), mix(ground.Green(), mark.Green()),
-          mix(ground.Blue(), mark.Blue())};
+  return {mix(ground.Red(), colour.Red()), mix(ground.Green(), colour.Green()),
+          mix(ground.Blue(), colour.Blue())};
 }
 
 bool IsDropKey(const wxKeyEvent& event) {
@@ -137,16 +136,30 @@ void EntryBox::SetSpokenName(const wxString& name) {
 void EntryBox::Mark(const wxString& why) {
   const int width = (drop_ ? kArrow : 0) + (why.empty() ? 0 : kSign);
   room_->SetMinSize(FromDIP(width), 0);
-  const wxColour ground = System(text_->IsEditable() ? wxSYS_COLOUR_WINDOW : wxSYS_COLOUR_BTNFACE);
-  const wxColour colour = why.empty() ? ground : Tinted(ground);
-  if (text_->GetBackgroundColour() != colour) text_->SetBackgroundColour(colour);
   if (why_ != why) {
     why_ = why;
     ShowSpokenName();
   }
+  ShowGround();
   Layout();
   Refresh();
   ShowToolTip();
+}
+
+void EntryBox::Choose(bool chosen) {
+  if (chosen_ == chosen) return;
+  chosen_ = chosen;
+  ShowGround();
+  Refresh();
+}
+
+void EntryBox::ShowGround() {
+  constexpr int markShare = 5;
+  constexpr int chosenShare = 3;
+  wxColour colour = System(text_->IsEditable() ? wxSYS_COLOUR_WINDOW : wxSYS_COLOUR_BTNFACE);
+  if (!why_.empty()) colour = Tinted(colour, MarkColour(), markShare);
+  if (chosen_) colour = Tinted(colour, System(wxSYS_COLOUR_HIGHLIGHT), chosenShare);
+  if (text_->GetBackgroundColour() != colour) text_->SetBackgroundColour(colour);
 }
 
 void EntryBox::ShowSpokenName() {
@@ -187,7 +200,7 @@ void EntryBox::OnPaint(wxPaintEvent& /*event*/) {
     dc.DrawLabel("!", wxRect(arrow.x - FromDIP(kSign), 0, FromDIP(kSign), arrow.height),
                  wxALIGN_CENTER);
   }
-  const bool focused = text_->HasFocus();
+  const bool focused = text_->HasFocus() || chosen_;
   dc.SetBrush(*wxTRANSPARENT_BRUSH);
   dc.SetPen(wxPen(marked    ? MarkColour()
                   : focused ? System(wxSYS_COLOUR_HIGHLIGHT)

@@ -35,6 +35,8 @@ class EntryBox final : public wxPanel {
 
   /// Marks the text and says why; "" removes the mark.
   void Mark(const wxString& why);
+  /// Shows that the box belongs to several that are chosen together.
+  void Choose(bool chosen);
 
   bool AcceptsFocus() const override { return false; }
 
@@ -46,6 +48,7 @@ class EntryBox final : public wxPanel {
   wxRect ArrowPlace() const;
   void ShowToolTip();
   void ShowSpokenName();
+  void ShowGround();
 
   wxTextCtrl* text_;
   wxSizerItem* room_ = nullptr;  // for the sign and the arrow
@@ -54,6 +57,7 @@ class EntryBox final : public wxPanel {
   wxString spoken_;
   wxString hint_;
   wxString why_;
+  bool chosen_ = false;
 };
 
 /// Highlights the heading of the current row or column, or removes the highlight.

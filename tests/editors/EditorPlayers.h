@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
+#include <regex>
 #include <sstream>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "editors/CalendarEditor.h"
@@ -11,6 +14,10 @@
 #include "editors/WeekdayEditor.h"
 #include "formats/ExportRecords.h"
 #include "formats/FormatCases.h"
+#include "paste/DayCopy.h"
+#include "paste/ExceptionBlock.h"
+#include "paste/WeekdayBlock.h"
+#include "paste/WholeCatalogue.h"
 #include "support/TestSession.h"
 
 // Editors driven by text commands; "_" is a blank within a word. Every command gives a line: what
@@ -86,6 +93,26 @@ class Player {
                                (refusal->instead.empty() ? "" : ": " + refusal->instead));
     }
   }
+  // Copied text with ";" for tabs and "^" for line ends, which is also how it is pasted.
+  static std::string Pasted(const std::string& text) {
+    return std::regex_replace(text, std::regex("\\^"), "\r\n");
+  }
+  static std::string Copied(std::string text) {
+    std::replace(text.begin(), text.end(), '\t', ';');
+    std::erase(text, '\r');
+    std::replace(text.begin(), text.end(), '\n', '^');
+    return text;
+  }
+  // Takes what was pasted, or shows why not.
+  template <class Table, class Editor>
+  void Take(const std::variant<Table, PasteRefusal>& pasted, Editor& editor) {
+    if (const auto* table = std::get_if<Table>(&pasted)) return editor.Replace(*table);
+    Refuse(std::get<PasteRefusal>(pasted));
+  }
+  void Refuse(const PasteRefusal& refusal) {
+    const std::string message = Copied(refusal.MessageIn(session_.proc.texts));
+    prompts_.shown.push_back(std::regex_replace(Filled(message), std::regex(" +(\\^|$)"), "$1"));
+  }
   // A box's text and, after "!", its mark.
   static std::string Marked(const std::string& text, std::int32_t mark) {
     return " " + (text.empty() ? "-" : text) + (mark == 0 ? "" : "!" + TextName(mark));
@@ -138,7 +165,8 @@ class WeekdayPlayer final : public Player {
  protected:
   std::string Do(const Words& words) override {
     const std::string& what = words[0];
-    const std::size_t at = words[1].empty() ? 0 : Number(words[1]);
+    const bool isNumber = !words[1].empty() && std::isdigit(words[1][0]) != 0;
+    const std::size_t at = isNumber ? Number(words[1]) : 0;
     if (what == "type") editor_.ShowType(at);
     if (what == "row") editor_.ShowRow(at);
     if (what == "column") editor_.FocusColumn(at);
@@ -151,6 +179,16 @@ class WeekdayPlayer final : public Player {
                             });
     }
     if (what == "copy") editor_.Copy();
+    if (what == "days") CopyToDays(words[1], words[2]);
+    if (what == "block")
+      return Copied(
+          WriteBlock(CopyBoxes(editor_.Now(), BoxAt(words[1]), BoxAt(words[2]), editor_.Rules())));
+    if (what == "paste") {
+      const auto block = ReadBlock(Pasted(words[2]));
+      Take(PasteBoxes(editor_.Now(), BoxAt(words[1]), block, editor_.Rules()), editor_);
+    }
+    if (what == "whole") return Copied(WriteCatalogue(editor_.Now(), "SKOLA/T", editor_.Rules()));
+    if (what == "paste-whole") return PasteWhole(Pasted(words[1]));
     if (what == "erase") editor_.Erase();
     if (what == "lost") editor_.CountLost(at);
     if (what == "undo") return Place(editor_.Undo());
@@ -164,6 +202,32 @@ class WeekdayPlayer final : public Player {
   }
 
  private:
+  // "21": column 2, box 1.
+  WeekdayBoxAt BoxAt(const std::string& at) const {
+    return {{editor_.Type() * kDaysOfType + static_cast<std::size_t>(at[0] - '0'), editor_.Row()},
+            static_cast<WeekdayBox>(at[1] - '0')};
+  }
+  void CopyToDays(const std::string& days, const std::string& what) {
+    DaySet to;
+    for (std::size_t day = 0; day < days.size(); ++day) to.set(day, days[day] == 'x');
+    const DayCopy copy = what == "row"   ? DayCopy::Row
+                         : what == "day" ? DayCopy::Day
+                                         : DayCopy::WholeDay;
+    const WeekdayCell from{editor_.Type() * kDaysOfType + editor_.Column(), editor_.Row()};
+    const auto copied = zek::CopyToDays(editor_.Now(), from, to, copy);
+    if (const auto* table = std::get_if<EditedWeekdays>(&copied)) return editor_.Replace(*table);
+    prompts_.shown.push_back("no room in " + std::to_string(std::get<std::size_t>(copied)));
+  }
+  std::string PasteWhole(const std::string& text) {
+    const auto pasted = ReadCatalogue(text, editor_.Rules());
+    if (const auto* refused = std::get_if<PasteRefusal>(&pasted)) {
+      Refuse(*refused);
+      return Shown(editor_.Column());
+    }
+    const auto& copied = std::get<CopiedCatalogue>(pasted);
+    editor_.Replace(copied.edited);
+    return copied.from + " " + Filled(OutsideText(copied.outside, session_.proc.texts, {}));
+  }
   // The position and the content of the box.
   std::string Shown(std::size_t column) const {
     std::string shown = Filled(editor_.TypeCaption(editor_.Type(), session_.proc.texts)) + " " +
@@ -211,10 +275,19 @@ class ExceptionPlayer final : public Player {
  protected:
   std::string Do(const Words& words) override {
     const std::string& what = words[0];
-    std::size_t row = words[1].empty() || what == "first" ? editor_.Row() : Number(words[1]);
+    std::size_t row =
+        words[1].empty() || what == "first" ? editor_.Row() : Number(words[1].substr(0, 1));
     if (what == "row") editor_.FocusRow(row);
     if (what == "enter") Enter(row, {words.begin() + 2, words.end()});
     if (what == "erase") row = editor_.Erase();
+    if (what == "block")
+      return Copied(WriteBlock(
+          CopyBoxes(editor_.Table(), BoxAt(words[1]), BoxAt(words[2]), editor_.Rules())));
+    if (what == "paste") {
+      const auto block = ReadBlock(Pasted(words[2]));
+      Take(PasteBoxes(editor_.Table(), BoxAt(words[1]), block, editor_.Rules()), editor_);
+      row = BoxAt(words[1]).row;
+    }
     if (what == "first") session_.profile.WriteIni("SaveOptionsZEK1", "OVCStartRow", words[1]);
     if (what == "undo") return Place(editor_.Undo());
     if (what == "redo") return Place(editor_.Redo());
@@ -226,6 +299,10 @@ class ExceptionPlayer final : public Player {
   }
 
  private:
+  // "21": row 2, box 1.
+  static ExceptionBoxAt BoxAt(const std::string& at) {
+    return {static_cast<ExceptionBox>(at[1] - '0'), static_cast<std::size_t>(at[0] - '0')};
+  }
   void Enter(std::size_t row, const Words& entries) {
     constexpr std::array boxes = {"date", "start", "on", "until", "stop", "off"};
     EnterEach<ExceptionBox>(

@@ -164,14 +164,23 @@ TEST_F(CalendarFormTest, ByKeyboardAndFetchedAgain) {
   EXPECT_EQ(PlantLines().at(1001).substr(7, 20), Date("02-JAN", 1) + ".." + Date("03-JAN", 1));
 }
 
-TEST_F(CalendarFormTest, HolidaysArePreviewedAndTaken) {
+TEST_F(CalendarFormTest, HolidaysArePreviewedAndTakenAndCopiedToTheNextYear) {
+  const Step take{[] { return IsActive("ZV_Import") && HasFocus("List_Dates"); },
+                  [] { Click(*Shown("Command_Take")); }};
   Run({{InEditor, [] { Click(*Shown("Command_Holidays")); }},
-       {[] { return IsActive("ZV_Import") && HasFocus("List_Dates"); },
-        [] { Click(*Shown("Command_Take")); }},
+       take,
+       {InEditor,
+        [] {
+          Choose("Option_Year1");  // the last one with holidays
+          Click(*Shown("Command_CopyYear"));
+        }},
+       take,
        {InEditor, [] { Press('S', wxMOD_CONTROL); }}});
   std::string lines;
   for (const auto& [number, line] : PlantLines()) lines += line + "\n";
-  EXPECT_NE(lines.find(Date("25-DEC") + ".." + Date("26-DEC")), std::string::npos) << lines;
+  for (const int year : {0, 1, 2})
+    EXPECT_NE(lines.find(Date("25-DEC", year) + ".." + Date("26-DEC", year)), std::string::npos)
+        << lines;
 }
 
 // The window above goes first; `Run` returns when the editor has ended, too.

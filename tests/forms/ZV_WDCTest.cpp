@@ -122,6 +122,102 @@ TEST_F(WeekdayFormTest, EnterRowsCopyEraseAndTypes) {
   EXPECT_EQ(PlantLines(), PlantWorld::SmallPlant().outstations[0].weekday.lines);
 }
 
+void Holds(const std::string& box, const std::string& value) {
+  EXPECT_TRUE(PumpUntil([&] { return Value(box) == value; })) << box << " " << Value(box);
+}
+
+// Copies and waits for the status line to say so.
+void CopyBoxes() {
+  Press('C', wxMOD_CONTROL);
+  EXPECT_TRUE(PumpUntil([] { return Shown("Label_Status")->GetLabel().Contains("Kopierat"); }));
+}
+
+bool InCopyDays() { return IsActive("ZV_CopyDays") && HasFocus("Check_Day1"); }
+
+TEST_F(WeekdayFormTest, BlocksAndRowsAreCopiedByKeyboard) {
+  world.prompts.answers = {true};  // close without saving
+  Run({{InBrowser, FetchFirstTimeControl},
+       {InEditor,
+        [] {
+          for (const int key : {WXK_DOWN, WXK_RIGHT, WXK_RIGHT, WXK_LEFT})
+            Press(key, wxMOD_CONTROL | wxMOD_SHIFT);
+          CopyBoxes();
+          Reach("Text_Start5", [] { Box("Text_Start5").SetFocus(); });
+          Press('V', wxMOD_CONTROL);
+          Holds("Text_Stop6", "16:30");
+          Enter("Text_Stop5");
+          Press('C', wxMOD_CONTROL);  // of one box
+          Reach("Text_Stop6", [] { Press(WXK_TAB); });
+          Type("9");
+          Press('V', wxMOD_CONTROL);
+          Holds("Text_Stop6", "916:30");
+          for (int step = 0; step < 2; ++step) Press('Z', wxMOD_CONTROL);  // typed text, block
+          Holds("Text_Stop5", "");
+          Reach("Text_Start0", [] { Box("Text_Start0").SetFocus(); });
+          Reach("Command_CopyPaste", [] { Shown("Command_CopyPaste")->SetFocus(); });
+          InMenu([] { Press(WXK_SPACE); }, {WXK_DOWN, WXK_RETURN});
+        }},
+       {InCopyDays,
+        [] {
+          Reach("Check_Day5", [] {
+            for (int day = 1; day < 5; ++day) Press(WXK_TAB);
+          });
+          Press(WXK_SPACE);
+          Press(WXK_RETURN);
+        }},
+       {[] { return InEditor() && Shown("ZV_CopyDays") == nullptr; },
+        [] {
+          Holds("Text_Stop5", "16:30");
+          Escape();
+        }},
+       {InBrowser, Escape}});
+}
+
+TEST_F(WeekdayFormTest, BlocksDaysAndCataloguesAreCopiedByMouse) {
+  world.prompts.answers = {true, true};  // values that are not listed; close without saving
+  const auto menu = [](int entry) {
+    std::vector<int> keys(static_cast<std::size_t>(entry), WXK_DOWN);
+    keys.push_back(WXK_RETURN);
+    InMenu([] { Click(*Shown("Command_CopyPaste")); }, keys);
+  };
+  Run({{InBrowser, FetchFirstTimeControl},
+       {InEditor,
+        [=] {
+          wxUIActionSimulator keys;
+          keys.KeyDown(WXK_SHIFT);
+          Click(Box("Text_Stop1"));
+          keys.KeyUp(WXK_SHIFT);
+          Pump(50);
+          EXPECT_TRUE(HasFocus("Text_Start0"));
+          menu(3);  // the boxes
+          Click(Box("Text_Start5"));
+          menu(4);  // paste
+          Holds("Text_Stop6", "16:30");
+          menu(2);  // the whole catalogue
+          Press('Z', wxMOD_CONTROL);
+          Holds("Text_Stop6", "");
+          Reach("Text_Start0", [] { Click(Box("Text_Start0")); });
+          menu(1);
+        }},
+       {InCopyDays,
+        [] {
+          Click(*Shown("Option_What2"));
+          Click(*Shown("Check_Day6"));
+          Click(*Shown("Command_CopyDays"));
+        }},
+       {[] { return InEditor() && Shown("ZV_CopyDays") == nullptr; },
+        [=] {
+          Holds("Text_Stop6", "16:30");
+          Holds("Text_Stop5", "");
+          menu(4);
+          Holds("Text_Stop5", "16:30");
+          Escape();
+        }},
+       {InBrowser, Escape}});
+  ASSERT_EQ(world.prompts.shown.size(), 2U);
+  EXPECT_NE(world.prompts.shown[0].find(": 21"), std::string::npos);
+}
+
 TEST_F(WeekdayFormTest, ValuesComeFromAPickListByClickAndByKey) {
   world.prompts.answers = {true};  // close without saving
   Run({{InBrowser, FetchFirstTimeControl},

@@ -9,6 +9,7 @@
 #include <wx/choice.h>
 #include <wx/dialog.h>
 #include <wx/filedlg.h>
+#include <wx/radiobut.h>
 #include <wx/sizer.h>
 #include <wx/spinctrl.h>
 #include <wx/stattext.h>
@@ -19,6 +20,7 @@
 #include "import/CalendarPreview.h"
 #include "import/HolidayDates.h"
 #include "import/ImportFile.h"
+#include "import/YearCopy.h"
 #include "lang/TextNumbers.h"
 #include "ui/AccessibleName.h"
 #include "ui/Forms.h"
@@ -45,13 +47,14 @@ ImportWindow WindowOf(const CalendarEditor& editor) {
 
 class ImportForm final : public wxDialog {
  public:
-  /// Without `fromFile` the dates are the holidays.
-  ImportForm(wxWindow* parent, ZV_Proc& proc, CalendarEditor& editor,
+  /// `fromFile` are the dates of a file.
+  ImportForm(wxWindow* parent, ZV_Proc& proc, CalendarEditor& editor, DateSource source,
              std::optional<ImportedDates> fromFile)
       : wxDialog(parent, wxID_ANY, ToWx(proc.Text(text::kImportTitle)), wxDefaultPosition,
                  wxDefaultSize, wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER, "ZV_Import"),
         proc_(proc),
         editor_(editor),
+        source_(source),
         fromFile_(std::move(fromFile)) {
     SetIcons(ProgramIcons());
     Build();
@@ -74,7 +77,7 @@ class ImportForm final : public wxDialog {
   void Build() {
     const int gap = FromDIP(kGap);
     auto* const whole = new wxBoxSizer(wxVERTICAL);
-    whole->Add(fromFile_ ? FileChoices() : HolidayChoices(), 0, wxEXPAND | wxALL, gap);
+    whole->Add(Choices(), 0, wxEXPAND | wxALL, gap);
     List_Dates = new wxCheckListBox(this, wxID_ANY);
     List_Dates->SetName("List_Dates");
     SetAccessibleName(*List_Dates, GetTitle());
@@ -118,6 +121,11 @@ class ImportForm final : public wxDialog {
     return static_cast<std::int16_t>(chosen < 0 ? kNoDayType : kFirstSpecialDay + chosen);
   }
 
+  wxSizer* Choices() {
+    if (source_ == DateSource::File) return FileChoices();
+    return source_ == DateSource::Holidays ? HolidayChoices() : YearChoices();
+  }
+
   wxSizer* FileChoices() {
     auto* const rows = new wxFlexGridSizer(2, FromDIP(kGap), FromDIP(kGap));
     Choice_Type = NewTypes(rows, kDayTypeCaption, "Choice_Type", false);
@@ -132,29 +140,64 @@ class ImportForm final : public wxDialog {
     for (std::size_t at = 0; at < groups.size(); ++at)
       Choice_Group.at(at) = NewTypes(rows, groups.at(at), names.at(at), true);
     Choice_Group[0]->SetSelection(1);
-    rows->Add(new wxStaticText(this, wxID_ANY, Caption(text::kHolidaysYears)), 0,
-              wxALIGN_CENTER_VERTICAL);
+    AddYears(rows, text::kHolidaysYears, proc_.now().year);
+    return rows;
+  }
+
+  // Two years: the first one and the next.
+  void AddYears(wxSizer* rows, std::int32_t caption, int first) {
+    rows->Add(new wxStaticText(this, wxID_ANY, Caption(caption)), 0, wxALIGN_CENTER_VERTICAL);
     auto* const years = new wxBoxSizer(wxHORIZONTAL);
-    const int thisYear = proc_.now().year;
     constexpr std::array yearNames = {"Spin_First", "Spin_Last"};
     for (std::size_t at = 0; at < Spin_Year.size(); ++at) {
       constexpr int firstKnown = 1990;
       constexpr int lastKnown = 2099;
       auto* const year =
           new wxSpinCtrl(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxSP_ARROW_KEYS,
-                         firstKnown, lastKnown, thisYear + static_cast<int>(at));
+                         firstKnown, lastKnown, first + static_cast<int>(at));
       year->SetName(yearNames.at(at));
-      SetAccessibleName(*year, wxControl::RemoveMnemonics(Caption(text::kHolidaysYears)));
+      SetAccessibleName(*year, wxControl::RemoveMnemonics(Caption(caption)));
       year->Bind(wxEVT_SPINCTRL, [this](wxSpinEvent&) { ShowPreview(); });
       years->Add(year, 0, wxRIGHT, FromDIP(kGap));
       Spin_Year.at(at) = year;
     }
     rows->Add(years);
-    return rows;
+  }
+
+  wxSizer* YearChoices() {
+    auto* const all = new wxBoxSizer(wxVERTICAL);
+    auto* const rows = new wxFlexGridSizer(2, FromDIP(kGap), FromDIP(kGap));
+    AddYears(rows, text::kCopyYears, editor_.Table().BaseYear() + editor_.Year());
+    all->Add(rows);
+    constexpr std::array captions = {text::kCopyByDate, text::kCopyByHoliday};
+    for (std::size_t at = 0; at < Option_Copy.size(); ++at) {
+      auto* const option =
+          new wxRadioButton(this, wxID_ANY, Caption(captions.at(at)), wxDefaultPosition,
+                            wxDefaultSize, at == 0 ? wxRB_GROUP : 0);
+      option->SetName("Option_Copy" + std::to_string(at));
+      option->Bind(wxEVT_RADIOBUTTON, [this](wxCommandEvent&) { ShowPreview(); });
+      all->Add(option, 0, wxTOP, FromDIP(kGap));
+      Option_Copy.at(at) = option;
+    }
+    Option_Copy[1]->SetValue(true);
+    return all;
+  }
+
+  ImportedDates OfOtherYear() const {
+    const YearCopy copy = Option_Copy[0]->GetValue() ? YearCopy::SameDates : YearCopy::Holidays;
+    ImportedDates dates = YearDates(editor_.Table(), Spin_Year[0]->GetValue(),
+                                    Spin_Year[1]->GetValue(), copy, WindowOf(editor_));
+    const auto name = [this](auto& each) {
+      each.name = Message(proc_.Text(text::kCopiedFrom), {each.name});
+    };
+    for (ImportedDate& each : dates.dates) name(each);
+    for (SkippedItem& each : dates.skipped) name(each);
+    return dates;
   }
 
   ImportedDates Dates() const {
     if (fromFile_) return *fromFile_;
+    if (source_ == DateSource::OtherYear) return OfOtherYear();
     return HolidayDates(Spin_Year[0]->GetValue(), Spin_Year[1]->GetValue(),
                         {TypeIn(*Choice_Group[0], true), TypeIn(*Choice_Group[1], true),
                          TypeIn(*Choice_Group[2], true)},
@@ -238,6 +281,7 @@ class ImportForm final : public wxDialog {
 
   ZV_Proc& proc_;
   CalendarEditor& editor_;
+  DateSource source_;
   std::optional<ImportedDates> fromFile_;
   std::vector<PreviewLine> lines_;
   std::vector<bool> ticked_;
@@ -246,6 +290,7 @@ class ImportForm final : public wxDialog {
   wxChoice* Choice_Type = nullptr;
   std::array<wxChoice*, 3> Choice_Group{};
   std::array<wxSpinCtrl*, 2> Spin_Year{};
+  std::array<wxRadioButton*, 2> Option_Copy{};
   wxCheckListBox* List_Dates = nullptr;
   wxStaticText* Label_Full = nullptr;
   wxButton* Command_Take = nullptr;
@@ -280,7 +325,7 @@ bool ShowImportForm(wxWindow* parent, ZV_Proc& proc, CalendarEditor& editor, Dat
     dates = FromFile(parent, proc, editor);
     if (!dates || !parentAlive) return false;
   }
-  auto* const form = new ImportForm(parent, proc, editor, std::move(dates));
+  auto* const form = new ImportForm(parent, proc, editor, source, std::move(dates));
   const wxWeakRef<ImportForm> alive(form);
   form->ShowModal();
   if (!alive) return false;

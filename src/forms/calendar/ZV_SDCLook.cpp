@@ -52,6 +52,7 @@ void ZV_SDC::Build() {
   undoAndRedo_ = NewUndoAndRedo(letters_);
   auto* const holidays = NewImport("Command_Holidays", text::kHolidaysButton, DateSource::Holidays);
   auto* const import = NewImport("Command_Import", text::kImportButton, DateSource::File);
+  auto* const otherYear = NewImport("Command_CopyYear", text::kCopyYear, DateSource::OtherYear);
   Command_Ok = NewSave(letters_.Give(Caption(text::kCalendarOk)), {});
   Command_Cancel = NewCommand(wxID_CANCEL, "Command_Cancel",
                               letters_.Give(Caption(text::kCalendarCancel)), {}, false);
@@ -74,7 +75,8 @@ void ZV_SDC::Build() {
   auto* const years = new wxBoxSizer(wxHORIZONTAL);
   years->Add(Command_Year, 0, wxRIGHT, 3 * gap);
   years->Add(holidays, 0, wxRIGHT, gap);
-  years->Add(import);
+  years->Add(import, 0, wxRIGHT, gap);
+  years->Add(otherYear);
   auto* const commands = new wxBoxSizer(wxHORIZONTAL);
   commands->Add(undoAndRedo_, 0, wxRIGHT, 3 * gap);
   commands->AddStretchSpacer();

@@ -4,6 +4,7 @@
 
 #include "forms/EditorOpening.h"
 #include "lang/TextNumbers.h"
+#include "paste/ExceptionBlock.h"
 #include "ui/Forms.h"
 
 namespace zek {
@@ -29,6 +30,9 @@ ZV_OVC::ZV_OVC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueCon
   Arrange();
   Command_Erase->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Erase(); });
   IgnoreSecondClick(*Command_Erase);
+  clipboard_.emplace(ClipboardParts());
+  Command_CopyPaste->Bind(
+      wxEVT_BUTTON, [this](wxCommandEvent&) { clipboard_->ShowMenu(*Command_CopyPaste, {}); });
   grid_->Focus({});
   ShowChanges();
 }
@@ -41,6 +45,8 @@ void ZV_OVC::Build() {
   grid_ = new OvcGrid(Frame_OVC, editor_, PartsOfGrid([this] { ShowChanges(); }));
   Command_Erase = NewCommand(wxID_ANY, "Command_Erase", letters.Give(Caption(kErase)),
                              Caption(text::kEraseHint), true);
+  Command_CopyPaste =
+      NewCommand(wxID_ANY, "Command_CopyPaste", letters.Give(Caption(text::kCopyPaste)), {}, false);
   undoAndRedo_ = NewUndoAndRedo(letters);
   Command_Ok = NewSave(letters.Give(Caption(kOk)), Caption(kOkToolTip));
   Command_Cancel =
@@ -52,15 +58,19 @@ void ZV_OVC::Arrange() {
   const int gap = FromDIP(kGap);
   auto* const table = new wxStaticBoxSizer(Frame_OVC, wxVERTICAL);
   table->Add(grid_, 1, wxEXPAND | wxALL, gap);
+  auto* const lower = new wxBoxSizer(wxHORIZONTAL);
+  lower->Add(Command_Erase, 0, wxRIGHT, gap);
+  lower->Add(Command_CopyPaste);
+  lower->AddStretchSpacer();
+  lower->Add(FindingsButton());
   auto* const commands = new wxBoxSizer(wxHORIZONTAL);
-  commands->Add(Command_Erase, 0, wxRIGHT, 3 * gap);
   commands->Add(undoAndRedo_, 0, wxRIGHT, 3 * gap);
   commands->AddStretchSpacer();
-  commands->Add(FindingsButton(), 0, wxRIGHT, 3 * gap);
   commands->Add(Command_Ok, 0, wxRIGHT, gap);
   commands->Add(Command_Cancel);
   auto* const whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(table, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
+  whole->Add(lower, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(commands, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   LayOut(whole);
 }
@@ -71,6 +81,34 @@ void ZV_OVC::Erase() {
   grid_->ShowRows();
   grid_->Focus({ExceptionBox::DateOn, next});
   ShowChanges();
+}
+
+BoxClipboard::Parts ZV_OVC::ClipboardParts() {
+  const auto at = [](std::size_t box) {
+    return ExceptionBoxAt{OvcGrid::At(box).box, OvcGrid::At(box).row};
+  };
+  return {*grid_,
+          proc_.ToUser(),
+          editor_.ViewOnly(),
+          [this, at](const EntryGrid::Block& block) {
+            return WriteBlock(
+                CopyBoxes(editor_.Table(), at(block.first), at(block.last), editor_.Rules()));
+          },
+          [this](const std::string& text) { Paste(text); },
+          [this] { FocusEntry(); },
+          [this](const std::string& said) { Say(said); }};
+}
+
+void ZV_OVC::Paste(const std::string& text) {
+  const CellBlock block = ReadBlock(text);
+  const ExceptionFocus at = OvcGrid::At(grid_->PasteAt());
+  const auto pasted = PasteBoxes(editor_.Table(), {at.box, at.row}, block, editor_.Rules());
+  if (const auto* refused = std::get_if<PasteRefusal>(&pasted))
+    return proc_.prompts.Show(Icon::Exclamation, refused->MessageIn(proc_.texts));
+  editor_.Replace(std::get<ExceptionTable>(pasted));
+  grid_->ShowRows();
+  ShowChanges();
+  Say(PastedMessage(block, proc_.texts));
 }
 
 void ZV_OVC::ShowAt(const std::optional<ExceptionFocus>& changed) {

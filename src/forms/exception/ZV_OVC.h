@@ -8,6 +8,7 @@
 #include "app/ZV_Proc.h"
 #include "editors/ExceptionEditor.h"
 #include "forecast/EditedEntries.h"
+#include "forms/BoxClipboard.h"
 #include "forms/EditorForm.h"
 #include "forms/exception/ZV_OVCGrid.h"
 #include "ui/Mnemonics.h"
@@ -26,6 +27,8 @@ class ZV_OVC final : public EditorForm {
   void Arrange();
   void Erase();
   void ShowAt(const std::optional<ExceptionFocus>& changed);
+  BoxClipboard::Parts ClipboardParts();
+  void Paste(const std::string& text);
 
   bool TakeEntry() override { return grid_->TakeEntry(); }
   void DropEntry() override { grid_->DropEntry(); }
@@ -39,12 +42,16 @@ class ZV_OVC final : public EditorForm {
   void FocusEntry() override { grid_->FocusLast(); }
   void GoTo(const EntryPlace& place) override;
   EditedTable Edits() const override { return editor_.Table(); }
+  bool TakeCopy() override { return clipboard_->Copy(); }
+  bool TakePaste() override { return clipboard_->Paste(); }
   bool TakeKey(int key) override { return grid_->TakeKey(key); }
 
   ExceptionEditor& editor_;
   wxStaticBox* Frame_OVC = nullptr;
   OvcGrid* grid_ = nullptr;
+  std::optional<BoxClipboard> clipboard_;
   wxButton* Command_Erase = nullptr;
+  wxButton* Command_CopyPaste = nullptr;
   wxSizer* undoAndRedo_ = nullptr;
   wxButton* Command_Ok = nullptr;
   wxButton* Command_Cancel = nullptr;

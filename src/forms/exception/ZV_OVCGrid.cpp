@@ -50,7 +50,7 @@ void JoinHeading(wxStaticText& group, wxStaticText& heading) {
 }  // namespace
 
 OvcGrid::OvcGrid(wxWindow* parent, ExceptionEditor& editor, Parts parts)
-    : EntryGrid(parent, std::move(parts)), editor_(editor) {
+    : EntryGrid(parent, std::move(parts), kExceptionBoxes), editor_(editor) {
   BuildLabels();
   BuildBoxes();
   LayOut();

@@ -26,6 +26,11 @@ class OvcGrid final : public EntryGrid {
   /// Handles Enter; returns false for any other key.
   bool TakeKey(int key);
 
+  /// The boxes are numbered along the rows.
+  static ExceptionFocus At(std::size_t box) {
+    return {static_cast<ExceptionBox>(box % kExceptionBoxes), box / kExceptionBoxes};
+  }
+
  private:
   static constexpr std::size_t kLabels = 11;
 
@@ -37,9 +42,6 @@ class OvcGrid final : public EntryGrid {
   std::optional<Refusal> EnterText(std::size_t box, const std::string& typed) override;
   void OnEntered(std::size_t box) override;
 
-  static ExceptionFocus At(std::size_t box) {
-    return {static_cast<ExceptionBox>(box % kExceptionBoxes), box / kExceptionBoxes};
-  }
   static std::size_t NumberOf(ExceptionFocus at) {
     return at.row * kExceptionBoxes + static_cast<std::size_t>(at.box);
   }

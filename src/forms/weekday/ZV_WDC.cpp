@@ -12,6 +12,7 @@ ZV_WDC::ZV_WDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueCon
     : EditorForm(parent, proc, turn, Catalogue::Wdc, content, {"ZV_WDC", editor.ViewOnly()}),
       editor_(editor) {
   Build();
+  clipboard_.emplace(ClipboardParts());
   BindEvents();
   grid_->FocusStart(0);
   ShowChanges();
@@ -36,6 +37,7 @@ void ZV_WDC::BindEvents() {
   Command_Copy->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Change(&WeekdayEditor::Copy); });
   Command_Erase->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { Change(&WeekdayEditor::Erase); });
   IgnoreSecondClick(*Command_Erase);
+  Command_CopyPaste->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { ShowCopyMenu(); });
 }
 
 void ZV_WDC::Change(std::size_t (WeekdayEditor::*change)()) {

@@ -11,9 +11,11 @@
 #include "app/ZV_Proc.h"
 #include "editors/WeekdayEditor.h"
 #include "forecast/EditedEntries.h"
+#include "forms/BoxClipboard.h"
 #include "forms/EditorForm.h"
 #include "forms/weekday/ZV_WDCGrid.h"
 #include "forms/weekday/ZV_WDCPicture.h"
+#include "paste/WeekdayBlock.h"
 #include "ui/Mnemonics.h"
 #include "wxbase/WxTurn.h"
 
@@ -38,6 +40,13 @@ class ZV_WDC final : public EditorForm {
   void MoveEnd(bool stop, std::int16_t minute);
   void Change(std::size_t (WeekdayEditor::*change)());
   void ShowAt(const std::optional<WeekdayFocus>& changed);
+  BoxClipboard::Parts ClipboardParts();
+  WeekdayBoxAt BoxAt(std::size_t box) const;
+  void ShowCopyMenu();
+  void CopyToOtherDays();
+  void Paste(const std::string& text);
+  void PasteCatalogue(const std::string& text);
+  void Take(const EditedWeekdays& edited, const std::string& said);
 
   bool TakeEntry() override { return grid_->TakeEntry(); }
   void DropEntry() override { grid_->DropEntry(); }
@@ -52,6 +61,8 @@ class ZV_WDC final : public EditorForm {
   void GoTo(const EntryPlace& place) override;
   EditedTable Edits() const override { return editor_.Table(); }
   std::vector<Finding> OwnFindings() const override;
+  bool TakeCopy() override { return clipboard_->Copy(); }
+  bool TakePaste() override { return clipboard_->Paste(); }
   bool TakeKey(int key) override { return grid_->TakeKey(key); }
 
   /// In section "General": whether the picture is shown.
@@ -61,12 +72,14 @@ class ZV_WDC final : public EditorForm {
   wxStaticBox* Frame_WDC = nullptr;
   WeekdayGrid* grid_ = nullptr;
   WeekPicture* picture_ = nullptr;
+  std::optional<BoxClipboard> clipboard_;
   wxCheckBox* Check_Picture = nullptr;
   wxStaticBox* Frame_Type = nullptr;
   std::array<wxRadioButton*, 2> Option_Type{};
   std::array<std::size_t, 2> optionLetters_{};  // position of the "&" in each caption
   wxButton* Command_Copy = nullptr;
   wxButton* Command_Erase = nullptr;
+  wxButton* Command_CopyPaste = nullptr;
   wxSizer* undoAndRedo_ = nullptr;
   wxButton* Command_Ok = nullptr;
   wxButton* Command_Cancel = nullptr;

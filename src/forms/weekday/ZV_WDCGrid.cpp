@@ -24,7 +24,7 @@ std::size_t Place(WeekdayBox box) { return static_cast<std::size_t>(box); }
 }  // namespace
 
 WeekdayGrid::WeekdayGrid(wxWindow* parent, WeekdayEditor& editor, Parts parts)
-    : EntryGrid(parent, std::move(parts)),
+    : EntryGrid(parent, std::move(parts), kDaysOfType),
       editor_(editor),
       rowLabel_(new wxStaticText(this, wxID_ANY, {})),
       strip_(new RowStrip(this, [this](std::size_t row) { GoToRow(row); })) {

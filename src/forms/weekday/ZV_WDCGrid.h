@@ -35,6 +35,11 @@ class WeekdayGrid final : public EntryGrid {
   /// Handles Enter, PageUp and PageDown; returns false for any other key.
   bool TakeKey(int key);
 
+  /// The boxes are numbered row by row, because that sets the order of the Tab key.
+  static WeekdayFocus At(std::size_t box) {
+    return {static_cast<WeekdayBox>(box / kDaysOfType), box % kDaysOfType};
+  }
+
  private:
   static constexpr std::size_t kBoxKinds = 4;  // values of `WeekdayBox`
 
@@ -45,10 +50,6 @@ class WeekdayGrid final : public EntryGrid {
   std::optional<Refusal> EnterText(std::size_t box, const std::string& typed) override;
   void OnEntered(std::size_t box) override;
 
-  // The boxes are numbered row by row, because that sets the order of the Tab key.
-  static WeekdayFocus At(std::size_t box) {
-    return {static_cast<WeekdayBox>(box / kDaysOfType), box % kDaysOfType};
-  }
   static std::size_t NumberOf(WeekdayFocus at) {
     return static_cast<std::size_t>(at.box) * kDaysOfType + at.column;
   }

@@ -78,6 +78,8 @@ void ZV_WDC::BuildCommands(Mnemonics& letters) {
   };
   Command_Copy = command(wxID_ANY, "Command_Copy", kCopy, true);
   Command_Erase = command(wxID_ANY, "Command_Erase", kErase, true);
+  Command_CopyPaste =
+      NewCommand(wxID_ANY, "Command_CopyPaste", letters.Give(Caption(text::kCopyPaste)), {}, false);
   undoAndRedo_ = NewUndoAndRedo(letters);
   Command_Ok = NewSave(letters.Give(Caption(kOk)), Caption(kOk - kCopy + kToolTips));
   Command_Cancel = command(wxID_CANCEL, "Command_Cancel", kCancel, false);
@@ -99,7 +101,8 @@ void ZV_WDC::Arrange() {
   lower->AddStretchSpacer();
   lower->Add(FindingsButton(), 0, wxALIGN_BOTTOM | wxBOTTOM, gap);
   auto* const commands = new wxBoxSizer(wxHORIZONTAL);
-  commands->Add(undoAndRedo_, 0, wxRIGHT, 3 * gap);
+  commands->Add(undoAndRedo_, 0, wxRIGHT, gap);
+  commands->Add(Command_CopyPaste, 0, wxRIGHT, 3 * gap);
   commands->AddStretchSpacer();
   commands->Add(Command_Ok, 0, wxRIGHT, gap);
   commands->Add(Command_Cancel);
