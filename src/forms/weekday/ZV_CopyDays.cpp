@@ -4,7 +4,6 @@
 
 #include <wx/button.h>
 #include <wx/checkbox.h>
-#include <wx/dialog.h>
 #include <wx/radiobut.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
@@ -12,6 +11,7 @@
 
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
+#include "ui/FormDialog.h"
 #include "ui/Forms.h"
 #include "ui/Mnemonics.h"
 #include "ui/Pictures.h"
@@ -24,11 +24,11 @@ constexpr int kGap = 8;
 constexpr int kCancel = text::kWeekdayCaption + 10;
 constexpr std::array kCaptions{text::kCopyRowAdd, text::kCopyDayAdd, text::kCopyDayReplace};
 
-class CopyDaysForm final : public wxDialog {
+class CopyDaysForm final : public FormDialog {
  public:
   CopyDaysForm(wxWindow* parent, ZV_Proc& proc, const CopySource& from,
                const std::function<std::string(std::size_t)>& nameOf)
-      : wxDialog(parent, wxID_ANY, ToWx(Message(proc.Text(text::kCopyDaysTitle), {from.name})),
+      : FormDialog(parent, wxID_ANY, ToWx(Message(proc.Text(text::kCopyDaysTitle), {from.name})),
                  wxDefaultPosition, wxDefaultSize, wxDEFAULT_DIALOG_STYLE, "ZV_CopyDays"),
         proc_(proc) {
     SetIcons(ProgramIcons());
