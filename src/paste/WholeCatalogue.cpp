@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "editors/WeekdayEditor.h"
+#include "formats/CalendarNames.h"
 #include "formats/CatalogueFields.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
@@ -115,7 +116,7 @@ std::string OutsideText(const std::vector<OutsideValue>& outside, const Language
     const OutsideValue& each = outside[at];
     all += (at == 0 ? "" : "; ") +
            Message(texts.Text(text::kPlaceOfRow),
-                   {NameOfDay(each.cell.day, texts, names), std::to_string(each.cell.row + 1)}) +
+                   {DayTypeName(each.cell.day, texts, names), std::to_string(each.cell.row + 1)}) +
            ": " + each.value;
   }
   if (outside.size() <= most) return all;
