@@ -264,10 +264,8 @@ void CalendarEditor::TellYear(int year, Prompts& prompts, const LanguageTexts& t
 
 std::optional<EditedCatalogue> CalendarEditor::Edited() const {
   if (ViewOnly()) return std::nullopt;
-  return EditedCatalogue{LinesOf(Table()),
-                         linesLost_,
-                         {text::kWeekdayRetry, text::kWeekdayRetryTitle},
-                         {}};
+  return EditedCatalogue{
+      LinesOf(Table()), linesLost_, {text::kWeekdayRetry, text::kWeekdayRetryTitle}, {}};
 }
 
 }  // namespace zek
