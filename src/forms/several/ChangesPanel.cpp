@@ -11,6 +11,7 @@
 namespace zek {
 namespace {
 constexpr int kGap = 6;
+constexpr int kListWidth = 500;
 constexpr int kListHeight = 110;
 constexpr int kFirstSpecialDay = 8;
 constexpr int kBoxColumns = 4;
@@ -51,7 +52,8 @@ void ChangesPanel::Build() {
   Label_Wrong->SetName("Label_Wrong");
   whole->Add(Label_Wrong, 0, wxEXPAND | wxBOTTOM, gap);
   whole->Add(Commands(), 0, wxEXPAND | wxBOTTOM, gap);
-  List_Changes = new wxListBox(this, wxID_ANY, wxDefaultPosition, wxSize(-1, FromDIP(kListHeight)));
+  List_Changes =
+      new wxListBox(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(kListWidth, kListHeight)));
   List_Changes->SetName("List_Changes");
   SetAccessibleName(*List_Changes, ToWx(proc_.Text(text::kSeveralWhat)));
   whole->Add(List_Changes, 1, wxEXPAND);

@@ -14,6 +14,7 @@
 namespace zek {
 namespace {
 constexpr int kGap = 6;
+constexpr int kListWidth = 500;
 constexpr int kListHeight = 240;
 }  // namespace
 
@@ -48,8 +49,8 @@ void ControlTicks::Build() {
   };
   button("Command_All", text::kSeveralAll, true);
   button("Command_None", text::kSeveralNone, false);
-  List_Controls =
-      new wxCheckListBox(this, wxID_ANY, wxDefaultPosition, wxSize(-1, FromDIP(kListHeight)));
+  List_Controls = new wxCheckListBox(this, wxID_ANY, wxDefaultPosition,
+                                     FromDIP(wxSize(kListWidth, kListHeight)));
   List_Controls->SetName("List_Controls");
   SetAccessibleName(*List_Controls, text(text::kSeveralWho));
   List_Controls->Bind(wxEVT_CHECKLISTBOX, [this](wxCommandEvent& event) {

@@ -16,6 +16,7 @@ namespace zek {
 namespace {
 
 constexpr int kGap = 6;
+constexpr int kListWidth = 500;
 constexpr int kListHeight = 220;
 constexpr int kMinutesOfHour = 60;
 
@@ -40,8 +41,9 @@ void PlanPanel::Build(const Actions& actions) {
   Label_State = new wxStaticText(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
                                  wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END);
   Label_State->SetName("Label_State");
-  List_Plan = new wxListView(this, wxID_ANY, wxDefaultPosition, wxSize(-1, FromDIP(kListHeight)),
-                             wxLC_REPORT | wxLC_SINGLE_SEL);
+  List_Plan =
+      new wxListView(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(kListWidth, kListHeight)),
+                     wxLC_REPORT | wxLC_SINGLE_SEL);
   List_Plan->SetName("List_Plan");
   SetAccessibleName(*List_Plan, ToWx(proc_.Text(text::kSeveralPlan)));
   const int letter = GetTextExtent("n").x;

@@ -43,7 +43,7 @@ void ZV_WDC::ShowCopyMenu() {
 void ZV_WDC::CopyToOtherDays() {
   const WeekdayCell from = BoxAt(editor_.Column()).cell;
   const auto name = [this](std::size_t day) {
-    return NameOfDay(day, proc_.texts, editor_.SpecialDays());
+    return DayTypeName(day, proc_.texts, editor_.Names());
   };
   const bool hasRow = editor_.Now().At(from).Used();
   if (!HasRows(editor_.Table(), from.day))
@@ -80,7 +80,7 @@ void ZV_WDC::PasteCatalogue(const std::string& text) {
     return proc_.prompts.Show(Icon::Exclamation, refused->MessageIn(proc_.texts));
   const auto& copied = std::get<CopiedCatalogue>(pasted);
   if (!copied.outside.empty()) {
-    const std::string values = OutsideText(copied.outside, proc_.texts, editor_.SpecialDays());
+    const std::string values = OutsideText(copied.outside, proc_.texts, editor_.Names());
     const wxWeakRef<ZV_WDC> alive(this);
     const bool wanted = proc_.prompts.AskYesNo(
         Icon::Exclamation, Message(proc_.Text(text::kPasteOutside), {values}), {});
