@@ -17,8 +17,8 @@ namespace zek {
 namespace {
 
 // The folders with what must not be lost. Exports stay where they are.
-constexpr std::array<const char*, 5> kRecordFolders = {"History", "Known", "Before", "Begun",
-                                                       "Unfinished"};
+constexpr std::array<const char*, 5> kRecordFolders = {"History/", "Known/", "Before/", "Begun/",
+                                                       "Unfinished/"};
 
 std::string MarkerValue(const std::string& marker, std::string_view key) {
   return ProfileValue(marker, "ZekView", key).value_or("");
@@ -61,7 +61,7 @@ void CopyFolder(Files& files, const std::string& from, const std::string& to, Ta
   if (!names.empty()) done.error = files.MakeDirectory(to);
   for (const std::string& name : names) {
     if (done.error) return;
-    if (files.Exists(from + name)) Copy(files, from + name, WithSeparator(to) + name, done);
+    if (files.Exists(from + name)) Copy(files, from + name, to + name, done);
   }
 }
 
@@ -112,7 +112,7 @@ TakenOver TakeOver(Files& files, const std::string& older, const Folders& folder
     if (done.error) return done;
   }
   for (const char* const folder : kRecordFolders) {
-    CopyFolder(files, WithSeparator(from + folder), folders.data + folder, done);
+    CopyFolder(files, from + folder, folders.data + folder, done);
     if (done.error) return done;
   }
   Copy(files, from + kSettingsFile, folders.data + kSettingsFile, done);

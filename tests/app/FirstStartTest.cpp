@@ -17,9 +17,9 @@ TEST(FirstStart, OffersAnOlderFolder) {
     std::string settings;
   } cases[] = {
       {{false}, {}, false, {asked}, "shipped"},
-      {{true}, {"/old"}, false, {asked, "i T1315"}, "old"},
+      {{true}, {"/old/"}, false, {asked, "i T1315"}, "old"},
       {{true, true, false},
-       {"", "/none"},
+       {"", "/none/"},
        false,
        {asked, asked, "x T501\r\n\r\nT1317", asked},
        "shipped"},

@@ -2,6 +2,7 @@
 
 #include "settings/DataFolder.h"
 #include "support/MemoryFiles.h"
+#include "system/Paths.h"
 
 namespace zek {
 namespace {
@@ -13,9 +14,9 @@ TEST(DataFolder, TheMarkerPointsToIt) {
     Folders folders;
   } cases[] = {
       {nullptr, {}, {"/bin/", "", "", false}},
-      {nullptr, "/x", {"/x/", "", "", true}},
+      {nullptr, "/x", {WithSeparator("/x"), "", "", true}},
       {"[ZekView]\r\nFolder=/data/\r\nLanguage=044\r\n", {}, {"/data/", "/bin/", "044", false}},
-      {"[ZekView]\r\nFolder=/V\xE4rme\r\nLanguage=", {}, {"/V\xC3\xA4rme/", "/bin/", "", false}},
+      {"[ZekView]\r\nFolder=/V\xE4rme/\r\nLanguage=", {}, {"/V\xC3\xA4rme/", "/bin/", "", false}},
       {"[ZekView]\r\nFolder=/data\r\nLanguage=x/y\r\n", "/x/", {"/x/", "/bin/", "", true}},
       {"", {}, {"/bin/", "/bin/", "", false}},
   };
@@ -53,11 +54,11 @@ TEST(DataFolder, TakesOverWhatIsTheUsers) {
   files.files["/data/b SDC.TXT"] = "newer";
   const auto before = files.files;
   files.failWrites = FileError::Reason::Full;
-  EXPECT_EQ(TakeOver(files, "/old", folders).error->reason, FileError::Reason::Full);
+  EXPECT_EQ(TakeOver(files, "/old/", folders).error->reason, FileError::Reason::Full);
   EXPECT_EQ(files.files, before);
-  EXPECT_EQ(TakeOver(files, "/empty", folders).error->path, "/empty/ZEKView.INI");
+  EXPECT_EQ(TakeOver(files, "/empty/", folders).error->path, "/empty/ZEKView.INI");
   files.failWrites.reset();
-  const TakenOver done = TakeOver(files, "/old", folders);
+  const TakenOver done = TakeOver(files, "/old/", folders);
   EXPECT_FALSE(done.error);
   EXPECT_EQ(done.copied, 7U);
   EXPECT_EQ(done.kept, 1U);
