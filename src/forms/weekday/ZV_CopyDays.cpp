@@ -29,7 +29,7 @@ class CopyDaysForm final : public FormDialog {
   CopyDaysForm(wxWindow* parent, ZV_Proc& proc, const CopySource& from,
                const std::function<std::string(std::size_t)>& nameOf)
       : FormDialog(parent, wxID_ANY, ToWx(Message(proc.Text(text::kCopyDaysTitle), {from.name})),
-                 wxDefaultPosition, wxDefaultSize, wxDEFAULT_DIALOG_STYLE, "ZV_CopyDays"),
+                   wxDefaultPosition, wxDefaultSize, wxDEFAULT_DIALOG_STYLE, "ZV_CopyDays"),
         proc_(proc) {
     SetIcons(ProgramIcons());
     const int gap = FromDIP(kGap);

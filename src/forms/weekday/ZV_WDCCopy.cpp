@@ -3,6 +3,7 @@
 
 #include <wx/weakref.h>
 
+#include "formats/CalendarNames.h"
 #include "forms/weekday/ZV_CopyDays.h"
 #include "forms/weekday/ZV_WDC.h"
 #include "lang/Messages.h"
