@@ -2,7 +2,8 @@
 # windows-programs.sh NAME: runs a test of whole Windows programs, for test-windows.sh.
 #   desktop  The desktop program opens, connects, sends a command, fetches catalogues, opens every
 #            editor, exports and closes. It saves its pictures in build/win64/pictures.
-#   dde      The same over DDE, while other programs take the processor. The export is complete.
+#   dde      The same over DDE, while other programs take the processor. Its export is complete, and
+#            so is that of the command line program.
 #   tags     The same over the tag object.
 #   sockets  The command line program talks to the simulated plant over real sockets
 #            (tests/cli/real-sockets.sh).
@@ -51,7 +52,11 @@ tour() {
   fi
   timeout 300 wine "$bin/zekview.exe" --dir "$folder" --tour "$pictures" </dev/null ||
     die "The tour ended with $?."
-  [[ $1 == tcp ]] || kill "${busy[@]}"
+  if [[ $1 != tcp ]]; then
+    mv "$folder/Batch" "$folder/desktop"
+    wine "$bin/zekview-cli.exe" --dir "$folder" export wdc sdc ovc >/dev/null
+    kill "${busy[@]}"
+  fi
   keep_pictures "$pictures"
   for picture in about main browser weekday calendar exception; do
     [[ " ${taken[*]} " == *"/$picture.png "* ]] || die "There is no picture of: $picture"
@@ -65,16 +70,17 @@ spin() {
   echo "$!"
 }
 
-# same_export FOLDER: the records exported there are those of an export over TCP/IP.
+# same_export FOLDER: what both programs exported there is what an export over TCP/IP gives.
 same_export() {
+  local kind made
   wine "$bin/zekview-cli.exe" --dir "$1-tcp" export wdc sdc ovc >/dev/null
   for kind in WDC SDC OVC; do
-    for folder in "$1" "$1-tcp"; do
+    for made in "$1/desktop" "$1/Batch" "$1-tcp/Batch"; do
       # The first and the last line hold the time.
-      sed '1d;$d' "$folder"/Batch/"$kind"*.SKV >"$folder/$kind"
-      [[ -s $folder/$kind ]] || die "No records: $folder/$kind"
+      sed '1d;$d' "$made/$kind"*.SKV >"$made/$kind"
+      [[ -s $made/$kind ]] || die "No records: $made/$kind"
+      cmp "$1/desktop/$kind" "$made/$kind"
     done
-    cmp "$1/$kind" "$1-tcp/$kind"
   done
 }
 

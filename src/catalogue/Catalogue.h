@@ -106,6 +106,7 @@ struct CatalogueContent {
   LinesFrom from = LinesFrom::Nowhere;
   std::size_t linesDropped = 0;  // listed lines beyond the limit
   bool replacesUnsent = false;   // the local copy had unsent changes; the history has it now
+  bool kept = false;             // a listing that is the local copy now
 };
 
 }  // namespace zek

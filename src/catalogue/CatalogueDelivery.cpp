@@ -31,7 +31,7 @@ constexpr auto kOutcomes = std::to_array<OutcomeText>({{"sent", text::kOutcomeSe
 
 Outcome CatalogueDelivery::Run(const SavePlan& plan) {
   const CountedUp busy(p_.exchange.status, &StatusPanels::Busy);  // no gap between the transfers
-  if (id_.IsPartOfShared()) {
+  if (id_.IsShared()) {
     const LinesByOwner now = SplitLines(id_, plan.now.lines);
     const Lines before = Joined(Joined(now.others, plan.missing), now.own);
     if (const auto error = p_.records.BeginWrite(id_, before)) {
@@ -43,13 +43,13 @@ Outcome CatalogueDelivery::Run(const SavePlan& plan) {
   begun_ = begun_ || report.outcome != SendOutcome::NotBegun;
   if (report.outcome != SendOutcome::Sent) return Failed(plan, report);
   known_ = {plan.all, plan.send.dfv, LinesFrom::Controller, 0};
-  if (id_.IsPartOfShared()) p_.records.SentWrite(id_, plan.all);
+  if (id_.IsShared()) p_.records.SentWrite(id_, plan.all);
   if (NeedsCheck(plan)) return Check(plan);
   return Ended(plan, "sent", Outcome::Saved, p_.messages.Text(text::kSendDone));
 }
 
 bool CatalogueDelivery::NeedsCheck(const SavePlan& plan) const {
-  return p_.settings.VerifyAfterWrite || id_.IsShared() ||
+  return p_.settings.VerifyAfterWrite || id_.IsShared() || plan.mixed ||
          RemovesOrRenumbers(plan.now.lines, plan.send.lines);
 }
 
@@ -93,7 +93,7 @@ Outcome CatalogueDelivery::Failed(const SavePlan& plan, const SendReport& report
   if (!report.linkFault.empty()) message.insert(0, report.linkFault + "\r\n");
   if (report.outcome == SendOutcome::NotBegun) {
     // The controller is as it was, and so is an earlier unfinished write.
-    if (id_.IsPartOfShared()) p_.records.EndWrite(id_, plan.now.lines);
+    if (id_.IsShared()) p_.records.EndWrite(id_, plan.now.lines);
     return Ended(plan, "not begun", outcome, message);
   }
   known_ = {};
@@ -101,18 +101,19 @@ Outcome CatalogueDelivery::Failed(const SavePlan& plan, const SendReport& report
   message +=
       "\r\n\r\n" + p_.messages.Text(text::kLinesWereSent, {std::to_string(report.linesSent),
                                                            std::to_string(plan.send.lines.size())});
-  TellMixture(plan, std::move(message), !report.refusal.empty());
+  TellMixture(plan, std::move(message), report.cancelled || !report.refusal.empty());
   return outcome;
 }
 
-// Only a controller that answered is asked what it has now.
+// Not after a link that failed: the controller would not answer.
 void CatalogueDelivery::TellMixture(const SavePlan& plan, std::string message, bool answered) {
-  if (!id_.IsPartOfShared()) {
+  if (!id_.IsShared()) {
     message += "\r\n" + p_.messages.Text(text::kMixture);
     return p_.messages.prompts.Show(Icon::Exclamation, message);
   }
   message += "\r\n" + p_.messages.Text(text::kMixtureShared);
-  if (!answered) return p_.messages.prompts.Show(Icon::Exclamation, message);
+  if (!answered || !id_.IsPartOfShared())
+    return p_.messages.prompts.Show(Icon::Exclamation, message);
   const Verification now = VerifyCatalogue(id_, plan.expected, p_, delays_);
   if (now.others.missing.empty()) {
     if (now.IsMade()) message += "\r\n" + p_.messages.Text(text::kOthersWhole);
@@ -127,7 +128,7 @@ void CatalogueDelivery::TellMixture(const SavePlan& plan, std::string message, b
 
 Outcome CatalogueDelivery::Check(const SavePlan& plan) {
   Verification check = VerifyCatalogue(id_, plan.expected, p_, delays_);
-  if (check.IsMade() && !check.others.missing.empty()) {
+  if (check.IsMade() && !(check.others.missing.empty() && check.others.different.empty())) {
     // One listing could have lost a line on its way.
     check = VerifyCatalogue(id_, plan.expected, p_, delays_);
   }
@@ -135,7 +136,7 @@ Outcome CatalogueDelivery::Check(const SavePlan& plan) {
   known_ = check.fetched;
   RememberSeen(plan, check);
   if (!check.others.missing.empty()) return Repair(plan, check);
-  if (id_.IsPartOfShared()) p_.records.EndWrite(id_, check.fetched.lines);
+  if (id_.IsShared()) p_.records.EndWrite(id_, check.fetched.lines);
   return Judge(plan, check);
 }
 
@@ -161,27 +162,36 @@ Lines CatalogueDelivery::Remaining(const SavePlan& plan, const Verification& che
   return left;
 }
 
+// The lines of others that are not as they were; nothing if there are none.
+std::string CatalogueDelivery::OthersDifferent(const Verification& check) const {
+  std::string details;
+  for (const LinePair& pair : check.others.different) {
+    details += p_.messages.Text(text::kChangeBefore) + "  " + pair.before + "\r\n" +
+               p_.messages.Text(text::kChangeAfter) + "  " + pair.after + "\r\n";
+  }
+  return details;
+}
+
 Outcome CatalogueDelivery::Judge(const SavePlan& plan, const Verification& check) {
+  const std::string different = OthersDifferent(check);
+  const std::string also =
+      different.empty() ? "" : "\r\n" + p_.messages.Text(text::kOthersDiffer) + "\r\n" + different;
   if (!check.faults.empty()) {
     const ChangeTexts told = TextsOfFaults(check.faults, p_.messages.texts);
     return Ended(plan, "sent, differs", Outcome::Failed,
-                 p_.messages.Text(text::kVerifyFaults) + "\r\n" + told.Summary, told.Details);
+                 p_.messages.Text(text::kVerifyFaults) + "\r\n" + told.Summary,
+                 told.Details + also);
   }
   const Lines remaining = Remaining(plan, check);
   if (!remaining.empty() || !check.left.empty()) {
     const ChangeTexts told = TextsOfFaults(check.left, p_.messages.texts);
     return Ended(plan, "sent, old lines remain", Outcome::Remarked,
                  p_.messages.Text(text::kOwnLinesRemain),
-                 check.left.empty() ? OnLines(remaining) : told.Details);
+                 (remaining.size() > check.left.size() ? OnLines(remaining) : told.Details) + also);
   }
-  if (!check.others.different.empty()) {
-    std::string details;
-    for (const LinePair& pair : check.others.different) {
-      details += p_.messages.Text(text::kChangeBefore) + "  " + pair.before + "\r\n" +
-                 p_.messages.Text(text::kChangeAfter) + "  " + pair.after + "\r\n";
-    }
+  if (!different.empty()) {
     return Ended(plan, "sent, others differ", Outcome::Remarked,
-                 p_.messages.Text(text::kOthersDiffer), details);
+                 p_.messages.Text(text::kOthersDiffer), different);
   }
   const std::string done =
       p_.settings.VerifyAfterWrite
@@ -225,6 +235,7 @@ Outcome CatalogueDelivery::Repair(const SavePlan& plan, const Verification& chec
                  OnLines(again.missing));
   }
   if (!AskRepair(check.others.missing, replacesAll)) {
+    if (!check.faults.empty()) return Judge(plan, check);
     Note("sent, lines of others missing", plan.send.lines.size());
     return Outcome::Remarked;
   }
@@ -243,7 +254,7 @@ Outcome CatalogueDelivery::SendAgain(const SavePlan& plan) {
   if (!check.IsMade()) return NotChecked(plan, check);
   known_ = check.fetched;
   if (check.others.missing.empty()) {
-    if (id_.IsPartOfShared()) p_.records.EndWrite(id_, check.fetched.lines);
+    if (id_.IsShared()) p_.records.EndWrite(id_, check.fetched.lines);
     return Judge(plan, check);
   }
   return Ended(plan, "sent again, lines of others missing", Outcome::Remarked,

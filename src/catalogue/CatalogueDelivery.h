@@ -21,6 +21,7 @@ struct SavePlan {
   bool whole = true;                 // the lines of all controls are sent
   CatalogueContent now;              // what the controller has; `LinesFrom::Nowhere` if unknown
   std::string since;                 // when `now` was read; "" if just now
+  bool mixed = false;                // parts of a sending that failed may be there, too
 };
 
 /// Sends a plan, finds out what became of it and shows that to the user. A write to a shared
@@ -50,6 +51,7 @@ class CatalogueDelivery {
   SaveResult::Outcome Check(const SavePlan& plan);
   SaveResult::Outcome NotChecked(const SavePlan& plan, const Verification& check);
   std::vector<std::string> Remaining(const SavePlan& plan, const Verification& check) const;
+  std::string OthersDifferent(const Verification& check) const;
   SaveResult::Outcome Judge(const SavePlan& plan, const Verification& check);
   void RememberSeen(const SavePlan& plan, const Verification& check);
   SaveResult::Outcome Repair(const SavePlan& plan, const Verification& check);

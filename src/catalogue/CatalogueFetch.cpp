@@ -131,9 +131,9 @@ Fetched FetchCatalogue(const CatalogueId& id, const CatalogueParts& parts,
   return Fetching(id, parts, delays).Run(statusText);
 }
 
-void TellFetchFailure(const Fetched& fetched, const Messages& messages) {
+void TellFetchFailure(const Fetched& fetched, const Messages& messages, std::int32_t number) {
   if (fetched.outcome != FetchOutcome::Failed) return;
-  std::string message = messages.Text(text::kNoAnswer);
+  std::string message = messages.Text(number);
   if (!fetched.refusal.empty()) {
     message += "\r\n\r\n" + messages.Text(text::kControllerError) + " " + fetched.refusal;
   }

@@ -48,7 +48,8 @@ struct Fetched {
 Fetched FetchCatalogue(const CatalogueId& id, const CatalogueParts& parts,
                        const FetchDelays& delays, std::int32_t statusText);
 
-/// Shows text 422 if the controller did not answer, with its refusal or the fault of the link.
-void TellFetchFailure(const Fetched& fetched, const Messages& messages);
+/// Shows text `number` if the controller did not answer, with its refusal or the fault of the link.
+void TellFetchFailure(const Fetched& fetched, const Messages& messages,
+                      std::int32_t number = text::kNoAnswer);
 
 }  // namespace zek

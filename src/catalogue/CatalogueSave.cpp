@@ -128,26 +128,42 @@ class Saving {
       if (asked && HaveSameLines(before, plan_.now)) return std::nullopt;
       if (!Ask()) return Outcome::Declined;
       const std::int64_t age = SecondsBetween(planned, p_.records.Now());
-      if (!id_.IsPartOfShared() || (age >= 0 && age <= kListingSeconds)) return std::nullopt;
+      if (!id_.IsShared() || (age >= 0 && age <= kListingSeconds)) return std::nullopt;
       asked = true;
     }
   }
 
+  // The whole catalogue of a controller, of all its controls if it is shared.
   std::optional<Outcome> PlanPlain() {
-    const auto known = p_.records.Known(id_);
-    plan_.now = known ? known->content : CatalogueContent();
-    plan_.since = known ? known->time : std::string();
     plan_.send = {draft_.lines, DfvToSend()};
     plan_.expected = {plan_.send, {}};
     plan_.all = draft_.lines;
+    if (id_.IsShared()) return Fetch();
+    const auto failed = p_.records.FailedSending(id_);
+    const auto known = p_.records.Known(id_);
+    const auto& before = known ? known : failed;
+    plan_.mixed = !known && failed;
+    plan_.now = before ? before->content : CatalogueContent();
+    plan_.since = before ? before->time : std::string();
     return std::nullopt;
   }
 
-  std::optional<Outcome> PlanShared() {
-    const Fetched fetched = FetchCatalogue(id_, p_, delays_, text::kFetching);
-    TellFetchFailure(fetched, p_.messages);
+  // What a shared catalogue has now.
+  std::optional<Outcome> Fetch() {
+    Fetched fetched = FetchCatalogue(id_, p_, delays_, text::kFetching);
+    TellFetchFailure(fetched, p_.messages, stored_ ? text::kSaveNotRead : text::kNoAnswer);
     if (fetched.outcome != FetchOutcome::Complete) return Outcome::Failed;
-    plan_.now = fetched.content;
+    plan_.now = std::move(fetched.content);
+    return plan_.now.linesDropped > 0 ? TooLong() : std::nullopt;
+  }
+
+  std::optional<Outcome> TooLong() const {
+    p_.messages.Tell(Icon::Exclamation, text::kSharedTooLong, {std::to_string(kMaxCatalogueLines)});
+    return Outcome::Refused;
+  }
+
+  std::optional<Outcome> PlanShared() {
+    if (const auto failed = Fetch()) return failed;
     if (draft_.mayChange && !draft_.mayChange(plan_.now)) return Outcome::Declined;
     const Lines others = SplitLines(id_, plan_.now.lines).others;
     if (!CheckOthersInFile(others)) return Outcome::Refused;
@@ -160,11 +176,7 @@ class Saving {
     plan_.expected = {{*own, {}}, plan_.whole ? WithoutStarred(kept) : kept};
     plan_.all = Joined(plan_.expected.others, *own);
     plan_.send.lines = plan_.whole ? plan_.all : *own;
-    if (fetched.content.linesDropped > 0 || plan_.all.size() > kMaxCatalogueLines) {
-      p_.messages.Tell(Icon::Exclamation, text::kSharedTooLong,
-                       {std::to_string(kMaxCatalogueLines)});
-      return Outcome::Refused;
-    }
+    if (plan_.all.size() > kMaxCatalogueLines) return TooLong();
     if (!CheckSendable(id_, plan_.send, p_)) return Outcome::Refused;
     return Store(Joined(OthersToKeep(), *own));
   }

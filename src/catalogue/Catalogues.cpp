@@ -17,7 +17,8 @@ namespace {
 bool HasUnsent(const CatalogueId& id, const CatalogueParts& parts) {
   if (!parts.copies.Exists(id)) return false;
   const auto known = parts.records.Known(id);
-  return known && !HaveSameLines(parts.copies.Peek(id), known->content);
+  return known ? !HaveSameLines(parts.copies.Peek(id), known->content)
+               : parts.records.AnySendingFailed(id);
 }
 
 // One read, from the controller or from the local copy.
@@ -110,6 +111,8 @@ class Reading {
       if (!p_.copies.Store(id_, content.lines, value)) {
         p_.messages.Tell(Icon::Information, text::kNothingKept,
                          {Windows1252FromUtf8(p_.settings.ProgramPath)});
+      } else {
+        content.kept = true;
       }
     }
     // A listing that was cut is not what the controller has.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "catalogue/CopyFormat.h"
 #include "catalogue/LineChanges.h"
 #include "system/Paths.h"
 #include "text/Controls.h"
@@ -91,21 +92,33 @@ void ControllerRecords::EndWrite(const CatalogueId& id, std::span<const std::str
   static_cast<void>(UnfinishedOf().Drop(id));
 }
 
+std::optional<StoredCatalogue> ControllerRecords::FailedSending(const CatalogueId& id) const {
+  return OfNode(id, BegunOf().Find(OwnFile(id)));
+}
+
+bool ControllerRecords::AnySendingFailed(const CatalogueId& id) const {
+  if (!id.IsShared()) return FailedSending(id).has_value();
+  const std::string file = LocalPath({}, id.localFile);
+  const std::vector<std::string> begun = files_.List(Folder("Begun"));
+  return std::any_of(begun.begin(), begun.end(),
+                     [&file](const std::string& name) { return name.ends_with(file); });
+}
+
 std::optional<StoredCatalogue> ControllerRecords::BeforeSending(const CatalogueId& id) const {
-  auto begun = OfNode(id, BegunOf().Find(OwnFile(id)));
+  auto begun = FailedSending(id);
   return begun ? std::move(begun) : OfNode(id, BeforeOf().Find(OwnFile(id)));
 }
 
 bool ControllerRecords::BeginSending(const CatalogueId& id, const CatalogueContent& now) {
   const CatalogueId own = OwnFile(id);
-  if (OfNode(id, BegunOf().Find(own))) return false;
+  if (FailedSending(id)) return false;
   if (now.from == LinesFrom::Nowhere || BegunOf().Keep(own, now, now_())) ForgetSending(id);
   return true;
 }
 
 void ControllerRecords::EndSending(const CatalogueId& id) {
   const CatalogueId own = OwnFile(id);
-  const auto begun = OfNode(id, BegunOf().Find(own));
+  const auto begun = FailedSending(id);
   if (!begun || BeforeOf().Keep(own, begun->content, now_()))
     static_cast<void>(BeforeOf().Drop(own));
   ForgetSending(id);

@@ -59,6 +59,10 @@ class ControllerRecords {
   /// `now` is what the controller has. Returns false if an earlier sending failed; what was before
   /// that one stays.
   bool BeginSending(const CatalogueId& id, const CatalogueContent& now);
+  /// What the controller had before sendings that failed. It can have parts of both now.
+  std::optional<StoredCatalogue> FailedSending(const CatalogueId& id) const;
+  /// True if a sending of any control of the catalogue failed.
+  bool AnySendingFailed(const CatalogueId& id) const;
   void EndSending(const CatalogueId& id);
   /// For a sending that did not begin.
   void ForgetSending(const CatalogueId& id);

@@ -26,7 +26,10 @@ CopyState CopyStates::Read(const CatalogueId& id) const {
   CopyState state;
   state.exists = true;
   const auto known = records_.Known(id);
-  if (!known) return state;
+  if (!known) {
+    state.unsent = records_.AnySendingFailed(id);
+    return state;
+  }
   state.time = known->time.substr(0, kToMinutes);
   const CatalogueContent copy = copies_.Peek(id);
   state.unsent = HasMoreThan(copy, known->content);

@@ -159,7 +159,8 @@ std::optional<CatalogueContent> BatchExport::Fetch(const CatalogueId& id) {
   const CopyUse use = proc_.settings.LocalMode || loaded ? CopyUse::Take : CopyUse::PassOver;
   std::optional<CatalogueContent> content = proc_.catalogues.GetCatalogue(id, use);
   if (content && content->from == LinesFrom::Controller) {
-    loadedObject_ = content->linesDropped == 0 ? id.object : std::int16_t{-1};
+    const bool whole = content->kept && content->linesDropped == 0;
+    loadedObject_ = whole ? id.object : std::int16_t{-1};
   }
   return content;
 }

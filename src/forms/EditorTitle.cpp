@@ -3,15 +3,13 @@
 #include <map>
 
 #include "catalogue/ObjectTree.h"
-#include "formats/CatalogueLine.h"
+#include "formats/LineOwner.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "text/Fields.h"
 
 namespace zek {
 namespace {
-
-constexpr std::size_t kNameMark = 6;  // column of the "!" before the name, from 0
 
 std::int32_t KindText(Catalogue catalogue) {
   switch (catalogue) {
@@ -35,12 +33,6 @@ std::string ControlText(const ZV_Proc& proc, const Topic& object) {
   return std::string(Trim(slash == std::string::npos ? text : text.substr(slash + 1)));
 }
 
-// The control that a line names; "" in the layout without names.
-std::string ControlOf(std::string_view line) {
-  if (line.size() <= kNameMark || line[kNameMark] != kFieldMark.front()) return {};
-  return std::string(Trim(GetField(line, 1, kFieldMark)));
-}
-
 }  // namespace
 
 std::string EditorTitle(const ZV_Proc& proc, Catalogue catalogue, bool viewOnly) {
@@ -58,8 +50,9 @@ std::string EditorTitle(const ZV_Proc& proc, Catalogue catalogue, bool viewOnly)
 
 std::string WholeCatalogueText(const ZV_Proc& proc, const CatalogueContent& content) {
   if (!proc.selection.TscName.empty()) return {};
+  const WeekdayOwners owners(content.lines, proc.selection.Id(Catalogue::Wdc).Owner());
   std::map<std::string, int> counts;
-  for (const std::string& line : content.lines) ++counts[ControlOf(line)];
+  for (const std::string& line : content.lines) ++counts[std::string(owners.Of(line))];
   std::string controls;
   for (const auto& [name, count] : counts) {
     if (!controls.empty()) controls += ", ";
