@@ -90,6 +90,7 @@ class Sending {
   bool Attempt() {
     x_.transfer.Refusal.clear();
     x_.transfer.LinkFault.clear();
+    const ShowWaiting preparing(x_.status, parts_.messages.Text(text::kWaitPause));
     report_.linesSent = 0;
     if (!Pause("DelayA") || !Send("EXIT")) return false;
     if (!Pause("DelayB") || !Send("EXIT")) return false;
@@ -100,7 +101,12 @@ class Sending {
     if (!Send(id_.SelectorCommand()) || !Pause("DelayD")) return false;
     x_.status.Dot();
     x_.countdowns.ReplyCountdown = parts_.settings.GetTSCTimeoutTicks;
-    if (!SendLines() || !SendDfv()) return false;
+    if (!SendLines()) return false;
+    ShowSteps(content_.lines.size());
+    const ShowWaiting waiting(
+        x_.status,
+        parts_.messages.Text(text::kSendingEnd, {std::to_string(x_.status.Sending.secondsLeft)}));
+    if (!SendDfv()) return false;
     // "EXIT" ends the controller's input even after it refused a line.
     inCatalogue_ = false;
     if (!Send("EXIT") || !Pause("DelayF")) return false;
