@@ -142,7 +142,8 @@ Outcome CatalogueDelivery::Check(const SavePlan& plan) {
 
 Outcome CatalogueDelivery::NotChecked(const SavePlan& plan, const Verification& check) {
   const bool stopped = check.outcome == FetchOutcome::Stopped;
-  const std::string why = p_.messages.Text(stopped ? text::kVerifyStopped : text::kNotVerified);
+  std::string why = p_.messages.Text(stopped ? text::kVerifyStopped : text::kNotVerified);
+  if (!check.linkFault.empty()) why += "\r\n\r\n" + check.linkFault;
   const bool required = p_.settings.VerifyAfterWrite;
   if (required) known_ = {};
   Note("sent, not checked", plan.send.lines.size());

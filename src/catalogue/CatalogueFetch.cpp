@@ -132,6 +132,9 @@ Fetched FetchCatalogue(const CatalogueId& id, const CatalogueParts& parts,
 }
 
 void TellFetchFailure(const Fetched& fetched, const Messages& messages, std::int32_t number) {
+  if (fetched.outcome == FetchOutcome::NoConnection && !fetched.linkFault.empty()) {
+    return messages.prompts.Show(Icon::Critical, fetched.linkFault);
+  }
   if (fetched.outcome != FetchOutcome::Failed) return;
   std::string message = messages.Text(number);
   if (!fetched.refusal.empty()) {

@@ -43,12 +43,13 @@ struct Fetched {
 };
 
 /// Fetches a catalogue from its controller in at most three attempts and shows text `statusText`
-/// meanwhile. A connect that fails is reported; this function adds no message. The content
+/// meanwhile, without messages; see `TellFetchFailure`. The content
 /// has a `dfv` only if the listing had a ".DFV" line.
 Fetched FetchCatalogue(const CatalogueId& id, const CatalogueParts& parts,
                        const FetchDelays& delays, std::int32_t statusText);
 
-/// Shows text `number` if the controller did not answer, with its refusal or the fault of the link.
+/// Shows text `number` if the controller did not answer, with its refusal or the fault of the link;
+/// for a connect that failed only why.
 void TellFetchFailure(const Fetched& fetched, const Messages& messages,
                       std::int32_t number = text::kNoAnswer);
 

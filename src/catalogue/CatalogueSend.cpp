@@ -80,6 +80,7 @@ class Sending {
 
  private:
   bool Open() {
+    x_.transfer.LinkFault.clear();
     if (!x_.connection.Disconnect()) return false;
     x_.connection.Connect(id_.object);
     faults_ = x_.connection.LinkFaults();
@@ -89,7 +90,6 @@ class Sending {
   // Each step waits for its pause and continues only while the link is up.
   bool Attempt() {
     x_.transfer.Refusal.clear();
-    x_.transfer.LinkFault.clear();
     const ShowWaiting preparing(x_.status, parts_.messages.Text(text::kWaitPause));
     report_.linesSent = 0;
     if (!Pause("DelayA") || !Send("EXIT")) return false;

@@ -13,6 +13,7 @@ Verification VerifyCatalogue(const CatalogueId& id, const Expected& expected,
   Fetched fetched = FetchCatalogue(id, parts, delays, text::kVerifying);
   Verification verification;
   verification.outcome = fetched.outcome;
+  verification.linkFault = fetched.linkFault;
   // The rest of a truncated listing is unknown, so it can't be compared.
   if (fetched.outcome != FetchOutcome::Complete || fetched.content.linesDropped > 0) {
     return verification;

@@ -23,6 +23,7 @@ struct Verification {
   std::vector<CatalogueChange> faults;  // own entries that are missing or different
   std::vector<CatalogueChange> left;    // own entries that should be gone
   FoundAgain others;
+  std::string linkFault;  // why the link failed; "" if it did not
 
   bool IsMade() const { return fetched.from != LinesFrom::Nowhere; }
 };

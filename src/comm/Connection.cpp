@@ -92,7 +92,7 @@ void Connection::ReportFailed(const std::string& name, const std::string& addres
   std::string message = Text(text::kConnectFailed) + " " + name;
   if (!address.empty()) message += "\r\n" + p_.messages.Text(text::kConnectWhere, {address});
   if (!cause_.empty()) message += "\r\n" + cause_;
-  p_.messages.prompts.Show(Icon::Critical, message);
+  ShowFault(message);
 }
 
 std::string Connection::CauseOfSilence() const {
@@ -237,7 +237,11 @@ void Connection::OnLinkFault(const std::string& reason) { ReportLinkFault(Curren
 void Connection::ReportLinkFault(std::int16_t topic, const std::string& reason) {
   std::string message = Fault(reason);
   if (p_.topics.Has(topic)) message += "\r\n" + CurrentLink().Describe(p_.topics[topic]);
-  // A transfer tries again and reports it at its end, once.
+  ShowFault(message);
+}
+
+// A transfer reports it at its end, once.
+void Connection::ShowFault(const std::string& message) {
   if (p_.status.Busy > 0) {
     p_.transfer.LinkFault = message;
   } else {

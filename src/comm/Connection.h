@@ -97,6 +97,7 @@ class Connection final : private LinkEvents, private ReplyEvents {
   void Succeeded(const Topic& topic);
   void Failed(Topic& topic);
   void ReportFailed(const std::string& name, const std::string& address);
+  void ShowFault(const std::string& message);
   std::string CauseOfSilence() const;
   void SettleDisconnected();
   void ReportFault();
