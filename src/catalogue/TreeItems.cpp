@@ -35,6 +35,15 @@ Groups GroupsOfAllBelow(const ObjectTree& tree, std::size_t object) {
   return common.value_or(Groups());
 }
 
+// The path without the controller's address, whose digits are in nearly every number.
+std::string NamesOf(const ObjectTree& tree, std::size_t node) {
+  const TreeNode& leaf = tree.at(node);
+  std::string root = tree.at(leaf.Parent.value_or(node)).Text;
+  const std::size_t address = root.rfind(" [") + 2;
+  root.erase(address, root.rfind('/') + 1 - address);
+  return leaf.Parent ? root + "\\" + leaf.Text : root;
+}
+
 class Grouping {
  public:
   void Add(std::string text, const Groups& groups, std::size_t node) {
@@ -93,11 +102,13 @@ std::vector<std::size_t> NodesWith(const ObjectTree& tree, std::string_view want
   std::vector<std::size_t> found;
   for (std::size_t node = 0; node < tree.size(); ++node) {
     const std::string path = UpperCase(FullPath(tree, node));
+    const std::string names = UpperCase(NamesOf(tree, node));
     std::string_view rest = upper;
     bool all = true;
     while (!rest.empty() && all) {
       const std::string_view word = GetField(rest, 0, " ");
-      all = path.find(word) != std::string::npos;
+      const bool address = word.find_first_of(".:") != std::string_view::npos;
+      all = (address ? path : names).find(word) != std::string::npos;
       rest.remove_prefix(std::min(word.size() + 1, rest.size()));
     }
     if (all) found.push_back(node);

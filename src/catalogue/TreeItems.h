@@ -30,6 +30,7 @@ std::vector<TreeItem> ItemsByPlace(const ObjectTree& tree, const TopicTable& top
                                    std::string_view wholeObject);
 
 /// Returns the nodes that have every word of `wanted` in their text or their object's, in any case.
+/// Only words with "." or ":" are sought in the controller's address, too.
 std::vector<std::size_t> NodesWith(const ObjectTree& tree, std::string_view wanted);
 
 /// Returns the nodes of an item and of all items below it; of an item with none below it, those of

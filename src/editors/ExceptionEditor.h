@@ -72,6 +72,8 @@ class ExceptionEditor {
   /// The box that must be filled before `at`.
   std::optional<ExceptionFocus> FirstBox(ExceptionFocus at) const;
 
+  bool TakesMidnight(ExceptionFocus at) const { return zek::TakesMidnight(RowOf(at), at.box); }
+
   /// Enters what was typed into a box (see `EnterException`), or returns why not.
   std::optional<Refusal> Enter(ExceptionFocus at, std::string_view text);
 

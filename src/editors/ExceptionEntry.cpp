@@ -12,17 +12,21 @@ bool IsDate(ExceptionBox box) {
 }
 bool IsTime(ExceptionBox box) { return box == ExceptionBox::Start || box == ExceptionBox::Stop; }
 
-// Moves the start; a stop that is equal to it was never entered, and follows.
 void MoveStart(OvcRow& row, Moment start) {
-  if (row.stop == row.start) row.stop = start;
+  if (row.stopFollows) row.stop = start;
   row.start = start;
+}
+
+void EnterStop(OvcRow& row, Moment stop) {
+  row.stop = stop;
+  row.stopFollows = false;
 }
 
 void EnterEmptyDate(OvcRow& row, ExceptionBox box, Generation generation) {
   if (IsStart(box)) {
     row = {};
   } else {
-    row.stop = generation == Generation::Zek1 ? 0 : row.StopTime();
+    EnterStop(row, generation == Generation::Zek1 ? 0 : row.StopTime());
   }
 }
 
@@ -36,11 +40,11 @@ std::optional<Refusal> EnterDate(OvcRow& row, ExceptionBox box, std::string_view
   if (!date)
     return Refusal{text::kDateWrong, text::kDateHint, std::string(text), DateText(rules.now())};
   if (!row.used) {
-    row = {.used = true, .start = *date, .stop = *date};
+    row = {.used = true, .start = *date, .stop = *date, .stopFollows = true};
   } else if (IsStart(box)) {
     MoveStart(row, *date + TimeOfDay(row.start));
   } else {
-    row.stop = *date + row.StopTime();
+    EnterStop(row, *date + row.StopTime());
   }
   return std::nullopt;
 }
@@ -49,15 +53,14 @@ std::optional<Refusal> EnterTime(OvcRow& row, ExceptionBox box, std::string_view
                                  const ExceptionRules& rules) {
   const std::optional<Moment> time = TypedExceptionTime(text);
   const bool alone = !IsStart(box) && !row.HasStopDate();
-  // No line holds a stop of 00:00 without a date: it is no stop.
-  if (!time || (alone && *time == 0 && !Trim(text).empty())) {
+  if (!time || (*time == 0 && !Trim(text).empty() && !TakesMidnight(row, box))) {
     return Refusal{text::kTimeWrong, text::kTimeHint, std::string(text),
                    ClockText(TimeOfDay(rules.now()))};
   }
   if (IsStart(box)) {
     MoveStart(row, row.start - TimeOfDay(row.start) + *time);
   } else {
-    row.stop = alone ? *time : row.stop - TimeOfDay(row.stop) + *time;
+    EnterStop(row, alone ? *time : row.stop - TimeOfDay(row.stop) + *time);
   }
   return std::nullopt;
 }
@@ -82,6 +85,10 @@ std::optional<ExceptionBox> FirstBox(const OvcRow& row, ExceptionBox box, Genera
   const bool needsDate = generation == Generation::Zek1 && !row.HasStopDate();
   if (box == ExceptionBox::Stop && needsDate) return ExceptionBox::DateOff;
   return std::nullopt;
+}
+
+bool TakesMidnight(const OvcRow& row, ExceptionBox box) {
+  return box != ExceptionBox::Stop || row.HasStopDate();
 }
 
 std::optional<Refusal> EnterException(OvcRow& row, ExceptionBox box, std::string_view text,

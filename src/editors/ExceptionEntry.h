@@ -28,6 +28,9 @@ struct ExceptionRules {
 /// the stop date before a stop time.
 std::optional<ExceptionBox> FirstBox(const OvcRow& row, ExceptionBox box, Generation generation);
 
+/// False for a stop time without a stop date: no line holds a stop of 00:00 there.
+bool TakesMidnight(const OvcRow& row, ExceptionBox box);
+
 /// Enters what was typed into a box (see `TypedExceptionDate`, `TypedExceptionTime`, `TypedValue`),
 /// or returns why not; today or now takes the place of a wrong date or time. Does nothing if the
 /// text is there already or another box comes first. An empty start date clears the row, empty stop

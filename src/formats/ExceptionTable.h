@@ -38,12 +38,18 @@ struct OvcRow {
   Moment stop = 0;  // only a time if there is no stop date
   float valueOn = 0;
   float valueOff = kNoValue;
+  /// Of a row that is new in an editor: its stop was not entered yet, and goes with the start.
+  bool stopFollows = false;
 
   bool HasStopDate() const { return stop > kMinutesOfDay; }
   /// Returns 0 to 1440: a stop of 24:00 without a date stays 24:00.
   int StopTime() const { return stop == kMinutesOfDay ? kMinutesOfDay : TimeOfDay(stop); }
 
-  bool operator==(const OvcRow&) const = default;
+  /// Compares what is shown and saved.
+  bool operator==(const OvcRow& other) const {
+    return used == other.used && start == other.start && stop == other.stop &&
+           valueOn == other.valueOn && valueOff == other.valueOff;
+  }
 };
 
 /// The exception catalogue of one time control.

@@ -12,6 +12,9 @@
 #include "ui/WxText.h"
 
 namespace zek {
+namespace {
+constexpr const char* kMidnight = "00:00";
+}  // namespace
 
 EntryGrid::EntryGrid(wxWindow* parent, Parts parts, std::size_t columns)
     : wxPanel(parent), parts_(std::move(parts)), columns_(columns) {
@@ -188,7 +191,7 @@ void EntryGrid::OnWheel(std::size_t box, wxMouseEvent& event) {
   }
   const std::string typed = Box(box).Typed();
   const std::string next = QuarterBeside(typed, event.GetWheelRotation() > 0 ? 1 : -1);
-  if (next == typed) return;
+  if (next == typed || (next == kMidnight && !TakesMidnight(box))) return;
   text.SetValue(ToWx(next));
   text.SelectAll();
 }
@@ -279,6 +282,7 @@ DropDown* EntryGrid::DropTimes(std::size_t box,
   std::vector<DropItem> items;
   std::size_t nearest = 0;
   for (const std::string& time : QuarterHours()) {
+    if (time == kMidnight && !TakesMidnight(box)) continue;
     if (time <= typed) nearest = items.size();
     items.push_back({ToWx(time), {}, time, time == typed});
   }

@@ -70,6 +70,7 @@ class EntryGrid : public wxPanel {
   virtual std::int32_t MarkOf(std::size_t box) const = 0;
   virtual const PickList& NamesOf(std::size_t box) const = 0;
   virtual std::optional<Lead> LeadOf(std::size_t /*box*/) const { return std::nullopt; }
+  virtual bool TakesMidnight(std::size_t /*box*/) const { return true; }  // 00:00
   virtual std::optional<Refusal> EnterText(std::size_t box, const std::string& typed) = 0;
   /// The box got the focus.
   virtual void OnEntered(std::size_t box) = 0;

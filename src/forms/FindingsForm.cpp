@@ -10,6 +10,7 @@
 #include <wx/weakref.h>
 
 #include "findings/FindingKinds.h"
+#include "forms/ZV_Help.h"
 #include "lang/TextNumbers.h"
 #include "text/Controls.h"
 #include "ui/AccessibleName.h"
@@ -55,6 +56,7 @@ class FindingsForm final : public wxDialog {
     Bind(wxEVT_IDLE, &FindingsForm::OnIdle, this);
     RememberPlacement(*this, "ZV_Findings");
     if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
+    HelpOnF1(*this, proc, kHelpPageStart);
     // Deferred until the form is visible; before that nothing can get the focus.
     CallAfter([this] {
       Raise();

@@ -17,6 +17,7 @@
 #include "forecast/MomentText.h"
 #include "formats/ExceptionCells.h"
 #include "forms/SceneView.h"
+#include "forms/ZV_Help.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "picture/ForecastScene.h"
@@ -129,6 +130,7 @@ AppliesForm::AppliesForm(wxWindow* parent, ZV_Proc& proc, AppliesTo shown)
   SetSize(FromDIP(wxSize(kWidth, kHeight)));
   RememberPlacement(*this, "ZV_Applies");
   if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
+  HelpOnF1(*this, proc, kHelpPageKeys);
   Bind(wxEVT_CHAR_HOOK, &AppliesForm::OnKey, this);
   GoTo(MomentOf(proc.now()));
   clock_.Begin(kClockMs);

@@ -112,4 +112,11 @@ void ShowHelp(wxWindow* parent, ZV_Proc& proc, std::size_t page) {
   if (alive) form->Destroy();
 }
 
+void HelpOnF1(wxWindow& form, ZV_Proc& proc, std::size_t page) {
+  form.Bind(wxEVT_CHAR_HOOK, [&form, &proc, page](wxKeyEvent& event) {
+    if (event.GetKeyCode() != WXK_F1 || event.HasAnyModifiers()) return event.Skip();
+    ShowHelp(&form, proc, page);
+  });
+}
+
 }  // namespace zek

@@ -7,6 +7,8 @@ namespace {
 
 std::size_t Column(ExceptionBox box) { return static_cast<std::size_t>(box); }
 
+bool IsStop(ExceptionBox box) { return box == ExceptionBox::DateOff || box == ExceptionBox::Stop; }
+
 std::optional<PasteRefusal> PasteRow(OvcRow& to, std::size_t firstColumn, std::size_t row,
                                      const std::vector<std::string>& cells,
                                      const ExceptionRules& rules) {
@@ -15,7 +17,10 @@ std::optional<PasteRefusal> PasteRow(OvcRow& to, std::size_t firstColumn, std::s
     const std::string& cell = cells[column];
     const CellPlace place{row, column};
     if (cell.size() > kLongestCell) return BadCell(place, cell, {});
-    if (cell == TextsOf(to, rules.decimalSeparator)[box]) continue;
+    if (cell == TextsOf(to, rules.decimalSeparator)[box]) {
+      if (IsStop(box)) to.stopFollows = false;  // it was entered, although it changes nothing
+      continue;
+    }
     if (const auto first = FirstBox(to, box, rules.generation)) {
       const bool start = *first == ExceptionBox::DateOn;
       return BadCell(place, cell,

@@ -43,7 +43,7 @@ wxString Readable(std::string_view message) {
 int Ask(Icon icon, const std::string& message, const std::string& caption,
         const PromptDetails& details, const std::vector<PromptBox::Button>& buttons, int standard) {
   PromptBox box(LastForm(),
-                {icon, caption.empty() ? "ZekView" : ToWx(caption), Readable(message),
+                {icon, caption.empty() ? "ZEK View" : ToWx(caption), Readable(message),
                  ToWx(details.label), ToWx(details.lines)},
                 buttons, standard);
   return box.ShowModal();

@@ -94,7 +94,9 @@ TEST(TreeItems, GroupByThePartsOfLabels) {
   EXPECT_EQ(NodesAround(items, 0), (Places{0, 1, 2, 4}));
   EXPECT_EQ(NodesAround(ItemsByObject(tree), 5), (Places{3, 4, 5}));
   EXPECT_EQ(NodesWith(tree, "light school"), (Places{4}));
-  EXPECT_EQ(NodesWith(tree, "pc/a"), (Places{0, 1, 2}));
+  EXPECT_EQ(NodesWith(tree, "alfa [a]"), (Places{0, 1, 2}));
+  EXPECT_EQ(NodesWith(tree, "1"), (Places{1, 2, 4}));
+  EXPECT_EQ(NodesWith(tree, "h:1"), (Places{6}));
 }
 
 TEST(CopyStates, TellWhichControlHasUnsentChanges) {

@@ -10,6 +10,7 @@
 #include <wx/textctrl.h>
 #include <wx/weakref.h>
 
+#include "forms/ZV_Help.h"
 #include "forms/browser/ZV_TSC.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
@@ -27,9 +28,9 @@ constexpr int kLineColumns = 76;
 constexpr int kLines = 16;
 
 constexpr std::array<std::pair<Catalogue, std::int32_t>, 3> kKinds{{
-    {Catalogue::Wdc, text::kMenuBatchWDC},
-    {Catalogue::Sdc, text::kMenuBatchSDC},
-    {Catalogue::Ovc, text::kMenuBatchOVC},
+    {Catalogue::Wdc, text::kTitleWeekdays},
+    {Catalogue::Sdc, text::kTitleCalendar},
+    {Catalogue::Ovc, text::kTitleExceptions},
 }};
 
 wxString TitleOf(const ZV_Proc& proc) {
@@ -55,6 +56,7 @@ class HistoryForm final : public wxDialog {
     Command_SendBack->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { SendBack(); });
     RememberPlacement(*this, "ZV_TSCHistory");
     if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
+    HelpOnF1(*this, proc, kHelpPageHistory);
     // Deferred until the form is visible; before that nothing can get the focus.
     CallAfter([this] {
       Raise();

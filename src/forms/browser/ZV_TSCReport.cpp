@@ -16,6 +16,7 @@
 
 #include "app/ReportCollector.h"
 #include "forms/CancelTransfer.h"
+#include "forms/ZV_Help.h"
 #include "forms/browser/ZV_TSC.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
@@ -113,6 +114,7 @@ class ReportForm final : public wxDialog {
     Build();
     CenterForm(*this);
     if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
+    HelpOnF1(*this, proc, kHelpPageStart);
     Bind(
         wxEVT_BUTTON, [this](wxCommandEvent&) { Write(); }, wxID_OK);
     Bind(

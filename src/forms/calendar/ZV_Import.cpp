@@ -17,6 +17,7 @@
 
 #include "formats/CalendarNames.h"
 #include "formats/CatalogueFields.h"
+#include "forms/ZV_Help.h"
 #include "import/CalendarPreview.h"
 #include "import/HolidayDates.h"
 #include "import/ImportFile.h"
@@ -61,6 +62,7 @@ class ImportForm final : public wxDialog {
     ShowPreview();
     RememberPlacement(*this, "ZV_Import");
     if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
+    HelpOnF1(*this, proc, HelpPageOf(Catalogue::Sdc));
     // Without a window manager the program itself must activate the window.
     CallAfter([this] {
       Raise();

@@ -43,7 +43,7 @@ wxSizer* InRows(const std::array<wxRadioButton*, N>& options, wxStaticBox* frame
 
 }  // namespace
 
-// The order of creation is the order of the Tab key.
+// The order of creation is the order of the keyboard letters.
 void ZV_SDC::Build() {
   BuildGrid();
   BuildDayTypes();
@@ -90,6 +90,10 @@ void ZV_SDC::Build() {
   whole->Add(hint_, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(years, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(commands, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
+  holidays->MoveAfterInTabOrder(Command_Year);
+  import->MoveAfterInTabOrder(holidays);
+  otherYear->MoveAfterInTabOrder(import);
+  FindingsButton()->MoveBeforeInTabOrder(Command_Ok);
   LayOut(whole);
 }
 

@@ -72,6 +72,7 @@ void ZV_OVC::Arrange() {
   whole->Add(table, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(lower, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(commands, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
+  FindingsButton()->MoveAfterInTabOrder(Command_CopyPaste);
   LayOut(whole);
 }
 

@@ -38,6 +38,7 @@ class OvcGrid final : public EntryGrid {
   std::string ShownText(std::size_t box) const override { return editor_.ShownText(At(box)); }
   std::int32_t MarkOf(std::size_t box) const override { return editor_.MarkOf(At(box)); }
   const PickList& NamesOf(std::size_t box) const override { return editor_.NamesOf(At(box).box); }
+  bool TakesMidnight(std::size_t box) const override { return editor_.TakesMidnight(At(box)); }
   std::optional<Lead> LeadOf(std::size_t box) const override;
   std::optional<Refusal> EnterText(std::size_t box, const std::string& typed) override;
   void OnEntered(std::size_t box) override;

@@ -19,7 +19,7 @@ constexpr int kGap = 16;
 }  // namespace
 
 ZV_Info::ZV_Info(wxWindow* parent, const LanguageTexts& texts)
-    : wxDialog(parent, wxID_ANY, "ZekView") {
+    : wxDialog(parent, wxID_ANY, "ZEK View") {
   SetName("ZV_Info");
   // Message boxes take another parent, see WxPrompts: one of their own would be closed with it.
   SetExtraStyle(GetExtraStyle() | wxWS_EX_TRANSIENT);
@@ -43,7 +43,7 @@ ZV_Info::ZV_Info(wxWindow* parent, const LanguageTexts& texts)
 void ZV_Info::Build(const LanguageTexts& texts) {
   const int gap = FromDIP(kGap);
   auto* const lines = new wxBoxSizer(wxVERTICAL);
-  auto* const name = new wxStaticText(this, wxID_ANY, "ZekView");
+  auto* const name = new wxStaticText(this, wxID_ANY, "ZEK View");
   name->SetFont(name->GetFont().Bold().Scaled(1.6F));
   lines->Add(name);
   lines->Add(new wxStaticText(this, wxID_ANY, "Version " ZEKVIEW_VERSION), 0, wxBOTTOM, gap);

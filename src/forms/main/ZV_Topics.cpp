@@ -12,6 +12,7 @@
 #include <wx/weakref.h>
 
 #include "app/TopicList.h"
+#include "forms/ZV_Help.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "text/Fields.h"
@@ -50,6 +51,7 @@ class TopicForm final : public wxDialog {
     }
     CenterForm(*this);
     if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
+    HelpOnF1(*this, proc, kHelpPageTopic);
     // Without a window manager the program itself must activate the window.
     CallAfter([this] {
       Raise();
@@ -105,7 +107,8 @@ class TopicForm final : public wxDialog {
     auto* const ok = new wxButton(this, wxID_OK);
     ok->SetDefault();
     buttons->Add(ok, 0, wxLEFT, gap);
-    buttons->Add(new wxButton(this, wxID_CANCEL), 0, wxLEFT, gap);
+    buttons->Add(new wxButton(this, wxID_CANCEL, ToWx(proc_.Text(text::kCalendarCancel))), 0,
+                 wxLEFT, gap);
 
     // Two lines high, so that the form need not grow.
     Label_State = new wxStaticText(this, wxID_ANY, "\n", wxDefaultPosition, wxDefaultSize,
@@ -204,6 +207,7 @@ class TopicsForm final : public wxDialog {
     Build();
     CenterForm(*this);
     if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
+    HelpOnF1(*this, proc, kHelpPageTopic);
     ShowNames(0);
     List_Topics->Bind(wxEVT_LISTBOX_DCLICK, [this](wxCommandEvent&) { Change(); });
     CallAfter([this] {

@@ -13,6 +13,7 @@
 #include "forms/CancelTransfer.h"
 #include "forms/ModeStrip.h"
 #include "forms/StatusChain.h"
+#include "forms/ZV_Help.h"
 #include "forms/several/ChangesPanel.h"
 #include "forms/several/ControlTicks.h"
 #include "forms/several/PlanPanel.h"
@@ -53,6 +54,7 @@ class SeveralForm final : public FormDialog {
     Build();
     RememberPlacement(*this, "ZV_Several");
     if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
+    HelpOnF1(*this, proc, kHelpPageSeveral);
     Bind(
         wxEVT_BUTTON, [this](wxCommandEvent&) { CloseOrStay(); }, wxID_CANCEL);
     Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent&) { CloseOrStay(); });

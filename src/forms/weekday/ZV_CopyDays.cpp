@@ -9,6 +9,7 @@
 #include <wx/statbox.h>
 #include <wx/weakref.h>
 
+#include "forms/ZV_Help.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "ui/FormDialog.h"
@@ -40,6 +41,7 @@ class CopyDaysForm final : public FormDialog {
     SetSizerAndFit(whole);
     CenterForm(*this);
     if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
+    HelpOnF1(*this, proc, kHelpPageCopy);
     Bind(wxEVT_CHECKBOX, [this](wxCommandEvent&) { Command_Copy->Enable(To().any()); });
     // Without a window manager the program itself must activate the window.
     CallAfter([this, first = from.day == 0 ? 1 : 0] {

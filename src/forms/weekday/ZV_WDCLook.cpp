@@ -110,6 +110,8 @@ void ZV_WDC::Arrange() {
   whole->Add(table, 1, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(lower, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
   whole->Add(commands, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
+  FindingsButton()->MoveAfterInTabOrder(Command_Erase);
+  Command_CopyPaste->MoveBeforeInTabOrder(Command_Ok);
   LayOut(whole);
 }
 
