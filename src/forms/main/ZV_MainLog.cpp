@@ -183,7 +183,7 @@ void LogList::OnPaint(wxPaintEvent& /*event*/) {
 }
 
 void LogList::DrawLine(wxDC& dc, std::uint64_t number, const wxRect& row) const {
-  const auto room = static_cast<std::size_t>(row.width / GetCharWidth() + 1);
+  const auto room = static_cast<std::size_t>(row.width / GetCharWidth()) + 1;
   const wxString line = ShownLine(number).Mid(static_cast<std::size_t>(left_), room);
   const bool marked = place_.IsMarked(number);
   const bool strong = marked && HasFocus();

@@ -302,14 +302,14 @@ class SeveralForm final : public FormDialog {
     const wxWeakRef<SeveralForm> alive(this);
     for (const std::string& name : run_.OpenPlans()) {
       const std::string damaged = run_.Take(name);
-      const std::string question =
-          Message(proc_.Text(text::kSeveralAskOpen),
-                  {PlanRun::TimeOf(name), std::to_string(run_.Catalogues())});
-      const Answer answer = proc_.prompts.AskThree(
-          Icon::Exclamation, damaged.empty() ? question : damaged + "\r\n\r\n" + question,
-          SeveralTitle(proc_.texts),
-          {proc_.Text(text::kSeveralGoOn), proc_.Text(text::kSeveralGiveUp),
-           proc_.Text(text::kCalendarCancel)});
+      std::string question = damaged;
+      if (!damaged.empty()) question += "\r\n\r\n";
+      question += Message(proc_.Text(text::kSeveralAskOpen),
+                          {PlanRun::TimeOf(name), std::to_string(run_.Catalogues())});
+      const Answer answer =
+          proc_.prompts.AskThree(Icon::Exclamation, question, SeveralTitle(proc_.texts),
+                                 {proc_.Text(text::kSeveralGoOn), proc_.Text(text::kSeveralGiveUp),
+                                  proc_.Text(text::kCalendarCancel)});
       if (!alive) return;
       if (answer == Answer::No) {
         const std::string why = run_.GiveUp(name);
