@@ -18,7 +18,7 @@ class LogPlayer : public test::TestSession {
     const std::size_t blank = std::min(line.find(' '), line.size());
     const std::string what = line.substr(0, blank);
     const std::string text = line.substr(std::min(blank + 1, line.size()));
-    const auto number = std::atoll(text.c_str());
+    const auto number = std::strtoll(text.c_str(), nullptr, 10);
     if (what == "add") proc.log.Add(text);
     if (what == "connect") proc.connection.Connect(1);
     if (what == "say") socket.SayNow(text);

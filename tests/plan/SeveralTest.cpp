@@ -19,11 +19,12 @@ class SeveralPlayer : public test::SessionPlayer {
   std::string Do(const std::string& what, const std::string& rest) override {
     if (what == "entry") return Enter(rest);
     if (what == "restart") run_ = std::make_unique<PlanRun>(proc, [] {});
-    if (what == "stop")
+    if (what == "stop") {
       turn.After(std::stoi(rest), [this] {
         run_->Cancel();
         proc.waits.Cancel();
       });
+    }
     if (what == "make") run_->Make(changes_, {rest});
     if (what == "keep") return run_->Keep() + "kept";
     if (what == "drop") run_->Drop();

@@ -19,7 +19,7 @@ constexpr const char* kWidestPlace = "99999 / 99999";
 }  // namespace
 
 LogFindBar::LogFindBar(wxWindow* parent, const LanguageTexts& texts, LogList& list,
-                       std::function<void()> close)
+                       const std::function<void()>& close)
     : wxPanel(parent), texts_(texts), list_(list) {
   SetName("Panel_Find");
   Build(close);

@@ -16,7 +16,7 @@ class LogFindBar final : public wxPanel {
  public:
   /// `close` is called when the user closes it.
   LogFindBar(wxWindow* parent, const LanguageTexts& texts, LogList& list,
-             std::function<void()> close);
+             const std::function<void()>& close);
 
   /// Shows it, seeks what it has, and lets the user type.
   void Open();

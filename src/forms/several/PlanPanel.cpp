@@ -31,7 +31,8 @@ constexpr std::array<Column, 4> kColumns{{{text::kSeveralResult, 15},
 
 }  // namespace
 
-PlanPanel::PlanPanel(wxWindow* parent, const ZV_Proc& proc, const PlanRun& run, Actions actions)
+PlanPanel::PlanPanel(wxWindow* parent, const ZV_Proc& proc, const PlanRun& run,
+                     const Actions& actions)
     : wxPanel(parent), proc_(proc), run_(run) {
   Build(actions);
 }

@@ -26,7 +26,7 @@ class PlanPanel final : public wxPanel {
     std::function<void()> saveReport;
   };
 
-  PlanPanel(wxWindow* parent, const ZV_Proc& proc, const PlanRun& run, Actions actions);
+  PlanPanel(wxWindow* parent, const ZV_Proc& proc, const PlanRun& run, const Actions& actions);
 
   /// Shows the lines that are new since the last call, or all of another plan.
   void ShowLines();
