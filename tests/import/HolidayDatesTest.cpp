@@ -25,10 +25,10 @@ TEST(HolidayDates, EachGroupHasItsTypeAndTheControllerItsYears) {
 }
 
 struct Copied {
-  YearCopy copy;
-  int to;
+  YearCopy copy = YearCopy::SameDates;
+  int to = 0;
   CalendarDate from;
-  const char* dates;
+  const char* dates = "";
 };
 
 // Easter is 5 April 2026, 28 March 2027, 16 April 2028; 1 May 2008 is Ascension Day, too.
