@@ -57,12 +57,11 @@ SceneView::SceneView(wxWindow* parent, const std::string& name, std::function<vo
   Bind(wxEVT_LEFT_UP, [this](wxMouseEvent& event) { OnRelease(event.GetPosition()); });
   // Not the style wxWANTS_CHARS, with which Windows keeps Alt and a letter from the buttons.
   Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
-    if ((event.GetModifiers() & ~wxMOD_SHIFT) != 0) {
-      event.Skip();
-    } else if (event.GetKeyCode() == WXK_TAB) {
+    const bool plain = (event.GetModifiers() & ~wxMOD_SHIFT) == 0;
+    if (plain && event.GetKeyCode() == WXK_TAB) {
       Navigate(event.ShiftDown() ? wxNavigationKeyEvent::IsBackward
                                  : wxNavigationKeyEvent::IsForward);
-    } else if (!TakeKey(event.GetKeyCode(), event.GetModifiers())) {
+    } else if (!plain || !TakeKey(event.GetKeyCode(), event.GetModifiers())) {
       event.Skip();
     }
   });

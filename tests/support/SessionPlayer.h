@@ -105,8 +105,14 @@ class SessionPlayer : public TransferSession {
   }
 
   std::string Looked(const std::string& what, const std::string& rest) {
-    if (what == "show")
-      return files.files.contains("/zek/" + rest) ? Shown(files.files["/zek/" + rest]) : "no file";
+    if (what == "show") {
+      const std::size_t slash = rest.find('/');
+      const std::string path =
+          slash == std::string::npos
+              ? "/zek/" + rest
+              : WithSeparator("/zek/" + rest.substr(0, slash)) + rest.substr(slash + 1);
+      return files.files.contains(path) ? Shown(files.files[path]) : "no file";
+    }
     if (what == "time") return std::to_string((turn.Now() - start_) / 100 * 100) + " ms";
     if (what == "before") {
       std::string before = std::to_string(static_cast<int>(ReadBefore().from));
