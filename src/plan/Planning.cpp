@@ -30,10 +30,12 @@ Plan Planner::Make(std::span<const ListedChange> changes, const std::vector<std:
   std::set<Catalogue> kinds;
   for (const ListedChange& change : changes) kinds.insert(KindOf(change));
   std::vector<PlannedCatalogue> all;
-  for (const auto& [object, controls] : ControlsOf(nodes))
-    for (const Catalogue kind : kOrder)
+  for (const auto& [object, controls] : ControlsOf(nodes)) {
+    for (const Catalogue kind : kOrder) {
       if (kinds.contains(kind))
         std::ranges::move(CataloguesOf(object, controls, kind), std::back_inserter(all));
+    }
+  }
   total_ += all.size();
   for (PlannedCatalogue& each : all)
     if (!Stopped()) PlanChange(std::move(each), changes);
