@@ -306,7 +306,7 @@ TEST_F(ZV_MainTest, TheLogIsSearchedAndMarkedWhileLinesCome) {
   Key(WXK_ESCAPE);
   EXPECT_TRUE(Shown("Text_Find") == nullptr && list().HasFocus());
   Key(WXK_DOWN, wxMOD_SHIFT);
-  EXPECT_EQ(copied().BeforeLast('0'), wxTextBuffer::Translate("Hit1\nrad "));
+  EXPECT_EQ(wxTextBuffer::Translate(copied().BeforeLast('0'), wxTextFileType_Unix), "Hit1\nrad ");
   EXPECT_TRUE(Shown("Command_ToEnd"));
   Key(WXK_END);
   EXPECT_TRUE(list().Place().Follows() && Shown("Command_ToEnd") == nullptr);
