@@ -28,8 +28,8 @@ import time
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 BUILD = ROOT / "build" / "release"
 PLACE = ROOT / "build" / "mutants"
-FOLDERS = ["text", "system", "lang", "settings", "formats", "comm", "catalogue", "export", "editors",
-           "app"]
+FOLDERS = ["text", "system", "lang", "settings", "formats", "comm", "catalogue", "forecast", "findings",
+           "import", "picture", "export", "report", "paste", "editors", "app", "plan"]
 EQUAL = ROOT / "scripts" / "mutants-equal.txt"
 NO_CORE = re.compile(r"/(Win\w+|Posix\w+)\.cpp$")
 PROGRAMS = ["zekview-tests", "zekview-fuzz-corpora", "zekview-round-trips", "zekview-cli"]

@@ -105,7 +105,8 @@ PlanLine Applier::Send(const PlannedCatalogue& planned, const CatalogueId& id,
   };
   const SaveResult saved = proc_.catalogues.SaveCatalogue(id, draft);
   if (stale) {
-    static_cast<void>(started_.End(planned));  // nothing was sent
+    // Nothing was sent. An earlier, interrupted write stays noted.
+    if (!interrupted) static_cast<void>(started_.End(planned));
     return Stale(planned, *stale);
   }
   if (!saved.Done()) return LineOf(PlanWord::Failed, planned, prompts.Trouble());
