@@ -17,8 +17,8 @@ namespace zek {
 namespace {
 
 // The folders with what must not be lost. Exports stay where they are.
-constexpr std::array<const char*, 5> kRecordFolders = {"History/", "Known/", "Before/", "Begun/",
-                                                       "Unfinished/"};
+constexpr std::array<const char*, 6> kRecordFolders = {"History/", "Known/",      "Before/",
+                                                       "Begun/",   "Unfinished/", "Plans/"};
 
 std::string MarkerValue(const std::string& marker, std::string_view key) {
   return ProfileValue(marker, "ZekView", key).value_or("");

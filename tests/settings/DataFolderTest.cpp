@@ -42,11 +42,11 @@ TEST(DataFolder, BeginsWithTheShippedSettings) {
 // The older folder stays as it is, what is in the new one too, and the settings come last.
 TEST(DataFolder, TakesOverWhatIsTheUsers) {
   const std::map<std::string, std::string> older = {
-      {"/old/ZEKView.INI", "s"},     {"/old/a WDC.TXT", "1"},    {"/old/b SDC.TXT", "2"},
-      {"/old/SENT.TXT", "3"},        {"/old/zekview.exe", "-"},  {"/old/README.txt", "-"},
-      {"/old/zek_lang.046", "-"},    {"/old/zek_lang.358", "4"}, {"/old/y.plan", "5"},
-      {"/old/History/c.TXT", "6"},   {"/old/Batch/d.TXT", "-"},  {"/old/demo/e.TXT", "-"},
-      {"/old/Unfinished/f.TXT", "7"}};
+      {"/old/ZEKView.INI", "s"},      {"/old/a WDC.TXT", "1"},    {"/old/b SDC.TXT", "2"},
+      {"/old/SENT.TXT", "3"},         {"/old/zekview.exe", "-"},  {"/old/README.txt", "-"},
+      {"/old/zek_lang.046", "-"},     {"/old/zek_lang.358", "4"}, {"/old/y.plan", "5"},
+      {"/old/History/c.TXT", "6"},    {"/old/Batch/d.TXT", "-"},  {"/old/demo/e.TXT", "-"},
+      {"/old/Unfinished/f.TXT", "7"}, {"/old/Plans/g.plan", "8"}};
   const Folders folders{"/data/", "/bin/", "", false};
   test::MemoryFiles files;
   files.files = older;
@@ -60,7 +60,7 @@ TEST(DataFolder, TakesOverWhatIsTheUsers) {
   files.failWrites.reset();
   const TakenOver done = TakeOver(files, "/old/", folders);
   EXPECT_FALSE(done.error);
-  EXPECT_EQ(done.copied, 7U);
+  EXPECT_EQ(done.copied, 8U);
   EXPECT_EQ(done.kept, 1U);
   std::map<std::string, std::string> wanted = before;
   for (const auto& [path, bytes] : older)
