@@ -7,7 +7,7 @@ changed constant or a removed statement. It is compiled outside the work tree an
 core library of build/release. Then the tests run until one fails, starting with those of the same
 file or folder. Mutants that survive the unit tests go to the programs that make random and hostile
 catalogues. A mutant that does not compile is replaced by another one. Forms, files for one system,
-tables of texts and headers are not changed.
+tables of texts and colours, reserved memory and headers are not changed.
 
 mutants-equal.txt lists the mutants without an observable effect, with the reason. They are reported
 but not counted.
@@ -31,7 +31,7 @@ PLACE = ROOT / "build" / "mutants"
 FOLDERS = ["text", "system", "lang", "settings", "formats", "comm", "catalogue", "forecast", "findings",
            "import", "picture", "export", "report", "paste", "editors", "app", "plan"]
 EQUAL = ROOT / "scripts" / "mutants-equal.txt"
-NO_CORE = re.compile(r"/(Win\w+|Posix\w+)\.cpp$")
+NO_CORE = re.compile(r"/(Win\w+|Posix\w+|Palette)\.cpp$")
 PROGRAMS = ["zekview-tests", "zekview-fuzz-corpora", "zekview-round-trips", "zekview-cli"]
 TIMES = 5  # the time limit is this many times the time without a mutant; a timeout is a failure
 LEAST_SECONDS = 5
@@ -45,7 +45,8 @@ NUMBER = re.compile(r"(?<![\w.'])(\d+)(?![\w.'])|\b(true|false)\b")
 STATEMENT = re.compile(r"^(\s+(?:if \(.*\) |else )?)((?:\+\+|--)?[A-Za-z_][\w.:>\[\]()*-]*"
                        r"(?:\(.*\)| [-+|&]?= .*|\+\+|--)?);$")
 NO_STATEMENT = re.compile(r"^(return|using|const|constexpr|static|auto|namespace|public|class|struct"
-                          r"|default|case|friend|throw|template|typedef|goto)\b")
+                          r"|default|case|friend|throw|template|typedef|goto)\b"
+                          r"|.*\.reserve\(")
 TEST = re.compile(r"^(?:TEST|TEST_F|TEST_P|TYPED_TEST)\((\w+),", re.MULTILINE)
 STRING = re.compile(r'R"\(.*?\)"|"(?:\\.|[^"\\])*"|\'(?:\\.|[^\'\\])\'')
 

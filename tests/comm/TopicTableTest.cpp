@@ -60,11 +60,12 @@ TEST(TopicList, AChangeTakesEffectAtOnceAndKeepsTheOtherLines) {
   file = "; c\n[Topics]\n;x=1\nOne = no,1,h:1,First\n\nTWO=1\n[ONE]\nAHU1=x\n";
   session.Load("");
   EXPECT_TRUE(SaveTopic(proc, {"ONE", Generation::Zek1, "h:2", "", "New"}));
+  EXPECT_FALSE(proc.profile.WriteIni("General", "DialogMode", "Default"));
   EXPECT_TRUE(SaveTopic(proc, {"NEW", Generation::Zek2, "h:3", "4", "Third"}));
   EXPECT_TRUE(RemoveTopic(proc, "two"));
   EXPECT_EQ(file,
             "; c\n[Topics]\n;x=1\nOne=no,1,h:2,New\r\n\nNEW=YES,ZEK2,h:3:4,Third\r\n[ONE]\nAHU1=x\n"
-            "[General]\r\nDialogMode=ALL\r\n");
+            "[General]\r\nDialogMode=Default\r\n");
   EXPECT_EQ(proc.topics.TopicCount(), 2);
   EXPECT_EQ(proc.topics.Listed(proc.settings).size(), 2U);
   session.socket.onConnected = [&session] { session.socket.Say("<TRANSPARENT>"); };
