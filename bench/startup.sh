@@ -9,6 +9,7 @@ trap end_started EXIT
 starts="${1:-21}"
 memory_runs=3
 limit=1.25
+memory_limit=1.3 # libical brings ICU, 0.05 of it
 program_directory="$bench_directory/startup"
 mkdir -p "$program_directory"
 cp data/lang/zek_lang.* data/demo/ZEKView.INI "$program_directory/"
@@ -50,5 +51,5 @@ echo "Memory (RSS, kB): zekview ${our_memory[*]}; minimal window ${their_memory[
 verdict "first frame / minimal wxWidgets window" \
   "$(ratio "$(fastest "${ours[@]}")" "$(fastest "${theirs[@]}")")" "$limit"
 verdict "memory / minimal wxWidgets window" \
-  "$(ratio "$(median "${our_memory[@]}")" "$(median "${their_memory[@]}")")" "$limit"
+  "$(ratio "$(median "${our_memory[@]}")" "$(median "${their_memory[@]}")")" "$memory_limit"
 exit "$exceeded"
