@@ -1,0 +1,143 @@
+#include <windows.h>
+#include <array>
+#include <csignal>
+
+#include "system/CrashSystem.h"
+
+namespace zek::crash {
+namespace {
+
+constexpr ULONG kHandlerStack = 64 << 10;
+constexpr int kExitOfAbort = 3;
+constexpr std::size_t kLongestPath = 4096;
+
+struct ExceptionName {
+  DWORD code;
+  std::string_view name;
+};
+constexpr std::array<ExceptionName, 5> kExceptions = {
+    {{EXCEPTION_ACCESS_VIOLATION, "access violation"},
+     {EXCEPTION_IN_PAGE_ERROR, "page error"},
+     {EXCEPTION_STACK_OVERFLOW, "stack overflow"},
+     {EXCEPTION_INT_DIVIDE_BY_ZERO, "arithmetic fault"},
+     {EXCEPTION_ILLEGAL_INSTRUCTION, "illegal instruction"}}};
+
+// What the system does after a crash, it does afterwards.
+LONG WINAPI OnException(EXCEPTION_POINTERS* exception) {
+  const EXCEPTION_RECORD& record = *exception->ExceptionRecord;
+  Fault fault{"exception", record.ExceptionCode, record.ExceptionAddress, exception->ContextRecord};
+  for (const ExceptionName& each : kExceptions) {
+    if (each.code == record.ExceptionCode) fault.name = each.name;
+  }
+  const bool access = record.ExceptionCode == EXCEPTION_ACCESS_VIOLATION;
+  if (access && record.NumberParameters > 1) {
+    fault.address = reinterpret_cast<const void*>(record.ExceptionInformation[1]);
+  }
+  Write(fault);
+  return EXCEPTION_CONTINUE_SEARCH;
+}
+
+// Ends here: the runtime would show a box, for which an unattended program waits for ever.
+void OnAbort(int /*number*/) {
+  Write({"abort", SIGABRT, nullptr, nullptr});
+  ::TerminateProcess(::GetCurrentProcess(), kExitOfAbort);
+}
+
+HMODULE ModuleOf(const void* address) {
+  HMODULE module = nullptr;
+  constexpr DWORD how =
+      GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
+  ::GetModuleHandleExW(how, static_cast<LPCWSTR>(address), &module);
+  return module;
+}
+
+}  // namespace
+
+void CatchFaults() {
+  ULONG size = kHandlerStack;
+  ::SetThreadStackGuarantee(&size);
+  ::SetUnhandledExceptionFilter(OnException);
+  std::signal(SIGABRT, OnAbort);
+}
+
+void LimitTime() {}
+
+#ifdef _WIN64
+std::size_t StackOf(const Fault& fault, std::span<const void*> frames) {
+  CONTEXT context{};
+  if (fault.context != nullptr) {
+    context = *static_cast<const CONTEXT*>(fault.context);
+  } else {
+    ::RtlCaptureContext(&context);
+  }
+  std::size_t used = 0;
+  while (used < frames.size() && context.Rip != 0) {
+    frames[used++] = reinterpret_cast<const void*>(context.Rip);
+    DWORD64 base = 0;
+    const PRUNTIME_FUNCTION function = ::RtlLookupFunctionEntry(context.Rip, &base, nullptr);
+    if (function == nullptr) {
+      // A function that calls nothing; also a call that led nowhere.
+      if (context.Rsp == 0) break;
+      context.Rip = *reinterpret_cast<const DWORD64*>(context.Rsp);
+      context.Rsp += sizeof(DWORD64);
+      continue;
+    }
+    void* data = nullptr;
+    DWORD64 frame = 0;
+    ::RtlVirtualUnwind(UNW_FLAG_NHANDLER, base, context.Rip, function, &context, &data, &frame,
+                       nullptr);
+  }
+  return used;
+}
+#else
+// Nothing tells where the calls are on this stack: everything that may be a return address.
+std::size_t StackOf(const Fault& fault, std::span<const void*> frames) {
+  CONTEXT context{};
+  if (fault.context != nullptr) {
+    context = *static_cast<const CONTEXT*>(fault.context);
+  } else {
+    ::RtlCaptureContext(&context);
+  }
+  frames[0] = reinterpret_cast<const void*>(context.Eip);
+  std::size_t used = 1;
+  const auto* word = reinterpret_cast<const void* const*>(context.Esp & ~DWORD{3});
+  const void* const end = reinterpret_cast<const NT_TIB*>(::NtCurrentTeb())->StackBase;
+  for (; word < end && used < frames.size(); ++word) {
+    if (ModuleOf(*word) != nullptr) frames[used++] = *word;
+  }
+  return used;
+}
+#endif
+
+Place PlaceOf(const void* address) {
+  Place place;
+  place.offset = reinterpret_cast<std::uintptr_t>(address);
+  static std::array<wchar_t, kLongestPath> path;
+  HMODULE const module = ModuleOf(address);
+  const DWORD length =
+      module == nullptr ? 0 : ::GetModuleFileNameW(module, path.data(), kLongestPath);
+  if (length == 0 || length >= kLongestPath) return place;
+  std::wstring_view name(path.data(), length);
+  name.remove_prefix(name.rfind(L'\\') + 1);
+  ::WideCharToMultiByte(CP_UTF8, 0, name.data(), static_cast<int>(name.size()), place.module.data(),
+                        static_cast<int>(place.module.size() - 1), nullptr, nullptr);
+  place.offset -= reinterpret_cast<std::uintptr_t>(module);
+  return place;
+}
+
+std::uint64_t ProcessNumber() { return ::GetCurrentProcessId(); }
+
+void Store(const char* folder, const char* path, std::string_view bytes) {
+  static std::array<wchar_t, kLongestPath> wide;
+  ::MultiByteToWideChar(CP_UTF8, 0, folder, -1, wide.data(), kLongestPath);
+  ::CreateDirectoryW(wide.data(), nullptr);
+  ::MultiByteToWideChar(CP_UTF8, 0, path, -1, wide.data(), kLongestPath);
+  HANDLE const file = ::CreateFileW(wide.data(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
+                                    CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+  if (file == INVALID_HANDLE_VALUE) return;
+  DWORD written = 0;
+  ::WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+  ::CloseHandle(file);
+}
+
+}  // namespace zek::crash
