@@ -3,7 +3,6 @@
 #include "commands/Commands.h"
 #include "settings/TagPassword.h"
 #include "system/Secret.h"
-#include "text/Lines.h"
 #include "text/Windows1252.h"
 
 namespace zek::cli {
@@ -31,9 +30,8 @@ ExitStatus SetTagPassword(Files& files, const std::string& settingsFile, std::is
   if (!CanEncrypt()) return end("only Windows can encrypt a password", kWrongUsage);
   if (!files.Exists(settingsFile)) return end("there is no " + settingsFile, kWrongUsage);
   streams.err << "Password of the tag server: " << std::flush;
-  const std::string line = ReadUnseenLine(in);
-  std::string_view rest = line;
-  const std::string typed(TakeLine(rest));
+  std::string typed = ReadUnseenLine(in);
+  typed.resize(typed.find_last_not_of("\r\n") + 1);
   if (const std::string fault = Fault(typed); !fault.empty()) return end(fault, kWrongUsage);
   const std::string password = Windows1252FromUtf8(typed);
   const std::unique_ptr<Profile> profile = OpenSettingsFile(files, settingsFile);

@@ -113,10 +113,10 @@ seconds FromUtc() {
 
 }  // namespace
 
-void Write(const Fault& fault) {
+bool Write(const Fault& fault) {
   Prepared& ready = Ready();
   LimitTime();
-  if (ready.begun.test_and_set()) return;
+  if (ready.begun.test_and_set()) return false;
   const Moment now = Now();
   ready.path << ready.folder << "/";
   AddMoment(ready.path, now, {"", "-", ""});
@@ -130,7 +130,7 @@ void Write(const Fault& fault) {
   std::array<const void*, kMostFrames> frames{};
   const std::size_t count = StackOf(fault, frames);
   for (std::size_t i = 0; i < count; ++i) AddPlace(frames[i]);
-  Store(ready.folder.c_str(), ready.path.Bytes(), ready.text.View());
+  return Store(ready.folder.c_str(), ready.path.Bytes(), ready.text.View());
 }
 
 namespace {

@@ -11,8 +11,8 @@ inline constexpr const char* kCrashFolder = "Crashes";
 
 /// From now on a crash of this program leaves a report in `dataFolder` (UTF-8, with a separator at
 /// its end): version, time, fault, and where, as modules with offsets. It holds nothing of the
-/// memory. Then the program ends as it would have. Faults that somebody handles already, for
-/// example a sanitizer, stay with him. Call it once.
+/// memory. Then the program ends. Faults that somebody handles already, for example a sanitizer,
+/// stay with him. Call it once.
 void CatchCrashes(const std::string& dataFolder, const std::string& program);
 
 /// The same report for an exception that nobody caught; to be called while it is handled.

@@ -17,8 +17,8 @@ struct Fault {
   void* context = nullptr;        // the system's state of the thread; null: call `Write` there
 };
 
-/// Writes the report, of the first fault only.
-void Write(const Fault& fault);
+/// Writes the report, of the first fault only. Returns true if it could be stored.
+bool Write(const Fault& fault);
 
 /// Where an address is.
 struct Place {
@@ -42,6 +42,7 @@ Place PlaceOf(const void* address);
 std::uint64_t ProcessNumber();
 
 /// Writes a new file; `folder` is created first if it is missing. Both are UTF-8.
-void Store(const char* folder, const char* path, std::string_view bytes);
+/// Returns true if all of it was written.
+bool Store(const char* folder, const char* path, std::string_view bytes);
 
 }  // namespace zek::crash

@@ -97,17 +97,17 @@ Place PlaceOf(const void* address) {
 
 std::uint64_t ProcessNumber() { return static_cast<std::uint64_t>(::getpid()); }
 
-void Store(const char* folder, const char* path, std::string_view bytes) {
+bool Store(const char* folder, const char* path, std::string_view bytes) {
   constexpr mode_t everybody = 0777;  // less what the user's mask takes away
   ::mkdir(folder, everybody);
   const int file = ::open(path, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, everybody & 0666);
-  if (file < 0) return;
+  if (file < 0) return false;
   while (!bytes.empty()) {
     const ssize_t written = ::write(file, bytes.data(), bytes.size());
     if (written <= 0) break;
     bytes.remove_prefix(static_cast<std::size_t>(written));
   }
-  ::close(file);
+  return ::close(file) == 0 && bytes.empty();
 }
 
 }  // namespace zek::crash

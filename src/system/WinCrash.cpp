@@ -1,5 +1,6 @@
 #include <windows.h>
 #include <array>
+#include <atomic>
 #include <csignal>
 
 #include "system/CrashSystem.h"
@@ -8,6 +9,7 @@ namespace zek::crash {
 namespace {
 
 constexpr ULONG kHandlerStack = 64 << 10;
+constexpr DWORD kMostMilliseconds = 5000;
 constexpr int kExitOfAbort = 3;
 constexpr std::size_t kLongestPath = 4096;
 
@@ -22,10 +24,34 @@ constexpr std::array<ExceptionName, 5> kExceptions = {
      {EXCEPTION_INT_DIVIDE_BY_ZERO, "arithmetic fault"},
      {EXCEPTION_ILLEGAL_INSTRUCTION, "illegal instruction"}}};
 
-// What the system does after a crash, it does afterwards.
-LONG WINAPI OnException(EXCEPTION_POINTERS* exception) {
-  const EXCEPTION_RECORD& record = *exception->ExceptionRecord;
-  Fault fault{"exception", record.ExceptionCode, record.ExceptionAddress, exception->ContextRecord};
+// A thread that waits for a fault: after an overflow the faulty thread has no stack for a report.
+struct Writer {
+  HANDLE wanted = nullptr;
+  HANDLE done = nullptr;
+  const Fault* fault = nullptr;
+  std::atomic_flag begun = ATOMIC_FLAG_INIT;
+  bool stored = false;
+};
+Writer writer;  // NOLINT(*-non-const-global-variables): handlers receive nothing else
+
+DWORD WINAPI AwaitFault(void* /*nothing*/) {
+  ::WaitForSingleObject(writer.wanted, INFINITE);
+  writer.stored = Write(*writer.fault);
+  ::SetEvent(writer.done);
+  return 0;
+}
+
+bool WriteElsewhere(const Fault& fault) {
+  if (!writer.begun.test_and_set()) {
+    writer.fault = &fault;
+    ::SetEvent(writer.wanted);
+  }
+  return ::WaitForSingleObject(writer.done, kMostMilliseconds) == WAIT_OBJECT_0 && writer.stored;
+}
+
+bool WriteException(const EXCEPTION_POINTERS& exception) {
+  const EXCEPTION_RECORD& record = *exception.ExceptionRecord;
+  Fault fault{"exception", record.ExceptionCode, record.ExceptionAddress, exception.ContextRecord};
   for (const ExceptionName& each : kExceptions) {
     if (each.code == record.ExceptionCode) fault.name = each.name;
   }
@@ -33,13 +59,28 @@ LONG WINAPI OnException(EXCEPTION_POINTERS* exception) {
   if (access && record.NumberParameters > 1) {
     fault.address = reinterpret_cast<const void*>(record.ExceptionInformation[1]);
   }
-  Write(fault);
+  return WriteElsewhere(fault);
+}
+
+// Without a report, the system tells in its own way. With one, the program ends at once: nobody may
+// be there to close a box.
+LONG WINAPI OnException(EXCEPTION_POINTERS* exception) {
+  return WriteException(*exception) ? EXCEPTION_EXECUTE_HANDLER : EXCEPTION_CONTINUE_SEARCH;
+}
+
+// The search for a handler would need more stack than is left.
+LONG WINAPI OnFirstChance(EXCEPTION_POINTERS* exception) {
+  const DWORD code = exception->ExceptionRecord->ExceptionCode;
+  if (code == EXCEPTION_STACK_OVERFLOW && WriteException(*exception))
+    ::TerminateProcess(::GetCurrentProcess(), code);
   return EXCEPTION_CONTINUE_SEARCH;
 }
 
-// Ends here: the runtime would show a box, for which an unattended program waits for ever.
+// Ends here: the runtime would show a box.
 void OnAbort(int /*number*/) {
-  Write({"abort", SIGABRT, nullptr, nullptr});
+  CONTEXT context{};
+  ::RtlCaptureContext(&context);
+  WriteElsewhere({"abort", SIGABRT, nullptr, &context});
   ::TerminateProcess(::GetCurrentProcess(), kExitOfAbort);
 }
 
@@ -56,11 +97,17 @@ HMODULE ModuleOf(const void* address) {
 void CatchFaults() {
   ULONG size = kHandlerStack;
   ::SetThreadStackGuarantee(&size);
+  writer.wanted = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
+  writer.done = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
+  HANDLE const thread = ::CreateThread(nullptr, 0, AwaitFault, nullptr, 0, nullptr);
+  if (thread == nullptr) return;
+  ::CloseHandle(thread);
+  ::AddVectoredExceptionHandler(0, OnFirstChance);
   ::SetUnhandledExceptionFilter(OnException);
   std::signal(SIGABRT, OnAbort);
 }
 
-void LimitTime() {}
+void LimitTime() {}  // `WriteElsewhere` does
 
 #ifdef _WIN64
 std::size_t StackOf(const Fault& fault, std::span<const void*> frames) {
@@ -127,17 +174,18 @@ Place PlaceOf(const void* address) {
 
 std::uint64_t ProcessNumber() { return ::GetCurrentProcessId(); }
 
-void Store(const char* folder, const char* path, std::string_view bytes) {
+bool Store(const char* folder, const char* path, std::string_view bytes) {
   static std::array<wchar_t, kLongestPath> wide;
   ::MultiByteToWideChar(CP_UTF8, 0, folder, -1, wide.data(), kLongestPath);
   ::CreateDirectoryW(wide.data(), nullptr);
   ::MultiByteToWideChar(CP_UTF8, 0, path, -1, wide.data(), kLongestPath);
   HANDLE const file = ::CreateFileW(wide.data(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                                     CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
-  if (file == INVALID_HANDLE_VALUE) return;
+  if (file == INVALID_HANDLE_VALUE) return false;
   DWORD written = 0;
-  ::WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-  ::CloseHandle(file);
+  const auto size = static_cast<DWORD>(bytes.size());
+  const bool done = ::WriteFile(file, bytes.data(), size, &written, nullptr) != 0;
+  return ::CloseHandle(file) != 0 && done && written == size;
 }
 
 }  // namespace zek::crash

@@ -39,7 +39,7 @@ TEST(PasswordCommand, EncryptsOrChangesNothing) {
     if (done) {
       const std::size_t at = after.find("{dpapi}");
       ASSERT_NE(at, std::string::npos);
-      after.replace(at + 40, 8, "AAAAAAAA");
+      after.replace(after.find('\r', at) - 24, 8, "AAAAAAAA");
       ASSERT_FALSE(files.Write(path, after));
       EXPECT_EQ(ReadTagPassword(*OpenSettingsFile(files, path)).kind, TagPassword::Kind::Lost);
       const std::size_t line = after.rfind('\n', at) + 1;
