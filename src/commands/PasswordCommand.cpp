@@ -29,8 +29,7 @@ ExitStatus SetTagPassword(Files& files, const std::string& settingsFile, std::is
   };
   if (!CanEncrypt()) return end("only Windows can encrypt a password", kWrongUsage);
   if (!files.Exists(settingsFile)) return end("there is no " + settingsFile, kWrongUsage);
-  streams.err << "Password of the tag server: " << std::flush;
-  std::string typed = ReadUnseenLine(in);
+  std::string typed = ReadUnseenLine(in, "Password of the tag server: ");
   typed.resize(typed.find_last_not_of("\r\n") + 1);
   if (const std::string fault = Fault(typed); !fault.empty()) return end(fault, kWrongUsage);
   const std::string password = Windows1252FromUtf8(typed);

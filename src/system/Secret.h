@@ -18,7 +18,7 @@ std::optional<std::string> Encrypted(std::string_view secret);
 /// damaged.
 std::optional<std::string> Decrypted(std::string_view text);
 
-/// Reads one line; a terminal does not show what is typed. Returns UTF-8.
-std::string ReadUnseenLine(std::istream& in);
+/// Reads one line. At a terminal it asks for it and does not show what is typed. Returns UTF-8.
+std::string ReadUnseenLine(std::istream& in, std::string_view question);
 
 }  // namespace zek

@@ -87,7 +87,7 @@ std::optional<std::string> Decrypted(std::string_view text) {
   return Taken(out);
 }
 
-std::string ReadUnseenLine(std::istream& in) {
+std::string ReadUnseenLine(std::istream& in, std::string_view question) {
   const HANDLE input = ::GetStdHandle(STD_INPUT_HANDLE);
   const Unseen unseen(input);
   if (!unseen.IsConsole()) {
@@ -95,6 +95,7 @@ std::string ReadUnseenLine(std::istream& in) {
     std::getline(in, line);
     return line;
   }
+  std::cerr << question << std::flush;
   std::wstring typed(1024, L'\0');  // more than any password
   DWORD count = 0;
   if (::ReadConsoleW(input, typed.data(), static_cast<DWORD>(typed.size()), &count, nullptr) == 0) {
