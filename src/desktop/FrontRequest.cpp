@@ -1,7 +1,6 @@
 #include "desktop/FrontRequest.h"
 
 #include <functional>
-#include <system_error>
 
 #include <wx/file.h>
 #include <wx/filefn.h>
@@ -13,25 +12,22 @@
 #include <wx/msw/wrapwin.h>
 #endif
 
-#include "system/Paths.h"
+#include "system/Process.h"
 
 namespace zek {
 namespace {
 
 constexpr int kLookMilliseconds = 500;
 
-// One name for all spellings of a directory.
-std::size_t HashOf(const std::string& directory) {
-  std::error_code error;
-  const std::filesystem::path path = std::filesystem::weakly_canonical(PathOf(directory), error);
-  return std::filesystem::hash_value(error ? PathOf(directory) : path);
-}
-
 }  // namespace
 
+wxString InstanceName(const std::string& programPath) {
+  return wxString::Format("zekview-%s-%zx", wxGetUserId(),
+                          std::hash<std::string>{}(CanonicalDirectory(programPath)));
+}
+
 FrontRequest::FrontRequest(const std::string& programPath)
-    : file_(wxString::Format("%s/zekview-%s-%zx.front", wxStandardPaths::Get().GetTempDir(),
-                             wxGetUserId(), HashOf(programPath))),
+    : file_(wxStandardPaths::Get().GetTempDir() + "/" + InstanceName(programPath) + ".front"),
       timer_([this] { Look(); }) {}
 
 void FrontRequest::Ask() const {
