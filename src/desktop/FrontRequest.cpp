@@ -19,6 +19,20 @@ namespace {
 
 constexpr int kLookMilliseconds = 500;
 
+// The system may refuse the keyboard, but never that a window is shown above all others.
+void BringForward(wxTopLevelWindow& form) {
+#ifdef __WXMSW__
+  HWND const window = form.GetHandle();
+  if ((::GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_TOPMOST) == 0) {
+    constexpr UINT inPlace = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
+    ::SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, inPlace);
+    ::SetWindowPos(window, HWND_NOTOPMOST, 0, 0, 0, 0, inPlace);
+    ::SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, inPlace);
+  }
+#endif
+  form.Raise();
+}
+
 }  // namespace
 
 wxString InstanceName(const std::string& programPath) {
@@ -55,7 +69,7 @@ void FrontRequest::Look() const {
     if (form->IsIconized()) form->Restore();
     last = form;
   }
-  if (last != nullptr) last->Raise();
+  if (last != nullptr) BringForward(*last);
 }
 
 }  // namespace zek
