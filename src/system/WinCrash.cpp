@@ -112,11 +112,8 @@ void LimitTime() {}  // `WriteElsewhere` does
 #ifdef _WIN64
 std::size_t StackOf(const Fault& fault, std::span<const void*> frames) {
   CONTEXT context{};
-  if (fault.context != nullptr) {
-    context = *static_cast<const CONTEXT*>(fault.context);
-  } else {
-    ::RtlCaptureContext(&context);
-  }
+  ::RtlCaptureContext(&context);
+  if (fault.context != nullptr) context = *static_cast<const CONTEXT*>(fault.context);
   std::size_t used = 0;
   while (used < frames.size() && context.Rip != 0) {
     frames[used++] = reinterpret_cast<const void*>(context.Rip);
@@ -140,15 +137,15 @@ std::size_t StackOf(const Fault& fault, std::span<const void*> frames) {
 // Nothing tells where the calls are on this stack: everything that may be a return address.
 std::size_t StackOf(const Fault& fault, std::span<const void*> frames) {
   CONTEXT context{};
-  if (fault.context != nullptr) {
-    context = *static_cast<const CONTEXT*>(fault.context);
-  } else {
-    ::RtlCaptureContext(&context);
-  }
+  ::RtlCaptureContext(&context);
+  if (fault.context != nullptr) context = *static_cast<const CONTEXT*>(fault.context);
   frames[0] = reinterpret_cast<const void*>(context.Eip);
   std::size_t used = 1;
+  MEMORY_BASIC_INFORMATION stack{};
   const auto* word = reinterpret_cast<const void* const*>(context.Esp & ~DWORD{3});
-  const void* const end = reinterpret_cast<const NT_TIB*>(::NtCurrentTeb())->StackBase;
+  if (::VirtualQuery(word, &stack, sizeof stack) == 0 || stack.Protect != PAGE_READWRITE)
+    return used;
+  const void* const end = static_cast<const std::byte*>(stack.BaseAddress) + stack.RegionSize;
   for (; word < end && used < frames.size(); ++word) {
     if (ModuleOf(*word) != nullptr) frames[used++] = *word;
   }
