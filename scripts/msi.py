@@ -24,6 +24,9 @@ NEWER = ("En nyare version av ZekView finns redan i datorn. "
 # Users of a plant share its settings and copies: system and administrators have all rights, users
 # may change. Folders that an administrator chose keep the rights that they have.
 RIGHTS = "D:PAI(A;OICI;FA;;;SY)(A;OICI;FA;;;BA)(A;OICI;0x1301bf;;;BU)"
+# The source of the program's events. Windows has a file whose texts are the events' own.
+EVENTS = "SYSTEM\\CurrentControlSet\\Services\\EventLog\\Application\\ZekView"
+EVENT_TEXTS = "%SystemRoot%\\System32\\EventCreate.exe"
 PROPERTIES = ("INSTALLDIR", "DATAFOLDER", "LANGUAGE", "OLDINSTALLDIR", "OLDDATAFOLDER")
 
 
@@ -92,6 +95,11 @@ class Package:
 <RegistryValue Root="HKLM" Key="Software\\ZekView" Name="INSTALLDIR" Type="string"
   Value="[INSTALLDIR]" KeyPath="yes"/>
 </Component>
+<Component Id="Events" Guid="{code(self.word + ' events')}">
+<RegistryValue Root="HKLM" Key="{EVENTS}" Name="EventMessageFile" Type="string"
+  Value="{EVENT_TEXTS}" KeyPath="yes"/>
+<RegistryValue Root="HKLM" Key="{EVENTS}" Name="TypesSupported" Type="integer" Value="7"/>
+</Component>
 </Directory></Directory>
 <Directory Id="CommonAppDataFolder"><Directory Id="USUALFOLDER" Name="ZekView">
 <Directory Id="DATAFOLDER" Name=".">
@@ -112,7 +120,8 @@ class Package:
 <InstallExecuteSequence>{self.sequence()}</InstallExecuteSequence>
 <InstallUISequence>{self.sequence()}</InstallUISequence>
 <Feature Id="Main" Level="1">{everything}
-<ComponentRef Id="Places"/><ComponentRef Id="Data"/><ComponentRef Id="Menu"/></Feature>
+<ComponentRef Id="Places"/><ComponentRef Id="Events"/><ComponentRef Id="Data"/>
+<ComponentRef Id="Menu"/></Feature>
 </Product>
 </Wix>
 """
@@ -125,7 +134,9 @@ class Package:
         return [
             f"UPDATE `Component` SET `Attributes` = {wide}",
             *(f"UPDATE `Component` SET `Attributes` = {wide + 4} WHERE `Component` = '{name}'"
-              for name in ("Menu", "Places")),
+              for name in ("Menu", "Places", "Events")),
+            # A value whose variables are replaced where it is read.
+            f"UPDATE `Registry` SET `Value` = '#%{EVENT_TEXTS}' WHERE `Name` = 'EventMessageFile'",
             # The data folder stays when the program goes.
             f"UPDATE `Component` SET `Attributes` = {wide + 4 + 16} WHERE `Component` = 'Data'",
             # Without a version, the installer would keep the programs of an older version.

@@ -51,6 +51,8 @@ struct Batch {
   std::vector<std::string> Notes;
   /// True if the last batch exported every node; false before the first batch.
   bool Succeeded = false;
+  /// The report of the last batch, its headline first, with line ends; "" until it has ended.
+  std::string Outcome;
 
   bool IsRunning() const { return State != BatchState::Idle; }
 };

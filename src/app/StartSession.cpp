@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/CrashReports.h"
 #include "app/FirstStart.h"
 #include "lang/TextNumbers.h"
 #include "settings/CommandLine.h"
 #include "settings/DataFolder.h"
+#include "settings/TagPassword.h"
 #include "system/Paths.h"
 #include "text/Fields.h"
 #include "text/Windows1252.h"
@@ -46,6 +48,17 @@ bool CreateTagObject(ZV_Proc& proc) {
   }
   proc.prompts.Show(Icon::None, message);
   return false;
+}
+
+// A password that can't be read is told once here, and whenever it stops a log-on.
+void CheckTagPassword(ZV_Proc& proc) {
+  const TagPassword::Kind kind = ReadTagPassword(proc.profile).kind;
+  if (kind == TagPassword::Kind::Lost) {
+    proc.ToUser().Tell(Icon::Exclamation, text::kTagPasswordLost);
+  } else if (kind == TagPassword::Kind::Plain) {
+    proc.log.Add(proc.ToUser().Text(text::kTagPasswordPlain,
+                                    {Windows1252FromUtf8(proc.settings.IniPath + kSettingsFile)}));
+  }
 }
 
 // A name in the settings stays in its folder; "*", the date, is no part of a name.
@@ -92,7 +105,11 @@ std::optional<ExitStatus> StartSession(ZV_Proc& proc, const StartOptions& option
     return kFailed;
   }
   BeginSessionFile(proc, options);
-  if (options.contacts && proc.settings.TagMode && !CreateTagObject(proc)) return kFailed;
+  TellCrashes(proc);
+  if (options.contacts && proc.settings.TagMode) {
+    if (!CreateTagObject(proc)) return kFailed;
+    CheckTagPassword(proc);
+  }
   return std::nullopt;
 }
 

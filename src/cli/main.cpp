@@ -12,6 +12,8 @@
 
 #include "commands/Commands.h"
 #include "export/BatchExport.h"
+#include "system/CrashReport.h"
+#include "system/EventLog.h"
 #include "system/Paths.h"
 #include "system/Process.h"
 #include "text/Windows1252.h"
@@ -70,14 +72,25 @@ class Application final : public wxAppConsole {
   // Waits need the running event loop, so the command starts as its first event.
   int OnRun() override {
     CallAfter([this] {
-      status_ = Run();
+      status_ = arguments_.eventLog ? RunRecorded() : Run();
       ExitMainLoop();
     });
     wxAppConsole::OnRun();
     return status_;
   }
 
+  void OnUnhandledException() override { ReportException(); }
+
  private:
+  // What ended the program before the export began is told in the record too.
+  ExitStatus RunRecorded() {
+    const KeptErrors errors;
+    const ExitStatus status = Run();
+    if (!RecordEvent(status == kDone, outcome_.empty() ? errors.Text() : outcome_))
+      std::cerr << "zekview-cli: the system's log of events could not be written\n";
+    return status;
+  }
+
   ExitStatus Run() {
     DiskFiles files;
     const Folders folders = FoldersOf(files, ExecutableDirectory(), arguments_.dir);
@@ -86,6 +99,7 @@ class Application final : public wxAppConsole {
       std::cerr << "zekview-cli: no directory " << programPath << '\n';
       return kWrongUsage;
     }
+    CatchCrashes(programPath, "zekview-cli");
     if (arguments_.command == "take-over") {
       return TakeOverFolder(files, folders, arguments_, {std::cout, std::cerr});
     }
@@ -95,6 +109,9 @@ class Application final : public wxAppConsole {
       return kWrongUsage;
     }
     const std::string iniPath = arguments_.ini ? WithSeparator(*arguments_.ini) : programPath;
+    if (arguments_.command == "password") {
+      return SetTagPassword(files, iniPath + kSettingsFile, std::cin, {std::cout, std::cerr});
+    }
     if (arguments_.Contacts() && !HasSockets()) {
       std::cerr << "zekview-cli: this session of the system has no sockets\n";
       return kFailed;
@@ -106,13 +123,15 @@ class Application final : public wxAppConsole {
     WxTick tick([&proc] { proc.Tick(); });
     tick.Begin();
     // `send` prints replies while it waits; progress would mix with them.
-    const TerminalProgress progress(proc, arguments_.command != "send");
+    const bool wanted = arguments_.command != "send" && !arguments_.eventLog;
+    const TerminalProgress progress(proc, wanted);
     // Transfers and exports must end properly. Until then the program may block in its input, where
     // it would ignore interrupts.
     Console console{proc, prompts, std::cin, std::cout, std::cerr, CatchInterrupts};
     const auto ended = StartCommands(console, arguments_);
     if (!ended) TellUnlessWritable(proc);
     const ExitStatus status = ended ? *ended : RunCommand(console, arguments_);
+    outcome_ = Utf8FromWindows1252(proc.batch.Outcome);
     if (std::cout.flush()) return status;
     std::cerr << "zekview-cli: standard output could not be written\n";
     return status == kDone ? kFailed : status;
@@ -120,6 +139,7 @@ class Application final : public wxAppConsole {
 
   Arguments arguments_;
   ExitStatus status_ = kFailed;
+  std::string outcome_;  // the report of an export, UTF-8
 };
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "lang/TextNumbers.h"
+#include "settings/TagPassword.h"
 #include "text/Fields.h"
 
 namespace zek {
@@ -54,7 +55,10 @@ void TagLink::EndSession(TopicTable& topics) {
 }
 
 bool TagLink::LogOn() {
-  password_ = p_.profile.ReadIni("General", "Password", "");
+  TagPassword password = ReadTagPassword(p_.profile);
+  passwordLost_ = password.kind == TagPassword::Kind::Lost;
+  if (passwordLost_) return false;
+  password_ = std::move(password.text);
   return tags_.Open(p_.profile.ReadIni("General", "ComputerName", ""),
                     p_.profile.ReadIni("General", "UserName", ""), password_) != 0;
 }
@@ -102,9 +106,15 @@ std::string TagLink::Where(const Topic& /*topic*/) const {
   return p_.profile.ReadIni("General", "ComputerName", "");
 }
 
-std::int32_t TagLink::ErrorText() const { return text::kTagError; }
+// The server is not at fault if it was not asked.
+std::int32_t TagLink::ErrorText() const {
+  return passwordLost_ ? text::kTagPasswordLost : text::kTagError;
+}
 
 // The object's message may repeat the arguments of a call, the password among them.
-std::string TagLink::TakeFault() { return WithoutSecret(tags_.TakeFault(), password_); }
+std::string TagLink::TakeFault() {
+  if (passwordLost_) return p_.messages.Text(text::kTagPasswordLost);
+  return WithoutSecret(tags_.TakeFault(), password_);
+}
 
 }  // namespace zek

@@ -58,6 +58,7 @@ class TagLink final : public Link {
   LinkParts p_;
   std::string open_;                // the tag of the connected topic; "" without a connection
   std::string password_;            // of the last log-on
+  bool passwordLost_ = false;       // it could not be decrypted, so there was no log-on
   bool pollFaultReported_ = false;  // once per connection: polls run five times a second
 };
 

@@ -60,10 +60,11 @@ constexpr auto kCommands = std::to_array<CommandShape>({
      "--rebuild prints the lines that would be sent"},
     {"export",
      "[KIND...]",
-     {kLocal},
+     {kLocal, {"--eventlog", &Arguments::eventLog}},
      "fetch the catalogues of all time controls (without\n"
      "KIND: all kinds) into files in DIR/Batch;\n"
-     "--local exports the local copies instead"},
+     "--local exports the local copies instead;\n"
+     "--eventlog records the end in the system's log of events"},
     {"history",
      "KIND NODE [ACTION] [ID]",
      {},
@@ -140,6 +141,12 @@ constexpr auto kCommands = std::to_array<CommandShape>({
      "before the first start of an installed program: copy\n"
      "settings, local copies and history from an older folder;\n"
      "without FOLDER begin with the settings of the program"},
+    {"password",
+     "",
+     {},
+     "read the password of the tag server from standard input,\n"
+     "unseen at a terminal, and put it into ZEKView.INI,\n"
+     "encrypted for this computer (only on Windows)"},
     {"holidays", "COUNTRY YEAR [TO_YEAR]", {}, "the holidays of SE, by law and de facto"},
 });
 

@@ -37,7 +37,8 @@ struct Arguments {
   std::string dayType;                // import --as: a day type, such as SD1
   std::string from;                   // import --from and --to: dates
   std::string to;
-  bool write = false;  // import --write
+  bool write = false;     // import --write
+  bool eventLog = false;  // export --eventlog
   std::string help;    // with --help: the text to print, else ""
   std::string error;   // error in the command line, or ""
 

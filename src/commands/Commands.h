@@ -36,6 +36,11 @@ struct Streams {
 ExitStatus TakeOverFolder(Files& files, const Folders& folders, const Arguments& arguments,
                           const Streams& streams);
 
+/// Reads the password of the tag server from `in`, without showing it at a terminal, and replaces
+/// the one in the settings file by it, encrypted. Only on Windows.
+ExitStatus SetTagPassword(Files& files, const std::string& settingsFile, std::istream& in,
+                          const Streams& streams);
+
 /// Starts the session, with --local in local mode, and loads the topics. Returns an exit status,
 /// after a message, if the program must end.
 std::optional<ExitStatus> StartCommands(Console& console, const Arguments& arguments = {});

@@ -1,7 +1,6 @@
 #include "desktop/FrontRequest.h"
 
 #include <functional>
-#include <system_error>
 
 #include <wx/file.h>
 #include <wx/filefn.h>
@@ -13,25 +12,36 @@
 #include <wx/msw/wrapwin.h>
 #endif
 
-#include "system/Paths.h"
+#include "system/Process.h"
 
 namespace zek {
 namespace {
 
 constexpr int kLookMilliseconds = 500;
 
-// One name for all spellings of a directory.
-std::size_t HashOf(const std::string& directory) {
-  std::error_code error;
-  const std::filesystem::path path = std::filesystem::weakly_canonical(PathOf(directory), error);
-  return std::filesystem::hash_value(error ? PathOf(directory) : path);
+// The system may refuse the keyboard, but never that a window is shown above all others.
+void BringForward(wxTopLevelWindow& form) {
+#ifdef __WXMSW__
+  HWND const window = form.GetHandle();
+  if ((::GetWindowLongPtrW(window, GWL_EXSTYLE) & WS_EX_TOPMOST) == 0) {
+    constexpr UINT inPlace = SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE;
+    ::SetWindowPos(window, HWND_TOPMOST, 0, 0, 0, 0, inPlace);
+    ::SetWindowPos(window, HWND_NOTOPMOST, 0, 0, 0, 0, inPlace);
+    ::SetWindowPos(window, HWND_TOP, 0, 0, 0, 0, inPlace);
+  }
+#endif
+  form.Raise();
 }
 
 }  // namespace
 
+wxString InstanceName(const std::string& programPath) {
+  return wxString::Format("zekview-%s-%zx", wxGetUserId(),
+                          std::hash<std::string>{}(CanonicalDirectory(programPath)));
+}
+
 FrontRequest::FrontRequest(const std::string& programPath)
-    : file_(wxString::Format("%s/zekview-%s-%zx.front", wxStandardPaths::Get().GetTempDir(),
-                             wxGetUserId(), HashOf(programPath))),
+    : file_(wxStandardPaths::Get().GetTempDir() + "/" + InstanceName(programPath) + ".front"),
       timer_([this] { Look(); }) {}
 
 void FrontRequest::Ask() const {
@@ -59,7 +69,7 @@ void FrontRequest::Look() const {
     if (form->IsIconized()) form->Restore();
     last = form;
   }
-  if (last != nullptr) last->Raise();
+  if (last != nullptr) BringForward(*last);
 }
 
 }  // namespace zek

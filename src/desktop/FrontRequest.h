@@ -8,6 +8,9 @@
 
 namespace zek {
 
+/// One name for all instances of a user that have this program directory, however it is spelt.
+wxString InstanceName(const std::string& programPath);
+
 /// A second instance asks the first one of the same program directory to come to the front: it
 /// leaves a file in the temporary directory, for which the first one looks now and then.
 class FrontRequest {

@@ -18,6 +18,8 @@
 #include "desktop/StartUp.h"
 #include "desktop/Tour.h"
 #include "forms/main/ZV_Main.h"
+#include "system/CrashReport.h"
+#include "system/EventLog.h"
 #include "system/Paths.h"
 #include "system/Process.h"
 #include "ui/WxPrompts.h"
@@ -61,12 +63,48 @@ class Program final : public wxApp {
   bool OnInit() override { return true; }
 
   int OnRun() override {
+    if (!IsUnattended(line_) || !HasSwitch(line_.text, "/EVENTLOG")) return Run();
+    const KeptErrors errors;
+    const int status = Run();
+    const std::string outcome =
+        desktop_ ? Utf8FromWindows1252(desktop_->proc.batch.Outcome) : std::string();
+    if (!RecordEvent(status == kDone, outcome.empty() ? errors.Text() : outcome))
+      std::cerr << "zekview: the system's log of events could not be written\n";
+    return status;
+  }
+
+  int OnExit() override {
+    DeleteAllTLWs();  // windows must not outlive the session
+    tour_.reset();
+    frontRequest_.reset();
+    unattended_.reset();
+    desktop_.reset();
+    demoTitles_.reset();
+    demo_.reset();
+    const wxLogNull quiet;
+    delete wxConfigBase::Set(nullptr);
+    return wxApp::OnExit();
+  }
+
+  // Ends the program with a report. The toolkit would ask whether to go on, on Windows.
+  bool OnExceptionInMainLoop() override { throw; }
+  void OnUnhandledException() override { ReportException(); }
+
+  void OnAssertFailure(const wxChar* file, int line, const wxChar* /*function*/,
+                       const wxChar* condition, const wxChar* message) override {
+    std::cerr << "zekview: " << wxString(file).utf8_str() << ':' << line << ": "
+              << wxString(condition).utf8_str() << ' ' << wxString(message).utf8_str() << '\n';
+  }
+
+ private:
+  int Run() {
     SetAppName("zekview");
     // No window needs these events; by default every window would get them after each tick.
     wxIdleEvent::SetMode(wxIDLE_PROCESS_SPECIFIED);
     wxUpdateUIEvent::SetMode(wxUPDATE_UI_PROCESS_SPECIFIED);
     DiskFiles files;
     const Folders folders = FoldersOf(files, ExecutableDirectory(), line_.dir);
+    CatchCrashes(folders.data, "zekview");
     const bool attended = !line_.tour && !line_.demo && !IsUnattended(line_);
     LanguageTexts firstTexts;
     if (attended && !line_.ini && IsNew(files, folders)) {
@@ -116,26 +154,6 @@ class Program final : public wxApp {
     return unattended_ && !desktop_->proc.batch.Succeeded ? kFailed : kDone;
   }
 
-  int OnExit() override {
-    DeleteAllTLWs();  // windows must not outlive the session
-    tour_.reset();
-    frontRequest_.reset();
-    unattended_.reset();
-    desktop_.reset();
-    demoTitles_.reset();
-    demo_.reset();
-    const wxLogNull quiet;
-    delete wxConfigBase::Set(nullptr);
-    return wxApp::OnExit();
-  }
-
-  void OnAssertFailure(const wxChar* file, int line, const wxChar* /*function*/,
-                       const wxChar* condition, const wxChar* message) override {
-    std::cerr << "zekview: " << wxString(file).utf8_str() << ':' << line << ": "
-              << wxString(condition).utf8_str() << ' ' << wxString(message).utf8_str() << '\n';
-  }
-
- private:
   void ShowMain() {
     auto* const main = Given<ZV_Main>(desktop_->proc, desktop_->turn);
     SetTopWindow(main);

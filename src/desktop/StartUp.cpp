@@ -1,13 +1,11 @@
 #include "desktop/StartUp.h"
 
-#include <functional>
 #include <iostream>
 #include <system_error>
 
 #include <wx/dirdlg.h>
 #include <wx/log.h>
 #include <wx/stdpaths.h>
-#include <wx/utils.h>
 
 #include "desktop/FrontRequest.h"
 #include "forms/main/ZV_Lang.h"
@@ -21,8 +19,7 @@ namespace {
 
 // One instance for each program directory and user.
 bool IsAnotherRunning(wxSingleInstanceChecker& instance, const std::string& programPath) {
-  const wxString name = wxString::Format("zekview-%s-%zx", wxGetUserId(),
-                                         std::hash<std::string>{}(CanonicalDirectory(programPath)));
+  const wxString name = InstanceName(programPath);
   const wxLogNull quiet;  // without a lock file, every instance may run
   return instance.Create(name, wxStandardPaths::Get().GetTempDir()) && instance.IsAnotherRunning();
 }

@@ -198,15 +198,15 @@ void BatchExport::Finish() {
   proc_.batch.State = BatchState::Idle;
   proc_.batch.BatchBusy = false;
   proc_.batch.Succeeded = report_.Succeeded();
+  proc_.batch.Outcome = report_.Headline(proc_.texts) + "\r\n";
+  for (const std::string& line : report_.Details(proc_.texts)) proc_.batch.Outcome += line + "\r\n";
   proc_.status.SetTransfer(Text(text::kBatchFinished));
 }
 
 void BatchExport::StoreReport() {
   std::string text;
-  const auto add = [&text](const std::string& line) { text.append(line).append("\r\n"); };
-  for (const std::string& note : proc_.batch.Notes) add(note);
-  add(report_.Headline(proc_.texts));
-  for (const std::string& line : report_.Details(proc_.texts)) add(line);
+  for (const std::string& note : proc_.batch.Notes) text += note + "\r\n";
+  text += proc_.batch.Outcome;
   const std::string path =
       WithSeparator(BatchDirectory(proc_.settings)) + "BATCH" + FileStamp(proc_.now()) + ".TXT";
   const auto error = proc_.files.Write(path, text);

@@ -9,14 +9,16 @@
 
 namespace zek {
 namespace {
-constexpr std::array<std::string_view, 8> kNames = {
-    "/LOCAL", "/VIEWONLY", "/BATCH", "/ALWAYSONTOP", "/TOPIC:", "/TAG:", "/DIALOG:", "/INI:"};
+constexpr std::array<std::string_view, 9> kNames = {
+    "/LOCAL",  "/VIEWONLY", "/BATCH",   "/EVENTLOG", "/ALWAYSONTOP",
+    "/TOPIC:", "/TAG:",     "/DIALOG:", "/INI:"};
 
 constexpr const char* kSwitches =
     "Switches, in any case and anywhere:\n"
     "  /LOCAL       work with the local copies, without controllers\n"
     "  /VIEWONLY    change nothing\n"
     "  /BATCH       export all catalogues into files, ask nothing, then end\n"
+    "  /EVENTLOG    with /BATCH: record its end in the system's log of events\n"
     "  /ALWAYSONTOP keep the window above others\n"
     "  /TOPIC:NAME  open the browser on this topic; /TAG:NAME is the same\n"
     "  /DIALOG:NAME connect to this topic\n"

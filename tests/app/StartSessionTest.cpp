@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "app/StartSession.h"
+#include "lang/TextNumbers.h"
 #include "support/TestSession.h"
+#include "system/Paths.h"
 
 namespace zek {
 namespace {
@@ -33,6 +35,45 @@ TEST(StartSession, SaysWhatItDidNotFind) {
     const auto ended = StartSession(session.proc, options);
     EXPECT_EQ(session.prompts.shown, each.shown) << each.switches << each.lost << each.fault;
     EXPECT_EQ(ended.has_value(), !session.tags.exists);
+  }
+}
+
+TEST(StartSession, ToldOfThePasswordAndOfCrashesOnce) {
+  const std::string folder = WithSeparator("/zek/Crashes");
+  const struct {
+    const char* general;
+    int reports;         // of crashes
+    std::int32_t shown;  // at the first start
+    std::int32_t logged;
+  } cases[] = {
+      {"", 0, 0, 0},
+      {"Password=hemligt\r\n", 0, 0, text::kTagPasswordPlain},
+      {"Password={dpapi}AAAA\r\n", 0, text::kTagPasswordLost, 0},
+      {"", 12, text::kCrashed, text::kCrashed},
+  };
+  for (const auto& each : cases) {
+    test::TestSession session(std::string("TagMode=YES\r\n") + each.general);
+    for (int i = 10; i < 10 + each.reports; ++i)
+      session.files.files[folder + std::to_string(i) + ".txt"] = "x";
+    session.prompts.shown.clear();
+    StartOptions options;
+    options.chooseLanguage = [] { return true; };
+    for (const bool first : {true, false}) {
+      ASSERT_FALSE(StartSession(session.proc, options).has_value());
+      const bool told = first || each.reports == 0;
+      const auto beginning = [&](std::int32_t number) {
+        return told && number != 0 ? session.proc.Text(number).substr(0, 30) : "";
+      };
+      const std::string shown = session.prompts.shown.empty() ? "x " : session.prompts.shown[0];
+      EXPECT_EQ(shown.substr(2, 30), beginning(each.shown));
+      const std::vector<std::string> log = session.proc.log.Lines();
+      EXPECT_EQ(log.empty() ? "" : log[0].substr(0, 30), beginning(each.logged));
+      EXPECT_LE(session.prompts.shown.size() + log.size(), 2U);
+      session.prompts.shown.clear();
+      session.proc.log.Replace({});
+    }
+    EXPECT_EQ(session.files.files.contains(folder + "11.txt"), false);
+    EXPECT_EQ(session.files.files.contains(folder + "12.txt"), each.reports > 0);
   }
 }
 

@@ -60,6 +60,25 @@ settings "" "" "TagMode=yes" # and no tag object
 fails wdc SKOLA/AHU1 CTAPIX
 register_tags "$doubles"
 there_and_back "tags"
+
+# The object's message repeats the password, which the program hides.
+settings "" "" "TagMode=yes\r\nUserName=raise"
+echo hemligt7 | "$bin/zekview-cli" --dir "$home" password >/dev/null || fail "password"
+grep -q '^Password={dpapi}' "$home/ZEKView.INI" || fail "the password is not encrypted"
+fails wdc SKOLA/AHU1 'raise/\*\*\*'
+sed -i '/^Password/s/.\{12\}\r$/AAAAAAAAAAAA\r/' "$home/ZEKView.INI"
+fails wdc SKOLA/AHU1 "zekview-cli password"
+settings "" "" "TagMode=yes"
+echo "password: passed"
+
+# Wine keeps no events, but traces them.
+status=0
+WINEDEBUG=-all,+eventlog cli export --eventlog sdc >/dev/null || fail "export"
+grep -q 'trace:eventlog.*Alla' "$home/messages" || fail "the success is not recorded"
+WINEDEBUG=-all,+eventlog cli export --eventlog nothing || status=$?
+grep -q 'err:eventlog.*nothing' "$home/messages" || fail "the failure ($status) is not recorded"
+echo "events: passed"
+
 ZEKVIEW_TAG_FAULT="raise TagWrite" fails wdc SKOLA/AHU1 "the plant is on fire"
 ZEKVIEW_TAG_FAULT="lack TagRead" fails wdc SKOLA/AHU1 "TagRead"
 ZEKVIEW_TAG_FAULT="fail Open" fails wdc SKOLA/AHU1 "SKOLA\|Tag"

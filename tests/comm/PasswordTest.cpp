@@ -125,5 +125,14 @@ TEST(Password, StandsNowhere) {
   std::cout << "figure: texts without the password: " << texts - told << " of " << texts << '\n';
 }
 
+TEST(Password, EncryptedElsewhereIsToldAndNotSent) {
+  TagSession each;
+  each.Set("{dpapi}" + std::string(300, 'A'), kMoods[0]);
+  each.Use();
+  EXPECT_EQ(each.tags.password, "");
+  EXPECT_FALSE(each.prompts.shown.empty());
+  for (const std::string& call : each.tags.calls) EXPECT_FALSE(call.starts_with("Open")) << call;
+}
+
 }  // namespace
 }  // namespace zek

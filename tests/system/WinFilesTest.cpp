@@ -8,6 +8,7 @@
 #include "settings/Profile.h"
 #include "support/TemporaryFolder.h"
 #include "system/DiskFiles.h"
+#include "system/Process.h"
 #include "system/WinText.h"
 
 namespace zek {
@@ -104,6 +105,18 @@ TEST(WinFiles, SettingsAreReplacedAsAWhole) {
   EXPECT_TRUE(profile->WriteIni("s", "k", "3"));
   ::CloseHandle(holder);
   EXPECT_EQ(profile->ReadIni("s", "k", ""), "2");
+}
+
+TEST(WinFiles, ADirectoryHasOneNameHoweverItIsSpelt) {
+  const test::TemporaryFolder temporary;
+  const std::string name = Utf8Of(temporary.Path());
+  std::wstring brief(MAX_PATH, L'\0');
+  brief.resize(::GetShortPathNameW(WideFromUtf8(name).c_str(), brief.data(), MAX_PATH));
+  std::string slashes = name;
+  std::replace(slashes.begin(), slashes.end(), '\\', '/');
+  for (const std::string& other :
+       {name + "\\", slashes + "/./", UpperCase(name), Utf8FromWide(brief), "\\\\?\\" + name})
+    EXPECT_EQ(CanonicalDirectory(other), CanonicalDirectory(name)) << other;
 }
 
 TEST(WinFiles, DevicesAreNoFiles) {

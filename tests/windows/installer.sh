@@ -58,6 +58,8 @@ install "$package" LANGUAGE=044 || fail "msiexec ended with $?"
 diff -r --exclude datadir.ini "$content" "$programs" || fail "not everything was installed"
 [[ -n $(menu) ]] || fail "there is no entry in the Start menu"
 [[ -d $data ]] || fail "there is no data folder"
+events='HKLM\System\CurrentControlSet\Services\EventLog\Application\ZekView'
+wine reg query "$events" | grep -q 'EXPAND_SZ *%SystemRoot%.*EventCreate.exe' || fail "no event source"
 chmod -R a-w "$programs"
 if "${weak[@]}" touch "$programs/new" 2>/dev/null; then fail "the programs' folder can be written"; fi
 sums "$programs" >"$home/programs.sums"
@@ -89,6 +91,7 @@ cli objects >/dev/null || fail "after the refusal"
 wine msiexec /x "Z:$home/newer.msi" /qn </dev/null || fail "the removal ended with $?"
 [[ ! -e $programs/zekview.exe && -z $(menu) ]] || fail "the removal left the programs"
 same "removal"
+if wine reg query "$events" >/dev/null; then fail "the removal left the event source"; fi
 
 # Another data folder is remembered by the next version.
 install "$package" 'DATAFOLDER=C:\Värme' || fail "the installation elsewhere ended with $?"
