@@ -82,11 +82,14 @@ class BadServersTest : public testing::Test {
     DiskFiles files;
     const test::TemporaryFolder folder;
     EXPECT_FALSE(files.Write(folder.Name() + "ZEKView.INI", ini));
-    SystemSession session(folder.Name(), folder.Name(), prompts_);
+    test::ScriptedPrompts ignored;  // messages about settings that a test left out
+    SystemSession session(folder.Name(), folder.Name(), ignored);
     StartOptions options;
     options.chooseLanguage = [] { return true; };
     ASSERT_FALSE(StartSession(session.proc, options).has_value());
     LoadTopics(session.proc);
+    WxPrompts boxes;
+    const PromptsInstead boxesShown(session.proc.prompts, boxes);
     WxTick ticks([&session] { session.proc.Tick(); });
     ticks.Begin();
     Heartbeat heart;
@@ -112,9 +115,6 @@ class BadServersTest : public testing::Test {
   }
 
   std::string general_;
-
- private:
-  WxPrompts prompts_;
 };
 
 TEST_F(BadServersTest, OverTcp) {
