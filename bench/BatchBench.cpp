@@ -85,10 +85,11 @@ class StoredPlant {
   test::MemoryTransport socket_{turn_};
   test::MemoryTransport dde_{turn_};
   test::FakeTags tags_;
+  test::FakeTagServer tagServer_{tags_, turn_};
   std::array<std::vector<std::string>, 3> copies_;
 
  public:
-  ZV_Proc proc{Outside{files, profile_, turn_, prompts_, socket_, dde_, tags_,
+  ZV_Proc proc{Outside{files, profile_, turn_, prompts_, socket_, dde_, tagServer_,
                        [] { return LocalTime{2026, 11, 21, 8, 30, 0}; }}};
 };
 

@@ -37,10 +37,11 @@ void TellUnknownSwitches(ZV_Proc& proc, std::string_view switches) {
 }
 
 bool CreateTagObject(ZV_Proc& proc) {
-  if (proc.tags.Create()) return true;
+  const TagAnswer created = proc.tags.Create();
+  if (created.status != 0) return true;
   constexpr std::string_view notRegistered = "(80040154)";
   constexpr bool bits64 = sizeof(void*) == 8;
-  const std::string reason = proc.tags.TakeFault();
+  const std::string reason = created.arrived ? created.fault : proc.Text(text::kTagSilent);
   std::string message = proc.Text(text::kNoTagObject);
   if (!reason.empty()) message += "\r\n\r\n" + reason;
   if (bits64 && reason.ends_with(notRegistered)) {

@@ -110,13 +110,16 @@ bool Connection::Leave(const Attempt& attempt) {
     return true;
   }
   const bool isOpen = IsConnecting() || CurrentTopic >= 0;
+  const std::int16_t idle = std::exchange(p_.countdowns.IdleCountdown, std::int16_t{0});
   if (IsConnecting()) steps_.Clear();
   if (CurrentTopic < 0) {
     if (IsConnecting()) CurrentLink().Abandon(p_.topics[connecting_], steps_);
-  } else if (CurrentLink().Close(p_.topics[CurrentTopic], steps_)) {
+  } else if (CurrentLink().Close(p_.topics[CurrentTopic], attempt, steps_)) {
     ++linkFaults_;  // an earlier operation may still use it
+    if (!attempt.IsLatest()) return true;
   } else {
     const std::string fault = CurrentLink().TakeFault();
+    p_.countdowns.IdleCountdown = idle;
     p_.transfer.Kind = TransferKind::Idle;
     p_.messages.prompts.Show(Icon::Critical,
                              p_.messages.Text(text::kDisconnectFailed,

@@ -19,7 +19,6 @@ namespace zek {
 
 /// The objects that the connection uses. They live as long as the session.
 struct ConnectionParts : LinkParts {
-  TopicTable& topics;
   Transfer& transfer;
   ReplyLog& log;
   Transports transports;
@@ -78,7 +77,7 @@ class Connection final : private LinkEvents, private ReplyEvents {
   std::uint32_t LinkFaults() const { return linkFaults_; }
 
   /// Switches off every opened tag; call at the end of the program.
-  void CloseAllTags() { CurrentLink().EndSession(p_.topics); }
+  void CloseAllTags() { CurrentLink().EndSession(); }
 
  private:
   void OnLinkText(std::string_view bytes) override;

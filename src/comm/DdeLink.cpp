@@ -19,7 +19,7 @@ void DdeLink::Open(Topic& topic, const Attempt& /*attempt*/, Steps& /*steps*/) {
   transport_.Open({Application(topic.Address), topic.TopicName});
 }
 
-bool DdeLink::Close(Topic& /*topic*/, Steps& /*steps*/) {
+bool DdeLink::Close(Topic& /*topic*/, const Attempt& /*attempt*/, Steps& /*steps*/) {
   returnDue_ = false;
   transport_.Close();
   return true;

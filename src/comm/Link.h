@@ -37,6 +37,7 @@ struct LinkParts {
   Countdowns& countdowns;
   Waits& waits;
   StatusPanels& status;
+  TopicTable& topics;
 
   NumberReader Numbers() const { return {profile, messages}; }
 
@@ -74,10 +75,10 @@ class Link {
   /// Takes back an Open that failed or is no longer wanted.
   virtual void Abandon(Topic& topic, Steps& steps) = 0;
   /// Starts to close the connected topic. Returns false if the other side refused: it stays
-  /// connected.
-  virtual bool Close(Topic& topic, Steps& steps) = 0;
+  /// connected. May run events, and adds no steps if a later attempt came from inside this call.
+  virtual bool Close(Topic& topic, const Attempt& attempt, Steps& steps) = 0;
   /// Called at the end of the program.
-  virtual void EndSession(TopicTable& /*topics*/) {}
+  virtual void EndSession() {}
 
   virtual LinkState State() const = 0;
   bool IsConnected() const { return State() == LinkState::Connected; }

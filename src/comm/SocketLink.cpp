@@ -37,7 +37,7 @@ void SocketLink::OpenDus(double dus, double sendTimeOut, double pause, Steps& st
   }
 }
 
-bool SocketLink::Close(Topic& /*topic*/, Steps& steps) {
+bool SocketLink::Close(Topic& /*topic*/, const Attempt& /*attempt*/, Steps& steps) {
   transport_.Close();
   steps.Add(p_.settings.DisconnectDelay, IsClosed(), [] {});
   return true;

@@ -2,9 +2,11 @@
 
 // The DDE transport and the tag object of the target system.
 
+#include <memory>
+#include <string>
 #include <utility>
 
-#include "comm/TagLink.h"
+#include "comm/TagThread.h"
 #ifdef _WIN32
 #include "comm/WinDdeTransport.h"
 #include "comm/WinTags.h"
@@ -43,8 +45,13 @@ class WithoutDde final : public Transport {
   unsigned serial_ = 0;  // counts Open and Close; a posted call of an older number does nothing
 };
 
+#ifdef _WIN32
+using SystemDde = WinDdeTransport;
+using SystemTagObject = WinTags;
+inline void RunSystemMessages() { RunWinMessages(); }
+#else
 /// The tag object on a system without COM: Create fails.
-class WithoutTags final : public TagServer {
+class WithoutTags final : public TagObject {
  public:
   bool Create() override { return false; }
   std::int16_t Open(const std::string&, const std::string&, const std::string&) override {
@@ -55,12 +62,16 @@ class WithoutTags final : public TagServer {
   std::int16_t Close() override { return 0; }
 };
 
-#ifdef _WIN32
-using SystemDde = WinDdeTransport;
-using SystemTags = WinTags;
-#else
 using SystemDde = WithoutDde;
-using SystemTags = WithoutTags;
+using SystemTagObject = WithoutTags;
+inline void RunSystemMessages() {}
 #endif
+
+class SystemTags final : public TagThread {
+ public:
+  explicit SystemTags(Later later)
+      : TagThread([] { return std::make_unique<SystemTagObject>(); }, RunSystemMessages,
+                  std::move(later)) {}
+};
 
 }  // namespace zek

@@ -7,83 +7,191 @@
 #include "text/Fields.h"
 
 namespace zek {
+namespace {
 
-void TagLink::Open(Topic& topic, const Attempt& attempt, Steps& steps) {
-  pollFaultReported_ = false;
-  if (!LogOn() || !attempt.IsLatest()) return;
-  if (!topic.Tag.empty()) {
-    tags_.TagWrite(topic.Tag, "2");
-    topic.TagState = 2;
+constexpr int kAnswerSeconds = 30;  // for a call; the object may wait for a controller meanwhile
+constexpr int kEndSeconds = 15;     // for all calls at the end of the program
+
+}  // namespace
+
+TagLink::Answer TagLink::Hand(TagServer::Call call) {
+  const auto answer = std::make_shared<TagAnswer>();
+  ++unanswered_;
+  tags_.Begin(std::move(call), [this, answer](const TagAnswer& got) {
+    *answer = got;
+    if (fault_.empty()) fault_ = WithoutPassword(got.fault);
+    Answered();
+  });
+  return answer;
+}
+
+void TagLink::Answered() {
+  --unanswered_;
+  silentTicks_ = 0;
+}
+
+// Without the password the server is not asked.
+TagLink::Answer TagLink::LogOn() {
+  TagPassword password = ReadTagPassword(p_.profile);
+  passwordLost_ = password.kind == TagPassword::Kind::Lost;
+  if (passwordLost_) return std::make_shared<TagAnswer>(TagAnswer{true, 0, {}, {}});
+  password_ = std::move(password.text);
+  const auto setting = [this](std::string_view key) {
+    return p_.profile.ReadIni("General", key, "");
+  };
+  return Hand([computer = setting("ComputerName"), user = setting("UserName"),
+               password = password_](TagObject& object, TagAnswer& answer) {
+    answer.status = object.Open(computer, user, password);
+  });
+}
+
+TagLink::Answer TagLink::Put(const std::string& tag, const std::string& value) {
+  return Hand([tag, value](TagObject& object, TagAnswer& answer) {
+    answer.status = object.TagWrite(tag, value);
+  });
+}
+
+void TagLink::Switch(const std::string& lineTag, std::int16_t state) {
+  if (lineTag.empty()) return;
+  Put(lineTag, std::to_string(state));
+  for (std::int16_t index = 0; index < p_.topics.TopicCount(); ++index) {
+    if (p_.topics[index].Tag == lineTag) p_.topics[index].TagState = state;
   }
-  steps.After(topic.Tag.empty() ? 0 : p_.settings.ConnectDelayTime, [this, name = topic.TopicName] {
-    if (tags_.TagWrite(name, "transparent open") == 0) return;
+}
+
+void TagLink::LogOff() {
+  Hand([](TagObject& object, TagAnswer& answer) { answer.status = object.Close(); });
+}
+
+// A server that still owes an answer gets no new calls: they would all be made when it wakes up.
+void TagLink::Open(Topic& topic, const Attempt& /*attempt*/, Steps& steps) {
+  pollFaultReported_ = silent_ = begun_ = failed_ = false;
+  fault_.clear();
+  opening_.reset();
+  closing_.reset();
+  line_ = topic.Tag;
+  Then(steps, [this] {
+    logOn_ = LogOn();
+    begun_ = !passwordLost_;
+  });
+  Then(steps, [this] {
+    failed_ = logOn_->status == 0;
+    if (!failed_) Switch(line_, 2);
+  });
+  Then(steps, [] {});
+  steps.Add(
+      line_.empty() ? 0 : p_.settings.ConnectDelayTime, [this] { return failed_; }, [] {});
+  Then(steps, [this, name = topic.TopicName] { opening_ = Put(name, "transparent open"); });
+  Then(steps, [this, name = topic.TopicName] {
+    if (opening_->status == 0) return;
     open_ = name;
     events_.OnLinkUp();
   });
 }
 
-void TagLink::Abandon(Topic& topic, Steps& steps) {
-  open_.clear();
-  if (!topic.Tag.empty()) {
-    tags_.TagWrite(topic.Tag, "1");
-    topic.TagState = 1;
-  }
-  steps.After(topic.Tag.empty() ? 0 : p_.settings.DisconnectDelayTime, [this] { tags_.Close(); });
+void TagLink::Then(Steps& steps, Steps::Action act) {
+  steps.Add(
+      kAnswerSeconds, [this] { return failed_ || unanswered_ == 0; },
+      [this, act = std::move(act)] {
+        if (!failed_ && unanswered_ > 0) {
+          failed_ = silent_ = true;
+          fault_ = p_.messages.Text(text::kTagSilent);
+        }
+        if (!failed_) act();
+      });
 }
 
-bool TagLink::Close(Topic& topic, Steps& steps) {
-  if (tags_.TagWrite(topic.TopicName, "transparent close") == 0) return false;
+void TagLink::AwaitAnswers(Steps& steps) {
+  steps.Add(
+      kAnswerSeconds, [this] { return silent_ || unanswered_ == 0; }, [] {});
+}
+
+void TagLink::Abandon(Topic& topic, Steps& steps) {
   open_.clear();
-  if (!topic.Tag.empty()) {
-    topic.TagState = 1;
-    steps.After(p_.settings.DisconnectDelayTime,
-                [this, tag = topic.Tag] { tags_.TagWrite(tag, "1"); });
+  if (!begun_) return;
+  const bool refused = !opening_ || (opening_->arrived && opening_->status == 0);
+  if (!refused) Put(topic.TopicName, "transparent close");
+  Switch(line_, 1);
+  steps.After(line_.empty() ? 0 : p_.settings.DisconnectDelayTime, [this] { LogOff(); });
+  AwaitAnswers(steps);
+}
+
+// If the wait is ended before the answer, by the user or the end of the program, it counts as
+// closed: the call is made all the same.
+bool TagLink::Close(Topic& topic, const Attempt& attempt, Steps& steps) {
+  if (!closing_) closing_ = Put(topic.TopicName, "transparent close");
+  const Answer answer = closing_;
+  p_.waits.While([&] { return !answer->arrived && !open_.empty(); });
+  if (!attempt.IsLatest()) return true;
+  closing_.reset();
+  if (open_.empty()) return true;  // given up meanwhile
+  if (answer->arrived && answer->status == 0) return false;
+  open_.clear();
+  if (!line_.empty()) {
+    steps.After(p_.settings.DisconnectDelayTime, [this, line = line_] { Switch(line, 1); });
   }
-  steps.After(0, [this] { tags_.Close(); });
+  steps.After(0, [this] { LogOff(); });
+  AwaitAnswers(steps);
   return true;
 }
 
-void TagLink::EndSession(TopicTable& topics) {
-  if (!LogOn()) return;
-  for (std::int16_t index = 0; index < topics.TopicCount(); ++index) {
-    Topic& topic = topics[index];
-    if (topic.Tag.empty() || topic.TagState == 0) continue;
-    tags_.TagWrite(topic.Tag, "0");
-    topic.TagState = 0;
+void TagLink::EndSession() {
+  const Waits::Finishing finishing(p_.waits);
+  p_.countdowns.WaitCountdown = TicksOf(kEndSeconds);
+  const auto await = [this] {
+    p_.waits.While([this] { return p_.countdowns.WaitCountdown > 0 && unanswered_ > 0; });
+  };
+  const Answer logOn = LogOn();
+  await();
+  if (logOn->arrived && logOn->status == 0) return;
+  for (std::int16_t index = 0; index < p_.topics.TopicCount(); ++index) {
+    if (p_.topics[index].TagState != 0) Switch(p_.topics[index].Tag, 0);
   }
-  tags_.Close();
-}
-
-bool TagLink::LogOn() {
-  TagPassword password = ReadTagPassword(p_.profile);
-  passwordLost_ = password.kind == TagPassword::Kind::Lost;
-  if (passwordLost_) return false;
-  password_ = std::move(password.text);
-  return tags_.Open(p_.profile.ReadIni("General", "ComputerName", ""),
-                    p_.profile.ReadIni("General", "UserName", ""), password_) != 0;
+  LogOff();
+  await();
 }
 
 LinkState TagLink::State() const {
   return open_.empty() ? LinkState::Closed : LinkState::Connected;
 }
 
+// Reads once all other calls are answered, so that a slow server does not collect reads.
 void TagLink::Poll() {
-  const std::string reply = tags_.TagRead(open_);
-  if (reply.empty()) {
-    ReportPollFault();
-  } else {
-    events_.OnLinkText(reply + "\n");
+  if (unanswered_ > 0) {
+    if (++silentTicks_ >= TicksOf(kAnswerSeconds)) GiveUp();
+    return;
   }
+  ++unanswered_;
+  tags_.Begin(
+      [tag = open_](TagObject& object, TagAnswer& answer) { answer.text = object.TagRead(tag); },
+      [this, tag = open_](const TagAnswer& answer) {
+        Answered();
+        TakeReply(tag, answer);
+      });
 }
 
-void TagLink::ReportPollFault() {
-  const std::string fault = TakeFault();
+void TagLink::TakeReply(const std::string& tag, const TagAnswer& answer) {
+  if (tag != open_) return;
+  if (!answer.text.empty()) return events_.OnLinkText(answer.text + "\n");
+  const std::string fault = WithoutPassword(answer.fault);
   if (fault.empty() || std::exchange(pollFaultReported_, true)) return;
   events_.OnLinkFault(fault);
 }
 
+void TagLink::GiveUp() {
+  silent_ = true;
+  const std::string name = std::exchange(open_, {});
+  if (!closing_) Put(name, "transparent close");
+  Switch(line_, 1);
+  LogOff();
+  events_.OnLinkError({text::kTagSilent, {}});
+}
+
 bool TagLink::Write(std::string_view command) {
-  return tags_.TagWrite(open_, std::string(command) + (NeedsReturn(command) ? "\r" : "")) != 0;
+  const std::string tag = open_;
+  const Answer answer = Put(tag, std::string(command) + (NeedsReturn(command) ? "\r" : ""));
+  p_.waits.While([&] { return !answer->arrived && open_ == tag; });
+  return answer->status != 0;
 }
 
 TextLoss TagLink::Receive(std::string_view bytes, const HandOver& handOver) {
@@ -108,13 +216,18 @@ std::string TagLink::Where(const Topic& /*topic*/) const {
 
 // The server is not at fault if it was not asked.
 std::int32_t TagLink::ErrorText() const {
-  return passwordLost_ ? text::kTagPasswordLost : text::kTagError;
+  if (passwordLost_) return text::kTagPasswordLost;
+  return silent_ ? text::kTagSilent : text::kTagError;
+}
+
+std::string TagLink::TakeFault() {
+  if (passwordLost_) return p_.messages.Text(text::kTagPasswordLost);
+  return std::exchange(fault_, {});
 }
 
 // The object's message may repeat the arguments of a call, the password among them.
-std::string TagLink::TakeFault() {
-  if (passwordLost_) return p_.messages.Text(text::kTagPasswordLost);
-  return WithoutSecret(tags_.TakeFault(), password_);
+std::string TagLink::WithoutPassword(const std::string& fault) const {
+  return WithoutSecret(fault, password_);
 }
 
 }  // namespace zek

@@ -221,4 +221,13 @@ std::int16_t WinTags::Close() { return object_->Status("Close", {}); }
 
 std::string WinTags::TakeFault() { return object_->TakeFault(); }
 
+void RunWinMessages() {
+  constexpr int kMostAtOnce = 100;  // a flood must not delay the next call
+  MSG message;
+  for (int i = 0; i < kMostAtOnce; ++i) {
+    if (::PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) == FALSE) return;
+    ::DispatchMessageW(&message);
+  }
+}
+
 }  // namespace zek

@@ -4,13 +4,15 @@
 #include <memory>
 #include <string>
 
-#include "comm/TagLink.h"
+#include "comm/TagServer.h"
 
 namespace zek {
 
 /// The system's COM object `CTAPIX.CTAPI`, late bound: each call looks its method up by name, so a
-/// missing method fails only that call. Use only in the thread that created it.
-class WinTags final : public TagServer {
+/// missing method fails only that call. Use only in the thread that created it, which gets an
+/// apartment for single-threaded objects. An object that is registered without a threading model
+/// lives in the apartment of the program's first thread, whatever thread creates it.
+class WinTags final : public TagObject {
  public:
   WinTags();
   WinTags(const WinTags&) = delete;
@@ -29,5 +31,8 @@ class WinTags final : public TagServer {
   class Object;
   std::unique_ptr<Object> object_;
 };
+
+/// Handles the system's messages to the calling thread; its apartment may get calls by them.
+void RunWinMessages();
 
 }  // namespace zek

@@ -31,7 +31,7 @@ struct SystemSession {
   WxTcpTransport socket;
   WxLater later;
   SystemDde dde{later.Post()};
-  SystemTags tags;
+  SystemTags tags{later.Post()};
   ZV_Proc proc;
 };
 

@@ -96,7 +96,8 @@ class Session : public test::TransferSession {
            runs(proc.countdowns.ReplyCountdown) + "/" +
            std::to_string(static_cast<int>(proc.transfer.Kind)) + "/" +
            std::to_string(proc.connection.CurrentTopic) + proc.connection.PendingTopic + "/" +
-           std::to_string(static_cast<int>(socket.State())) + "/" + std::to_string(commands.size());
+           std::to_string(static_cast<int>(socket.State())) + "/" +
+           std::to_string(commands.size()) + "/" + std::to_string(tags.calls.size());
   }
 
   inline static const std::string kLine =
@@ -178,6 +179,10 @@ bool Do(Session& session, std::string_view what) {
     Do(session, "verify");
     session.SelectTwo();
   }
+  if (what == "slow" || what == "slow, connected") {
+    if (what != "slow") Do(session, "connect a tag");
+    session.tagServer.blocks = [](const std::string& call) { return call == "?" ? 300 : 5000; };
+  }
   if (what == "no answer") session.answers.erase("LIST WDC");
   if (what == "quit") session.turn.Quit();
   if (what == "a box") {  // it runs the event loop inside the wait
@@ -210,6 +215,11 @@ const std::vector<Operation> kOperations = {
     {"tag get", true, "", "get", kRead},
     {"tag save", true, "", "save", kWriteOne},
     {"verified tag save", true, "verify", "save", kWriteOne},
+    {"connect of a slow tag", true, "slow", "connect a tag", {}},
+    {"disconnect of a slow tag", true, "slow, connected", "disconnect", {}},
+    {"command to a slow tag", true, "slow, connected", "TIME", {}},
+    {"slow tag get", true, "slow", "get", kRead},
+    {"slow tag save", true, "slow", "save", kWriteOne},
     {"batch export", false, "", "export", {}},
 };
 
@@ -266,6 +276,11 @@ std::string FaultOfState(const Session& session) {
   if (connection.Sending) return "sending";
   if (connection.CurrentTopic < 0 && !connection.PendingTopic.empty()) return "half connected";
   if (session.socket.openedTwice) return "opened before it was closed";
+  const auto& calls = session.tags.calls;
+  const auto count = [&calls](const char* call) {
+    return std::count(calls.begin(), calls.end(), call);
+  };
+  if (count("NET=transparent close") > count("NET=transparent open")) return "closed twice";
   const bool open = session.socket.State() == LinkState::Connected;
   if (!proc.settings.TagMode && open != (connection.CurrentTopic >= 0))
     return "link and topic differ";

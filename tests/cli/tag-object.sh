@@ -9,6 +9,7 @@ tag_library="HKCR\\CLSID\\$tag_class"
 register_tags() {
   wine reg add "$tag_object\\CLSID" /ve /d "$tag_class" /f
   wine reg add "$tag_library\\InprocServer32" /ve /d "Z:${1//\//\\}\\zekview-tag-double.dll" /f
+  wine reg add "$tag_library\\InprocServer32" /v ThreadingModel /d Apartment /f
 } >/dev/null
 
 unregister_tags() {

@@ -165,7 +165,7 @@ TEST_F(ConnectionTest, DdeTargets) {
 
 TEST_F(ConnectionTest, WithoutDdeTheReasonIsToldAndTheProgramGoesOn) {
   WithoutDde none([this](std::function<void()> call) { turn.After(0, std::move(call)); });
-  ZV_Proc without(Outside{files, profile, turn, prompts, socket, none, tags});
+  ZV_Proc without(Outside{files, profile, turn, prompts, socket, none, tagServer});
   without.settings = proc.settings;
   without.texts.Read("512=T512\r\n800=%1\r\n681=DDE (%1)\r\n682=not here\r\n");
   without.topics = proc.topics;

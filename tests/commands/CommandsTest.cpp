@@ -62,7 +62,7 @@ class CommandPlayer : public test::SessionPlayer {
     std::ostringstream out;
     std::ostringstream err;
     CliPrompts cliPrompts(err);
-    ZV_Proc program({files, profile, turn, cliPrompts, socket, dde, tags,
+    ZV_Proc program({files, profile, turn, cliPrompts, socket, dde, tagServer,
                      [] { return LocalTime{2026, 11, 21, 8, 30, 59}; }});
     program.settings.ProgramPath = "/zek/";
     program.settings.IniPath = "/ini/";

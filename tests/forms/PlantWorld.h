@@ -135,7 +135,7 @@ struct PlantWorld {
   PlantLink link{plant};
   WxLater later;
   WithoutDde dde{later.Post()};
-  WithoutTags tags;
+  SystemTags tags{later.Post()};
   ZV_Proc session{Outside{files, profile, turn, prompts, link, dde, tags}};
   WxTick ticks{[this] { session.Tick(); }};
 };

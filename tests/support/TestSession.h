@@ -101,7 +101,8 @@ class TestSession {
   MemoryTransport socket{turn};
   MemoryTransport dde{turn};
   FakeTags tags;
-  ZV_Proc proc{Outside{files, profile, turn, prompts, socket, dde, tags,
+  FakeTagServer tagServer{tags, turn};
+  ZV_Proc proc{Outside{files, profile, turn, prompts, socket, dde, tagServer,
                        [this] { return turn.Clock(); }, "operator"}};
 };
 

@@ -1,20 +1,17 @@
 #include <windows.h>
-#include <atomic>
-#include <chrono>
 
 #include <ddeml.h>
 
 #include <deque>
 #include <functional>
-#include <future>
 #include <gtest/gtest.h>
 #include <mutex>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "comm/WinDdeTransport.h"
 #include "lang/TextNumbers.h"
+#include "windows-links/HangingWindow.h"
 #include "windows-links/ServerProcess.h"
 
 namespace zek {
@@ -229,39 +226,9 @@ TEST_F(WinDdeTransportTest, NothingIsToldOfALinkThatWasClosed) {
   EXPECT_EQ(events, std::vector<std::string>{"0001>last\r\n"});
 }
 
-/// A window of a program that hangs for some seconds, or until the end of this object.
-class HangingWindow {
- public:
-  HangingWindow() {
-    std::promise<void> shown;
-    std::future<void> released = release_.get_future();
-    thread_ = std::thread([this, &shown, released = std::move(released)] {
-      auto* const window =
-          ::CreateWindowA("STATIC", "", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
-      shown.set_value();
-      recovered_ = released.wait_for(std::chrono::seconds(10)) == std::future_status::timeout;
-      ::DestroyWindow(window);
-    });
-    shown.get_future().wait();
-  }
-  HangingWindow(const HangingWindow&) = delete;
-  HangingWindow& operator=(const HangingWindow&) = delete;
-  ~HangingWindow() {
-    release_.set_value();
-    thread_.join();
-  }
-
-  bool HasRecovered() const { return recovered_; }
-
- private:
-  std::atomic<bool> recovered_{false};
-  std::promise<void> release_;
-  std::thread thread_;
-};
-
 TEST_F(WinDdeTransportTest, AProgramThatHangsDoesNotStopOurs) {
   {
-    const HangingWindow window;
+    const test::HangingWindow window;
     link.Open({kService, "GOOD"});
     EXPECT_FALSE(window.HasRecovered()) << "Open waits for it";
   }

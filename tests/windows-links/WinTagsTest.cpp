@@ -1,48 +1,17 @@
 #include <windows.h>
+#include <future>
 #include <gtest/gtest.h>
 
-#include "comm/WinTags.h"
-#include "support/SourceTree.h"
-#include "windows-links/ServerProcess.h"
-#include "windows-links/TagDoubleId.h"
+#include "comm/SystemTransports.h"
+#include "windows-links/TagRegistration.h"
 
 namespace zek {
 namespace {
 
-void SetKey(const std::string& key, const std::string& value) {
-  ASSERT_EQ(::RegSetValueA(HKEY_CLASSES_ROOT, key.c_str(), REG_SZ, value.c_str(),
-                           static_cast<DWORD>(value.size())),
-            ERROR_SUCCESS)
-      << key;
-}
+using test::TagRegistration;
 
-void Register(const std::string& library) {
-  SetKey("CTAPIX.CTAPI\\CLSID", test::kTagDoubleId);
-  SetKey(std::string("CLSID\\") + test::kTagDoubleId + "\\InprocServer32", library);
-}
-
-void Unregister() {
-  const std::string id = std::string("CLSID\\") + test::kTagDoubleId;
-  for (const std::string& key : {id + "\\InprocServer32", id, std::string("CTAPIX.CTAPI\\CLSID"),
-                                 std::string("CTAPIX.CTAPI")}) {
-    ::RegDeleteKeyA(HKEY_CLASSES_ROOT, key.c_str());
-  }
-}
-
-class WinTagsTest : public ::testing::Test {
- protected:
-  WinTagsTest() {
-    const std::string plant = test::SourceTree() + "/data/demo/plant";
-    ::SetEnvironmentVariableA("ZEKVIEW_TAG_PLANT", plant.c_str());
-    Register(test::ProgramFolder() + "zekview-tag-double.dll");
-  }
-  void TearDown() override {
-    Fault(nullptr);
-    Unregister();
-  }
-
-  static void Fault(const char* what) { ::SetEnvironmentVariableA("ZEKVIEW_TAG_FAULT", what); }
-
+struct WinTagsTest : ::testing::Test {
+  TagRegistration registration;
   WinTags tags;
 };
 
@@ -64,14 +33,35 @@ TEST_F(WinTagsTest, ServesAPlant) {
 
 TEST_F(WinTagsTest, AnObjectThatCannotBeCreatedFailsEveryCall) {
   EXPECT_EQ(tags.Open("a", "b", "c"), 0) << "before it is created";
-  Register("C:\\nothing.dll");
+  TagRegistration::Register("C:\\nothing.dll");
   EXPECT_FALSE(tags.Create());
-  Unregister();
+  TagRegistration::Unregister();
   EXPECT_FALSE(tags.Create());
   EXPECT_EQ(tags.Open("a", "b", "c"), 0);
   EXPECT_EQ(tags.TagRead("SKOLA"), "");
   EXPECT_EQ(tags.Close(), 0);
   EXPECT_NE(tags.TakeFault(), "");
+}
+
+// Without a model it lives in the first thread, which must then take its calls.
+TEST_F(WinTagsTest, AnObjectOfAnyThreadingModelServesInAThread) {
+  for (const char* const model : {"Apartment", "Both", ""}) {
+    TagRegistration::Register(test::ProgramFolder() + "zekview-tag-double.dll", model);
+    SystemTags served([](const std::function<void()>& call) { call(); });
+    EXPECT_NE(served.Create().status, 0) << model;
+    std::promise<std::string> read;
+    std::future<std::string> text = read.get_future();
+    served.Begin(
+        [](TagObject& object, TagAnswer& answer) {
+          object.TagWrite("SKOLA", "transparent open");
+          object.TagWrite("SKOLA", "\x05");
+          answer.text = object.TagRead("SKOLA");
+        },
+        [&read](const TagAnswer& answer) { read.set_value(answer.text); });
+    while (text.wait_for(std::chrono::milliseconds(10)) != std::future_status::ready)
+      RunSystemMessages();
+    EXPECT_EQ(text.get(), "0000>ZEK1\r\n") << model;
+  }
 }
 
 TEST_F(WinTagsTest, WhatTheObjectAnswersAsStatus) {
@@ -103,7 +93,7 @@ TEST_F(WinTagsTest, AMethodThatIsMissingOrRaisesFailsThatCallOnly) {
                         {"bare TagWrite", "TagWrite: "},
                         {"raise TagWrite", "TagWrite: the plant is on fire"}};
   for (const Case& each : cases) {
-    Fault(each.fault);
+    TagRegistration::Fault(each.fault);
     EXPECT_EQ(tags.TagWrite("SKOLA", "\x05"), 0) << each.fault;
     EXPECT_EQ(tags.TagRead("SKOLA"), "") << each.fault;
     const std::string fault = tags.TakeFault();
@@ -111,13 +101,13 @@ TEST_F(WinTagsTest, AMethodThatIsMissingOrRaisesFailsThatCallOnly) {
     EXPECT_GT(fault.size(), std::string("TagWrite: ").size());
     EXPECT_EQ(tags.TakeFault(), "");
   }
-  Fault("lack TagRead");
+  TagRegistration::Fault("lack TagRead");
   EXPECT_EQ(tags.TagRead("SKOLA"), "");
   EXPECT_EQ(tags.TakeFault().substr(0, 9), "TagRead: ");
-  Fault("fail TagWrite");
+  TagRegistration::Fault("fail TagWrite");
   EXPECT_EQ(tags.TagWrite("SKOLA", "\x05"), 0);
   EXPECT_EQ(tags.TakeFault(), "") << "an answer is no fault";
-  Fault(nullptr);
+  TagRegistration::Fault(nullptr);
   EXPECT_NE(tags.TagWrite("SKOLA", "\x05"), 0);
   EXPECT_EQ(tags.TagRead("SKOLA"), "0000>ZEK1\r\n");
 }

@@ -330,6 +330,7 @@ void ZV_Main::OnClose(wxCloseEvent& event) {
 void ZV_Main::Unload() {
   closed_ = true;
   proc_.connection.Disconnect();
+  Hide();  // nothing else is begun while the tags are closed
   proc_.connection.CloseAllTags();
   proc_.sessionFile.End();
   turn_.Quit();

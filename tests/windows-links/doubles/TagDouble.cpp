@@ -2,7 +2,8 @@
 // variables can make it fail:
 //   ZEKVIEW_TAG_PLANT  the folder of the plant; a topic is an outstation's name
 //   ZEKVIEW_TAG_FAULT  "lack METHOD": the method is missing; "raise METHOD": it raises an error;
-//                      "bare METHOD": it raises one without a text; "fail METHOD": it returns zero
+//                      "bare METHOD": it raises one without a text; "fail METHOD": it returns zero;
+//                      "block METHOD": it waits for the event "zekview-tag-release"
 // "Open" stores the user's name. For user "raise" it raises an error whose text has the password.
 // The tag "TYPE" answers a write with a value of the written type: "I4", "BSTR" ...
 
@@ -33,6 +34,12 @@ std::string Variable(const char* name) {
 
 bool IsFault(const std::string& kind, const std::string& method) {
   return Variable("ZEKVIEW_TAG_FAULT") == kind + " " + method;
+}
+
+void AwaitRelease() {
+  HANDLE const release = ::OpenEventA(SYNCHRONIZE, FALSE, "zekview-tag-release");
+  ::WaitForSingleObject(release, 20'000);
+  ::CloseHandle(release);
 }
 
 std::wstring Wide(const std::string& bytes) {
@@ -169,6 +176,7 @@ class TagObject final : public IDispatch {
     const auto argument = [&](UINT index) {  // they come in reverse order
       return Bytes(parameters->rgvarg[parameters->cArgs - 1 - index]);
     };
+    if (IsFault("block", name)) AwaitRelease();
     if (IsFault("raise", name)) return Raise(*raised, "the plant is on fire");
     if (IsFault("bare", name)) return DISP_E_EXCEPTION;
     SetStatus(*result, !IsFault("fail", name));
