@@ -102,7 +102,7 @@ class TestSession {
   MemoryTransport dde{turn};
   FakeTags tags;
   ZV_Proc proc{Outside{files, profile, turn, prompts, socket, dde, tags,
-                       [this] { return turn.Clock(); }, "operator"}};
+                       [this] { return turn.Clock(); }, {"operator", "DESK", "7"}}};
 };
 
 }  // namespace zek::test
