@@ -92,9 +92,11 @@ std::optional<ExitStatus> StartSession(ZV_Proc& proc, const StartOptions& option
     return kFailed;
   }
   BeginSessionFile(proc, options);
-  if (options.contacts && proc.settings.TagMode && !CreateTagObject(proc)) return kFailed;
+  if (options.contacts && !NeedTags(proc)) return kFailed;
   return std::nullopt;
 }
+
+bool NeedTags(ZV_Proc& proc) { return !proc.settings.TagMode || CreateTagObject(proc); }
 
 bool LoadLanguage(ZV_Proc& proc) {
   const std::string language = proc.profile.ReadIni("General", "Language", "");

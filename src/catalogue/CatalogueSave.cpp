@@ -204,8 +204,18 @@ class Saving {
 
   bool WritesWhole() const {
     return id_.catalogue == Catalogue::Ovc || !plan_.missing.empty() ||
-           ReadYesNo(p_.profile, kSaveOptions, kWriteWhole, "no") ||
-           p_.records.SeenAt(id_) == SeenToDo::ReplacesByCatalogue;
+           ReadYesNo(p_.profile, kSaveOptions, kWriteWhole, "no") || LosesOthers();
+  }
+
+  // To such a controller the own lines alone are never sent, whatever the settings say: the shipped
+  // settings have a "no", too, which nobody has thought about.
+  bool LosesOthers() const {
+    return p_.records.SeenAt(id_) == SeenToDo::ReplacesByCatalogue;
+  }
+  bool IsWholeAgainstSettings() const {
+    return id_.catalogue == Catalogue::Wdc && id_.IsPartOfShared() && LosesOthers() &&
+           !p_.profile.ReadIni(kSaveOptions, kWriteWhole, "").empty() &&
+           !ReadYesNo(p_.profile, kSaveOptions, kWriteWhole, "no");
   }
 
   // A file may hold lines of other controls; only `put` of the whole object may change them.
@@ -268,6 +278,8 @@ class Saving {
         CatalogueTitle(id_, p_.tree, p_.topics, p_.messages.texts) + "\r\n\r\n";
     const std::string others = p_.marks.OthersAt(id_);
     if (!others.empty()) heading += p_.messages.Text(text::kOpenedNote, {others}) + "\r\n\r\n";
+    if (IsWholeAgainstSettings())
+      heading += p_.messages.Text(text::kWholeAnyway, {id_.topic}) + "\r\n\r\n";
     return heading;
   }
 

@@ -97,7 +97,8 @@ void OpenMarks::Open(const CatalogueId& id) {
        {id.localFile, id.control, self_.user, self_.computer, DateAndTime(now_())}) {
     own.text.append(kTab).append(field);
   }
-  own.text.append(kTab).append(ChecksumOf(own.text)).append(kLineEnd);
+  const std::string checksum = ChecksumOf(own.text);
+  own.text.append(kTab).append(checksum).append(kLineEnd);
   Write(own);
 }
 
