@@ -107,11 +107,15 @@ std::optional<ExitStatus> StartSession(ZV_Proc& proc, const StartOptions& option
   }
   BeginSessionFile(proc, options);
   TellCrashes(proc);
-  if (options.contacts && proc.settings.TagMode) {
-    if (!CreateTagObject(proc)) return kFailed;
-    CheckTagPassword(proc);
-  }
+  if (options.contacts && !NeedTags(proc)) return kFailed;
   return std::nullopt;
+}
+
+bool NeedTags(ZV_Proc& proc) {
+  if (!proc.settings.TagMode) return true;
+  if (!CreateTagObject(proc)) return false;
+  CheckTagPassword(proc);
+  return true;
 }
 
 bool LoadLanguage(ZV_Proc& proc) {

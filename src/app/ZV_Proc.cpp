@@ -24,8 +24,9 @@ ZV_Proc::ZV_Proc(const Outside& world)
                   log,
                   {world.socket, world.dde, world.tags}}),
       copies(files, settings, ToUser(), now),
-      records(files, settings, now, world.user),
-      catalogues({settings, profile, Numbers(), ToUser(), copies, records,
+      records(files, settings, now, world.runBy.user),
+      marks(files, settings, texts, now, world.runBy),
+      catalogues({settings, profile, Numbers(), ToUser(), copies, records, marks, tree, topics,
                   Exchange{connection, transfer, countdowns, waits, status}}) {
   log.Now = now;
 }

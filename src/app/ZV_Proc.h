@@ -8,6 +8,7 @@
 #include "catalogue/ControllerRecords.h"
 #include "catalogue/LocalCopies.h"
 #include "catalogue/ObjectTree.h"
+#include "catalogue/OpenMarks.h"
 #include "catalogue/Selection.h"
 #include "comm/Connection.h"
 #include "comm/SessionFile.h"
@@ -32,7 +33,7 @@ struct Outside {
   Transport& dde;
   TagServer& tags;
   Clock now = SystemTime;
-  std::string user = {};  // of the computer, windows-1252; for the journal of what was sent
+  RunBy runBy = {};  // for the journal of what was sent, and for those who share the data folder
 };
 
 /// The session: one object for the whole program, composed of its parts. Pass it to code that needs
@@ -58,6 +59,7 @@ struct ZV_Proc {
   Connection connection;
   LocalCopies copies;
   ControllerRecords records;
+  OpenMarks marks;
   Catalogues catalogues;
   ObjectTree tree;
   Selection selection;

@@ -70,14 +70,14 @@ Outcome CatalogueDelivery::Ended(const SavePlan& plan, std::string_view journal,
                                  const std::string& message) {
   Note(journal, plan.send.lines.size());
   const bool well = outcome == Outcome::Saved;
-  p_.messages.prompts.Show(well ? Icon::Information : Icon::Exclamation, message);
+  p_.messages.prompts.Show(well ? Icon::Information : Icon::Exclamation, p_.About(id_, message));
   return outcome;
 }
 
 Outcome CatalogueDelivery::Ended(const SavePlan& plan, std::string_view journal, Outcome outcome,
                                  const std::string& message, const std::string& details) {
   Note(journal, plan.send.lines.size());
-  p_.messages.prompts.ShowDetails(Icon::Exclamation, message, {},
+  p_.messages.prompts.ShowDetails(Icon::Exclamation, p_.About(id_, message), {},
                                   {p_.messages.Text(text::kFaultsLabel), details});
   return outcome;
 }
@@ -109,18 +109,18 @@ Outcome CatalogueDelivery::Failed(const SavePlan& plan, const SendReport& report
 void CatalogueDelivery::TellMixture(const SavePlan& plan, std::string message, bool answered) {
   if (!id_.IsShared()) {
     message += "\r\n" + p_.messages.Text(text::kMixture);
-    return p_.messages.prompts.Show(Icon::Exclamation, message);
+    return p_.messages.prompts.Show(Icon::Exclamation, p_.About(id_, message));
   }
   message += "\r\n" + p_.messages.Text(text::kMixtureShared);
   if (!answered || !id_.IsPartOfShared())
-    return p_.messages.prompts.Show(Icon::Exclamation, message);
+    return p_.messages.prompts.Show(Icon::Exclamation, p_.About(id_, message));
   const Verification now = VerifyCatalogue(id_, plan.expected, p_, delays_);
   if (now.others.missing.empty()) {
     if (now.IsMade()) message += "\r\n" + p_.messages.Text(text::kOthersWhole);
-    return p_.messages.prompts.Show(Icon::Exclamation, message);
+    return p_.messages.prompts.Show(Icon::Exclamation, p_.About(id_, message));
   }
   p_.messages.prompts.ShowDetails(
-      Icon::Exclamation, message, {},
+      Icon::Exclamation, p_.About(id_, message), {},
       {p_.messages.Text(text::kMissingOthersLabel), OnLines(now.others.missing)});
 }
 
@@ -147,8 +147,8 @@ Outcome CatalogueDelivery::NotChecked(const SavePlan& plan, const Verification& 
   const bool required = p_.settings.VerifyAfterWrite;
   if (required) known_ = {};
   Note("sent, not checked", plan.send.lines.size());
-  p_.messages.prompts.Show(Icon::Exclamation,
-                           required ? why : p_.messages.Text(text::kSendDone) + "\r\n\r\n" + why);
+  if (!required) why.insert(0, p_.messages.Text(text::kSendDone) + "\r\n\r\n");
+  p_.messages.prompts.Show(Icon::Exclamation, p_.About(id_, why));
   return required ? Outcome::Failed : Outcome::Saved;
 }
 
@@ -266,7 +266,7 @@ bool CatalogueDelivery::AskRepair(const Lines& missing, bool replacesAll) const 
   std::string question = p_.messages.Text(text::kAskRepair, {std::to_string(missing.size())});
   if (replacesAll) question += "\r\n\r\n" + p_.messages.Text(text::kReplacesAll);
   return p_.messages.prompts.AskWithDetails(
-      Icon::Exclamation, question, p_.messages.Text(text::kSendTitle),
+      Icon::Exclamation, p_.About(id_, question), p_.messages.Text(text::kSendTitle),
       {p_.messages.Text(text::kMissingOthersLabel), OnLines(missing)},
       replacesAll ? DefaultAnswer::Yes : DefaultAnswer::No);
 }

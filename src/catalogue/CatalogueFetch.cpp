@@ -1,5 +1,7 @@
 #include "catalogue/CatalogueFetch.h"
 
+#include <utility>
+
 namespace zek {
 namespace {
 
@@ -131,7 +133,9 @@ Fetched FetchCatalogue(const CatalogueId& id, const CatalogueParts& parts,
   return Fetching(id, parts, delays).Run(statusText);
 }
 
-void TellFetchFailure(const Fetched& fetched, const Messages& messages, std::int32_t number) {
+void TellFetchFailure(const Fetched& fetched, const CatalogueId& id, const CatalogueParts& parts,
+                      std::int32_t number) {
+  const Messages& messages = parts.messages;
   if (fetched.outcome == FetchOutcome::NoConnection && !fetched.linkFault.empty()) {
     return messages.prompts.Show(Icon::Critical, fetched.linkFault);
   }
@@ -141,7 +145,7 @@ void TellFetchFailure(const Fetched& fetched, const Messages& messages, std::int
     message += "\r\n\r\n" + messages.Text(text::kControllerError) + " " + fetched.refusal;
   }
   if (!fetched.linkFault.empty()) message += "\r\n\r\n" + fetched.linkFault;
-  messages.prompts.Show(Icon::Exclamation, message);
+  messages.prompts.Show(Icon::Exclamation, parts.About(id, std::move(message)));
 }
 
 }  // namespace zek

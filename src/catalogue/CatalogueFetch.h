@@ -50,7 +50,7 @@ Fetched FetchCatalogue(const CatalogueId& id, const CatalogueParts& parts,
 
 /// Shows text `number` if the controller did not answer, with its refusal or the fault of the link;
 /// for a connect that failed only why.
-void TellFetchFailure(const Fetched& fetched, const Messages& messages,
+void TellFetchFailure(const Fetched& fetched, const CatalogueId& id, const CatalogueParts& parts,
                       std::int32_t number = text::kNoAnswer);
 
 }  // namespace zek

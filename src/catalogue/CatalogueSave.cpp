@@ -6,6 +6,7 @@
 
 #include "catalogue/CatalogueDelivery.h"
 #include "catalogue/CatalogueEntries.h"
+#include "catalogue/CatalogueTitle.h"
 #include "catalogue/LineChanges.h"
 #include "catalogue/SendQuestion.h"
 #include "catalogue/Sendable.h"
@@ -151,7 +152,7 @@ class Saving {
   // What a shared catalogue has now.
   std::optional<Outcome> Fetch() {
     Fetched fetched = FetchCatalogue(id_, p_, delays_, text::kFetching);
-    TellFetchFailure(fetched, p_.messages, stored_ ? text::kSaveNotRead : text::kNoAnswer);
+    TellFetchFailure(fetched, id_, p_, stored_ ? text::kSaveNotRead : text::kNoAnswer);
     if (fetched.outcome != FetchOutcome::Complete) return Outcome::Failed;
     plan_.now = std::move(fetched.content);
     return plan_.now.linesDropped > 0 ? TooLong() : std::nullopt;
@@ -203,8 +204,18 @@ class Saving {
 
   bool WritesWhole() const {
     return id_.catalogue == Catalogue::Ovc || !plan_.missing.empty() ||
-           ReadYesNo(p_.profile, kSaveOptions, kWriteWhole, "no") ||
-           p_.records.SeenAt(id_) == SeenToDo::ReplacesByCatalogue;
+           ReadYesNo(p_.profile, kSaveOptions, kWriteWhole, "no") || LosesOthers();
+  }
+
+  // To such a controller the own lines alone are never sent, whatever the settings say: the shipped
+  // settings have a "no", too, which nobody has thought about.
+  bool LosesOthers() const {
+    return p_.records.SeenAt(id_) == SeenToDo::ReplacesByCatalogue;
+  }
+  bool IsWholeAgainstSettings() const {
+    return id_.catalogue == Catalogue::Wdc && id_.IsPartOfShared() && LosesOthers() &&
+           !p_.profile.ReadIni(kSaveOptions, kWriteWhole, "").empty() &&
+           !ReadYesNo(p_.profile, kSaveOptions, kWriteWhole, "no");
   }
 
   // A file may hold lines of other controls; only `put` of the whole object may change them.
@@ -257,7 +268,19 @@ class Saving {
       list_ = list.texts.Details;
       return false;
     }
-    return AskSend(WithFile(text::kAskSend, text::kAskSendFile), facts, list, p_.messages);
+    return AskSend(Heading() + WithFile(text::kAskSend, text::kAskSendFile), facts, list,
+                   p_.messages);
+  }
+
+  // What is asked about, and who else works on it.
+  std::string Heading() const {
+    std::string heading =
+        CatalogueTitle(id_, p_.tree, p_.topics, p_.messages.texts) + "\r\n\r\n";
+    const std::string others = p_.marks.OthersAt(id_);
+    if (!others.empty()) heading += p_.messages.Text(text::kOpenedNote, {others}) + "\r\n\r\n";
+    if (IsWholeAgainstSettings())
+      heading += p_.messages.Text(text::kWholeAnyway, {id_.topic}) + "\r\n\r\n";
+    return heading;
   }
 
   Outcome Send() {
@@ -324,7 +347,7 @@ CatalogueContent MendUnfinished(const CatalogueId& id, CatalogueContent fetched,
   const std::optional<FetchDelays> delays = ReadFetchDelays(parts.numbers);
   const bool possible = !parts.settings.ViewOnly && all.size() <= kMaxCatalogueLines && delays &&
                         CheckSendDelays(parts.numbers) && CheckSendable(id, {all, {}}, parts);
-  const std::string why = messages.Text(text::kUnfinished, {unfinished->time});
+  const std::string why = parts.About(id, messages.Text(text::kUnfinished, {unfinished->time}));
   if (!possible) {
     messages.prompts.ShowDetails(Icon::Exclamation, why, {}, details);
     return fetched;

@@ -88,7 +88,7 @@ class Reading {
     if (!delays || !CheckNameSendable(id_, p_)) return std::nullopt;
     const CountedUp busy(p_.exchange.status, &StatusPanels::Busy);
     const Fetched fetched = FetchCatalogue(id_, p_, *delays, text::kFetching);
-    TellFetchFailure(fetched, p_.messages);
+    TellFetchFailure(fetched, id_, p_);
     if (fetched.outcome != FetchOutcome::Complete) return std::nullopt;
     CatalogueContent content =
         id_.IsShared() ? MendUnfinished(id_, fetched.content, p_) : fetched.content;
@@ -138,6 +138,12 @@ class Reading {
 
 }  // namespace
 
+std::string CatalogueParts::About(const CatalogueId& id, std::string message) const {
+  const std::string controller = exchange.connection.Describe(id.object);
+  if (message.find(controller) == std::string::npos) message += "\r\n" + controller;
+  return message;
+}
+
 std::optional<CatalogueContent> Catalogues::GetCatalogue(const CatalogueId& id, CopyUse use) {
   // During the wait of another transfer, a read would replace that transfer's lines.
   if (p_.exchange.status.Busy > 0) return std::nullopt;
@@ -148,7 +154,7 @@ std::optional<CatalogueContent> Catalogues::Look(const CatalogueId& id) {
   const std::optional<FetchDelays> delays = ReadFetchDelays(p_.numbers);
   if (p_.exchange.status.Busy > 0 || !delays || !CheckNameSendable(id, p_)) return std::nullopt;
   Fetched fetched = FetchCatalogue(id, p_, *delays, text::kFetching);
-  TellFetchFailure(fetched, p_.messages);
+  TellFetchFailure(fetched, id, p_);
   if (fetched.outcome != FetchOutcome::Complete) return std::nullopt;
   return std::move(fetched.content);
 }

@@ -9,6 +9,8 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/ControllerRecords.h"
 #include "catalogue/LocalCopies.h"
+#include "catalogue/ObjectTree.h"
+#include "catalogue/OpenMarks.h"
 #include "comm/Connection.h"
 #include "lang/Messages.h"
 #include "settings/Settings.h"
@@ -23,7 +25,13 @@ struct CatalogueParts {
   Messages messages;
   LocalCopies& copies;
   ControllerRecords& records;
+  OpenMarks& marks;
+  const ObjectTree& tree;      // for the names
+  const TopicTable& topics;
   Exchange exchange;
+
+  /// Returns a message that names the controller on its last line, unless it did so already.
+  std::string About(const CatalogueId& id, std::string message) const;
 };
 
 /// Whether a read uses the local copy if it exists.

@@ -60,6 +60,11 @@ class Connection final : private LinkEvents, private ReplyEvents {
   /// True while the link of the connected topic is up.
   bool IsLinkUp() const;
 
+  /// Names a topic as messages do: "Topic 'SKOLA'", with its tag if it has one.
+  std::string Describe(std::int16_t topic) const {
+    return links_.To(p_.topics[topic].Address).Describe(p_.topics[topic]);
+  }
+
   /// True if the link of that topic turns text like "{13}" into a control character.
   bool ReadsEscapes(std::int16_t topic) const {
     return links_.To(p_.topics[topic].Address).ReadsEscapes();

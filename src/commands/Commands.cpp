@@ -156,6 +156,13 @@ ExitStatus Put(Console& console, const CatalogueId& id, const Arguments& argumen
   return saved.list.empty() ? kDone : kWouldChange;
 }
 
+// Else the tag object may not even exist.
+bool HasSwitchedTags(const TopicTable& topics) {
+  for (std::int16_t index = 0; index < topics.TopicCount(); ++index)
+    if (topics[index].TagState != 0) return true;
+  return false;
+}
+
 // The commands that work on one catalogue of one node.
 ExitStatus RunCatalogueCommand(Console& console, const Arguments& arguments) {
   const std::string& kind = arguments.operands[0];
@@ -201,7 +208,8 @@ ExitStatus Run(Console& console, const Arguments& arguments) {
 std::optional<ExitStatus> StartCommands(Console& console, const Arguments& arguments) {
   ZV_Proc& proc = console.proc;
   StartOptions options;
-  options.contacts = arguments.Contacts();
+  // An import contacts nothing where there is a local copy.
+  options.contacts = arguments.Contacts() && arguments.command != "import";
   if (arguments.local) options.switches = "/LOCAL";
   options.sessionFile = arguments.session;
   options.chooseLanguage = [&] {
@@ -217,7 +225,7 @@ std::optional<ExitStatus> StartCommands(Console& console, const Arguments& argum
 
 ExitStatus RunCommand(Console& console, const Arguments& arguments) {
   const ExitStatus status = Run(console, arguments);
-  if (arguments.Contacts()) console.proc.connection.CloseAllTags();
+  if (HasSwitchedTags(console.proc.topics)) console.proc.connection.CloseAllTags();
   console.proc.EndSessionFile();
   return status;
 }

@@ -2,6 +2,7 @@
 #include <array>
 #include <chrono>
 
+#include "app/StartSession.h"
 #include "commands/Commands.h"
 #include "forecast/MomentText.h"
 #include "formats/CatalogueFields.h"
@@ -99,6 +100,7 @@ class Importer {
   // Without --write a fetched calendar is not kept either.
   std::optional<CatalogueContent> Base(bool write) {
     if (proc_.copies.Exists(id_)) return proc_.catalogues.GetCatalogue(id_, CopyUse::Take);
+    if (!proc_.settings.LocalMode && !NeedTags(proc_)) return std::nullopt;
     return write ? proc_.catalogues.GetCatalogue(id_, CopyUse::PassOver)
                  : proc_.catalogues.Look(id_);
   }

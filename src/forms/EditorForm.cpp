@@ -43,6 +43,7 @@ EditorForm::EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue 
       closesWhenGivenUp_(kind.closesWhenGivenUp),
       status_(new wxStaticText(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
                                wxST_NO_AUTORESIZE | wxST_ELLIPSIZE_END)),
+      opened_(new OpenedNote(this, proc, id_, !viewOnly_)),
       sent_(new wxGauge(this, wxID_ANY, 1)),
       fromCopy_(content.from == LinesFrom::LocalCopy && !proc.settings.LocalMode) {
   title_ = ToWx(EditorTitle(proc, catalogue, kind.viewOnly));
@@ -122,6 +123,7 @@ void EditorForm::LayOut(wxSizer* content) {
   whole->Add(content, 1, wxEXPAND);
   auto* const foot = new wxBoxSizer(wxHORIZONTAL);
   foot->Add(status_, 1, wxALIGN_CENTER_VERTICAL);
+  foot->Add(opened_, 0, wxALIGN_CENTER_VERTICAL | wxLEFT, gap);
   foot->Add(sent_, 0, wxALIGN_CENTER_VERTICAL | wxLEFT, gap);
   whole->Add(foot, 0, wxEXPAND | wxALL, gap);
   SetSizerAndFit(whole);

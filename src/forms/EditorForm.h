@@ -16,6 +16,7 @@
 #include "editors/UndoHistory.h"
 #include "forecast/Schedule.h"
 #include "forms/EntryGrid.h"
+#include "forms/OpenedNote.h"
 #include "ui/FormDialog.h"
 #include "ui/Mnemonics.h"
 #include "wxbase/WxTurn.h"
@@ -28,6 +29,7 @@ namespace zek {
 /// - undo and redo (Ctrl+Z, Ctrl+Y),
 /// - the number of findings in the edited catalogue, and their list,
 /// - what applies with the table as it is edited (F9),
+/// - who else has the catalogue open,
 /// - "*" before the title while there are unsaved changes, and a question before they are lost.
 class EditorForm : public FormDialog {
  public:
@@ -137,6 +139,7 @@ class EditorForm : public FormDialog {
   bool closesWhenGivenUp_;
   std::vector<Part> parts_;
   wxStaticText* status_;
+  OpenedNote* opened_;
   wxGauge* sent_;     // of the lines; only while they are sent
   std::string said_;  // for the status line
   wxString title_;

@@ -2,47 +2,16 @@
 
 #include <map>
 
-#include "catalogue/ObjectTree.h"
+#include "catalogue/CatalogueTitle.h"
 #include "formats/LineOwner.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
-#include "text/Fields.h"
 
 namespace zek {
-namespace {
-
-std::int32_t KindText(Catalogue catalogue) {
-  switch (catalogue) {
-    case Catalogue::Sdc:
-      return text::kTitleCalendar;
-    case Catalogue::Ovc:
-      return text::kTitleExceptions;
-    case Catalogue::Wdc:
-      break;
-  }
-  return text::kTitleWeekdays;
-}
-
-// "Ventilation aula [AHU1]" of "Skolan/DUC 1/Ventilation aula [AHU1]".
-std::string ControlText(const ZV_Proc& proc, const Topic& object) {
-  const std::string& name = proc.selection.TscName;
-  const auto node = FindNode(proc.tree, proc.topics, object.TopicName + "/" + name);
-  if (!node) return name;
-  const std::string& text = proc.tree.at(*node).Text;
-  const std::size_t slash = text.rfind('/', text.rfind('['));
-  return std::string(Trim(slash == std::string::npos ? text : text.substr(slash + 1)));
-}
-
-}  // namespace
 
 std::string EditorTitle(const ZV_Proc& proc, Catalogue catalogue, bool viewOnly) {
-  const Topic& object = proc.topics[proc.selection.CurrentObject];
-  const bool ofControl = catalogue != Catalogue::Sdc && !proc.selection.TscName.empty();
   std::string title = proc.settings.Demo ? "DEMO - " : "";
-  title += proc.Text(KindText(catalogue)) + ": ";
-  if (ofControl) title += ControlText(proc, object) + ", ";
-  title += object.Description;
-  if (!ofControl) title += " [" + object.TopicName + "], " + proc.Text(text::kTitleAllControls);
+  title += CatalogueTitle(proc.selection.Id(catalogue), proc.tree, proc.topics, proc.texts);
   if (viewOnly) title += " (" + proc.Text(text::kTitleViewOnly) + ")";
   if (proc.settings.LocalMode) title += " (" + proc.Text(text::kTitleLocal) + ")";
   return title;

@@ -7,8 +7,7 @@
 #include "comm/SystemTransports.h"
 #include "settings/Profile.h"
 #include "system/DiskFiles.h"
-#include "system/Process.h"
-#include "text/Windows1252.h"
+#include "wxbase/RunByNow.h"
 #include "wxbase/WxTcpTransport.h"
 #include "wxbase/WxTurn.h"
 
@@ -20,7 +19,7 @@ struct SystemSession {
   SystemSession(const std::string& programPath, const std::string& iniPath, Prompts& prompts)
       : profile(OpenSettingsFile(files, iniPath + "ZEKView.INI")),
         proc(Outside{files, *profile, turn, prompts, socket, dde, tags, SystemTime,
-                     Windows1252FromUtf8(UserName())}) {
+                     RunByNow()}) {
     proc.settings.ProgramPath = programPath;
     proc.settings.IniPath = iniPath;
   }

@@ -47,11 +47,11 @@ class MemoryFiles final : public Files {
     return std::nullopt;
   }
 
-  std::set<std::string> locked;  // by others
+  std::set<std::string> locked;
 
   TakenLock Lock(const std::string& path) override {
     if (locked.contains(path)) return {nullptr, FileError{path, FileError::Reason::InUse, "held"}};
-    return {std::make_unique<FileLock>(), std::nullopt};
+    return {std::make_unique<Held>(locked, path), std::nullopt};
   }
 
   CreatedFile Create(const std::string& path) override {
@@ -75,6 +75,19 @@ class MemoryFiles final : public Files {
   }
 
  private:
+  class Held final : public FileLock {
+   public:
+    Held(std::set<std::string>& locked, const std::string& path)
+        : locked_(locked), at_(locked.insert(path).first) {}
+    Held(const Held&) = delete;
+    Held& operator=(const Held&) = delete;
+    ~Held() override { locked_.erase(at_); }
+
+   private:
+    std::set<std::string>& locked_;
+    std::set<std::string>::iterator at_;
+  };
+
   class Output final : public OutputFile {
    public:
     Output(MemoryFiles& disk, std::string path) : disk_(disk), path_(std::move(path)) {}

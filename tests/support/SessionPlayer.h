@@ -65,7 +65,7 @@ class SessionPlayer : public TransferSession {
     if (what == "ini")
       profile.WriteIni(name.substr(0, name.find(' ')), name.substr(name.find(' ') + 1), value);
     if (what == "set") Flag(rest) = true;
-    if (what == "file") files.files["/zek/" + name] = Lined(value);
+    if (what == "file") files.files[OnDisk(name)] = Lined(value);
     if (what == "kept") files.files[WithSeparator("/zek/History") + name] = Lined(value);
     if (what == "change") answers_[name].clear();
     if (what == "answer" || (what == "change" && !value.empty())) answers_[name].push_back(value);
@@ -91,7 +91,7 @@ class SessionPlayer : public TransferSession {
     if (what == "unreachable") socket.reachable = false;
     if (what == "silent" || what == "heard") socket.silent = what == "silent";
     if (what == "lose") files.files.erase("/zek/" + rest);
-    if (what == "lock") files.locked.insert("/zek/" + rest);
+    if (what == "lock") files.locked.insert(OnDisk(rest));
     if (what == "full") files.failWrites = FileError::Reason::Full;
     if (what == "unreadable") files.failReads = FileError::Reason::Denied;
     if (what == "cancel") turn.After(std::stoi(rest), [this] { proc.waits.Cancel(); });
@@ -106,11 +106,7 @@ class SessionPlayer : public TransferSession {
 
   std::string Looked(const std::string& what, const std::string& rest) {
     if (what == "show") {
-      const std::size_t slash = rest.find('/');
-      const std::string path =
-          slash == std::string::npos
-              ? "/zek/" + rest
-              : WithSeparator("/zek/" + rest.substr(0, slash)) + rest.substr(slash + 1);
+      const std::string path = OnDisk(rest);
       return files.files.contains(path) ? Shown(files.files[path]) : "no file";
     }
     if (what == "time") return std::to_string((turn.Now() - start_) / 100 * 100) + " ms";
@@ -130,6 +126,12 @@ class SessionPlayer : public TransferSession {
   }
 
  protected:
+  // The path of a file in the program directory or, with "/", in a folder there.
+  static std::string OnDisk(const std::string& name) {
+    const std::size_t slash = name.find('/');
+    if (slash == std::string::npos) return "/zek/" + name;
+    return WithSeparator("/zek/" + name.substr(0, slash)) + name.substr(slash + 1);
+  }
   static std::string Lined(std::string text) {
     for (std::size_t at = 0; (at = text.find('/', at)) != std::string::npos;)
       text.replace(at, 1, "\r\n");

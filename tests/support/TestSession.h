@@ -103,7 +103,7 @@ class TestSession {
   FakeTags tags;
   FakeTagServer tagServer{tags, turn};
   ZV_Proc proc{Outside{files, profile, turn, prompts, socket, dde, tagServer,
-                       [this] { return turn.Clock(); }, "operator"}};
+                       [this] { return turn.Clock(); }, {"operator", "DESK", "7"}}};
 };
 
 }  // namespace zek::test

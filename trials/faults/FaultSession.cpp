@@ -201,7 +201,8 @@ void FaultSession::CheckWrite(bool sent) {
   if (!sent) return;
   const bool there = Listing() == newLines_ && (!what_.HasDfv() || ValueThere() == kNewValue);
   unnoticed_ = !there;
-  const std::string& told = prompts.shown.back();
+  std::string told = prompts.shown.back();
+  told.erase(std::min(told.rfind("\r\n"), told.size()));  // the controller's name
   const bool unchecked = told == "x T430\r\n\r\nT722";
   Expect(there || (IsUnnoticeable() && (!IsReadBack() || unchecked)),
          "sent, but the controller does not have it");

@@ -69,13 +69,15 @@ struct Trial {
   int command = 0;  // of all catalogues that the first save sends
   Next next = Next::SaveAgain;
   bool twice = false;  // the fault also meets what is done next, and that is done again
+  bool whole = false;  // the first save is of the whole catalogue, through the object's own node
 
   std::string Name() const {
     return testing::PrintToString(order) + " replaces " +
            std::to_string(static_cast<int>(replaces)) + ", catalogue " +
            std::to_string(static_cast<int>(catalogue)) + ", fault " +
            std::to_string(static_cast<int>(fault)) + " at " + std::to_string(command) + ", next " +
-           std::to_string(static_cast<int>(next)) + (twice ? ", twice" : "");
+           std::to_string(static_cast<int>(next)) + (twice ? ", twice" : "") +
+           (whole ? ", whole" : "");
   }
 };
 
@@ -210,11 +212,11 @@ class Saves {
       wanted_[control] = WithNewTimes(wanted_[control]);
       const bool first = control == trial_.order.front();
       shown_.clear();
-      session_->Select("X/" + control);
+      Select(control);
       session_->Meet(Fault::None);
       if (!session_->Open(trial_.catalogue)) return "can't open " + control;
       if (first) session_->Meet(trial_.fault, trial_.command);
-      const bool saved = session_->Save(trial_.catalogue, wanted_[control]);
+      const bool saved = Save(control);
       TakeShown();
       std::string wrong;
       if (!saved && first && trial_.fault != Fault::None) wrong = GoOn(control);
@@ -231,6 +233,19 @@ class Saves {
   }
 
  private:
+  bool IsWhole(const std::string& control) const {
+    return trial_.whole && control == trial_.order.front();
+  }
+  void Select(const std::string& control) {
+    session_->Select(IsWhole(control) ? "X" : "X/" + control);
+  }
+  bool Save(const std::string& control) {
+    if (!IsWhole(control)) return session_->Save(trial_.catalogue, wanted_[control]);
+    Lines all;
+    for (const auto& [each, lines] : wanted_) all.insert(all.end(), lines.begin(), lines.end());
+    return session_->Save(trial_.catalogue, all);
+  }
+
   std::string SendBack(const Lines& before) {
     session_->Meet(Fault::None);
     const bool done = session_->SendBack(trial_.catalogue);
@@ -254,9 +269,11 @@ class Saves {
       return "others' lines are still missing";
     if (!Missing(wanted_[control], WithNewTimes(There(control))).empty())
       return "neither the old nor the new lines of " + control;
-    session_->Select("X/" + control);
-    session_->Save(trial_.catalogue, wanted_[control]);
+    Select(control);
+    Save(control);
     TakeShown();
+    // The whole catalogue, sent again, brings them back.
+    if (IsWhole(control) && trial_.next <= Next::RestartAndSave) return {};
     for (const std::string& line : lost) {
       const bool own = trial_.next == Next::SaveAnother && OwnerOf(line) == Another();
       if (!own && shown_.find(line) == std::string::npos) return "not named: " + line;
@@ -272,12 +289,12 @@ class Saves {
       session_.emplace(school_, session_->OnDisk());
     }
     const std::string& next = trial_.next >= Next::OpenAnother ? Another() : control;
-    session_->Select("X/" + next);
+    Select(next);
     session_->Meet(fault, trial_.command);
     if (trial_.next == Next::RestartAndOpen || trial_.next == Next::OpenAnother) {
       session_->Open(trial_.catalogue);
     } else {
-      session_->Save(trial_.catalogue, wanted_[next]);
+      Save(next);
     }
     session_->Meet(Fault::None);
   }
@@ -348,8 +365,12 @@ std::vector<Trial> Trials(sim::Replaces replaces, Catalogue catalogue) {
   do {
     trials.push_back(trial);
     if (!std::is_sorted(trial.order.begin() + 1, trial.order.end())) continue;
-    const std::vector<Trial> more = WithFaults(trial);
-    trials.insert(trials.end(), more.begin(), more.end());
+    for (const bool whole : {false, true}) {
+      trial.whole = whole;
+      const std::vector<Trial> more = WithFaults(trial);
+      trials.insert(trials.end(), more.begin(), more.end());
+    }
+    trial.whole = false;
   } while (std::next_permutation(trial.order.begin(), trial.order.end()));
   return trials;
 }

@@ -1,0 +1,42 @@
+#include "catalogue/CatalogueTitle.h"
+
+#include "lang/TextNumbers.h"
+#include "text/Fields.h"
+
+namespace zek {
+namespace {
+
+std::int32_t KindText(Catalogue catalogue) {
+  switch (catalogue) {
+    case Catalogue::Sdc:
+      return text::kTitleCalendar;
+    case Catalogue::Ovc:
+      return text::kTitleExceptions;
+    case Catalogue::Wdc:
+      break;
+  }
+  return text::kTitleWeekdays;
+}
+
+// "Ventilation aula [AHU1]" of "Skolan/DUC 1/Ventilation aula [AHU1]".
+std::string ControlText(const CatalogueId& id, const ObjectTree& tree, const TopicTable& topics) {
+  const auto node = FindNode(tree, topics, id.topic + "/" + id.control);
+  if (!node) return id.control;
+  const std::string& text = tree.at(*node).Text;
+  const std::size_t slash = text.rfind('/', text.rfind('['));
+  return std::string(Trim(slash == std::string::npos ? text : text.substr(slash + 1)));
+}
+
+}  // namespace
+
+std::string CatalogueTitle(const CatalogueId& id, const ObjectTree& tree, const TopicTable& topics,
+                           const LanguageTexts& texts) {
+  const Topic& object = topics[id.object];
+  const std::string kind = texts.Text(KindText(id.catalogue)) + ": ";
+  if (id.catalogue != Catalogue::Sdc && !id.control.empty())
+    return kind + ControlText(id, tree, topics) + ", " + object.Description;
+  return kind + object.Description + " [" + object.TopicName + "], " +
+         texts.Text(text::kTitleAllControls);
+}
+
+}  // namespace zek

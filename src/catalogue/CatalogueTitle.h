@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include "catalogue/Catalogue.h"
+#include "catalogue/ObjectTree.h"
+#include "comm/TopicTable.h"
+#include "lang/LanguageTexts.h"
+
+namespace zek {
+
+/// Names a catalogue for a reader: the kind, the control and its building: "Undantag: Ventilation
+/// aula [AHU1], Skolan". A catalogue of all controls names the object instead.
+std::string CatalogueTitle(const CatalogueId& id, const ObjectTree& tree, const TopicTable& topics,
+                           const LanguageTexts& texts);
+
+}  // namespace zek

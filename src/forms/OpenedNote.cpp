@@ -1,0 +1,34 @@
+#include "forms/OpenedNote.h"
+
+#include "ui/WxText.h"
+
+namespace zek {
+namespace {
+constexpr int kMilliseconds = 1000;
+const wxColour kAmber(255, 213, 79);
+}  // namespace
+
+OpenedNote::OpenedNote(wxWindow* parent, ZV_Proc& proc, const CatalogueId& id, bool edits)
+    : wxStaticText(parent, wxID_ANY, {}), marks_(proc.marks), id_(id) {
+  SetName("Label_Opened");
+  SetBackgroundColour(kAmber);
+  SetForegroundColour(*wxBLACK);
+  Hide();
+  if (edits) marks_.Open(id_);
+  Look();
+  timer_.Bind(wxEVT_TIMER, [this](wxTimerEvent&) {
+    marks_.Refresh(id_);
+    Look();
+  });
+  timer_.Start(OpenMarks::kRefreshSeconds * kMilliseconds);
+}
+
+OpenedNote::~OpenedNote() { marks_.Close(id_); }
+
+void OpenedNote::Look() {
+  const wxString others = ToWx(marks_.OthersAt(id_));
+  if (others != GetLabelText()) SetLabelText(others);
+  if (Show(!others.empty())) GetParent()->Layout();
+}
+
+}  // namespace zek
