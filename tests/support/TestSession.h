@@ -102,8 +102,15 @@ class TestSession {
   MemoryTransport dde{turn};
   FakeTags tags;
   FakeTagServer tagServer{tags, turn};
-  ZV_Proc proc{Outside{files, profile, turn, prompts, socket, dde, tagServer,
-                       [this] { return turn.Clock(); }, {"operator", "DESK", "7"}}};
+  ZV_Proc proc{Outside{files,
+                       profile,
+                       turn,
+                       prompts,
+                       socket,
+                       dde,
+                       tagServer,
+                       [this] { return turn.Clock(); },
+                       {"operator", "DESK", "7"}}};
 };
 
 }  // namespace zek::test
