@@ -39,8 +39,8 @@ struct Arguments {
   std::string to;
   bool write = false;     // import --write
   bool eventLog = false;  // export --eventlog
-  std::string help;    // with --help: the text to print, else ""
-  std::string error;   // error in the command line, or ""
+  std::string help;       // with --help: the text to print, else ""
+  std::string error;      // error in the command line, or ""
 
   /// True if the command may contact a controller.
   bool Contacts() const;

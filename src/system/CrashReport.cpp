@@ -63,12 +63,12 @@ struct Prepared {
 };
 
 Prepared& Ready() {
-  static Prepared* const prepared = new Prepared;  // never deleted: a crash may come very late
+  static auto* const prepared = new Prepared;  // never deleted: a crash may come very late
   return *prepared;
 }
 
 struct Moment {
-  std::chrono::year_month_day day;
+  std::chrono::year_month_day day{};
   std::chrono::hh_mm_ss<seconds> time;
 };
 

@@ -37,15 +37,15 @@ void OnFault(int number, siginfo_t* info, void* context) {
   ::raise(number);
 }
 
-// The instruction at which the signal came; null where that is not known.
-const void* InstructionOf([[maybe_unused]] const Fault& fault) {
+// The address at which the signal came; 0 where that is not known.
+std::uintptr_t InstructionOf([[maybe_unused]] const Fault& fault) {
 #ifdef REG_RIP
   if (fault.context != nullptr) {
     const auto* const context = static_cast<const ucontext_t*>(fault.context);
-    return reinterpret_cast<const void*>(context->uc_mcontext.gregs[REG_RIP]);
+    return static_cast<std::uintptr_t>(context->uc_mcontext.gregs[REG_RIP]);
   }
 #endif
-  return nullptr;
+  return 0;
 }
 
 }  // namespace
@@ -74,9 +74,9 @@ std::size_t StackOf(const Fault& fault, std::span<const void*> frames) {
   std::array<void*, kMostCalls> all{};
   const auto count = static_cast<std::size_t>(::backtrace(all.data(), kMostCalls));
   std::size_t first = 0;  // before it are the calls of the handler
-  const void* const instruction = InstructionOf(fault);
+  const std::uintptr_t instruction = InstructionOf(fault);
   for (std::size_t i = 0; i < count; ++i) {
-    if (all[i] == instruction) first = i;
+    if (reinterpret_cast<std::uintptr_t>(all[i]) == instruction) first = i;
   }
   std::size_t used = 0;
   for (std::size_t i = first; i < count && used < frames.size(); ++i) frames[used++] = all[i];
