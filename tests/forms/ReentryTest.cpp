@@ -106,6 +106,15 @@ void InBrowser(ReentryWorld& /*world*/, std::function<void()> act) {
          act();
        });
 }
+void SaveFromEditor(ReentryWorld& world) {
+  InBrowser(world, [] { Menu("ZV_TSC", browser::Menu_GetWDC); });
+  When([] { return HasFocus("Text_Start0"); },
+       [] {
+         Box("Text_Start0").SetValue("8");
+         Post("Command_Ok", wxEVT_BUTTON, 0);
+       });
+}
+bool IsVerifying(const ReentryWorld& world) { return world.IsVerifying(); }
 bool IsFetching(const ReentryWorld& world) { return world.session.status.Busy > 0; }
 
 bool BoxIsUp(const ReentryWorld& /*world*/) { return Shown("PromptBox") != nullptr; }
@@ -153,26 +162,21 @@ const std::vector<Wait> kWaits = {
        return Shown("Command_Ok") != nullptr && Shown("Command_Ok")->IsEnabled();
      }},
     {"a write",
-     [](ReentryWorld& world) {
-       InBrowser(world, [] { Menu("ZV_TSC", browser::Menu_GetWDC); });
-       When([] { return HasFocus("Text_Start0"); },
-            [] {
-              Box("Text_Start0").SetValue("8");
-              Post("Command_Ok", wxEVT_BUTTON, 0);
-            });
-     },
+     SaveFromEditor,
      [](const ReentryWorld& world) {
        return Shown("ZV_WDC") != nullptr && world.session.status.Busy > 0;
      }},
+    {"a check of what was written", SaveFromEditor, IsVerifying},
+    {"a check that gets no answer",
+     [](ReentryWorld& world) {
+       SaveFromEditor(world);
+       When([&world] { return IsVerifying(world); }, [&world] { world.link.silent = true; });
+     },
+     IsVerifying},
     {"a question before a write",
      [](ReentryWorld& world) {
        world.ShowBoxes();
-       InBrowser(world, [] { Menu("ZV_TSC", browser::Menu_GetWDC); });
-       When([] { return HasFocus("Text_Start0"); },
-            [] {
-              Box("Text_Start0").SetValue("8");
-              Post("Command_Ok", wxEVT_BUTTON, 0);
-            });
+       SaveFromEditor(world);
      },
      BoxIsUp},
     {"a box over the main window",

@@ -330,12 +330,29 @@ TEST_F(WeekdayFormTest, AWriteIsShownAndCanBeCancelledAfterAQuestion) {
   EXPECT_NE(world.prompts.shown[3].find(world.session.Text(text::kSendStopped)), std::string::npos);
 }
 
+TEST_F(WeekdayFormTest, TwoProgramsWithOneCatalogueSeeEachOther) {
+  world.Select("SKOLA/AHU1");
+  const CatalogueId id = world.session.selection.Id(Catalogue::Wdc);
+  OpenMarks other(world.files, world.session.settings, world.session.texts, SystemTime,
+                  {"EVA", "HALL", "1"});
+  other.Open(id);
+  Run({{InBrowser, FetchFirstTimeControl},
+       {[] { return InEditor() && Shown("Label_Opened") != nullptr; },
+        [&] {
+          EXPECT_NE(Shown("Label_Opened")->GetLabel().find("EVA"), wxString::npos);
+          EXPECT_NE(other.OthersAt(id), "");
+          Escape();
+        }},
+       {InBrowser, Escape}});
+  EXPECT_EQ(other.OthersAt(id), "");
+}
+
 TEST_F(WeekdayFormTest, AWriteIsVerifiedAndSaysSo) {
   world.session.settings.VerifyAfterWrite = true;
   world.prompts.answers = {true};
   Run({{InBrowser, FetchFirstTimeControl}, {InEditor, ChangeAndSave}, {InBrowser, Escape}});
   ASSERT_EQ(world.prompts.shown.size(), 2U);
-  EXPECT_EQ(world.prompts.shown[1], "i " + world.session.Text(text::kVerified));
+  EXPECT_EQ(world.prompts.shown[1], "i " + world.session.Text(text::kVerified) + "\r\nTopic 'SKOLA'");
 }
 
 // The controller has the catalogue by then, so nothing is half done when the wait ends.
@@ -358,7 +375,7 @@ TEST_F(WeekdayFormTest, EscapeEndsAVerificationThatGetsNoAnswer) {
        {[this] { return world.prompts.shown.size() == 3 && InEditor(); }, Escape},
        {InBrowser, Escape}});
   ASSERT_EQ(world.prompts.shown.size(), 4U);
-  EXPECT_EQ(world.prompts.shown[1], "x " + world.session.Text(text::kVerifyStopped));
+  EXPECT_EQ(world.prompts.shown[1], "x " + world.session.Text(text::kVerifyStopped) + "\r\nTopic 'SKOLA'");
   EXPECT_NE(PlantLines().at(1000).find("!08:00..16:30"), std::string::npos);
 }
 
