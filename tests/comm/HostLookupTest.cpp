@@ -2,34 +2,12 @@
 #include <future>
 #include <gtest/gtest.h>
 #include <memory>
-#include <mutex>
-#include <utility>
-#include <vector>
 
 #include "comm/HostLookup.h"
+#include "support/PostedCalls.h"
 
 namespace zek {
 namespace {
-
-// The event loop of these tests: posted calls wait until `Run`.
-class Loop {
- public:
-  Later Post() {
-    return [this](std::function<void()> call) {
-      calls_.push_back(std::move(call));
-      posted_.set_value();
-    };
-  }
-  void AwaitPosted() { posted_.get_future().wait(); }
-  std::size_t Posted() const { return calls_.size(); }
-  void Run() {
-    for (const auto& call : std::exchange(calls_, {})) call();
-  }
-
- private:
-  std::vector<std::function<void()>> calls_;
-  std::promise<void> posted_;
-};
 
 // A resolver that blocks until it is released, and reports when its thread has finished.
 class SlowResolver {
@@ -57,26 +35,26 @@ class SlowResolver {
 };
 
 TEST(HostLookup, TheCallerGoesOnWhileTheResolverStandsStill) {
-  Loop loop;
+  test::PostedCalls loop;
   SlowResolver resolver;
   std::string address;
   HostLookup lookup(resolver.Get(), loop.Post());
   ASSERT_TRUE(lookup.Begin("duc", [&](const auto& found) { address = found.value_or("none"); }));
-  EXPECT_EQ(loop.Posted(), 0U);
+  EXPECT_TRUE(loop.IsEmpty());
   resolver.Release();
-  loop.AwaitPosted();
+  loop.Await();
   EXPECT_EQ(address, "");  // not from inside the thread
   loop.Run();
   EXPECT_EQ(address, "192.0.2.1 for duc");
 }
 
 TEST(HostLookup, WhatWasCancelledIsNotToldAnyMore) {
-  Loop loop;
+  test::PostedCalls loop;
   bool told = false;
   {
     HostLookup lookup([](const std::string&) { return std::nullopt; }, loop.Post());
     ASSERT_TRUE(lookup.Begin("duc", [&](const auto&) { told = true; }));
-    loop.AwaitPosted();  // too late to cancel the thread's answer
+    loop.Await();  // too late to cancel the thread's answer
   }
   loop.Run();
   EXPECT_FALSE(told);
@@ -85,7 +63,7 @@ TEST(HostLookup, WhatWasCancelledIsNotToldAnyMore) {
 TEST(HostLookup, AnAnswerAfterTheEndTouchesNothing) {
   SlowResolver resolver;
   {
-    Loop loop;
+    test::PostedCalls loop;
     HostLookup lookup(resolver.Get(), loop.Post());
     ASSERT_TRUE(lookup.Begin("duc", [](const auto&) { FAIL(); }));
   }
@@ -94,7 +72,7 @@ TEST(HostLookup, AnAnswerAfterTheEndTouchesNothing) {
 }
 
 TEST(HostLookup, OnlySoManyThreadsStandStill) {
-  Loop loop;
+  test::PostedCalls loop;
   std::promise<void> release;
   const std::shared_future<void> released = release.get_future().share();
   const auto resolve = [released](const std::string&) -> std::optional<std::string> {

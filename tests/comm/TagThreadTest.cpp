@@ -1,47 +1,17 @@
-#include <condition_variable>
-#include <deque>
 #include <future>
 #include <gtest/gtest.h>
 #include <memory>
-#include <mutex>
 #include <set>
+#include <string>
 #include <thread>
 #include <utility>
 #include <vector>
 
 #include "comm/TagThread.h"
+#include "support/PostedCalls.h"
 
 namespace zek {
 namespace {
-
-// The event loop of these tests: posted calls wait until `RunOne`.
-class Loop {
- public:
-  Later Post() {
-    return [this](std::function<void()> call) {
-      const std::lock_guard lock(mutex_);
-      calls_.push_back(std::move(call));
-      changed_.notify_all();
-    };
-  }
-  void RunOne() {
-    std::unique_lock lock(mutex_);
-    changed_.wait(lock, [this] { return !calls_.empty(); });
-    const auto call = std::move(calls_.front());
-    calls_.pop_front();
-    lock.unlock();
-    call();
-  }
-  bool IsEmpty() {
-    const std::lock_guard lock(mutex_);
-    return calls_.empty();
-  }
-
- private:
-  std::mutex mutex_;
-  std::condition_variable changed_;
-  std::deque<std::function<void()>> calls_;
-};
 
 // What an object shares with its test, which it may outlive.
 struct Seen {
@@ -97,7 +67,7 @@ class TagThreadTest : public ::testing::Test {
 
   std::shared_ptr<Seen> seen = std::make_shared<Seen>();
   TagThread::Make make = [seen = seen] { return std::make_unique<BlockingTags>(seen); };
-  Loop loop;
+  test::PostedCalls loop;
   std::vector<std::string> got;
 };
 
@@ -107,13 +77,13 @@ TEST_F(TagThreadTest, CallsAreMadeInOrderAndInOneThread) {
         make, [] {}, loop.Post());
     const TagAnswer created = tags.Create();
     EXPECT_TRUE(created.arrived && created.status != 0 && created.fault == "fault");
-    loop.RunOne();
+    loop.Run();
     Read(tags);  // returns although the call blocks
     Write(tags, "a");
     Write(tags, "bb");
     EXPECT_TRUE(loop.IsEmpty() && got.empty());
     seen->release.set_value();
-    for (int i = 0; i < 3; ++i) loop.RunOne();
+    while (got.size() < 3) loop.Run();
     EXPECT_EQ(got, (std::vector<std::string>{"read", "1", "2"}));
   }
   seen->destroyed.get_future().wait();

@@ -4,9 +4,11 @@
 #include <string>
 
 #include <wx/socket.h>
+#include <wx/weakref.h>
 
 #include "BrowserFixture.h"
 #include "app/StartSession.h"
+#include "forms/main/ZV_Main.h"
 #include "ui/WxPrompts.h"
 #include "windows-links/HangingWindow.h"
 #include "windows-links/TagRegistration.h"
@@ -64,54 +66,63 @@ class Heartbeat final : public wxTimer {
   int beats = 0;
 };
 
+/// The program with one controller, started; its message boxes are real.
+struct Started {
+  Started(const std::string& topic, const std::string& address, const std::string& general) {
+    const std::string ini = "[General]\nDialogMode=ALL\nGetTSCTimeout=5\nAlwaysUseDSS=yes\n" +
+                            general + "[GetDelay]\nDelayA=0\nDelayB=0\nDelayD=0\n[Topics]\n" +
+                            topic + "=YES,ZEK1," + address + ",Bad\n[" + topic +
+                            "]\nAHU1=A/B/C;1\n";
+    EXPECT_FALSE(DiskFiles().Write(folder.Name() + "ZEKView.INI", ini));
+    StartOptions options;
+    options.chooseLanguage = [] { return true; };
+    EXPECT_FALSE(StartSession(proc, options).has_value());
+    LoadTopics(proc);
+    boxesShown.emplace(proc.prompts, boxes);
+  }
+
+  test::TemporaryFolder folder;
+  test::ScriptedPrompts ignored;  // messages about settings that a test left out
+  SystemSession session{folder.Name(), folder.Name(), ignored};
+  ZV_Proc& proc = session.proc;
+  WxPrompts boxes;
+  std::optional<PromptsInstead> boxesShown;
+  Heartbeat heart;
+};
+
+constexpr int kSeen = 10;         // heartbeats: the windows are alive
 enum class Help { Escape, Box };  // how the user gets out of a fetch
 
 class BadServersTest : public testing::Test {
  protected:
-  static constexpr int kSeen = 10;  // heartbeats: the windows are alive
-
   // Opens the browser and fetches, until the user gets out; the browser must be there then.
   void Fetch(
       const std::string& topic, const std::string& address, Help help,
       const std::function<void()>& recover = [] {}) {
     SCOPED_TRACE(topic + " " + address);
-    const std::string ini = "[General]\nDialogMode=ALL\nGetTSCTimeout=5\nAlwaysUseDSS=yes\n" +
-                            general_ + "[GetDelay]\nDelayA=0\nDelayB=0\nDelayD=0\n[Topics]\n" +
-                            topic + "=YES,ZEK1," + address + ",Bad\n[" + topic +
-                            "]\nAHU1=A/B/C;1\n";
-    DiskFiles files;
-    const test::TemporaryFolder folder;
-    EXPECT_FALSE(files.Write(folder.Name() + "ZEKView.INI", ini));
-    test::ScriptedPrompts ignored;  // messages about settings that a test left out
-    SystemSession session(folder.Name(), folder.Name(), ignored);
-    StartOptions options;
-    options.chooseLanguage = [] { return true; };
-    ASSERT_FALSE(StartSession(session.proc, options).has_value());
-    LoadTopics(session.proc);
-    WxPrompts boxes;
-    const PromptsInstead boxesShown(session.proc.prompts, boxes);
-    WxTick ticks([&session] { session.proc.Tick(); });
+    Started program(topic, address, general_);
+    int& beats = program.heart.beats;
+    WxTick ticks([&program] { program.proc.Tick(); });
     ticks.Begin();
-    Heartbeat heart;
-    const auto busy = [&](int beats) {
-      return session.proc.status.Busy > 0 && CancelOfBrowser().IsShownOnScreen() &&
-             heart.beats >= beats;
-    };
-    std::vector<Step> steps{{InBrowser, [&] {
-                               heart.beats = 0;
+    std::vector<Step> steps{{InBrowser, [&beats] {
+                               beats = 0;
                                Press(WXK_F5);
                              }}};
     if (help == Help::Escape) {
-      steps.push_back({[=] { return busy(kSeen); }, [] { Escape(); }});
-      steps.push_back({[&heart] { return heart.beats >= 2 * kSeen; }, recover});
+      const auto busy = [&] {
+        return program.proc.status.Busy > 0 && CancelOfBrowser().IsShownOnScreen() &&
+               beats >= kSeen;
+      };
+      steps.push_back({busy, [] { Escape(); }});
+      steps.push_back({[&beats] { return beats >= 2 * kSeen; }, recover});
     } else {
       steps.push_back({[] { return IsActive("PromptBox"); }, [] { Press(WXK_RETURN); }});
     }
     steps.push_back({InBrowser, [] { Escape(); }});
     Play(std::move(steps));
-    ShowBrowser(nullptr, session.proc, session.turn);
-    EXPECT_EQ(session.proc.connection.CurrentTopic, -1);
-    EXPECT_EQ(session.proc.status.Busy, 0);
+    ShowBrowser(nullptr, program.proc, program.session.turn);
+    EXPECT_EQ(program.proc.connection.CurrentTopic, -1);
+    EXPECT_EQ(program.proc.status.Busy, 0);
   }
 
   std::string general_;
@@ -147,6 +158,28 @@ TEST_F(BadServersTest, OverTags) {
   }
   test::TagRegistration::Fault("raise TagWrite");
   Fetch("SKOLA", "", Help::Box);
+  ::CloseHandle(release);
+}
+
+TEST_F(BadServersTest, TheProgramEndsDuringATagCall) {
+  const test::TagRegistration registration;
+  HANDLE const release = ::CreateEventA(nullptr, TRUE, FALSE, "zekview-tag-release");
+  Started program("SKOLA", "", "TagMode=YES\n");
+  const wxWeakRef<ZV_Main> main(new ZV_Main(program.proc, program.session.turn));
+  main->Show();
+  EXPECT_TRUE(PumpUntil([] { return Shown("ZV_Info") != nullptr; }));
+  Shown("ZV_Info")->Close();
+  Command(*Shown("Combo_Topics"), wxEVT_CHOICE, Shown("Combo_Topics")->GetId());
+  EXPECT_TRUE(PumpUntil([&] { return program.proc.connection.CurrentTopic == 0; }));
+  test::TagRegistration::Fault("block TagWrite");
+  Box("Text_Input").ChangeValue("LIST SDC");
+  Command(Box("Text_Input"), wxEVT_TEXT_ENTER, Box("Text_Input").GetId());
+  int& beats = program.heart.beats;
+  beats = 0;
+  Play({{[&beats] { return beats >= kSeen; }, [&main] { main->Close(); }},
+        {[&beats] { return beats >= 2 * kSeen; }, [release] { ::SetEvent(release); }}});
+  EXPECT_TRUE(PumpUntil([&main] { return !main; }));
+  EXPECT_EQ(program.proc.topics[0].TagState, 0);
   ::CloseHandle(release);
 }
 
