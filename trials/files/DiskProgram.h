@@ -31,7 +31,7 @@ class DiskProgram {
     cli::CliPrompts prompts(err);
     std::istringstream in(input);
     ZV_Proc proc({files, *profile_, controller.turn, prompts, controller.socket, controller.dde,
-                  controller.tags, [] { return LocalTime{2026, 11, 21, 8, 30, 0}; }});
+                  controller.tagServer, [] { return LocalTime{2026, 11, 21, 8, 30, 0}; }});
     proc.settings.ProgramPath = home_;
     proc.settings.IniPath = home_;
     controller.turn.tick = [&proc] { proc.connection.Tick(); };
