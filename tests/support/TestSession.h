@@ -101,8 +101,15 @@ class TestSession {
   MemoryTransport socket{turn};
   MemoryTransport dde{turn};
   FakeTags tags;
-  ZV_Proc proc{Outside{files, profile, turn, prompts, socket, dde, tags,
-                       [this] { return turn.Clock(); }, {"operator", "DESK", "7"}}};
+  ZV_Proc proc{Outside{files,
+                       profile,
+                       turn,
+                       prompts,
+                       socket,
+                       dde,
+                       tags,
+                       [this] { return turn.Clock(); },
+                       {"operator", "DESK", "7"}}};
 };
 
 }  // namespace zek::test
