@@ -16,7 +16,7 @@ enum ExitStatus : int { kDone = 0, kFailed = 1, kWrongUsage = 2, kWouldChange = 
 /// What differs between the programs when they start.
 struct StartOptions {
   std::string_view switches;  // the switches on the command line
-  bool contacts = true;  // false: the tag object is not needed, or only later (`NeedTags`)
+  bool contacts = true;       // false: the tag object is not needed, or only later (`NeedTags`)
   std::optional<std::string> sessionFile;  // its path, UTF-8, in place of the one of the settings
   /// Called if the language in the settings is missing; returns true if it loaded a language.
   std::function<bool()> chooseLanguage = [] { return false; };
@@ -28,8 +28,8 @@ struct StartOptions {
 /// settings, tag object. Returns the exit status, after a message, if the program must end.
 std::optional<ExitStatus> StartSession(ZV_Proc& proc, const StartOptions& options);
 
-/// Call it before a controller is contacted, unless `StartOptions::contacts` was set: creates the tag
-/// object in tag mode. Returns false, after a message, if that fails.
+/// Call it before a controller is contacted, unless `StartOptions::contacts` was set: creates the
+/// tag object in tag mode. Returns false, after a message, if that fails.
 bool NeedTags(ZV_Proc& proc);
 
 /// Loads the language file of the setting `Language`. Returns false if the setting is empty or the

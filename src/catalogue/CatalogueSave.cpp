@@ -209,9 +209,7 @@ class Saving {
 
   // To such a controller the own lines alone are never sent, whatever the settings say: the shipped
   // settings have a "no", too, which nobody has thought about.
-  bool LosesOthers() const {
-    return p_.records.SeenAt(id_) == SeenToDo::ReplacesByCatalogue;
-  }
+  bool LosesOthers() const { return p_.records.SeenAt(id_) == SeenToDo::ReplacesByCatalogue; }
   bool IsWholeAgainstSettings() const {
     return id_.catalogue == Catalogue::Wdc && id_.IsPartOfShared() && LosesOthers() &&
            !p_.profile.ReadIni(kSaveOptions, kWriteWhole, "").empty() &&
@@ -274,8 +272,7 @@ class Saving {
 
   // What is asked about, and who else works on it.
   std::string Heading() const {
-    std::string heading =
-        CatalogueTitle(id_, p_.tree, p_.topics, p_.messages.texts) + "\r\n\r\n";
+    std::string heading = CatalogueTitle(id_, p_.tree, p_.topics, p_.messages.texts) + "\r\n\r\n";
     const std::string others = p_.marks.OthersAt(id_);
     if (!others.empty()) heading += p_.messages.Text(text::kOpenedNote, {others}) + "\r\n\r\n";
     if (IsWholeAgainstSettings())

@@ -26,7 +26,7 @@ struct CatalogueParts {
   LocalCopies& copies;
   ControllerRecords& records;
   OpenMarks& marks;
-  const ObjectTree& tree;      // for the names
+  const ObjectTree& tree;  // for the names
   const TopicTable& topics;
   Exchange exchange;
 

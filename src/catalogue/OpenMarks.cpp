@@ -23,7 +23,7 @@ constexpr std::string_view kFormat = "ZEKView open 1";
 constexpr std::string_view kEnding = ".OPEN";
 constexpr std::size_t kLongestName = 60;
 constexpr std::size_t kMostRefreshed = 2000;  // lines; then the file begins anew
-constexpr std::int64_t kDay = 24 * 60 * 60;   // seconds
+constexpr std::int64_t kDay = 86400;          // seconds
 constexpr std::size_t kDateLength = 10;       // of "2026-11-22 14:02:30"
 constexpr std::size_t kMinuteLength = 16;
 
@@ -168,12 +168,11 @@ std::string OpenMarks::OthersAt(const CatalogueId& id) {
 std::string OpenMarks::Words(const Mark& mark, const CatalogueId& id) const {
   const bool today = DateAndTime(now_()).starts_with(mark.since.substr(0, kDateLength));
   const std::size_t from = today ? kDateLength + 1 : 0;
-  const std::string name =
-      mark.computer == self_.computer
-          ? mark.user
-          : Message(texts_.Text(text::kOpenedByAt), {mark.user, mark.computer});
-  std::string words = Message(texts_.Text(text::kOpenedBy),
-                              {name, mark.since.substr(from, kMinuteLength - from)});
+  const std::string name = mark.computer == self_.computer ? mark.user
+                                                           : Message(texts_.Text(text::kOpenedByAt),
+                                                                     {mark.user, mark.computer});
+  std::string words =
+      Message(texts_.Text(text::kOpenedBy), {name, mark.since.substr(from, kMinuteLength - from)});
   if (!mark.control.empty() && mark.control != id.control) words += " (" + mark.control + ")";
   return words;
 }

@@ -79,7 +79,7 @@ class OpenMarks {
   const LanguageTexts& texts_;
   Clock now_;
   RunBy self_;
-  std::map<std::string, Own> own_;  // by local copy
+  std::map<std::string, Own> own_;    // by local copy
   std::map<std::string, Seen> seen_;  // by path
 };
 

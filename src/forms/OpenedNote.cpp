@@ -1,5 +1,7 @@
 #include "forms/OpenedNote.h"
 
+#include <utility>
+
 #include "ui/WxText.h"
 
 namespace zek {
@@ -8,8 +10,8 @@ constexpr int kMilliseconds = 1000;
 const wxColour kAmber(255, 213, 79);
 }  // namespace
 
-OpenedNote::OpenedNote(wxWindow* parent, ZV_Proc& proc, const CatalogueId& id, bool edits)
-    : wxStaticText(parent, wxID_ANY, {}), marks_(proc.marks), id_(id) {
+OpenedNote::OpenedNote(wxWindow* parent, ZV_Proc& proc, CatalogueId id, bool edits)
+    : wxStaticText(parent, wxID_ANY, {}), marks_(proc.marks), id_(std::move(id)) {
   SetName("Label_Opened");
   SetBackgroundColour(kAmber);
   SetForegroundColour(*wxBLACK);

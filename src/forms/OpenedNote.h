@@ -11,7 +11,7 @@ namespace zek {
 /// save, the others are told as long as this exists. See `OpenMarks`.
 class OpenedNote : public wxStaticText {
  public:
-  OpenedNote(wxWindow* parent, ZV_Proc& proc, const CatalogueId& id, bool edits);
+  OpenedNote(wxWindow* parent, ZV_Proc& proc, CatalogueId id, bool edits);
   OpenedNote(const OpenedNote&) = delete;
   OpenedNote& operator=(const OpenedNote&) = delete;
   ~OpenedNote() override;

@@ -18,8 +18,7 @@ struct SystemSession {
   /// Both directories are UTF-8 and end in the system's separator; `prompts` shows the messages.
   SystemSession(const std::string& programPath, const std::string& iniPath, Prompts& prompts)
       : profile(OpenSettingsFile(files, iniPath + "ZEKView.INI")),
-        proc(Outside{files, *profile, turn, prompts, socket, dde, tags, SystemTime,
-                     RunByNow()}) {
+        proc(Outside{files, *profile, turn, prompts, socket, dde, tags, SystemTime, RunByNow()}) {
     proc.settings.ProgramPath = programPath;
     proc.settings.IniPath = iniPath;
   }

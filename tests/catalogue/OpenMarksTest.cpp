@@ -32,8 +32,9 @@ class Programs {
     if (who == "foreign") files_.files[folder_ + "X.OPEN"] = line;
     if (who == "files") return std::to_string(files_.files.size()) + " files\n";
     if (what == "dies") programs_.erase(who);
-    const CatalogueId id{Catalogue::Wdc, 0, rest, Generation::Zek1,
-                         rest == "TSC1" ? "TSC1 WDC.TXT" : "WDC.TXT", "ONE", {}};
+    const CatalogueId id{
+        Catalogue::Wdc, 0, rest, Generation::Zek1, rest == "TSC1" ? "TSC1 WDC.TXT" : "WDC.TXT",
+        "ONE",          {}};
     if (what == "open") Of(who).Open(id);
     if (what == "refresh") Of(who).Refresh(id);
     if (what == "close") Of(who).Close(id);

@@ -352,7 +352,8 @@ TEST_F(WeekdayFormTest, AWriteIsVerifiedAndSaysSo) {
   world.prompts.answers = {true};
   Run({{InBrowser, FetchFirstTimeControl}, {InEditor, ChangeAndSave}, {InBrowser, Escape}});
   ASSERT_EQ(world.prompts.shown.size(), 2U);
-  EXPECT_EQ(world.prompts.shown[1], "i " + world.session.Text(text::kVerified) + "\r\nTopic 'SKOLA'");
+  EXPECT_EQ(world.prompts.shown[1],
+            "i " + world.session.Text(text::kVerified) + "\r\nTopic 'SKOLA'");
 }
 
 // The controller has the catalogue by then, so nothing is half done when the wait ends.
@@ -375,7 +376,8 @@ TEST_F(WeekdayFormTest, EscapeEndsAVerificationThatGetsNoAnswer) {
        {[this] { return world.prompts.shown.size() == 3 && InEditor(); }, Escape},
        {InBrowser, Escape}});
   ASSERT_EQ(world.prompts.shown.size(), 4U);
-  EXPECT_EQ(world.prompts.shown[1], "x " + world.session.Text(text::kVerifyStopped) + "\r\nTopic 'SKOLA'");
+  EXPECT_EQ(world.prompts.shown[1],
+            "x " + world.session.Text(text::kVerifyStopped) + "\r\nTopic 'SKOLA'");
   EXPECT_NE(PlantLines().at(1000).find("!08:00..16:30"), std::string::npos);
 }
 
