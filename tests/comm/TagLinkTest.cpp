@@ -7,6 +7,7 @@
 #include "support/CaseFile.h"
 #include "support/TestSession.h"
 #include "text/Fields.h"
+#include "text/Numbers.h"
 
 namespace zek {
 namespace {
@@ -23,13 +24,15 @@ std::string Used(const test::TextCase& given) {
   test::TestSession session("TagMode=YES\r\n");
   Connection& connection = session.proc.connection;
   std::string call(GetField(given.head, 0, ";"));
-  const std::int64_t seconds = std::stoi(std::string(GetField(given.head, 1, ";")));
-  const std::string quit(GetField(given.head, 2, ";"));
-  if (!quit.empty()) session.turn.After(std::stoi(quit) * 1000, [&] { session.turn.Quit(); });
+  const auto milliseconds = [&given](std::size_t field) {
+    return static_cast<std::int64_t>(1000 * Val(GetField(given.head, field, ";")));
+  };
+  const std::int64_t quit = milliseconds(2);
+  if (quit > 0) session.turn.After(quit, [&] { session.turn.Quit(); });
   session.tagServer.blocks = [&](const std::string& made) {
     if (made.substr(0, made.find('\r')) != call) return std::int64_t{0};
     call.clear();
-    return seconds * 1000;
+    return milliseconds(1);
   };
   auto lasted = [&session, before = std::int64_t{0}](const char* what) mutable {
     const std::int64_t from = std::exchange(before, session.turn.Now());

@@ -91,14 +91,14 @@ class FakeTagServer final : public TagServer {
 
  private:
   void Next() {
-    const auto [call, done] = std::move(waiting_.front());
+    const auto order = std::move(waiting_.front());
     waiting_.pop_front();
     TagAnswer answer;
-    call(object_, answer);
+    order.first(object_, answer);
     answer.arrived = true;
     answer.fault = object_.TakeFault();
     busy_ = true;
-    const auto finish = [this, done, answer] {
+    const auto finish = [this, done = order.second, answer] {
       busy_ = false;
       if (!waiting_.empty()) Next();
       done(answer);
