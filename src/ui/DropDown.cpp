@@ -272,10 +272,14 @@ class DropCalendar final : public DropDown {
       : DropDown(box, std::move(choose)), days_(new Days(this, date)) {
     SetName("Calendar_Popup");
     Frame(days_);
+    // A press on a day of another month would turn the page below the mouse.
+    days_->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
+      pressed_ = DayUnder(event.GetPosition());
+      event.Skip(!pressed_.IsValid());
+    });
     days_->Bind(wxEVT_LEFT_UP, [this](wxMouseEvent& event) {
-      wxDateTime under;
-      const wxCalendarHitTestResult hit = days_->HitTest(event.GetPosition(), &under);
-      if (hit != wxCAL_HITTEST_DAY && hit != wxCAL_HITTEST_SURROUNDING_WEEK) return event.Skip();
+      const wxDateTime under = DayUnder(event.GetPosition());
+      if (!under.IsValid() || !pressed_.IsValid() || under != pressed_) return event.Skip();
       days_->SetDate(under);
       Choose();
     });
@@ -310,8 +314,15 @@ class DropCalendar final : public DropDown {
     days_->SetDate(date);
     return true;
   }
+  // Invalid outside the days.
+  wxDateTime DayUnder(const wxPoint& place) {
+    wxDateTime day;
+    const wxCalendarHitTestResult hit = days_->HitTest(place, &day);
+    return hit == wxCAL_HITTEST_DAY || hit == wxCAL_HITTEST_SURROUNDING_WEEK ? day : wxDateTime();
+  }
 
   Days* days_;
+  wxDateTime pressed_;
 };
 
 }  // namespace
