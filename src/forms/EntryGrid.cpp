@@ -281,7 +281,8 @@ DropDown* EntryGrid::Drop(std::size_t box, BoxKind kind) {
     Box(box).ShowText(typed == kNoValueText ? std::string() : typed);
     if (Leave(box)) SelectFocused();
   };
-  if (kind == BoxKind::Date) return NewDropCalendar(Box(box).Text(), Box(box).Typed(), choose);
+  if (kind == BoxKind::Date)
+    return NewDropCalendar(Box(box).Text(), Box(box).Typed(), Texts(), choose);
   return kind == BoxKind::Time ? DropTimes(box, choose) : DropNames(box, choose);
 }
 

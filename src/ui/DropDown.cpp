@@ -14,6 +14,7 @@
 #include <gtk/gtk.h>
 #endif
 
+#include "ui/CalendarHeading.h"
 #include "ui/WxText.h"
 
 namespace zek {
@@ -267,9 +268,11 @@ class Days final : public wxGenericCalendarCtrl {
 
 class DropCalendar final : public DropDown {
  public:
-  DropCalendar(wxTextCtrl& box, const wxDateTime& date,
+  DropCalendar(wxTextCtrl& box, const wxDateTime& date, const LanguageTexts& texts,
                std::function<void(const std::string&)> choose)
-      : DropDown(box, std::move(choose)), days_(new Days(this, date)) {
+      : DropDown(box, std::move(choose)),
+        days_(new Days(this, date)),
+        heading_(new CalendarHeading(*days_, texts)) {
     SetName("Calendar_Popup");
     Frame(days_);
     // A press on a day of another month would turn the page below the mouse.
@@ -312,6 +315,7 @@ class DropCalendar final : public DropDown {
  private:
   bool Go(const wxDateTime& date) {
     days_->SetDate(date);
+    heading_->Refresh();
     return true;
   }
   // Invalid outside the days.
@@ -322,6 +326,7 @@ class DropCalendar final : public DropDown {
   }
 
   Days* days_;
+  CalendarHeading* heading_;
   wxDateTime pressed_;
 };
 
@@ -332,11 +337,11 @@ DropDown* NewDropList(wxTextCtrl& box, std::vector<DropItem> items, std::size_t 
   return new DropList(box, std::move(items), nearest, std::move(choose));
 }
 
-DropDown* NewDropCalendar(wxTextCtrl& box, const std::string& date,
+DropDown* NewDropCalendar(wxTextCtrl& box, const std::string& date, const LanguageTexts& texts,
                           std::function<void(const std::string& typed)> choose) {
   wxDateTime begin;
   if (!begin.ParseISODate(ToWx(date))) begin = wxDateTime::Today();
-  return new DropCalendar(box, begin, std::move(choose));
+  return new DropCalendar(box, begin, texts, std::move(choose));
 }
 
 }  // namespace zek
