@@ -19,6 +19,8 @@ constexpr auto kTargets = std::to_array<Target>({
     {"local-copies", LocalCopies},
     {"plant-files", PlantFiles},
     {"import", Import},
+    {"change-lists", ChangeLists},
+    {"plans", PlanFiles},
 });
 
 }  // namespace

@@ -65,7 +65,7 @@ void Settings(std::string_view input) {
     Demand(settings.DisconnectTicks >= 300 && settings.GetTSCTimeoutTicks >= 25,
            "times keep their minimum");
   }
-  ReadExceptionOptions({profile, texts, prompts}, Generation::Zek2);
+  ReadExceptionOptions({profile, {texts, prompts}}, Generation::Zek2);
   const std::string other = profile.ReadIni("General", "SortTopics", "-");
   if (profile.WriteIni("General", "Language", value)) return;
   const std::string once = profile.Text();

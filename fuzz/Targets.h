@@ -32,5 +32,8 @@ void Exceptions(std::string_view input);
 void LocalCopies(std::string_view input);
 void PlantFiles(std::string_view input);
 void Import(std::string_view input);
+// Changes of many controls
+void ChangeLists(std::string_view input);
+void PlanFiles(std::string_view input);
 
 }  // namespace zek::fuzz

@@ -14,6 +14,12 @@
 namespace zek {
 namespace {
 constexpr const char* kMidnight = "00:00";
+constexpr long kPauseMs = 1000;  // of somebody who stops typing
+
+bool IsLetter(const wxKeyEvent& event) {
+  return event.GetUnicodeKey() >= WXK_SPACE && event.GetUnicodeKey() != WXK_DELETE &&
+         (event.GetModifiers() & (wxMOD_CONTROL | wxMOD_ALT)) == 0;
+}
 }  // namespace
 
 EntryGrid::EntryGrid(wxWindow* parent, Parts parts, std::size_t columns)
@@ -32,7 +38,7 @@ EntryBox* EntryGrid::NewBox(const std::string& name, const wxString& widest, Box
   });
   box->Text().Bind(wxEVT_CHAR_HOOK, [this](wxKeyEvent& event) {
     blocked_ = false;
-    event.Skip(!ChooseByKey(event));
+    event.Skip(!BelongsElsewhere(event) && !ChooseByKey(event));
   });
   box->Text().Bind(wxEVT_LEFT_DOWN, [this, number](wxMouseEvent& event) {
     const bool choose = event.ShiftDown() && FocusedBox() && entry_ != number;
@@ -170,7 +176,19 @@ void EntryGrid::OnTyped(std::size_t box) {
     Box(box).Mark({});
   }
   Choose({});
-  if (HasEntry()) LeadFrom(box);
+  if (HasEntry() && LeadFrom(box)) typedElsewhere_ = lastKey_;
+}
+
+// The rest of what is typed without a pause after the first letter led to this box is no date. A
+// key that is no letter ends it, too.
+bool EntryGrid::BelongsElsewhere(const wxKeyEvent& event) {
+  lastKey_ = event.GetTimestamp();
+  const int key = event.GetKeyCode();
+  if (!typedElsewhere_ || key == WXK_SHIFT || key == WXK_RAW_CONTROL || key == WXK_ALT)
+    return false;
+  const bool goesOn = IsLetter(event) && lastKey_ - *typedElsewhere_ < kPauseMs;
+  typedElsewhere_ = goesOn ? std::optional(lastKey_) : std::nullopt;
+  return goesOn;
 }
 
 // Leads to the box that must be filled before this one.
@@ -263,7 +281,8 @@ DropDown* EntryGrid::Drop(std::size_t box, BoxKind kind) {
     Box(box).ShowText(typed == kNoValueText ? std::string() : typed);
     if (Leave(box)) SelectFocused();
   };
-  if (kind == BoxKind::Date) return NewDropCalendar(Box(box).Text(), Box(box).Typed(), choose);
+  if (kind == BoxKind::Date)
+    return NewDropCalendar(Box(box).Text(), Box(box).Typed(), Texts(), choose);
   return kind == BoxKind::Time ? DropTimes(box, choose) : DropNames(box, choose);
 }
 

@@ -93,6 +93,7 @@ class EntryGrid : public wxPanel {
 
   void OnChildFocus(wxChildFocusEvent& event);
   void OnTyped(std::size_t box);
+  bool BelongsElsewhere(const wxKeyEvent& event);
   void OnWheel(std::size_t box, wxMouseEvent& event);
   bool ChooseByKey(const wxKeyEvent& event);
   void Choose(const std::optional<Block>& corners);
@@ -109,11 +110,13 @@ class EntryGrid : public wxPanel {
   Parts parts_;
   std::size_t columns_;
   std::vector<EntryBox*> boxes_;
-  std::size_t last_ = 0;              // the box that had the focus last
-  std::optional<Block> chosen_;       // from the box with the focus; in any direction
-  std::optional<std::size_t> entry_;  // the box that the user has not left yet
-  std::optional<Wrong> wrong_;        // its text was refused
-  bool blocked_ = false;              // a button was pressed in order to leave a refused text
+  std::size_t last_ = 0;                // the box that had the focus last
+  std::optional<Block> chosen_;         // from the box with the focus; in any direction
+  std::optional<std::size_t> entry_;    // the box that the user has not left yet
+  std::optional<Wrong> wrong_;          // its text was refused
+  std::optional<long> typedElsewhere_;  // when a key was pressed that was meant for another box
+  long lastKey_ = 0;                    // when the last key was pressed, in ms
+  bool blocked_ = false;                // a button was pressed in order to leave a refused text
 };
 
 }  // namespace zek

@@ -187,7 +187,7 @@ wxSizer* AppliesForm::WeekRow() {
   Text_Date = new EntryBox(this, "Text_Date", "2026-12-24", true);
   Text_Date->Offer(
       [this] {
-        return NewDropCalendar(Text_Date->Text(), Text_Date->Typed(),
+        return NewDropCalendar(Text_Date->Text(), Text_Date->Typed(), proc_.texts,
                                [this](const std::string& to) {
                                  Text_Date->ShowText(to);
                                  TakeDate();

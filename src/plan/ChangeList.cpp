@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bitset>
 #include <utility>
 
 #include "forecast/MomentText.h"
@@ -144,18 +145,24 @@ class LineReader {
     return value;
   }
 
+  // Each day once, however often it is named.
   std::vector<std::size_t> Days(std::string_view text) {
-    std::vector<std::size_t> days;
-    for (std::size_t field = 0; bad_.text == 0; ++field) {
-      const std::string_view range = GetField(text, field, ",");
-      if (range.empty() && field > 0 && !text.ends_with(',')) break;
-      const auto [first, last] = EndsOf(range);
+    std::bitset<kDayKeys.size()> named;
+    std::string_view rest = text;
+    for (bool more = true; more && bad_.text == 0;) {
+      const std::size_t comma = rest.find(',');
+      const auto [first, last] = EndsOf(rest.substr(0, comma));
+      more = comma != std::string_view::npos;
+      rest.remove_prefix(more ? comma + 1 : rest.size());
       std::size_t day = DayIn(first);
       const std::size_t end = DayIn(last);
       if (end < day || end == kDayKeys.size() || day / kDaysOfType != end / kDaysOfType)
         Bad(text::kPlanBadDays, text);
-      for (; bad_.text == 0 && day <= end; ++day) days.push_back(day);
+      for (; bad_.text == 0 && day <= end; ++day) named.set(day);
     }
+    std::vector<std::size_t> days;
+    for (std::size_t day = 0; day < named.size(); ++day)
+      if (named.test(day)) days.push_back(day);
     return days;
   }
 

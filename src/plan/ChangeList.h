@@ -30,7 +30,7 @@ struct ExceptionChange {
 /// Adds a row to days, or removes their rows that begin when `row` begins.
 struct WeekdayChange {
   bool add = false;
-  std::vector<std::size_t> days;  // 0 Monday to 13 SD7
+  std::vector<std::size_t> days;  // 0 Monday to 13 SD7, in this order, each once
   WeekdayRow row;
 };
 

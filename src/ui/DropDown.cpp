@@ -14,6 +14,7 @@
 #include <gtk/gtk.h>
 #endif
 
+#include "ui/CalendarHeading.h"
 #include "ui/WxText.h"
 
 namespace zek {
@@ -267,15 +268,21 @@ class Days final : public wxGenericCalendarCtrl {
 
 class DropCalendar final : public DropDown {
  public:
-  DropCalendar(wxTextCtrl& box, const wxDateTime& date,
+  DropCalendar(wxTextCtrl& box, const wxDateTime& date, const LanguageTexts& texts,
                std::function<void(const std::string&)> choose)
-      : DropDown(box, std::move(choose)), days_(new Days(this, date)) {
+      : DropDown(box, std::move(choose)),
+        days_(new Days(this, date)),
+        heading_(new CalendarHeading(*days_, texts)) {
     SetName("Calendar_Popup");
     Frame(days_);
+    // A press on a day of another month would turn the page below the mouse.
+    days_->Bind(wxEVT_LEFT_DOWN, [this](wxMouseEvent& event) {
+      pressed_ = DayUnder(event.GetPosition());
+      event.Skip(!pressed_.IsValid());
+    });
     days_->Bind(wxEVT_LEFT_UP, [this](wxMouseEvent& event) {
-      wxDateTime under;
-      const wxCalendarHitTestResult hit = days_->HitTest(event.GetPosition(), &under);
-      if (hit != wxCAL_HITTEST_DAY && hit != wxCAL_HITTEST_SURROUNDING_WEEK) return event.Skip();
+      const wxDateTime under = DayUnder(event.GetPosition());
+      if (!under.IsValid() || !pressed_.IsValid() || under != pressed_) return event.Skip();
       days_->SetDate(under);
       Choose();
     });
@@ -308,10 +315,19 @@ class DropCalendar final : public DropDown {
  private:
   bool Go(const wxDateTime& date) {
     days_->SetDate(date);
+    heading_->Refresh();
     return true;
+  }
+  // Invalid outside the days.
+  wxDateTime DayUnder(const wxPoint& place) {
+    wxDateTime day;
+    const wxCalendarHitTestResult hit = days_->HitTest(place, &day);
+    return hit == wxCAL_HITTEST_DAY || hit == wxCAL_HITTEST_SURROUNDING_WEEK ? day : wxDateTime();
   }
 
   Days* days_;
+  CalendarHeading* heading_;
+  wxDateTime pressed_;
 };
 
 }  // namespace
@@ -321,11 +337,11 @@ DropDown* NewDropList(wxTextCtrl& box, std::vector<DropItem> items, std::size_t 
   return new DropList(box, std::move(items), nearest, std::move(choose));
 }
 
-DropDown* NewDropCalendar(wxTextCtrl& box, const std::string& date,
+DropDown* NewDropCalendar(wxTextCtrl& box, const std::string& date, const LanguageTexts& texts,
                           std::function<void(const std::string& typed)> choose) {
   wxDateTime begin;
   if (!begin.ParseISODate(ToWx(date))) begin = wxDateTime::Today();
-  return new DropCalendar(box, begin, std::move(choose));
+  return new DropCalendar(box, begin, texts, std::move(choose));
 }
 
 }  // namespace zek

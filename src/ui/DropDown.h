@@ -9,6 +9,8 @@
 #include <wx/popupwin.h>
 #include <wx/textctrl.h>
 
+#include "lang/LanguageTexts.h"
+
 namespace zek {
 
 /// Something to choose below a text box, which keeps the focus. A click elsewhere closes it; so
@@ -55,8 +57,8 @@ struct DropItem {
 DropDown* NewDropList(wxTextCtrl& box, std::vector<DropItem> items, std::size_t nearest,
                       std::function<void(const std::string& typed)> choose);
 
-/// Creates a calendar that begins at `date`, "2026-12-24", or else today.
-DropDown* NewDropCalendar(wxTextCtrl& box, const std::string& date,
+/// Creates a calendar that begins at `date`, "2026-12-24", or else today. `texts` must outlive it.
+DropDown* NewDropCalendar(wxTextCtrl& box, const std::string& date, const LanguageTexts& texts,
                           std::function<void(const std::string& typed)> choose);
 
 }  // namespace zek

@@ -307,7 +307,8 @@ class ExceptionPlayer final : public Player {
     constexpr std::array boxes = {"date", "start", "on", "until", "stop", "off"};
     EnterEach<ExceptionBox>(
         boxes, entries, [&](ExceptionBox box, const std::string& text) -> std::optional<Refusal> {
-          if (const auto first = editor_.FirstBox({box, row}))
+          const auto first = editor_.FirstBox({box, row});
+          if (first && text != editor_.CellText({box, row}))
             prompts_.shown.push_back("first box " + std::to_string(static_cast<int>(first->box)));
           return editor_.Enter({box, row}, text);
         });

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "editors/EditorPlayers.h"
+#include "editors/EntryCases.h"
 #include "formats/CalendarNames.h"
 
 namespace zek {
@@ -11,29 +12,18 @@ void CheckEditor(const std::string& file) {
   test::CheckFormat(file, [](const test::FormatCase& given) { return Player(given).PlayAll(); });
 }
 
-// Each line of the table is typed into a fresh editor.
 template <class Player>
-std::string Entered(const std::string& head, const std::vector<std::string>& lines) {
-  const auto isEntry = [](const std::string& line) { return line[0] != '='; };
-  std::vector<std::string> catalogue = lines;
-  std::erase_if(catalogue, isEntry);
-  std::string outcome;
-  for (const std::string& line : lines) {
-    if (!isEntry(line)) continue;
-    const test::FormatCase given{head.substr(head.find(' ')), catalogue};
-    outcome += line + " gives " + Player(given).Play("enter 0 " + line) + "\n";
-  }
-  return outcome;
+void CheckEntries(const test::EntryTable& table) {
+  for (const test::EntryCase& entry : table.entries)
+    EXPECT_EQ(Player(table.given).Play("enter 0 " + entry.text), entry.outcome) << entry.text;
 }
 
 TEST(Editors, Entries) {
-  test::CheckCases("entries.txt", [](const test::TextCase& each) {
-    if (each.head.starts_with("weekday"))
-      return Entered<test::WeekdayPlayer>(each.head, each.given);
-    if (each.head.starts_with("calendar"))
-      return Entered<test::CalendarPlayer>(each.head, each.given);
-    return Entered<test::ExceptionPlayer>(each.head, each.given);
-  });
+  for (const test::EntryTable& table : test::EntryTables()) {
+    if (table.editor == "weekday") CheckEntries<test::WeekdayPlayer>(table);
+    if (table.editor == "exception") CheckEntries<test::ExceptionPlayer>(table);
+    if (table.editor == "calendar") CheckEntries<test::CalendarPlayer>(table);
+  }
 }
 
 TEST(WeekdayEditor, Cases) { CheckEditor<test::WeekdayPlayer>("weekday-editor.txt"); }

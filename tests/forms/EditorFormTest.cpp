@@ -8,6 +8,7 @@
 #include "forms/calendar/ZV_SDC.h"
 #include "forms/exception/ZV_OVC.h"
 #include "forms/weekday/ZV_WDC.h"
+#include "ui/Clipboard.h"
 
 // The common behaviour of the three editors: undo and redo, "Spara" and the title, and closing.
 namespace zek::window {
@@ -166,6 +167,11 @@ TEST_P(EditorFormTest, WithViewOnlyNothingCanBeChangedOrSaved) {
         Click(*Shown(GetParam().first));
         MakeChange();
         Control('S');
+        if (!before.empty() || GetParam().catalogue == Catalogue::Ovc) {
+          EXPECT_TRUE(WriteClipboard("8\t9"));
+          Control('V');
+          Pump(50);
+        }
         EXPECT_EQ(State(), "");
         EXPECT_EQ(text(), before);
         Escape();

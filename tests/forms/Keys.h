@@ -44,12 +44,17 @@ inline bool HasFocus(const std::string& name) {
   return window != nullptr && window->HasFocus();
 }
 
-inline void Press(int key, int modifiers = 0) { wxUIActionSimulator().Char(key, modifiers); }
+/// Creating one takes longer than to press a key.
+inline wxUIActionSimulator& User() {
+  static wxUIActionSimulator user;
+  return user;
+}
+
+inline void Press(int key, int modifiers = 0) { User().Char(key, modifiers); }
 
 inline void ClickAt(const wxPoint& place) {
-  wxUIActionSimulator mouse;
-  mouse.MouseMove(place);
-  mouse.MouseClick();
+  User().MouseMove(place);
+  User().MouseClick();
 }
 
 inline void Click(const wxWindow& window) {
@@ -67,7 +72,7 @@ inline void Reach(const std::string& box, const std::function<void()>& by) {
 inline void Enter(const std::string& next) {
   Reach(next, [] { Press(WXK_RETURN); });
 }
-inline void Type(const std::string& text) { wxUIActionSimulator().Text(text.c_str()); }
+inline void Type(const std::string& text) { User().Text(text.c_str()); }
 inline void Escape() { Press(WXK_ESCAPE); }
 
 /// Opens what a box offers and presses keys, which must close it.

@@ -7,6 +7,7 @@
 #include "PlantWorld.h"
 #include "catalogue/Catalogue.h"
 #include "forms/exception/ZV_OVC.h"
+#include "ui/Clipboard.h"
 
 namespace zek::window {
 namespace {
@@ -124,6 +125,32 @@ TEST_F(ExceptionFormTest, ByMouse) {
   Run("SKOLA/AHU1", {{InEditor, EnterByMouse}});
   ASSERT_EQ(OldLines().size(), 1U);
   EXPECT_NE(OldLines().at(1).find("!20.5     !0"), std::string::npos);
+}
+
+TEST_F(ExceptionFormTest, BlocksArePastedByKeyboardAndByMouse) {
+  world.prompts.answers = {true};  // close without saving
+  const std::string row = "2026-12-24;0800;20,5;20261226;17:00;av\r\n";
+  Run("SKOLA/AHU1",
+      {{InEditor, [&] {
+          const auto holds = [](int at, const std::string& text) {
+            EXPECT_TRUE(PumpUntil([&] { return Row(at) == text; })) << Row(at);
+          };
+          EXPECT_TRUE(WriteClipboard(row + row));
+          Reach("Text_DateOn1", [] { Click(Box("Text_DateOn1")); });
+          Press('V', wxMOD_CONTROL);
+          holds(2, kRow);
+          EXPECT_TRUE(WriteClipboard("2026-12-27;;;;;;7"));  // has no box
+          Press('V', wxMOD_CONTROL);
+          EXPECT_TRUE(PumpUntil([&] { return world.prompts.shown.size() == 1; }));
+          EXPECT_TRUE(WriteClipboard(row));
+          Reach("Text_DateOn3", [] { Click(Box("Text_DateOn3")); });
+          InMenu([] { Click(*Shown("Command_CopyPaste")); }, {WXK_DOWN, WXK_DOWN, WXK_RETURN});
+          holds(3, kRow);
+          Press('Z', wxMOD_CONTROL);
+          holds(3, "      ");
+          holds(2, kRow);
+          Escape();
+        }}});
 }
 
 TEST_F(ExceptionFormTest, EraseGoesDownTheRows) {

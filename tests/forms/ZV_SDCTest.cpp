@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sstream>
 
 #include <wx/datetime.h>
 #include <wx/dialog.h>
@@ -8,6 +9,7 @@
 #include "PlantWorld.h"
 #include "SpokenName.h"
 #include "catalogue/Catalogue.h"
+#include "editors/EntryCases.h"
 #include "forms/calendar/ZV_SDC.h"
 
 namespace zek::window {
@@ -242,6 +244,82 @@ TEST_F(CalendarFormTest, AYearLeadsToItsDays) {
           EXPECT_NE(Spoken("Picture_Days").find(" 6 januari "), std::string::npos);
           Escape();
         }}});
+}
+
+// --- The table of entries and outcomes ---
+
+void MoveTo(int day, int modifiers = 0) {
+  const auto isAt = [](int at) {
+    return Spoken("Picture_Days").find(" " + std::to_string(at) + " december ") !=
+           std::string::npos;
+  };
+  int at = 31;
+  while (at > 0 && !isAt(at)) --at;
+  for (; at < day; ++at) Press(WXK_RIGHT, modifiers);
+  for (; at > day; --at) Press(WXK_LEFT, modifiers);
+  EXPECT_TRUE(PumpUntil([&] { return isAt(day); })) << Spoken("Picture_Days");
+}
+
+void PlayWord(const std::string& what, const std::string& day) {
+  if (what == "type") return Press(day == "0" ? '0' : day[0] - 8 + 1);
+  if (what == "press") return MoveTo(std::stoi(day));
+  if (what != "apply") MoveTo(std::stoi(day), wxMOD_SHIFT);
+  if (what != "drag") Press(WXK_RETURN);
+}
+
+void PlayWordByMouse(const std::string& what, const std::string& day) {
+  if (what == "type") return Choose("Option_Day" + day);
+  if (what == "cancel") return Escape();
+  const wxPoint outside = Shown("Label_Month")->GetScreenPosition();
+  const wxPoint place = day == "-" ? outside : PlaceOf(std::stoi(day), 11, 2026);
+  User().MouseMove(place);
+  if (what == "press") User().MouseDown();
+  if (what == "release") User().MouseUp();
+}
+
+// The dates of Christmas, and the state.
+std::string Christmas() {
+  Pump(20);
+  std::string dates;
+  for (int day = 24; day < 28; ++day) {
+    MoveTo(day);
+    const std::string spoken = Spoken("Picture_Days");
+    const std::size_t type = spoken.find("SD");
+    if (type != std::string::npos)
+      dates += "2026-12-" + std::to_string(day) + ";" + spoken.substr(type, 3) + " ";
+  }
+  const bool changed = dynamic_cast<wxDialog&>(*Shown("ZV_SDC")).GetTitle().StartsWith("*");
+  return dates + (changed ? " changed" : "") + (Shown("Command_Undo")->IsEnabled() ? " undo" : "");
+}
+
+void PlayEntry(const test::EntryCase& entry, bool byMouse) {
+  std::istringstream words(entry.text);
+  for (std::string word; words >> word;) {
+    const std::size_t equals = word.find('=');
+    (byMouse ? PlayWordByMouse : PlayWord)(word.substr(0, equals), word.substr(equals + 1));
+  }
+  EXPECT_EQ(Christmas(), entry.outcome) << entry.text << (byMouse ? " by mouse" : "");
+  if (Shown("Command_Undo")->IsEnabled()) Press('Z', wxMOD_CONTROL);
+  EXPECT_TRUE(PumpUntil([] { return !Shown("Command_Undo")->IsEnabled(); }));
+}
+
+TEST_F(CalendarFormTest, Entries) {
+  world.session.now = [] { return LocalTime{2026, 12, 24}; };
+  world.Select("SKOLA/AHU1");
+  for (const test::EntryTable& table : test::EntryTables()) {
+    if (table.editor != "calendar") continue;
+    for (const bool byMouse : {false, true}) {
+      Play({{InEditor, [&] {
+               for (const test::EntryCase& entry : table.entries)
+                 if (byMouse ? entry.byMouse : entry.byKeys) PlayEntry(entry, byMouse);
+               Escape();
+             }}});
+      CatalogueContent content;
+      for (const std::string& line : table.given.lines) content.lines.push_back(line.substr(1));
+      ShowCalendarForm(nullptr, world.session, world.turn, content, {});
+      Pump(20);
+    }
+  }
 }
 
 TEST_F(CalendarFormTest, RefusedLinesAreToldInOrderThenTheGridHasTheFocus) {

@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <wx/checkbox.h>
+#include <wx/filedlg.h>
 #include <wx/listctrl.h>
 #include <wx/menu.h>
+#include <wx/modalhook.h>
 #include <wx/statusbr.h>
 
 #include "BrowserFixture.h"
@@ -178,6 +181,45 @@ TEST_F(BrowserTest, NothingIsErasedOrRestoredWhenOnlyViewing) {
         }},
        {InBrowser, Escape}});
   EXPECT_TRUE(world.prompts.shown.empty());
+}
+
+// Cancels the system's box for a file, which does not show.
+class NoFile final : public wxModalDialogHook {
+ public:
+  NoFile() { Register(); }
+  int asked = 0;
+
+ private:
+  int Enter(wxDialog* dialog) override {
+    if (dynamic_cast<wxFileDialog*>(dialog) == nullptr) return wxID_NONE;
+    ++asked;
+    return wxID_CANCEL;
+  }
+};
+
+TEST_F(BrowserTest, AReportIsChosenByKeyboardAndByMouse) {
+  NoFile file;
+  for (const bool byMouse : {false, true}) {
+    Run({{InBrowser,
+          [] {
+            Select("[AHU1]");
+            Command(Browser(), wxEVT_MENU, Menu_Report);
+          }},
+         {[] { return IsActive("ZV_Report") && HasFocus("Choice_Node"); },
+          [&file, byMouse] {
+            const auto press = [byMouse](const char* name, const std::vector<int>& keys) {
+              if (byMouse) return Click(*Shown(name));
+              for (const int key : keys) Press(key);
+            };
+            press("Check_Fetch", {WXK_TAB, WXK_TAB, WXK_SPACE});
+            EXPECT_TRUE(PumpUntil(
+                [] { return dynamic_cast<const wxCheckBox&>(*Shown("Check_Fetch")).IsChecked(); }));
+            press("Command_SaveReport", {WXK_RETURN});
+            EXPECT_TRUE(PumpUntil([&] { return file.asked == (byMouse ? 2 : 1); }));
+            Escape();
+          }},
+         {InBrowser, Escape}});
+  }
 }
 
 TEST_F(BrowserTest, AnEarlierCopyIsRestoredFromTheHistory) {

@@ -112,8 +112,8 @@ wxSizer* ChangesPanel::Boxes() {
 
 void ChangesPanel::OfferDates(EntryBox& box) {
   box.Offer(
-      [&box] {
-        return NewDropCalendar(box.Text(), box.Typed(),
+      [this, &box] {
+        return NewDropCalendar(box.Text(), box.Typed(), proc_.texts,
                                [&box](const std::string& date) { box.ShowText(date); });
       },
       {}, false);

@@ -89,7 +89,7 @@ wxSizer* PlanPanel::Commands(const Actions& actions) {
       box("Text_StartDate", "2026-12-24 ", DateText(DateMoment(now.year, now.month, now.day)));
   Text_StartDate->Offer(
       [this] {
-        return NewDropCalendar(Text_StartDate->Text(), Text_StartDate->Typed(),
+        return NewDropCalendar(Text_StartDate->Text(), Text_StartDate->Typed(), proc_.texts,
                                [this](const std::string& date) { Text_StartDate->ShowText(date); });
       },
       {}, false);
