@@ -115,7 +115,8 @@ std::string Finding::Text(const LanguageTexts& texts, const SpecialDayNames& nam
   std::array<std::string, 3> shown = words;
   if (kind == DateTwoTypes || kind == DateTwice || kind == TypeWithoutRows)
     for (std::string& word : shown) word = WithNameOfDay(word, texts, names);
-  if (kind == TypeWithoutRows && shown[2] == ValueText({}, {})) shown[2] = texts.Text(text::kNoValueShown);
+  if (kind == TypeWithoutRows && shown[2] == ValueText({}, {}))
+    shown[2] = texts.Text(text::kNoValueShown);
   return Message(texts.Text(InfoOf(kind).text), {shown[0], shown[1], shown[2]});
 }
 
