@@ -53,7 +53,7 @@ void Explain(Scene& scene, const LanguageTexts& texts) {
     scene.kinds.at(kind) = texts.Text(text::kByWeekday + static_cast<std::int32_t>(kind));
   scene.letters = texts.Text(text::kBarLetters);
   scene.nowLabel = texts.Text(text::kMomentNow);
-  scene.note = texts.Text(text::kRuleShort) + ". " + texts.Text(text::kRuleAssumed);
+  scene.note = texts.Text(text::kRuleAssumed);
 }
 
 }  // namespace zek

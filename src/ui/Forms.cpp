@@ -89,7 +89,8 @@ class Placement {
   }
 
  private:
-  // Centres the form if its place is not known, or not on the screens of today.
+  // Moves the form onto its screen as it is today; centres it if its place is not known, or on no
+  // screen.
   void Restore() {
     const wxConfigBase& config = *wxConfigBase::Get();
     const auto number = [&](const char* name) {
@@ -102,8 +103,13 @@ class Placement {
     if (place.IsEmpty() || display == wxNOT_FOUND) {
       CenterForm(form_);
     } else {
-      const wxSize screen = wxDisplay(static_cast<unsigned>(display)).GetClientArea().GetSize();
-      place.SetSize({std::min(place.width, screen.x), std::min(place.height, screen.y)});
+      const wxRect screen = wxDisplay(static_cast<unsigned>(display)).GetClientArea();
+      wxSize size = place.GetSize();
+      size.IncTo(form_.GetMinSize());
+      size.DecTo(screen.GetSize());
+      place.SetSize(size);
+      place.SetPosition({std::clamp(place.x, screen.x, screen.x + screen.width - place.width),
+                         std::clamp(place.y, screen.y, screen.y + screen.height - place.height)});
       place_ = place;
       form_.SetSize(place_);
       Put(form_, place_);

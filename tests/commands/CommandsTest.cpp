@@ -83,7 +83,7 @@ class CommandPlayer : public test::SessionPlayer {
     std::string titles;
     for (std::size_t at = 0; (at = svg.find("<title>", at)) != std::string::npos; at += 7)
       titles += "[" + svg.substr(at + 7, svg.find("</title>", at) - at - 7) + "]";
-    return titles + (svg.find("kRuleShort") == std::string::npos ? " unexplained" : "");
+    return titles + (svg.find("kRuleAssumed") == std::string::npos ? " unexplained" : "");
   }
   std::string LinesWith(const std::string& file, const std::string& text) {
     const std::string content = test::Filled(files.files[file]);
