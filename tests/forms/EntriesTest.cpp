@@ -27,8 +27,8 @@ struct BoxKind {
 
 struct GridKind {
   const char* form;
-  const char* begin;  // of an outcome
-  const char* far;    // a box that no line enters into
+  const char* begin;      // of an outcome
+  const char* elsewhere;  // a box that no line enters into
   void (*show)(wxWindow*, ZV_Proc&, WxTurn&, const CatalogueContent&,
                const std::optional<EntryPlace>&);
   std::size_t kindStep;  // from a kind of box to the next one, in the order of the Tab key
@@ -135,7 +135,7 @@ class Grid {
       const std::string text = word.substr(equals + 1);
       told += byMouse ? PickInto(box, text) : TypeInto(box, text);
     }
-    if (byMouse) Reach(kind_.far, [this] { Click(Box(kind_.far)); });
+    if (byMouse) Reach(kind_.elsewhere, [this] { Click(Box(kind_.elsewhere)); });
     return Row() + told;
   }
 
