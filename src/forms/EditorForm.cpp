@@ -393,6 +393,11 @@ void EditorForm::End() {
   if (IsModal() && !ended_) EndModal(wxID_CANCEL);
 }
 
+bool EditorForm::Destroy() {
+  opened_->End();
+  return FormDialog::Destroy();
+}
+
 void EditorForm::ShowStatus() {
   const std::string& waiting = proc_.status.Waiting;
   const std::string both = proc_.status.Transfer + (waiting.empty() ? "" : "  " + waiting);

@@ -39,6 +39,8 @@ class EditorForm : public FormDialog {
   virtual void FocusEntry() = 0;
   /// Moves the focus to an entry.
   virtual void GoTo(const EntryPlace& place) = 0;
+  /// Ends what must not outlive the session.
+  bool Destroy() override;
 
  protected:
   struct Kind {

@@ -25,7 +25,11 @@ OpenedNote::OpenedNote(wxWindow* parent, ZV_Proc& proc, CatalogueId id, bool edi
   timer_.Start(OpenMarks::kRefreshSeconds * kMilliseconds);
 }
 
-OpenedNote::~OpenedNote() { marks_.Close(id_); }
+void OpenedNote::End() {
+  if (std::exchange(ended_, true)) return;
+  timer_.Stop();
+  marks_.Close(id_);
+}
 
 void OpenedNote::Look() {
   const wxString others = ToWx(marks_.OthersAt(id_));
