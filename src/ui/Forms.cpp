@@ -55,6 +55,16 @@ void Put(wxTopLevelWindow& form, const wxRect& place) {
 #endif
 }
 
+// The toolkit shows a form only when the window manager has told the size of its frame. Until then
+// its menus and tool bar are one pixel wide, and complain of it on standard error.
+void LayOut([[maybe_unused]] wxTopLevelWindow& form) {
+#ifdef __WXGTK__
+  GtkAllocation whole{0, 0, form.GetSize().x, form.GetSize().y};
+  gtk_widget_get_preferred_size(form.GetHandle(), nullptr, nullptr);
+  gtk_widget_size_allocate(form.GetHandle(), &whole);
+#endif
+}
+
 // Where a form is while it is shown; a hidden one has lost its frame.
 class Placement {
  public:
@@ -115,6 +125,7 @@ class Placement {
       Put(form_, place_);
     }
     if (config.ReadBool(group_ + "Maximized", false)) form_.Maximize();
+    LayOut(form_);
   }
 
   wxTopLevelWindow& form_;
