@@ -15,7 +15,6 @@ std::string Application(const std::string& computer) {
 
 void DdeLink::Open(Topic& topic, const Attempt& /*attempt*/, Steps& /*steps*/) {
   returnDue_ = false;
-  if (State() != LinkState::Closed) transport_.Close();
   transport_.Open({Application(topic.Address), topic.TopicName});
 }
 

@@ -41,7 +41,8 @@ class Transport {
   /// Sets the receiver of events; call once before Open.
   void Attach(TransportEvents* events) { events_ = events; }
 
-  /// Starts to connect. Later the state becomes Connected, or OnLinkError reports a failure.
+  /// Starts to connect; closes an open connection first. Later the state becomes Connected, or
+  /// OnLinkError reports a failure.
   virtual void Open(const LinkTarget& target) = 0;
 
   /// Sends the bytes unchanged; returns false if not connected or refused.

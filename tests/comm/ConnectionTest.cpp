@@ -244,7 +244,9 @@ TEST_F(ConnectionTest, LostTextIsAFaultOfTheLinkAndToldOnce) {
     }
     const auto& lines = proc.log.Lines();
     EXPECT_LE(std::count(lines.begin(), lines.end(), "T516"), 1);
+    const std::uint32_t before = connection.LinkFaults();
     connection.Disconnect();
+    EXPECT_NE(connection.LinkFaults(), before) << "a transfer on the old link goes on";
   }
 }
 
