@@ -31,7 +31,7 @@ PLACE = ROOT / "build" / "mutants"
 FOLDERS = ["text", "system", "lang", "settings", "formats", "comm", "catalogue", "forecast", "findings",
            "import", "picture", "export", "report", "paste", "editors", "app", "plan"]
 EQUAL = ROOT / "scripts" / "mutants-equal.txt"
-NO_CORE = re.compile(r"/(Win\w+|Posix\w+|Palette)\.cpp$")
+NO_CORE = re.compile(r"/(Win\w+|Posix\w+|Palette|TypeColours)\.cpp$")
 PROGRAMS = ["zekview-tests", "zekview-fuzz-corpora", "zekview-round-trips", "zekview-cli"]
 TIMES = 5  # the time limit is this many times the time without a mutant; a timeout is a failure
 LEAST_SECONDS = 5
