@@ -118,7 +118,8 @@ std::string FindingView::PlaceText(const Finding& finding) const {
                : RowText(number);
   }
   if (*table == Catalogue::Sdc) return DatesText(number);
-  return texts.Text(text::kRowHeading) + " " + std::to_string(ExceptionOfNumber(number) + 1);
+  return Message(texts.Text(text::kPlaceOfRow), {texts.Text(text::kTitleExceptions),
+                                                 std::to_string(ExceptionOfNumber(number) + 1)});
 }
 
 ShownFinding FindingView::Show(const Finding& finding) const {
