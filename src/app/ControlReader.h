@@ -31,11 +31,8 @@ class ControlReader {
   /// False if a line could not be read or a catalogue is missing.
   bool Complete() const { return complete_; }
 
-  /// True if all catalogues of the control that was read last were there.
-  bool HadAllCopies() const { return hadAllCopies_; }
-
  private:
-  const CatalogueContent* Content(const CatalogueId& id);
+  const CatalogueContent* Content(const CatalogueId& id, bool& known);
   void NameUnread(const CatalogueId& id, const std::vector<std::string>& lines);
 
   ZV_Proc& proc_;
@@ -43,7 +40,6 @@ class ControlReader {
   std::map<std::string, std::optional<CatalogueContent>> contents_;  // by local file
   std::set<std::string> named_;                                      // catalogue and line
   bool complete_ = true;
-  bool hadAllCopies_ = true;
 };
 
 }  // namespace zek

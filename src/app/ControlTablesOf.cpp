@@ -1,5 +1,6 @@
 #include "app/ControlTablesOf.h"
 
+#include "app/ControlCatalogues.h"
 #include "editors/PickList.h"
 
 namespace zek {
@@ -29,6 +30,9 @@ ControlTables ControlTablesOf(const ZV_Proc& proc, const Selection& node,
   tables.exceptions = ReadExceptions(tables.exceptionLines, tables.owner);
   tables.schedule = ScheduleOf(tables.weekdays, tables.calendar, tables.exceptions,
                                contents.weekdays.dfv, contents.exceptions.dfv);
+  tables.beyond = {contents.weekdays.linesDropped, contents.calendar.linesDropped,
+                   contents.exceptions.linesDropped};
+  tables.rule = RuleOf(proc.profile, node.TopicName);
   tables.listedValues = ListedValues(proc, node);
   tables.dayNames = ReadSpecialDayNames(proc.profile, node.TopicName);
   return tables;

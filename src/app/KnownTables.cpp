@@ -9,28 +9,9 @@
 namespace zek {
 namespace {
 
-using enum FindingKind;
-
-// What the kind needs of other catalogues.
-bool CanJudge(const KnownTables& control, const Finding& finding) {
-  switch (finding.kind) {
-    case TypeUnused:
-      return control.calendar;
-    case TypeWithoutRows:
-      return control.All();
-    case StopWithoutValue:
-      return control.exceptions;  // they may have the default value
-    default:
-      return true;
-  }
-}
-
-void Add(std::vector<Finding>& to, const std::vector<Finding>& from, Catalogue catalogue,
-         const KnownTables& control) {
-  for (const Finding& finding : from) {
-    const bool here = CatalogueOf(finding).value_or(Catalogue::Wdc) == catalogue;
-    if (here && CanJudge(control, finding)) to.push_back(finding);
-  }
+void Add(std::vector<Finding>& to, const std::vector<Finding>& from, Catalogue catalogue) {
+  for (const Finding& finding : from)
+    if (CatalogueOf(finding).value_or(Catalogue::Wdc) == catalogue) to.push_back(finding);
 }
 
 }  // namespace
@@ -58,11 +39,10 @@ KnownTables ReadKnownTables(const ZV_Proc& proc, const Selection& node, const Op
   const CatalogueContent calendar = content(Catalogue::Sdc);
   const CatalogueContent exceptions = content(Catalogue::Ovc);
   KnownTables known;
-  known.weekdays = weekdays.from != LinesFrom::Nowhere;
-  known.calendar = calendar.from != LinesFrom::Nowhere;
-  known.exceptions = exceptions.from != LinesFrom::Nowhere;
   known.tables = ControlTablesOf(proc, node, {weekdays, calendar, exceptions});
-  const ControlTables& tables = known.tables;
+  ControlTables& tables = known.tables;
+  tables.known = {weekdays.from != LinesFrom::Nowhere, calendar.from != LinesFrom::Nowhere,
+                  exceptions.from != LinesFrom::Nowhere};
   known.Put(tables.weekdays.table);
   known.Put(tables.calendar.table);
   known.Put(tables.exceptions.table);
@@ -79,8 +59,8 @@ FindingSearch SearchControl(Catalogue catalogue, const KnownTables& control, boo
                             const FindingContext& context) {
   const ControlTables& tables = control.tables;
   std::vector<Finding> found;
-  Add(found, FindingsOf(tables, context), catalogue, control);
-  if (lines) Add(found, SharedFindings({&tables, 1}, false, context), catalogue, control);
+  Add(found, FindingsOf(tables, context), catalogue);
+  if (lines) Add(found, SharedFindings({&tables, 1}, false, context), catalogue);
   std::vector<Doubt> doubts;
   if (control.All()) {
     doubts = catalogue == Catalogue::Wdc ? DoubtsOfRows(tables.schedule, context.today)
@@ -92,7 +72,7 @@ FindingSearch SearchControl(Catalogue catalogue, const KnownTables& control, boo
 FindingSearch SearchCalendar(const KnownTables& any, std::vector<Schedule> controls,
                              const FindingContext& context) {
   std::vector<Finding> found;
-  Add(found, SharedFindings({&any.tables, 1}, false, context), Catalogue::Sdc, any);
+  Add(found, SharedFindings({&any.tables, 1}, false, context), Catalogue::Sdc);
   std::vector<Doubt> doubts;
   if (!controls.empty()) doubts = DoubtsOfDates(any.tables.schedule, context.today);
   return {std::move(found), std::move(doubts), std::move(controls), context.today};

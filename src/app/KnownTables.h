@@ -14,15 +14,11 @@ namespace zek {
 /// The table of one catalogue as it is edited.
 using EditedTable = std::variant<WeekdayTable, CalendarTable, ExceptionTable>;
 
-/// The tables of a time control as far as they are known, with own numbers (`OwnNumbers`). A
-/// catalogue that is not known is empty.
+/// The tables of a time control as far as they are known, with own numbers (`OwnNumbers`).
 struct KnownTables {
   ControlTables tables;
-  bool weekdays = false;
-  bool calendar = false;
-  bool exceptions = false;
 
-  bool All() const { return weekdays && calendar && exceptions; }
+  bool All() const { return tables.known.All(); }
   void Put(const EditedTable& table);
 };
 

@@ -52,15 +52,24 @@ FindingSearch OpenedFindings::SearchOf(const KnownTables& known) const {
   if (!std::all_of(controls_.begin(), controls_.end(), [](const auto& each) { return each.All(); }))
     controls.clear();
   FindingSearch search = SearchCalendar(known, std::move(controls), context_);
-  if (known.All()) search.Add(TypesWithoutRows(known));
+  search.Add(WithoutRows(known.tables.schedule.calendar));
   return search;
 }
 
-// Of the selected control.
-std::vector<Finding> OpenedFindings::TypesWithoutRows(const KnownTables& known) const {
-  std::vector<Finding> findings = FindingsOf(known.tables, context_);
-  std::erase_if(findings,
-                [](const auto& each) { return each.kind != FindingKind::TypeWithoutRows; });
+// The special days without rows of all controls that share a calendar.
+std::vector<Finding> OpenedFindings::WithoutRows(const std::vector<DatedType>& calendar) const {
+  std::vector<Finding> findings;
+  for (const KnownTables& control : controls_) {
+    ControlTables tables = control.tables;
+    tables.schedule.calendar = calendar;
+    for (Finding& each : TypesWithoutRows(tables, context_)) {
+      if (controls_.size() > 1) {
+        each.words[0] =
+            WithNameOfDay(each.words[0], proc_.texts, names_) + " (" + tables.owner.name + ")";
+      }
+      findings.push_back(std::move(each));
+    }
+  }
   return findings;
 }
 
@@ -93,15 +102,7 @@ std::string OpenedFindings::Missing() const {
     const bool all = std::all_of(controls_.begin(), controls_.end(), known);
     return all ? "" : Message(proc_.Text(text::kFindingsNeedAll), {proc_.selection.TopicName});
   }
-  std::string missing;
-  const auto add = [&](bool have, std::int32_t title) {
-    if (have) return;
-    missing += (missing.empty() ? "" : ", ") + proc_.Text(title);
-  };
-  add(edited_.weekdays, text::kTitleWeekdays);
-  add(edited_.calendar, text::kTitleCalendar);
-  add(edited_.exceptions, text::kTitleExceptions);
-  return missing.empty() ? "" : Message(proc_.Text(text::kFindingsNeed), {missing});
+  return edited_.tables.known.NotJudged(proc_.texts);
 }
 
 std::vector<std::string> OpenedFindings::NewOnes() {

@@ -37,7 +37,7 @@ class OpenedFindings {
 
  private:
   FindingSearch SearchOf(const KnownTables& known) const;
-  std::vector<Finding> TypesWithoutRows(const KnownTables& known) const;
+  std::vector<Finding> WithoutRows(const std::vector<DatedType>& calendar) const;
   FindingView ViewOf(const KnownTables& known) const;
 
   const ZV_Proc& proc_;

@@ -55,7 +55,7 @@ void PlantFindings::Begin(const Job& job) {
     for (const KnownTables& control : controls_) schedules.push_back(control.tables.schedule);
     if (!std::all_of(controls_.begin(), controls_.end(), [](auto& each) { return each.All(); }))
       schedules.clear();
-    if (controls_.front().calendar)
+    if (controls_.front().tables.known.calendar)
       search_ = SearchCalendar(controls_.front(), std::move(schedules), context_);
     return;
   }
@@ -63,9 +63,7 @@ void PlantFindings::Begin(const Job& job) {
     if (next_ > 1 && jobs_[next_ - 2].catalogue == Catalogue::Sdc) controls_.clear();
     ReadControl(job.node);
   }
-  const KnownTables& control = controls_.back();
-  const bool known = job.catalogue == Catalogue::Wdc ? control.weekdays : control.exceptions;
-  if (known) search_ = SearchControl(job.catalogue, control, controls_.size() == 1, context_);
+  search_ = SearchControl(job.catalogue, controls_.back(), controls_.size() == 1, context_);
 }
 
 void PlantFindings::Take() {

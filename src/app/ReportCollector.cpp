@@ -23,7 +23,9 @@ bool ReportCollector::Add(std::size_t node) {
   control.reads = Reads();
   control.values =
       ReadPickList(proc_.profile, proc_.selection.PickListTable, context_.decimalSeparator);
-  if (reader_.HadAllCopies()) control.findings = FindingsOf(*tables, context_);
+  control.findings = FindingsOf(*tables, context_);
+  for (Finding& shared : SharedFindings({&*tables, 1}, false, context_))
+    control.findings.push_back(std::move(shared));
   control.tables = *std::move(tables);
   controls_.push_back(std::move(control));
   return true;

@@ -188,6 +188,7 @@ bool WritePicture(Console& console, const Arguments& arguments, const Reply& rea
                               question.moments[1], Now(console), words);
   scene.title =
       Message(proc.Text(text::kAppliesTitle), {NodeName(proc.tree, proc.topics, question.node)});
+  if (question.rule != Rule{}) scene.title += " (" + question.rule.Text() + ")";
   const auto error = proc.files.Write(arguments.svg, SvgOf(scene, LightPalette()));
   if (error) console.prompts.Show(Icon::Exclamation, FileMessage(proc.texts, *error));
   return !error;

@@ -105,7 +105,7 @@ class PlantJudge {
   void JudgeControl(std::size_t node) {
     std::optional<ControlTables> tables = reader_.Read(node);
     failed_ = failed_ || !tables;
-    if (!tables || !reader_.HadAllCopies()) return;  // what is not known can't be judged
+    if (!tables) return;
     printer_.Print(NodeName(console_.proc.tree, console_.proc.topics, node),
                    FindingsOf(*tables, context_), tables->dayNames);
     controls_.push_back(*std::move(tables));

@@ -118,7 +118,8 @@ std::string FindingView::PlaceText(const Finding& finding) const {
                : RowText(number);
   }
   if (*table == Catalogue::Sdc) return DatesText(number);
-  return texts.Text(text::kRowHeading) + " " + std::to_string(ExceptionOfNumber(number) + 1);
+  return Message(texts.Text(text::kPlaceOfRow), {texts.Text(text::kTitleExceptions),
+                                                 std::to_string(ExceptionOfNumber(number) + 1)});
 }
 
 ShownFinding FindingView::Show(const Finding& finding) const {
@@ -153,6 +154,8 @@ std::vector<std::string> FindingView::CellsOf(const Finding& finding) const {
     const WeekdayCell other = CellOfNumber(NumberOf(finding.words.at(*word)));
     same.words.at(*word) = std::to_string(other.row);
   }
+  // These are only more or less so.
+  if (finding.kind == CalendarEnds || finding.kind == NearlyFull) same.words = {};
   std::string said(InfoOf(finding.kind).code);
   for (const std::string& word : same.words) said += "\t" + word;
   std::vector<std::string> cells;

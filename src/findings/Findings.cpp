@@ -51,8 +51,13 @@ void FindDropped(FindingList& list, const ControlTables& control) {
   }
 }
 
-// What lines of one catalogue have wrong, whoever owns them.
-void FindInLines(FindingList& list, std::string_view kind, const std::vector<std::string>& lines) {
+// What lines of one catalogue have wrong, whoever owns them. `beyond` more had no place.
+void FindInLines(FindingList& list, std::string_view kind, const std::vector<std::string>& lines,
+                 std::size_t beyond) {
+  if (beyond > 0) {
+    list.Add(OverLimit, std::string(kind),
+             {std::to_string(kMaxCatalogueLines), {}, std::to_string(beyond)});
+  }
   std::map<int, std::size_t> counts;
   std::size_t used = 0;
   for (const std::string& line : lines) {
@@ -88,6 +93,19 @@ void FindDatesWithoutEffect(FindingList& list, std::span<const ControlTables> co
   }
 }
 
+bool CanJudge(const Finding& finding, const KnownCatalogues& known) {
+  switch (finding.kind) {
+    case TypeUnused:
+      return known.weekdays && known.calendar;
+    case TypeWithoutRows:
+      return known.All();
+    case StopWithoutValue:
+      return known.weekdays && known.exceptions;  // the exceptions may have the default value
+    default:
+      return finding.place.starts_with("ovc") ? known.exceptions : known.weekdays;
+  }
+}
+
 // A number that two lines have names neither of them.
 std::vector<Finding> WithoutDoubtful(std::vector<Finding> findings,
                                      const std::vector<std::string>& lines, std::string_view kind) {
@@ -104,6 +122,17 @@ std::vector<Finding> WithoutDoubtful(std::vector<Finding> findings,
 
 }  // namespace
 
+std::string KnownCatalogues::NotJudged(const LanguageTexts& texts) const {
+  std::string missing;
+  const auto add = [&](bool have, std::int32_t title) {
+    if (!have) missing += (missing.empty() ? "" : ", ") + texts.Text(title);
+  };
+  add(weekdays, text::kTitleWeekdays);
+  add(calendar, text::kTitleCalendar);
+  add(exceptions, text::kTitleExceptions);
+  return missing.empty() ? missing : Message(texts.Text(text::kFindingsNeed), {missing});
+}
+
 std::string WithNameOfDay(const std::string& key, const LanguageTexts& texts,
                           const SpecialDayNames& names) {
   const auto* const found = std::find(kDayKeys.begin(), kDayKeys.end(), key);
@@ -117,7 +146,11 @@ std::string Finding::Text(const LanguageTexts& texts, const SpecialDayNames& nam
     for (std::string& word : shown) word = WithNameOfDay(word, texts, names);
   if (kind == TypeWithoutRows && shown[2] == ValueText({}, {}))
     shown[2] = texts.Text(text::kNoValueShown);
-  return Message(texts.Text(InfoOf(kind).text), {shown[0], shown[1], shown[2]});
+  if (kind == OverLimit && shown[1].empty())
+    shown[1] = Message(texts.Text(text::kLinesBeyond), {shown[2]});
+  const bool left = kind == ExceptionOver && !shown[1].empty();
+  return Message(texts.Text(left ? text::kFindingExceptionLeft : InfoOf(kind).text),
+                 {shown[0], shown[1], shown[2]});
 }
 
 std::vector<Finding> FindingsOf(const ControlTables& control, const FindingContext& context) {
@@ -130,10 +163,12 @@ std::vector<Finding> FindingsOf(const ControlTables& control, const FindingConte
   FindInRows(list, control, context);
   FindInExceptions(list, control, context);
   if (control.owner.generation == Generation::Zek2) {
-    FindInLines(list, "wdc", control.weekdayLines);
-    FindInLines(list, "ovc", control.exceptionLines);
+    FindInLines(list, "wdc", control.weekdayLines, control.beyond.weekdays);
+    FindInLines(list, "ovc", control.exceptionLines, control.beyond.exceptions);
   }
-  return WithoutDoubtful(WithoutDoubtful(list.Take(), control.weekdayLines, "wdc"),
+  std::vector<Finding> found = list.Take();
+  std::erase_if(found, [&](const Finding& each) { return !CanJudge(each, control.known); });
+  return WithoutDoubtful(WithoutDoubtful(std::move(found), control.weekdayLines, "wdc"),
                          control.exceptionLines, "ovc");
 }
 
@@ -144,13 +179,15 @@ std::vector<Finding> SharedFindings(std::span<const ControlTables> controls, boo
   FindingList list;
   FindUnread(list, "sdc", any.calendar.unread, any.calendar.refused, text::kCalendarCut,
              kCalendarEntries);
-  FindInCalendar(list, any, context);
-  FindInLines(list, "sdc", any.calendarLines);
+  if (any.known.calendar) FindInCalendar(list, any, context);
+  FindInLines(list, "sdc", any.calendarLines, any.beyond.calendar);
   if (any.owner.generation == Generation::Zek1) {
-    FindInLines(list, "wdc", any.weekdayLines);
-    FindInLines(list, "ovc", any.exceptionLines);
+    FindInLines(list, "wdc", any.weekdayLines, any.beyond.weekdays);
+    FindInLines(list, "ovc", any.exceptionLines, any.beyond.exceptions);
     FindOwnerless(list, any);
   }
+  all = all && std::all_of(controls.begin(), controls.end(),
+                           [](const auto& control) { return control.known.All(); });
   if (all && context.prove) FindDatesWithoutEffect(list, controls, context.today);
   return WithoutDoubtful(list.Take(), any.calendarLines, "sdc");
 }

@@ -81,7 +81,7 @@ void CheckPair(FindingList& list, const LineRow& one, const LineRow& other) {
 void CheckTypes(FindingList& list, const ControlTables& control, const FindingContext& context) {
   const Schedule& schedule = control.schedule;
   const TypeSet coming = ComingTypes(schedule, context.today);
-  const Forecast forecast(schedule, {});
+  const Forecast forecast(schedule, control.rule);
   for (std::size_t type = kDaysOfType; type < kWeekdayDays; ++type) {
     const bool rows = !RowsOf(schedule, type).empty();
     const std::string name(kDayKeys.at(type));
@@ -104,6 +104,14 @@ void CheckEffects(FindingList& list, const ControlTables& control, const Finding
 
 }  // namespace
 
+std::vector<Finding> TypesWithoutRows(const ControlTables& control, const FindingContext& context) {
+  FindingList list;
+  if (control.known.All()) CheckTypes(list, control, context);
+  std::vector<Finding> found = list.Take();
+  std::erase_if(found, [](const auto& each) { return each.kind != TypeWithoutRows; });
+  return found;
+}
+
 void FindInRows(FindingList& list, const ControlTables& control, const FindingContext& context) {
   RowCheck check(list, control, context);
   bool any = false;
@@ -118,7 +126,7 @@ void FindInRows(FindingList& list, const ControlTables& control, const FindingCo
   }
   if (!any) list.Add(NoRows, "wdc");
   CheckTypes(list, control, context);
-  if (context.prove) CheckEffects(list, control, context);
+  if (context.prove && control.known.All()) CheckEffects(list, control, context);
 }
 
 }  // namespace zek

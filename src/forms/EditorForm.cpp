@@ -302,7 +302,9 @@ void EditorForm::ShowWhatApplies(const ControlCatalogues& catalogues) {
   ShowApplies(this, proc_,
               AppliesOf(proc_, catalogues, std::move(schedule),
                         edited ? std::optional(id_.catalogue) : std::nullopt));
-  if (alive) AfterBox();
+  if (!alive) return;
+  findings_.reset();  // another rule may have been chosen
+  AfterBox();
 }
 
 // --- Undo, redo and what is not saved ---

@@ -7,6 +7,7 @@
 #include <wx/listctrl.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
+#include <wx/textctrl.h>
 #include <wx/weakref.h>
 
 #include "findings/FindingKinds.h"
@@ -22,7 +23,9 @@ namespace {
 
 constexpr int kGap = 8;
 constexpr int kWidth = 760;
-constexpr int kHeight = 420;
+constexpr int kHeight = 370;
+constexpr int kLines = 2;  // of the chosen finding
+constexpr int kTextColumn = 3;
 
 struct Column {
   std::int32_t heading;
@@ -50,7 +53,10 @@ class FindingsForm final : public wxDialog {
         marked_(marked) {
     Build();
     List_Findings->Bind(wxEVT_LIST_ITEM_ACTIVATED, [this](wxListEvent&) { GoTo(); });
-    List_Findings->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent&) { goTo_->Enable(); });
+    List_Findings->Bind(wxEVT_LIST_ITEM_SELECTED, [this](wxListEvent& event) {
+      goTo_->Enable();
+      whole_->ChangeValue(List_Findings->GetItemText(event.GetIndex(), kTextColumn));
+    });
     goTo_->Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { GoTo(); });
     SetExtraStyle(GetExtraStyle() | wxWS_EX_PROCESS_IDLE);
     Bind(wxEVT_IDLE, &FindingsForm::OnIdle, this);
@@ -82,6 +88,10 @@ class FindingsForm final : public wxDialog {
     for (const Column& column : kColumns)
       List_Findings->AppendColumn(Text(column.heading), wxLIST_FORMAT_LEFT, column.width * letter);
     if (!source_.stop) List_Findings->SetColumnWidth(0, 0);  // one node
+    whole_ = new wxTextCtrl(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
+                            wxTE_MULTILINE | wxTE_READONLY | wxTE_BESTWRAP);
+    whole_->SetName("Text_Finding");
+    whole_->SetMinSize({-1, (GetCharHeight() + 2) * kLines});
     auto* const assumed = new wxStaticText(this, wxID_ANY, Text(text::kRuleAssumed),
                                            wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_END);
     goTo_ = new wxButton(this, wxID_ANY, Text(text::kFindingsGoTo));
@@ -96,6 +106,7 @@ class FindingsForm final : public wxDialog {
     auto* const whole = new wxBoxSizer(wxVERTICAL);
     whole->Add(remark_, 0, wxEXPAND | wxALL, gap);
     whole->Add(List_Findings, 1, wxEXPAND | wxLEFT | wxRIGHT, gap);
+    whole->Add(whole_, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
     whole->Add(assumed, 0, wxEXPAND | wxLEFT | wxRIGHT | wxTOP, gap);
     whole->Add(commands, 0, wxEXPAND | wxALL, gap);
     SetSizerAndFit(whole);
@@ -130,7 +141,7 @@ class FindingsForm final : public wxDialog {
     List_Findings->InsertItem(at, ToWx(row.node));
     List_Findings->SetItem(at, 1, Text(SeverityText(info.severity)));
     List_Findings->SetItem(at, 2, ToWx(row.finding.place));
-    List_Findings->SetItem(at, 3, ToWx(said));
+    List_Findings->SetItem(at, kTextColumn, ToWx(said));
     List_Findings->SetItem(at, 4, ToWx(std::string(info.code)));
     if (shown_ != marked_ + 1 && shown_ != 1) return;
     List_Findings->Focus(at);
@@ -162,6 +173,7 @@ class FindingsForm final : public wxDialog {
   bool stopped_ = false;
   wxStaticText* remark_ = nullptr;
   wxListView* List_Findings = nullptr;
+  wxTextCtrl* whole_ = nullptr;  // the chosen finding; the list cuts its text
   wxButton* goTo_ = nullptr;
   wxButton* stop_ = nullptr;
 };

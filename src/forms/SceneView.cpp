@@ -270,16 +270,16 @@ void SceneView::DrawFrame(wxDC& dc, const Ink& ink) const {
 void SceneView::DrawBar(wxDC& dc, const Ink& ink, std::size_t bar) const {
   const SceneBar& drawn = scene_.bars.at(bar);
   const wxRect place = ToRect(ink.layout.Bar(drawn));
-  DrawChip(dc, ink, place, drawn.kind, ToWx(scene_.TextOf(drawn)), ToWx(drawn.value));
+  DrawChip(dc, ink, place, drawn.kind, scene_.TextsOf(drawn));
   if (bar != bar_) return;
   dc.SetBrush(*wxTRANSPARENT_BRUSH);
   dc.SetPen(wxPen(ToColour(ink.palette.current), FromDIP(HasFocus() ? kFrame : kFrame - 1)));
   dc.DrawRectangle(wxRect(place).Inflate(FromDIP(1)));
 }
 
-// A bar with its text, or with a shorter one, where there is room.
-void SceneView::DrawChip(wxDC& dc, const Ink& ink, const wxRect& place, BarKind kind, wxString text,
-                         const wxString& shorter) const {
+// A bar with the first of the texts for which there is room.
+void SceneView::DrawChip(wxDC& dc, const Ink& ink, const wxRect& place, BarKind kind,
+                         const std::vector<std::string>& texts) const {
   const BarLook& look = ink.palette.Of(kind);
   dc.SetPen(ToColour(look.edge));
   dc.SetBrush(ToColour(look.fill));
@@ -290,11 +290,11 @@ void SceneView::DrawChip(wxDC& dc, const Ink& ink, const wxRect& place, BarKind 
                                                     : wxBRUSHSTYLE_CROSS_HATCH));
     dc.DrawRectangle(place);
   }
-  const auto fits = [&](const wxString& each) {
-    return dc.GetTextExtent(each).x + 4 <= place.width;
-  };
-  if (!fits(text)) text = fits(shorter) ? shorter : wxString();
-  if (text.empty()) return;
+  const auto shown = std::find_if(texts.begin(), texts.end(), [&](const std::string& each) {
+    return dc.GetTextExtent(ToWx(each)).x + 4 <= place.width;
+  });
+  if (shown == texts.end()) return;
+  const wxString text = ToWx(*shown);
   const wxSize extent = dc.GetTextExtent(text);
   const wxRect plain =
       wxRect(extent).Inflate(2, 0).CenterIn(place).Intersect(wxRect(place).Deflate(1));
@@ -313,8 +313,8 @@ void SceneView::DrawFoot(wxDC& dc, const Ink& ink) const {
     int x = padding;
     for (std::size_t kind = 0; kind < kBarKinds; ++kind) {
       const wxString name = ToWx(scene_.kinds.at(kind));
-      const wxString letter = ToWx(scene_.letters.substr(kind, 1));
-      DrawChip(dc, ink, {x, y + 1, 2 * line, line - 2}, static_cast<BarKind>(kind), letter, letter);
+      DrawChip(dc, ink, {x, y + 1, 2 * line, line - 2}, static_cast<BarKind>(kind),
+               {scene_.letters.substr(kind, 1)});
       x += 2 * line + padding;
       dc.SetTextForeground(ToColour(ink.palette.text));
       dc.DrawText(name, x, y + FromDIP(kRowPadding));

@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <wx/control.h>
 #include <wx/dc.h>
@@ -59,8 +60,8 @@ class SceneView : public wxControl {
   void DrawFrame(wxDC& dc, const Ink& ink) const;
   void DrawBar(wxDC& dc, const Ink& ink, std::size_t bar) const;
   void DrawFoot(wxDC& dc, const Ink& ink) const;
-  void DrawChip(wxDC& dc, const Ink& ink, const wxRect& place, BarKind kind, wxString text,
-                const wxString& shorter) const;
+  void DrawChip(wxDC& dc, const Ink& ink, const wxRect& place, BarKind kind,
+                const std::vector<std::string>& texts) const;
   void GoToRow(int step);
 
   Scene scene_;

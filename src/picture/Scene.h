@@ -50,10 +50,16 @@ struct Scene {
   std::array<std::string, kBarKinds> kinds;  // what each kind of bar is called; "" is not explained
   std::string letters;                       // one of each kind
 
-  /// "V 21": the letter tells the kind where colours do not.
-  std::string TextOf(const SceneBar& bar) const {
+  /// What may be written into a bar, the longest first: "V 21 Dag", "21 Dag", "V 21", "21". The
+  /// letter tells the kind where colours do not.
+  std::vector<std::string> TextsOf(const SceneBar& bar) const {
     const auto kind = static_cast<std::size_t>(bar.kind);
-    return kind < letters.size() ? letters.substr(kind, 1) + " " + bar.value : bar.value;
+    const std::string letter = kind < letters.size() ? letters.substr(kind, 1) + " " : "";
+    std::vector<std::string> texts{letter + bar.value, bar.value};
+    const std::string number = bar.value.substr(0, bar.value.find(' '));
+    if (number.find_first_of("0123456789") != std::string::npos)
+      texts.insert(texts.end(), {letter + number, number});
+    return texts;
   }
 
   /// Returns the bar at a minute, of several the one that begins last.

@@ -67,6 +67,20 @@ std::string SceneWords::Source(const SwitchSource& source, const Schedule& sched
   return IsStop(source) ? Message(texts_.Text(text::kPlaceStop), {place}) : place;
 }
 
+std::string RuleWords(const Rule& rule, const LanguageTexts& texts) {
+  std::string words;
+  const auto add = [&](bool on, std::int32_t number) {
+    std::string name = texts.Text(number);
+    std::erase(name, '&');  // of its key in the window
+    if (on) words += (words.empty() ? texts.Text(text::kRuleFrame) + ": " : "; ") + name;
+  };
+  add(rule.exceptionsCommand, text::kRuleException);
+  add(rule.daysBeginAnew, text::kRuleCarry);
+  add(rule.missingStopsHold, text::kRuleNoStop);
+  add(rule.earlyStopsNextDay, text::kRuleEarly);
+  return words.empty() ? words : words + ".";
+}
+
 std::vector<std::string> Explanation(const Forecast& forecast, const Schedule& schedule,
                                      Moment moment, const SceneWords& words) {
   const LanguageTexts& texts = words.Texts();

@@ -44,6 +44,9 @@ std::string TimeOfDayText(int minute);
 /// Returns whether a source is a row of a weekday or of a special day, an exception or nothing.
 BarKind KindOf(const SwitchSource& source, const Schedule& schedule);
 
+/// Names the switches of a rule that are on, in one sentence; "" if there is none.
+std::string RuleWords(const Rule& rule, const LanguageTexts& texts);
+
 /// Tells in sentences what applies at a moment and why, what comes next, and what lost.
 std::vector<std::string> Explanation(const Forecast& forecast, const Schedule& schedule,
                                      Moment moment, const SceneWords& words);

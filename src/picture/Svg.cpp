@@ -123,16 +123,22 @@ std::string FillOf(BarKind kind, const Palette& palette, const std::string& ids)
                                            : "url(#" + ids + PatternName(kind) + ")";
 }
 
-std::string BarAt(const SceneBox& box, BarKind kind, const std::string& shown,
+// With the first of the texts for which it is wide enough.
+std::string BarAt(const SceneBox& box, BarKind kind, const std::vector<std::string>& texts,
                   const Palette& palette, const std::string& ids) {
   const BarLook& look = palette.Of(kind);
   std::string text = Rectangle(box, FillOf(kind, palette, ids), look.edge);
-  const double width = kCharacter * static_cast<double>(shown.size()) + kBaseline;
-  if (width > box.width) return text;
+  const auto widthOf = [](const std::string& each) {
+    return kCharacter * static_cast<double>(each.size()) + kBaseline;
+  };
+  const auto shown = std::find_if(texts.begin(), texts.end(),
+                                  [&](const auto& each) { return widthOf(each) <= box.width; });
+  if (shown == texts.end()) return text;
+  const double width = widthOf(*shown);
   const double middle = box.x + box.width / 2;
   const SceneBox plain{middle - width / 2, box.y + 2, width, box.height - 4};
   text += Rectangle(plain, Colour(look.fill), look.fill);
-  return text + TextAt(middle, box.y + box.height / 2, look.text, shown, "middle");
+  return text + TextAt(middle, box.y + box.height / 2, look.text, *shown, "middle");
 }
 
 // Days may have long names.
@@ -193,7 +199,7 @@ class Writer {
     std::string text;
     for (const SceneBar& bar : scene_.bars) {
       text += "<g><title>" + Escaped(bar.sentence) + "</title>\n" +
-              BarAt(layout_.Bar(bar), bar.kind, scene_.TextOf(bar), palette_, ids_) + "</g>\n";
+              BarAt(layout_.Bar(bar), bar.kind, scene_.TextsOf(bar), palette_, ids_) + "</g>\n";
     }
     return text;
   }
@@ -212,7 +218,7 @@ class Writer {
     for (std::size_t kind = 0; kind < kBarKinds; ++kind) {
       const std::string& name = scene_.kinds.at(kind);
       text += BarAt({x, middle - kFootLine / 3, kFootLine, kFootLine * 2 / 3},
-                    static_cast<BarKind>(kind), scene_.letters.substr(kind, 1), palette_, ids_) +
+                    static_cast<BarKind>(kind), {scene_.letters.substr(kind, 1)}, palette_, ids_) +
               TextAt(x + kFootLine + kMargin, middle, palette_.text, name);
       x += kFootLine + 3 * kMargin + kCharacter * static_cast<double>(name.size());
     }

@@ -17,8 +17,11 @@ using Day = std::array<WeekdayRow, kWeekdayRows>;
 int EndOf(const WeekdayRow& row, const Day& day) {
   if (row.stop != kNoTime) return std::max(row.stop, row.start);
   int end = kMinutesOfDay;
-  for (const WeekdayRow& other : day)
-    if (other.Used() && other.start > row.start) end = std::min<int>(end, other.start);
+  for (const WeekdayRow& other : day) {
+    if (!other.Used()) continue;
+    for (const std::int16_t at : {other.start, other.stop})
+      if (at > row.start) end = std::min<int>(end, at);
+  }
   return end;
 }
 

@@ -45,7 +45,7 @@ class Section {
         context_(context),
         number_(number),
         schedule_(control.tables.schedule),
-        forecast_(schedule_, control.rule) {}
+        forecast_(schedule_, control.tables.rule) {}
 
   std::string Html() const {
     std::string html = "<section>\n" + HtmlElement("h2", control_.name + " - " + control_.node);
@@ -78,9 +78,10 @@ class Section {
                  words.Value(stretch.applied.value),
                  words.Source(stretch.applied.source, schedule_)});
     }
+    const std::string rule = RuleWords(control_.tables.rule, context_.texts);
     const std::string ids = "c" + std::to_string(number_) + "-";
     return Inside(SvgOf(scene, LightPalette(), ids)) + HtmlElement("p", Text(text::kRuleAssumed)) +
-           table.Text(None());
+           (rule.empty() ? rule : HtmlElement("p", rule)) + table.Text(None());
   }
 
   std::string Weekdays() const {
@@ -164,7 +165,8 @@ class Section {
       table.Add({std::string(1, static_cast<char>(info.severity)), finding.place,
                  finding.Text(context_.texts, control_.tables.dayNames), std::string(info.code)});
     }
-    return table.Text(None());
+    const std::string missing = control_.tables.known.NotJudged(context_.texts);
+    return table.Text(None()) + (missing.empty() ? missing : HtmlElement("p", missing));
   }
 
   const ReportedControl& control_;

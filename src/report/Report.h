@@ -6,7 +6,6 @@
 
 #include "editors/PickList.h"
 #include "findings/Findings.h"
-#include "forecast/Rule.h"
 
 namespace zek {
 
@@ -18,7 +17,6 @@ struct ReportedControl {
   ControlTables tables;
   std::vector<Finding> findings;  // of the control, then of its controller's catalogues
   PickList values;
-  Rule rule;
 };
 
 struct ReportContext {

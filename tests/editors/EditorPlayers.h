@@ -18,6 +18,7 @@
 #include "paste/ExceptionBlock.h"
 #include "paste/WeekdayBlock.h"
 #include "paste/WholeCatalogue.h"
+#include "picture/WeekScene.h"
 #include "support/TestSession.h"
 
 // Editors driven by text commands; "_" is a blank within a word. Every command gives a line: what
@@ -195,6 +196,7 @@ class WeekdayPlayer final : public Player {
     if (what == "redo") return Place(editor_.Redo());
     if (what == "walk") return Walk();
     if (what == "notes") return Notes();
+    if (what == "bars") return Bars();
     return Shown(editor_.Column());
   }
   SaveOutcome Save(const CatalogueWriter& writer) override {
@@ -241,6 +243,17 @@ class WeekdayPlayer final : public Player {
     std::string notes;
     for (const std::string& note : editor_.Notes(session_.proc.texts)) notes += Filled(note) + "; ";
     return notes;
+  }
+  // From and to of the picture's bars, in minutes, for each day.
+  std::string Bars() const {
+    std::string bars;
+    for (const SceneBar& bar :
+         WeekScene(Table(), editor_.Type(),
+                   {session_.proc.texts, {}, [](float) { return std::string(); }})
+             .bars)
+      bars += std::to_string(bar.row) + ":" + std::to_string(bar.from) + "-" +
+              std::to_string(bar.to) + " ";
+    return bars;
   }
   std::string Place(const std::optional<WeekdayFocus>& focus) const {
     if (!focus) return "nothing";

@@ -267,12 +267,12 @@ TEST_F(WeekdayFormTest, BarsOfThePictureAreMovedByKeyAndByMouse) {
           ClickAt(placeOf(2, 12 * 60));
           EXPECT_TRUE(PumpUntil([] { return HasFocus("Text_Start2"); }));
           holds("Text_Stop1", "16:30");
-          const wxPoint from = placeOf(2, 16 * 60 + 30);
-          const wxPoint to = placeOf(2, 18 * 60);
+          const wxPoint from = placeOf(1, 16 * 60 + 30);  // of another bar than the current one
+          const wxPoint to = placeOf(1, 18 * 60);
           wxUIActionSimulator().MouseDragDrop(from.x - 1, from.y, to.x, to.y);
-          holds("Text_Stop2", "18:00");
+          holds("Text_Stop1", "18:00");
           Press('Z', wxMOD_CONTROL);  // one step for each
-          holds("Text_Stop2", "16:30");
+          holds("Text_Stop1", "16:30");
           Press('Z', wxMOD_CONTROL);
           holds("Text_Start1", "07:00");
           Click(*Shown("Check_Picture"));

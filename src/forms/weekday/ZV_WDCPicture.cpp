@@ -15,6 +15,7 @@ namespace {
 
 constexpr int kStep = 5;   // minutes
 constexpr int kReach = 5;  // pixels beside an end
+constexpr int kSlack = 4;  // pixels; a click that trembles moves nothing
 
 bool IsEnter(int key) { return key == WXK_RETURN || key == WXK_NUMPAD_ENTER; }
 
@@ -68,12 +69,17 @@ void WeekPicture::ShowTable() {
   }
 }
 
-void WeekPicture::Choose(std::size_t bar) {
+// False if something typed is refused. What was typed may change the order of the bars.
+bool WeekPicture::Choose(std::size_t bar) {
   const SceneBar chosen = Shown().bars.at(bar);
-  if (!parts_.mayBegin()) return ShowTable();
+  if (!parts_.mayBegin()) {
+    ShowTable();
+    return false;
+  }
   editor_.FocusColumn(chosen.row);
   editor_.ShowRow(chosen.entry);
   parts_.chosen();
+  return true;
 }
 
 // --- Moving an end of the current bar ---
@@ -82,7 +88,7 @@ bool WeekPicture::Take(bool stop, bool byMouse) {
   const WeekdayRow row = RowNow();
   if (editor_.ViewOnly() || !row.Used() || (stop && row.stop == kNoTime)) return false;
   const int minute = stop ? row.stop : row.start;
-  move_ = {stop, minute, minute, byMouse};
+  move_ = {stop, minute, minute, byMouse, byMouse};
   MoveTo(minute);
   return true;
 }
@@ -152,22 +158,35 @@ bool WeekPicture::TakeMoveKey(int key, int modifiers) {
 
 // --- Mouse ---
 
-// Whether the start (false) or the stop (true) of the current bar is under the mouse.
-std::optional<bool> WeekPicture::EndUnder(const wxPoint& at) const {
-  if (!Bar() || editor_.ViewOnly()) return std::nullopt;
-  const SceneBox box = Places().Bar(Shown().bars.at(*Bar()));
+// Whether the start (false) or the stop (true) of a bar is under the mouse.
+std::optional<bool> WeekPicture::StopUnder(std::size_t bar, const wxPoint& at) const {
+  const SceneBar& drawn = Shown().bars.at(bar);
+  const SceneBox box = Places().Bar(drawn);
   if (at.y < box.y || at.y >= box.y + box.height) return std::nullopt;
+  const WeekdayRow& row =
+      editor_.Table().days.at(editor_.Type() * kDaysOfType + drawn.row).at(drawn.entry);
   const double reach = std::min(static_cast<double>(FromDIP(kReach)), box.width / 2);
-  if (std::abs(at.x - box.x - box.width) <= reach && RowNow().stop != kNoTime) return true;
+  if (std::abs(at.x - box.x - box.width) <= reach && row.stop != kNoTime) return true;
   if (std::abs(at.x - box.x) <= reach) return false;
   return std::nullopt;
 }
 
+// Of several the current bar's, then that of the bar drawn last.
+std::optional<WeekPicture::End> WeekPicture::EndUnder(const wxPoint& at) const {
+  if (editor_.ViewOnly()) return std::nullopt;
+  std::optional<End> found;
+  for (std::size_t bar = 0; bar < Shown().bars.size(); ++bar) {
+    const auto stop = StopUnder(bar, at);
+    if (stop && (!found || found->bar != Bar())) found = End{bar, *stop};
+  }
+  return found;
+}
+
 void WeekPicture::OnPress(const wxPoint& at) {
   if (move_) return static_cast<void>(GiveUp());
-  const auto end = EndUnder(at);
-  if (end && parts_.mayBegin()) {
-    if (Take(*end, true)) CaptureMouse();
+  if (const auto end = EndUnder(at)) {
+    pressed_ = at;
+    if (Choose(end->bar) && Take(end->stop, true)) CaptureMouse();
   } else if (const auto bar = Places().BarAt(at.x, at.y)) {
     Choose(*bar);
     clicked_ = true;
@@ -176,6 +195,8 @@ void WeekPicture::OnPress(const wxPoint& at) {
 
 void WeekPicture::OnHover(const wxPoint& at) {
   if (move_ && move_->byMouse) {
+    move_->held = move_->held && std::abs(at.x - pressed_.x) < FromDIP(kSlack);
+    if (move_->held) return;
     const int step = wxGetKeyState(WXK_SHIFT) ? 1 : kStep;
     const int minute = Places().MinuteAt(at.x);
     return MoveTo((minute + step / 2) / step * step);
@@ -184,7 +205,10 @@ void WeekPicture::OnHover(const wxPoint& at) {
 }
 
 void WeekPicture::OnRelease(const wxPoint& /*at*/) {
-  if (move_ && move_->byMouse) EndMove();
+  if (move_ && move_->byMouse) {
+    clicked_ = move_->held;
+    EndMove();
+  }
   if (std::exchange(clicked_, false)) parts_.enter();
 }
 

@@ -38,6 +38,12 @@ class WeekPicture final : public SceneView {
     int minute = 0;
     int begin = 0;  // where it was
     bool byMouse = false;
+    bool held = false;  // by mouse: not moved yet
+  };
+  // An end of any bar.
+  struct End {
+    std::size_t bar = 0;
+    bool stop = false;
   };
 
   bool TakeKey(int key, int modifiers) override;
@@ -45,18 +51,20 @@ class WeekPicture final : public SceneView {
   void OnHover(const wxPoint& at) override;
   void OnRelease(const wxPoint& at) override;
   bool TakeMoveKey(int key, int modifiers);
-  void Choose(std::size_t bar);
+  bool Choose(std::size_t bar);
   bool Take(bool stop, bool byMouse);
   void MoveTo(int minute);
   void EndMove();
   bool GiveUp();
-  std::optional<bool> EndUnder(const wxPoint& at) const;
+  std::optional<End> EndUnder(const wxPoint& at) const;
+  std::optional<bool> StopUnder(std::size_t bar, const wxPoint& at) const;
   const WeekdayRow& RowNow() const;
 
   WeekdayEditor& editor_;
   SceneWords words_;
   Parts parts_;
   std::optional<Move> move_;
+  wxPoint pressed_;       // where the mouse took hold of an end
   bool clicked_ = false;  // a bar was pressed, the mouse is still down
 };
 
