@@ -56,7 +56,7 @@ class FindingsForm final : public wxDialog {
     Bind(wxEVT_IDLE, &FindingsForm::OnIdle, this);
     RememberPlacement(*this, "ZV_Findings");
     if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
-    HelpOnF1(*this, proc, kHelpPageStart);
+    HelpOnF1(*this, proc, kHelpPageApplies);
     // Deferred until the form is visible; before that nothing can get the focus.
     CallAfter([this] {
       Raise();
