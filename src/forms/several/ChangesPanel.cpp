@@ -113,7 +113,9 @@ wxSizer* ChangesPanel::Boxes() {
 void ChangesPanel::OfferDates(EntryBox& box) {
   box.Offer(
       [this, &box] {
-        return NewDropCalendar(box.Text(), box.Typed(), proc_.texts,
+        const std::string typed = box.Typed();
+        const std::string near = boxes_.at(ChangeField::FirstDate)->Typed();
+        return NewDropCalendar(box.Text(), typed.empty() ? near : typed, proc_.texts,
                                [&box](const std::string& date) { box.ShowText(date); });
       },
       {}, false);
