@@ -33,8 +33,9 @@ namespace zek {
 namespace {
 
 constexpr int kGap = 8;
-constexpr int kColumns = 70;
+constexpr int kColumns = 80;
 constexpr int kLines = 18;
+constexpr std::size_t kColumnGap = 2;
 constexpr int kFirstSpecialDay = 8;
 constexpr int kDayTypeCaption = text::kCalendarCaption + 4;
 
@@ -47,11 +48,11 @@ ImportWindow WindowOf(const CalendarEditor& editor) {
   return window;
 }
 
-using Cells = std::array<std::string, 4>;  // date, day type, name, what happens
+using Cells = std::array<std::string, 4>;  // date, day type, what happens, name
 
-// A few long names do not move what happens out of sight.
+// The name may be very long and comes last. A few long reasons do not move the other names.
 wxArrayString InColumns(const std::vector<Cells>& rows) {
-  constexpr std::size_t widest = 30;
+  constexpr std::size_t widest = 32;
   std::array<std::size_t, 4> widths{};
   for (const Cells& row : rows)
     for (std::size_t at = 0; at + 1 < row.size(); ++at)
@@ -62,7 +63,8 @@ wxArrayString InColumns(const std::vector<Cells>& rows) {
     for (std::size_t at = 0; at < row.size(); ++at) {
       line += row.at(at);
       const std::size_t length = row.at(at).size();
-      if (widths.at(at) > 0) line.append(2 + widths.at(at) - std::min(widths.at(at), length), ' ');
+      if (widths.at(at) > 0)
+        line.append(kColumnGap + widths.at(at) - std::min(widths.at(at), length), ' ');
     }
     lines.Add(ToWx(line));
   }
@@ -238,7 +240,7 @@ class ImportForm final : public wxDialog {
             : proc_.Text(line.effect == ImportEffect::Add ? text::kImportAdd
                                                           : text::kImportAlready);
     return {IsoDate(date.year, date.month + 1, date.day),
-            editor_.TypeCaption(line.date.type, proc_.texts), line.date.name, what};
+            editor_.TypeCaption(line.date.type, proc_.texts), what, line.date.name};
   }
 
   void ShowPreview() {
@@ -249,8 +251,9 @@ class ImportForm final : public wxDialog {
     std::vector<Cells> rows;
     for (const PreviewLine& line : lines_) rows.push_back(CellsOf(line));
     for (const SkippedItem& item : dates.skipped) {
-      rows.push_back({"", "", item.name,
-                      Message(proc_.Text(text::kImportSkipped), {item.reason.In(proc_.texts)})});
+      rows.push_back({"", "",
+                      Message(proc_.Text(text::kImportSkipped), {item.reason.In(proc_.texts)}),
+                      item.name});
     }
     List_Dates->Set(InColumns(rows));
     for (std::size_t at = 0; at < lines_.size(); ++at)
@@ -333,8 +336,8 @@ std::optional<ImportedDates> FromFile(wxWindow* parent, ZV_Proc& proc,
         std::chrono::steady_clock::now().time_since_epoch());
   });
   if (!dates.refused) return dates;
-  proc.prompts.Show(Icon::Exclamation, Windows1252FromUtf8(path) + "\r\n" +
-                                           dates.refused.In(proc.texts));
+  proc.prompts.Show(Icon::Exclamation,
+                    Windows1252FromUtf8(path) + "\r\n" + dates.refused.In(proc.texts));
   return std::nullopt;
 }
 
