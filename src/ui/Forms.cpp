@@ -73,7 +73,11 @@ class Placement {
       place_ = PlaceOf(form_);
     } else if (active) {
       placed_ = true;
-      if (!place_.IsEmpty()) Put(form_, place_);
+      if (!place_.IsEmpty()) {
+        Put(form_, place_);
+      } else if (dynamic_cast<wxDialog*>(&form_) != nullptr) {
+        CenterForm(form_);  // a frame may be active before it has its size
+      }
     }
   }
 

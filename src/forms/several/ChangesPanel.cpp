@@ -93,6 +93,9 @@ wxSizer* ChangesPanel::Boxes() {
   OfferDates(*NewBox("Text_From", kDate, text::kReportFrom, ChangeField::FirstDate));
   NewBox("Text_StartTime", kTime, text::kWeekdayCaption + 2, ChangeField::Start);
   OfferValues(*NewBox("Text_Value", kValue, text::kWeekdayCaption + 4, ChangeField::Value));
+  OfferDates(*NewBox("Text_To", kDate, text::kReportTo, ChangeField::LastDate));
+  NewBox("Text_StopTime", kTime, text::kWeekdayCaption + 3, ChangeField::Stop);
+  OfferValues(*NewBox("Text_StopValue", kValue, text::kWeekdayCaption + 5, ChangeField::StopValue));
   auto* const label = new wxStaticText(this, wxID_ANY, ToWx(proc_.Text(text::kReportType)));
   Choice_DayType = new wxChoice(this, wxID_ANY);
   Choice_DayType->SetName("Choice_DayType");
@@ -102,11 +105,15 @@ wxSizer* ChangesPanel::Boxes() {
   Choice_DayType->SetSelection(kFirstSpecialDay - 1);
   parts_.emplace_back(ChangeField::Type, label);
   parts_.emplace_back(ChangeField::Type, Choice_DayType);
-  OfferDates(*NewBox("Text_To", kDate, text::kReportTo, ChangeField::LastDate));
-  NewBox("Text_StopTime", kTime, text::kWeekdayCaption + 3, ChangeField::Stop);
-  OfferValues(*NewBox("Text_StopValue", kValue, text::kWeekdayCaption + 5, ChangeField::StopValue));
-  for (const auto& [field, part] : parts_)
-    if (field != ChangeField::Days) grid->Add(part, 0, wxALIGN_CENTER_VERTICAL);
+  constexpr std::size_t ofStart = 6;  // three boxes with their labels
+  for (const auto& [field, part] : parts_) {
+    if (field == ChangeField::Days) continue;
+    if (grid->GetItemCount() == ofStart) {
+      grid->AddSpacer(0);  // above the day type, which comes after both dates
+      grid->AddSpacer(0);
+    }
+    grid->Add(part, 0, wxALIGN_CENTER_VERTICAL);
+  }
   return grid;
 }
 
