@@ -73,10 +73,10 @@ class Placement {
       place_ = PlaceOf(form_);
     } else if (active) {
       placed_ = true;
-      if (!place_.IsEmpty()) {
+      if (place_.IsEmpty()) {
+        form_.Move(centred_);  // its size may not be known yet
+      } else {
         Put(form_, place_);
-      } else if (dynamic_cast<wxDialog*>(&form_) != nullptr) {
-        CenterForm(form_);  // a frame may be active before it has its size
       }
     }
   }
@@ -106,6 +106,7 @@ class Placement {
     const int display = wxDisplay::GetFromPoint(middle);
     if (place.IsEmpty() || display == wxNOT_FOUND) {
       CenterForm(form_);
+      centred_ = form_.GetPosition();
     } else {
       const wxRect screen = wxDisplay(static_cast<unsigned>(display)).GetClientArea();
       wxSize size = place.GetSize();
@@ -124,6 +125,7 @@ class Placement {
   wxTopLevelWindow& form_;
   wxString group_;
   wxRect place_;
+  wxPoint centred_;  // used while the place is not known
   bool placed_ = false;
   bool maximized_ = false;
 };

@@ -1,5 +1,7 @@
 #include "forms/several/ChangesPanel.h"
 
+#include <wx/wrapsizer.h>
+
 #include "formats/CalendarNames.h"
 #include "formats/CalendarTable.h"
 #include "lang/TextNumbers.h"
@@ -46,7 +48,7 @@ void ChangesPanel::Build() {
   head->Add(Choice_Change);
   auto* const whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(head, 0, wxEXPAND | wxBOTTOM, gap);
-  whole->Add(Days(), 0, wxBOTTOM, gap);
+  whole->Add(Days(), 0, wxEXPAND);
   whole->Add(Boxes(), 0, wxBOTTOM, gap);
   Label_Wrong = new wxStaticText(this, wxID_ANY, {});
   Label_Wrong->SetName("Label_Wrong");
@@ -60,15 +62,20 @@ void ChangesPanel::Build() {
   SetSizer(whole);
 }
 
+// The weekdays above the special days, whose names may need several lines.
 wxSizer* ChangesPanel::Days() {
-  auto* const days =
-      new wxFlexGridSizer(static_cast<int>(kDaysOfType), FromDIP(kGap) / 2, 2 * FromDIP(kGap));
+  auto* const days = new wxBoxSizer(wxVERTICAL);
+  wxSizer* row = nullptr;
   for (std::size_t day = 0; day < Check_Day.size(); ++day) {
+    if (day % kDaysOfType == 0) {
+      row = new wxWrapSizer(wxHORIZONTAL, wxWRAPSIZER_DEFAULT_FLAGS & ~wxEXTEND_LAST_ON_EACH_LINE);
+      days->Add(row, 0, wxEXPAND);
+    }
     auto*& box = Check_Day.at(day);
     box = new wxCheckBox(this, wxID_ANY,
                          ToWx(DayTypeCaption(static_cast<int>(day) + 1, proc_.texts, dayNames_)));
     box->SetName("Check_Day" + std::to_string(day));
-    days->Add(box);
+    row->Add(box, 0, wxRIGHT | wxBOTTOM, FromDIP(kGap));
     parts_.emplace_back(ChangeField::Days, box);
   }
   return days;
