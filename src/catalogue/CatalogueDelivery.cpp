@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "catalogue/CatalogueTitle.h"
 #include "catalogue/LineChanges.h"
 #include "catalogue/SharedCatalogue.h"
 #include "lang/TextNumbers.h"
@@ -62,7 +63,7 @@ void CatalogueDelivery::Note(std::string_view journal, std::size_t lines) {
   const std::int32_t text = known == kOutcomes.end() ? text::kOutcomeRemarked : known->text;
   const std::string time = DateAndTime(p_.records.Now());
   p_.exchange.status.Outcome =
-      p_.messages.Text(text, {time.substr(time.find(' ') + 1, kHoursAndMinutes), id_.Node()});
+      p_.messages.Text(text, {time.substr(time.find(' ') + 1, kHoursAndMinutes), ShortTitle(id_, p_.messages.texts)});
   p_.exchange.status.Changed();
 }
 

@@ -39,4 +39,9 @@ std::string CatalogueTitle(const CatalogueId& id, const ObjectTree& tree, const 
          texts.Text(text::kTitleAllControls);
 }
 
+std::string ShortTitle(const CatalogueId& id, const LanguageTexts& texts) {
+  return texts.Text(KindText(id.catalogue)) + " " +
+         (id.catalogue == Catalogue::Sdc ? id.topic : id.Node());
+}
+
 }  // namespace zek

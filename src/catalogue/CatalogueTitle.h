@@ -13,5 +13,7 @@ namespace zek {
 /// aula [AHU1], Skolan". A catalogue of all controls names the object instead.
 std::string CatalogueTitle(const CatalogueId& id, const ObjectTree& tree, const TopicTable& topics,
                            const LanguageTexts& texts);
+/// "Undantag SKOLA/AHU1", "Specialdagar SKOLA"
+std::string ShortTitle(const CatalogueId& id, const LanguageTexts& texts);
 
 }  // namespace zek

@@ -281,8 +281,10 @@ DropDown* EntryGrid::Drop(std::size_t box, BoxKind kind) {
     Box(box).ShowText(typed == kNoValueText ? std::string() : typed);
     if (Leave(box)) SelectFocused();
   };
-  if (kind == BoxKind::Date)
-    return NewDropCalendar(Box(box).Text(), Box(box).Typed(), Texts(), choose);
+  if (kind == BoxKind::Date) {
+    const std::string typed = Box(box).Typed();
+    return NewDropCalendar(Box(box).Text(), typed.empty() ? DateNear(box) : typed, Texts(), choose);
+  }
   return kind == BoxKind::Time ? DropTimes(box, choose) : DropNames(box, choose);
 }
 

@@ -68,6 +68,8 @@ class EntryGrid : public wxPanel {
   virtual std::string CellText(std::size_t box) const = 0;
   virtual std::string ShownText(std::size_t box) const = 0;  // without the focus
   virtual std::int32_t MarkOf(std::size_t box) const = 0;
+  /// Where the calendar of an empty date box opens; "" is today.
+  virtual std::string DateNear(std::size_t /*box*/) const { return {}; }
   virtual const PickList& NamesOf(std::size_t box) const = 0;
   virtual std::optional<Lead> LeadOf(std::size_t /*box*/) const { return std::nullopt; }
   virtual bool TakesMidnight(std::size_t /*box*/) const { return true; }  // 00:00

@@ -11,6 +11,7 @@
 #include <wx/weakref.h>
 
 #include "findings/FindingKinds.h"
+#include "findings/SeverityText.h"
 #include "forms/ZV_Help.h"
 #include "lang/TextNumbers.h"
 #include "text/Controls.h"
@@ -37,11 +38,6 @@ constexpr std::array<Column, 5> kColumns{{{text::kColumnControl, 18},
                                           {text::kFindingText, 60},
                                           {text::kFindingCode, 20}}};
 
-std::int32_t SeverityText(Severity severity) {
-  if (severity == Severity::Error) return text::kSeverityError;
-  return severity == Severity::Warning ? text::kSeverityWarning : text::kSeverityInformation;
-}
-
 class FindingsForm final : public wxDialog {
  public:
   FindingsForm(wxWindow* parent, ZV_Proc& proc, const std::string& title,
@@ -62,7 +58,7 @@ class FindingsForm final : public wxDialog {
     Bind(wxEVT_IDLE, &FindingsForm::OnIdle, this);
     RememberPlacement(*this, "ZV_Findings");
     if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
-    HelpOnF1(*this, proc, kHelpPageStart);
+    HelpOnF1(*this, proc, kHelpPageApplies);
     // Deferred until the form is visible; before that nothing can get the focus.
     CallAfter([this] {
       Raise();

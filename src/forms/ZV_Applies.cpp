@@ -130,7 +130,7 @@ AppliesForm::AppliesForm(wxWindow* parent, ZV_Proc& proc, AppliesTo shown)
   SetSize(FromDIP(wxSize(kWidth, kHeight)));
   RememberPlacement(*this, "ZV_Applies");
   if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
-  HelpOnF1(*this, proc, kHelpPageKeys);
+  HelpOnF1(*this, proc, kHelpPageApplies);
   Bind(wxEVT_CHAR_HOOK, &AppliesForm::OnKey, this);
   GoTo(MomentOf(proc.now()));
   clock_.Begin(kClockMs);

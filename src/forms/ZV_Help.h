@@ -17,7 +17,8 @@ inline constexpr std::size_t kHelpPageStart = 0;
 inline constexpr std::size_t kHelpPageCopy = 5;
 inline constexpr std::size_t kHelpPageSeveral = 6;
 inline constexpr std::size_t kHelpPageHistory = 7;
-inline constexpr std::size_t kHelpPageTopic = 8;
+inline constexpr std::size_t kHelpPageApplies = 8;
+inline constexpr std::size_t kHelpPageTopic = 9;
 /// The page with the keys, and those with the usual work in an editor.
 inline constexpr std::size_t kHelpPageKeys = 1;
 constexpr std::size_t HelpPageOf(Catalogue catalogue) {

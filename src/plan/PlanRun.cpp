@@ -150,7 +150,7 @@ std::string PlanRun::Report(const std::string& headline) const {
   std::string report = SeveralTitle(proc_.texts) + "\r\n" + headline + "\r\n";
   for (const PlanLine& line : lines_) {
     report += ResultOf(line, proc_.texts) + "\t" + line.node + "\t" +
-              CatalogueOf(line, proc_.texts) + "\t" + RemarkOf(line) + "\r\n";
+              CatalogueOf(line, proc_.texts) + "\t" + RemarkOf(line, proc_.texts) + "\r\n";
   }
   return report;
 }

@@ -7,6 +7,7 @@
 #include "formats/CalendarNames.h"
 #include "formats/CatalogueFields.h"
 #include "formats/ExceptionCells.h"
+#include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "text/Controls.h"
 #include "text/Fields.h"
@@ -110,10 +111,11 @@ std::string CatalogueOf(const PlanLine& line, const LanguageTexts& texts) {
   return {};
 }
 
-std::string RemarkOf(const PlanLine& line) {
+std::string RemarkOf(const PlanLine& line, const LanguageTexts& texts) {
   std::string remark = line.why;
   if (line.word == PlanWord::Change && line.added + line.removed > 0) {
-    remark = "+" + std::to_string(line.added) + " -" + std::to_string(line.removed);
+    remark = Message(texts.Text(text::kPlanCounts),
+                     {std::to_string(line.added), std::to_string(line.removed)});
     if (!line.controls.empty()) remark += " (" + line.controls + ")";
   }
   ShowControls(remark);

@@ -24,8 +24,8 @@ std::string ChangeInWords(const ListedChange& change, const LanguageTexts& texts
 std::string ResultOf(const PlanLine& line, const LanguageTexts& texts);
 /// "Veckodagar"
 std::string CatalogueOf(const PlanLine& line, const LanguageTexts& texts);
-/// "+3 -1 (AHU1,AHU2)", or the reason.
-std::string RemarkOf(const PlanLine& line);
+/// "nya: 3, tas bort: 1 (AHU1,AHU2)", or the reason.
+std::string RemarkOf(const PlanLine& line, const LanguageTexts& texts);
 
 /// "2 h 5 min", "1 min 20 s"
 std::string DurationText(std::int64_t seconds);

@@ -1,5 +1,6 @@
 #include "report/Report.h"
 
+#include "findings/SeverityText.h"
 #include "forecast/MomentText.h"
 #include "formats/CalendarNames.h"
 #include "formats/ExceptionCells.h"
@@ -80,7 +81,7 @@ class Section {
     }
     const std::string rule = RuleWords(control_.tables.rule, context_.texts);
     const std::string ids = "c" + std::to_string(number_) + "-";
-    return Inside(SvgOf(scene, LightPalette(), ids)) + HtmlElement("p", Text(text::kRuleAssumed)) +
+    return Inside(SvgOf(scene, LightPalette(), ids)) +
            (rule.empty() ? rule : HtmlElement("p", rule)) + table.Text(None());
   }
 
@@ -162,7 +163,7 @@ class Section {
                      Text(text::kReportCode)});
     for (const Finding& finding : control_.findings) {
       const FindingInfo& info = InfoOf(finding.kind);
-      table.Add({std::string(1, static_cast<char>(info.severity)), finding.place,
+      table.Add({Text(SeverityText(info.severity)), finding.place,
                  finding.Text(context_.texts, control_.tables.dayNames), std::string(info.code)});
     }
     const std::string missing = control_.tables.known.NotJudged(context_.texts);

@@ -83,7 +83,11 @@ class Placement {
       place_ = PlaceOf(form_);
     } else if (active) {
       placed_ = true;
-      if (!place_.IsEmpty()) Put(form_, place_);
+      if (place_.IsEmpty()) {
+        form_.Move(centred_);  // its size may not be known yet
+      } else {
+        Put(form_, place_);
+      }
     }
   }
 
@@ -112,6 +116,7 @@ class Placement {
     const int display = wxDisplay::GetFromPoint(middle);
     if (place.IsEmpty() || display == wxNOT_FOUND) {
       CenterForm(form_);
+      centred_ = form_.GetPosition();
     } else {
       const wxRect screen = wxDisplay(static_cast<unsigned>(display)).GetClientArea();
       wxSize size = place.GetSize();
@@ -131,6 +136,7 @@ class Placement {
   wxTopLevelWindow& form_;
   wxString group_;
   wxRect place_;
+  wxPoint centred_;  // used while the place is not known
   bool placed_ = false;
   bool maximized_ = false;
 };

@@ -7,7 +7,6 @@
 #include <wx/checkbox.h>
 #include <wx/choice.h>
 #include <wx/dialog.h>
-#include <wx/filedlg.h>
 #include <wx/gauge.h>
 #include <wx/sizer.h>
 #include <wx/spinctrl.h>
@@ -21,6 +20,7 @@
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "ui/AccessibleName.h"
+#include "ui/FileBox.h"
 #include "ui/Forms.h"
 #include "ui/Pictures.h"
 #include "ui/WxText.h"
@@ -114,7 +114,7 @@ class ReportForm final : public wxDialog {
     Build();
     CenterForm(*this);
     if (proc.settings.AlwaysOnTop) SetTopmost(*this, true);
-    HelpOnF1(*this, proc, kHelpPageStart);
+    HelpOnF1(*this, proc, kHelpPageApplies);
     Bind(
         wxEVT_BUTTON, [this](wxCommandEvent&) { Write(); }, wxID_OK);
     Bind(
@@ -131,13 +131,17 @@ class ReportForm final : public wxDialog {
   void Build() {
     const int gap = FromDIP(kGap);
     auto* const whole = new wxBoxSizer(wxVERTICAL);
+    auto* const nodes = new wxBoxSizer(wxHORIZONTAL);
+    const wxString of = ToWx(proc_.Text(text::kReportOf));
+    nodes->Add(new wxStaticText(this, wxID_ANY, of), 0, wxALIGN_CENTER_VERTICAL | wxRIGHT, gap);
     Choice_Node = new wxChoice(this, wxID_ANY);
     Choice_Node->SetName("Choice_Node");
-    SetAccessibleName(*Choice_Node, GetTitle());
+    SetAccessibleName(*Choice_Node, wxControl::RemoveMnemonics(of));
     Choice_Node->Append(ToWx(proc_.Text(text::kReportWholePlant)));
     if (selected_) Choice_Node->Append(ToWx(NodeName(proc_.tree, proc_.topics, *selected_)));
     Choice_Node->SetSelection(selected_ ? 1 : 0);
-    whole->Add(Choice_Node, 0, wxEXPAND | wxALL, gap);
+    nodes->Add(Choice_Node, 1);
+    whole->Add(nodes, 0, wxEXPAND | wxALL, gap);
     auto* const years = new wxBoxSizer(wxHORIZONTAL);
     const wxString caption = ToWx(proc_.Text(text::kCalendarCaption + 2));
     years->Add(new wxStaticText(this, wxID_ANY, caption), 0, wxALIGN_CENTER_VERTICAL | wxRIGHT,
@@ -186,9 +190,9 @@ class ReportForm final : public wxDialog {
 
   void Write() {
     const wxWeakRef<ReportForm> alive(this);
-    const wxString path = wxFileSelector(wxFileSelectorPromptStr, {}, GetTitle() + ".html", {},
-                                         ToWx(proc_.Text(text::kReportFiles)) + " (*.html)|*.html",
-                                         wxFD_SAVE | wxFD_OVERWRITE_PROMPT, this);
+    const std::string path = AskFileToWrite(
+        this, ToWx(proc_.Text(text::kSaveReport)), GetTitle() + ".html",
+        ToWx(proc_.Text(text::kReportFiles)) + " (*.html)|*.html", "html");
     if (path.empty() || !alive) return;
     ReportRun run(proc_, Check_Fetch->IsChecked());
     run_ = &run;
@@ -198,10 +202,9 @@ class ReportForm final : public wxDialog {
     std::string said;
     Icon icon = Icon::Exclamation;
     if (!run.cancelled && !run.Collector().IsEmpty()) {
-      const std::string file = path.utf8_string();
-      const auto error = proc_.files.Write(file, run.Collector().Page(Spin_Year->GetValue()));
+      const auto error = proc_.files.Write(path, run.Collector().Page(Spin_Year->GetValue()));
       said = error ? FileMessage(proc_.texts, *error)
-                   : Message(proc_.Text(text::kReportDone), {FromWx(path)});
+                   : Message(proc_.Text(text::kReportDone), {Windows1252FromUtf8(path)});
       if (!error && run.failures.empty()) icon = Icon::Information;
     }
     ShowBusy();

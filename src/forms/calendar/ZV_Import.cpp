@@ -1,5 +1,6 @@
 #include "forms/calendar/ZV_Import.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <vector>
@@ -8,7 +9,6 @@
 #include <wx/checklst.h>
 #include <wx/choice.h>
 #include <wx/dialog.h>
-#include <wx/filedlg.h>
 #include <wx/radiobut.h>
 #include <wx/sizer.h>
 #include <wx/spinctrl.h>
@@ -24,6 +24,7 @@
 #include "import/YearCopy.h"
 #include "lang/TextNumbers.h"
 #include "ui/AccessibleName.h"
+#include "ui/FileBox.h"
 #include "ui/Forms.h"
 #include "ui/Pictures.h"
 #include "ui/WxText.h"
@@ -32,8 +33,9 @@ namespace zek {
 namespace {
 
 constexpr int kGap = 8;
-constexpr int kColumns = 70;
+constexpr int kColumns = 80;
 constexpr int kLines = 18;
+constexpr std::size_t kColumnGap = 2;
 constexpr int kFirstSpecialDay = 8;
 constexpr int kDayTypeCaption = text::kCalendarCaption + 4;
 
@@ -44,6 +46,29 @@ ImportWindow WindowOf(const CalendarEditor& editor) {
   window.lastOfEndless = editor.Table().BaseYear() + kCalendarYears - 1;
   window.lastIsAsked = false;
   return window;
+}
+
+using Cells = std::array<std::string, 4>;  // date, day type, what happens, name
+
+// The name may be very long and comes last. A few long reasons do not move the other names.
+wxArrayString InColumns(const std::vector<Cells>& rows) {
+  constexpr std::size_t widest = 32;
+  std::array<std::size_t, 4> widths{};
+  for (const Cells& row : rows)
+    for (std::size_t at = 0; at + 1 < row.size(); ++at)
+      widths.at(at) = std::max(widths.at(at), std::min(row.at(at).size(), widest));
+  wxArrayString lines;
+  for (const Cells& row : rows) {
+    std::string line;
+    for (std::size_t at = 0; at < row.size(); ++at) {
+      line += row.at(at);
+      const std::size_t length = row.at(at).size();
+      if (widths.at(at) > 0)
+        line.append(kColumnGap + widths.at(at) - std::min(widths.at(at), length), ' ');
+    }
+    lines.Add(ToWx(line));
+  }
+  return lines;
 }
 
 class ImportForm final : public wxDialog {
@@ -206,20 +231,16 @@ class ImportForm final : public wxDialog {
                         WindowOf(editor_));
   }
 
-  std::string TextOf(const PreviewLine& line) const {
+  Cells CellsOf(const PreviewLine& line) const {
     const CalendarDate& date = line.date.date;
-    const bool conflict = line.effect == ImportEffect::Conflict;
-    std::string text = IsoDate(date.year, date.month + 1, date.day) + "  " +
-                       editor_.TypeCaption(line.date.type, proc_.texts) + "  ";
-    if (!line.date.name.empty()) text += line.date.name + "  ";
-    if (conflict) {
-      text += Message(proc_.Text(text::kImportConflict),
-                      {editor_.TypeCaption(line.present, proc_.texts)});
-    } else {
-      text +=
-          proc_.Text(line.effect == ImportEffect::Add ? text::kImportAdd : text::kImportAlready);
-    }
-    return text;
+    const std::string what =
+        line.effect == ImportEffect::Conflict
+            ? Message(proc_.Text(text::kImportConflict),
+                      {editor_.TypeCaption(line.present, proc_.texts)})
+            : proc_.Text(line.effect == ImportEffect::Add ? text::kImportAdd
+                                                          : text::kImportAlready);
+    return {IsoDate(date.year, date.month + 1, date.day),
+            editor_.TypeCaption(line.date.type, proc_.texts), what, line.date.name};
   }
 
   void ShowPreview() {
@@ -227,14 +248,14 @@ class ImportForm final : public wxDialog {
     lines_ = PreviewImport(editor_.Table(), dates.dates,
                            Choice_Type == nullptr ? kNoDayType : TypeIn(*Choice_Type, false));
     ticked_.assign(lines_.size(), false);
-    wxArrayString items;
-    for (const PreviewLine& line : lines_) items.Add(ToWx(TextOf(line)));
+    std::vector<Cells> rows;
+    for (const PreviewLine& line : lines_) rows.push_back(CellsOf(line));
     for (const SkippedItem& item : dates.skipped) {
-      const std::string why =
-          Message(proc_.Text(text::kImportSkipped), {item.reason.In(proc_.texts)});
-      items.Add(ToWx(item.name + "  " + why));
+      rows.push_back({"", "",
+                      Message(proc_.Text(text::kImportSkipped), {item.reason.In(proc_.texts)}),
+                      item.name});
     }
-    List_Dates->Set(items);
+    List_Dates->Set(InColumns(rows));
     for (std::size_t at = 0; at < lines_.size(); ++at)
       List_Dates->Check(static_cast<unsigned>(at), lines_[at].effect == ImportEffect::Add);
     ShowCount();
@@ -259,14 +280,15 @@ class ImportForm final : public wxDialog {
       if (lines_[at].effect == ImportEffect::Add || ticked_[at]) ++count;
     result_ = WithImported(editor_.Table(), lines_, ticked_);
     Command_Take->SetLabel(ToWx(Message(proc_.Text(text::kImportTake), {std::to_string(count)})));
-    const std::string why = count > 0 ? WhyNot() : std::string();
+    const std::string why = count > 0 || List_Dates->IsEmpty() ? WhyNot() : std::string();
     Command_Take->Enable(count > 0 && why.empty());
     Label_Full->SetLabel(ToWx(why));
     Layout();
   }
 
-  // Why the calendar can't have the dates: too many of them, or too many lines; or "".
+  // Why the calendar can't have the dates: none, too many of them, or too many lines; or "".
   std::string WhyNot() const {
+    if (List_Dates->IsEmpty()) return proc_.Text(text::kImportNoDates);
     if (!result_)
       return Message(proc_.Text(text::kCalendarFull), {std::to_string(kCalendarEntries)});
     const BuiltLines built = editor_.LinesOf(*result_);
@@ -301,10 +323,10 @@ class ImportForm final : public wxDialog {
 // Nothing, after a message, if nothing of the file can be imported, or if none was chosen.
 std::optional<ImportedDates> FromFile(wxWindow* parent, ZV_Proc& proc,
                                       const CalendarEditor& editor) {
-  const wxString path = wxFileSelector(wxFileSelectorPromptStr, {}, {}, {}, "*.ics;*.csv",
-                                       wxFD_OPEN | wxFD_FILE_MUST_EXIST, parent);
+  const std::string path = AskFileToRead(parent, ToWx(proc.Text(text::kImportOpen)),
+                                         ToWx(proc.Text(text::kImportFiles)));
   if (path.empty()) return std::nullopt;
-  const FileContent file = proc.files.Read(path.utf8_string());
+  const FileContent file = proc.files.Read(path);
   if (file.error) {
     proc.ToUser().Tell(*file.error);
     return std::nullopt;
@@ -314,7 +336,8 @@ std::optional<ImportedDates> FromFile(wxWindow* parent, ZV_Proc& proc,
         std::chrono::steady_clock::now().time_since_epoch());
   });
   if (!dates.refused) return dates;
-  proc.prompts.Show(Icon::Exclamation, dates.refused.In(proc.texts));
+  proc.prompts.Show(Icon::Exclamation,
+                    Windows1252FromUtf8(path) + "\r\n" + dates.refused.In(proc.texts));
   return std::nullopt;
 }
 

@@ -185,16 +185,26 @@ void DayGrid::OnPaint(wxPaintEvent& /*event*/) {
   dc.DrawRectangle(GetClientRect());
 }
 
+// All names are short where one would be cut.
+int DayGrid::HeadingTexts() const {
+  for (int column = 0; column < kDaysOfWeek; ++column) {
+    const int name = GetTextExtent(ToWx(texts_.Text(text::kWeekdayNames + column))).x;
+    if (name > CellAt(0, column).width - 2 * FromDIP(kPadding)) return text::kMonday;
+  }
+  return text::kWeekdayNames;
+}
+
 void DayGrid::DrawHeadings(wxDC& dc) const {
   dc.SetFont(GetFont());
   dc.SetTextForeground(System(wxSYS_COLOUR_BTNTEXT));
   dc.SetPen(*wxTRANSPARENT_PEN);
   dc.SetBrush(System(wxSYS_COLOUR_BTNFACE));
+  const int names = HeadingTexts();
   for (int column = 0; column < kDaysOfWeek; ++column) {
     const wxRect place = CellAt(0, column);
     dc.DrawRectangle(place);
-    dc.DrawLabel(ToWx(texts_.Text(text::kWeekdayNames + column)),
-                 wxRect(place).Deflate(FromDIP(kPadding), 0), wxALIGN_CENTER_VERTICAL);
+    dc.DrawLabel(ToWx(texts_.Text(names + column)), wxRect(place).Deflate(FromDIP(kPadding), 0),
+                 wxALIGN_CENTER_VERTICAL);
   }
 }
 

@@ -47,6 +47,7 @@ class DayGrid final : public wxControl {
   wxRect CellAt(int row, int column) const;
   std::optional<int> DayUnder(const wxPoint& point) const;
   void OnPaint(wxPaintEvent& event);
+  int HeadingTexts() const;
   void DrawHeadings(wxDC& dc) const;
   void DrawDay(wxDC& dc, const wxRect& place, int day, const DayColours& colours) const;
   void OnPress(wxMouseEvent& event);

@@ -37,6 +37,9 @@ class OvcGrid final : public EntryGrid {
   std::string CellText(std::size_t box) const override { return editor_.CellText(At(box)); }
   std::string ShownText(std::size_t box) const override { return editor_.ShownText(At(box)); }
   std::int32_t MarkOf(std::size_t box) const override { return editor_.MarkOf(At(box)); }
+  std::string DateNear(std::size_t box) const override {
+    return editor_.CellText({ExceptionBox::DateOn, At(box).row});
+  }
   const PickList& NamesOf(std::size_t box) const override { return editor_.NamesOf(At(box).box); }
   bool TakesMidnight(std::size_t box) const override { return editor_.TakesMidnight(At(box)); }
   std::optional<Lead> LeadOf(std::size_t box) const override;

@@ -1,30 +1,19 @@
-#include <wx/filedlg.h>
-#include <wx/filename.h>
-
 #include "comm/LogText.h"
 #include "forms/main/ZV_Main.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "text/Lines.h"
+#include "ui/FileBox.h"
 #include "ui/WxText.h"
 
 // Saving the log in a file, and opening a saved one.
 namespace zek {
 
 std::string ZV_Main::AskLogFile(bool save) {
-  wxFileDialog dialog(this, Label(save ? text::kLogSaveTitle : text::kLogOpenTitle), {}, {},
-                      Label(text::kLogFilter),
-                      save ? wxFD_SAVE | wxFD_OVERWRITE_PROMPT : wxFD_OPEN | wxFD_FILE_MUST_EXIST);
   const Working working(*this);
-  while (dialog.ShowModal() == wxID_OK) {
-    wxFileName file(dialog.GetPath());
-    const bool complete = !save || file.HasExt();
-    if (!complete) file.SetExt("txt");
-    // The dialog asked about the name without the extension. It asks again if this one exists.
-    if (complete || !file.FileExists()) return file.GetFullPath().utf8_string();
-    dialog.SetPath(file.GetFullPath());
-  }
-  return {};
+  const wxString filter = Label(text::kLogFilter);
+  return save ? AskFileToWrite(this, Label(text::kLogSaveTitle), {}, filter, "txt")
+              : AskFileToRead(this, Label(text::kLogOpenTitle), filter);
 }
 
 void ZV_Main::SaveLog() {

@@ -1,5 +1,7 @@
 #include "forms/several/ChangesPanel.h"
 
+#include <wx/wrapsizer.h>
+
 #include "formats/CalendarNames.h"
 #include "formats/CalendarTable.h"
 #include "lang/TextNumbers.h"
@@ -46,7 +48,7 @@ void ChangesPanel::Build() {
   head->Add(Choice_Change);
   auto* const whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(head, 0, wxEXPAND | wxBOTTOM, gap);
-  whole->Add(Days(), 0, wxBOTTOM, gap);
+  whole->Add(Days(), 0, wxEXPAND);
   whole->Add(Boxes(), 0, wxBOTTOM, gap);
   Label_Wrong = new wxStaticText(this, wxID_ANY, {});
   Label_Wrong->SetName("Label_Wrong");
@@ -60,15 +62,20 @@ void ChangesPanel::Build() {
   SetSizer(whole);
 }
 
+// The weekdays above the special days, whose names may need several lines.
 wxSizer* ChangesPanel::Days() {
-  auto* const days =
-      new wxFlexGridSizer(static_cast<int>(kDaysOfType), FromDIP(kGap) / 2, 2 * FromDIP(kGap));
+  auto* const days = new wxBoxSizer(wxVERTICAL);
+  wxSizer* row = nullptr;
   for (std::size_t day = 0; day < Check_Day.size(); ++day) {
+    if (day % kDaysOfType == 0) {
+      row = new wxWrapSizer(wxHORIZONTAL, wxWRAPSIZER_DEFAULT_FLAGS & ~wxEXTEND_LAST_ON_EACH_LINE);
+      days->Add(row, 0, wxEXPAND);
+    }
     auto*& box = Check_Day.at(day);
     box = new wxCheckBox(this, wxID_ANY,
                          ToWx(DayTypeCaption(static_cast<int>(day) + 1, proc_.texts, dayNames_)));
     box->SetName("Check_Day" + std::to_string(day));
-    days->Add(box);
+    row->Add(box, 0, wxRIGHT | wxBOTTOM, FromDIP(kGap));
     parts_.emplace_back(ChangeField::Days, box);
   }
   return days;
@@ -93,6 +100,9 @@ wxSizer* ChangesPanel::Boxes() {
   OfferDates(*NewBox("Text_From", kDate, text::kReportFrom, ChangeField::FirstDate));
   NewBox("Text_StartTime", kTime, text::kWeekdayCaption + 2, ChangeField::Start);
   OfferValues(*NewBox("Text_Value", kValue, text::kWeekdayCaption + 4, ChangeField::Value));
+  OfferDates(*NewBox("Text_To", kDate, text::kReportTo, ChangeField::LastDate));
+  NewBox("Text_StopTime", kTime, text::kWeekdayCaption + 3, ChangeField::Stop);
+  OfferValues(*NewBox("Text_StopValue", kValue, text::kWeekdayCaption + 5, ChangeField::StopValue));
   auto* const label = new wxStaticText(this, wxID_ANY, ToWx(proc_.Text(text::kReportType)));
   Choice_DayType = new wxChoice(this, wxID_ANY);
   Choice_DayType->SetName("Choice_DayType");
@@ -102,18 +112,24 @@ wxSizer* ChangesPanel::Boxes() {
   Choice_DayType->SetSelection(kFirstSpecialDay - 1);
   parts_.emplace_back(ChangeField::Type, label);
   parts_.emplace_back(ChangeField::Type, Choice_DayType);
-  OfferDates(*NewBox("Text_To", kDate, text::kReportTo, ChangeField::LastDate));
-  NewBox("Text_StopTime", kTime, text::kWeekdayCaption + 3, ChangeField::Stop);
-  OfferValues(*NewBox("Text_StopValue", kValue, text::kWeekdayCaption + 5, ChangeField::StopValue));
-  for (const auto& [field, part] : parts_)
-    if (field != ChangeField::Days) grid->Add(part, 0, wxALIGN_CENTER_VERTICAL);
+  constexpr std::size_t ofStart = 6;  // three boxes with their labels
+  for (const auto& [field, part] : parts_) {
+    if (field == ChangeField::Days) continue;
+    if (grid->GetItemCount() == ofStart) {
+      grid->AddSpacer(0);  // above the day type, which comes after both dates
+      grid->AddSpacer(0);
+    }
+    grid->Add(part, 0, wxALIGN_CENTER_VERTICAL);
+  }
   return grid;
 }
 
 void ChangesPanel::OfferDates(EntryBox& box) {
   box.Offer(
       [this, &box] {
-        return NewDropCalendar(box.Text(), box.Typed(), proc_.texts,
+        const std::string typed = box.Typed();
+        const std::string near = boxes_.at(ChangeField::FirstDate)->Typed();
+        return NewDropCalendar(box.Text(), typed.empty() ? near : typed, proc_.texts,
                                [&box](const std::string& date) { box.ShowText(date); });
       },
       {}, false);

@@ -27,7 +27,7 @@ struct Column {
 constexpr std::array<Column, 4> kColumns{{{text::kSeveralResult, 15},
                                           {text::kColumnControl, 18},
                                           {text::kHistoryKind, 12},
-                                          {text::kReportText, 60}}};
+                                          {text::kPlanRemark, 60}}};
 
 }  // namespace
 
@@ -117,7 +117,7 @@ void PlanPanel::ShowLines() {
     List_Plan->InsertItem(row, ToWx(ResultOf(line, proc_.texts)));
     List_Plan->SetItem(row, 1, ToWx(line.node));
     List_Plan->SetItem(row, 2, ToWx(CatalogueOf(line, proc_.texts)));
-    List_Plan->SetItem(row, 3, ToWx(RemarkOf(line)));
+    List_Plan->SetItem(row, 3, ToWx(RemarkOf(line, proc_.texts)));
     if (run_.IsBusy()) List_Plan->EnsureVisible(row);
   }
   Gauge_Plan->SetRange(std::max(static_cast<int>(run_.Total()), 1));
@@ -158,7 +158,9 @@ std::optional<LocalTime> PlanPanel::ChosenTime() {
   }
   const bool past = chosen && SecondsBetween(proc_.now(), *chosen) < 0;
   Text_StartDate->Mark(date ? wxString() : ToWx(proc_.Text(text::kDateHint)));
-  Text_StartClock->Mark(time && !past ? wxString() : ToWx(proc_.Text(text::kTimeHint)));
+  Text_StartClock->Mark(time && !past
+                            ? wxString()
+                            : ToWx(proc_.Text(past ? text::kSeveralPast : text::kTimeHint)));
   if (!date || !time || past) {
     (date ? Text_StartClock : Text_StartDate)->Focus();
     return std::nullopt;

@@ -4,7 +4,6 @@
 #include <memory>
 
 #include <wx/button.h>
-#include <wx/filedlg.h>
 #include <wx/simplebook.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
@@ -21,6 +20,7 @@
 #include "lang/TextNumbers.h"
 #include "plan/PlanRun.h"
 #include "plan/PlanWords.h"
+#include "ui/FileBox.h"
 #include "ui/FormDialog.h"
 #include "ui/Forms.h"
 #include "ui/InputBlock.h"
@@ -289,11 +289,11 @@ class SeveralForm final : public FormDialog {
 
   void SaveReport() {
     const wxWeakRef<SeveralForm> alive(this);
-    const wxString path =
-        wxFileSelector(wxFileSelectorPromptStr, {}, ToWx(SeveralTitle(proc_.texts)) + ".txt", {},
-                       "*.txt", wxFD_SAVE | wxFD_OVERWRITE_PROMPT, this);
+    const std::string path =
+        AskFileToWrite(this, Text(text::kSaveReport), ToWx(SeveralTitle(proc_.texts)) + ".txt",
+                       Text(text::kLogFilter), "txt");
     if (path.empty() || !alive) return;
-    const auto error = proc_.files.Write(path.utf8_string(), run_.Report(plan_->State()));
+    const auto error = proc_.files.Write(path, run_.Report(plan_->State()));
     if (error) proc_.ToUser().Tell(*error);
   }
 
