@@ -49,7 +49,7 @@ EntryBox::EntryBox(wxWindow* parent, const std::string& name, const wxString& wi
   text_->SetFont(FixedFont());
   text_->SetMaxLength(kLongestEntry);
   text_->SetEditable(editable);
-  text_->SetMinSize({text_->GetTextExtent(widest).x + FromDIP(kMargin), -1});
+  width_ = text_->GetTextExtent(widest).x + FromDIP(kMargin);
   auto* const inside = new wxBoxSizer(wxHORIZONTAL);
   inside->Add(text_, 1, wxALIGN_CENTER_VERTICAL | wxALL, FromDIP(kBorder));
   room_ = inside->Add(0, 0);
@@ -136,6 +136,8 @@ void EntryBox::SetSpokenName(const wxString& name) {
 void EntryBox::Mark(const wxString& why) {
   const int width = (drop_ ? kArrow : 0) + (why.empty() ? 0 : kSign);
   room_->SetMinSize(FromDIP(width), 0);
+  // The sign takes its room from the text: with a mark the window must not become wider.
+  text_->SetMinSize({width_ - (why.empty() ? 0 : FromDIP(kSign)), -1});
   if (why_ != why) {
     why_ = why;
     ShowSpokenName();

@@ -51,6 +51,7 @@ class EntryBox final : public wxPanel {
   void ShowGround();
 
   wxTextCtrl* text_;
+  int width_ = 0;                // of the text, without a mark
   wxSizerItem* room_ = nullptr;  // for the sign and the arrow
   std::function<DropDown*()> drop_;
   wxWeakRef<DropDown> open_;

@@ -1,10 +1,11 @@
 #include "forms/calendar/ZV_SDC.h"
 
+#include <algorithm>
 #include <functional>
 #include <vector>
 
 #include <wx/accel.h>
-#include <wx/gdicmn.h>
+#include <wx/display.h>
 #include <wx/weakref.h>
 
 #include "lang/TextNumbers.h"
@@ -74,8 +75,13 @@ void ZV_SDC::ShowYearView(bool year) {
   SetMinSize(wxDefaultSize);
   wxSize size = GetSize();
   size.IncTo(GetSizer()->ComputeFittingWindowSize(this));
-  size.DecTo(wxGetClientDisplayRect().GetSize());
-  SetSize(size);
+  const wxRect screen = wxDisplay(this).GetClientArea();
+  size.DecTo(screen.GetSize());
+  const wxPoint last = screen.GetBottomRight() - size + wxSize(1, 1);
+  const wxPoint at = GetPosition();
+  SetSize(wxRect(
+      {std::max(screen.x, std::min(at.x, last.x)), std::max(screen.y, std::min(at.y, last.y))},
+      size));
   Layout();
   ShowAll();
   FocusEntry();
