@@ -30,7 +30,8 @@ void TellCrashes(ZV_Proc& proc) {
     return before.find(name) == std::string::npos;
   };
   const auto newest = std::find_if(reports.rbegin(), reports.rend(), isNew);
-  proc.files.Write(folder + kToldFile, names);
+  // What an unattended run tells may be read by nobody.
+  if (proc.prompts.Attended()) proc.files.Write(folder + kToldFile, names);
   if (newest == reports.rend()) return;
   const std::string message =
       proc.ToUser().Text(text::kCrashed, {Windows1252FromUtf8(folder + *newest)});

@@ -62,7 +62,9 @@ class TerminalProgress {
 // never tick, so that no wait would end.
 bool HasSockets() {
   const wxLogNull quiet;
-  return wxSocketBase::Initialize();
+  if (wxSocketBase::Initialize()) return true;
+  std::cerr << "zekview-cli: this session of the system has no sockets\n";
+  return false;
 }
 
 class Application final : public wxAppConsole {
@@ -112,10 +114,7 @@ class Application final : public wxAppConsole {
     if (arguments_.command == "password") {
       return SetTagPassword(files, iniPath + kSettingsFile, std::cin, {std::cout, std::cerr});
     }
-    if (arguments_.Contacts() && !HasSockets()) {
-      std::cerr << "zekview-cli: this session of the system has no sockets\n";
-      return kFailed;
-    }
+    if (arguments_.Contacts() && !HasSockets()) return kFailed;
     CliPrompts prompts(std::cerr);
     SystemSession session(programPath, iniPath, prompts);
     ZV_Proc& proc = session.proc;
@@ -127,7 +126,7 @@ class Application final : public wxAppConsole {
     const TerminalProgress progress(proc, wanted);
     // Transfers and exports must end properly. Until then the program may block in its input, where
     // it would ignore interrupts.
-    Console console{proc, prompts, std::cin, std::cout, std::cerr, CatchInterrupts};
+    Console console{proc, prompts, std::cin, std::cout, std::cerr, CatchInterrupts, HasSockets};
     const auto ended = StartCommands(console, arguments_);
     if (!ended) TellUnlessWritable(proc);
     const ExitStatus status = ended ? *ended : RunCommand(console, arguments_);

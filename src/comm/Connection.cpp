@@ -192,6 +192,7 @@ void Connection::OnReplyLine(std::string_view line) {
   if (p_.transfer.Kind != TransferKind::Idle && CurrentTopic >= 0) {
     p_.status.Dot();
     p_.transfer.TakeReplyLine(line, p_.countdowns, p_.settings.GetTSCTimeoutTicks);
+    HideSecret();
   }
   if (!timed_ || lineBegan_) TimeLine();
   if (secret_.empty()) {
@@ -199,6 +200,12 @@ void Connection::OnReplyLine(std::string_view line) {
   } else {
     p_.log.AddReply(WithoutSecret(line, secret_));
   }
+}
+
+// Messages repeat a refusal.
+void Connection::HideSecret() {
+  std::string& refusal = p_.transfer.Refusal;
+  if (!refusal.empty()) refusal = WithoutSecret(refusal, secret_);
 }
 
 void Connection::OnLineBegun() { lineBegan_ = p_.log.Now(); }

@@ -112,6 +112,7 @@ class Connection final : private LinkEvents, private ReplyEvents {
   bool Write(std::string_view command);
   void LogSent(std::string_view command);
   void TimeLine();
+  void HideSecret();
   void AwaitFirstLine(const Attempt& command);
   void TickIdle();
   Link& CurrentLink() const { return links_.To(CurrentAddress); }
@@ -132,7 +133,7 @@ class Connection final : private LinkEvents, private ReplyEvents {
   ConnectionParts p_;
   Links links_;
   ReplyReader reader_;
-  std::string secret_;                  // what the log must not show of the text that is being read
+  std::string secret_;                  // what nobody must see of the text that is being read
   bool timed_ = false;                  // the log knows when that text came
   std::optional<LocalTime> lineBegan_;  // the unfinished line
   Steps steps_;                         // left of opening or closing a link

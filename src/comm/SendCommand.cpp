@@ -54,7 +54,9 @@ void Connection::AwaitFirstLine(const Attempt& command) {
     return ReplyLine.empty() && command.IsLatest() && attempt.IsLatest() &&
            CurrentLink().IsConnected();
   });
-  if (command.IsLatest()) p_.transfer.TakeFirstLine(ReplyLine);
+  if (!command.IsLatest()) return;
+  p_.transfer.TakeFirstLine(ReplyLine);
+  HideSecret();
 }
 
 }  // namespace zek

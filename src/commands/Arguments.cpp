@@ -280,7 +280,7 @@ Arguments ParseArguments(const std::vector<std::string>& arguments) {
 bool Arguments::Contacts() const {
   constexpr auto remote =
       std::to_array<std::string_view>({"send", "get", "put", "export", "timeline", "explain",
-                                       "next", "lint", "report", "plan", "apply", "import"});
+                                       "next", "lint", "report", "plan", "apply"});
   const bool undo = command == "history" && operands.size() > 2 && operands[2] == kUndoAction;
   const bool contacts = undo || std::find(remote.begin(), remote.end(), command) != remote.end();
   return contacts && !local && !noSend;

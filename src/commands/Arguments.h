@@ -42,7 +42,7 @@ struct Arguments {
   std::string help;       // with --help: the text to print, else ""
   std::string error;      // error in the command line, or ""
 
-  /// True if the command may contact a controller.
+  /// True if the command may contact a controller; but `import` does only without a local copy.
   bool Contacts() const;
 };
 

@@ -208,8 +208,7 @@ ExitStatus Run(Console& console, const Arguments& arguments) {
 std::optional<ExitStatus> StartCommands(Console& console, const Arguments& arguments) {
   ZV_Proc& proc = console.proc;
   StartOptions options;
-  // An import contacts nothing where there is a local copy.
-  options.contacts = arguments.Contacts() && arguments.command != "import";
+  options.contacts = arguments.Contacts();
   if (arguments.local) options.switches = "/LOCAL";
   options.sessionFile = arguments.session;
   options.chooseLanguage = [&] {

@@ -23,6 +23,8 @@ struct Console {
   std::ostream& err;
   /// Called when the command has read its input: from now on it blocks no more.
   std::function<void()> hasInput = [] {};
+  /// Tells if the system has sockets, without which no wait ends. For a command that may need them.
+  std::function<bool()> hasSockets = [] { return true; };
 };
 
 /// The streams of a command that needs no session.

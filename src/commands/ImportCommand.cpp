@@ -100,7 +100,8 @@ class Importer {
   // Without --write a fetched calendar is not kept either.
   std::optional<CatalogueContent> Base(bool write) {
     if (proc_.copies.Exists(id_)) return proc_.catalogues.GetCatalogue(id_, CopyUse::Take);
-    if (!proc_.settings.LocalMode && !NeedTags(proc_)) return std::nullopt;
+    if (!proc_.settings.LocalMode && (!console_.hasSockets() || !NeedTags(proc_)))
+      return std::nullopt;
     return write ? proc_.catalogues.GetCatalogue(id_, CopyUse::PassOver)
                  : proc_.catalogues.Look(id_);
   }

@@ -58,6 +58,12 @@ TEST(StartSession, ToldOfThePasswordAndOfCrashesOnce) {
     session.prompts.shown.clear();
     StartOptions options;
     options.chooseLanguage = [] { return true; };
+    {  // a start that nobody sees
+      LogPrompts nobody([](const std::string&) {});
+      const PromptsInstead instead(session.proc.prompts, nobody);
+      ASSERT_FALSE(StartSession(session.proc, options).has_value());
+      session.proc.log.Replace({});
+    }
     for (const bool first : {true, false}) {
       ASSERT_FALSE(StartSession(session.proc, options).has_value());
       const bool told = first || each.reports == 0;

@@ -64,7 +64,8 @@ class TagSession : public test::TestSession {
     tags.refused = mood.refused;
     tags.echoes = mood.echoes;
     if (!mood.readsEcho) return;
-    for (int i = 0; i < 40; ++i) tags.replies.push_back("0001>log-on " + password + " ok\r\n");
+    for (int i = 0; i < 400; ++i)
+      tags.replies.push_back((i % 2 == 0 ? "0001>log-on " : "0001>ERROR ") + password + " ok\r\n");
   }
 
   // Does everything that a user can do in tag mode.

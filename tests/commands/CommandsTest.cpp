@@ -40,6 +40,7 @@ class CommandPlayer : public test::SessionPlayer {
       while (file.size() < size) file += what == "long" ? "aaaaaaaaa" : "aaaaaaaaa\r\n ";
     }
     if (what == "no-tags") tags.exists = false;
+    if (what == "no-sockets") hasSockets_ = false;
     if (what == "tag-reply") {
       tags.replies.resize(std::stoul(rest.substr(0, rest.find(' '))));  // polls without a reply
       tags.replies.push_back(rest.substr(rest.find(' ') + 1));
@@ -67,7 +68,7 @@ class CommandPlayer : public test::SessionPlayer {
     program.settings.ProgramPath = "/zek/";
     program.settings.IniPath = "/ini/";
     turn.tick = [&program] { program.Tick(); };
-    Console console{program, cliPrompts, in, out, err};
+    Console console{program, cliPrompts, in, out, err, [] {}, [this] { return hasSockets_; }};
     const auto ended = StartCommands(console, arguments);
     const ExitStatus status = ended ? *ended : RunCommand(console, arguments);
     turn.tick = [] {};
@@ -105,6 +106,7 @@ class CommandPlayer : public test::SessionPlayer {
 
   std::string input_;
   std::string events_;
+  bool hasSockets_ = true;
 };
 
 TEST(Commands, Cases) {
