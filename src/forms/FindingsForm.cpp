@@ -10,6 +10,7 @@
 #include <wx/weakref.h>
 
 #include "findings/FindingKinds.h"
+#include "findings/SeverityText.h"
 #include "forms/ZV_Help.h"
 #include "lang/TextNumbers.h"
 #include "text/Controls.h"
@@ -33,11 +34,6 @@ constexpr std::array<Column, 5> kColumns{{{text::kColumnControl, 18},
                                           {text::kFindingPlace, 20},
                                           {text::kFindingText, 60},
                                           {text::kFindingCode, 20}}};
-
-std::int32_t SeverityText(Severity severity) {
-  if (severity == Severity::Error) return text::kSeverityError;
-  return severity == Severity::Warning ? text::kSeverityWarning : text::kSeverityInformation;
-}
 
 class FindingsForm final : public wxDialog {
  public:

@@ -1,5 +1,6 @@
 #include "report/Report.h"
 
+#include "findings/SeverityText.h"
 #include "forecast/MomentText.h"
 #include "formats/CalendarNames.h"
 #include "formats/ExceptionCells.h"
@@ -79,8 +80,7 @@ class Section {
                  words.Source(stretch.applied.source, schedule_)});
     }
     const std::string ids = "c" + std::to_string(number_) + "-";
-    return Inside(SvgOf(scene, LightPalette(), ids)) + HtmlElement("p", Text(text::kRuleAssumed)) +
-           table.Text(None());
+    return Inside(SvgOf(scene, LightPalette(), ids)) + table.Text(None());
   }
 
   std::string Weekdays() const {
@@ -161,7 +161,7 @@ class Section {
                      Text(text::kReportCode)});
     for (const Finding& finding : control_.findings) {
       const FindingInfo& info = InfoOf(finding.kind);
-      table.Add({std::string(1, static_cast<char>(info.severity)), finding.place,
+      table.Add({Text(SeverityText(info.severity)), finding.place,
                  finding.Text(context_.texts, control_.tables.dayNames), std::string(info.code)});
     }
     return table.Text(None());
