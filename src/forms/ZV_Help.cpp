@@ -33,6 +33,17 @@ struct HelpPage {
   std::string text;
 };
 
+// Where a line goes on that does not fit: below its text, which comes after a number, or in a
+// column after a key.
+std::size_t HangOf(std::string_view line) {
+  const std::size_t begin = line.find_first_not_of(' ');
+  if (begin == std::string_view::npos || begin == 0) return 0;
+  const std::size_t column = line.find("  ", begin);
+  if (column != std::string_view::npos) return line.find_first_not_of(' ', column);
+  const std::size_t number = line.find(". ", begin);
+  return number == begin + 1 ? number + 2 : begin;
+}
+
 std::vector<HelpPage> PagesOf(std::string_view file) {
   std::vector<HelpPage> pages;
   while (!file.empty()) {
@@ -60,7 +71,7 @@ class HelpForm final : public wxDialog {
     SetAccessibleName(*List_Pages, GetTitle());
     for (const HelpPage& each : pages_) List_Pages->Append(ToWx(each.title));
     Text_Page = new wxTextCtrl(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
-                               wxTE_MULTILINE | wxTE_READONLY | wxTE_BESTWRAP);
+                               wxTE_MULTILINE | wxTE_READONLY | wxTE_BESTWRAP | wxTE_RICH2);
     Text_Page->SetName("Text_Page");
     Text_Page->SetFont(FixedFont());  // the pages have columns
     auto* const both = new wxBoxSizer(wxHORIZONTAL);
@@ -87,8 +98,25 @@ class HelpForm final : public wxDialog {
   void ShowPage() {
     const int page = List_Pages->GetSelection();
     if (page == wxNOT_FOUND) return;
-    Text_Page->ChangeValue(ToWx(pages_.at(static_cast<std::size_t>(page)).text));
+    const std::string& text = pages_.at(static_cast<std::size_t>(page)).text;
+    Text_Page->ChangeValue(ToWx(text));
+    std::string_view rest = text;
+    long at = 0;
+    while (!rest.empty()) {
+      const std::string_view line = TakeLine(rest);
+      const long end = at + static_cast<long>(line.size());
+      Hang(at, end, HangOf(line));
+      at = end + 1;
+    }
     Text_Page->SetInsertionPoint(0);
+  }
+
+  void Hang(long from, long to, std::size_t columns) {
+    constexpr int inch = 254;  // tenths of a millimetre
+    wxTextAttr style;
+    style.SetLeftIndent(
+        0, static_cast<int>(columns) * Text_Page->GetTextExtent("0").x * inch / GetDPI().x);
+    Text_Page->SetStyle(from, to, style);
   }
 
   std::vector<HelpPage> pages_;
