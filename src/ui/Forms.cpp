@@ -46,9 +46,18 @@ wxRect PlaceOf(wxTopLevelWindow& form) {
 #endif
 }
 
-void Put(wxTopLevelWindow& form, const wxRect& place) {
+// The toolkit's `Move` would set a size, too, which may not be known yet.
+void PutAt(wxTopLevelWindow& form, const wxPoint& place) {
 #ifdef __WXGTK__
   gtk_window_move(GTK_WINDOW(form.GetHandle()), place.x, place.y);
+#else
+  form.Move(place);
+#endif
+}
+
+void Put(wxTopLevelWindow& form, const wxRect& place) {
+#ifdef __WXGTK__
+  PutAt(form, place.GetPosition());
   gtk_window_resize(GTK_WINDOW(form.GetHandle()), place.width, place.height);
 #else
   form.SetSize(place);
@@ -73,7 +82,11 @@ class Placement {
       place_ = PlaceOf(form_);
     } else if (active) {
       placed_ = true;
-      if (!place_.IsEmpty()) Put(form_, place_);
+      if (place_.IsEmpty()) {
+        PutAt(form_, centred_);
+      } else {
+        Put(form_, place_);
+      }
     }
   }
 
@@ -102,6 +115,7 @@ class Placement {
     const int display = wxDisplay::GetFromPoint(middle);
     if (place.IsEmpty() || display == wxNOT_FOUND) {
       CenterForm(form_);
+      centred_ = form_.GetPosition();
     } else {
       const wxRect screen = wxDisplay(static_cast<unsigned>(display)).GetClientArea();
       wxSize size = place.GetSize();
@@ -120,6 +134,7 @@ class Placement {
   wxTopLevelWindow& form_;
   wxString group_;
   wxRect place_;
+  wxPoint centred_;  // used while the place is not known
   bool placed_ = false;
   bool maximized_ = false;
 };
