@@ -20,9 +20,9 @@ constexpr std::string_view kProgram =
 
 constexpr std::string_view kDisconnect =
     R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 24 24">
-<g fill="none" stroke="#4a5560" stroke-width="2" stroke-linecap="round">
+<g fill="none" stroke="#75828e" stroke-width="2" stroke-linecap="round">
 <path d="M2 12 H6"/><path d="M18 12 H22"/></g>
-<path d="M6 7 H9 V17 H6 Z" fill="#4a5560"/><path d="M15 7 H18 V17 H15 Z" fill="#4a5560"/>
+<path d="M6 7 H9 V17 H6 Z" fill="#75828e"/><path d="M15 7 H18 V17 H15 Z" fill="#75828e"/>
 <path d="M10 4 L14 20" stroke="#c0392b" stroke-width="2" stroke-linecap="round"/>
 </svg>)";
 
@@ -35,7 +35,7 @@ constexpr std::string_view kCatalogues =
 
 constexpr std::string_view kClear =
     R"(<svg xmlns="http://www.w3.org/2000/svg" viewBox="0 0 24 24">
-<rect x="4" y="3" width="16" height="18" rx="2" fill="#ffffff" stroke="#4a5560" stroke-width="2"/>
+<rect x="4" y="3" width="16" height="18" rx="2" fill="#ffffff" stroke="#75828e" stroke-width="2"/>
 <g stroke="#c0392b" stroke-width="2" stroke-linecap="round">
 <path d="M9 9 L15 15"/><path d="M15 9 L9 15"/></g>
 </svg>)";

@@ -34,12 +34,12 @@ constexpr std::string_view kApplies =
  stroke-width="2"/><path d="M5 8 H14 M9 12 H19 M5 16 H11" stroke="#1f5f8b" stroke-width="3"/>)";
 
 constexpr std::string_view kHistory =
-    R"(<path d="M5 12 a8 8 0 1 1 2.5 5.8" fill="none" stroke="#4a5560" stroke-width="2"/>
-<path d="M1.5 10 L5 14 L8.5 10 Z" fill="#4a5560"/><path d="M13 8 V13 L16 15" fill="none"
- stroke="#4a5560" stroke-width="2" stroke-linecap="round"/>)";
+    R"(<path d="M5 12 a8 8 0 1 1 2.5 5.8" fill="none" stroke="#75828e" stroke-width="2"/>
+<path d="M1.5 10 L5 14 L8.5 10 Z" fill="#75828e"/><path d="M13 8 V13 L16 15" fill="none"
+ stroke="#75828e" stroke-width="2" stroke-linecap="round"/>)";
 
 constexpr std::string_view kExport =
-    R"(<path d="M5 3 H14 L19 8 V21 H5 Z" fill="#ffffff" stroke="#4a5560" stroke-width="2"
+    R"(<path d="M5 3 H14 L19 8 V21 H5 Z" fill="#ffffff" stroke="#75828e" stroke-width="2"
  stroke-linejoin="round"/><path d="M12 10 V17 M8.5 14 L12 17.5 L15.5 14" fill="none"
  stroke="#1f5f8b" stroke-width="2"/>)";
 
