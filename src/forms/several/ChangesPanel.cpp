@@ -15,6 +15,7 @@ constexpr int kListWidth = 500;
 constexpr int kListHeight = 110;
 constexpr int kFirstSpecialDay = 8;
 constexpr int kBoxColumns = 4;
+constexpr int kSpecialDayColumns = 4;
 constexpr const char* kDate = "2026-12-24 ";
 constexpr const char* kTime = "00:00 ";
 constexpr const char* kValue = "-1234.567 ";
@@ -46,7 +47,7 @@ void ChangesPanel::Build() {
   head->Add(Choice_Change);
   auto* const whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(head, 0, wxEXPAND | wxBOTTOM, gap);
-  whole->Add(Days(), 0, wxBOTTOM, gap);
+  whole->Add(Days(), 0, wxBOTTOM, gap / 2);
   whole->Add(Boxes(), 0, wxBOTTOM, gap);
   Label_Wrong = new wxStaticText(this, wxID_ANY, {});
   Label_Wrong->SetName("Label_Wrong");
@@ -60,15 +61,21 @@ void ChangesPanel::Build() {
   SetSizer(whole);
 }
 
+// The weekdays above the special days, whose names may be long.
 wxSizer* ChangesPanel::Days() {
-  auto* const days =
-      new wxFlexGridSizer(static_cast<int>(kDaysOfType), FromDIP(kGap) / 2, 2 * FromDIP(kGap));
+  auto* const days = new wxBoxSizer(wxVERTICAL);
+  wxSizer* row = nullptr;
   for (std::size_t day = 0; day < Check_Day.size(); ++day) {
+    if (day % kDaysOfType == 0) {
+      const int columns = day == 0 ? static_cast<int>(kDaysOfType) : kSpecialDayColumns;
+      row = new wxFlexGridSizer(columns, FromDIP(kGap) / 2, 2 * FromDIP(kGap));
+      days->Add(row, 0, wxBOTTOM, FromDIP(kGap) / 2);
+    }
     auto*& box = Check_Day.at(day);
     box = new wxCheckBox(this, wxID_ANY,
                          ToWx(DayTypeCaption(static_cast<int>(day) + 1, proc_.texts, dayNames_)));
     box->SetName("Check_Day" + std::to_string(day));
-    days->Add(box);
+    row->Add(box);
     parts_.emplace_back(ChangeField::Days, box);
   }
   return days;
@@ -93,6 +100,9 @@ wxSizer* ChangesPanel::Boxes() {
   OfferDates(*NewBox("Text_From", kDate, text::kReportFrom, ChangeField::FirstDate));
   NewBox("Text_StartTime", kTime, text::kWeekdayCaption + 2, ChangeField::Start);
   OfferValues(*NewBox("Text_Value", kValue, text::kWeekdayCaption + 4, ChangeField::Value));
+  OfferDates(*NewBox("Text_To", kDate, text::kReportTo, ChangeField::LastDate));
+  NewBox("Text_StopTime", kTime, text::kWeekdayCaption + 3, ChangeField::Stop);
+  OfferValues(*NewBox("Text_StopValue", kValue, text::kWeekdayCaption + 5, ChangeField::StopValue));
   auto* const label = new wxStaticText(this, wxID_ANY, ToWx(proc_.Text(text::kReportType)));
   Choice_DayType = new wxChoice(this, wxID_ANY);
   Choice_DayType->SetName("Choice_DayType");
@@ -102,11 +112,15 @@ wxSizer* ChangesPanel::Boxes() {
   Choice_DayType->SetSelection(kFirstSpecialDay - 1);
   parts_.emplace_back(ChangeField::Type, label);
   parts_.emplace_back(ChangeField::Type, Choice_DayType);
-  OfferDates(*NewBox("Text_To", kDate, text::kReportTo, ChangeField::LastDate));
-  NewBox("Text_StopTime", kTime, text::kWeekdayCaption + 3, ChangeField::Stop);
-  OfferValues(*NewBox("Text_StopValue", kValue, text::kWeekdayCaption + 5, ChangeField::StopValue));
-  for (const auto& [field, part] : parts_)
-    if (field != ChangeField::Days) grid->Add(part, 0, wxALIGN_CENTER_VERTICAL);
+  constexpr std::size_t ofStart = 6;  // three boxes with their labels
+  for (const auto& [field, part] : parts_) {
+    if (field == ChangeField::Days) continue;
+    if (grid->GetItemCount() == ofStart) {
+      grid->AddSpacer(0);  // above the day type, which comes after both dates
+      grid->AddSpacer(0);
+    }
+    grid->Add(part, 0, wxALIGN_CENTER_VERTICAL);
+  }
   return grid;
 }
 
