@@ -46,9 +46,18 @@ wxRect PlaceOf(wxTopLevelWindow& form) {
 #endif
 }
 
-void Put(wxTopLevelWindow& form, const wxRect& place) {
+// The toolkit's `Move` would set a size, too, which may not be known yet.
+void PutAt(wxTopLevelWindow& form, const wxPoint& place) {
 #ifdef __WXGTK__
   gtk_window_move(GTK_WINDOW(form.GetHandle()), place.x, place.y);
+#else
+  form.Move(place);
+#endif
+}
+
+void Put(wxTopLevelWindow& form, const wxRect& place) {
+#ifdef __WXGTK__
+  PutAt(form, place.GetPosition());
   gtk_window_resize(GTK_WINDOW(form.GetHandle()), place.width, place.height);
 #else
   form.SetSize(place);
@@ -84,7 +93,7 @@ class Placement {
     } else if (active) {
       placed_ = true;
       if (place_.IsEmpty()) {
-        form_.Move(centred_);  // its size may not be known yet
+        PutAt(form_, centred_);
       } else {
         Put(form_, place_);
       }

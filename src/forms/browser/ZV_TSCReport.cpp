@@ -163,7 +163,8 @@ class ReportForm final : public wxDialog {
     Gauge_Report = new wxGauge(this, wxID_ANY, 1);
     Gauge_Report->SetName("Gauge_Report");
     SetAccessibleName(*Gauge_Report, GetTitle());
-    whole->Add(Gauge_Report, 0, wxEXPAND | wxALL, gap);
+    whole->Add(Gauge_Report, 0, wxEXPAND | wxALL | wxRESERVE_SPACE_EVEN_IF_HIDDEN, gap);
+    Gauge_Report->Hide();
     auto* const commands = new wxBoxSizer(wxHORIZONTAL);
     commands->AddStretchSpacer();
     Command_Save = new wxButton(this, wxID_OK, ToWx(proc_.Text(text::kSeveralSaveReport)));
@@ -244,6 +245,7 @@ class ReportForm final : public wxDialog {
          std::initializer_list<wxWindow*>{Choice_Node, Spin_Year, Command_Save})
       part->Enable(!busy);
     Check_Fetch->Enable(!busy && !proc_.settings.LocalMode);
+    Gauge_Report->Show(busy);
     if (busy) cancel_->SetFocus();
     if (!busy) Label_State->SetLabel({});
   }

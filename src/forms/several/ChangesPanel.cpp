@@ -1,7 +1,5 @@
 #include "forms/several/ChangesPanel.h"
 
-#include <wx/wrapsizer.h>
-
 #include "formats/CalendarNames.h"
 #include "formats/CalendarTable.h"
 #include "lang/TextNumbers.h"
@@ -17,6 +15,7 @@ constexpr int kListWidth = 500;
 constexpr int kListHeight = 110;
 constexpr int kFirstSpecialDay = 8;
 constexpr int kBoxColumns = 4;
+constexpr int kSpecialDayColumns = 4;
 constexpr const char* kDate = "2026-12-24 ";
 constexpr const char* kTime = "00:00 ";
 constexpr const char* kValue = "-1234.567 ";
@@ -48,7 +47,7 @@ void ChangesPanel::Build() {
   head->Add(Choice_Change);
   auto* const whole = new wxBoxSizer(wxVERTICAL);
   whole->Add(head, 0, wxEXPAND | wxBOTTOM, gap);
-  whole->Add(Days(), 0, wxEXPAND);
+  whole->Add(Days(), 0, wxBOTTOM, gap / 2);
   whole->Add(Boxes(), 0, wxBOTTOM, gap);
   Label_Wrong = new wxStaticText(this, wxID_ANY, {});
   Label_Wrong->SetName("Label_Wrong");
@@ -62,20 +61,21 @@ void ChangesPanel::Build() {
   SetSizer(whole);
 }
 
-// The weekdays above the special days, whose names may need several lines.
+// The weekdays above the special days, whose names may be long.
 wxSizer* ChangesPanel::Days() {
   auto* const days = new wxBoxSizer(wxVERTICAL);
   wxSizer* row = nullptr;
   for (std::size_t day = 0; day < Check_Day.size(); ++day) {
     if (day % kDaysOfType == 0) {
-      row = new wxWrapSizer(wxHORIZONTAL, wxWRAPSIZER_DEFAULT_FLAGS & ~wxEXTEND_LAST_ON_EACH_LINE);
-      days->Add(row, 0, wxEXPAND);
+      const int columns = day == 0 ? static_cast<int>(kDaysOfType) : kSpecialDayColumns;
+      row = new wxFlexGridSizer(columns, FromDIP(kGap) / 2, 2 * FromDIP(kGap));
+      days->Add(row, 0, wxBOTTOM, FromDIP(kGap) / 2);
     }
     auto*& box = Check_Day.at(day);
     box = new wxCheckBox(this, wxID_ANY,
                          ToWx(DayTypeCaption(static_cast<int>(day) + 1, proc_.texts, dayNames_)));
     box->SetName("Check_Day" + std::to_string(day));
-    row->Add(box, 0, wxRIGHT | wxBOTTOM, FromDIP(kGap));
+    row->Add(box);
     parts_.emplace_back(ChangeField::Days, box);
   }
   return days;
