@@ -86,6 +86,7 @@ class Application final : public wxAppConsole {
  private:
   // What ended the program before the export began is told in the record too.
   ExitStatus RunRecorded() {
+    const ExceptionRecord exception;
     const KeptErrors errors;
     const ExitStatus status = Run();
     if (!RecordEvent(status == kDone, outcome_.empty() ? errors.Text() : outcome_))
@@ -96,6 +97,11 @@ class Application final : public wxAppConsole {
   ExitStatus Run() {
     DiskFiles files;
     const Folders folders = FoldersOf(files, ExecutableDirectory(), arguments_.dir);
+    if (folders.unknown) {
+      std::cerr << "zekview-cli: " << folders.unknown->path << ": "
+                << folders.unknown->systemMessage << '\n';
+      return kFailed;
+    }
     const std::string& programPath = folders.data;
     if (!std::filesystem::is_directory(PathOf(programPath))) {
       std::cerr << "zekview-cli: no directory " << programPath << '\n';

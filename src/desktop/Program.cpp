@@ -64,6 +64,7 @@ class Program final : public wxApp {
 
   int OnRun() override {
     if (!IsUnattended(line_) || !HasSwitch(line_.text, "/EVENTLOG")) return Run();
+    const ExceptionRecord exception;
     const KeptErrors errors;
     const int status = Run();
     const std::string outcome =
@@ -113,7 +114,7 @@ class Program final : public wxApp {
       if (!FirstStart(files, folders, {firstTexts, prompts_})) return kFailed;
     }
     std::string programPath = folders.data;
-    if (const std::string complaint = Complaint(line_, programPath); !complaint.empty()) {
+    if (const std::string complaint = Complaint(line_, folders); !complaint.empty()) {
       if (IsUnattended(line_)) {
         std::cerr << "zekview: " << complaint << '\n';
       } else {

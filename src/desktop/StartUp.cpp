@@ -26,8 +26,13 @@ bool IsAnotherRunning(wxSingleInstanceChecker& instance, const std::string& prog
 
 }  // namespace
 
-std::string Complaint(const CommandLine& line, const std::string& programPath) {
+std::string Complaint(const CommandLine& line, const Folders& folders) {
   if (!line.error.empty()) return line.error;
+  if (folders.unknown) {
+    return "The file " + folders.unknown->path + " can't be read (" +
+           folders.unknown->systemMessage + ")";
+  }
+  const std::string& programPath = folders.data;
   std::error_code error;
   if (!std::filesystem::is_directory(PathOf(programPath), error)) {
     return "There is no directory " + programPath + (error ? " (" + error.message() + ")" : "");

@@ -17,7 +17,7 @@
 namespace zek {
 
 /// Returns the error in the command line or the program directory, or "".
-std::string Complaint(const CommandLine& line, const std::string& programPath);
+std::string Complaint(const CommandLine& line, const Folders& folders);
 
 /// Gives the new data folder of an installed program its settings, see `PrepareDataFolder`. Returns
 /// false if the program must end.

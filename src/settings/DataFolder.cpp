@@ -71,6 +71,10 @@ Folders FoldersOf(const Files& files, const std::string& beside,
                   const std::optional<std::string>& dir) {
   Folders folders{.data = beside, .shipped = {}, .language = {}};
   const FileContent file = files.Read(beside + kMarkerFile);
+  if (file.error && file.error->reason != FileError::Reason::Missing) {
+    folders.shipped = beside;
+    if (!dir) folders.unknown = file.error;
+  }
   if (!file.error) {
     const std::string marker = ProfileEncoding(file.bytes).Decoded(file.bytes);
     const std::string folder = MarkerValue(marker, "Folder");

@@ -20,12 +20,14 @@ struct Folders {
   std::string shipped;   // of an installed program: what came with it, else ""
   std::string language;  // chosen at the installation: three digits, or ""
   bool chosen = false;   // `data` is from --dir
+  std::optional<FileError> unknown = {};  // why the data folder is not known: nothing may be used
 
   bool Installed() const { return !shipped.empty(); }
 };
 
 /// Finds the folders of a program that is in `beside`. Without a marker, or if it names no folder,
-/// data is kept beside the program. --dir (`dir`) replaces the data folder.
+/// data is kept beside the program. --dir (`dir`) replaces the data folder. If the marker can't be
+/// read, only --dir gives one.
 Folders FoldersOf(const Files& files, const std::string& beside,
                   const std::optional<std::string>& dir);
 

@@ -9,7 +9,7 @@ namespace {
 
 TEST(DataFolder, TheMarkerPointsToIt) {
   const struct {
-    const char* marker = nullptr;  // none
+    const char* marker = nullptr;  // none; "?": can't be read
     std::optional<std::string> dir;
     Folders folders;
   } cases[] = {
@@ -19,15 +19,19 @@ TEST(DataFolder, TheMarkerPointsToIt) {
       {"[ZekView]\r\nFolder=/V\xE4rme/\r\nLanguage=", {}, {"/V\xC3\xA4rme/", "/bin/", "", false}},
       {"[ZekView]\r\nFolder=/data\r\nLanguage=x/y\r\n", "/x/", {"/x/", "/bin/", "", true}},
       {"", {}, {"/bin/", "/bin/", "", false}},
+      {"?", {}, {"/bin/", "/bin/", "", false, FileError{}}},
+      {"?", "/x/", {"/x/", "/bin/", "", true}},
   };
   for (const auto& each : cases) {
     test::MemoryFiles files;
     if (each.marker != nullptr) files.files["/bin/datadir.ini"] = each.marker;
+    if (each.marker == std::string("?")) files.failReads = FileError::Reason::InUse;
     const Folders folders = FoldersOf(files, "/bin/", each.dir);
     EXPECT_EQ(folders.data, each.folders.data);
     EXPECT_EQ(folders.shipped, each.folders.shipped);
     EXPECT_EQ(folders.language, each.folders.language);
     EXPECT_EQ(folders.chosen, each.folders.chosen);
+    EXPECT_EQ(folders.unknown.has_value(), each.folders.unknown.has_value());
     EXPECT_EQ(IsNew(files, folders), folders.Installed() && !each.dir);
   }
 }
