@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "comm/TopicLine.h"
 #include "lang/TextNumbers.h"
 #include "settings/TagPassword.h"
 #include "text/Fields.h"
@@ -206,7 +207,7 @@ std::string_view TagLink::Secret() const {
 }
 
 std::string TagLink::Describe(const Topic& topic) const {
-  const std::string name = "Topic '" + topic.TopicName + "'";
+  const std::string name = TopicLine(topic.TopicName);
   return topic.Tag.empty() ? name : "Tag '" + topic.Tag + "' (" + name + ")";
 }
 

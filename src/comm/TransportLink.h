@@ -3,6 +3,7 @@
 #include <string>
 
 #include "comm/Link.h"
+#include "comm/TopicLine.h"
 
 namespace zek {
 
@@ -22,9 +23,7 @@ class TransportLink : public Link {
   double SendTimeOut() const override {
     return p_.Numbers().ReadSeconds("TCPIP", "SendTimeOut", "15").value_or(0);
   }
-  std::string Describe(const Topic& topic) const override {
-    return "Topic '" + topic.TopicName + "'";
-  }
+  std::string Describe(const Topic& topic) const override { return TopicLine(topic.TopicName); }
 
  protected:
   /// Processes replies and other events between the parts of a command.

@@ -1,16 +1,39 @@
 #include "export/BatchExport.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "comm/TopicLine.h"
 #include "export/CatalogueRecords.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "system/OtherPrompts.h"
 #include "system/Paths.h"
+#include "text/Lines.h"
 
 namespace zek {
 namespace {
 std::string BatchDirectory(const Settings& settings) { return settings.ProgramPath + "Batch"; }
+
+// What is told of one topic, each on one line, which need not name it.
+class TopicPrompts final : public UnattendedPrompts {
+ public:
+  TopicPrompts(std::string topicName, LogPrompts::Log take)
+      : topicName_(std::move(topicName)), take_(std::move(take)) {}
+
+ private:
+  void Tell(Icon /*icon*/, const std::string& message, const std::string& /*details*/) override {
+    take_(OnOneLine(WithoutTopicLine(message, topicName_)));
+  }
+  bool AnswerTo(const std::string& question, const std::string& /*details*/) override {
+    take_(OnOneLine(question));
+    return false;
+  }
+
+  std::string topicName_;
+  LogPrompts::Log take_;
+};
+
 }  // namespace
 
 BatchExport::~BatchExport() {
@@ -105,8 +128,9 @@ void BatchExport::Export(Pass& pass, std::size_t node) {
   ++batch.Step;
   proc_.status.Changed();
   told_.clear();
-  LogPrompts log([this](const std::string& line) { TakeMessage(line); });
-  const PromptsInstead noBoxes(proc_.prompts, log);
+  const Topic& topic = proc_.topics[proc_.tree[node].Object];
+  TopicPrompts prompts(topic.TopicName, [this](const std::string& line) { TakeMessage(line); });
+  const PromptsInstead noBoxes(proc_.prompts, prompts);
   batch.BatchBusy = true;
   const bool tried = FetchAndWrite(pass);
   batch.BatchBusy = false;

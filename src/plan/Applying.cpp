@@ -38,7 +38,7 @@ void Applier::Run(const Plan& plan) {
 PlanLine Applier::Apply(const PlannedCatalogue& planned) {
   const PlanTarget target = TargetOf(proc_, planned);
   if (!target.refusal.empty()) return LineOf(PlanWord::Refused, planned, target.refusal);
-  PlanPrompts prompts;
+  PlanPrompts prompts(planned.topic);
   const PromptsInstead instead(proc_.prompts, prompts);
   return ApplyTo(planned, target.id, prompts);
 }

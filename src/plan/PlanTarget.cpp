@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "catalogue/Selection.h"
+#include "comm/TopicLine.h"
 #include "lang/TextNumbers.h"
 #include "text/Lines.h"
 
@@ -87,7 +88,8 @@ PlanComparison Compare(const ZV_Proc& proc, const CatalogueId& id, const Planned
 void PlanPrompts::Tell(Icon icon, const std::string& message, const std::string& details) {
   if (icon != Icon::Exclamation && icon != Icon::Critical) return;
   trouble_.append(trouble_.empty() ? "" : " ");
-  trouble_.append(OnOneLine(details.empty() ? message : message + " " + details));
+  const std::string what = WithoutTopicLine(message, topicName_);
+  trouble_.append(OnOneLine(details.empty() ? what : what + " " + details));
   trouble_ = Shortened(trouble_, kLongestWhy);
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/ZV_Proc.h"
@@ -44,7 +45,9 @@ PlanComparison Compare(const ZV_Proc& proc, const CatalogueId& id, const Planned
 /// Message boxes of a plan: questions are answered Yes, and what is told is kept.
 class PlanPrompts final : public UnattendedPrompts {
  public:
-  /// What was told with the exclamation icon or a worse one, on one line.
+  explicit PlanPrompts(std::string topicName) : topicName_(std::move(topicName)) {}
+
+  /// What was told with the exclamation icon or a worse one, on one line, without the topic.
   const std::string& Trouble() const { return trouble_; }
 
  private:
@@ -53,6 +56,7 @@ class PlanPrompts final : public UnattendedPrompts {
     return true;
   }
 
+  std::string topicName_;
   std::string trouble_;
 };
 

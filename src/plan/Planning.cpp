@@ -100,7 +100,7 @@ std::optional<CatalogueContent> Planner::Fetch(const PlannedCatalogue& planned,
   std::string& silent = silent_[planned.topic];
   std::optional<CatalogueContent> now;
   if (silent.empty()) {
-    PlanPrompts prompts;
+    PlanPrompts prompts(planned.topic);
     const PromptsInstead instead(proc_.prompts, prompts);
     now = proc_.catalogues.Look(id);
     if (!now) silent = prompts.Trouble().empty() ? proc_.Text(text::kNoAnswer) : prompts.Trouble();

@@ -16,10 +16,10 @@ inline constexpr const char* kMarkerFile = "datadir.ini";
 
 /// Where a program's files are. The folders are UTF-8 and end in the system's separator.
 struct Folders {
-  std::string data;      // what is written; the program directory of the session
-  std::string shipped;   // of an installed program: what came with it, else ""
-  std::string language;  // chosen at the installation: three digits, or ""
-  bool chosen = false;   // `data` is from --dir
+  std::string data;                       // what is written; the program directory of the session
+  std::string shipped;                    // of an installed program: what came with it, else ""
+  std::string language;                   // chosen at the installation: three digits, or ""
+  bool chosen = false;                    // `data` is from --dir
   std::optional<FileError> unknown = {};  // why the data folder is not known: nothing may be used
 
   bool Installed() const { return !shipped.empty(); }

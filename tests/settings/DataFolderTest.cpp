@@ -25,7 +25,7 @@ TEST(DataFolder, TheMarkerPointsToIt) {
   for (const auto& each : cases) {
     test::MemoryFiles files;
     if (each.marker != nullptr) files.files["/bin/datadir.ini"] = each.marker;
-    if (each.marker == std::string("?")) files.failReads = FileError::Reason::InUse;
+    if (each.marker != nullptr && each.marker[0] == '?') files.failReads = FileError::Reason::InUse;
     const Folders folders = FoldersOf(files, "/bin/", each.dir);
     EXPECT_EQ(folders.data, each.folders.data);
     EXPECT_EQ(folders.shipped, each.folders.shipped);
