@@ -62,8 +62,9 @@ void CatalogueDelivery::Note(std::string_view journal, std::size_t lines) {
                    [journal](const OutcomeText& each) { return each.journal == journal; });
   const std::int32_t text = known == kOutcomes.end() ? text::kOutcomeRemarked : known->text;
   const std::string time = DateAndTime(p_.records.Now());
-  p_.exchange.status.Outcome =
-      p_.messages.Text(text, {time.substr(time.find(' ') + 1, kHoursAndMinutes), ShortTitle(id_, p_.messages.texts)});
+  p_.exchange.status.Outcome = p_.messages.Text(
+      text,
+      {time.substr(time.find(' ') + 1, kHoursAndMinutes), ShortTitle(id_, p_.messages.texts)});
   p_.exchange.status.Changed();
 }
 
