@@ -191,9 +191,9 @@ class ReportForm final : public wxDialog {
 
   void Write() {
     const wxWeakRef<ReportForm> alive(this);
-    const std::string path = AskFileToWrite(
-        this, ToWx(proc_.Text(text::kSaveReport)), GetTitle() + ".html",
-        ToWx(proc_.Text(text::kReportFiles)) + " (*.html)|*.html", "html");
+    const std::string path =
+        AskFileToWrite(this, ToWx(proc_.Text(text::kSaveReport)), GetTitle() + ".html",
+                       ToWx(proc_.Text(text::kReportFiles)) + " (*.html)|*.html", "html");
     if (path.empty() || !alive) return;
     ReportRun run(proc_, Check_Fetch->IsChecked());
     run_ = &run;

@@ -158,9 +158,8 @@ std::optional<LocalTime> PlanPanel::ChosenTime() {
   }
   const bool past = chosen && SecondsBetween(proc_.now(), *chosen) < 0;
   Text_StartDate->Mark(date ? wxString() : ToWx(proc_.Text(text::kDateHint)));
-  Text_StartClock->Mark(time && !past
-                            ? wxString()
-                            : ToWx(proc_.Text(past ? text::kSeveralPast : text::kTimeHint)));
+  Text_StartClock->Mark(
+      time && !past ? wxString() : ToWx(proc_.Text(past ? text::kSeveralPast : text::kTimeHint)));
   if (!date || !time || past) {
     (date ? Text_StartClock : Text_StartDate)->Focus();
     return std::nullopt;
