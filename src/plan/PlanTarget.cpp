@@ -84,11 +84,4 @@ PlanComparison Compare(const ZV_Proc& proc, const CatalogueId& id, const Planned
   return result;
 }
 
-void PlanPrompts::Tell(Icon icon, const std::string& message, const std::string& details) {
-  if (icon != Icon::Exclamation && icon != Icon::Critical) return;
-  trouble_.append(trouble_.empty() ? "" : " ");
-  trouble_.append(OnOneLine(details.empty() ? message : message + " " + details));
-  trouble_ = Shortened(trouble_, kLongestWhy);
-}
-
 }  // namespace zek

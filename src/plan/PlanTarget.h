@@ -8,7 +8,6 @@
 #include "catalogue/Catalogue.h"
 #include "plan/ChangedLines.h"
 #include "plan/Plan.h"
-#include "system/OtherPrompts.h"
 
 namespace zek {
 
@@ -40,20 +39,5 @@ struct PlanComparison {
 };
 PlanComparison Compare(const ZV_Proc& proc, const CatalogueId& id, const PlannedCatalogue& planned,
                        const std::vector<std::string>& listing);
-
-/// Message boxes of a plan: questions are answered Yes, and what is told is kept.
-class PlanPrompts final : public UnattendedPrompts {
- public:
-  /// What was told with the exclamation icon or a worse one, on one line.
-  const std::string& Trouble() const { return trouble_; }
-
- private:
-  void Tell(Icon icon, const std::string& message, const std::string& details) override;
-  bool AnswerTo(const std::string& /*question*/, const std::string& /*details*/) override {
-    return true;
-  }
-
-  std::string trouble_;
-};
 
 }  // namespace zek
