@@ -7,7 +7,6 @@
 #include <wx/listctrl.h>
 #include <wx/sizer.h>
 #include <wx/stattext.h>
-#include <wx/weakref.h>
 
 #include "findings/FindingKinds.h"
 #include "forms/ZV_Help.h"
@@ -15,6 +14,7 @@
 #include "text/Controls.h"
 #include "ui/AccessibleName.h"
 #include "ui/Forms.h"
+#include "ui/ModalForm.h"
 #include "ui/WxText.h"
 
 namespace zek {
@@ -170,12 +170,9 @@ class FindingsForm final : public wxDialog {
 
 std::optional<std::size_t> ShowFindings(wxWindow* parent, ZV_Proc& proc, const std::string& title,
                                         const FindingSource& source, std::size_t marked) {
-  auto* const form = new FindingsForm(parent, proc, title, source, marked);
-  const wxWeakRef<FindingsForm> alive(form);
-  form->ShowModal();
-  if (!alive) return std::nullopt;
-  form->Destroy();  // later, in the event loop
-  return form->chosen;
+  ModalForm<FindingsForm> form(parent, proc, title, source, marked);
+  const auto* const closed = form.Show();
+  return closed == nullptr ? std::nullopt : closed->chosen;
 }
 
 }  // namespace zek
