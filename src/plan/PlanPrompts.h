@@ -6,10 +6,10 @@
 
 namespace zek {
 
-/// Message boxes of a plan: questions are answered Yes, and what is told is kept.
+/// Message boxes while a plan runs: questions are answered Yes, and warnings are kept.
 class PlanPrompts final : public UnattendedPrompts {
  public:
-  /// What was told with the exclamation icon or a worse one, on one line.
+  /// The messages with the exclamation icon or a worse one, on one line of at most 400 characters.
   const std::string& Trouble() const { return trouble_; }
 
  private:
