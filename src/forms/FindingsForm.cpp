@@ -8,7 +8,6 @@
 #include <wx/sizer.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
-#include <wx/weakref.h>
 
 #include "findings/FindingKinds.h"
 #include "findings/SeverityText.h"
@@ -17,6 +16,7 @@
 #include "text/Controls.h"
 #include "ui/AccessibleName.h"
 #include "ui/Forms.h"
+#include "ui/ModalForm.h"
 #include "ui/WxText.h"
 
 namespace zek {
@@ -178,12 +178,9 @@ class FindingsForm final : public wxDialog {
 
 std::optional<std::size_t> ShowFindings(wxWindow* parent, ZV_Proc& proc, const std::string& title,
                                         const FindingSource& source, std::size_t marked) {
-  auto* const form = new FindingsForm(parent, proc, title, source, marked);
-  const wxWeakRef<FindingsForm> alive(form);
-  form->ShowModal();
-  if (!alive) return std::nullopt;
-  form->Destroy();  // later, in the event loop
-  return form->chosen;
+  ModalForm<FindingsForm> form(parent, proc, title, source, marked);
+  const auto* const closed = form.Show();
+  return closed == nullptr ? std::nullopt : closed->chosen;
 }
 
 }  // namespace zek

@@ -11,7 +11,6 @@
 #include <wx/statbox.h>
 #include <wx/stattext.h>
 #include <wx/textctrl.h>
-#include <wx/weakref.h>
 
 #include "editors/PickList.h"
 #include "forecast/MomentText.h"
@@ -25,6 +24,7 @@
 #include "ui/FormDialog.h"
 #include "ui/Forms.h"
 #include "ui/Mnemonics.h"
+#include "ui/ModalForm.h"
 #include "ui/Pictures.h"
 #include "ui/WxText.h"
 #include "wxbase/WxTurn.h"
@@ -314,10 +314,7 @@ AppliesTo AppliesOf(const ZV_Proc& proc, const ControlCatalogues& catalogues, Sc
 }
 
 void ShowApplies(wxWindow* parent, ZV_Proc& proc, AppliesTo shown) {
-  auto* const form = new AppliesForm(parent, proc, std::move(shown));
-  const wxWeakRef<AppliesForm> alive(form);
-  form->ShowModal();
-  if (alive) form->Destroy();
+  ModalForm<AppliesForm>(parent, proc, std::move(shown)).Show();
 }
 
 }  // namespace zek

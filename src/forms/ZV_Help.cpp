@@ -9,7 +9,6 @@
 #include <wx/listbox.h>
 #include <wx/sizer.h>
 #include <wx/textctrl.h>
-#include <wx/weakref.h>
 
 #include "app/StartSession.h"
 #include "lang/Messages.h"
@@ -17,6 +16,7 @@
 #include "text/Lines.h"
 #include "ui/AccessibleName.h"
 #include "ui/Forms.h"
+#include "ui/ModalForm.h"
 #include "ui/Pictures.h"
 #include "ui/WxText.h"
 
@@ -134,10 +134,7 @@ void ShowHelp(wxWindow* parent, ZV_Proc& proc, std::size_t page) {
     proc.ToUser().Tell(Icon::Information, text::kHelpMissing, {name});
     return;
   }
-  auto* const form = new HelpForm(parent, proc, std::move(pages), page);
-  const wxWeakRef<HelpForm> alive(form);
-  form->ShowModal();
-  if (alive) form->Destroy();
+  ModalForm<HelpForm>(parent, proc, std::move(pages), page).Show();
 }
 
 void HelpOnF1(wxWindow& form, ZV_Proc& proc, std::size_t page) {

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "picture/SceneLayout.h"
-#include "text/Windows1252.h"
+#include "text/Markup.h"
 
 namespace zek {
 namespace {
@@ -25,23 +25,6 @@ constexpr double kBaseline = 4;   // below the middle of a line
 constexpr double kSmallest = 2;
 constexpr int kMinutesOfHour = 60;
 constexpr int kHours = 24;
-
-// Text of the core as XML text. XML has no control characters.
-std::string Escaped(std::string_view windows1252) {
-  std::string text;
-  for (const char c : windows1252) {
-    if (c == '&') {
-      text += "&amp;";
-    } else if (c == '<') {
-      text += "&lt;";
-    } else if (c == '>') {
-      text += "&gt;";
-    } else {
-      text += static_cast<unsigned char>(c) < ' ' ? ' ' : c;
-    }
-  }
-  return Utf8FromWindows1252(text);
-}
 
 std::string Number(double value) {
   const long tenths = std::lround(value * 10);
@@ -79,7 +62,7 @@ std::string TextAt(double x, double y, const Rgb& colour, const std::string& tex
                      {"y", Number(y + kBaseline)},
                      {"fill", Colour(colour)},
                      {"text-anchor", anchor}}) +
-         ">" + Escaped(text) + "</text>\n";
+         ">" + MarkupText(text) + "</text>\n";
 }
 
 std::string Line(double x, double fromY, double toY, const Rgb& colour, const char* width) {
@@ -169,7 +152,7 @@ class Writer {
                        {"viewBox", "0 0 " + Number(kWidth) + " " + Number(height)},
                        {"font-family", "sans-serif"},
                        {"font-size", "12"}}) +
-           ">\n<title>" + Escaped(scene_.title) + "</title>\n" + Patterns(palette_, ids_) +
+           ">\n<title>" + MarkupText(scene_.title) + "</title>\n" + Patterns(palette_, ids_) +
            Rectangle({0, 0, kWidth, height}, Colour(palette_.ground), palette_.ground) +
            TextAt(kMargin, kTitle / 2, palette_.text, scene_.title) + Hours() + Rows() + Bars() +
            Now() + Legend() + "</svg>\n";
@@ -198,7 +181,7 @@ class Writer {
   std::string Bars() const {
     std::string text;
     for (const SceneBar& bar : scene_.bars) {
-      text += "<g><title>" + Escaped(bar.sentence) + "</title>\n" +
+      text += "<g><title>" + MarkupText(bar.sentence) + "</title>\n" +
               BarAt(layout_.Bar(bar), bar.kind, scene_.TextsOf(bar), palette_, ids_) + "</g>\n";
     }
     return text;
@@ -207,7 +190,7 @@ class Writer {
     if (!scene_.now) return {};
     const SceneBox row = layout_.Row(scene_.now->row);
     const double x = layout_.X(scene_.now->minute);
-    return "<g><title>" + Escaped(scene_.nowLabel) + "</title>\n" +
+    return "<g><title>" + MarkupText(scene_.nowLabel) + "</title>\n" +
            Line(x, row.y, row.y + row.height, palette_.ground, "9") +
            Line(x, row.y, row.y + row.height, palette_.now, "3") + "</g>\n";
   }

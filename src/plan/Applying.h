@@ -6,6 +6,7 @@
 
 #include "app/ZV_Proc.h"
 #include "plan/Plan.h"
+#include "plan/PlanPrompts.h"
 #include "plan/PlanTarget.h"
 #include "plan/StartedNote.h"
 

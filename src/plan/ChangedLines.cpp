@@ -23,6 +23,16 @@ using Lines = std::vector<std::string>;
 
 constexpr std::size_t kLongestWhy = 400;
 
+// Puts an entry into a free row unless it is there already; returns false if there is no room.
+template <class Rows, class Row, class IsFree>
+bool PutIn(Rows& rows, const Row& entry, IsFree isFree) {
+  if (std::find(rows.begin(), rows.end(), entry) != rows.end()) return true;
+  const auto place = std::find_if(rows.begin(), rows.end(), isFree);
+  if (place == rows.end()) return false;
+  *place = entry;
+  return true;
+}
+
 // A table can be read, changed and built; "" is no refusal. Each kind of catalogue has one.
 template <class Reading>
 class ReadTable {
@@ -56,13 +66,9 @@ class Weekdays : public ReadTable<WeekdayReading> {
       if (!rows.add) {
         for (WeekdayRow& row : places)
           if (row.start == rows.row.start) row = {};
-      } else if (std::find(places.begin(), places.end(), rows.row) == places.end()) {
-        auto* const place = std::find_if(places.begin(), places.end(),
-                                         [](const WeekdayRow& row) { return !row.Used(); });
-        if (place == places.end())
-          return proc_.ToUser().Text(text::kPlanDayFull,
-                                     {kDayKeys.at(day), std::to_string(kWeekdayRows)});
-        *place = rows.row;
+      } else if (!PutIn(places, rows.row, [](const WeekdayRow& row) { return !row.Used(); })) {
+        return proc_.ToUser().Text(text::kPlanDayFull,
+                                   {kDayKeys.at(day), std::to_string(kWeekdayRows)});
       }
     }
     return {};
@@ -98,13 +104,8 @@ class Exceptions : public ReadTable<ExceptionReading> {
         if (row.used && row.start == one.row.start) row = {};
       return {};
     }
-    if (std::find(rows.begin(), rows.end(), one.row) != rows.end()) return {};
-    auto* const place =
-        std::find_if(rows.begin(), rows.end(), [](const OvcRow& row) { return !row.used; });
-    if (place == rows.end())
-      return proc_.ToUser().Text(text::kPlanExceptionsFull, {std::to_string(kExceptionRows)});
-    *place = one.row;
-    return {};
+    if (PutIn(rows, one.row, [](const OvcRow& row) { return !row.used; })) return {};
+    return proc_.ToUser().Text(text::kPlanExceptionsFull, {std::to_string(kExceptionRows)});
   }
 
  private:

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "catalogue/Selection.h"
-#include "comm/TopicLine.h"
 #include "lang/TextNumbers.h"
 #include "text/Lines.h"
 
@@ -83,14 +82,6 @@ PlanComparison Compare(const ZV_Proc& proc, const CatalogueId& id, const Planned
     result.state = between ? PlanState::Between : PlanState::Other;
   }
   return result;
-}
-
-void PlanPrompts::Tell(Icon icon, const std::string& message, const std::string& details) {
-  if (icon != Icon::Exclamation && icon != Icon::Critical) return;
-  trouble_.append(trouble_.empty() ? "" : " ");
-  const std::string what = WithoutTopicLine(message, topicName_);
-  trouble_.append(OnOneLine(details.empty() ? what : what + " " + details));
-  trouble_ = Shortened(trouble_, kLongestWhy);
 }
 
 }  // namespace zek

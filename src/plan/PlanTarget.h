@@ -2,14 +2,12 @@
 
 #include <cstddef>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "app/ZV_Proc.h"
 #include "catalogue/Catalogue.h"
 #include "plan/ChangedLines.h"
 #include "plan/Plan.h"
-#include "system/OtherPrompts.h"
 
 namespace zek {
 
@@ -41,23 +39,5 @@ struct PlanComparison {
 };
 PlanComparison Compare(const ZV_Proc& proc, const CatalogueId& id, const PlannedCatalogue& planned,
                        const std::vector<std::string>& listing);
-
-/// Message boxes of a plan: questions are answered Yes, and what is told is kept.
-class PlanPrompts final : public UnattendedPrompts {
- public:
-  explicit PlanPrompts(std::string topicName) : topicName_(std::move(topicName)) {}
-
-  /// What was told with the exclamation icon or a worse one, on one line, without the topic.
-  const std::string& Trouble() const { return trouble_; }
-
- private:
-  void Tell(Icon icon, const std::string& message, const std::string& details) override;
-  bool AnswerTo(const std::string& /*question*/, const std::string& /*details*/) override {
-    return true;
-  }
-
-  std::string topicName_;
-  std::string trouble_;
-};
 
 }  // namespace zek

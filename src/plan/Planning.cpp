@@ -10,6 +10,7 @@
 #include "catalogue/LineChanges.h"
 #include "catalogue/SharedCatalogue.h"
 #include "lang/TextNumbers.h"
+#include "plan/PlanPrompts.h"
 #include "plan/PlanTarget.h"
 
 namespace zek {

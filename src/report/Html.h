@@ -6,10 +6,7 @@
 
 namespace zek {
 
-/// Returns text of the core (windows-1252) as HTML text, UTF-8. Control characters become blanks.
-std::string HtmlText(std::string_view text);
-
-/// An element with such a text inside.
+/// Returns an element with text of the core (windows-1252) inside, UTF-8.
 std::string HtmlElement(std::string_view name, std::string_view text);
 
 /// A table of a page. On paper its heading is on every page, and no row is cut.

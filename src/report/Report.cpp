@@ -12,6 +12,7 @@
 #include "picture/Svg.h"
 #include "report/Html.h"
 #include "report/YearPicture.h"
+#include "text/Markup.h"
 #include "text/Windows1252.h"
 
 namespace zek {
@@ -183,7 +184,7 @@ std::string ReportOf(std::span<const ReportedControl> controls, const ReportCont
   const std::string title =
       Message(context.texts.Text(text::kReportTitle), {DateText(StartOf(context.today))});
   std::string html =
-      "<!DOCTYPE html>\n<html lang=\"" + HtmlText(context.texts.Text(text::kReportLanguage)) +
+      "<!DOCTYPE html>\n<html lang=\"" + MarkupText(context.texts.Text(text::kReportLanguage)) +
       "\">\n<head>\n<meta charset=\"utf-8\">\n" + HtmlElement("title", title) + "<style>\n" +
       std::string(kStyle) + "</style>\n</head>\n<body>\n" + HtmlElement("h1", title);
   std::size_t number = 0;

@@ -3,7 +3,7 @@
 #include "formats/CalendarNames.h"
 #include "formats/CalendarTable.h"
 #include "formats/ExceptionTable.h"
-#include "report/Html.h"
+#include "text/Markup.h"
 
 namespace zek {
 namespace {
@@ -19,7 +19,7 @@ constexpr int kBaseline = 15;  // of the text below the top of its line
 
 std::string TextAt(int x, int y, const std::string& attributes, const std::string& text) {
   return "<text x=\"" + std::to_string(x) + "\" y=\"" + std::to_string(y) + "\"" + attributes +
-         ">" + HtmlText(text) + "</text>\n";
+         ">" + MarkupText(text) + "</text>\n";
 }
 
 DayNumber DayOfDate(const CalendarDate& date) {
@@ -34,8 +34,8 @@ std::string DayAt(int x, int y, const CalendarDate& date, const DatedType* entry
   const int type = static_cast<int>(entry->type) + 1;
   const int weekday = static_cast<int>(WeekdayOf(entry->day));
   return "<g><title>" +
-         HtmlText(DateName(date, weekday, words.texts) + ": " +
-                  SpokenDayType(type, words.texts, words.names)) +
+         MarkupText(DateName(date, weekday, words.texts) + ": " +
+                    SpokenDayType(type, words.texts, words.names)) +
          "</title><rect x=\"" + std::to_string(x) + "\" y=\"" + std::to_string(y) + "\" width=\"" +
          std::to_string(kCellWidth - 2) + "\" height=\"" + std::to_string(kCellHeight - 2) +
          "\" fill=\"#e8eef7\" stroke=\"#2b4a78\"/>\n" +
@@ -71,7 +71,7 @@ std::string YearPicture(int year, const DayTypes& types, const std::string& titl
   std::string svg = R"(<svg xmlns="http://www.w3.org/2000/svg" width=")" + width + "\" height=\"" +
                     height + "\" viewBox=\"0 0 " + width + " " + height +
                     "\" role=\"img\" font-family=\"sans-serif\" font-size=\"12\">\n<title>" +
-                    HtmlText(title) + "</title>\n" + TextAt(2, kBaseline, "", title);
+                    MarkupText(title) + "</title>\n" + TextAt(2, kBaseline, "", title);
   for (int month = 0; month < kMonths; ++month) {
     svg += MonthAt(month % kMonthsAcross * kMonthWidth, kTop + month / kMonthsAcross * kMonthHeight,
                    {year, month, 1}, types, words);

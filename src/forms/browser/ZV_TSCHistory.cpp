@@ -17,6 +17,7 @@
 #include "text/Controls.h"
 #include "ui/AccessibleName.h"
 #include "ui/Forms.h"
+#include "ui/ModalForm.h"
 #include "ui/WxText.h"
 
 namespace zek {
@@ -217,12 +218,9 @@ class HistoryForm final : public wxDialog {
 }  // namespace
 
 std::optional<Catalogue> ShowHistory(wxWindow* parent, ZV_Proc& proc) {
-  auto* const form = new HistoryForm(parent, proc);
-  const wxWeakRef<HistoryForm> alive(form);
-  form->ShowModal();
-  if (!alive) return std::nullopt;
-  form->Destroy();  // later, in the event loop
-  return form->toSendBack;
+  ModalForm<HistoryForm> form(parent, proc);
+  const auto* const closed = form.Show();
+  return closed == nullptr ? std::nullopt : closed->toSendBack;
 }
 
 }  // namespace zek

@@ -22,6 +22,7 @@
 #include "ui/AccessibleName.h"
 #include "ui/FileBox.h"
 #include "ui/Forms.h"
+#include "ui/ModalForm.h"
 #include "ui/Pictures.h"
 #include "ui/WxText.h"
 
@@ -279,10 +280,7 @@ class ReportForm final : public wxDialog {
 void ZV_TSC::OnReport() {
   if (busy_) return;
   const wxWeakRef<ZV_TSC> alive(this);
-  auto* const form = new ReportForm(this, proc_, TreeView->Selected());
-  const wxWeakRef<ReportForm> formAlive(form);
-  form->ShowModal();
-  if (formAlive) form->Destroy();  // later, in the event loop
+  ModalForm<ReportForm>(this, proc_, TreeView->Selected()).Show();
   if (!alive) return;
   if (turn_.Quitting()) return static_cast<void>(Close());
   OnSelected();  // reading selected other nodes

@@ -26,6 +26,7 @@
 #include "ui/AccessibleName.h"
 #include "ui/FileBox.h"
 #include "ui/Forms.h"
+#include "ui/ModalForm.h"
 #include "ui/Pictures.h"
 #include "ui/WxText.h"
 
@@ -350,13 +351,9 @@ bool ShowImportForm(wxWindow* parent, ZV_Proc& proc, CalendarEditor& editor, Dat
     dates = FromFile(parent, proc, editor);
     if (!dates || !parentAlive) return false;
   }
-  auto* const form = new ImportForm(parent, proc, editor, source, std::move(dates));
-  const wxWeakRef<ImportForm> alive(form);
-  form->ShowModal();
-  if (!alive) return false;
-  const bool changed = form->Changed();
-  form->Destroy();  // later, in the event loop
-  return changed;
+  ModalForm<ImportForm> form(parent, proc, editor, source, std::move(dates));
+  const auto* const closed = form.Show();
+  return closed != nullptr && closed->Changed();
 }
 
 }  // namespace zek

@@ -20,6 +20,7 @@
 #include "ui/AccessibleName.h"
 #include "ui/Forms.h"
 #include "ui/InputBlock.h"
+#include "ui/ModalForm.h"
 #include "ui/Pictures.h"
 #include "ui/WxText.h"
 
@@ -189,10 +190,7 @@ class TopicForm final : public wxDialog {
 };
 
 void AskTopic(wxWindow* parent, ZV_Proc& proc, const std::optional<TopicEntry>& before) {
-  auto* const form = new TopicForm(parent, proc, before);
-  const wxWeakRef<TopicForm> alive(form);
-  form->ShowModal();
-  if (alive) form->Destroy();
+  ModalForm<TopicForm>(parent, proc, before).Show();
 }
 
 /// `ZV_Topics`: the controllers of the settings file.
@@ -292,12 +290,7 @@ class TopicsForm final : public wxDialog {
 
 }  // namespace
 
-void ShowTopics(wxWindow* parent, ZV_Proc& proc) {
-  auto* const form = new TopicsForm(parent, proc);
-  const wxWeakRef<TopicsForm> alive(form);
-  form->ShowModal();
-  if (alive) form->Destroy();
-}
+void ShowTopics(wxWindow* parent, ZV_Proc& proc) { ModalForm<TopicsForm>(parent, proc).Show(); }
 
 void AddTopic(wxWindow* parent, ZV_Proc& proc) { AskTopic(parent, proc, std::nullopt); }
 

@@ -7,7 +7,6 @@
 #include <wx/radiobut.h>
 #include <wx/sizer.h>
 #include <wx/statbox.h>
-#include <wx/weakref.h>
 
 #include "forms/ZV_Help.h"
 #include "lang/Messages.h"
@@ -15,6 +14,7 @@
 #include "ui/FormDialog.h"
 #include "ui/Forms.h"
 #include "ui/Mnemonics.h"
+#include "ui/ModalForm.h"
 #include "ui/Pictures.h"
 #include "ui/WxText.h"
 
@@ -119,13 +119,10 @@ class CopyDaysForm final : public FormDialog {
 
 std::optional<CopyChoice> AskCopyDays(wxWindow* parent, ZV_Proc& proc, const CopySource& from,
                                       const std::function<std::string(std::size_t)>& nameOf) {
-  auto* const form = new CopyDaysForm(parent, proc, from, nameOf);
-  const wxWeakRef<CopyDaysForm> alive(form);
-  const bool taken = form->ShowModal() == wxID_OK;
-  if (!alive) return std::nullopt;
-  const CopyChoice chosen = form->Chosen();
-  form->Destroy();  // later, in the event loop
-  return taken ? std::optional(chosen) : std::nullopt;
+  ModalForm<CopyDaysForm> form(parent, proc, from, nameOf);
+  const auto* const closed = form.Show();
+  if (closed == nullptr || closed->GetReturnCode() != wxID_OK) return std::nullopt;
+  return closed->Chosen();
 }
 
 }  // namespace zek
