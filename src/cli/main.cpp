@@ -84,7 +84,7 @@ class Application final : public wxAppConsole {
   void OnUnhandledException() override { ReportException(); }
 
  private:
-  // What ended the program before the export began is told in the record too.
+  // The record also reports what ended the program before the export began.
   ExitStatus RunRecorded() {
     const ExceptionRecord exception;
     const KeptErrors errors;
@@ -98,8 +98,8 @@ class Application final : public wxAppConsole {
     DiskFiles files;
     const Folders folders = FoldersOf(files, ExecutableDirectory(), arguments_.dir);
     if (folders.unknown) {
-      std::cerr << "zekview-cli: " << folders.unknown->path << ": "
-                << folders.unknown->systemMessage << '\n';
+      std::cerr << "zekview-cli: The file " << folders.unknown->path << " can't be read ("
+                << folders.unknown->systemMessage << ")\n";
       return kFailed;
     }
     const std::string& programPath = folders.data;

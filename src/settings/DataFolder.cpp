@@ -89,7 +89,8 @@ Folders FoldersOf(const Files& files, const std::string& beside,
 }
 
 bool IsNew(const Files& files, const Folders& folders) {
-  return folders.Installed() && !folders.chosen && !files.Exists(folders.data + kSettingsFile);
+  return folders.Installed() && !folders.chosen && !folders.unknown &&
+         !files.Exists(folders.data + kSettingsFile);
 }
 
 std::optional<FileError> BeginAfresh(Files& files, const Folders& folders) {

@@ -32,7 +32,7 @@ TEST(DataFolder, TheMarkerPointsToIt) {
     EXPECT_EQ(folders.language, each.folders.language);
     EXPECT_EQ(folders.chosen, each.folders.chosen);
     EXPECT_EQ(folders.unknown.has_value(), each.folders.unknown.has_value());
-    EXPECT_EQ(IsNew(files, folders), folders.Installed() && !each.dir);
+    EXPECT_EQ(IsNew(files, folders), folders.Installed() && !each.dir && !folders.unknown);
   }
 }
 
