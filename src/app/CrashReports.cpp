@@ -30,7 +30,7 @@ void TellCrashes(ZV_Proc& proc) {
     return before.find(name) == std::string::npos;
   };
   const auto newest = std::find_if(reports.rbegin(), reports.rend(), isNew);
-  // What an unattended run tells may be read by nobody.
+  // Perhaps nobody reads what an unattended run reports.
   if (proc.prompts.Attended()) proc.files.Write(folder + kToldFile, names);
   if (newest == reports.rend()) return;
   const std::string message =

@@ -51,7 +51,7 @@ bool CreateTagObject(ZV_Proc& proc) {
   return false;
 }
 
-// A password that can't be read is told once here, and whenever it stops a log-on.
+// Reports a password that can't be read; each log-on that it stops does so again.
 void CheckTagPassword(ZV_Proc& proc) {
   const TagPassword::Kind kind = ReadTagPassword(proc.profile).kind;
   if (kind == TagPassword::Kind::Lost) {

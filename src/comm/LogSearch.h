@@ -34,7 +34,7 @@ class LogSearch {
   /// The text in upper case.
   const std::string& What() const { return what_; }
   std::size_t Total() const { return hits_.size(); }
-  /// The place of the current hit, from 1; 0 if there is none or if it has left the log.
+  /// The place of the current hit, from 1; 0 without one, or if it has left the log.
   std::size_t Place() const;
 
  private:

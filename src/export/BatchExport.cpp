@@ -15,7 +15,7 @@ namespace zek {
 namespace {
 std::string BatchDirectory(const Settings& settings) { return settings.ProgramPath + "Batch"; }
 
-// What is told of one topic, each on one line, which need not name it.
+// The messages about one topic, each on one line, without the line that names it.
 class TopicPrompts final : public UnattendedPrompts {
  public:
   TopicPrompts(std::string topicName, LogPrompts::Log take)

@@ -64,8 +64,8 @@ void Put(wxTopLevelWindow& form, const wxRect& place) {
 #endif
 }
 
-// The toolkit shows a form only when the window manager has told the size of its frame. Until then
-// its menus and tool bar are one pixel wide, and complain of it on standard error.
+// The toolkit shows a form only when the window manager has reported the size of its frame. Until
+// then its menus and tool bar are one pixel wide, and complain of it on standard error.
 void LayOut([[maybe_unused]] wxTopLevelWindow& form) {
 #ifdef __WXGTK__
   GtkAllocation whole{0, 0, form.GetSize().x, form.GetSize().y};
