@@ -9,7 +9,7 @@ trap end_started EXIT
 starts="${1:-21}"
 memory_runs=3
 limit=1.25
-memory_limit=1.3 # libical brings ICU, 0.05 of it
+memory_limit=1.25
 program_directory="$bench_directory/startup"
 mkdir -p "$program_directory"
 cp data/lang/zek_lang.* data/demo/ZEKView.INI "$program_directory/"

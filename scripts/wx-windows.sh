@@ -3,8 +3,8 @@
 set -euo pipefail
 # shellcheck source=scripts/common.sh
 source scripts/common.sh
-# shellcheck source=scripts/windows-library.sh
-source scripts/windows-library.sh
+# shellcheck source=scripts/debian-library.sh
+source scripts/debian-library.sh
 
 # Switch off the features that no form uses.
 options=(-DwxBUILD_SHARED=OFF -DwxBUILD_INSTALL=ON)
@@ -12,4 +12,4 @@ for feature in AUI HTML PROPGRID RIBBON RICHTEXT STC WEBVIEW MEDIACTRL OPENGL XR
   LIBJPEG LIBPNG EXPAT LIBLZMA ZLIB REGEX ARTPROVIDER_TANGO WXHTML_HELP SVG; do
   options+=("-DwxUSE_$feature=OFF")
 done
-windows_library wx "$1" wxwidgets3.2 libwxgtk3.2-dev debian "${options[@]}"
+debian_library wx "$1" wxwidgets3.2 libwxgtk3.2-dev debian "${options[@]}"

@@ -1,6 +1,6 @@
-# Builds a library for Windows, once, from the Debian source package of the version that the Linux
-# programs use. The result is kept outside the work tree, in ${ZEKVIEW_CACHE:-~/.cache/zekview}, for
-# other clones and later runs. Source it after scripts/common.sh.
+# Builds a static library, once, from the Debian source package in the version of the installed
+# package. The result is kept outside the work tree, in ${ZEKVIEW_CACHE:-~/.cache/zekview}, for other
+# clones and later runs. Source it after scripts/common.sh.
 # shellcheck shell=bash
 
 # Copies the machine's package sources as sources of source packages, so that apt can fetch them
@@ -39,27 +39,30 @@ build_it() {
   fetch_source
   # The paths in assertions and of the library's own files are the same wherever it is built.
   local flags="-Os -DNDEBUG -ffile-prefix-map=$work=."
-  cmake -G Ninja -S "$work/source" -B "$work/build" --toolchain "$toolchain" "$@" \
-    -DCMAKE_BUILD_TYPE=MinSizeRel "-DCMAKE_C_FLAGS_MINSIZEREL=$flags" \
-    "-DCMAKE_CXX_FLAGS_MINSIZEREL=$flags" -DCMAKE_INSTALL_PREFIX=/usr
+  cmake -G Ninja -S "$work/source" -B "$work/build" "$@" -DCMAKE_BUILD_TYPE=MinSizeRel \
+    "-DCMAKE_C_FLAGS_MINSIZEREL=$flags" "-DCMAKE_CXX_FLAGS_MINSIZEREL=$flags" \
+    -DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_INSTALL_LIBDIR=lib
   nice cmake --build "$work/build" --parallel "$(nproc)"
   rm -rf "$target"
   cmake --install "$work/build" --prefix "$target"
   touch "$target/complete"
 }
 
-# windows_library NAME win64|win32 SOURCE PACKAGE debian|upstream OPTION...: builds the source
+# debian_library NAME linux|win64|win32 SOURCE PACKAGE debian|upstream OPTION...: builds the source
 # package SOURCE in the version of the installed PACKAGE with these options of CMake; prints the
 # directory.
-windows_library() {
+debian_library() {
   local name="$1" word="$2" source="$3" changes="$5" version key cache target log work status=0
-  local toolchain="$PWD/cmake/mingw${word#win}.cmake"
+  local toolchain=()
   # The variable belongs to dpkg-query, not to the shell.
   # shellcheck disable=SC2016
   version="$(dpkg-query -W -f='${source:Version}' "$4")"
   shift 5
-  key="$(cat "$toolchain" cmake/mingw.cmake scripts/windows-library.sh - <<<"$*" |
-    sha256sum | cut -c 1-8)"
+  # The key does not cover this script: increase "build" when it builds something else.
+  local build=1
+  [[ $word == linux ]] || toolchain=("$PWD/cmake/mingw${word#win}.cmake" "$PWD/cmake/mingw.cmake")
+  key="$(cat "${toolchain[@]}" - <<<"$build $changes $*" | sha256sum | cut -c 1-8)"
+  [[ $word == linux ]] || set -- --toolchain "${toolchain[0]}" "$@"
   cache="${ZEKVIEW_CACHE:-$HOME/.cache/zekview}"
   target="$cache/$name-$version-$key-$word"
   log="$PWD/build/$name-$word.log"
