@@ -52,7 +52,8 @@ lay_out() {
   rm -rf "$folder"
   mkdir -p "$folder/demo"
   for program in "${programs[@]}"; do
-    "$strip" -o "$folder/$program.exe" "$bin/$program.exe"
+    # Without it, strip replaces the linker's fixed time by the present one.
+    SOURCE_DATE_EPOCH=0 "$strip" -o "$folder/$program.exe" "$bin/$program.exe"
     scripts/sign.sh "$folder/$program.exe"
   done
   cp data/lang/zek_* data/ZEKView.INI "$folder/"
