@@ -86,7 +86,7 @@ class Application final : public wxAppConsole {
  private:
   // The record also reports what ended the program before the export began.
   ExitStatus RunRecorded() {
-    const ExceptionRecord exception;
+    RecordCrashes();
     const KeptErrors errors;
     const ExitStatus status = Run();
     if (!RecordEvent(status == kDone, outcome_.empty() ? errors.Text() : outcome_))

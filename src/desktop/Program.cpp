@@ -64,7 +64,7 @@ class Program final : public wxApp {
 
   int OnRun() override {
     if (!IsUnattended(line_) || !HasSwitch(line_.text, "/EVENTLOG")) return Run();
-    const ExceptionRecord exception;
+    RecordCrashes();
     const KeptErrors errors;
     const int status = Run();
     const std::string outcome =

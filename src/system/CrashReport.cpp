@@ -11,6 +11,7 @@
 #endif
 
 #include "system/CrashSystem.h"
+#include "system/EventLog.h"
 #include "system/LocalTime.h"
 #include "system/Paths.h"
 
@@ -57,6 +58,7 @@ struct Prepared {
   std::string folder;
   std::string program;
   seconds fromUtc{};  // when the program was started
+  std::atomic<bool> toRecord = false;
   std::atomic_flag begun = ATOMIC_FLAG_INIT;
   FixedText<4096> path;
   FixedText<16384> text;
@@ -133,6 +135,11 @@ bool Write(const Fault& fault) {
   return Store(ready.folder.c_str(), ready.path.Bytes(), ready.text.View());
 }
 
+void Record() {
+  if (Ready().toRecord.exchange(false))
+    RecordEvent(false, "The program ended by a fault; the folder Crashes has a report.");
+}
+
 namespace {
 
 std::string_view ExceptionName() {
@@ -149,6 +156,7 @@ void WriteException() {
   name.Clear();
   name << "unhandled exception " << ExceptionName();
   Write({name.View(), 0, nullptr, nullptr});
+  Record();
 }
 
 [[noreturn]] void OnTerminate() {
@@ -167,6 +175,8 @@ void CatchCrashes(const std::string& dataFolder, const std::string& program) {
   std::set_terminate(crash::OnTerminate);
   crash::CatchFaults();
 }
+
+void RecordCrashes() { crash::Ready().toRecord = true; }
 
 void ReportException() { crash::WriteException(); }
 

@@ -15,6 +15,9 @@ inline constexpr const char* kCrashFolder = "Crashes";
 /// stay with him. Call it once.
 void CatchCrashes(const std::string& dataFolder, const std::string& program);
 
+/// From now on a crash is also recorded in the system's log of events, as a failure.
+void RecordCrashes();
+
 /// The same report for an exception that nobody caught; to be called while it is handled.
 void ReportException();
 

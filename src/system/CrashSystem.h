@@ -20,6 +20,10 @@ struct Fault {
 /// Writes the report, of the first fault only. Returns true if it could be stored.
 bool Write(const Fault& fault);
 
+/// Records the crash in the system's log of events if that is wanted. Takes memory and locks, so
+/// call it last; it may never return.
+void Record();
+
 /// Where an address is.
 struct Place {
   std::array<char, 64> module{};  // its file's name without the folder; "" if there is none

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <exception>
 #include <iostream>
 #include <streambuf>
 #include <string>
@@ -11,18 +10,6 @@ namespace zek {
 /// report (UTF-8): on Windows to the log "Application" with the source "ZekView", elsewhere to
 /// syslog. What the log can't hold is cut off. Returns false if the system refused it.
 bool RecordEvent(bool succeeded, const std::string& report);
-
-/// Records a failure if the run in which it stands ends by an exception.
-class ExceptionRecord {
- public:
-  ExceptionRecord() = default;
-  ExceptionRecord(const ExceptionRecord&) = delete;
-  ExceptionRecord& operator=(const ExceptionRecord&) = delete;
-  ~ExceptionRecord() {
-    if (std::uncaught_exceptions() > 0)
-      RecordEvent(false, "The program ended by a fault; the folder Crashes has a report.");
-  }
-};
 
 /// Keeps what is written to std::cerr while it exists, which is written there all the same.
 class KeptErrors final : private std::streambuf {

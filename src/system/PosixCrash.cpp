@@ -32,6 +32,7 @@ void OnFault(int number, siginfo_t* info, void* context) {
     if (each.number != number) continue;
     const void* const address = number == SIGABRT ? nullptr : info->si_addr;
     Write({each.name, static_cast<std::uint64_t>(number), address, context});
+    Record();
   }
   std::signal(number, SIG_DFL);
   ::raise(number);

@@ -30,13 +30,14 @@ struct Writer {
   HANDLE done = nullptr;
   const Fault* fault = nullptr;
   std::atomic_flag begun = ATOMIC_FLAG_INIT;
-  bool stored = false;
+  std::atomic<bool> stored = false;
 };
 Writer writer;  // NOLINT(*-non-const-global-variables): handlers receive nothing else
 
 DWORD WINAPI AwaitFault(void* /*nothing*/) {
   ::WaitForSingleObject(writer.wanted, INFINITE);
   writer.stored = Write(*writer.fault);
+  Record();
   ::SetEvent(writer.done);
   return 0;
 }
@@ -46,7 +47,8 @@ bool WriteElsewhere(const Fault& fault) {
     writer.fault = &fault;
     ::SetEvent(writer.wanted);
   }
-  return ::WaitForSingleObject(writer.done, kMostMilliseconds) == WAIT_OBJECT_0 && writer.stored;
+  ::WaitForSingleObject(writer.done, kMostMilliseconds);
+  return writer.stored;
 }
 
 bool WriteException(const EXCEPTION_POINTERS& exception) {

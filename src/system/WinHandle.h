@@ -4,7 +4,7 @@
 
 namespace zek {
 
-/// Owns a file handle of the system and closes it exactly once.
+/// Owns a handle of the system, of a file or an event, and closes it exactly once.
 class Handle {
  public:
   explicit Handle(HANDLE handle) : handle_(handle) {}
@@ -12,13 +12,15 @@ class Handle {
   Handle& operator=(const Handle&) = delete;
   ~Handle() { Close(); }
 
-  bool IsOpen() const { return handle_ != INVALID_HANDLE_VALUE; }
+  // The system's calls report a failure by one of two values.
+  bool IsOpen() const { return handle_ != INVALID_HANDLE_VALUE && handle_ != nullptr; }
   HANDLE Get() const { return handle_; }
   // False if the system reports a late write error.
   bool Close() {
+    const bool isOpen = IsOpen();
     const HANDLE handle = handle_;
-    handle_ = INVALID_HANDLE_VALUE;
-    return handle == INVALID_HANDLE_VALUE || ::CloseHandle(handle) != 0;
+    handle_ = nullptr;
+    return !isOpen || ::CloseHandle(handle) != 0;
   }
 
  private:

@@ -3,6 +3,7 @@
 //   ZEKVIEW_TAG_PLANT  the folder of the plant; a topic is an outstation's name
 //   ZEKVIEW_TAG_FAULT  "lack METHOD": the method is missing; "raise METHOD": it raises an error;
 //                      "bare METHOD": it raises one without a text; "fail METHOD": it returns zero;
+//                      "crash METHOD": it ends the program;
 //                      "block METHOD": it waits for the event "zekview-tag-release"
 // "Open" stores the user's name. For user "raise" it raises an error whose text has the password.
 // The tag "TYPE" answers a write with a value of the written type: "I4", "BSTR" ...
@@ -34,6 +35,11 @@ std::string Variable(const char* name) {
 
 bool IsFault(const std::string& kind, const std::string& method) {
   return Variable("ZEKVIEW_TAG_FAULT") == kind + " " + method;
+}
+
+void Crash() {
+  int* volatile nowhere = nullptr;
+  *nowhere = 1;
 }
 
 void AwaitRelease() {
@@ -178,6 +184,7 @@ class TagObject final : public IDispatch {
     };
     if (IsFault("block", name)) AwaitRelease();
     if (IsFault("raise", name)) return Raise(*raised, "the plant is on fire");
+    if (IsFault("crash", name)) Crash();
     if (IsFault("bare", name)) return DISP_E_EXCEPTION;
     SetStatus(*result, !IsFault("fail", name));
     if (id == kOpen && argument(1) == "raise") {
