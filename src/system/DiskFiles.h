@@ -10,8 +10,9 @@ namespace zek {
 FileError FileErrorOf(const std::string& path, int code);
 
 /// The real disk. Data is first written to a temporary file (`BesideName`) in the target's
-/// directory; links are followed. A temporary file left by a crash is never read; the next write in
-/// that directory deletes it. A replaced file keeps its permissions.
+/// directory; links are followed, except on Windows. A temporary file left by a crash is never
+/// read; the next write in that directory deletes it, on Windows after an hour. A replaced file
+/// keeps its permissions.
 class DiskFiles final : public Files {
  public:
   bool Exists(const std::string& path) const override;

@@ -60,14 +60,17 @@ bool FlushDirectoryOf(const std::string& path);
 
 namespace {
 
-bool WriteAll(int descriptor, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
+// Returns how many bytes were written: all of them, or fewer after an error, which is in errno.
+std::size_t WriteAll(int descriptor, std::string_view bytes) {
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const std::string_view rest = bytes.substr(done);
+    const ssize_t written = ::write(descriptor, rest.data(), rest.size());
     if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return false;
-    bytes.remove_prefix(static_cast<std::size_t>(written));
+    if (written < 0) break;
+    done += static_cast<std::size_t>(written);
   }
-  return true;
+  return done;
 }
 
 bool IsDeleted(int descriptor) {
@@ -132,7 +135,7 @@ class DiskOutputFile final : public OutputFile {
   }
 
   std::optional<FileError> Append(std::string_view bytes) override {
-    if (!torn_ && WriteAll(file_.Number(), bytes)) {
+    if (!torn_ && WriteAll(file_.Number(), bytes) == bytes.size()) {
       size_ += static_cast<off_t>(bytes.size());
       return std::nullopt;
     }
@@ -210,10 +213,14 @@ std::optional<FileError> DiskFiles::Append(const std::string& path, std::string_
   struct stat before = {};
   if (::fstat(file.Number(), &before) != 0) return FileErrorOf(path, errno);
   if (!S_ISREG(before.st_mode)) return FileErrorOf(path, EINVAL);  // writing a pipe could block
-  if (WriteAll(file.Number(), bytes) && file.Close()) return std::nullopt;
+  const std::size_t written = WriteAll(file.Number(), bytes);
+  if (written == bytes.size() && file.Close()) return std::nullopt;
   const int code = errno;
-  // Roll back a partial write.
-  static_cast<void>(::truncate(path.c_str(), before.st_size) == 0);
+  // Roll back a partial write, unless another program has appended something too.
+  struct stat after = {};
+  const off_t own = before.st_size + static_cast<off_t>(written);
+  if (written > 0 && ::stat(path.c_str(), &after) == 0 && after.st_size == own)
+    static_cast<void>(::truncate(path.c_str(), before.st_size) == 0);
   return FileErrorOf(path, code);
 }
 
@@ -243,7 +250,8 @@ FileContent DiskFiles::Read(const std::string& path) const {
 }
 
 std::optional<FileError> DiskFiles::MakeDirectory(const std::string& path) {
-  if (::mkdir(path.c_str(), 0777) == 0 && FlushDirectoryOf(path)) return std::nullopt;
+  const std::string name = path.ends_with('/') ? path.substr(0, path.size() - 1) : path;
+  if (::mkdir(path.c_str(), 0777) == 0 && FlushDirectoryOf(name)) return std::nullopt;
   const int code = errno;
   std::error_code error;
   if (code == EEXIST && std::filesystem::is_directory(path, error)) return std::nullopt;

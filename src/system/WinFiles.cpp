@@ -1,6 +1,5 @@
 #include <windows.h>
 #include <aclapi.h>
-#include <algorithm>
 #include <functional>
 #include <memory>
 #include <string>
@@ -88,14 +87,18 @@ unsigned long HeldReason(unsigned long code, const std::wstring& path) {
 
 namespace {
 
-bool WriteAll(HANDLE file, std::string_view bytes) {
-  while (!bytes.empty()) {
+// Returns how many bytes were written: all of them, or fewer after an error.
+std::size_t WriteAll(HANDLE file, std::string_view bytes) {
+  std::size_t done = 0;
+  while (done < bytes.size()) {
     DWORD written = 0;
-    const auto size = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1U << 20));
-    if (::WriteFile(file, bytes.data(), size, &written, nullptr) == 0) return false;
-    bytes.remove_prefix(written);
+    const std::string_view next = bytes.substr(done, 1U << 20);
+    const bool taken =
+        ::WriteFile(file, next.data(), static_cast<DWORD>(next.size()), &written, nullptr) != 0;
+    done += written;
+    if (!taken) break;
   }
-  return true;
+  return done;
 }
 
 // Copies the access rights of the old file to the new one. ReplaceFile would do so too, but works
@@ -126,8 +129,20 @@ bool IsRunning(DWORD process) {
   return running;
 }
 
-// Deletes temporary files left by killed programs: their processes no longer run. A file that
-// another computer is writing is open, so that deleting it fails.
+// True if the file was written in the last hour, or later by another computer's clock.
+bool IsNew(const WIN32_FIND_DATAW& found) {
+  constexpr ULONGLONG hour = 3600ULL * 10'000'000;  // such times count 100 ns
+  const auto number = [](const FILETIME& time) {
+    return (static_cast<ULONGLONG>(time.dwHighDateTime) << 32) | time.dwLowDateTime;
+  };
+  FILETIME now{};
+  ::GetSystemTimeAsFileTime(&now);
+  return number(found.ftLastWriteTime) + hour > number(now);
+}
+
+// Deletes temporary files left by killed programs: their processes no longer run. Another
+// computer's processes are not known here. While it writes a file the file is open, so that
+// deleting it fails; a new one may be about to be renamed.
 void Sweep(const std::wstring& target) {
   const std::size_t separator = target.find_last_of(L"/\\");
   const std::wstring directory =
@@ -137,7 +152,7 @@ void Sweep(const std::wstring& target) {
   if (search == INVALID_HANDLE_VALUE) return;
   do {
     const std::string name = Utf8FromWide(found.cFileName);
-    if (IsBesideName(name) && !IsRunning(BesideProcess(name))) {
+    if (IsBesideName(name) && !IsRunning(BesideProcess(name)) && !IsNew(found)) {
       ::DeleteFileW((directory + found.cFileName).c_str());
     }
   } while (::FindNextFileW(search, &found) != 0);
@@ -160,7 +175,7 @@ class WinOutputFile final : public OutputFile {
   }
 
   std::optional<FileError> Append(std::string_view bytes) override {
-    if (!torn_ && WriteAll(file_.Get(), bytes)) {
+    if (!torn_ && WriteAll(file_.Get(), bytes) == bytes.size()) {
       size_.QuadPart += static_cast<LONGLONG>(bytes.size());
       return std::nullopt;
     }
@@ -243,13 +258,18 @@ std::optional<FileError> DiskFiles::Append(const std::string& path, std::string_
   if (!file.IsOpen()) return FileErrorOf(path, ::GetLastError());
   LARGE_INTEGER before{};
   if (::GetFileSizeEx(file.Get(), &before) == 0) return FileErrorOf(path, ::GetLastError());
-  if (WriteAll(file.Get(), bytes) && file.Close()) return std::nullopt;
+  const std::size_t written = WriteAll(file.Get(), bytes);
+  if (written == bytes.size() && file.Close()) return std::nullopt;
   const DWORD code = ::GetLastError();
   file.Close();
-  // Roll back a partial write.
+  // Roll back a partial write, unless another program has appended something too.
   const Handle whole(open(GENERIC_WRITE, OPEN_EXISTING));
-  if (whole.IsOpen() && ::SetFilePointerEx(whole.Get(), before, nullptr, FILE_BEGIN) != 0)
+  const LONGLONG own = before.QuadPart + static_cast<LONGLONG>(written);
+  LARGE_INTEGER after{};
+  if (written > 0 && whole.IsOpen() && ::GetFileSizeEx(whole.Get(), &after) != 0 &&
+      after.QuadPart == own && ::SetFilePointerEx(whole.Get(), before, nullptr, FILE_BEGIN) != 0) {
     ::SetEndOfFile(whole.Get());
+  }
   return FileErrorOf(path, code);
 }
 

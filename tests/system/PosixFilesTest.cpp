@@ -53,11 +53,14 @@ TEST_F(PosixFilesTest, APieceThatDoesNotFitLeavesThoseBefore) {
   small.rlim_cur = 4096;
   ::setrlimit(RLIMIT_FSIZE, &small);
   EXPECT_TRUE(created.file->Append(std::string(3000, 'b')));
+  EXPECT_FALSE(files.Append(folder + "y", std::string(3000, 'a')));
+  EXPECT_TRUE(files.Append(folder + "y", std::string(3000, 'b')));
   ::setrlimit(RLIMIT_FSIZE, &old);
   std::signal(SIGXFSZ, before);
   EXPECT_FALSE(created.file->Append("c"));
   EXPECT_FALSE(created.file->Commit());
   EXPECT_EQ(files.Read(folder + "x").bytes, std::string(3000, 'a') + "c");
+  EXPECT_EQ(files.Read(folder + "y").bytes, std::string(3000, 'a'));
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include <windows.h>
 #include <aclapi.h>
+#include <chrono>
+#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sddl.h>
@@ -57,16 +59,22 @@ TEST(WinFiles, AFileThatIsHeldOpenIsReadButNotReplaced) {
   EXPECT_EQ(files.Read(path).bytes, "new");
 }
 
-// A process id is a multiple of four, so this process never existed.
+// A process id is a multiple of four, so this process never existed here. A new file may be another
+// computer's.
 TEST(WinFiles, OnlyWhatAKilledProgramLeftIsSwept) {
   const test::TemporaryFolder temporary;
   DiskFiles files;
   const CreatedFile running = files.Create(temporary.Name() + "running");
   EXPECT_FALSE(running.file->Append("half"));
-  std::ofstream(temporary.Path() / "export.zvtmp4294967295") << "half";
+  for (const char* const name : {"new.zvtmp4294967295", "old.zvtmp4294967295"})
+    std::ofstream(temporary.Path() / name) << "half";
+  std::filesystem::last_write_time(
+      temporary.Path() / "old.zvtmp4294967295",
+      std::filesystem::file_time_type::clock::now() - std::chrono::hours(2));
   EXPECT_FALSE(files.Write(temporary.Name() + "x", "new"));
   EXPECT_FALSE(running.file->Commit());
-  EXPECT_EQ(test::NamesIn(temporary), (std::vector<std::string>{"running", "x"}));
+  EXPECT_EQ(test::NamesIn(temporary),
+            (std::vector<std::string>{"new.zvtmp4294967295", "running", "x"}));
 }
 
 // A file's access rights are set when it is created and stay when it is replaced.
