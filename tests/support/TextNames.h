@@ -6,6 +6,7 @@
 #include <string>
 
 #include "lang/LanguageTexts.h"
+#include "lang/TextNumbers.h"
 
 namespace zek::test {
 
@@ -32,6 +33,8 @@ inline std::string NamedLanguage() {
   std::string language;
   for (const auto& [number, name] : TextNames())
     language += "\n" + std::to_string(number) + "=" + name + " %1 %2 %3 %4 %5 %6";
+  for (int day = 1; day < 7; ++day)  // numbers that follow a named one
+    language += "\n" + std::to_string(text::kMonday + day) + "=kMonday+" + std::to_string(day);
   return language;
 }
 
