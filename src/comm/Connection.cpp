@@ -21,7 +21,7 @@ void Connection::Connect(std::int16_t index) {
   if (p_.settings.LocalMode || index == CurrentTopic || !p_.topics.Has(index)) return;
   const Attempt attempt = Begin();
   if (!Leave(attempt) || !attempt.IsLatest()) return;
-  Topic& topic = p_.topics[index];
+  const Topic& topic = p_.topics[index];
   p_.status.SetProgress(Text(text::kConnecting) + " " + topic.TopicName);
   connectWait_.emplace(p_.status, Text(text::kWaitConnect));
   CurrentAddress = topic.Address;
@@ -56,7 +56,7 @@ void Connection::Await(const Attempt& attempt) {
 }
 
 void Connection::SettleConnect() {
-  Topic& topic = p_.topics[std::exchange(connecting_, std::int16_t{-1})];
+  const Topic& topic = p_.topics[std::exchange(connecting_, std::int16_t{-1})];
   connectWait_.reset();
   if (CurrentTopic >= 0) {
     Succeeded(topic);
@@ -75,7 +75,7 @@ void Connection::Succeeded(const Topic& topic) {
 }
 
 // The message comes last, because it runs events.
-void Connection::Failed(Topic& topic) {
+void Connection::Failed(const Topic& topic) {
   if (cause_.empty()) cause_ = CauseOfSilence();
   CurrentLink().Abandon(topic, steps_);
   SettleDisconnected();
@@ -188,6 +188,7 @@ void Connection::OnLinkUp() {
 
 void Connection::OnReplyLine(std::string_view line) {
   ReplyLine = line;
+  if (FirstLine.empty()) FirstLine = line;
   if (!line.empty()) awaited_.reset();
   if (p_.transfer.Kind != TransferKind::Idle && CurrentTopic >= 0) {
     p_.status.Dot();

@@ -36,6 +36,7 @@ class Connection final : private LinkEvents, private ReplyEvents {
   std::string PendingTopic;        // index of the topic being connected, as text; "" = none
   std::string CurrentAddress;      // `Address` of that topic
   std::string ReplyLine;           // the last complete line; emptied when a command is sent
+  std::string FirstLine;           // the first line with text since a command was sent; "" without
   bool Sending = false;            // a command is being handed over; it keeps nothing from going on
 
   /// Opens a topic and sets `CurrentTopic`. Shows a failure in one message with the critical icon:
@@ -83,6 +84,8 @@ class Connection final : private LinkEvents, private ReplyEvents {
 
   /// Switches off every opened tag; call at the end of the program.
   void CloseAllTags() { CurrentLink().EndSession(); }
+  /// Waits until what was closed is closed, also when the user has cancelled or the program ends.
+  void Finish() { CurrentLink().Finish(); }
 
  private:
   void OnLinkText(std::string_view bytes) override;
@@ -99,7 +102,7 @@ class Connection final : private LinkEvents, private ReplyEvents {
   void Await(const Attempt& attempt);
   void SettleConnect();
   void Succeeded(const Topic& topic);
-  void Failed(Topic& topic);
+  void Failed(const Topic& topic);
   void ReportFailed(const std::string& name, const std::string& address);
   void ShowFault(const std::string& message);
   std::string CauseOfSilence() const;

@@ -29,7 +29,7 @@ inline std::int16_t TicksOf(double seconds) {
   return static_cast<std::int16_t>(std::clamp(seconds * kTicksPerSecond, 0.0, 32767.0));
 }
 
-/// The waits of a session.
+/// The waits of a session. All waits of the program go through `While`.
 class Waits {
  public:
   Waits(Turn& turn, Countdowns& countdowns) : turn_(turn), countdowns_(countdowns) {}

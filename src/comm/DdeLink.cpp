@@ -13,12 +13,12 @@ std::string Application(const std::string& computer) {
 
 }  // namespace
 
-void DdeLink::Open(Topic& topic, const Attempt& /*attempt*/, Steps& /*steps*/) {
+void DdeLink::Open(const Topic& topic, const Attempt& /*attempt*/, Steps& /*steps*/) {
   returnDue_ = false;
   transport_.Open({Application(topic.Address), topic.TopicName});
 }
 
-bool DdeLink::Close(Topic& /*topic*/, const Attempt& /*attempt*/, Steps& /*steps*/) {
+bool DdeLink::Close(const Topic& /*topic*/, const Attempt& /*attempt*/, Steps& /*steps*/) {
   returnDue_ = false;
   transport_.Close();
   return true;

@@ -11,8 +11,8 @@ class DdeLink final : public TransportLink {
  public:
   using TransportLink::TransportLink;
 
-  void Open(Topic& topic, const Attempt& attempt, Steps& steps) override;
-  bool Close(Topic& topic, const Attempt& attempt, Steps& steps) override;
+  void Open(const Topic& topic, const Attempt& attempt, Steps& steps) override;
+  bool Close(const Topic& topic, const Attempt& attempt, Steps& steps) override;
   bool Write(std::string_view command) override;
   bool ReadsEscapes() const override { return true; }
   /// All text is the controller's: nothing that the program pokes comes back.

@@ -71,19 +71,21 @@ class Link {
   /// Starts to open the topic and adds what must wait to `steps`. Success is reported by OnLinkUp,
   /// which may come from a step or later, from a reply text. Does nothing if a later attempt comes
   /// from inside this call.
-  virtual void Open(Topic& topic, const Attempt& attempt, Steps& steps) = 0;
+  virtual void Open(const Topic& topic, const Attempt& attempt, Steps& steps) = 0;
   /// Takes back an Open that failed or is no longer wanted.
-  virtual void Abandon(Topic& topic, Steps& steps) = 0;
+  virtual void Abandon(const Topic& topic, Steps& steps) = 0;
   /// Starts to close the connected topic. Returns false if the other side refused: it stays
   /// connected. May run events, and adds no steps if a later attempt came from inside this call.
-  virtual bool Close(Topic& topic, const Attempt& attempt, Steps& steps) = 0;
+  virtual bool Close(const Topic& topic, const Attempt& attempt, Steps& steps) = 0;
   /// Called at the end of the program.
   virtual void EndSession() {}
+  /// Waits, but not for ever, until the other side has answered every call.
+  virtual void Finish() {}
 
   virtual LinkState State() const = 0;
   bool IsConnected() const { return State() == LinkState::Connected; }
   /// Called at every tick while a topic is connected.
-  virtual void Poll() = 0;
+  virtual void Poll() {}
   /// True if only `Poll` fetches replies: a command then does not wait for its first line.
   virtual bool IsPolled() const { return false; }
 

@@ -39,6 +39,7 @@ bool Connection::Write(std::string_view command) {
   p_.countdowns.WaitCountdown = TicksOf(kFirstLineSeconds);  // also ends `awaited_`
   awaited_.emplace(p_);
   ReplyLine.clear();
+  FirstLine.clear();
   LogSent(command);
   Sending = true;
   const bool taken = CurrentLink().Write(command);
@@ -51,11 +52,12 @@ bool Connection::Write(std::string_view command) {
 void Connection::AwaitFirstLine(const Attempt& command) {
   const Attempt attempt(attempts_);
   p_.WaitWhile(kFirstLineSeconds, [&] {
-    return ReplyLine.empty() && command.IsLatest() && attempt.IsLatest() &&
+    return FirstLine.empty() && command.IsLatest() && attempt.IsLatest() &&
            CurrentLink().IsConnected();
   });
   if (!command.IsLatest()) return;
-  p_.transfer.TakeFirstLine(ReplyLine);
+  // A controller that repeats the command refuses it in a later line.
+  for (const std::string& line : {FirstLine, ReplyLine}) p_.transfer.TakeFirstLine(line);
   HideSecret();
 }
 

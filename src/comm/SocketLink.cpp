@@ -6,7 +6,7 @@
 
 namespace zek {
 
-void SocketLink::Open(Topic& topic, const Attempt& attempt, Steps& steps) {
+void SocketLink::Open(const Topic& topic, const Attempt& attempt, Steps& steps) {
   text_.Reset(topic.HasDus);
   const auto sendTimeOut = p_.Numbers().ReadSeconds("TCPIP", "SendTimeOut", "15");
   const auto pause = p_.Numbers().ReadSeconds("TCPIP", "DelayAfterConnect", "0");
@@ -37,7 +37,7 @@ void SocketLink::OpenDus(double dus, double sendTimeOut, double pause, Steps& st
   }
 }
 
-bool SocketLink::Close(Topic& /*topic*/, const Attempt& /*attempt*/, Steps& steps) {
+bool SocketLink::Close(const Topic& /*topic*/, const Attempt& /*attempt*/, Steps& steps) {
   transport_.Close();
   steps.Add(p_.settings.DisconnectDelay, IsClosed(), [] {});
   return true;

@@ -13,8 +13,8 @@ class SocketLink final : public TransportLink {
   SocketLink(Transport& socket, LinkEvents& events, const LinkParts& parts)
       : TransportLink(socket, events, parts), events_(events) {}
 
-  void Open(Topic& topic, const Attempt& attempt, Steps& steps) override;
-  bool Close(Topic& topic, const Attempt& attempt, Steps& steps) override;
+  void Open(const Topic& topic, const Attempt& attempt, Steps& steps) override;
+  bool Close(const Topic& topic, const Attempt& attempt, Steps& steps) override;
   bool Write(std::string_view command) override;
   TextLoss Receive(std::string_view bytes, const HandOver& handOver) override;
   std::string Where(const Topic& topic) const override { return topic.Address; }

@@ -65,13 +65,13 @@ void TagLink::LogOff() {
 }
 
 // A server that still owes an answer gets no new calls: they would all be made when it wakes up.
-void TagLink::Open(Topic& topic, const Attempt& /*attempt*/, Steps& steps) {
+void TagLink::Open(const Topic& topic, const Attempt& /*attempt*/, Steps& steps) {
   pollFaultReported_ = silent_ = begun_ = failed_ = false;
-  fault_.clear();
   opening_.reset();
   closing_.reset();
   line_ = topic.Tag;
   Then(steps, [this] {
+    fault_.clear();  // of the connection before, whose calls are answered only now
     logOn_ = LogOn();
     begun_ = !passwordLost_;
   });
@@ -107,7 +107,7 @@ void TagLink::AwaitAnswers(Steps& steps) {
       kAnswerSeconds, [this] { return silent_ || unanswered_ == 0; }, [] {});
 }
 
-void TagLink::Abandon(Topic& topic, Steps& steps) {
+void TagLink::Abandon(const Topic& topic, Steps& steps) {
   open_.clear();
   if (!begun_) return;
   const bool refused = !opening_ || (opening_->arrived && opening_->status == 0);
@@ -119,7 +119,7 @@ void TagLink::Abandon(Topic& topic, Steps& steps) {
 
 // If the wait is ended before the answer, by the user or the end of the program, it counts as
 // closed: the call is made all the same.
-bool TagLink::Close(Topic& topic, const Attempt& attempt, Steps& steps) {
+bool TagLink::Close(const Topic& topic, const Attempt& attempt, Steps& steps) {
   if (!closing_) closing_ = Put(topic.TopicName, "transparent close");
   const Answer answer = closing_;
   p_.waits.While([&] { return !answer->arrived && !open_.empty(); });
@@ -136,20 +136,27 @@ bool TagLink::Close(Topic& topic, const Attempt& attempt, Steps& steps) {
   return true;
 }
 
+void TagLink::AwaitAnswers() const {
+  p_.waits.While([this] { return p_.countdowns.WaitCountdown > 0 && unanswered_ > 0; });
+}
+
+void TagLink::Finish() {
+  const Waits::Finishing finishing(p_.waits);
+  p_.countdowns.WaitCountdown = TicksOf(kEndSeconds);
+  AwaitAnswers();
+}
+
 void TagLink::EndSession() {
   const Waits::Finishing finishing(p_.waits);
   p_.countdowns.WaitCountdown = TicksOf(kEndSeconds);
-  const auto await = [this] {
-    p_.waits.While([this] { return p_.countdowns.WaitCountdown > 0 && unanswered_ > 0; });
-  };
   const Answer logOn = LogOn();
-  await();
+  AwaitAnswers();
   if (logOn->arrived && logOn->status == 0) return;
   for (std::int16_t index = 0; index < p_.topics.TopicCount(); ++index) {
     if (p_.topics[index].TagState != 0) Switch(p_.topics[index].Tag, 0);
   }
   LogOff();
-  await();
+  AwaitAnswers();
 }
 
 LinkState TagLink::State() const {

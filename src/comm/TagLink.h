@@ -19,11 +19,12 @@ class TagLink final : public Link {
   TagLink(TagServer& tags, LinkEvents& events, const LinkParts& parts)
       : tags_(tags), events_(events), p_(parts) {}
 
-  void Open(Topic& topic, const Attempt& attempt, Steps& steps) override;
-  void Abandon(Topic& topic, Steps& steps) override;
-  bool Close(Topic& topic, const Attempt& attempt, Steps& steps) override;
+  void Open(const Topic& topic, const Attempt& attempt, Steps& steps) override;
+  void Abandon(const Topic& topic, Steps& steps) override;
+  bool Close(const Topic& topic, const Attempt& attempt, Steps& steps) override;
   /// Writes "0" to every opened tag, then logs off. Waits for that, but not for ever.
   void EndSession() override;
+  void Finish() override;
   LinkState State() const override;
   void Poll() override;
   bool IsPolled() const override { return true; }
@@ -48,6 +49,7 @@ class TagLink final : public Link {
   /// Adds a step of opening that acts once every call is answered; skipped after a failure.
   void Then(Steps& steps, Steps::Action act);
   void AwaitAnswers(Steps& steps);
+  void AwaitAnswers() const;
   void TakeReply(const std::string& tag, const TagAnswer& answer);
   void GiveUp();
   std::string WithoutPassword(const std::string& fault) const;

@@ -23,11 +23,13 @@ bool IsDigits(std::string_view text) {
 
 bool IsName(std::string_view name) {
   constexpr std::string_view letters = "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789-_";
+  return !name.empty() && UpperCase(name).find_first_not_of(letters) == std::string::npos;
+}
+
+bool IsReserved(std::string_view name) {
   const std::string upper = UpperCase(name);
-  const bool reserved =
-      upper.starts_with("TXI_") ||
-      std::find(kOtherSections.begin(), kOtherSections.end(), upper) != kOtherSections.end();
-  return !name.empty() && upper.find_first_not_of(letters) == std::string::npos && !reserved;
+  return upper.starts_with("TXI_") ||
+         std::find(kOtherSections.begin(), kOtherSections.end(), upper) != kOtherSections.end();
 }
 
 bool IsAddress(std::string_view address) {
@@ -51,6 +53,7 @@ TopicEntry EntryOf(const Topic& topic) {
 
 std::optional<std::int32_t> Complaint(const TopicEntry& entry) {
   if (!IsName(entry.name)) return text::kTopicBadName;
+  if (IsReserved(entry.name)) return text::kTopicNameReserved;
   if (!IsAddress(entry.address)) return text::kTopicBadAddress;
   const bool hasPort = entry.address.find(':') != std::string::npos;
   if (!IsDigits(entry.dus) || entry.dus.size() > kLongestDus || (!entry.dus.empty() && !hasPort))

@@ -15,10 +15,8 @@ class TransportLink : public Link {
     transport_.Attach(&events);
   }
 
-  void Abandon(Topic& /*topic*/, Steps& /*steps*/) override { transport_.Close(); }
+  void Abandon(const Topic& /*topic*/, Steps& /*steps*/) override { transport_.Close(); }
   LinkState State() const override { return transport_.State(); }
-  // Some transports notice a dead peer only when asked for their state.
-  void Poll() override { static_cast<void>(transport_.State()); }
   bool AllSent() const override { return transport_.AllSent(); }
   double SendTimeOut() const override {
     return p_.Numbers().ReadSeconds("TCPIP", "SendTimeOut", "15").value_or(0);

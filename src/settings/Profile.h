@@ -19,6 +19,9 @@ struct ProfileSection {
   bool cut = false;                  // the buffer was full; the last entry may be incomplete
 };
 
+/// The largest buffer for `Profile::ReadSection`: the most that the system's call returns.
+inline constexpr std::size_t kWholeSection = 32767;
+
 /// Access to ZEKView.INI. Names of sections and keys ignore case.
 class Profile {
  public:

@@ -10,7 +10,6 @@ namespace {
 constexpr std::string_view kSection = "General";
 constexpr std::string_view kKey = "Password";
 constexpr std::string_view kMark = "{dpapi}";  // no password of a person begins so
-constexpr std::size_t kWholeSection = 32767;   // the most that the system's call returns
 
 // An encrypted password is longer than the values that `ReadIni` returns.
 std::string WholeValue(const Profile& profile) {

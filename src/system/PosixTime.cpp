@@ -10,7 +10,7 @@ LocalTime SystemTime() {
   using namespace std::chrono;
   const auto sinceEpoch = floor<milliseconds>(system_clock::now()).time_since_epoch();
   const std::time_t now = floor<seconds>(sinceEpoch).count();
-  // Safe: the program has one thread, and the result is copied at once.
+  // Safe: only the main thread calls it, and the result is copied at once.
   const std::tm* const local = std::localtime(&now);  // NOLINT(concurrency-mt-unsafe)
   if (local == nullptr) return {};
   return {local->tm_year + firstYear,

@@ -20,12 +20,6 @@ class Turn {
   virtual bool Quitting() const = 0;
 };
 
-/// Runs turns while `condition()` is true. All waits of the program use it.
-template <class Condition>
-void WaitWhile(Turn& turn, Condition condition) {
-  while (!turn.Quitting() && condition()) turn.Once();
-}
-
 /// Posts a call to the program's event loop and returns at once; calls run in the posted order.
 using Later = std::function<void(std::function<void()> call)>;
 

@@ -3,8 +3,20 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 namespace zek {
+namespace {
+
+// Windows-1252 has no character for the last five: as Unicode they are control characters, too, of
+// which some begin an escape sequence.
+bool IsShownAsCode(char character) {
+  const auto code = static_cast<unsigned char>(character);
+  return code < 0x20 || code == 0x7F || code == 0x81 || code == 0x8D || code == 0x8F ||
+         code == 0x90 || code == 0x9D;
+}
+
+}  // namespace
 
 // Tests eight characters at a time: one at a time exceeds the reply handler's limit in
 // docs/performance.md.
@@ -25,15 +37,16 @@ std::size_t FindControl(std::string_view text, std::size_t from) {
 }
 
 void ShowControls(std::string& line) {
-  std::size_t at = FindControl(line);
-  if (at == std::string::npos) return;
+  if (std::none_of(line.begin(), line.end(), IsShownAsCode)) return;
   std::string shown;
-  std::size_t from = 0;
-  for (; at != std::string::npos; at = FindControl(line, from)) {
-    shown.append(line, from, at - from).append("<").append(std::to_string(int{line[at]})) += '>';
-    from = at + 1;
+  for (const char character : line) {
+    if (IsShownAsCode(character)) {
+      shown.append("<").append(std::to_string(int{static_cast<unsigned char>(character)})) += '>';
+    } else {
+      shown += character;
+    }
   }
-  line = shown.append(line, from);
+  line = std::move(shown);
 }
 
 }  // namespace zek

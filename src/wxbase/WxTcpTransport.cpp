@@ -68,7 +68,7 @@ void WxTcpTransport::Open(const LinkTarget& target) {
           FailLater(text::kHostUnknown);
         }
       });
-  if (!begun) FailLater(text::kHostUnknown);
+  if (!begun) FailLater(text::kLookupsBlock);
 }
 
 // `host` is a numeric address, for which the toolkit makes no blocking lookup.

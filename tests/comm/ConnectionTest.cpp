@@ -436,6 +436,20 @@ TEST_F(ConnectionTest, TagModeOpensAndClosesInOrder) {
             (Shown{"Open  ", "ONE=transparent open", "ONE=transparent close", "Close"}));
 }
 
+TEST_F(ConnectionTest, AFaultOfOneConnectionIsNotToldOfTheNext) {
+  proc.settings.TagMode = true;
+  tags.takes = [this](const std::string&, const std::string& value) {
+    if (value == "1") tags.fault = "late";
+    return true;
+  };
+  tagServer.blocks = [](const std::string& call) { return call == "NETTAG=1" ? 35'000 : 0; };
+  connection.Connect(kNet);
+  connection.Disconnect();
+  connection.Connect(kOne);
+  EXPECT_EQ(connection.CurrentTopic, kOne);
+  EXPECT_EQ(prompts.shown, Shown{});
+}
+
 TEST_F(ConnectionTest, WhatTheTagObjectSaysIsTold) {
   proc.texts.Read("688=Tag (%1)\r\n512=T512\r\n513=T513 %1\r\n");
   proc.settings.TagMode = true;

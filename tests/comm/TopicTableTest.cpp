@@ -38,7 +38,8 @@ TEST(TopicEntry, ChangesOnlyWhatIsEntered) {
        "no,ZEK2, h:5100:3 ,,T,x"},
       {{"A", Generation::Zek2, "PC", "", "D"}, "1,zek 2,h:1", 0, "1,zek 2,PC,D"},
       {{"\xC5", Generation::Zek1, "", "", ""}, "", text::kTopicBadName, nullptr},
-      {{"general", Generation::Zek1, "", "", ""}, "", text::kTopicBadName, nullptr},
+      {{"general", Generation::Zek1, "", "", ""}, "", text::kTopicNameReserved, nullptr},
+      {{"Txi_1", Generation::Zek1, "", "", ""}, "", text::kTopicNameReserved, nullptr},
       {{"A", Generation::Zek1, "h:70000", "", ""}, "", text::kTopicBadAddress, nullptr},
       {{"A", Generation::Zek1, "h:1:2", "", ""}, "", text::kTopicBadAddress, nullptr},
       {{"A", Generation::Zek1, "PC", "3", ""}, "", text::kTopicBadDus, nullptr},
@@ -73,6 +74,57 @@ TEST(TopicList, AChangeTakesEffectAtOnceAndKeepsTheOtherLines) {
   session.socket.reachable = false;
   EXPECT_EQ(TestTopic(proc, EntryOf(proc.topics[0])), Contact::None);
   EXPECT_EQ(proc.topics.TopicCount(), 2);
+}
+
+TEST(TopicList, ATestSaysWhatTheControllerDid) {
+  const struct {
+    std::string topic;
+    std::string reply;
+    int cancelled = 0;  // after so many milliseconds
+    Contact contact = Contact::None;
+  } cases[] = {
+      {"ONE", "0001>OK\r\n\r\n\xFF", 60'000, Contact::Answers},
+      {"ONE", "", 3000, Contact::Stopped},
+      {"NET", "0001>OK", 60'000, Contact::Answers},
+      {"NET", "", 60'000, Contact::Silent},
+      {"NET", "", 3000, Contact::Stopped},
+  };
+  for (const auto& each : cases) {
+    test::TestSession session;
+    ZV_Proc& proc = session.proc;
+    proc.settings.TagMode = each.topic == "NET";
+    session.socket.onConnected = [&session] { session.socket.Say("<TRANSPARENT>"); };
+    session.socket.onSent = [&](std::string_view) { session.socket.Say(each.reply); };
+    session.tags.replies = {"", "", each.reply};
+    session.turn.After(each.cancelled, [&proc] { proc.waits.Cancel(); });
+    EXPECT_EQ(TestTopic(proc, EntryOf(proc.topics[proc.topics.Find(each.topic)])), each.contact);
+    EXPECT_TRUE(session.prompts.shown.empty());
+    const std::size_t calls = proc.settings.TagMode ? 7 : 0;  // its line is switched too
+    EXPECT_EQ(session.tags.calls.size(), calls) << each.topic;
+  }
+}
+
+TEST(TopicList, ALineThatWasNotReadAsAWholeStays) {
+  test::TestSession session;
+  std::string& file = session.files.files["/ini/ZEKView.INI"];
+  file = "[Topics]\nA=1,1,h:1,a\nX=" + std::string(16'300, 'x') + "\nB=1,1,h:1," +
+         std::string(100, 'b') + ",TAG\nC=1,1,h:1,c\n";
+  session.Load("");
+  session.prompts.shown.clear();
+  const std::string before = file;
+  EXPECT_EQ(session.proc.topics.TopicCount(), 3);
+  EXPECT_FALSE(SaveTopic(session.proc, EntryOf(session.proc.topics[2])));
+  EXPECT_FALSE(SaveTopic(session.proc, {"C", Generation::Zek1, "h:2", "", ""}));
+  EXPECT_TRUE(file == before);
+  const auto told = [&](std::int32_t number, const char* name) {
+    return "x " + session.proc.ToUser().Text(number, {name});
+  };
+  EXPECT_EQ(session.prompts.shown,
+            (std::vector{told(text::kTopicsTooLong, "B"), told(text::kTopicNotRead, "C")}));
+  session.prompts.shown.clear();
+  EXPECT_TRUE(SaveTopic(session.proc, {"A", Generation::Zek1, "h:2", "", "a"}));
+  file = "[Topics]\nA=1,1,h:1,a\nX=" + std::string(33'000, 'x') + "\n";
+  EXPECT_FALSE(SaveTopic(session.proc, {"A", Generation::Zek1, "h:2", "", "a"}));
 }
 
 TEST(TopicTable, ListsByModeAndSwedishOrder) {

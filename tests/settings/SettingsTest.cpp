@@ -88,8 +88,23 @@ TEST(Settings, NumbersHaveLimits) {
 
 TEST(Settings, YesIsOnlyYes) {
   const char* const times = "DisconnectTime=60\nGetTSCTimeout=5\n";
-  EXPECT_TRUE(Start(std::string("[general]\nAlwaysOnTop=Yes\n") + times).settings.AlwaysOnTop);
-  EXPECT_FALSE(Start(std::string("[general]\nAlwaysOnTop=1\n") + times).settings.AlwaysOnTop);
+  const struct {
+    const char* key;
+    bool Settings::*flag;
+  } flags[] = {{"AlwaysOnTop", &Settings::AlwaysOnTop},
+               {"HideDialogOnTSC", &Settings::HideDialogOnTSC},
+               {"PreventMinimize", &Settings::PreventMinimize},
+               {"AlwaysUseLocal", &Settings::AlwaysUseLocal},
+               {"AlwaysUseDSS", &Settings::AlwaysUseDSS},
+               {"VerifyAfterWrite", &Settings::VerifyAfterWrite},
+               {"LogCommands", &Settings::LogCommands}};
+  for (const auto& each : flags) {
+    for (const auto& [value, yes] : {std::pair("Yes", true), {"no", false}, {"1", false}}) {
+      const Started started =
+          Start(std::string("[general]\n") + each.key + "=" + value + "\n" + times);
+      EXPECT_EQ(started.settings.*each.flag, yes) << each.key << value;
+    }
+  }
   EXPECT_EQ(Start(std::string("[general]\nSortTopics=ja\n") + times).settings.TopicComboIndex, 1);
   EXPECT_EQ(Start(std::string("[general]\nDialogMode=all\n") + times).settings.DialogMode, 2);
   EXPECT_EQ(Start(std::string("[general]\nDialogMode=Alla\n") + times).settings.DialogMode, 0);

@@ -172,9 +172,10 @@ class TopicForm final : public wxDialog {
     }
     if (!alive) return;
     busy_ = false;
-    Tell(ToWx(proc_.Text(contact == Contact::Answers  ? text::kTopicAnswers
-                         : contact == Contact::Silent ? text::kTopicSilent
-                                                      : text::kTopicNoContact)));
+    Tell(ToWx(proc_.Text(contact == Contact::Answers   ? text::kTopicAnswers
+                         : contact == Contact::Silent  ? text::kTopicSilent
+                         : contact == Contact::Stopped ? text::kTopicTestStopped
+                                                       : text::kTopicNoContact)));
   }
 
   ZV_Proc& proc_;
