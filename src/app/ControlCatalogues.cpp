@@ -1,9 +1,8 @@
 #include "app/ControlCatalogues.h"
 
 #include <algorithm>
-#include <array>
-#include <utility>
 
+#include "catalogue/CatalogueTitle.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 
@@ -12,15 +11,11 @@ namespace {
 
 constexpr const char* kSection = "ForecastRule";
 
-constexpr std::array kTitles{std::pair(Catalogue::Wdc, text::kTitleWeekdays),
-                             std::pair(Catalogue::Sdc, text::kTitleCalendar),
-                             std::pair(Catalogue::Ovc, text::kTitleExceptions)};
-
 }  // namespace
 
 bool ControlCatalogues::Read() {
-  return std::all_of(kTitles.begin(), kTitles.end(),
-                     [this](const auto& titled) { return Read(titled.first); });
+  return std::all_of(kShownCatalogues.begin(), kShownCatalogues.end(),
+                     [this](Catalogue catalogue) { return Read(catalogue); });
 }
 
 bool ControlCatalogues::Read(Catalogue catalogue) {
@@ -46,10 +41,10 @@ std::vector<std::string> ControlCatalogues::Remarks() const {
   std::vector<std::string> remarks;
   std::string missing;
   std::size_t dropped = 0;
-  for (const auto& [catalogue, title] : kTitles) {
+  for (const Catalogue catalogue : kShownCatalogues) {
     dropped += Content(catalogue).value().linesDropped;
     if (std::find(missing_.begin(), missing_.end(), catalogue) == missing_.end()) continue;
-    missing += (missing.empty() ? "" : ", ") + proc_.Text(title);
+    missing += (missing.empty() ? "" : ", ") + proc_.Text(KindTitle(catalogue));
   }
   if (!missing.empty()) remarks.push_back(Message(proc_.Text(text::kCopiesMissing), {missing}));
   const ControlTables read = Tables();
@@ -63,11 +58,12 @@ std::vector<std::string> ControlCatalogues::Remarks() const {
 
 std::string ControlCatalogues::Unsent(std::optional<Catalogue> edited) const {
   std::string unsent;
-  for (const auto& [catalogue, title] : kTitles) {
+  for (const Catalogue catalogue : kShownCatalogues) {
     const auto& content = Content(catalogue);
     const bool copied = content && content->from == LinesFrom::LocalCopy &&
                         proc_.catalogues.HasUnsentChanges(of_.Id(catalogue));
-    if (copied || edited == catalogue) unsent += (unsent.empty() ? "" : ", ") + proc_.Text(title);
+    if (copied || edited == catalogue)
+      unsent += (unsent.empty() ? "" : ", ") + proc_.Text(KindTitle(catalogue));
   }
   return unsent;
 }

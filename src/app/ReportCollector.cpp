@@ -1,8 +1,8 @@
 #include "app/ReportCollector.h"
 
-#include <array>
 #include <utility>
 
+#include "catalogue/CatalogueTitle.h"
 #include "catalogue/CopyStates.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
@@ -34,20 +34,17 @@ bool ReportCollector::Add(std::size_t node) {
 // Of each catalogue of the selected control, when and from where it was read.
 std::vector<std::string> ReportCollector::Reads() const {
   std::vector<std::string> reads;
-  AddRead(reads, Catalogue::Wdc, text::kTitleWeekdays);
-  AddRead(reads, Catalogue::Sdc, text::kTitleCalendar);
-  AddRead(reads, Catalogue::Ovc, text::kTitleExceptions);
+  for (const Catalogue catalogue : kShownCatalogues) AddRead(reads, catalogue);
   return reads;
 }
 
-void ReportCollector::AddRead(std::vector<std::string>& reads, Catalogue catalogue,
-                              std::int32_t name) const {
+void ReportCollector::AddRead(std::vector<std::string>& reads, Catalogue catalogue) const {
   const CopyState state = CopyStates(proc_.copies, proc_.records).Of(proc_.selection.Id(catalogue));
   const Topic& topic = proc_.topics[proc_.selection.CurrentObject];
   const std::int32_t number = !state.exists        ? text::kReportMissing
                               : state.time.empty() ? text::kReportReadUnknown
                                                    : text::kReportRead;
-  const std::string title = proc_.Text(name);
+  const std::string title = proc_.Text(KindTitle(catalogue));
   const std::string where = topic.TopicName + " " + topic.Address;
   reads.push_back(Message(proc_.Text(number), {title, state.time, where}));
   if (state.unsent) reads.push_back(Message(proc_.Text(text::kReportUnsent), {title}));

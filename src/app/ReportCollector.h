@@ -26,7 +26,7 @@ class ReportCollector {
 
  private:
   std::vector<std::string> Reads() const;
-  void AddRead(std::vector<std::string>& reads, Catalogue catalogue, std::int32_t name) const;
+  void AddRead(std::vector<std::string>& reads, Catalogue catalogue) const;
 
   ZV_Proc& proc_;
   FindingContext context_;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "catalogue/CatalogueTitle.h"
 #include "catalogue/LineChanges.h"
@@ -68,19 +69,18 @@ void CatalogueDelivery::Note(std::string_view journal, std::size_t lines) {
   p_.exchange.status.Changed();
 }
 
-Outcome CatalogueDelivery::Ended(const SavePlan& plan, std::string_view journal, Outcome outcome,
-                                 const std::string& message) {
-  Note(journal, plan.send.lines.size());
-  const bool well = outcome == Outcome::Saved;
-  p_.messages.prompts.Show(well ? Icon::Information : Icon::Exclamation, p_.About(id_, message));
-  return outcome;
+void CatalogueDelivery::Show(Icon icon, const std::string& message, const std::string& details,
+                             std::int32_t label) {
+  const std::string about = p_.About(id_, message);
+  if (details.empty()) return p_.messages.prompts.Show(icon, about);
+  p_.messages.prompts.ShowDetails(icon, about, {}, {p_.messages.Text(label), details});
 }
 
 Outcome CatalogueDelivery::Ended(const SavePlan& plan, std::string_view journal, Outcome outcome,
                                  const std::string& message, const std::string& details) {
   Note(journal, plan.send.lines.size());
-  p_.messages.prompts.ShowDetails(Icon::Exclamation, p_.About(id_, message), {},
-                                  {p_.messages.Text(text::kFaultsLabel), details});
+  const bool well = outcome == Outcome::Saved;
+  Show(well ? Icon::Information : Icon::Exclamation, message, details, text::kFaultsLabel);
   return outcome;
 }
 
@@ -109,30 +109,28 @@ Outcome CatalogueDelivery::Failed(const SavePlan& plan, const SendReport& report
 
 // Not after a link that failed: the controller would not answer.
 void CatalogueDelivery::TellMixture(const SavePlan& plan, std::string message, bool answered) {
-  if (!id_.IsShared()) {
-    message += "\r\n" + p_.messages.Text(text::kMixture);
-    return p_.messages.prompts.Show(Icon::Exclamation, p_.About(id_, message));
+  message += "\r\n" + p_.messages.Text(id_.IsShared() ? text::kMixtureShared : text::kMixture);
+  std::string details;
+  std::int32_t label = text::kMissingOthersLabel;
+  if (answered && id_.IsPartOfShared()) {
+    const Verification now = VerifyCatalogue(id_, plan.expected, p_, delays_);
+    if (now.IsMade() && now.HasAllOthers())
+      message += "\r\n" + p_.messages.Text(text::kOthersWhole);
+    details = OnLines(now.others.missing) + OthersChanged(now);
+    if (now.others.missing.empty()) label = text::kFaultsLabel;
   }
-  message += "\r\n" + p_.messages.Text(text::kMixtureShared);
-  if (!answered || !id_.IsPartOfShared())
-    return p_.messages.prompts.Show(Icon::Exclamation, p_.About(id_, message));
-  const Verification now = VerifyCatalogue(id_, plan.expected, p_, delays_);
-  if (now.others.missing.empty()) {
-    if (now.IsMade()) message += "\r\n" + p_.messages.Text(text::kOthersWhole);
-    return p_.messages.prompts.Show(Icon::Exclamation, p_.About(id_, message));
-  }
-  p_.messages.prompts.ShowDetails(
-      Icon::Exclamation, p_.About(id_, message), {},
-      {p_.messages.Text(text::kMissingOthersLabel), OnLines(now.others.missing)});
+  Show(Icon::Exclamation, message, details, label);
 }
 
 // --- What the controller has now ---
 
 Outcome CatalogueDelivery::Check(const SavePlan& plan) {
   Verification check = VerifyCatalogue(id_, plan.expected, p_, delays_);
-  if (check.IsMade() && !(check.others.missing.empty() && check.others.different.empty())) {
+  if (check.IsMade() && !check.HasAllOthers()) {
     // One listing could have lost a line on its way.
-    check = VerifyCatalogue(id_, plan.expected, p_, delays_);
+    Verification second = VerifyCatalogue(id_, plan.expected, p_, delays_);
+    if (!second.IsMade()) return NotConfirmed(plan, check, second);
+    check = std::move(second);
   }
   if (!check.IsMade()) return NotChecked(plan, check);
   known_ = check.fetched;
@@ -154,6 +152,23 @@ Outcome CatalogueDelivery::NotChecked(const SavePlan& plan, const Verification& 
   return required ? Outcome::Failed : Outcome::Saved;
 }
 
+// What the first check found must not be forgotten.
+Outcome CatalogueDelivery::NotConfirmed(const SavePlan& plan, const Verification& check,
+                                        const Verification& second) {
+  known_ = check.fetched;
+  std::string message = p_.messages.Text(text::kFirstCheck);
+  if (!second.linkFault.empty()) message += "\r\n\r\n" + second.linkFault;
+  std::string details = OnLines(check.others.missing) + OthersChanged(check);
+  if (!check.faults.empty()) {
+    const ChangeTexts told = TextsOfFaults(check.faults, p_.messages.texts);
+    message.insert(0, p_.messages.Text(text::kVerifyFaults) + "\r\n" + told.Summary + "\r\n\r\n");
+    details.insert(0, told.Details + "\r\n");
+  }
+  const bool failed = !check.faults.empty() || p_.settings.VerifyAfterWrite;
+  return Ended(plan, "sent, lines of others not confirmed",
+               failed ? Outcome::Failed : Outcome::Remarked, message, details);
+}
+
 // Old own lines that are still there. They are looked for by number, too: without its new lines a
 // nameless line can be nobody's.
 Lines CatalogueDelivery::Remaining(const SavePlan& plan, const Verification& check) const {
@@ -165,20 +180,24 @@ Lines CatalogueDelivery::Remaining(const SavePlan& plan, const Verification& che
   return left;
 }
 
-// The lines of others that are not as they were; nothing if there are none.
-std::string CatalogueDelivery::OthersDifferent(const Verification& check) const {
+// The lines of others that are there and not as they were, and those with "*" that are gone;
+// nothing if there are none.
+std::string CatalogueDelivery::OthersChanged(const Verification& check) const {
   std::string details;
   for (const LinePair& pair : check.others.different) {
-    details += p_.messages.Text(text::kChangeBefore) + "  " + pair.before + "\r\n" +
-               p_.messages.Text(text::kChangeAfter) + "  " + pair.after + "\r\n";
+    details += p_.messages.Text(text::kChangeBefore) + "  " + OnLines({&pair.before, 1}) +
+               p_.messages.Text(text::kChangeAfter) + "  " + OnLines({&pair.after, 1});
   }
-  return details;
+  if (!details.empty() && !check.starredGone.empty())
+    details += p_.messages.Text(text::kStarredGone) + "\r\n";
+  return details + OnLines(check.starredGone);
 }
 
 Outcome CatalogueDelivery::Judge(const SavePlan& plan, const Verification& check) {
-  const std::string different = OthersDifferent(check);
-  const std::string also =
-      different.empty() ? "" : "\r\n" + p_.messages.Text(text::kOthersDiffer) + "\r\n" + different;
+  const std::string changed = OthersChanged(check);
+  const std::string heading =
+      p_.messages.Text(check.others.different.empty() ? text::kStarredGone : text::kOthersDiffer);
+  const std::string also = changed.empty() ? "" : "\r\n" + heading + "\r\n" + changed;
   if (!check.faults.empty()) {
     const ChangeTexts told = TextsOfFaults(check.faults, p_.messages.texts);
     return Ended(plan, "sent, differs", Outcome::Failed,
@@ -192,10 +211,8 @@ Outcome CatalogueDelivery::Judge(const SavePlan& plan, const Verification& check
                  p_.messages.Text(text::kOwnLinesRemain),
                  (remaining.size() > check.left.size() ? OnLines(remaining) : told.Details) + also);
   }
-  if (!different.empty()) {
-    return Ended(plan, "sent, others differ", Outcome::Remarked,
-                 p_.messages.Text(text::kOthersDiffer), different);
-  }
+  if (!changed.empty())
+    return Ended(plan, "sent, others differ", Outcome::Remarked, heading, changed);
   const std::string done =
       p_.settings.VerifyAfterWrite
           ? p_.messages.Text(text::kVerified)
@@ -203,15 +220,21 @@ Outcome CatalogueDelivery::Judge(const SavePlan& plan, const Verification& check
   return Ended(plan, "sent, checked", Outcome::Saved, done);
 }
 
+// A line with "*" alone shows nothing: the controller can have removed what it marked.
+bool CatalogueDelivery::HasLostAllOthers(const SavePlan& plan, const Verification& check) {
+  const std::size_t gone = check.others.missing.size() + check.starredGone.size();
+  return !check.others.missing.empty() && gone == plan.expected.others.size();
+}
+
 // What became of lines that were not sent shows what the controller does with them.
 void CatalogueDelivery::RememberSeen(const SavePlan& plan, const Verification& check) {
   if (plan.now.from == LinesFrom::Nowhere) return;
   const bool othersSent = plan.whole || plan.expected.others.empty();
-  if (!othersSent && check.others.missing.size() == plan.expected.others.size()) {
+  if (!othersSent && HasLostAllOthers(plan, check)) {
     return p_.records.RememberSeen(id_, SeenToDo::ReplacesByCatalogue);
   }
   const Lines left = LeftBehind(SplitLines(id_, plan.now.lines).own, plan.send.lines);
-  if (left.empty() || !check.others.missing.empty()) return;
+  if (left.empty() || !check.others.missing.empty() || !check.starredGone.empty()) return;
   const std::size_t gone = FindAgain(left, check.fetched.lines).missing.size();
   if (gone == 0) return p_.records.RememberSeen(id_, SeenToDo::ReplacesByNumber);
   if (gone < left.size()) return;
@@ -222,22 +245,21 @@ void CatalogueDelivery::RememberSeen(const SavePlan& plan, const Verification& c
 // --- Lines of other controls that the write lost ---
 
 Outcome CatalogueDelivery::Repair(const SavePlan& plan, const Verification& check) {
-  const bool replacesAll =
-      !plan.whole && check.others.missing.size() == plan.expected.others.size();
+  const bool replacesAll = !plan.whole && HasLostAllOthers(plan, check);
   SavePlan again = plan;
   again.whole = true;
   again.now = check.fetched;
-  again.missing = WithoutStarred(check.others.missing);
+  again.missing = check.others.missing;
   again.expected.others =
       Joined(WithoutStarred(SplitLines(id_, check.fetched.lines).others), again.missing);
   again.all = Joined(again.expected.others, plan.expected.own.lines);
   again.send.lines = again.all;
   if (again.all.size() > kMaxCatalogueLines) {
     return Ended(plan, "sent, lines of others missing", Outcome::Remarked,
-                 p_.messages.Text(text::kSharedTooLong, {std::to_string(kMaxCatalogueLines)}),
-                 OnLines(again.missing));
+                 p_.messages.Text(text::kRepairTooLong, {std::to_string(kMaxCatalogueLines)}),
+                 OnLines(again.missing) + OthersChanged(check));
   }
-  if (!AskRepair(check.others.missing, replacesAll)) {
+  if (!AskRepair(check, replacesAll)) {
     if (!check.faults.empty()) return Judge(plan, check);
     Note("sent, lines of others missing", plan.send.lines.size());
     return Outcome::Remarked;
@@ -254,7 +276,10 @@ Outcome CatalogueDelivery::SendAgain(const SavePlan& plan) {
   begun_ = begun_ || report.outcome != SendOutcome::NotBegun;
   if (report.outcome != SendOutcome::Sent) return Failed(plan, report);
   const Verification check = VerifyCatalogue(id_, plan.expected, p_, delays_);
-  if (!check.IsMade()) return NotChecked(plan, check);
+  if (!check.IsMade()) {
+    known_ = {};
+    return NotChecked(plan, check);
+  }
   known_ = check.fetched;
   if (check.others.missing.empty()) {
     if (id_.IsShared()) p_.records.EndWrite(id_, check.fetched.lines);
@@ -264,13 +289,19 @@ Outcome CatalogueDelivery::SendAgain(const SavePlan& plan) {
                p_.messages.Text(text::kOthersStillMissing), OnLines(check.others.missing));
 }
 
-bool CatalogueDelivery::AskRepair(const Lines& missing, bool replacesAll) const {
+bool CatalogueDelivery::AskRepair(const Verification& check, bool replacesAll) const {
+  const Lines& missing = check.others.missing;
   std::string question = p_.messages.Text(text::kAskRepair, {std::to_string(missing.size())});
   if (replacesAll) question += "\r\n\r\n" + p_.messages.Text(text::kReplacesAll);
-  return p_.messages.prompts.AskWithDetails(
-      Icon::Exclamation, p_.About(id_, question), p_.messages.Text(text::kSendTitle),
-      {p_.messages.Text(text::kMissingOthersLabel), OnLines(missing)},
-      replacesAll ? DefaultAnswer::Yes : DefaultAnswer::No);
+  std::string details = OnLines(missing);
+  const Lines unsent =
+      Joined(check.starredGone, StarredOf(SplitLines(id_, check.fetched.lines).others));
+  if (!unsent.empty())
+    details += "\r\n" + p_.messages.Text(text::kStarredNotSent) + "\r\n" + OnLines(unsent);
+  return p_.messages.prompts.AskWithDetails(Icon::Exclamation, p_.About(id_, question),
+                                            p_.messages.Text(text::kSendTitle),
+                                            {p_.messages.Text(text::kMissingOthersLabel), details},
+                                            replacesAll ? DefaultAnswer::Yes : DefaultAnswer::No);
 }
 
 }  // namespace zek

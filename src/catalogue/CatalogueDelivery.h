@@ -50,18 +50,20 @@ class CatalogueDelivery {
   void TellMixture(const SavePlan& plan, std::string message, bool answered);
   SaveResult::Outcome Check(const SavePlan& plan);
   SaveResult::Outcome NotChecked(const SavePlan& plan, const Verification& check);
+  SaveResult::Outcome NotConfirmed(const SavePlan& plan, const Verification& check,
+                                   const Verification& second);
   std::vector<std::string> Remaining(const SavePlan& plan, const Verification& check) const;
-  std::string OthersDifferent(const Verification& check) const;
+  std::string OthersChanged(const Verification& check) const;
   SaveResult::Outcome Judge(const SavePlan& plan, const Verification& check);
+  static bool HasLostAllOthers(const SavePlan& plan, const Verification& check);
   void RememberSeen(const SavePlan& plan, const Verification& check);
   SaveResult::Outcome Repair(const SavePlan& plan, const Verification& check);
-  bool AskRepair(const std::vector<std::string>& missing, bool replacesAll) const;
+  bool AskRepair(const Verification& check, bool replacesAll) const;
   void Note(std::string_view journal, std::size_t lines);
   SaveResult::Outcome Ended(const SavePlan& plan, std::string_view journal,
-                            SaveResult::Outcome outcome, const std::string& message);
-  SaveResult::Outcome Ended(const SavePlan& plan, std::string_view journal,
                             SaveResult::Outcome outcome, const std::string& message,
-                            const std::string& details);
+                            const std::string& details = {});
+  void Show(Icon icon, const std::string& message, const std::string& details, std::int32_t label);
 
   const CatalogueId& id_;
   const CatalogueParts& p_;

@@ -2,9 +2,12 @@
 
 #include <algorithm>
 #include <span>
+#include <utility>
 
+#include "formats/CalendarNames.h"
 #include "formats/CatalogueFields.h"
 #include "formats/CatalogueLine.h"
+#include "formats/ExceptionCells.h"
 #include "formats/ExceptionText.h"
 #include "formats/LineNumbers.h"
 #include "formats/WeekdayText.h"
@@ -29,6 +32,19 @@ std::string Fields(std::string_view line, std::size_t column) {
     joined += field;
   }
   return joined;
+}
+
+std::string DayName(std::size_t day, const CatalogueRules& rules) {
+  return day < rules.dayNames.size() ? rules.dayNames[day] : std::string(kDayKeys.at(day));
+}
+
+// Replaces a date of a built line by the one that the forms show.
+void ShowDate(std::string& text, Moment moment, Generation generation) {
+  const DateParts date = DateOf(moment);
+  std::string built(std::string_view("DD-MON-YYYY").size(), ' ');
+  built.resize(PutDate(built, 0, date.year, date.month - 1, date.day, generation));
+  for (std::size_t at = 0; (at = text.find(built, at)) != std::string::npos;)
+    text.replace(at, built.size(), DateText(moment));
 }
 
 std::string TimesAndValues(const WeekdayRow& row, bool plt, char separator) {
@@ -69,7 +85,7 @@ void AddDates(Entries& entries, CatalogueEntry entry, Line line, const Catalogue
   if (reading.linesLost > 0) return;
   for (const CalendarEntry& date : reading.table.Used()) {
     entry.day = date.date;
-    entry.says = kDayKeys.at(static_cast<std::size_t>(date.type) - 1);
+    entry.says = DayName(static_cast<std::size_t>(date.type) - 1, rules);
     entries.push_back(entry);
   }
 }
@@ -88,6 +104,8 @@ void AddException(Entries& entries, CatalogueEntry entry, Line line, const Catal
   constexpr std::size_t oldColumn = 20;
   constexpr std::size_t modernColumn = 6;
   entry.says = Fields(told, rules.generation == Generation::Zek2 ? modernColumn : oldColumn);
+  ShowDate(entry.says, row.start, rules.generation);
+  if (row.HasStopDate()) ShowDate(entry.says, row.stop, rules.generation);
   entry.time = row.start;
   entries.push_back(entry);
 }
@@ -141,11 +159,9 @@ void MarkTooMany(Entries& entries, const CatalogueRules& rules) {
 }
 
 std::string DayText(std::int64_t day, const CatalogueRules& rules) {
-  if (rules.kind == Catalogue::Wdc) return std::string(kDayKeys.at(static_cast<std::size_t>(day)));
+  if (rules.kind == Catalogue::Wdc) return DayName(static_cast<std::size_t>(day), rules);
   const CalendarDate date = UnpackDate(static_cast<std::int32_t>(day), CalendarYears::kFirst);
-  std::string text(std::string_view("DD-MON-YYYY").size(), ' ');
-  text.resize(PutDate(text, 0, date.year, date.month, date.day, rules.generation));
-  return text;
+  return IsoDate(date.year, date.month + 1, date.day);
 }
 
 // The width of the longest range of days.
@@ -156,14 +172,19 @@ std::size_t DaysWidth(const CatalogueRules& rules) {
 
 }  // namespace
 
-CatalogueRules RulesOf(const CatalogueId& id, const Settings& settings) {
+CatalogueRules RulesOf(const CatalogueId& id, const Settings& settings,
+                       const LanguageTexts& texts) {
+  std::vector<std::string> dayNames;
+  for (std::size_t day = 0; day < kDayKeys.size(); ++day)
+    dayNames.push_back(DayTypeName(day, texts, {}));
   return {id.catalogue,
           id.control,
           id.generation,
           id.generation == Generation::Zek1 && id.catalogue != Catalogue::Sdc,
           YearsOf(settings, id.generation),
           settings.DecimalSeparator,
-          id.pltControls};
+          id.pltControls,
+          std::move(dayNames)};
 }
 
 std::vector<CatalogueEntry> EntriesOf(const CatalogueContent& content,

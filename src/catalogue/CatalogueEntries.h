@@ -9,6 +9,7 @@
 #include "formats/CalendarText.h"
 #include "formats/Generation.h"
 #include "formats/LineOwner.h"
+#include "lang/LanguageTexts.h"
 #include "settings/Settings.h"
 
 namespace zek {
@@ -23,11 +24,14 @@ struct CatalogueRules {
   CalendarYears years;
   char decimalSeparator = '.';
   std::vector<std::string> pltControls;  // of the object, see `LineOwner`
+  /// The 14 days of the weekday table in texts; without them the keys of catalogue lines.
+  std::vector<std::string> dayNames = {};
 
   LineOwner Owner() const { return {control, generation, pltControls}; }
 };
 
-CatalogueRules RulesOf(const CatalogueId& id, const Settings& settings);
+/// The rules for a catalogue; the texts give the names of the days.
+CatalogueRules RulesOf(const CatalogueId& id, const Settings& settings, const LanguageTexts& texts);
 
 /// One entry of a catalogue, in a form that is equal in two catalogues with the same meaning. A
 /// line about five days is five entries; line numbers and padding do not count.
@@ -55,7 +59,7 @@ std::vector<CatalogueEntry> EntriesOf(const CatalogueContent& content, const Cat
 /// True when `day` is the day after `before` and one line can hold both.
 bool IsNextDay(const CatalogueRules& rules, std::int64_t before, std::int64_t day);
 
-/// Returns an entry as text, "MO..FR    07:00..16:30  21  17", for the days `entry.day` to
+/// Returns an entry as text, "Mån..Fre  07:00..16:30  21  17", for the days `entry.day` to
 /// `lastDay`. The name of another control comes first,
 /// or for nobody's line its number.
 std::string EntryText(const CatalogueEntry& entry, std::int64_t lastDay,

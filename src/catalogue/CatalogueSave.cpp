@@ -12,6 +12,7 @@
 #include "catalogue/Sendable.h"
 #include "catalogue/SharedCatalogue.h"
 #include "lang/TextNumbers.h"
+#include "text/Windows1252.h"
 
 namespace zek {
 namespace {
@@ -43,6 +44,7 @@ class Saving {
       p_.messages.Tell(Icon::Exclamation, text::kSharesBlock, {each.control});
       return Ended(Outcome::Refused);
     }
+    if (!CheckFileHasOwn()) return Ended(Outcome::Refused);
     if (const auto failed = StoreFirst()) return Ended(*failed);
     if (draft_.mode == SaveMode::StoreOnly) return Ended(Outcome::Declined);
     if (p_.settings.LocalMode) {
@@ -58,11 +60,12 @@ class Saving {
     }
     delays_ = *delays;
     const std::optional<Outcome> refused = PlanAndAsk();
-    return Ended(refused ? *refused : Send());
+    const Outcome outcome = refused ? *refused : Send();
+    return Ended(outcome);
   }
 
  private:
-  SaveResult Ended(Outcome outcome) const { return {outcome, stored_, list_}; }
+  SaveResult Ended(Outcome outcome) const { return {outcome, stored_, list_, begun_}; }
 
   bool IsDryRun() const { return draft_.mode == SaveMode::DryRun; }
 
@@ -90,10 +93,19 @@ class Saving {
   std::optional<Outcome> StoreFirst() {
     if (!id_.IsPartOfShared()) return Store(draft_.lines);
     if (draft_.mayChange) return std::nullopt;
-    const Lines copy = p_.copies.Peek(id_).lines;
+    const Lines copy = CopyLines();
     const std::optional<Lines> own = Numbered(copy);
     if (!own) return Outcome::Refused;
     return Store(Joined(SplitLines(id_, copy).others, *own));
+  }
+
+  // Where the copy is missing or can't be used, the next one gets what the controller had. It has
+  // no changes that wait to be sent.
+  Lines CopyLines() const {
+    CatalogueContent copy = p_.copies.Peek(id_);
+    if (copy.from == LinesFrom::LocalCopy) return std::move(copy.lines);
+    auto known = p_.records.Known(id_);
+    return known ? std::move(known->content.lines) : Lines();
   }
 
   std::optional<Outcome> Store(const Lines& lines) {
@@ -186,7 +198,7 @@ class Saving {
   // them that wait to be sent.
   Lines OthersToKeep() const {
     const auto known = p_.records.Known(id_);
-    const Lines copy = SplitLines(id_, p_.copies.Peek(id_).lines).others;
+    const Lines copy = SplitLines(id_, CopyLines()).others;
     const bool fits = copy.size() + plan_.expected.own.lines.size() <= kMaxCatalogueLines;
     if (!known || !fits) return plan_.expected.others;
     const Lines before = SplitLines(id_, known->content.lines).others;
@@ -197,23 +209,39 @@ class Saving {
   // The lines of other controls that an unfinished write lost.
   Lines MissingSince(const Lines& now) const {
     const auto unfinished = p_.records.Unfinished(id_);
-    if (!unfinished) return {};
-    const Lines others = SplitLines(id_, unfinished->content.lines).others;
-    return FindAgain(WithoutStarred(others), now).missing;
+    return unfinished ? LostOthers(id_, unfinished->content.lines, now) : Lines();
   }
 
   bool WritesWhole() const {
     return id_.catalogue == Catalogue::Ovc || !plan_.missing.empty() ||
-           ReadYesNo(p_.profile, kSaveOptions, kWriteWhole, "no") || LosesOthers();
+           WriteWholeSetting().value_or(false) || LosesOthers();
+  }
+
+  // Nothing if the settings don't say.
+  std::optional<bool> WriteWholeSetting() const {
+    if (p_.profile.ReadIni(kSaveOptions, kWriteWhole, "").empty()) return std::nullopt;
+    return ReadYesNo(p_.profile, kSaveOptions, kWriteWhole, "no");
   }
 
   // To such a controller the own lines alone are never sent, whatever the settings say: the shipped
   // settings have a "no", too, which nobody has thought about.
-  bool LosesOthers() const { return p_.records.SeenAt(id_) == SeenToDo::ReplacesByCatalogue; }
-  bool IsWholeAgainstSettings() const {
-    return id_.catalogue == Catalogue::Wdc && id_.IsPartOfShared() && LosesOthers() &&
-           !p_.profile.ReadIni(kSaveOptions, kWriteWhole, "").empty() &&
-           !ReadYesNo(p_.profile, kSaveOptions, kWriteWhole, "no");
+  // Nor to one of which the record can't be read.
+  bool LosesOthers() const {
+    const SeenToDo seen = p_.records.SeenAt(id_);
+    return seen == SeenToDo::ReplacesByCatalogue || seen == SeenToDo::Unread;
+  }
+
+  // Why the whole catalogue is sent; nothing where it always is, or where the settings say so.
+  std::string WhyWhole() const {
+    if (id_.catalogue != Catalogue::Wdc || !id_.IsPartOfShared()) return {};
+    const std::optional<bool> setting = WriteWholeSetting();
+    const SeenToDo seen = p_.records.SeenAt(id_);
+    if (seen == SeenToDo::Unread && !setting.value_or(false)) {
+      const std::string file = Windows1252FromUtf8(p_.records.SeenPath());
+      return p_.messages.Text(text::kWholeUnread, {id_.topic, file}) + "\r\n\r\n";
+    }
+    if (seen != SeenToDo::ReplacesByCatalogue || setting != false) return {};
+    return p_.messages.Text(text::kWholeAnyway, {id_.topic}) + "\r\n\r\n";
   }
 
   // A file may hold lines of other controls; only `put` of the whole object may change them.
@@ -222,9 +250,19 @@ class Saving {
     const FoundAgain found = FindAgain(parts_.others, others);
     Lines differing = found.missing;
     for (const LinePair& pair : found.different) differing.push_back(pair.before);
-    if (differing.empty()) return true;
+    return differing.empty() || RefuseFile(differing);
+  }
+
+  // A file for another control would erase this one's schedule.
+  bool CheckFileHasOwn() const {
+    const bool foreign = draft_.fromFile && parts_.own.empty() && !parts_.others.empty();
+    return !foreign || RefuseFile(parts_.others);
+  }
+
+  // Returns false.
+  bool RefuseFile(const Lines& lines) const {
     p_.messages.prompts.ShowDetails(Icon::Exclamation, p_.messages.Text(text::kOthersInFile), {},
-                                    {p_.messages.Text(text::kFaultsLabel), OnLines(differing)});
+                                    {p_.messages.Text(text::kFaultsLabel), OnLines(lines)});
     return false;
   }
 
@@ -235,7 +273,7 @@ class Saving {
   Lines Conflicts() const {
     const auto known = p_.records.Known(id_);
     if (!id_.IsPartOfShared() || !known) return {};
-    const CatalogueRules rules = RulesOf(id_, p_.settings);
+    const CatalogueRules rules = RulesOf(id_, p_.settings, p_.messages.texts);
     const auto before = EntryTexts(SplitLines(id_, known->content.lines).own, rules);
     const auto now = EntryTexts(SplitLines(id_, plan_.now.lines).own, rules);
     const auto wanted = EntryTexts(plan_.expected.own.lines, rules);
@@ -248,7 +286,7 @@ class Saving {
   }
 
   bool Ask() {
-    const CatalogueRules rules = RulesOf(id_, p_.settings);
+    const CatalogueRules rules = RulesOf(id_, p_.settings, p_.messages.texts);
     const bool wdc = id_.catalogue == Catalogue::Wdc;
     SendFacts facts;
     facts.before = plan_.now;
@@ -275,16 +313,15 @@ class Saving {
     std::string heading = CatalogueTitle(id_, p_.tree, p_.topics, p_.messages.texts) + "\r\n\r\n";
     const std::string others = p_.marks.OthersAt(id_);
     if (!others.empty()) heading += p_.messages.Text(text::kOpenedNote, {others}) + "\r\n\r\n";
-    if (IsWholeAgainstSettings())
-      heading += p_.messages.Text(text::kWholeAnyway, {id_.topic}) + "\r\n\r\n";
-    return heading;
+    return heading + WhyWhole();
   }
 
   Outcome Send() {
     const std::vector<CatalogueId> begun = BeginSending();
     CatalogueDelivery delivery(id_, p_, delays_);
     const Outcome outcome = delivery.Run(plan_);
-    if (!delivery.Begun()) {
+    begun_ = delivery.Begun();
+    if (!begun_) {
       // The time of the record is that of the last reading or sending, so it stays.
       for (const CatalogueId& each : begun) p_.records.ForgetSending(each);
       return outcome;
@@ -318,6 +355,7 @@ class Saving {
   FetchDelays delays_;
   SavePlan plan_;
   bool stored_ = false;
+  bool begun_ = false;
   std::string list_;
 };
 
@@ -328,8 +366,8 @@ SaveResult SaveTheCatalogue(const CatalogueId& id, const CatalogueDraft& draft,
   return Saving(id, draft, parts).Run();
 }
 
-CatalogueContent MendUnfinished(const CatalogueId& id, CatalogueContent fetched,
-                                const CatalogueParts& parts) {
+std::optional<CatalogueContent> MendUnfinished(const CatalogueId& id, CatalogueContent fetched,
+                                               const CatalogueParts& parts) {
   const auto unfinished = parts.records.Unfinished(id);
   if (!unfinished || fetched.linesDropped > 0) return fetched;
   const Lines lines = WithoutStarred(unfinished->content.lines);
@@ -363,7 +401,8 @@ CatalogueContent MendUnfinished(const CatalogueId& id, CatalogueContent fetched,
   CatalogueDelivery delivery(id, parts, *delays);
   delivery.SendAgain(plan);
   const CatalogueContent& known = delivery.Known();
-  if (known.from == LinesFrom::Nowhere) return fetched;
+  if (!delivery.Begun()) return fetched;
+  if (known.from == LinesFrom::Nowhere) return std::nullopt;
   parts.records.EndWrite(id, known.lines);
   return known;
 }

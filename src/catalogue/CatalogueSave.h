@@ -1,5 +1,7 @@
 #pragma once
 
+#include <optional>
+
 #include "catalogue/Catalogues.h"
 
 namespace zek {
@@ -11,8 +13,9 @@ SaveResult SaveTheCatalogue(const CatalogueId& id, const CatalogueDraft& draft,
 
 /// Looks for lines of a shared catalogue that a write lost and that was not finished. `fetched` is
 /// the controller's catalogue now. Names the missing lines and, unless the program may not write,
-/// offers to send them again with the whole catalogue. Returns what the controller has then.
-CatalogueContent MendUnfinished(const CatalogueId& id, CatalogueContent fetched,
-                                const CatalogueParts& parts);
+/// offers to send them again with the whole catalogue. Returns what the controller has then;
+/// nothing, after a message, if that is not known.
+std::optional<CatalogueContent> MendUnfinished(const CatalogueId& id, CatalogueContent fetched,
+                                               const CatalogueParts& parts);
 
 }  // namespace zek

@@ -138,7 +138,7 @@ class Sending {
                                           {std::to_string(i + 1), count,
                                            std::to_string(x_.status.Sending.secondsLeft)}));
       const std::string& line = content_.lines[i];
-      if (IsBlank(line)) continue;  // from a file; the controller would read it as a command
+      if (IsBlank(line)) continue;  // the controller would read it as a command
       if (!Send(line)) return false;
       ++report_.linesSent;
       if (!Pause("DelayE")) return false;

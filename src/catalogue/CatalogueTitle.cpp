@@ -6,18 +6,6 @@
 namespace zek {
 namespace {
 
-std::int32_t KindText(Catalogue catalogue) {
-  switch (catalogue) {
-    case Catalogue::Sdc:
-      return text::kTitleCalendar;
-    case Catalogue::Ovc:
-      return text::kTitleExceptions;
-    case Catalogue::Wdc:
-      break;
-  }
-  return text::kTitleWeekdays;
-}
-
 // "Ventilation aula [AHU1]" of "Skolan/DUC 1/Ventilation aula [AHU1]".
 std::string ControlText(const CatalogueId& id, const ObjectTree& tree, const TopicTable& topics) {
   const auto node = FindNode(tree, topics, id.topic + "/" + id.control);
@@ -29,10 +17,15 @@ std::string ControlText(const CatalogueId& id, const ObjectTree& tree, const Top
 
 }  // namespace
 
+std::int32_t KindTitle(Catalogue catalogue) {
+  if (catalogue == Catalogue::Wdc) return text::kTitleWeekdays;
+  return catalogue == Catalogue::Sdc ? text::kTitleCalendar : text::kTitleExceptions;
+}
+
 std::string CatalogueTitle(const CatalogueId& id, const ObjectTree& tree, const TopicTable& topics,
                            const LanguageTexts& texts) {
   const Topic& object = topics[id.object];
-  const std::string kind = texts.Text(KindText(id.catalogue)) + ": ";
+  const std::string kind = texts.Text(KindTitle(id.catalogue)) + ": ";
   if (id.catalogue != Catalogue::Sdc && !id.control.empty())
     return kind + ControlText(id, tree, topics) + ", " + object.Description;
   return kind + object.Description + " [" + object.TopicName + "], " +
@@ -40,7 +33,7 @@ std::string CatalogueTitle(const CatalogueId& id, const ObjectTree& tree, const 
 }
 
 std::string ShortTitle(const CatalogueId& id, const LanguageTexts& texts) {
-  return texts.Text(KindText(id.catalogue)) + " " +
+  return texts.Text(KindTitle(id.catalogue)) + " " +
          (id.catalogue == Catalogue::Sdc ? id.topic : id.Node());
 }
 

@@ -23,12 +23,14 @@ Verification VerifyCatalogue(const CatalogueId& id, const Expected& expected,
   CatalogueContent own{there.own, verification.fetched.dfv, LinesFrom::Controller, 0};
   // A listing without a ".DFV" line means that there is no value.
   if (expected.own.dfv && !own.dfv) own.dfv = ".";
-  const auto differences =
-      FaultsOf({expected.own.lines, expected.own.dfv}, own, RulesOf(id, parts.settings));
+  const auto differences = FaultsOf({expected.own.lines, expected.own.dfv}, own,
+                                    RulesOf(id, parts.settings, parts.messages.texts));
   std::partition_copy(differences.begin(), differences.end(), std::back_inserter(verification.left),
                       std::back_inserter(verification.faults),
                       [](const CatalogueChange& each) { return each.kind == ChangeKind::Added; });
   verification.others = FindAgain(expected.others, verification.fetched.lines);
+  verification.starredGone = StarredOf(verification.others.missing);
+  verification.others.missing = WithoutStarred(verification.others.missing);
   return verification;
 }
 

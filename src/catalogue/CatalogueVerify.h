@@ -19,11 +19,16 @@ struct Expected {
 /// The result of reading back a catalogue that was sent.
 struct Verification {
   FetchOutcome outcome = FetchOutcome::Failed;
-  CatalogueContent fetched;             // `LinesFrom::Nowhere` if incomplete
-  std::vector<CatalogueChange> faults;  // own entries that are missing or different
-  std::vector<CatalogueChange> left;    // own entries that should be gone
-  FoundAgain others;
-  std::string linkFault;  // why the link failed; "" if it did not
+  CatalogueContent fetched;              // `LinesFrom::Nowhere` if incomplete
+  std::vector<CatalogueChange> faults;   // own entries that are missing or different
+  std::vector<CatalogueChange> left;     // own entries that should be gone
+  FoundAgain others;                     // those with "*" are not among the missing ones
+  std::vector<std::string> starredGone;  // missing lines of others that have a "*"
+  std::string linkFault;                 // why the link failed; "" if it did not
+
+  bool HasAllOthers() const {
+    return others.missing.empty() && others.different.empty() && starredGone.empty();
+  }
 
   bool IsMade() const { return fetched.from != LinesFrom::Nowhere; }
 };

@@ -90,12 +90,13 @@ class Reading {
     const Fetched fetched = FetchCatalogue(id_, p_, *delays, text::kFetching);
     TellFetchFailure(fetched, id_, p_);
     if (fetched.outcome != FetchOutcome::Complete) return std::nullopt;
-    CatalogueContent content =
+    std::optional<CatalogueContent> content =
         id_.IsShared() ? MendUnfinished(id_, fetched.content, p_) : fetched.content;
-    Keep(content);
-    if (content.linesDropped > 0) {
+    if (!content) return std::nullopt;
+    Keep(*content);
+    if (content->linesDropped > 0) {
       p_.messages.Tell(Icon::Exclamation, text::kListingTooLong,
-                       {std::to_string(kMaxCatalogueLines), std::to_string(content.linesDropped)});
+                       {std::to_string(kMaxCatalogueLines), std::to_string(content->linesDropped)});
     }
     return content;
   }

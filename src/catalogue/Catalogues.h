@@ -74,6 +74,7 @@ struct SaveResult {
   Outcome outcome = Outcome::Failed;
   bool stored = false;  // the local copy has the new lines
   std::string list;     // of a dry run: the changes, with lines that end in CR LF
+  bool begun = false;   // at least the command before the lines was sent
 
   bool Done() const { return outcome == Outcome::Saved; }
 };

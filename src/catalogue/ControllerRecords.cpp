@@ -30,6 +30,11 @@ std::string KeyOf(const CatalogueId& id) {
   return id.topic + std::string(kTab) + std::string(id.Kind().name) + std::string(kTab);
 }
 
+// True if there is a file with unknown content.
+bool IsUnread(const FileContent& file) {
+  return file.error && file.error->reason != FileError::Reason::Missing;
+}
+
 // The journal keeps its newer half when it becomes too long.
 std::string_view Recent(std::string_view journal) {
   if (journal.size() <= kLongestJournal) return journal;
@@ -43,7 +48,7 @@ CatalogueId OwnFile(CatalogueId id) {
   return id;
 }
 
-// Long names are cut, so two controls can have one file.
+// Characters that no file name can have become "_", so two controls can have one file.
 std::optional<StoredCatalogue> OfNode(const CatalogueId& id, std::optional<StoredCatalogue> found) {
   return found && found->node == id.Node() ? std::move(found) : std::nullopt;
 }
@@ -128,8 +133,11 @@ void ControllerRecords::ForgetSending(const CatalogueId& id) {
   static_cast<void>(BegunOf().Drop(OwnFile(id)));
 }
 
+std::string ControllerRecords::SeenPath() const { return Folder("Known") + "CONTROLLERS.TXT"; }
+
 SeenToDo ControllerRecords::SeenAt(const CatalogueId& id) const {
-  const FileContent file = files_.Read(Folder("Known") + "CONTROLLERS.TXT");
+  const FileContent file = files_.Read(SeenPath());
+  if (IsUnread(file)) return SeenToDo::Unread;
   const std::string key = KeyOf(id);
   for (std::string_view rest = file.bytes; !rest.empty();) {
     const std::string_view line = TakeLine(rest);
@@ -144,8 +152,8 @@ void ControllerRecords::RememberSeen(const CatalogueId& id, SeenToDo seen) {
   const auto* const word = std::find_if(kWords.begin(), kWords.end(),
                                         [seen](const Word& each) { return each.seen == seen; });
   if (word == kWords.end() || SeenAt(id) == seen) return;
-  const std::string path = Folder("Known") + "CONTROLLERS.TXT";
-  const FileContent file = files_.Read(path);
+  const FileContent file = files_.Read(SeenPath());
+  if (IsUnread(file)) return;  // else what the other controllers do would be lost
   const std::string key = KeyOf(id);
   std::string text;
   for (std::string_view rest = file.bytes; !rest.empty();) {
@@ -154,14 +162,14 @@ void ControllerRecords::RememberSeen(const CatalogueId& id, SeenToDo seen) {
   }
   text.append(key).append(word->word).append(kLineEnd);
   static_cast<void>(files_.MakeDirectory(Folder("Known")));
-  static_cast<void>(files_.Write(path, text));
+  static_cast<void>(files_.Write(SeenPath(), text));
 }
 
 void ControllerRecords::Journal(const CatalogueId& id, std::size_t lines,
                                 std::string_view outcome) {
   const std::string path = settings_.ProgramPath + "SENT.TXT";
   const FileContent file = files_.Read(path);
-  if (file.error && file.error->reason != FileError::Reason::Missing) return;
+  if (IsUnread(file)) return;
   std::string entry = DateAndTime(now_());
   for (const std::string& part : {user_, id.Node(), std::string(id.Kind().name),
                                   std::to_string(lines), std::string(outcome)}) {

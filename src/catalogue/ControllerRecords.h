@@ -16,6 +16,7 @@ namespace zek {
 
 /// What a controller does with the old lines when a catalogue is sent, as far as it was seen.
 enum class SeenToDo {
+  Unread,               // the record can't be read now
   Nothing,              // not seen yet
   ReplacesByNumber,     // a line stays until a line with its number is sent
   ReplacesByControl,    // the lines of the control that is sent are replaced
@@ -68,6 +69,8 @@ class ControllerRecords {
   void ForgetSending(const CatalogueId& id);
 
   SeenToDo SeenAt(const CatalogueId& id) const;
+  /// The file with what was seen.
+  std::string SeenPath() const;
   void RememberSeen(const CatalogueId& id, SeenToDo seen);
 
   void Journal(const CatalogueId& id, std::size_t lines, std::string_view outcome);

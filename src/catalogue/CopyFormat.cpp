@@ -78,6 +78,7 @@ LocalCopy ReadLocalCopy(std::string_view file) {
   LocalCopy copy;
   while (!file.empty()) {
     const std::string_view line = TakeLine(file);
+    if (Trim(line).empty()) continue;  // no controller has such a line
     if (line.find(".DFV") != std::string_view::npos) {
       if (line.find('=') != std::string_view::npos) copy.dfv = DfvValue(line);
     } else if (copy.lines.size() == kMaxCatalogueLines) {

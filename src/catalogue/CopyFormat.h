@@ -38,7 +38,7 @@ struct LocalCopy {
   bool tooLong = false;            // more lines than a catalogue can have; the rest was not read
 };
 
-/// Parses a local copy: one catalogue line per line, and the ".DFV" line.
+/// Parses a local copy: one catalogue line per line, and the ".DFV" line. Blank lines are skipped.
 LocalCopy ReadLocalCopy(std::string_view file);
 
 /// Returns the text of a local copy: first the line ".DFV = " if there is a value. Lines end in CR

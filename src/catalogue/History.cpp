@@ -122,7 +122,7 @@ std::optional<FileError> History::Keep(std::optional<std::string_view> next, con
   if (old.error) return old.error;
   if (next && *next == old.bytes) return std::nullopt;
   if (IsNewest(old.bytes)) return std::nullopt;
-  if (auto error = files_.MakeDirectory(folder_.substr(0, folder_.size() - 1))) return error;
+  if (auto error = files_.MakeDirectory(folder_)) return error;
   const std::string path = folder_ + stem_ + " " + NewId(now) + std::string(kEnding);
   if (auto error = files_.Write(path, old.bytes)) return error;
   justKept_ = path;

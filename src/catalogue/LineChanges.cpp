@@ -1,12 +1,14 @@
 #include "catalogue/LineChanges.h"
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <map>
 #include <set>
 
 #include "formats/CatalogueLine.h"
 #include "formats/LineNumbers.h"
+#include "text/Controls.h"
 
 namespace zek {
 namespace {
@@ -26,6 +28,8 @@ std::set<int> NumbersOf(std::span<const std::string> lines) {
   for (const std::string& line : lines) numbers.insert(LineNumber(line));
   return numbers;
 }
+
+bool IsStarred(const std::string& line) { return line.find('*') != std::string::npos; }
 
 }  // namespace
 
@@ -76,9 +80,14 @@ bool RemovesOrRenumbers(std::span<const std::string> old, std::span<const std::s
 
 std::vector<std::string> WithoutStarred(std::span<const std::string> lines) {
   std::vector<std::string> kept;
-  std::copy_if(lines.begin(), lines.end(), std::back_inserter(kept),
-               [](const auto& line) { return line.find('*') == std::string::npos; });
+  std::copy_if(lines.begin(), lines.end(), std::back_inserter(kept), std::not_fn(IsStarred));
   return kept;
+}
+
+std::vector<std::string> StarredOf(std::span<const std::string> lines) {
+  std::vector<std::string> starred;
+  std::copy_if(lines.begin(), lines.end(), std::back_inserter(starred), IsStarred);
+  return starred;
 }
 
 std::vector<std::string> Joined(std::vector<std::string> first,
@@ -89,7 +98,10 @@ std::vector<std::string> Joined(std::vector<std::string> first,
 
 std::string OnLines(std::span<const std::string> lines) {
   std::string text;
-  for (const std::string& line : lines) text.append(line).append("\r\n");
+  for (std::string line : lines) {
+    ShowControls(line);
+    text.append(line).append("\r\n");
+  }
   return text;
 }
 

@@ -35,11 +35,14 @@ bool RemovesOrRenumbers(std::span<const std::string> old, std::span<const std::s
 /// Returns the lines without those that have a "*": saving leaves them out.
 std::vector<std::string> WithoutStarred(std::span<const std::string> lines);
 
+/// Returns the other lines.
+std::vector<std::string> StarredOf(std::span<const std::string> lines);
+
 /// Returns both, the first lines first.
 std::vector<std::string> Joined(std::vector<std::string> first,
                                 std::span<const std::string> second);
 
-/// Returns the lines as one text, each with CR LF.
+/// Returns the lines as one text to be shown, each with CR LF and without control characters.
 std::string OnLines(std::span<const std::string> lines);
 
 }  // namespace zek

@@ -37,6 +37,11 @@ LinesByOwner SplitLines(const CatalogueId& id, std::span<const std::string> line
   return split;
 }
 
+std::vector<std::string> LostOthers(const CatalogueId& id, std::span<const std::string> before,
+                                    std::span<const std::string> now) {
+  return FindAgain(WithoutStarred(SplitLines(id, before).others), now).missing;
+}
+
 std::optional<BuiltLines> NumberOwnLines(const CatalogueId& id, std::span<const std::string> own,
                                          std::span<const std::string> listing,
                                          const NumberReader& numbers) {

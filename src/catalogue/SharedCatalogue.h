@@ -15,6 +15,11 @@ namespace zek {
 /// group's order. All lines are own ones if the catalogue is not part of a shared one.
 LinesByOwner SplitLines(const CatalogueId& id, std::span<const std::string> lines);
 
+/// Returns the lines of other controls that `before` has and `now` lacks; those with "*" don't
+/// count.
+std::vector<std::string> LostOthers(const CatalogueId& id, std::span<const std::string> before,
+                                    std::span<const std::string> now);
+
 /// Gives the lines of the controls of `id` numbers that no line of another control in `listing`
 /// has. Returns an error if a number does not fit, and nothing, after a message, if a setting can't
 /// be used.

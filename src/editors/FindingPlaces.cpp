@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "catalogue/CatalogueTitle.h"
 #include "forecast/MomentText.h"
 #include "formats/CalendarNames.h"
 #include "formats/CatalogueFields.h"
@@ -31,11 +32,6 @@ std::optional<std::size_t> DayOfKey(std::string_view key) {
   const auto* const found = std::find(kDayKeys.begin(), kDayKeys.end(), key);
   if (found == kDayKeys.end()) return std::nullopt;
   return static_cast<std::size_t>(found - kDayKeys.begin());
-}
-
-std::int32_t TitleOf(Catalogue catalogue) {
-  if (catalogue == Catalogue::Wdc) return text::kTitleWeekdays;
-  return catalogue == Catalogue::Sdc ? text::kTitleCalendar : text::kTitleExceptions;
 }
 
 // The word of a finding that is a date it is about.
@@ -106,7 +102,7 @@ std::string FindingView::PlaceText(const Finding& finding) const {
   const auto table = CatalogueOf(finding);
   if (!table) return DayTypeText(finding.place);
   const std::string behind = Behind(finding);
-  if (behind.empty()) return texts.Text(TitleOf(*table));
+  if (behind.empty()) return texts.Text(KindTitle(*table));
   const int number = NumberIn(finding);
   if (number == 0) return DayTypeText(behind);
   if (number > 0) return Message(texts.Text(text::kCatalogueLine), {behind});

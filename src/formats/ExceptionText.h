@@ -64,7 +64,8 @@ struct ExceptionReading {
   /// The number of the owner's lines that saving the table would lose: refused ones, those not read
   /// because of a "*", and all from the first one beyond the table on.
   std::size_t linesLost = 0;
-  std::vector<std::string> unread;     // those lines, without the ones with a "*"
+  std::vector<std::string>
+      unread;  // those lines; up to the end of the reading without those with a "*"
   std::vector<ExceptionLine> inOrder;  // the rows of `table`, in the order of the lines
 };
 

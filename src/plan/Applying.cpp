@@ -73,8 +73,7 @@ PlanLine Applier::ApplyTo(const PlannedCatalogue& planned, const CatalogueId& id
 bool Applier::IsWhole(const CatalogueId& id, const Lines& listing) const {
   const auto unfinished = proc_.records.Unfinished(id);
   if (!id.IsPartOfShared() || !unfinished) return true;
-  const Lines others = SplitLines(id, unfinished->content.lines).others;
-  return FindAgain(WithoutStarred(others), listing).missing.empty();
+  return LostOthers(id, unfinished->content.lines, listing).empty();
 }
 
 void Applier::KeepAsFetched(const CatalogueId& id, const CatalogueContent& now, bool unsent) {
@@ -104,11 +103,10 @@ PlanLine Applier::Send(const PlannedCatalogue& planned, const CatalogueId& id,
     return !stale;
   };
   const SaveResult saved = proc_.catalogues.SaveCatalogue(id, draft);
-  if (stale) {
-    // Nothing was sent. An earlier, interrupted write stays noted.
-    if (!interrupted) static_cast<void>(started_.End(planned));
-    return Stale(planned, *stale);
-  }
+  // An earlier, interrupted write stays noted. Otherwise the controller is as it was, and what
+  // somebody changes there from now on must not count as this plan's own work.
+  if (!saved.begun && !interrupted) static_cast<void>(started_.End(planned));
+  if (stale) return Stale(planned, *stale);
   if (!saved.Done()) return LineOf(PlanWord::Failed, planned, prompts.Trouble());
   static_cast<void>(started_.End(planned));  // else the next run finds it done
   return LineOf(PlanWord::Done, planned, prompts.Trouble());

@@ -14,14 +14,13 @@
 #include "formats/LineNumbers.h"
 #include "formats/WeekdayText.h"
 #include "lang/TextNumbers.h"
+#include "plan/Plan.h"
 #include "text/Lines.h"
 
 namespace zek {
 namespace {
 
 using Lines = std::vector<std::string>;
-
-constexpr std::size_t kLongestWhy = 400;
 
 // Puts an entry into a free row unless it is there already; returns false if there is no room.
 template <class Rows, class Row, class IsFree>
@@ -178,7 +177,7 @@ std::string WouldLose(const ZV_Proc& proc, const CatalogueId& id, const Lines& l
   const Lines own = SplitLines(id, listing).own;
   const auto changes =
       ChangesBetween({own, {}, LinesFrom::Controller}, {built, {}, LinesFrom::Controller},
-                     RulesOf(id, proc.settings));
+                     RulesOf(id, proc.settings, proc.texts));
   if (changes.empty()) return {};
   const CatalogueChange& first = changes.front();
   return Message(proc.Text(text::kPlanWouldLose),
@@ -250,7 +249,7 @@ std::optional<Lines> NumberedLike(ZV_Proc& proc, const CatalogueId& id, const Li
 }
 
 EntrySet EntriesIn(const ZV_Proc& proc, const CatalogueId& id, const Lines& listing) {
-  const CatalogueRules rules = RulesOf(id, proc.settings);
+  const CatalogueRules rules = RulesOf(id, proc.settings, proc.texts);
   EntrySet entries;
   for (CatalogueEntry& entry :
        EntriesOf({SplitLines(id, listing).own, {}, LinesFrom::Controller}, rules)) {

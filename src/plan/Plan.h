@@ -48,6 +48,9 @@ int PlanSeconds(const Plan& plan, const NumberReader& numbers);
 enum class PlanWord { Unchanged, Change, Refused, Done, Already, Stale, Failed, Untried };
 std::string_view TextOf(PlanWord word);
 
+/// Characters of the reason in a line; longer ones are shortened.
+inline constexpr std::size_t kLongestWhy = 400;
+
 struct PlanLine {
   PlanWord word = PlanWord::Unchanged;
   std::string node;

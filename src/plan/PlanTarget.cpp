@@ -9,8 +9,6 @@
 namespace zek {
 namespace {
 
-constexpr std::size_t kLongestWhy = 400;
-
 void AddDifferences(std::string& text, std::string_view sign, const EntrySet& entries) {
   for (const std::string& entry : entries)
     text.append(text.empty() ? "" : "; ").append(sign).append(entry);

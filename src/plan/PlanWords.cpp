@@ -1,9 +1,9 @@
 #include "plan/PlanWords.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 
+#include "catalogue/CatalogueTitle.h"
 #include "formats/CalendarNames.h"
 #include "formats/CatalogueFields.h"
 #include "formats/ExceptionCells.h"
@@ -103,11 +103,8 @@ std::string ResultOf(const PlanLine& line, const LanguageTexts& texts) {
 }
 
 std::string CatalogueOf(const PlanLine& line, const LanguageTexts& texts) {
-  constexpr std::array titles{std::pair(Catalogue::Wdc, text::kTitleWeekdays),
-                              std::pair(Catalogue::Sdc, text::kTitleCalendar),
-                              std::pair(Catalogue::Ovc, text::kTitleExceptions)};
-  for (const auto& [kind, title] : titles)
-    if (KindText(kind) == line.kind) return texts.Text(title);
+  for (const Catalogue kind : kShownCatalogues)
+    if (KindText(kind) == line.kind) return texts.Text(KindTitle(kind));
   return {};
 }
 

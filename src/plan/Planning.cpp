@@ -150,6 +150,7 @@ void Planner::PlanBack(const PlannedCatalogue& done, const StartedNote& started)
   if (found.state >= PlanState::Between && !interrupted)
     return Refuse(done, proc_.ToUser().Text(text::kPlanStale, {found.differences}));
   PlannedCatalogue back = done;
+  back.linesToSend = 0;
   const std::string why = ChangeEach(back, target.id, now->lines, {});
   if (!why.empty()) return Refuse(done, why);
   for (std::size_t i = 0; i < back.controls.size(); ++i)

@@ -26,6 +26,13 @@ void CenterForm(wxTopLevelWindow& form) {
   form.Move(std::max(0, (screen.x - size.x) / 2), std::max(0, (screen.y - size.y) / 2));
 }
 
+wxRect OntoScreen(wxRect place, const wxRect& screen) {
+  wxSize size = place.GetSize();
+  size.DecTo(screen.GetSize());
+  return {std::clamp(place.x, screen.x, screen.x + screen.width - size.x),
+          std::clamp(place.y, screen.y, screen.y + screen.height - size.y), size.x, size.y};
+}
+
 void SetTopmost(wxTopLevelWindow& form, bool on) {
   const long style = form.GetWindowStyleFlag();
   form.SetWindowStyleFlag(on ? style | wxSTAY_ON_TOP : style & ~wxSTAY_ON_TOP);
@@ -130,11 +137,7 @@ class Placement {
       const wxRect screen = wxDisplay(static_cast<unsigned>(display)).GetClientArea();
       wxSize size = place.GetSize();
       size.IncTo(form_.GetMinSize());
-      size.DecTo(screen.GetSize());
-      place.SetSize(size);
-      place.SetPosition({std::clamp(place.x, screen.x, screen.x + screen.width - place.width),
-                         std::clamp(place.y, screen.y, screen.y + screen.height - place.height)});
-      place_ = place;
+      place_ = OntoScreen({place.GetPosition(), size}, screen);
       form_.SetSize(place_);
       Put(form_, place_);
     }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include <wx/button.h>
+#include <wx/gdicmn.h>
 #include <wx/toplevel.h>
 #include <wx/window.h>
 
@@ -12,6 +13,9 @@ namespace zek {
 
 /// Centres a form on the screen. A form larger than the screen starts at coordinate 0.
 void CenterForm(wxTopLevelWindow& form);
+
+/// The place, shrunk and moved so that it is on the screen, both in pixels.
+wxRect OntoScreen(wxRect place, const wxRect& screen);
 
 /// Keeps a form above all other windows, or stops doing so.
 void SetTopmost(wxTopLevelWindow& form, bool on);

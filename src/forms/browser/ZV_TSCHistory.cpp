@@ -1,5 +1,4 @@
-#include <array>
-#include <utility>
+#include <vector>
 
 #include <wx/button.h>
 #include <wx/choice.h>
@@ -10,6 +9,7 @@
 #include <wx/textctrl.h>
 #include <wx/weakref.h>
 
+#include "catalogue/CatalogueTitle.h"
 #include "forms/ZV_Help.h"
 #include "forms/browser/ZV_TSC.h"
 #include "lang/Messages.h"
@@ -28,12 +28,6 @@ constexpr int kTimeColumns = 22;
 constexpr int kLineColumns = 76;
 constexpr int kLines = 16;
 
-constexpr std::array<std::pair<Catalogue, std::int32_t>, 3> kKinds{{
-    {Catalogue::Wdc, text::kTitleWeekdays},
-    {Catalogue::Sdc, text::kTitleCalendar},
-    {Catalogue::Ovc, text::kTitleExceptions},
-}};
-
 wxString TitleOf(const ZV_Proc& proc) {
   const Selection& node = proc.selection;
   const std::string& name =
@@ -47,9 +41,8 @@ class HistoryForm final : public wxDialog {
       : wxDialog(parent, wxID_ANY, TitleOf(proc), wxDefaultPosition, wxDefaultSize,
                  wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER | wxMAXIMIZE_BOX, "ZV_TSCHistory"),
         proc_(proc) {
-    for (const auto& [catalogue, caption] : kKinds) {
-      if (proc.selection.Has(catalogue)) kinds_.emplace_back(catalogue, caption);
-    }
+    for (const Catalogue catalogue : kShownCatalogues)
+      if (proc.selection.Has(catalogue)) kinds_.push_back(catalogue);
     Build();
     Choice_Kind->Bind(wxEVT_CHOICE, [this](wxCommandEvent&) { ShowKept(); });
     List_Kept->Bind(wxEVT_LISTBOX, [this](wxCommandEvent&) { ShowDifferences(); });
@@ -83,8 +76,8 @@ class HistoryForm final : public wxDialog {
     head->Add(Label(text::kHistoryKind), 0, wxALIGN_CENTER_VERTICAL | wxRIGHT, gap);
     Choice_Kind = new wxChoice(this, wxID_ANY);
     Choice_Kind->SetName("Choice_Kind");
-    for (const auto& [catalogue, caption] : kinds_) {
-      Choice_Kind->Append(wxControl::RemoveMnemonics(ToWx(proc_.Text(caption))));
+    for (const Catalogue catalogue : kinds_) {
+      Choice_Kind->Append(wxControl::RemoveMnemonics(ToWx(proc_.Text(KindTitle(catalogue)))));
     }
     Choice_Kind->SetSelection(0);
     head->Add(Choice_Kind, 1);
@@ -134,8 +127,7 @@ class HistoryForm final : public wxDialog {
   }
 
   CatalogueId Chosen() const {
-    return proc_.selection.Id(
-        kinds_.at(static_cast<std::size_t>(Choice_Kind->GetSelection())).first);
+    return proc_.selection.Id(kinds_.at(static_cast<std::size_t>(Choice_Kind->GetSelection())));
   }
 
   // The catalogue is sent by the browser, which shows the transfer.
@@ -206,7 +198,7 @@ class HistoryForm final : public wxDialog {
   }
 
   ZV_Proc& proc_;
-  std::vector<std::pair<Catalogue, std::int32_t>> kinds_;
+  std::vector<Catalogue> kinds_;
   std::vector<KeptCopy> kept_;
   wxChoice* Choice_Kind = nullptr;
   wxListBox* List_Kept = nullptr;

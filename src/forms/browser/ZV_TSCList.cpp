@@ -1,10 +1,10 @@
 #include "forms/browser/ZV_TSCList.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 #include <utility>
 
+#include "catalogue/CatalogueTitle.h"
 #include "catalogue/TreeItems.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
@@ -15,14 +15,6 @@
 namespace zek {
 namespace {
 
-struct Column {
-  Catalogue catalogue;
-  std::int32_t heading;
-};
-// After the column with the node's text.
-constexpr std::array<Column, 3> kColumns{{{Catalogue::Wdc, text::kTitleWeekdays},
-                                          {Catalogue::Sdc, text::kTitleCalendar},
-                                          {Catalogue::Ovc, text::kTitleExceptions}}};
 constexpr const char* kNoCopy = "-";
 
 // Sets a flag while it exists.
@@ -49,7 +41,8 @@ NodeList::NodeList(wxWindow* parent, const ZV_Proc& proc, CopyStates& states)
   SetAccessibleName(*this, ToWx(proc.Text(text::kColumnControl)));
   SetToolTip(ToWx(proc.Text(text::kCopiesHint)));
   AppendColumn(ToWx(proc.Text(text::kColumnControl)));
-  for (const Column& column : kColumns) AppendColumn(ToWx(proc.Text(column.heading)));
+  for (const Catalogue catalogue : kShownCatalogues)
+    AppendColumn(ToWx(proc.Text(KindTitle(catalogue))));
   Bind(wxEVT_LIST_COL_CLICK, &NodeList::OnHeading, this);
   Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     FitColumns();
@@ -97,7 +90,7 @@ wxString NodeList::OnGetItemText(long item, long column) const {
 std::string NodeList::TextOf(std::size_t place, long column) const {
   if (place >= proc_.tree.size()) return {};
   if (column == 0) return NodeText(place);
-  const Catalogue catalogue = kColumns.at(static_cast<std::size_t>(column) - 1).catalogue;
+  const Catalogue catalogue = kShownCatalogues.at(static_cast<std::size_t>(column) - 1);
   const CatalogueId id = SelectionOf(proc_.tree, proc_.topics, place).Id(catalogue);
   if (id.localFile.empty()) return {};
   const CopyState state = states_.Of(id);
@@ -149,7 +142,8 @@ void NodeList::Sort() {
 void NodeList::FitColumns() {
   const std::string longest = Message(proc_.Text(text::kCopyUnsent), {"2026-11-22 08:30"}) + "  ";
   const int time = GetTextExtent(ToWx(longest)).x;
-  const int node = std::max(time, GetClientSize().x - time * static_cast<int>(kColumns.size()));
+  const int node =
+      std::max(time, GetClientSize().x - time * static_cast<int>(kShownCatalogues.size()));
   for (int column = 0; column < GetColumnCount(); ++column)
     SetColumnWidth(column, column == 0 ? node : time);
 }

@@ -1,6 +1,5 @@
 #include "forms/calendar/ZV_SDC.h"
 
-#include <algorithm>
 #include <functional>
 #include <vector>
 
@@ -9,6 +8,7 @@
 #include <wx/weakref.h>
 
 #include "lang/TextNumbers.h"
+#include "ui/Forms.h"
 #include "ui/Mnemonics.h"
 #include "ui/WxText.h"
 
@@ -75,13 +75,7 @@ void ZV_SDC::ShowYearView(bool year) {
   SetMinSize(wxDefaultSize);
   wxSize size = GetSize();
   size.IncTo(GetSizer()->ComputeFittingWindowSize(this));
-  const wxRect screen = wxDisplay(this).GetClientArea();
-  size.DecTo(screen.GetSize());
-  const wxPoint last = screen.GetBottomRight() - size + wxSize(1, 1);
-  const wxPoint at = GetPosition();
-  SetSize(wxRect(
-      {std::max(screen.x, std::min(at.x, last.x)), std::max(screen.y, std::min(at.y, last.y))},
-      size));
+  SetSize(OntoScreen({GetPosition(), size}, wxDisplay(this).GetClientArea()));
   Layout();
   ShowAll();
   FocusEntry();
