@@ -58,13 +58,20 @@ std::optional<std::size_t> TakeDay(std::string_view& text) {
   return std::nullopt;
 }
 
+// Days behind the range must not be lost without a word. A controller can mark a line with "*".
+bool EndsDays(std::string_view rest) {
+  return rest.find_first_not_of(" *") == std::string_view::npos;
+}
+
 std::optional<DayRange> ParseDays(std::string_view text) {
   const std::optional<std::size_t> first = TakeDay(text);
   if (!first) return std::nullopt;
-  if (!text.starts_with(kRangeMark)) return DayRange{*first, *first};
+  if (!text.starts_with(kRangeMark))
+    return EndsDays(text) ? std::optional(DayRange{*first, *first}) : std::nullopt;
   text.remove_prefix(kRangeMark.size());
   const std::optional<std::size_t> last = TakeDay(text);
-  if (!last || *last < *first || (*last < kDaysOfType) != (*first < kDaysOfType)) {
+  if (!last || !EndsDays(text) || *last < *first ||
+      (*last < kDaysOfType) != (*first < kDaysOfType)) {
     return std::nullopt;
   }
   return DayRange{*first, *last};

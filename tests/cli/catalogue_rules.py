@@ -163,7 +163,7 @@ def day_of_key(text):
     if text[:2] in WEEKDAYS:
         return WEEKDAYS.index(text[:2]), text[2:]
     if text[:2] == "SD" and 1 <= val(text[2:]) <= 7:
-        return 7 + round(val(text[2:])) - 1, text[3:]
+        return 7 + round(val(text[2:])) - 1, text[2:].lstrip(" ").lstrip("0123456789")
     return None
 
 
@@ -173,9 +173,9 @@ def days_of(text):
         return None
     day, rest = first
     if not rest.startswith(".."):
-        return [day]
+        return None if rest.strip(" *") else [day]
     last = day_of_key(rest[2:])
-    if last is None or last[0] < day or (day < 7) != (last[0] < 7):
+    if last is None or last[1].strip(" *") or last[0] < day or (day < 7) != (last[0] < 7):
         return None
     return list(range(day, last[0] + 1))
 

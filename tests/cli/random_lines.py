@@ -14,7 +14,7 @@ LONG_VALUES = "1234567 12345678 -12345.678 0.00012345 3.1415926 1E12".split()
 OTHER_NAMES = ["OTHER", "AHU", "ahu1", "AHU11", ""]
 ODD_NUMBERS = ["", "0", "abc", "12.5", "1E3", "99999", "1234567"]
 BAD_DAYS = ("XX||mo|SD0|SD8|SD|M|MO..|MO..XX|FR..MO|SD3..SD1|SU..SD1|SD1..MO|SD1..SD9|MOTU|MO TU|"
-            "TU-WE").split("|")
+            "TU-WE|MO..FR,SU|MO .. FR|SD1..SD3 SU|MO..FR *|SU*").split("|")
 BAD_TIMES = ("|6:30|06:5|xx:yy|24:30..25:00|99:99|06:00..|06:00..1|06:00   18:00|-6:00|"
              "06.30..07.45").split("|")
 BAD_START_TIMES = ["25:70", "xx:30", "6:30 ", "     "]
