@@ -233,7 +233,9 @@ void AddOption(CLI::App& command, const CommandOption& option, Arguments& parsed
                            : *command.add_option(option.name, parsed.*option.values)
                                   ->expected(1)
                                   ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
-  added.type_name(option.type);
+  added.type_name(option.type)->check([](const std::string& value) {
+    return std::string(value.empty() ? "an empty value" : "");
+  });
 }
 
 void AddCommand(CLI::App& program, const CommandShape& shape, Arguments& parsed) {

@@ -1,6 +1,9 @@
 #include "commands/Commands.h"
 
 #include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 #include <fstream>
 #include <iterator>
 
@@ -8,6 +11,7 @@
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "system/Paths.h"
+#include "text/Controls.h"
 #include "text/Lines.h"
 #include "text/Windows1252.h"
 
@@ -15,7 +19,8 @@ namespace zek::cli {
 
 namespace {
 
-// Reads a stream to its end, or until it exceeds `largest`; fails if it exceeds `kLargestFile`.
+// Reads a stream to its end, or until it exceeds `largest`; fails if it exceeds `kLargestFile`, and
+// on a read error: the rest would be missing without a word.
 FileContent ReadInput(std::istream& in, const std::string& file, std::size_t largest) {
   FileContent content;
   std::array<char, 65536> block{};
@@ -26,6 +31,9 @@ FileContent ReadInput(std::istream& in, const std::string& file, std::size_t lar
     }
     if (content.bytes.size() > largest) break;
   }
+  const bool isInput = file == "-";
+  if (in.bad() || (isInput && std::ferror(stdin) != 0))
+    return {{}, FileError{file, FileError::Reason::Other, std::strerror(errno)}};
   return content;
 }
 
@@ -41,7 +49,10 @@ std::optional<std::string> ReadFileOperand(Console& console, const std::string& 
     content = ReadInput(console.in, file, largest);
   } else if (isPipe || (!error && size > largest)) {
     std::ifstream stream(PathOf(file), std::ios::binary);
-    content = ReadInput(stream, file, largest);
+    content =
+        stream.is_open()
+            ? ReadInput(stream, file, largest)
+            : FileContent{{}, FileError{file, FileError::Reason::Denied, std::strerror(errno)}};
   } else {
     content = console.proc.files.Read(file);
   }
@@ -104,9 +115,10 @@ ExitStatus Send(Console& console, const std::string& topicName, const std::strin
   proc.connection.Connect(topic);
   if (proc.connection.CurrentTopic != topic) return kFailed;
   bool answered = false;
-  proc.log.Echo = [&](const std::string& line) {
+  proc.log.Echo = [&](std::string line) {
     answered = true;
     proc.countdowns.DelayCountdown = kSilenceTicks;
+    ShowControls(line);
     console.out << Utf8FromWindows1252(line) << '\n';
   };
   const bool sent = proc.connection.SendCommand(Windows1252FromUtf8(text));
@@ -224,7 +236,9 @@ std::optional<ExitStatus> StartCommands(Console& console, const Arguments& argum
 
 ExitStatus RunCommand(Console& console, const Arguments& arguments) {
   const ExitStatus status = Run(console, arguments);
-  if (HasSwitchedTags(console.proc.topics)) console.proc.connection.CloseAllTags();
+  Connection& connection = console.proc.connection;
+  connection.Finish();
+  if (HasSwitchedTags(console.proc.topics)) connection.CloseAllTags();
   console.proc.EndSessionFile();
   return status;
 }

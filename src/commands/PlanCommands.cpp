@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "commands/Commands.h"
+#include "import/ImportText.h"
 #include "lang/TextNumbers.h"
 #include "plan/Applying.h"
 #include "plan/ChangeList.h"
@@ -78,7 +79,7 @@ std::optional<std::vector<std::string>> NodesOf(Console& console, const Argument
   if (arguments.nodes.empty()) return nodes;
   const std::optional<std::string> bytes = ReadFileOperand(console, arguments.nodes);
   if (!bytes) return std::nullopt;
-  const std::string file = Windows1252FromUtf8(*bytes);
+  const std::string file = DecodedText(*bytes);
   for (std::string_view rest = file; !rest.empty();) {
     const std::string_view node = Trim(TakeLine(rest));
     if (!node.empty()) nodes.emplace_back(node);

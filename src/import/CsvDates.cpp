@@ -95,7 +95,7 @@ class CsvReader {
   void Row(const Record& record) {
     const bool empty = std::all_of(record.fields.begin(), record.fields.end(),
                                    [](const std::string& field) { return field.empty(); });
-    if (empty || (first_ && TakeHeadings(record))) return;
+    if (empty || (first_ && record.closed && TakeHeadings(record))) return;
     first_ = false;
     Place(record);
     TakeRow(record);

@@ -11,7 +11,7 @@ namespace zek {
 /// Returns why a file can't be text to import: too large, a line too long, characters of no text.
 ImportReason CheckImportText(std::string_view bytes);
 
-/// Returns UTF-8 or windows-1252 as windows-1252.
+/// Returns UTF-8, without its mark, or windows-1252 as windows-1252.
 std::string DecodedText(std::string_view bytes);
 
 /// A name on one line, without control characters, and not longer than a list can show.

@@ -12,7 +12,8 @@ namespace {
 // its messages, and what the controller received. "input" is its standard input, "_" a blank.
 // "wdc LINE", "sdc LINE" and "ovc LINE" add to the local copies of TWO/TSC1, which "plan" empties.
 // "titles FILE" shows the titles in a picture, "shows FILE TEXT" the lines with TEXT in a file.
-// "tag-reply 15 text" is what the tag server replies after 15 polls; "tag-calls" shows its calls.
+// "tag-reply 15 text" is what the tag server replies after 15 polls; "tag-calls" shows its calls,
+// each of which lasts 100 ms after "tag-blocks 100".
 class CommandPlayer : public test::SessionPlayer {
  public:
   CommandPlayer() {
@@ -45,6 +46,7 @@ class CommandPlayer : public test::SessionPlayer {
       tags.replies.resize(std::stoul(rest.substr(0, rest.find(' '))));  // polls without a reply
       tags.replies.push_back(rest.substr(rest.find(' ') + 1));
     }
+    if (what == "tag-blocks") tagServer.blocks = [ms = std::stoi(rest)](auto&) { return ms; };
     if (what == "tag-calls") return TagCalls();
     if (what == "titles") return Titles(rest);
     if (what == "shows")
