@@ -50,6 +50,8 @@ TEST_F(WeekdayFormTest, ByKeyboardFromTheTreeToThePlant) {
        {InBrowser, Escape}});
   EXPECT_EQ(PlantLines().at(1000), kChanged);
   EXPECT_EQ(world.prompts.shown.size(), 2U);  // whether to send, and that it was sent
+  // The list below the question names the day as the form does.
+  EXPECT_NE(world.prompts.details.at(0).find("  nu    M\xE5n "), std::string::npos);
 }
 
 TEST_F(WeekdayFormTest, ByMouseFromTheTreeToThePlant) {

@@ -18,11 +18,14 @@ class MemoryFiles final : public Files {
   std::map<std::string, std::string> files;
   std::optional<FileError::Reason> failWrites;
   std::optional<FileError::Reason> failReads;
+  std::set<std::string> unreadable;
 
   bool Exists(const std::string& path) const override { return files.contains(path); }
 
   FileContent Read(const std::string& path) const override {
     if (failReads) return {{}, FileError{path, *failReads, "read failed"}};
+    if (unreadable.contains(path))
+      return {{}, FileError{path, FileError::Reason::InUse, "read failed"}};
     const auto file = files.find(path);
     if (file == files.end()) return {{}, FileError{path, FileError::Reason::Missing, "missing"}};
     return {file->second, std::nullopt};
