@@ -251,7 +251,7 @@ FileContent DiskFiles::Read(const std::string& path) const {
 
 std::optional<FileError> DiskFiles::MakeDirectory(const std::string& path) {
   const std::string name = path.ends_with('/') ? path.substr(0, path.size() - 1) : path;
-  if (::mkdir(path.c_str(), 0777) == 0 && FlushDirectoryOf(name)) return std::nullopt;
+  if (::mkdir(name.c_str(), 0777) == 0 && FlushDirectoryOf(name)) return std::nullopt;
   const int code = errno;
   std::error_code error;
   if (code == EEXIST && std::filesystem::is_directory(path, error)) return std::nullopt;
