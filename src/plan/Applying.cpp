@@ -28,7 +28,7 @@ void Applier::Run(const Plan& plan) {
   const bool maySend = !proc_.settings.LocalMode && !proc_.settings.ViewOnly;
   for (const PlannedCatalogue& each : plan.catalogues) {
     const bool untried =
-        !maySend || cancelled_ || proc_.turn.Quitting() || failed_.contains(each.topic);
+        !maySend || IsStopped() || failed_.contains(each.topic);
     const PlanLine line = untried ? LineOf(PlanWord::Untried, each) : Apply(each);
     if (line.word == PlanWord::Failed) failed_.insert(each.topic);
     report_(line);
@@ -47,6 +47,7 @@ PlanLine Applier::ApplyTo(const PlannedCatalogue& planned, const CatalogueId& id
                           PlanPrompts& prompts) {
   const bool unsent = proc_.catalogues.HasUnsentChanges(id);
   const auto now = proc_.catalogues.Look(id);
+  if (!now && IsStopped()) return LineOf(PlanWord::Untried, planned);
   if (!now) {
     const std::string& why = prompts.Trouble();
     return LineOf(PlanWord::Failed, planned, why.empty() ? proc_.Text(text::kNoAnswer) : why);
@@ -107,6 +108,7 @@ PlanLine Applier::Send(const PlannedCatalogue& planned, const CatalogueId& id,
   // somebody changes there from now on must not count as this plan's own work.
   if (!saved.begun && !interrupted) static_cast<void>(started_.End(planned));
   if (stale) return Stale(planned, *stale);
+  if (!saved.begun && IsStopped()) return LineOf(PlanWord::Untried, planned);
   if (!saved.Done()) return LineOf(PlanWord::Failed, planned, prompts.Trouble());
   static_cast<void>(started_.End(planned));  // else the next run finds it done
   return LineOf(PlanWord::Done, planned, prompts.Trouble());

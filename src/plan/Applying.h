@@ -29,6 +29,7 @@ class Applier {
   void Cancel() { cancelled_ = true; }
 
  private:
+  bool IsStopped() const { return cancelled_ || proc_.turn.Quitting(); }
   PlanLine Apply(const PlannedCatalogue& planned);
   PlanLine ApplyTo(const PlannedCatalogue& planned, const CatalogueId& id, PlanPrompts& prompts);
   PlanLine Send(const PlannedCatalogue& planned, const CatalogueId& id, const CatalogueContent& now,

@@ -18,6 +18,7 @@ OpenedPlan OpenPlan(ZV_Proc& proc, const std::string& path) {
                        : FileMessage(proc.texts, *taken.error);
     return opened;
   }
+  opened.lock = std::move(taken.lock);
   const FileContent file = proc.files.Read(path);
   if (file.error) {
     opened.why = FileMessage(proc.texts, *file.error);
@@ -28,7 +29,6 @@ OpenedPlan OpenPlan(ZV_Proc& proc, const std::string& path) {
     opened.why = DamagedText(proc, path, reading.bad);
     return opened;
   }
-  opened.lock = std::move(taken.lock);
   opened.plan = std::move(reading.plan);
   opened.started.emplace(proc.files, path, reading.checksum);
   if (!opened.started->IsOfPlan()) opened.why = StartedText(proc, path);

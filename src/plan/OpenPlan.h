@@ -12,7 +12,7 @@ namespace zek {
 
 /// A plan file that nobody else applies meanwhile, or why it can't be applied.
 struct OpenedPlan {
-  std::unique_ptr<FileLock> lock;
+  std::unique_ptr<FileLock> lock;  // null: somebody else has it, or it can't be opened
   Plan plan;
   std::optional<StartedNote> started;
   std::string why;  // "" if it can be applied

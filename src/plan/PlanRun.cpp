@@ -18,6 +18,7 @@ namespace {
 constexpr std::string_view kPrefix = "PLAN";
 constexpr std::string_view kPlanFile = ".plan";
 constexpr std::string_view kReportFile = ".txt";
+constexpr std::string_view kSoFarFile = ".sofar";  // the report of a plan that has not ended
 
 std::string FolderOf(const ZV_Proc& proc) { return proc.settings.ProgramPath + "Plans"; }
 
@@ -55,10 +56,11 @@ std::string PlanRun::Keep() {
     return FileMessage(proc_.texts, *error);
   const std::string stem = std::string(kPrefix) + FileStamp(proc_.now());
   std::string name = stem;
-  for (int number = 2; proc_.files.Exists(PathOf(name) + std::string(kPlanFile)); ++number)
+  for (int number = 2; proc_.files.Exists(PlanPath(name)); ++number)
     name = stem + "-" + std::to_string(number);
-  const auto error = proc_.files.Write(PathOf(name) + std::string(kPlanFile), BuildPlanFile(plan_));
+  const auto error = proc_.files.Write(PlanPath(name), BuildPlanFile(plan_));
   if (error) return FileMessage(proc_.texts, *error);
+  lock_ = proc_.files.Lock(PlanPath(name)).lock;
   name_ = name;
   return {};
 }
@@ -66,26 +68,31 @@ std::string PlanRun::Keep() {
 std::string PlanRun::Send() {
   if (!CanSend()) return {};
   if (std::string why = Keep(); !why.empty()) return why;
-  OpenedPlan opened = OpenPlan(proc_, PathOf(name_) + std::string(kPlanFile));
+  lock_.reset();
+  OpenedPlan opened = OpenPlan(proc_, PlanPath(name_));
   if (!opened.why.empty()) return opened.why;
+  lock_ = std::move(opened.lock);
   lines_.clear();
   total_ = opened.plan.catalogues.size();
-  Applier applier(proc_, *opened.started, [this](const PlanLine& line) { Add(line, total_); });
+  Applier applier(proc_, *opened.started, [this](const PlanLine& line) {
+    Add(line, total_);
+    KeepSoFar();
+  });
   cancel_ = [&applier] { applier.Cancel(); };
   busy_ = true;
   applier.Run(opened.plan);
   busy_ = false;
   cancel_ = [] {};
-  if (!HasEnded()) return {};
-  return StoreReport(DateAndTime(proc_.now()));
+  return HasEnded() ? StoreReport(name_, Report(DateAndTime(proc_.now()))) : std::string();
 }
 
 std::string PlanRun::Take(const std::string& name) {
-  OpenedPlan opened = OpenPlan(proc_, PathOf(name) + std::string(kPlanFile));
+  Clear();
+  OpenedPlan opened = OpenPlan(proc_, PlanPath(name));
   if (!opened.why.empty()) return opened.why;
+  lock_ = std::move(opened.lock);
   plan_ = std::move(opened.plan);
   name_ = name;
-  lines_.clear();
   total_ = plan_.catalogues.size();
   for (const PlannedCatalogue& each : plan_.catalogues)
     lines_.push_back({PlanWord::Change, each.Node(), KindText(each.kind), 0, 0, "", ""});
@@ -93,24 +100,31 @@ std::string PlanRun::Take(const std::string& name) {
 }
 
 void PlanRun::Drop() {
-  if (name_.empty() ||
-      proc_.files.Exists(StartedNote::PathOf(PathOf(name_) + std::string(kPlanFile))))
-    return;
-  static_cast<void>(proc_.files.Remove(PathOf(name_) + std::string(kPlanFile)));
+  if (name_.empty() || proc_.files.Exists(StartedNote::PathOf(PlanPath(name_)))) return;
+  lock_.reset();
+  static_cast<void>(proc_.files.Remove(PlanPath(name_)));
   name_.clear();
 }
 
 std::string PlanRun::GiveUp(const std::string& name) {
-  if (!Take(name).empty()) Clear();
-  for (PlanLine& line : lines_) line.word = PlanWord::Untried;
-  name_ = name;
-  std::string why = StoreReport(DateAndTime(proc_.now()));
   Clear();
-  return why;
+  const OpenedPlan opened = OpenPlan(proc_, PlanPath(name));
+  if (!opened.lock) return opened.why;
+  plan_ = opened.plan;
+  FileContent soFar = proc_.files.Read(PathOf(name) + std::string(kSoFarFile));
+  std::string report = soFar.error ? ReportSoFar() : std::move(soFar.bytes);
+  for (const PlannedCatalogue& each : plan_.catalogues) {
+    if (opened.started && opened.started->Before(each) != nullptr)
+      report += Row({PlanWord::Failed, each.Node(), KindText(each.kind), 0, 0, "",
+                     proc_.Text(text::kPlanInterrupted)});
+  }
+  Clear();
+  return StoreReport(name, report);
 }
 
 void PlanRun::Clear() {
   plan_ = {};
+  lock_.reset();
   name_.clear();
   lines_.clear();
   total_ = 0;
@@ -121,9 +135,16 @@ std::vector<std::string> PlanRun::OpenPlans() const {
   for (std::string name : proc_.files.List(PathOf({}))) {
     if (!name.starts_with(kPrefix) || !name.ends_with(kPlanFile)) continue;
     name.resize(name.size() - kPlanFile.size());
-    if (!proc_.files.Exists(PathOf(name) + std::string(kReportFile))) open.push_back(name);
+    const bool ended = proc_.files.Exists(PathOf(name) + std::string(kReportFile));
+    if (!ended && !IsElsewhere(name)) open.push_back(name);
   }
   return open;
+}
+
+bool PlanRun::IsElsewhere(const std::string& name) const {
+  if (lock_ && name == name_) return false;
+  const TakenLock taken = proc_.files.Lock(PlanPath(name));
+  return taken.error && taken.error->reason == FileError::Reason::InUse;
 }
 
 // "PLAN261122_083000"
@@ -148,20 +169,44 @@ bool PlanRun::HasEnded() const {
 
 std::string PlanRun::Report(const std::string& headline) const {
   std::string report = SeveralTitle(proc_.texts) + "\r\n" + headline + "\r\n";
-  for (const PlanLine& line : lines_) {
-    report += ResultOf(line, proc_.texts) + "\t" + line.node + "\t" +
-              CatalogueOf(line, proc_.texts) + "\t" + RemarkOf(line, proc_.texts) + "\r\n";
+  for (const PlanLine& line : lines_) report += Row(line);
+  return report;
+}
+
+std::string PlanRun::Row(const PlanLine& line) const {
+  return ResultOf(line, proc_.texts) + "\t" + line.node + "\t" + CatalogueOf(line, proc_.texts) +
+         "\t" + RemarkOf(line, proc_.texts) + "\r\n";
+}
+
+// Of the catalogues that have ended, and of the others that they were not tried.
+std::string PlanRun::ReportSoFar() const {
+  std::string report = Report(DateAndTime(proc_.now()));
+  for (std::size_t at = lines_.size(); at < plan_.catalogues.size(); ++at) {
+    const PlannedCatalogue& each = plan_.catalogues[at];
+    report += Row({PlanWord::Untried, each.Node(), KindText(each.kind), 0, 0, "", ""});
   }
   return report;
+}
+
+// Without it, after a crash nobody could tell what was sent. The plan goes on if it can't be
+// stored.
+void PlanRun::KeepSoFar() {
+  static_cast<void>(proc_.files.Write(PathOf(name_) + std::string(kSoFarFile), ReportSoFar()));
 }
 
 std::string PlanRun::PathOf(const std::string& name) const {
   return WithSeparator(FolderOf(proc_)) + name;
 }
 
-std::string PlanRun::StoreReport(const std::string& headline) {
-  const auto error = proc_.files.Write(PathOf(name_) + std::string(kReportFile), Report(headline));
-  return error ? FileMessage(proc_.texts, *error) : std::string();
+std::string PlanRun::PlanPath(const std::string& name) const {
+  return PathOf(name) + std::string(kPlanFile);
+}
+
+std::string PlanRun::StoreReport(const std::string& name, const std::string& report) {
+  const auto error = proc_.files.Write(PathOf(name) + std::string(kReportFile), report);
+  if (error) return FileMessage(proc_.texts, *error);
+  static_cast<void>(proc_.files.Remove(PathOf(name) + std::string(kSoFarFile)));
+  return {};
 }
 
 std::string SeveralTitle(const LanguageTexts& texts) {

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -15,7 +16,8 @@
 namespace zek {
 
 /// A plan of a window: made, kept in the folder "Plans" of the program directory, sent, and after a
-/// crash or a failure sent again. A kept plan without a report (".txt") has not ended.
+/// crash or a failure sent again. A kept plan without a report (".txt") has not ended. While it is
+/// kept or taken here, no other program can take, send or end it.
 class PlanRun {
  public:
   /// `changed` is called when a line was added.
@@ -35,7 +37,8 @@ class PlanRun {
   std::string Take(const std::string& name);
   /// Removes a plan that was kept and not begun.
   void Drop();
-  /// Ends an open plan as it is.
+  /// Ends an open plan as it is; its report tells how far it came. Fails while another program has
+  /// it.
   std::string GiveUp(const std::string& name);
   /// Forgets the plan; a kept one stays kept.
   void Clear();
@@ -44,7 +47,8 @@ class PlanRun {
   /// cancelled like any other.
   void Cancel() { cancel_(); }
 
-  /// The names of the kept plans that have not ended, the oldest first.
+  /// The names of the kept plans that have not ended and that no other program has, the oldest
+  /// first.
   std::vector<std::string> OpenPlans() const;
   /// "2026-11-22 08:30:00", when a plan was kept.
   static std::string TimeOf(const std::string& name);
@@ -67,14 +71,20 @@ class PlanRun {
  private:
   void Add(const PlanLine& line, std::size_t total);
   bool HasEnded() const;
+  bool IsElsewhere(const std::string& name) const;
   std::string PathOf(const std::string& name) const;
-  std::string StoreReport(const std::string& headline);
+  std::string PlanPath(const std::string& name) const;
+  std::string StoreReport(const std::string& name, const std::string& report);
+  std::string ReportSoFar() const;
+  std::string Row(const PlanLine& line) const;
+  void KeepSoFar();
 
   ZV_Proc& proc_;
   std::function<void()> changed_;
   std::function<void()> cancel_ = [] {};
   Plan plan_;
   std::string name_;  // of the kept plan; "" if it is not kept
+  std::unique_ptr<FileLock> lock_;
   std::vector<PlanLine> lines_;
   std::size_t total_ = 0;
   bool busy_ = false;

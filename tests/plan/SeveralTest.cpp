@@ -15,6 +15,12 @@ namespace {
 // "restart" begins anew with the disk as it is; "keep", "drop", "open", "take", "give-up" and
 // "send" are those of `PlanRun`.
 class SeveralPlayer : public test::SessionPlayer {
+ public:
+  SeveralPlayer() {
+    proc.texts = test::NamedTexts(
+        "1296=unchanged;change;refused;done;already;stale;failed;untried\r\n");
+  }
+
  protected:
   std::string Do(const std::string& what, const std::string& rest) override {
     if (what == "entry") return Enter(rest);
@@ -34,7 +40,8 @@ class SeveralPlayer : public test::SessionPlayer {
       return open;
     }
     if (what == "take") return After(run_->Take(Open()));
-    if (what == "give-up") return run_->GiveUp(Open()) + "given up";
+    if (what == "give-up")
+      return test::Filled(run_->GiveUp(rest.empty() ? Open() : rest)) + "given up";
     if (what == "send") return After(run_->Send());
     return what == "make" ? LinesOf() : SessionPlayer::Do(what, rest);
   }

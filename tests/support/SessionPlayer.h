@@ -25,7 +25,8 @@ namespace zek::test {
 ///   change LIST WDC=...       instead of the answers so far
 ///   many LIST WDC=203, copy NAME=202   an answer or a file of so many lines
 ///   yes, no, neither          answers the next question
-///   unreachable, silent, heard, full disk, unreadable disk, unreadable NAME, lose NAME, lock NAME
+///   unreachable, silent, heard, full disk, unreadable disk, unreadable NAME, lose NAME, lock NAME,
+///   unlock NAME
 ///   cancel 500, quit 500      in so many milliseconds
 ///   line, value               what is to be saved
 ///   control, copy-name, value-too   of the selected node: its name, its copy, that it has a value
@@ -92,6 +93,7 @@ class SessionPlayer : public TransferSession {
     if (what == "silent" || what == "heard") socket.silent = what == "silent";
     if (what == "lose") files.files.erase("/zek/" + rest);
     if (what == "lock") files.locked.insert(OnDisk(rest));
+    if (what == "unlock") files.locked.erase(OnDisk(rest));
     if (what == "full") files.failWrites = FileError::Reason::Full;
     if (what == "unreadable" && rest != "disk") {
       files.unreadable.insert(OnDisk(rest));
