@@ -12,7 +12,18 @@ namespace zek {
 ReportCollector::ReportCollector(ZV_Proc& proc, ControlReader::Source source, DayNumber today)
     : proc_(proc),
       context_{today, proc.settings.SwedishHolidays, proc.settings.DecimalSeparator},
-      reader_(proc, std::move(source)) {}
+      reader_(proc, Noting(std::move(source))) {}
+
+// Adds what the controller itself told: the copy may have kept changes that were not sent.
+ControlReader::Source ReportCollector::Noting(ControlReader::Source source) {
+  source.read = [this, read = std::move(source.read)](const CatalogueId& id) {
+    std::optional<CatalogueContent> content = read(id);
+    if (content && content->from == LinesFrom::Controller)
+      fetched_[id.localFile] = ToTheMinute(DateAndTime(proc_.now()));
+    return content;
+  };
+  return source;
+}
 
 bool ReportCollector::Add(std::size_t node) {
   std::optional<ControlTables> tables = reader_.Read(node);
@@ -39,7 +50,10 @@ std::vector<std::string> ReportCollector::Reads() const {
 }
 
 void ReportCollector::AddRead(std::vector<std::string>& reads, Catalogue catalogue) const {
-  const CopyState state = CopyStates(proc_.copies, proc_.records).Of(proc_.selection.Id(catalogue));
+  const CatalogueId id = proc_.selection.Id(catalogue);
+  CopyState state = CopyStates(proc_.copies, proc_.records).Of(id);
+  if (const auto fetched = fetched_.find(id.localFile); fetched != fetched_.end())
+    state = {true, fetched->second};
   const Topic& topic = proc_.topics[proc_.selection.CurrentObject];
   const std::int32_t number = !state.exists        ? text::kReportMissing
                               : state.time.empty() ? text::kReportReadUnknown

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -25,11 +26,13 @@ class ReportCollector {
   bool Complete() const { return reader_.Complete(); }
 
  private:
+  ControlReader::Source Noting(ControlReader::Source source);
   std::vector<std::string> Reads() const;
   void AddRead(std::vector<std::string>& reads, Catalogue catalogue) const;
 
   ZV_Proc& proc_;
   FindingContext context_;
+  std::map<std::string, std::string> fetched_;  // local file, when its controller was read for this
   ControlReader reader_;
   std::vector<ReportedControl> controls_;
 };

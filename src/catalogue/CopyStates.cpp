@@ -3,12 +3,6 @@
 #include "catalogue/SharedCatalogue.h"
 
 namespace zek {
-namespace {
-
-constexpr std::size_t kToMinutes = 16;  // characters of "2026-11-22 08:30"
-
-}  // namespace
-
 CopyState CopyStates::Of(const CatalogueId& id) {
   if (id.localFile.empty()) return {};
   auto found = files_.find(id.localFile);
@@ -30,7 +24,7 @@ CopyState CopyStates::Read(const CatalogueId& id) const {
     state.unsent = records_.AnySendingFailed(id);
     return state;
   }
-  state.time = known->time.substr(0, kToMinutes);
+  state.time = ToTheMinute(known->time);
   const CatalogueContent copy = copies_.Peek(id);
   state.unsent = HasMoreThan(copy, known->content);
   state.fewer = HasMoreThan(known->content, copy);

@@ -12,6 +12,10 @@ std::string DateAndTime(const LocalTime& time) {
          two(time.hour) + ":" + two(time.minute) + ":" + two(time.second);
 }
 
+std::string ToTheMinute(std::string_view dateAndTime) {
+  return std::string(dateAndTime.substr(0, std::string_view("2026-11-22 08:30").size()));
+}
+
 std::string DateAndMilliseconds(const LocalTime& time) {
   return DateAndTime(time) + "." + ZeroPadded(time.millisecond, 3);
 }

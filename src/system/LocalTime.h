@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace zek {
 
@@ -24,6 +25,9 @@ LocalTime SystemTime();
 
 /// Returns "2026-11-22 08:30:00".
 std::string DateAndTime(const LocalTime& time);
+
+/// Returns such a text without the seconds.
+std::string ToTheMinute(std::string_view dateAndTime);
 
 /// Returns "2026-11-22 08:30:00.250".
 std::string DateAndMilliseconds(const LocalTime& time);
