@@ -8,17 +8,18 @@ namespace zek {
 const std::string& FileProfile::Text() const {
   static const std::string none;
   FileContent file = files_.Read(path_);
+  readsAlone_ = file.error.has_value();
   if (!file.error) {
     const ProfileEncoding encoding(file.bytes);
-    unicode_ = encoding.IsUnicode();
+    readsAlone_ = encoding.IsUnicode();
     text_ = encoding.Decoded(file.bytes);
   }
   return text_ ? *text_ : none;
 }
 
-bool FileProfile::IsUnicode() const {
+bool FileProfile::ReadsAlone() const {
   Text();
-  return unicode_;
+  return readsAlone_;
 }
 
 std::string FileProfile::ReadIni(std::string_view section, std::string_view key,

@@ -18,8 +18,9 @@ class FileProfile final : public Profile {
   std::optional<FileError> RemoveIni(std::string_view section, std::string_view key) override;
   ProfileSection ReadSection(std::string_view section, std::size_t bufferSize) const override;
 
-  /// True if the file is UTF-8 or UTF-16, see `ProfileEncoding`.
-  bool IsUnicode() const;
+  /// True if the system's profile calls can't stand in for this class: the file is UTF-8 or UTF-16,
+  /// see `ProfileEncoding`, or it can't be read now.
+  bool ReadsAlone() const;
 
  private:
   const std::string& Text() const;
@@ -29,7 +30,7 @@ class FileProfile final : public Profile {
   Files& files_;
   std::string path_;
   mutable std::optional<std::string> text_;  // as last read; nothing before that
-  mutable bool unicode_ = false;             // the same
+  mutable bool readsAlone_ = false;
 };
 
 }  // namespace zek

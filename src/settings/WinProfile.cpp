@@ -18,7 +18,7 @@ constexpr DWORD kValueBuffer = 128;  // the last character is NUL
 std::string WinProfile::ReadIni(std::string_view section, std::string_view key,
                                 std::string_view fallback) const {
   if (!IsProfileName(section) || !IsProfileName(key)) return ProfileDefault(fallback);
-  if (file_.IsUnicode()) return file_.ReadIni(section, key, fallback);
+  if (file_.ReadsAlone()) return file_.ReadIni(section, key, fallback);
   std::array<char, kValueBuffer> value{};
   const DWORD length = ::GetPrivateProfileStringA(
       std::string(section).c_str(), std::string(key).c_str(), std::string(fallback).c_str(),
@@ -47,7 +47,7 @@ void WinProfile::DiscardCache() const {
 ProfileSection WinProfile::ReadSection(std::string_view section, std::size_t bufferSize) const {
   ProfileSection result;
   if (!IsProfileName(section)) return result;
-  if (file_.IsUnicode()) return file_.ReadSection(section, bufferSize);
+  if (file_.ReadsAlone()) return file_.ReadSection(section, bufferSize);
   std::vector<char> buffer(bufferSize);
   result.length = ::GetPrivateProfileSectionA(std::string(section).c_str(), buffer.data(),
                                               static_cast<DWORD>(bufferSize), ansiPath_.c_str());

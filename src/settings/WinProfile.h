@@ -8,8 +8,9 @@
 namespace zek {
 
 /// Reads the settings file through the profile calls of Windows, but UTF-8 and UTF-16 with
-/// `FileProfile`: the calls convert only by the system's code page. Writing uses `FileProfile` too,
-/// which replaces the whole file: the calls write in place, and a crash would leave half a file.
+/// `FileProfile`: the calls convert only by the system's code page. So also a file that can't be
+/// read now: the calls would return the defaults. Writing uses `FileProfile` too, which replaces
+/// the whole file: the calls write in place, and a crash would leave half a file.
 class WinProfile final : public Profile {
  public:
   /// `ansiPath` is a full path in the system's code page: the calls search bare names in the
