@@ -151,6 +151,9 @@ ExitStatus Put(Console& console, const CatalogueId& id, const Arguments& argumen
   const std::string& file = arguments.operands[2];
   const std::optional<std::string> text = ReadFileOperand(console, file);
   if (!text) return kWrongUsage;
+  // What a program that failed passes on must not erase a catalogue.
+  if (text->empty() && file == "-")
+    return Refuse(console, "put: the input is empty; put an empty catalogue from a file");
   ZV_Proc& proc = console.proc;
   console.hasInput();
   const auto content = proc.copies.Parse(id, *text, Windows1252FromUtf8(file));

@@ -63,7 +63,8 @@ ExitStatus Export(Console& console, const Arguments& arguments);
 
 /// Lists the earlier local copies of a catalogue, the newest first. With "compare ID" prints how
 /// copy ID differs from the local copy ("- ": only in copy ID, "+ ": only in the local copy). With
-/// "restore ID" makes copy ID the local copy.
+/// "restore ID" makes copy ID the local copy. With "undo" sends what the controller had before the
+/// last sending.
 ExitStatus HistoryOfCatalogue(Console& console, const CatalogueId& id, const Arguments& arguments);
 
 /// Print what applies to a time control, see `Forecast`: on a stretch of time, with --svg also as a
