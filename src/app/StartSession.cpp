@@ -18,7 +18,7 @@ namespace {
 
 // Stop if ZEKView.INI exists but can't be read: all settings would silently have their defaults.
 bool CheckSettingsFile(ZV_Proc& proc) {
-  const std::string path = proc.settings.IniPath + "ZEKView.INI";
+  const std::string path = proc.settings.IniPath + kSettingsFile;
   const FileContent file = proc.files.Read(path);
   if (!file.error) return true;
   if (file.error->reason != FileError::Reason::Missing) {

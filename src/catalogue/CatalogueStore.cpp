@@ -10,12 +10,6 @@ namespace {
 
 constexpr std::string_view kTab = "\t";
 
-std::string ChecksumOf(std::string_view text) {
-  Checksum checksum;
-  checksum.Add(text);
-  return checksum.Text();
-}
-
 }  // namespace
 
 std::string CatalogueStore::PathOf(const CatalogueId& id) const {
@@ -28,7 +22,7 @@ std::optional<FileError> CatalogueStore::Keep(const CatalogueId& id,
   if (auto error = files_.MakeDirectory(folder_)) return error;
   const std::string copy = BuildLocalCopy(content.lines, content.dfv);
   std::string file = "; " + DateAndTime(now);
-  file.append(kTab).append(id.Node()).append(kTab).append(ChecksumOf(copy)).append("\r\n");
+  file.append(kTab).append(id.Node()).append(kTab).append(Checksum::Of(copy)).append("\r\n");
   return files_.Write(PathOf(id), file + copy);
 }
 
@@ -37,7 +31,7 @@ std::optional<StoredCatalogue> CatalogueStore::Find(const CatalogueId& id) const
   if (file.error) return std::nullopt;
   std::string_view copy = file.bytes;
   const std::string_view header = TakeLine(copy);
-  if (!header.starts_with("; ") || GetField(header, 2, kTab) != ChecksumOf(copy)) {
+  if (!header.starts_with("; ") || GetField(header, 2, kTab) != Checksum::Of(copy)) {
     return std::nullopt;
   }
   LocalCopy read = ReadLocalCopy(copy);

@@ -27,12 +27,6 @@ constexpr std::int64_t kDay = 86400;          // seconds
 constexpr std::size_t kDateLength = 10;       // of "2026-11-22 14:02:30"
 constexpr std::size_t kMinuteLength = 16;
 
-std::string ChecksumOf(std::string_view text) {
-  Checksum checksum;
-  checksum.Add(text);
-  return checksum.Text();
-}
-
 // Of a line that `DateAndTime` made.
 std::optional<LocalTime> TimeIn(std::string_view line) {
   constexpr std::array<std::pair<std::size_t, std::size_t>, 6> parts{
@@ -67,7 +61,7 @@ struct OpenMarks::Mark {
     const std::string_view head = TakeLine(file);
     const std::size_t end = head.rfind('\t');
     if (end == std::string_view::npos || GetField(head, 0, kTab) != kFormat ||
-        head.substr(end + 1) != ChecksumOf(head.substr(0, end))) {
+        head.substr(end + 1) != Checksum::Of(head.substr(0, end))) {
       return std::nullopt;
     }
     const auto field = [head](std::size_t index) {
@@ -90,14 +84,15 @@ std::string OpenMarks::Folder() const { return WithSeparator(settings_.ProgramPa
 void OpenMarks::Open(const CatalogueId& id) {
   if (id.localFile.empty()) return;
   Own& own = own_[id.localFile];
-  const std::string name = ChecksumOf(id.localFile + "\t" + self_.computer + "\t" + self_.process);
+  const std::string name =
+      Checksum::Of(id.localFile + "\t" + self_.computer + "\t" + self_.process);
   own.path = Folder() + name + std::string(kEnding);
   own.text = kFormat;
   for (const std::string& field :
        {id.localFile, id.control, self_.user, self_.computer, DateAndTime(now_())}) {
     own.text.append(kTab).append(field);
   }
-  const std::string checksum = ChecksumOf(own.text);
+  const std::string checksum = Checksum::Of(own.text);
   own.text.append(kTab).append(checksum).append(kLineEnd);
   Write(own);
 }

@@ -7,6 +7,7 @@
 #include "commands/ControlSchedule.h"
 #include "forecast/Forecast.h"
 #include "forecast/MomentText.h"
+#include "formats/CalendarTable.h"
 #include "formats/CatalogueFields.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
@@ -17,9 +18,6 @@
 
 namespace zek::cli {
 namespace {
-
-constexpr int kFirstYear = 1990;
-constexpr int kLastYear = 2099;
 
 // What a command needs of its operands before it reads anything.
 struct Question {
@@ -37,8 +35,7 @@ struct BatchLine {
 std::optional<Moment> MomentIn(std::string_view text) {
   const std::optional<Moment> moment = ParseMoment(text);
   if (!moment) return std::nullopt;
-  const int year = DateOf(*moment).year;
-  return year >= kFirstYear && year <= kLastYear ? moment : std::nullopt;
+  return IsKnownYear(DateOf(*moment).year) ? moment : std::nullopt;
 }
 
 std::optional<BatchLine> ParseBatchLine(std::string_view line, const Rule& rule) {

@@ -5,11 +5,9 @@
 namespace zek::cli {
 
 int YearIn(const std::string& text) {
-  constexpr int first = 1990;
-  constexpr int last = 2099;
   if (text.size() != 4 || text.find_first_not_of("0123456789") != std::string::npos) return 0;
   const int year = static_cast<int>(Val(text));
-  return year >= first && year <= last ? year : 0;
+  return IsKnownYear(year) ? year : 0;
 }
 
 ExitStatus PrintHolidays(Console& console, const Arguments& arguments) {

@@ -11,6 +11,7 @@
 
 #include "comm/TopicTable.h"
 #include "forms/main/Demo.h"
+#include "settings/DataFolder.h"
 #include "settings/FileProfile.h"
 #include "system/DiskFiles.h"
 #include "system/Paths.h"
@@ -90,7 +91,7 @@ std::string DemoPlant::ReadPort() const {
 
 std::string DemoPlant::WriteSettings(const std::string& port, const std::string& iniPath) {
   DiskFiles files;
-  const std::string path = folder_ + "ZEKView.INI";
+  const std::string path = folder_ + kSettingsFile;
   FileContent settings = files.Read(path);
   if (settings.error) return path + ": " + settings.error->systemMessage;
   for (std::size_t at = 0; (at = settings.bytes.find(kDemoPort, at)) != std::string::npos; ++at)
@@ -98,7 +99,7 @@ std::string DemoPlant::WriteSettings(const std::string& port, const std::string&
   if (const auto error = files.Write(path, settings.bytes)) return error->systemMessage;
   FileProfile demo(files, path);
   const std::string language =
-      FileProfile(files, iniPath + "ZEKView.INI").ReadIni("General", "Language", "046");
+      FileProfile(files, iniPath + kSettingsFile).ReadIni("General", "Language", "046");
   if (const auto error = demo.WriteIni("General", "Language", language)) {
     return error->systemMessage;
   }

@@ -21,6 +21,11 @@ struct CalendarDate {
   bool operator==(const CalendarDate&) const = default;
 };
 
+/// The years for which the program computes: of holidays, forecasts and reports.
+inline constexpr int kFirstKnownYear = 1990;
+inline constexpr int kLastKnownYear = 2099;
+constexpr bool IsKnownYear(int year) { return year >= kFirstKnownYear && year <= kLastKnownYear; }
+
 /// Returns 28 to 31. Every year divisible by 4 is a leap year: enough for the years of a calendar.
 int MonthLength(int year, int month);
 

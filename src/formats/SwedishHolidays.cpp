@@ -68,9 +68,7 @@ std::vector<Holiday> SwedishHolidays(int year) {
 }
 
 bool IsSwedishHoliday(const CalendarDate& date) {
-  constexpr int firstYear = 1990;
-  constexpr int lastYear = 2099;
-  if (date.year < firstYear || date.year > lastYear) return false;
+  if (!IsKnownYear(date.year)) return false;
   const std::vector<Holiday> holidays = SwedishHolidays(date.year);
   return std::any_of(holidays.begin(), holidays.end(), [&date](const Holiday& holiday) {
     return holiday.isPublic && holiday.date == date;

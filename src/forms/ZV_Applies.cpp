@@ -14,6 +14,7 @@
 
 #include "editors/PickList.h"
 #include "forecast/MomentText.h"
+#include "formats/CalendarTable.h"
 #include "formats/ExceptionCells.h"
 #include "forms/SceneView.h"
 #include "forms/ZV_Help.h"
@@ -39,8 +40,6 @@ constexpr int kLines = 5;  // of the explanation
 constexpr int kClockMs = 20000;
 constexpr DayNumber kDaysOfWeek = 7;
 constexpr DayNumber kThursday = 3;
-constexpr int kFirstYear = 1990;
-constexpr int kLastYear = 2099;
 
 Moment MomentOf(const LocalTime& now) {
   return DateMoment(now.year, now.month, now.day) + TimeMoment(now.hour, now.minute);
@@ -58,10 +57,7 @@ int WeekNumber(DayNumber monday) {
   return static_cast<int>((thursday - newYear) / kDaysOfWeek) + 1;
 }
 
-bool IsShowable(Moment moment) {
-  const int year = DateOf(moment).year;
-  return year >= kFirstYear && year <= kLastYear;
-}
+bool IsShowable(Moment moment) { return IsKnownYear(DateOf(moment).year); }
 
 class AppliesForm final : public FormDialog {
  public:

@@ -34,8 +34,7 @@ ImportReason CheckImportText(std::string_view bytes) {
 }
 
 std::string DecodedText(std::string_view bytes) {
-  constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-  if (bytes.starts_with(byteOrderMark)) bytes.remove_prefix(byteOrderMark.size());
+  bytes = WithoutUtf8Mark(bytes);
   return IsUtf8(bytes) ? Windows1252FromUtf8(bytes) : std::string(bytes);
 }
 

@@ -10,6 +10,7 @@
 #include "lang/TextNumbers.h"
 #include "text/Fields.h"
 #include "text/Lines.h"
+#include "text/Windows1252.h"
 
 namespace zek {
 namespace {
@@ -186,8 +187,7 @@ Catalogue KindOf(const ListedChange& change) {
 }
 
 ChangeList ReadChangeList(std::string_view text) {
-  constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-  if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
+  text = WithoutUtf8Mark(text);
   ChangeList list;
   for (std::size_t number = 1; !text.empty(); ++number) {
     const Words words = WordsOf(TakeLine(text));

@@ -8,7 +8,6 @@
 namespace zek {
 namespace {
 
-constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kUtf16Mark = "\xFF\xFE";
 
 bool IsAscii(std::string_view bytes) {
@@ -22,9 +21,9 @@ ProfileEncoding::ProfileEncoding(std::string_view file) {
   if (file.starts_with(kUtf16Mark)) {
     kind_ = Kind::Utf16;
     mark_ = kUtf16Mark.size();
-  } else if (file.starts_with(kUtf8Mark)) {
+  } else if (const std::size_t bytes = WithoutUtf8Mark(file).size(); bytes < file.size()) {
     kind_ = Kind::Utf8;
-    mark_ = kUtf8Mark.size();
+    mark_ = file.size() - bytes;
   } else if (!IsAscii(file) && IsUtf8(file)) {
     kind_ = Kind::Utf8;
   }

@@ -19,9 +19,9 @@ class ProfileEncoding {
   /// Returns the file's text as windows-1252. Characters that it lacks become "?".
   std::string Decoded(std::string_view file) const;
 
-  /// Returns the file with the key set to `value` (windows-1252), without a value the file without
-  /// the key. All other lines stay byte for
-  /// byte, also those with characters that windows-1252 lacks.
+  /// Returns the file with the key set to `value` (windows-1252), or without a value the file
+  /// without the key. All other lines stay byte for byte, also those with characters that
+  /// windows-1252 lacks.
   std::string WithValue(std::string file, std::string_view section, std::string_view key,
                         std::optional<std::string_view> value) const;
 

@@ -14,6 +14,12 @@ class Checksum {
     for (const char character : text)
       hash_ = (hash_ ^ static_cast<unsigned char>(character)) * 16777619U;
   }
+  static std::string Of(std::string_view text) {
+    Checksum checksum;
+    checksum.Add(text);
+    return checksum.Text();
+  }
+
   std::string Text() const { return std::to_string(hash_); }
 
  private:

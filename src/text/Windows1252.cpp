@@ -83,6 +83,11 @@ std::string Windows1252FromUtf8(std::string_view utf8) {
   return bytes;
 }
 
+std::string_view WithoutUtf8Mark(std::string_view bytes) {
+  constexpr std::string_view mark = "\xEF\xBB\xBF";
+  return bytes.starts_with(mark) ? bytes.substr(mark.size()) : bytes;
+}
+
 bool IsUtf8(std::string_view bytes) {
   while (!bytes.empty()) {
     if (!TakeCharacter(bytes)) return false;

@@ -22,6 +22,9 @@ bool FitsWindows1252(std::string_view utf8);
 /// True if the bytes are valid UTF-8.
 bool IsUtf8(std::string_view bytes);
 
+/// Returns the bytes without the mark with which some programs begin UTF-8 files.
+std::string_view WithoutUtf8Mark(std::string_view bytes);
+
 /// Returns where the character begins in `utf8` that `Windows1252FromUtf8` puts at `index`.
 std::size_t Utf8Offset(std::string_view utf8, std::size_t index);
 

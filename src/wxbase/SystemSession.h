@@ -5,6 +5,7 @@
 
 #include "app/ZV_Proc.h"
 #include "comm/SystemTransports.h"
+#include "settings/DataFolder.h"
 #include "settings/Profile.h"
 #include "system/DiskFiles.h"
 #include "wxbase/RunByNow.h"
@@ -17,7 +18,7 @@ namespace zek {
 struct SystemSession {
   /// Both directories are UTF-8 and end in the system's separator; `prompts` shows the messages.
   SystemSession(const std::string& programPath, const std::string& iniPath, Prompts& prompts)
-      : profile(OpenSettingsFile(files, iniPath + "ZEKView.INI")),
+      : profile(OpenSettingsFile(files, iniPath + kSettingsFile)),
         proc(Outside{files, *profile, turn, prompts, socket, dde, tags, SystemTime, RunByNow()}) {
     proc.settings.ProgramPath = programPath;
     proc.settings.IniPath = iniPath;

@@ -14,6 +14,7 @@
 #include <wx/weakref.h>
 
 #include "app/ReportCollector.h"
+#include "formats/CalendarTable.h"
 #include "forms/CancelTransfer.h"
 #include "forms/ZV_Help.h"
 #include "forms/browser/ZV_TSC.h"
@@ -31,8 +32,6 @@ namespace zek {
 namespace {
 
 constexpr int kGap = 8;
-constexpr int kFirstYear = 1990;
-constexpr int kLastYear = 2099;
 constexpr int kColumns = 60;
 
 // Messages are collected; questions go to the user.
@@ -148,7 +147,7 @@ class ReportForm final : public wxDialog {
     years->Add(new wxStaticText(this, wxID_ANY, caption), 0, wxALIGN_CENTER_VERTICAL | wxRIGHT,
                gap);
     Spin_Year = new wxSpinCtrl(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
-                               wxSP_ARROW_KEYS, kFirstYear, kLastYear, proc_.now().year);
+                               wxSP_ARROW_KEYS, kFirstKnownYear, kLastKnownYear, proc_.now().year);
     Spin_Year->SetName("Spin_Year");
     SetAccessibleName(*Spin_Year, wxControl::RemoveMnemonics(caption));
     years->Add(Spin_Year);

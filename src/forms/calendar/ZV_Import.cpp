@@ -178,11 +178,9 @@ class ImportForm final : public wxDialog {
     auto* const years = new wxBoxSizer(wxHORIZONTAL);
     constexpr std::array yearNames = {"Spin_First", "Spin_Last"};
     for (std::size_t at = 0; at < Spin_Year.size(); ++at) {
-      constexpr int firstKnown = 1990;
-      constexpr int lastKnown = 2099;
       auto* const year =
           new wxSpinCtrl(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize, wxSP_ARROW_KEYS,
-                         firstKnown, lastKnown, first + static_cast<int>(at));
+                         kFirstKnownYear, kLastKnownYear, first + static_cast<int>(at));
       year->SetName(yearNames.at(at));
       SetAccessibleName(*year, wxControl::RemoveMnemonics(Caption(caption)));
       year->Bind(wxEVT_SPINCTRL, [this](wxSpinEvent&) { ShowPreview(); });
