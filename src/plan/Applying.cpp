@@ -27,8 +27,7 @@ bool MayChange(PlanState state, bool begun) {
 void Applier::Run(const Plan& plan) {
   const bool maySend = !proc_.settings.LocalMode && !proc_.settings.ViewOnly;
   for (const PlannedCatalogue& each : plan.catalogues) {
-    const bool untried =
-        !maySend || IsStopped() || failed_.contains(each.topic);
+    const bool untried = !maySend || IsStopped() || failed_.contains(each.topic);
     const PlanLine line = untried ? LineOf(PlanWord::Untried, each) : Apply(each);
     if (line.word == PlanWord::Failed) failed_.insert(each.topic);
     report_(line);

@@ -9,9 +9,10 @@ namespace {
 
 // A ZEK1 that keeps lines by their number, as far as its faults let it.
 //   stored LINE               it has this line; swallow LINE: it does not take this one, or any
+//   replaces                  each write replaces the whole catalogue
 //   at-list mute              what happens when it is asked for the catalogue after a write:
-//   "mute",
-//                             "hangup", or another command; "at-list" ends that
+//                             "mute", "hangup", or another command; "at-list" ends that
+//   at-list second mute       the same when it is asked for the second time
 //   send                      saves the lines with yes, and forgets them
 //   forget                    what was read is no longer known
 class StorePlayer : public test::SessionPlayer {
@@ -30,6 +31,7 @@ class StorePlayer : public test::SessionPlayer {
     if (what == "stored") stored_[std::stoi(rest)] = rest;
     if (what == "gone") stored_.erase(std::stoi(rest));
     if (what == "swallow") swallowed_ = rest;
+    if (what == "replaces") replaces_ = true;
     if (what == "at-list") atList_ = rest;
     if (what == "hangup" || what == "lost") socket.HangUp();
     if (what == "lost") socket.reachable = false;
@@ -48,20 +50,31 @@ class StorePlayer : public test::SessionPlayer {
     commands.emplace_back(command);
     if (command.size() > 5 && command[0] == ' ' && command != swallowed_)
       stored_[std::stoi(std::string(command))] = command;
+    if (replaces_ && command == ".WDC") stored_.clear();
     written_ = written_ || command == ".WDC";
     if (command != "LIST WDC") return;
     std::string listing = "WDC\r\n";
     for (const auto& [number, line] : stored_) listing += line + "\r\n";
-    const std::string fault = std::exchange(written_, false) ? atList_ : "";
+    const std::string fault = FaultAtList();
     Play(fault);
     if (fault != "mute" && fault != "cancel 0" && fault != "quit 0")
       Reply(listing + "EXIT\r\n", 50);
+  }
+
+  std::string FaultAtList() {
+    if (!written_) return {};
+    constexpr std::string_view later = "second ";
+    written_ = atList_.starts_with(later);
+    if (!written_) return atList_;
+    atList_.erase(0, later.size());
+    return {};
   }
 
   std::map<int, std::string> stored_;
   std::string swallowed_;
   std::string atList_;
   bool written_ = false;
+  bool replaces_ = false;
 };
 
 TEST(SendAndVerify, Cases) {

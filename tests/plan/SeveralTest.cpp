@@ -17,8 +17,8 @@ namespace {
 class SeveralPlayer : public test::SessionPlayer {
  public:
   SeveralPlayer() {
-    proc.texts = test::NamedTexts(
-        "1296=unchanged;change;refused;done;already;stale;failed;untried\r\n");
+    proc.texts =
+        test::NamedTexts("1296=unchanged;change;refused;done;already;stale;failed;untried\r\n");
   }
 
  protected:
