@@ -41,7 +41,7 @@ class SeveralPlayer : public test::SessionPlayer {
     }
     if (what == "take") return After(run_->Take(Open()));
     if (what == "give-up")
-      return test::Filled(run_->GiveUp(rest.empty() ? Open() : rest)) + "given up";
+      return Shown(test::Filled(run_->GiveUp(rest.empty() ? Open() : rest))) + "given up";
     if (what == "send") return After(run_->Send());
     return what == "make" ? LinesOf() : SessionPlayer::Do(what, rest);
   }

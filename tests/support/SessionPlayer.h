@@ -143,11 +143,13 @@ class SessionPlayer : public TransferSession {
       text.replace(at, 1, "\r\n");
     return text;
   }
-  // With "/" for CR LF and for the system's separator in names of exported files.
+  // With "/" for CR LF and for the system's separator behind a folder.
   static std::string Shown(std::string text) {
-    const std::string folder = WithSeparator("/zek/Batch");
-    for (std::size_t at = 0; (at = text.find(folder, at)) != std::string::npos; ++at)
-      text.replace(at, folder.size(), "/zek/Batch/");
+    for (const char* const folder : {"/zek/Batch", "/zek/Known", "/zek/Plans"}) {
+      const std::string path = WithSeparator(folder);
+      for (std::size_t at = 0; (at = text.find(path, at)) != std::string::npos; ++at)
+        text.replace(at + path.size() - 1, 1, "/");
+    }
     std::erase(text, '\r');
     std::replace(text.begin(), text.end(), '\n', '/');
     ShowControls(text);
