@@ -1,8 +1,7 @@
 #include "commands/ControlSchedule.h"
 
-#include <algorithm>
-
 #include "forecast/MomentText.h"
+#include "plan/Plan.h"
 #include "text/Windows1252.h"
 
 namespace zek::cli {
@@ -11,11 +10,8 @@ ControlReader::Source SourceFor(Console& console) {
   return {[&console](const CatalogueId& id) { return ReadCatalogue(console, id); },
           console.proc.settings.LocalMode,
           [&console](const CatalogueId& id, const std::string& line) {
-            std::string kind(id.Kind().name);
-            std::transform(kind.begin(), kind.end(), kind.begin(),
-                           [](char c) { return static_cast<char>(c - 'A' + 'a'); });
-            console.err << "zekview-cli: " << kind << ": not read: " << Utf8FromWindows1252(line)
-                        << '\n';
+            console.err << "zekview-cli: " << KindText(id.catalogue) << ": not read: "
+                        << Utf8FromWindows1252(line) << '\n';
           }};
 }
 
