@@ -38,7 +38,7 @@ bool IsFault(const std::string& kind, const std::string& method) {
 }
 
 void Crash() {
-  int* volatile nowhere = nullptr;
+  volatile int* volatile nowhere = nullptr;  // else the compiler leaves the write out
   *nowhere = 1;
 }
 
