@@ -1,7 +1,6 @@
 // zekview-cli: catalogue commands for scripts and scheduled jobs, without a window.
 
 #include <algorithm>
-#include <filesystem>
 #include <iostream>
 #include <memory>
 
@@ -81,7 +80,10 @@ class Application final : public wxAppConsole {
     return status_;
   }
 
-  void OnUnhandledException() override { ReportException(); }
+  void OnUnhandledException() override {
+    std::cerr << "zekview-cli: ended by a fault; the folder Crashes has a report\n";
+    ReportException();
+  }
 
  private:
   // The record also reports what ended the program before the export began.
@@ -97,23 +99,17 @@ class Application final : public wxAppConsole {
   ExitStatus Run() {
     DiskFiles files;
     const Folders folders = FoldersOf(files, ExecutableDirectory(), arguments_.dir);
-    if (folders.unknown) {
-      std::cerr << "zekview-cli: The file " << folders.unknown->path << " can't be read ("
-                << folders.unknown->systemMessage << ")\n";
-      return kFailed;
+    if (const std::string why = WhyUnusable(folders); !why.empty()) {
+      std::cerr << "zekview-cli: " << why << '\n';
+      return folders.unknown ? kFailed : kWrongUsage;
     }
     const std::string& programPath = folders.data;
-    if (!std::filesystem::is_directory(PathOf(programPath))) {
-      std::cerr << "zekview-cli: no directory " << programPath << '\n';
-      return kWrongUsage;
-    }
     CatchCrashes(programPath, "zekview-cli");
     if (arguments_.command == "take-over") {
       return TakeOverFolder(files, folders, arguments_, {std::cout, std::cerr});
     }
     if (IsNew(files, folders) && !arguments_.ini) {
-      std::cerr << "zekview-cli: " << programPath << " has no settings yet: start zekview once, or "
-                << "run zekview-cli take-over\n";
+      std::cerr << "zekview-cli: " << WhyNew(folders) << '\n';
       return kWrongUsage;
     }
     const std::string iniPath = arguments_.ini ? WithSeparator(*arguments_.ini) : programPath;

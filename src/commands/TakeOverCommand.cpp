@@ -5,7 +5,9 @@ namespace zek::cli {
 ExitStatus TakeOverFolder(Files& files, const Folders& folders, const Arguments& arguments,
                           const Streams& streams) {
   const auto fail = [&streams](const FileError& error) {
-    streams.err << "zekview-cli: " << error.path << ": " << error.systemMessage << '\n';
+    const bool large = error.reason == FileError::Reason::TooLarge;
+    streams.err << "zekview-cli: " << error.path << ": "
+                << (large ? "larger than 64 MiB" : error.systemMessage) << '\n';
     return kFailed;
   };
   if (files.Exists(folders.data + kSettingsFile)) {

@@ -38,10 +38,11 @@ DemoPlant::~DemoPlant() {
   if (!folder_.empty()) fs::remove_all(PathOf(folder_), error);
 }
 
-std::string DemoPlant::Start(const std::string& programPath, const std::string& iniPath) {
+std::string DemoPlant::Start(const std::array<std::string, 2>& folders,
+                             const std::string& iniPath) {
   const DemoFiles files = FindDemo();
   if (!files.missing.empty()) return "There is no " + files.missing;
-  if (std::string fault = Prepare(programPath, files.folder); !fault.empty()) return fault;
+  if (std::string fault = Prepare(folders, files.folder); !fault.empty()) return fault;
   if (std::string fault = StartPlant(files.program); !fault.empty()) return fault;
   const std::string port = ReadPort();
   if (port.empty()) return "The simulated plant did not start";
@@ -49,7 +50,8 @@ std::string DemoPlant::Start(const std::string& programPath, const std::string& 
 }
 
 // Only the plant and the files of the languages: nothing of the user's.
-std::string DemoPlant::Prepare(const std::string& programPath, const std::string& demoFolder) {
+std::string DemoPlant::Prepare(const std::array<std::string, 2>& folders,
+                               const std::string& demoFolder) {
   std::error_code error;
   const fs::path folder =
       fs::temp_directory_path(error) / ("zekview-demo-" + std::to_string(wxGetProcessId()));
@@ -57,10 +59,16 @@ std::string DemoPlant::Prepare(const std::string& programPath, const std::string
   if (!error) fs::copy(PathOf(demoFolder), folder, fs::copy_options::recursive, error);
   if (error) return error.message();
   folder_ = WithSeparator(Utf8Of(folder));
-  for (const fs::directory_entry& file : fs::directory_iterator(PathOf(programPath), error)) {
-    const std::string name = Utf8Of(file.path().filename());
-    const bool wanted = name.starts_with("zek_lang.") || name.starts_with("zek_help.");
-    if (wanted && !error) fs::copy_file(file.path(), folder / file.path().filename(), error);
+  for (const std::string& from : folders) {
+    if (from.empty() || error) continue;
+    for (const fs::directory_entry& file : fs::directory_iterator(PathOf(from), error)) {
+      const std::string name = Utf8Of(file.path().filename());
+      const bool wanted = name.starts_with("zek_lang.") || name.starts_with("zek_help.");
+      if (wanted && !error) {
+        fs::copy_file(file.path(), folder / file.path().filename(),
+                      fs::copy_options::overwrite_existing, error);
+      }
+    }
   }
   return error ? error.message() : "";
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string>
 
@@ -17,9 +18,9 @@ class DemoPlant {
   DemoPlant& operator=(const DemoPlant&) = delete;
   ~DemoPlant();
 
-  /// Copies the languages of `programPath`, of which the settings in `iniPath` choose one. Returns
-  /// why it failed, or "". Paths and messages are UTF-8.
-  std::string Start(const std::string& programPath, const std::string& iniPath);
+  /// Copies the languages in `folders` ("": none; a later one replaces those before), of which the
+  /// settings in `iniPath` choose one. Returns why it failed, or "". Paths and messages are UTF-8.
+  std::string Start(const std::array<std::string, 2>& folders, const std::string& iniPath);
 
   /// The program directory of the demonstration.
   const std::string& Folder() const { return folder_; }
@@ -27,7 +28,7 @@ class DemoPlant {
   const std::string& Topic() const { return topic_; }
 
  private:
-  std::string Prepare(const std::string& programPath, const std::string& demoFolder);
+  std::string Prepare(const std::array<std::string, 2>& folders, const std::string& demoFolder);
   std::string StartPlant(const std::string& program);
   std::string ReadPort() const;
   std::string WriteSettings(const std::string& port, const std::string& iniPath);

@@ -107,14 +107,15 @@ class Program final : public wxApp {
     const Folders folders = FoldersOf(files, ExecutableDirectory(), line_.dir);
     CatchCrashes(folders.data, "zekview");
     const bool attended = !line_.tour && !line_.demo && !IsUnattended(line_);
+    const bool isNew = IniPathOf(line_, folders.data) == folders.data && IsNew(files, folders);
     LanguageTexts firstTexts;
-    if (attended && !line_.ini && IsNew(files, folders)) {
+    if (attended && isNew) {
       firstTexts = FirstTexts(files, folders);
       prompts_.Speak(firstTexts);
       if (!FirstStart(files, folders, {firstTexts, prompts_})) return kFailed;
     }
     std::string programPath = folders.data;
-    if (const std::string complaint = Complaint(line_, folders); !complaint.empty()) {
+    if (const std::string complaint = Complaint(line_, folders, isNew); !complaint.empty()) {
       if (IsUnattended(line_)) {
         std::cerr << "zekview: " << complaint << '\n';
       } else {
@@ -125,8 +126,7 @@ class Program final : public wxApp {
     std::string iniPath = IniPathOf(line_, programPath);
     if (line_.demo) {
       demo_.emplace();
-      if (const std::string fault =
-              demo_->Start(folders.Installed() ? folders.shipped : programPath, iniPath);
+      if (const std::string fault = demo_->Start({folders.shipped, programPath}, iniPath);
           !fault.empty()) {
         demo_.reset();
         Complain("zekview: " + fault);

@@ -1,7 +1,6 @@
 #include "desktop/StartUp.h"
 
 #include <iostream>
-#include <system_error>
 
 #include <wx/dirdlg.h>
 #include <wx/log.h>
@@ -10,7 +9,6 @@
 #include "desktop/FrontRequest.h"
 #include "forms/main/ZV_Lang.h"
 #include "lang/TextNumbers.h"
-#include "system/Paths.h"
 #include "system/Process.h"
 #include "ui/WxText.h"
 
@@ -26,20 +24,10 @@ bool IsAnotherRunning(wxSingleInstanceChecker& instance, const std::string& prog
 
 }  // namespace
 
-std::string Complaint(const CommandLine& line, const Folders& folders) {
+std::string Complaint(const CommandLine& line, const Folders& folders, bool isNew) {
   if (!line.error.empty()) return line.error;
-  if (folders.unknown) {
-    return "The file " + folders.unknown->path + " can't be read (" +
-           folders.unknown->systemMessage + ")";
-  }
-  const std::string& programPath = folders.data;
-  std::error_code error;
-  if (!std::filesystem::is_directory(PathOf(programPath), error)) {
-    return "There is no directory " + programPath + (error ? " (" + error.message() + ")" : "");
-  }
-  const std::filesystem::directory_iterator readable(PathOf(programPath), error);
-  if (error) return "The directory " + programPath + " can't be read (" + error.message() + ")";
-  return {};
+  const std::string unusable = WhyUnusable(folders);
+  return unusable.empty() && isNew && IsUnattended(line) ? WhyNew(folders) : unusable;
 }
 
 bool FirstStart(Files& files, const Folders& folders, const Messages& toUser) {

@@ -16,8 +16,9 @@
 
 namespace zek {
 
-/// Returns the error in the command line or the program directory, or "".
-std::string Complaint(const CommandLine& line, const Folders& folders);
+/// Returns the error in the command line or the program directory, or "". With `isNew` there are no
+/// settings yet, which only somebody at the screen can give.
+std::string Complaint(const CommandLine& line, const Folders& folders, bool isNew);
 
 /// Gives the new data folder of an installed program its settings, see `PrepareDataFolder`. Returns
 /// false if the program must end.

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
 #include <string_view>
+#include <system_error>
 #include <utility>
 #include <vector>
 
@@ -30,7 +32,8 @@ bool IsLanguage(const std::string& text) { return text.size() == 3 && IsNumeric(
 bool IsOfUser(const Files& files, const std::string& name, const Folders& folders) {
   const std::string capitals = UpperCase(name);
   const auto among = [&capitals](auto... each) { return ((capitals == each) || ...); };
-  if (among("README.TXT", "L\xC3\x84SMIG.TXT", "L\xC3\xA4SMIG.TXT", "LASMIG.TXT")) return false;
+  if (among("README.TXT", "L\xC3\x84SMIG.TXT", "L\xC3\xA4SMIG.TXT", "LASMIG.TXT", "SHA256SUMS.TXT"))
+    return false;
   if (capitals.starts_with("LICENCE")) return false;
   if (capitals.ends_with(".TXT") || capitals.find(".PLAN") != std::string::npos) return true;
   const bool shipped = folders.Installed() && files.Exists(folders.shipped + name);
@@ -94,6 +97,7 @@ bool IsNew(const Files& files, const Folders& folders) {
 }
 
 std::optional<FileError> BeginAfresh(Files& files, const Folders& folders) {
+  if (files.Exists(folders.data + kSettingsFile)) return std::nullopt;  // another program began
   FileContent settings = files.Read(folders.shipped + kSettingsFile);
   if (settings.error) return settings.error;
   if (!folders.language.empty()) {
@@ -122,6 +126,24 @@ TakenOver TakeOver(Files& files, const std::string& older, const Folders& folder
   }
   Copy(files, from + kSettingsFile, folders.data + kSettingsFile, done);
   return done;
+}
+
+std::string WhyUnusable(const Folders& folders) {
+  if (folders.unknown) {
+    return "The file " + folders.unknown->path + " can't be read (" +
+           folders.unknown->systemMessage + ")";
+  }
+  std::error_code error;
+  if (!std::filesystem::is_directory(PathOf(folders.data), error)) {
+    return "There is no directory " + folders.data + (error ? " (" + error.message() + ")" : "");
+  }
+  const std::filesystem::directory_iterator readable(PathOf(folders.data), error);
+  if (error) return "The directory " + folders.data + " can't be read (" + error.message() + ")";
+  return {};
+}
+
+std::string WhyNew(const Folders& folders) {
+  return folders.data + " has no settings yet: start zekview once, or run zekview-cli take-over";
 }
 
 std::optional<FileError> WriteProblem(Files& files, const std::string& folder) {

@@ -34,7 +34,14 @@ Folders FoldersOf(const Files& files, const std::string& beside,
 /// True if an installed program has no settings in its data folder yet.
 bool IsNew(const Files& files, const Folders& folders);
 
-/// Gives a new data folder the settings that came with the program, in the chosen language.
+/// Returns why the data folder can't be used, in English and UTF-8, or "".
+std::string WhyUnusable(const Folders& folders);
+
+/// Returns what to tell of a data folder that `IsNew` when nobody is there to be asked.
+std::string WhyNew(const Folders& folders);
+
+/// Gives a new data folder the settings that came with the program, in the chosen language. Does
+/// nothing if another program gave it some meanwhile.
 std::optional<FileError> BeginAfresh(Files& files, const Folders& folders);
 
 /// What was taken over from an older folder.

@@ -15,6 +15,7 @@ TEST(FirstStart, OffersAnOlderFolder) {
     bool full;
     std::vector<std::string> shown;
     std::string settings;
+    bool another = false;  // program gives the folder settings meanwhile
   } cases[] = {
       {{false}, {}, false, {asked}, "shipped"},
       {{true}, {"/old/"}, false, {asked, "i T1315"}, "old"},
@@ -25,6 +26,7 @@ TEST(FirstStart, OffersAnOlderFolder) {
        "shipped"},
       {{true, Answer::Cancel}, {""}, false, {asked, asked}, ""},
       {{}, {}, true, {"x T501\r\n\r\nT1311"}, ""},
+      {{true, false}, {""}, false, {asked, asked}, "another's", true},
   };
   for (const auto& each : cases) {
     test::MemoryFiles files;
@@ -36,7 +38,11 @@ TEST(FirstStart, OffersAnOlderFolder) {
     texts.Read("501=T501\n1311=T1311\n1312=T1312\n1313=T1313\n1315=T1315\n1317=T1317\n");
     std::size_t next = 0;
     const bool ready = PrepareDataFolder(files, {"/data/", "/bin/", "", false}, {texts, prompts},
-                                         [&] { return each.chosen.at(next++); });
+                                         [&] {
+                                           if (each.another)
+                                             files.files["/data/ZEKView.INI"] = "another's";
+                                           return each.chosen.at(next++);
+                                         });
     EXPECT_EQ(ready, !each.settings.empty());
     EXPECT_EQ(prompts.shown, each.shown);
     EXPECT_EQ(files.files["/data/ZEKView.INI"], each.settings);

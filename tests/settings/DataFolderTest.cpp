@@ -48,6 +48,7 @@ TEST(DataFolder, TakesOverWhatIsTheUsers) {
   const std::map<std::string, std::string> older = {
       {"/old/ZEKView.INI", "s"},      {"/old/a WDC.TXT", "1"},    {"/old/b SDC.TXT", "2"},
       {"/old/SENT.TXT", "3"},         {"/old/zekview.exe", "-"},  {"/old/README.txt", "-"},
+      {"/old/SHA256SUMS.txt", "-"},
       {"/old/zek_lang.046", "-"},     {"/old/zek_lang.358", "4"}, {"/old/y.plan", "5"},
       {"/old/History/c.TXT", "6"},    {"/old/Batch/d.TXT", "-"},  {"/old/demo/e.TXT", "-"},
       {"/old/Unfinished/f.TXT", "7"}, {"/old/Plans/g.plan", "8"}};
