@@ -158,7 +158,7 @@ constexpr auto kOperands = std::to_array<std::pair<std::string_view, const char*
     {"KIND", "wdc (weekdays), sdc (special-day calendar) or ovc (exceptions)"},
     {"NODE", "TOPIC, or TOPIC/TSC for one time control, see the command objects"},
     {"DATES", "a calendar (.ics) or a table (.csv); - for standard input"},
-    {"FILE", "the catalogue's lines in windows-1252; - for standard input"},
+    {"FILE", "the catalogue's lines, UTF-8 or windows-1252; - for standard input"},
     {"CHANGES", "a file of changes, one a line; - for standard input"},
     {"PLAN", "a file that the command plan wrote"},
     {"ACTION", "compare, restore or undo; without it the copies are listed"},

@@ -1,5 +1,6 @@
 #include "commands/Commands.h"
 #include "export/CatalogueRecords.h"
+#include "import/ImportText.h"
 #include "text/Windows1252.h"
 
 namespace zek::cli {
@@ -16,7 +17,8 @@ ExitStatus Check(Console& console, const CatalogueId& id, std::size_t node,
   ZV_Proc& proc = console.proc;
   const std::optional<std::string> text = ReadFileOperand(console, arguments.operands[2]);
   if (!text) return kWrongUsage;
-  const auto content = proc.copies.Parse(id, *text, Windows1252FromUtf8(arguments.operands[2]));
+  const auto content =
+      proc.copies.Parse(id, DecodedText(*text), Windows1252FromUtf8(arguments.operands[2]));
   if (!content) return kFailed;
   const LoadedCatalogue checked =
       LoadCatalogue(id, *content, LabelsOf(proc.tree[node]), proc.settings, proc.Numbers());

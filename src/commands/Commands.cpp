@@ -8,6 +8,7 @@
 #include <iterator>
 
 #include "app/StartSession.h"
+#include "import/ImportText.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "system/Paths.h"
@@ -151,12 +152,12 @@ ExitStatus Put(Console& console, const CatalogueId& id, const Arguments& argumen
   const std::string& file = arguments.operands[2];
   const std::optional<std::string> text = ReadFileOperand(console, file);
   if (!text) return kWrongUsage;
-  // What a program that failed passes on must not erase a catalogue.
-  if (text->empty() && file == "-")
-    return Refuse(console, "put: the input is empty; put an empty catalogue from a file");
+  // What a program that failed left or passes on must not erase a catalogue.
+  if (text->empty())
+    return Refuse(console, "put: " + file + " is empty; an empty line means an empty catalogue");
   ZV_Proc& proc = console.proc;
   console.hasInput();
-  const auto content = proc.copies.Parse(id, *text, Windows1252FromUtf8(file));
+  const auto content = proc.copies.Parse(id, DecodedText(*text), Windows1252FromUtf8(file));
   if (!content) return kFailed;
   console.prompts.answerYes = true;
   const SaveMode mode = arguments.dryRun   ? SaveMode::DryRun

@@ -9,6 +9,7 @@ ExitStatus WriteReport(Console& console, const Arguments& arguments) {
   if (arguments.out.empty()) return Refuse(console, "report needs --out FILE");
   const auto nodes = ControlOperands(console, arguments.operands);
   if (!nodes) return kWrongUsage;
+  if (nodes->empty()) return Refuse(console, "report: there is no time control below these nodes");
   const std::optional<DayNumber> today = TodayFor(console, arguments);
   if (!today) return kWrongUsage;
   const int year = arguments.year.empty() ? DateOf(StartOf(*today)).year : YearIn(arguments.year);
