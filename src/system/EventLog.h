@@ -11,7 +11,8 @@ namespace zek {
 /// syslog. What the log can't hold is cut off. Returns false if the system refused it.
 bool RecordEvent(bool succeeded, const std::string& report);
 
-/// Keeps what is written to std::cerr while it exists, which is written there all the same.
+/// Keeps what is written to std::cerr while it exists. It is written there as well, if that works:
+/// a scheduled task may have no standard error.
 class KeptErrors final : private std::streambuf {
  public:
   KeptErrors() : errors_(std::cerr.rdbuf(this)) {}
@@ -23,11 +24,15 @@ class KeptErrors final : private std::streambuf {
 
  private:
   int_type overflow(int_type character) override {
-    const char byte = traits_type::to_char_type(character);
-    text_ += byte;
-    return errors_->sputc(byte);
+    if (traits_type::eq_int_type(character, traits_type::eof())) return 0;
+    text_ += traits_type::to_char_type(character);
+    errors_->sputc(text_.back());  // if nobody can see it, it is kept all the same
+    return character;
   }
-  int sync() override { return errors_->pubsync(); }
+  int sync() override {
+    errors_->pubsync();
+    return 0;
+  }
 
   std::streambuf* errors_;
   std::string text_;
