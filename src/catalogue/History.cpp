@@ -1,12 +1,12 @@
 #include "catalogue/History.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <utility>
 
 #include "catalogue/CopyFormat.h"
 #include "settings/Settings.h"
 #include "system/Paths.h"
+#include "text/Checksum.h"
 #include "text/Numbers.h"
 
 namespace zek {
@@ -64,16 +64,12 @@ std::vector<std::string> LinesOf(std::string_view file) {
 }
 
 // Returns the local copy's name without ".TXT". A long name is cut to leave room for the time; a
-// hash (FNV-1a) of the whole name distinguishes names that begin alike.
+// checksum of the whole name distinguishes names that begin alike.
 std::string StemOf(std::string_view name) {
   constexpr std::size_t longest = 100;  // characters, at most two bytes each in a path
   if (name.ends_with(kEnding)) name.remove_suffix(kEnding.size());
   if (name.size() <= longest) return std::string(name);
-  std::uint32_t hash = 2166136261;
-  for (const char character : name) {
-    hash = (hash ^ static_cast<unsigned char>(character)) * 16777619U;
-  }
-  return std::string(name.substr(0, longest)) + "~" + std::to_string(hash);
+  return std::string(name.substr(0, longest)) + "~" + Checksum::Of(name);
 }
 
 }  // namespace
