@@ -21,6 +21,10 @@ for argument in "$@"; do
     *) die "./dev windows has no option '$argument'." ;;
   esac
 done
+# The limits of Windows Installer.
+part='([0-9]|[1-9][0-9]|1[0-9][0-9]|2[0-4][0-9]|25[0-5])'
+[[ $package =~ ^$part\.$part\.[0-9]{1,5}$ ]] ||
+  die "The version '$package' is not A.B.C with A and B below 256."
 programs=(zekview zekview-cli zekview-sim)
 
 # add_licences FOLDER WORD: the terms of what is linked into the programs, from the packages that
