@@ -266,6 +266,13 @@ TEST_F(WeekdayFormTest, BarsOfThePictureAreMovedByKeyAndByMouse) {
           Press(WXK_RETURN);
           holds("Text_Start1", "07:09");
           for (const int key : {WXK_SPACE, WXK_SPACE, WXK_LEFT, WXK_ESCAPE}) Press(key);
+          for (const int key : {WXK_SPACE, WXK_RIGHT}) Press(key);  // another control enters it
+          EXPECT_TRUE(
+              PumpUntil([] { return Shown("Label_Status")->GetLabel().Contains("07:14"); }));
+          Reach("Check_Picture", [] { Shown("Check_Picture")->SetFocus(); });
+          holds("Text_Start1", "07:14");
+          Press('Z', wxMOD_CONTROL);
+          holds("Text_Start1", "07:09");
           ClickAt(placeOf(2, 12 * 60));
           EXPECT_TRUE(PumpUntil([] { return HasFocus("Text_Start2"); }));
           holds("Text_Stop1", "16:30");

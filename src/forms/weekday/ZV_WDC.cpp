@@ -21,12 +21,18 @@ ZV_WDC::ZV_WDC(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, const CatalogueCon
 void ZV_WDC::BindEvents() {
   for (std::size_t type = 0; type < Option_Type.size(); ++type) {
     Option_Type.at(type)->Bind(wxEVT_RADIOBUTTON, [this, type](wxCommandEvent&) {
-      if (grid_->TakeEntry()) editor_.ShowType(type);
+      if (TakeEntry()) editor_.ShowType(type);
       Option_Type.at(editor_.Type())->SetValue(true);
       grid_->ShowCells();
     });
   }
   grid_->shown = [this] { picture_->ShowTable(); };
+  // As with typed text: another control enters it, the cancel button does not.
+  Bind(wxEVT_CHILD_FOCUS, [this](wxChildFocusEvent& event) {
+    if (event.GetWindow() != picture_ && event.GetWindow()->GetId() != wxID_CANCEL)
+      picture_->FinishMove();
+    event.Skip();
+  });
   Check_Picture->Bind(wxEVT_CHECKBOX, [this](wxCommandEvent& event) {
     ShowPicture(event.IsChecked());
     if (proc_.settings.ViewOnly) return;
@@ -41,12 +47,29 @@ void ZV_WDC::BindEvents() {
 }
 
 void ZV_WDC::Change(std::size_t (WeekdayEditor::*change)()) {
-  if (!grid_->TakeEntry()) return;
+  if (!TakeEntry()) return;
   const std::size_t column = (editor_.*change)();
   grid_->ShowCells();
   ShowTypeCaptions();
   grid_->FocusStart(column);
   ShowChanges();
+}
+
+bool ZV_WDC::TakeEntry() {
+  picture_->FinishMove();
+  return grid_->TakeEntry();
+}
+
+void ZV_WDC::DropEntry() {
+  picture_->GiveUp();
+  grid_->DropEntry();
+}
+
+bool ZV_WDC::HasEntry() const { return grid_->HasEntry() || picture_->IsMoving(); }
+
+bool ZV_WDC::TakePaste() {
+  picture_->FinishMove();
+  return clipboard_->Paste();
 }
 
 void ZV_WDC::MoveEnd(bool stop, std::int16_t minute) {
@@ -60,7 +83,12 @@ void ZV_WDC::MoveEnd(bool stop, std::int16_t minute) {
 void ZV_WDC::ShowPicture(bool on) {
   picture_->Show(on);
   SetMinSize(wxDefaultSize);
-  GetSizer()->SetSizeHints(this);
+  const wxSize fit = GetSizer()->ComputeFittingWindowSize(this);
+  SetMinSize(fit);
+  wxSize size = GetSize();
+  size.IncTo(fit);
+  if (!IsMaximized()) SetSize(size);
+  Layout();
 }
 
 void ZV_WDC::ShowAt(const std::optional<WeekdayFocus>& changed) {

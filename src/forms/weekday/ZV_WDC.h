@@ -48,9 +48,9 @@ class ZV_WDC final : public EditorForm {
   void PasteCatalogue(const std::string& text);
   void Take(const EditedWeekdays& edited, const std::string& said);
 
-  bool TakeEntry() override { return grid_->TakeEntry(); }
-  void DropEntry() override { grid_->DropEntry(); }
-  bool HasEntry() const override { return grid_->HasEntry(); }
+  bool TakeEntry() override;
+  void DropEntry() override;
+  bool HasEntry() const override;
   EditState State() const override { return editor_.State(); }
   void Undo() override { ShowAt(editor_.Undo()); }
   void Redo() override { ShowAt(editor_.Redo()); }
@@ -62,8 +62,8 @@ class ZV_WDC final : public EditorForm {
   EditedTable Edits() const override { return editor_.Table(); }
   std::vector<Finding> OwnFindings() const override;
   bool TakeCopy() override { return clipboard_->Copy(); }
-  bool TakePaste() override { return clipboard_->Paste(); }
-  bool TakeKey(int key) override { return grid_->TakeKey(key); }
+  bool TakePaste() override;
+  bool TakeKey(int key) override { return !picture_->IsMoving() && grid_->TakeKey(key); }
 
   /// In section "General": whether the picture is shown.
   static constexpr const char* kPictureKey = "WeekPicture";

@@ -64,7 +64,10 @@ void ZV_WDC::BuildPicture(Mnemonics& letters) {
                              {[this] { return grid_->TakeEntry(); }, [this] { grid_->ShowCells(); },
                               [this] { grid_->FocusStart(editor_.Column()); },
                               [this](bool stop, std::int16_t minute) { MoveEnd(stop, minute); },
-                              [this](const std::string& said) { Say(said); }});
+                              [this](const std::string& said) {
+                                Say(said);
+                                ShowChanges();
+                              }});
   Check_Picture = new wxCheckBox(Frame_WDC, wxID_ANY, letters.Give(Caption(text::kWeekPicture)));
   Check_Picture->SetName("Check_Picture");
   Check_Picture->SetValue(ReadYesNo(proc_.profile, "General", kPictureKey, "yes"));

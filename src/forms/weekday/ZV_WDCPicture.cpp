@@ -40,7 +40,7 @@ WeekPicture::WeekPicture(wxWindow* parent, WeekdayEditor& editor, SceneWords wor
        [this](wxKeyEvent& event) { event.Skip(event.GetKeyCode() != WXK_ESCAPE || !GiveUp()); });
   Bind(wxEVT_MOUSE_CAPTURE_LOST, [this](wxMouseCaptureLostEvent&) { GiveUp(); });
   Bind(wxEVT_KILL_FOCUS, [this](wxFocusEvent& event) {
-    GiveUp();
+    if (move_ && move_->byMouse) GiveUp();
     event.Skip();
   });
   ShowTable();
@@ -116,6 +116,15 @@ void WeekPicture::EndMove() {
   ShowTable();
 }
 
+void WeekPicture::FinishMove() {
+  if (!move_) return;
+  if (move_->byMouse) {
+    GiveUp();
+  } else {
+    EndMove();
+  }
+}
+
 bool WeekPicture::GiveUp() {
   if (!move_) return false;
   if (HasCapture()) ReleaseMouse();
@@ -183,7 +192,7 @@ std::optional<WeekPicture::End> WeekPicture::EndUnder(const wxPoint& at) const {
 }
 
 void WeekPicture::OnPress(const wxPoint& at) {
-  if (move_) return static_cast<void>(GiveUp());
+  if (move_) return FinishMove();
   if (const auto end = EndUnder(at)) {
     pressed_ = at;
     if (Choose(end->bar) && Take(end->stop, true)) CaptureMouse();

@@ -15,7 +15,7 @@ namespace zek {
 ///
 /// A bar's ends are moved by mouse, in steps of 5 minutes, with Shift of 1. By keyboard, Space
 /// takes hold of the start, and again of the stop; the arrows move it, Enter ends that. Escape
-/// gives up.
+/// gives up. What is moved by keyboard and not ended yet is an entry like typed text.
 class WeekPicture final : public SceneView {
  public:
   struct Parts {
@@ -30,6 +30,12 @@ class WeekPicture final : public SceneView {
 
   /// Shows the editor's table, and its row and column as the current bar.
   void ShowTable();
+
+  /// `IsMoving`: an end is being moved. `FinishMove` enters what the keyboard moved; what the mouse
+  /// moves is given up. `GiveUp` returns false if nothing was being moved.
+  bool IsMoving() const { return move_.has_value(); }
+  void FinishMove();
+  bool GiveUp();
 
  private:
   // An end of the current bar that is being moved.
@@ -55,7 +61,6 @@ class WeekPicture final : public SceneView {
   bool Take(bool stop, bool byMouse);
   void MoveTo(int minute);
   void EndMove();
-  bool GiveUp();
   std::optional<End> EndUnder(const wxPoint& at) const;
   std::optional<bool> StopUnder(std::size_t bar, const wxPoint& at) const;
   const WeekdayRow& RowNow() const;
