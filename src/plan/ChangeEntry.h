@@ -22,6 +22,8 @@ struct ChangeEntry {
   std::string value;
   std::string stopValue;
   std::int16_t type = 1;  // 1 Monday to 14 SD7
+
+  bool operator==(const ChangeEntry&) const = default;
 };
 
 enum class ChangeField { Days, FirstDate, Start, LastDate, Stop, Value, StopValue, Type };

@@ -30,7 +30,7 @@ struct SeveralTest : BrowserFixture {
 };
 
 TEST_F(SeveralTest, ByKeyboardFromTheTicksToTheReport) {
-  world.prompts.answers = {true};
+  world.prompts.answers = {false, true, true};  // the change typed last is not added
   Run({{InBrowser,
         [] {
           const wxTreeItemId object = Tree().GetSelection();
@@ -48,7 +48,7 @@ TEST_F(SeveralTest, ByKeyboardFromTheTicksToTheReport) {
           Press('N', wxMOD_ALT);
         }},
        {[] { return InStep("Choice_Change"); },
-        [] {
+        [this] {
           Reach("Text_From", [] { Press(WXK_TAB); });
           Type("x");
           Press(WXK_RETURN);
@@ -58,6 +58,10 @@ TEST_F(SeveralTest, ByKeyboardFromTheTicksToTheReport) {
           Type("20201224");
           Press(WXK_RETURN);
           EXPECT_TRUE(PumpUntil([] { return Caption("Label_Wrong").empty(); }));
+          Type("x");
+          Press('G', wxMOD_ALT);
+          EXPECT_TRUE(PumpUntil([this] { return world.prompts.answers.size() == 2; }));
+          EXPECT_TRUE(InStep("Choice_Change"));
           Press('G', wxMOD_ALT);
         }},
        {IsPlanned,

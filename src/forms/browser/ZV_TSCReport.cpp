@@ -14,6 +14,7 @@
 #include <wx/weakref.h>
 
 #include "app/ReportCollector.h"
+#include "forecast/MomentText.h"
 #include "formats/CalendarTable.h"
 #include "forms/CancelTransfer.h"
 #include "forms/ZV_Help.h"
@@ -66,7 +67,7 @@ class ReportRun {
       : proc_(proc),
         prompts_(proc.prompts.Own()),
         collector_(proc, {[this, fetch](const CatalogueId& id) { return Read(id, fetch); }, !fetch},
-                   DayOf(DateMoment(proc.now().year, proc.now().month, proc.now().day))) {}
+                   DayOf(proc.now())) {}
 
   void Add(std::size_t node) {
     const PromptsInstead instead(proc_.prompts, prompts_);
@@ -200,18 +201,20 @@ class ReportForm final : public wxDialog {
     ShowBusy();
     if (!ReadAll(run)) return;
     run_ = nullptr;
-    std::string said;
-    Icon icon = Icon::Exclamation;
+    std::string said = proc_.Text(text::kReportNotWritten);
+    bool written = false;
     if (!run.cancelled && !run.Collector().IsEmpty()) {
       const auto error = proc_.files.Write(path, run.Collector().Page(Spin_Year->GetValue()));
+      written = !error;
       said = error ? FileMessage(proc_.texts, *error)
                    : Message(proc_.Text(text::kReportDone), {Windows1252FromUtf8(path)});
-      if (!error && run.failures.empty()) icon = Icon::Information;
     }
     ShowBusy();
-    said += run.failures;
-    if (!run.cancelled) proc_.prompts.Show(icon, said, FromWx(GetTitle()));
-    if (alive && !run.cancelled) EndModal(wxID_OK);
+    if (run.cancelled) return;
+    const bool whole = written && run.failures.empty();
+    proc_.prompts.Show(whole ? Icon::Information : Icon::Exclamation, said + run.failures,
+                       FromWx(GetTitle()));
+    if (alive && written) EndModal(wxID_OK);
   }
 
   // Returns false if the form is gone.
@@ -241,9 +244,9 @@ class ReportForm final : public wxDialog {
 
   void ShowBusy() {
     const bool busy = run_ != nullptr;
-    for (wxWindow* const part :
-         std::initializer_list<wxWindow*>{Choice_Node, Spin_Year, Command_Save})
+    for (wxWindow* const part : std::initializer_list<wxWindow*>{Choice_Node, Spin_Year})
       part->Enable(!busy);
+    Command_Save->Enable(!busy && !Nodes().empty());
     Check_Fetch->Enable(!busy && !proc_.settings.LocalMode);
     Gauge_Report->Show(busy);
     if (busy) cancel_->SetFocus();

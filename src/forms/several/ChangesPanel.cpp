@@ -29,6 +29,7 @@ ChangesPanel::ChangesPanel(wxWindow* parent, const ZV_Proc& proc, std::function<
   Build();
   ShowKind();
   ShowChanges(0);
+  added_ = Entry();
 }
 
 void ChangesPanel::Build() {
@@ -53,8 +54,8 @@ void ChangesPanel::Build() {
   Label_Wrong->SetName("Label_Wrong");
   whole->Add(Label_Wrong, 0, wxEXPAND | wxBOTTOM, gap);
   whole->Add(Commands(), 0, wxEXPAND | wxBOTTOM, gap);
-  List_Changes =
-      new wxListBox(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(kListWidth, kListHeight)));
+  List_Changes = new wxListBox(this, wxID_ANY, wxDefaultPosition,
+                               FromDIP(wxSize(kListWidth, kListHeight)), 0, nullptr, wxLB_HSCROLL);
   List_Changes->SetName("List_Changes");
   SetAccessibleName(*List_Changes, ToWx(proc_.Text(text::kSeveralWhat)));
   whole->Add(List_Changes, 1, wxEXPAND);
@@ -187,11 +188,18 @@ ChangeEntry ChangesPanel::Entry() const {
   return entry;
 }
 
+bool ChangesPanel::HasEntry() const {
+  ChangeEntry entry = Entry();
+  entry.kind = added_.kind;  // to choose a kind enters nothing
+  return entry != added_;
+}
+
 void ChangesPanel::Add() {
   const EnteredChange entered = EnterChange(Entry(), names_, proc_.texts);
   Mark(entered.wrong, entered.why);
   if (!entered.change) return;
   changes_.push_back(*entered.change);
+  added_ = Entry();
   ShowChanges(changes_.size() - 1);
 }
 

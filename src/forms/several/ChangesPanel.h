@@ -29,6 +29,8 @@ class ChangesPanel final : public wxPanel {
   ChangesPanel(wxWindow* parent, const ZV_Proc& proc, std::function<void()> changed);
 
   const std::vector<ListedChange>& Changes() const { return changes_; }
+  /// True if something was entered into the boxes since a change was added.
+  bool HasEntry() const;
   /// The button that Enter presses.
   wxButton& AddButton() { return *Command_Add; }
 
@@ -56,6 +58,7 @@ class ChangesPanel final : public wxPanel {
   SpecialDayNames dayNames_;  // of all objects
   PickList names_;
   std::vector<ListedChange> changes_;
+  ChangeEntry added_;  // what the boxes had then, or at first
   wxChoice* Choice_Change = nullptr;
   std::array<wxCheckBox*, kWeekdayDays> Check_Day{};
   wxChoice* Choice_DayType = nullptr;

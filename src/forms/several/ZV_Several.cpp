@@ -97,7 +97,10 @@ class SeveralForm final : public FormDialog {
     whole->Add(Label_Step, 0, wxEXPAND | wxALL, gap);
     pages_ = new wxSimplebook(this, wxID_ANY);
     who_ = new ControlTicks(pages_, proc_, [this] { ShowSteps(); });
-    what_ = new ChangesPanel(pages_, proc_, [this] { ShowSteps(); });
+    what_ = new ChangesPanel(pages_, proc_, [this] {
+      unsent_ = what_ != nullptr && !what_->Changes().empty();
+      ShowSteps();
+    });
     plan_ = new PlanPanel(pages_, proc_, run_,
                           {[this] { AskStart(); }, [this] { StartLater(); },
                            [this] { CancelPlan(); }, [this] { SaveReport(); }});
@@ -144,6 +147,12 @@ class SeveralForm final : public FormDialog {
 
   void Next() {
     if (Now() == kWho) return GoTo(kWhat);
+    const wxWeakRef<SeveralForm> alive(this);
+    if (what_->HasEntry() &&
+        !proc_.prompts.AskYesNo(Icon::Exclamation, proc_.Text(text::kSeveralNotAdded),
+                                SeveralTitle(proc_.texts)))
+      return;
+    if (!alive) return;
     GoTo(kPlan);
     MakePlan();
   }
@@ -226,6 +235,7 @@ class SeveralForm final : public FormDialog {
   void Send() {
     std::string why;
     if (!Work(true, [&run = run_, &why] { why = run.Send(); })) return;
+    unsent_ = false;
     const std::string all = std::to_string(run_.Catalogues());
     const std::string changed = std::to_string(run_.Changed());
     plan_->ShowState(changed == all ? Message(proc_.Text(text::kSeveralDone), {all})
@@ -325,15 +335,23 @@ class SeveralForm final : public FormDialog {
     run_.Clear();
   }
 
+  bool AskClose() {
+    return proc_.prompts.AskYesNo(Icon::Exclamation, proc_.Text(text::kAskClose),
+                                  proc_.Text(text::kAskCloseTitle));
+  }
+
   void CloseOrStay() {
     if (run_.IsBusy()) return CancelPlan();
     const wxWeakRef<SeveralForm> alive(this);
+    const bool asked = startAt_.has_value();
     if (startAt_) {
       const std::string question = Message(proc_.Text(text::kSeveralAskCallOff), {StartTime()});
       if (!proc_.prompts.AskYesNo(Icon::Exclamation, question, SeveralTitle(proc_.texts))) return;
       if (!alive || run_.IsBusy()) return;  // the time came while the question was open
       if (startAt_) CallOff();
     }
+    if (!asked && unsent_ && !turn_.Quitting() && !AskClose()) return;
+    if (!alive) return;
     EndModal(wxID_CANCEL);
   }
 
@@ -343,6 +361,7 @@ class SeveralForm final : public FormDialog {
   WxTick Timer_Start;
   std::optional<LocalTime> startAt_;
   bool sending_ = false;
+  bool unsent_ = false;  // changes were listed, and no plan was sent since
   wxSimplebook* pages_ = nullptr;
   ControlTicks* who_ = nullptr;
   ChangesPanel* what_ = nullptr;
