@@ -1,6 +1,7 @@
 #include "forms/EntryGrid.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 #include <wx/toplevel.h>
@@ -109,6 +110,7 @@ void EntryGrid::OnChildFocus(wxChildFocusEvent& event) {
 void EntryGrid::Arrive(std::size_t box) {
   entry_ = box;
   last_ = box;
+  wheel_ = 0;
   if (chosen_ && chosen_->first != box) Choose({});
   ShowBox(box);
   Box(box).Text().SelectAll();
@@ -203,12 +205,17 @@ bool EntryGrid::LeadFrom(std::size_t box) {
 
 void EntryGrid::OnWheel(std::size_t box, wxMouseEvent& event) {
   wxTextCtrl& text = Box(box).Text();
-  if (!text.HasFocus() || !text.IsEditable() || event.GetWheelRotation() == 0) {
+  if (!text.HasFocus() || !text.IsEditable() || event.GetWheelRotation() == 0 ||
+      event.GetWheelAxis() != wxMOUSE_WHEEL_VERTICAL) {
     event.Skip();
     return;
   }
+  // Touchpads send many events, each a small part of a step.
+  wheel_ += event.GetWheelRotation();
+  if (std::abs(wheel_) < event.GetWheelDelta()) return;
+  const int step = std::exchange(wheel_, 0) > 0 ? 1 : -1;
   const std::string typed = Box(box).Typed();
-  const std::string next = QuarterBeside(typed, event.GetWheelRotation() > 0 ? 1 : -1);
+  const std::string next = QuarterBeside(typed, step);
   if (next == typed || (next == kMidnight && !TakesMidnight(box))) return;
   text.SetValue(ToWx(next));
   text.SelectAll();

@@ -118,6 +118,7 @@ class EntryGrid : public wxPanel {
   std::optional<Wrong> wrong_;          // its text was refused
   std::optional<long> typedElsewhere_;  // when a key was pressed that was meant for another box
   long lastKey_ = 0;                    // when the last key was pressed, in ms
+  int wheel_ = 0;                       // what the wheel turned, less than a step
   bool blocked_ = false;                // a button was pressed in order to leave a refused text
 };
 

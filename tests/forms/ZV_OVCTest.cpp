@@ -95,8 +95,9 @@ void EnterByMouse() {
   Pick("Text_Stop0", "Menu_Popup", 50, 50);
   wxUIActionSimulator().MouseMove(Box("Text_Stop0").GetScreenRect().GetPosition() + wxPoint(9, 9));
   wxMouseEvent wheel(wxEVT_MOUSEWHEEL);
-  wheel.m_wheelRotation = wheel.m_wheelDelta = 120;
-  Box("Text_Stop0").ProcessWindowEvent(wheel);
+  wheel.m_wheelDelta = 120;
+  wheel.m_wheelRotation = 40;  // of a touchpad: three make one step
+  for (int part = 0; part < 3; ++part) Box("Text_Stop0").ProcessWindowEvent(wheel);
   Pick("Text_ValueOff0", "Menu_Popup", 50, 50);
   Click(Box("Text_DateOn1"));
   EXPECT_TRUE(PumpUntil([] { return HasFocus("Text_DateOn1"); }));
