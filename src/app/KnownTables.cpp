@@ -5,6 +5,7 @@
 #include "app/ControlTablesOf.h"
 #include "editors/FindingPlaces.h"
 #include "forecast/EditedEntries.h"
+#include "forecast/MomentText.h"
 
 namespace zek {
 namespace {
@@ -50,9 +51,7 @@ KnownTables ReadKnownTables(const ZV_Proc& proc, const Selection& node, const Op
 }
 
 FindingContext ContextNow(const ZV_Proc& proc) {
-  const LocalTime now = proc.now();
-  return {DayOf(DateMoment(now.year, now.month, now.day)), proc.settings.SwedishHolidays,
-          proc.settings.DecimalSeparator, false};
+  return {DayOf(proc.now()), proc.settings.SwedishHolidays, proc.settings.DecimalSeparator, false};
 }
 
 FindingSearch SearchControl(Catalogue catalogue, const KnownTables& control, bool lines,

@@ -10,8 +10,8 @@ ControlReader::Source SourceFor(Console& console) {
   return {[&console](const CatalogueId& id) { return ReadCatalogue(console, id); },
           console.proc.settings.LocalMode,
           [&console](const CatalogueId& id, const std::string& line) {
-            console.err << "zekview-cli: " << KindText(id.catalogue) << ": not read: "
-                        << Utf8FromWindows1252(line) << '\n';
+            console.err << "zekview-cli: " << KindText(id.catalogue)
+                        << ": not read: " << Utf8FromWindows1252(line) << '\n';
           }};
 }
 
@@ -36,8 +36,7 @@ std::optional<std::set<std::size_t>> ControlOperands(Console& console,
 }
 
 std::optional<DayNumber> TodayFor(Console& console, const Arguments& arguments) {
-  const LocalTime now = console.proc.now();
-  if (arguments.today.empty()) return DayOf(DateMoment(now.year, now.month, now.day));
+  if (arguments.today.empty()) return DayOf(console.proc.now());
   const auto today = ParseDay(arguments.today);
   if (!today) Refuse(console, arguments.today + " is no date, such as 2026-12-07");
   return today;

@@ -168,10 +168,7 @@ ExitStatus ExplainBatch(Console& console, const Question& question, const std::s
   return read->status;
 }
 
-Moment Now(const Console& console) {
-  const LocalTime now = console.proc.now();
-  return DateMoment(now.year, now.month, now.day) + TimeMoment(now.hour, now.minute);
-}
+Moment Now(const Console& console) { return MomentOf(console.proc.now()); }
 
 // Writes the picture of a timeline; false, after a message, if that failed.
 bool WritePicture(Console& console, const Arguments& arguments, const Reply& read,

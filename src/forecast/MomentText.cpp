@@ -20,6 +20,12 @@ std::optional<int> DigitsAt(std::string_view text, std::size_t column, std::size
 
 }  // namespace
 
+Moment MomentOf(const LocalTime& time) {
+  return DateMoment(time.year, time.month, time.day) + TimeMoment(time.hour, time.minute);
+}
+
+DayNumber DayOf(const LocalTime& time) { return DayOf(MomentOf(time)); }
+
 std::string MomentText(Moment moment) {
   return DateText(moment) + "T" + ClockText(TimeOfDay(moment));
 }

@@ -5,8 +5,13 @@
 #include <string_view>
 
 #include "forecast/Schedule.h"
+#include "system/LocalTime.h"
 
 namespace zek {
+
+/// The minute of a time of the clock, and its day.
+Moment MomentOf(const LocalTime& time);
+DayNumber DayOf(const LocalTime& time);
 
 /// "2026-12-07T06:30"
 std::string MomentText(Moment moment);

@@ -2,6 +2,7 @@
 
 #include <wx/sizer.h>
 
+#include "forecast/MomentText.h"
 #include "forms/EditorOpening.h"
 #include "lang/TextNumbers.h"
 #include "paste/ExceptionBlock.h"
@@ -15,10 +16,6 @@ constexpr int kOk = text::kExceptionCaption + 6;
 constexpr int kCancel = text::kExceptionCaption + 7;
 constexpr int kOkToolTip = text::kExceptionCaption + 8;
 constexpr int kGap = 8;
-
-Moment MomentOf(const LocalTime& now) {
-  return DateMoment(now.year, now.month, now.day) + TimeMoment(now.hour, now.minute);
-}
 
 }  // namespace
 

@@ -5,6 +5,7 @@
 
 #include <wx/sizer.h>
 
+#include "forecast/MomentText.h"
 #include "formats/ExceptionCells.h"
 #include "lang/TextNumbers.h"
 #include "plan/PlanWords.h"
@@ -77,7 +78,6 @@ wxSizer* PlanPanel::Commands(const Actions& actions) {
   };
   Command_Start = button("Command_Start", text::kSeveralStart, actions.start);
   Command_StartLater = button("Command_StartLater", text::kSeveralStartAt, actions.startLater);
-  const LocalTime now = proc_.now();
   const auto box = [&](const char* name, const char* widest, const std::string& text) {
     auto* const entry = new EntryBox(this, name, widest, true);
     entry->SetSpokenName(wxControl::RemoveMnemonics(Command_StartLater->GetLabel()));
@@ -85,8 +85,7 @@ wxSizer* PlanPanel::Commands(const Actions& actions) {
     row->Add(entry, 0, wxALIGN_CENTER_VERTICAL | wxRIGHT, gap);
     return entry;
   };
-  Text_StartDate =
-      box("Text_StartDate", "2026-12-24 ", DateText(DateMoment(now.year, now.month, now.day)));
+  Text_StartDate = box("Text_StartDate", "2026-12-24 ", DateText(MomentOf(proc_.now())));
   Text_StartDate->Offer(
       [this] {
         return NewDropCalendar(Text_StartDate->Text(), Text_StartDate->Typed(), proc_.texts,
