@@ -13,6 +13,7 @@
 #include "forms/ZV_Help.h"
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
+#include "ui/AccessibleName.h"
 #include "ui/Forms.h"
 #include "ui/InputBlock.h"
 #include "ui/Pictures.h"
@@ -50,6 +51,7 @@ EditorForm::EditorForm(wxWindow* parent, ZV_Proc& proc, WxTurn& turn, Catalogue 
   SetTitle(title_);
   status_->SetName("Label_Status");
   sent_->SetName("Gauge_Sent");
+  SetAccessibleName(*sent_, title_);
   sent_->Hide();
   Bind(wxEVT_CHAR_HOOK, &EditorForm::OnKey, this);
   Bind(wxEVT_TEXT, [this](wxCommandEvent&) { ShowChanges(); });
@@ -335,7 +337,7 @@ bool EditorForm::CanSave() const { return !viewOnly_ && (fromCopy_ || IsUnsaved(
 void EditorForm::ShowChanges() {
   const bool entry = HasEntry();
   const EditState state = State();
-  const wxString title = (entry || state.changed ? "*" : "") + title_;
+  const wxString title = (IsUnsaved() ? "*" : "") + title_;
   if (GetTitle() != title) SetTitle(title);
   Allow(save_, CanSave());
   Allow(undo_, !viewOnly_ && (entry || state.canUndo));

@@ -87,6 +87,7 @@ class FindingsForm final : public wxDialog {
     whole_ = new wxTextCtrl(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
                             wxTE_MULTILINE | wxTE_READONLY | wxTE_BESTWRAP);
     whole_->SetName("Text_Finding");
+    SetAccessibleName(*whole_, Text(text::kFindingsTitle));
     whole_->SetMinSize({-1, (GetCharHeight() + 2) * kLines});
     auto* const assumed = new wxStaticText(this, wxID_ANY, Text(text::kRuleAssumed),
                                            wxDefaultPosition, wxDefaultSize, wxST_ELLIPSIZE_END);

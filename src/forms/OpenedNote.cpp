@@ -33,8 +33,9 @@ void OpenedNote::End() {
 
 void OpenedNote::Look() {
   const wxString others = ToWx(marks_.OthersAt(id_));
-  if (others != GetLabelText()) SetLabelText(others);
-  if (Show(!others.empty())) GetParent()->Layout();
+  const bool changed = others != GetLabelText();
+  if (changed) SetLabelText(others);
+  if (Show(!others.empty()) || changed) GetParent()->Layout();
 }
 
 }  // namespace zek

@@ -314,7 +314,7 @@ void SceneView::DrawFoot(wxDC& dc, const Ink& ink) const {
     for (std::size_t kind = 0; kind < kBarKinds; ++kind) {
       const wxString name = ToWx(scene_.kinds.at(kind));
       DrawChip(dc, ink, {x, y + 1, 2 * line, line - 2}, static_cast<BarKind>(kind),
-               {scene_.letters.substr(kind, 1)});
+               {scene_.LetterOf(kind)});
       x += 2 * line + padding;
       dc.SetTextForeground(ToColour(ink.palette.text));
       dc.DrawText(name, x, y + FromDIP(kRowPadding));

@@ -21,6 +21,7 @@
 #include "lang/Messages.h"
 #include "lang/TextNumbers.h"
 #include "picture/ForecastScene.h"
+#include "ui/AccessibleName.h"
 #include "ui/EntryBox.h"
 #include "ui/FormDialog.h"
 #include "ui/Forms.h"
@@ -40,10 +41,6 @@ constexpr int kLines = 5;  // of the explanation
 constexpr int kClockMs = 20000;
 constexpr DayNumber kDaysOfWeek = 7;
 constexpr DayNumber kThursday = 3;
-
-Moment MomentOf(const LocalTime& now) {
-  return DateMoment(now.year, now.month, now.day) + TimeMoment(now.hour, now.minute);
-}
 
 DayNumber MondayOf(Moment moment) {
   const DayNumber day = DayOf(moment);
@@ -151,6 +148,7 @@ void AppliesForm::BuildParts() {
   Text_Why = new wxTextCtrl(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
                             wxTE_MULTILINE | wxTE_READONLY | wxTE_BESTWRAP);
   Text_Why->SetName("Text_Why");
+  SetAccessibleName(*Text_Why, GetTitle());
   Text_Why->SetMinSize({-1, (GetCharHeight() + 2) * kLines});
   whole->Add(Text_Why, 0, wxEXPAND | wxALL, gap);
   auto* const foot = new wxBoxSizer(wxHORIZONTAL);
@@ -181,6 +179,7 @@ wxSizer* AppliesForm::WeekRow() {
       this, wxID_ANY, wxControl::RemoveMnemonics(ToWx(proc_.Text(text::kWeekDate))));
   row->Add(label, 0, wxALIGN_CENTER_VERTICAL | wxRIGHT, FromDIP(kGap));
   Text_Date = new EntryBox(this, "Text_Date", "2026-12-24", true);
+  Text_Date->SetSpokenName(label->GetLabel());
   Text_Date->Offer(
       [this] {
         return NewDropCalendar(Text_Date->Text(), Text_Date->Typed(), proc_.texts,
@@ -243,7 +242,6 @@ void AppliesForm::OnRule() {
 void AppliesForm::TakeDate() {
   const auto date = TypedExceptionDate(Text_Date->Typed());
   if (date && IsShowable(*date)) {
-    Text_Date->Mark({});
     GoTo(*date);
   } else {
     Text_Date->Mark(ToWx(proc_.Text(text::kDateHint)));
@@ -260,6 +258,7 @@ void AppliesForm::GoTo(Moment moment) {
   if (!IsShowable(moment)) return;
   monday_ = MondayOf(moment);
   Text_Date->ShowText(DateText(moment));
+  Text_Date->Mark({});
   picture_->GoTo({WeekdayOf(DayOf(moment)), TimeOfDay(moment)});
   ShowWeek();
 }

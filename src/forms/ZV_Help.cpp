@@ -73,6 +73,7 @@ class HelpForm final : public wxDialog {
     Text_Page = new wxTextCtrl(this, wxID_ANY, {}, wxDefaultPosition, wxDefaultSize,
                                wxTE_MULTILINE | wxTE_READONLY | wxTE_BESTWRAP | wxTE_RICH2);
     Text_Page->SetName("Text_Page");
+    SetAccessibleName(*Text_Page, GetTitle());
     Text_Page->SetFont(FixedFont());  // the pages have columns
     auto* const both = new wxBoxSizer(wxHORIZONTAL);
     both->Add(List_Pages, 0, wxEXPAND | wxRIGHT, gap);

@@ -48,13 +48,18 @@ struct Scene {
   std::optional<ScenePoint> now;  // the present moment
   std::string nowLabel;
   std::array<std::string, kBarKinds> kinds;  // what each kind of bar is called; "" is not explained
-  std::string letters;                       // one of each kind
+  std::string letters;                       // one of each kind; a language may have fewer
+
+  std::string LetterOf(std::size_t kind) const {
+    return kind < letters.size() ? letters.substr(kind, 1) : std::string();
+  }
 
   /// What may be written into a bar, the longest first: "V 21 Dag", "21 Dag", "V 21", "21". The
   /// letter tells the kind where colours do not.
   std::vector<std::string> TextsOf(const SceneBar& bar) const {
     const auto kind = static_cast<std::size_t>(bar.kind);
-    const std::string letter = kind < letters.size() ? letters.substr(kind, 1) + " " : "";
+    const std::string own = LetterOf(kind);
+    const std::string letter = own.empty() ? own : own + " ";
     std::vector<std::string> texts{letter + bar.value, bar.value};
     const std::string number = bar.value.substr(0, bar.value.find(' '));
     if (number.find_first_of("0123456789") != std::string::npos)

@@ -201,7 +201,7 @@ class Writer {
     for (std::size_t kind = 0; kind < kBarKinds; ++kind) {
       const std::string& name = scene_.kinds.at(kind);
       text += BarAt({x, middle - kFootLine / 3, kFootLine, kFootLine * 2 / 3},
-                    static_cast<BarKind>(kind), {scene_.letters.substr(kind, 1)}, palette_, ids_) +
+                    static_cast<BarKind>(kind), {scene_.LetterOf(kind)}, palette_, ids_) +
               TextAt(x + kFootLine + kMargin, middle, palette_.text, name);
       x += kFootLine + 3 * kMargin + kCharacter * static_cast<double>(name.size());
     }

@@ -89,12 +89,15 @@ wxWindow* PromptBox::Message(const wxString& message) {
   label->SetName("Label_Message");
   label->SetLabelText(message);
   label->Wrap(FromDIP(kMessageWidth));
-  if (label->GetBestSize().y <= FromDIP(kMessageHeight)) return label;
+  // A long path is not wrapped.
+  const wxSize best = label->GetBestSize();
+  if (best.y <= FromDIP(kMessageHeight) && best.x <= FromDIP(kMessageWidth)) return label;
   label->Destroy();
   auto* const box = new wxTextCtrl(this, wxID_ANY, message, wxDefaultPosition,
                                    FromDIP(wxSize(kMessageWidth, kMessageHeight)),
                                    wxTE_MULTILINE | wxTE_READONLY);
   box->SetName("Text_Message");
+  SetAccessibleName(*box, GetTitle());
   box->SetInsertionPoint(0);
   return box;
 }

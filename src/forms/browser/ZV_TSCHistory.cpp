@@ -25,7 +25,7 @@ namespace {
 
 constexpr int kGap = 10;
 constexpr int kTimeColumns = 22;
-constexpr int kLineColumns = 76;
+constexpr int kLineColumns = 66;
 constexpr int kLines = 16;
 
 wxString TitleOf(const ZV_Proc& proc) {

@@ -106,7 +106,8 @@ class ImportForm final : public wxDialog {
     const int gap = FromDIP(kGap);
     auto* const whole = new wxBoxSizer(wxVERTICAL);
     whole->Add(Choices(), 0, wxEXPAND | wxALL, gap);
-    List_Dates = new wxCheckListBox(this, wxID_ANY);
+    List_Dates = new wxCheckListBox(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, 0, nullptr,
+                                    wxLB_HSCROLL);
     List_Dates->SetName("List_Dates");
     SetAccessibleName(*List_Dates, GetTitle());
     List_Dates->SetFont(FixedFont());
@@ -128,7 +129,7 @@ class ImportForm final : public wxDialog {
 
   wxString Caption(std::int32_t number) const { return ToWx(proc_.Text(number)); }
 
-  // The days types SD1 to SD7; for a group of holidays also none.
+  // The day types SD1 to SD7; for a group of holidays also none.
   wxChoice* NewTypes(wxSizer* rows, std::int32_t caption, const char* name, bool withNone) {
     auto* const label = new wxStaticText(this, wxID_ANY, Caption(caption));
     auto* const types = new wxChoice(this, wxID_ANY);
@@ -296,6 +297,9 @@ class ImportForm final : public wxDialog {
   }
 
   void Take() {
+    // Enter in a year only enters it, so that its dates are seen first.
+    for (const wxSpinCtrl* const year : Spin_Year)
+      if (year != nullptr && year->HasFocus()) return List_Dates->SetFocus();
     if (!result_ || !Command_Take->IsEnabled()) return;
     editor_.Replace(*result_);
     changed_ = true;

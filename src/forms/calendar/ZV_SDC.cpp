@@ -46,6 +46,7 @@ void ZV_SDC::BindEvents() {
   });
   choose(Option_Day, [this](int type) {
     editor_.ChooseType(type);
+    Say({});
     ShowAll();
   });
   const auto step = [this](wxButton* button, int months) {
@@ -75,7 +76,7 @@ void ZV_SDC::ShowYearView(bool year) {
   SetMinSize(wxDefaultSize);
   wxSize size = GetSize();
   size.IncTo(GetSizer()->ComputeFittingWindowSize(this));
-  SetSize(OntoScreen({GetPosition(), size}, wxDisplay(this).GetClientArea()));
+  if (!IsMaximized()) SetSize(OntoScreen({GetPosition(), size}, wxDisplay(this).GetClientArea()));
   Layout();
   ShowAll();
   FocusEntry();
@@ -111,7 +112,7 @@ void ZV_SDC::BuildAccelerators() {
     Bind(
         wxEVT_MENU,
         [target](wxCommandEvent&) {
-          if (target()->IsEnabled()) target()->SetFocus();
+          if (target()->IsEnabled() && target()->IsShownOnScreen()) target()->SetFocus();
         },
         id);
   };

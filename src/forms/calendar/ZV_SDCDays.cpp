@@ -281,8 +281,8 @@ void DayGrid::EndCapture() {
 }
 
 void DayGrid::OnRelease(wxMouseEvent& event) {
-  if (!editor_.Dragging()) return;
   EndCapture();
+  if (!editor_.Dragging()) return;
   // A message runs the event loop, and the form may be destroyed meanwhile.
   const wxWeakRef<DayGrid> alive(this);
   editor_.Release(DayUnder(event.GetPosition()), prompts_, texts_);
@@ -305,6 +305,7 @@ void DayGrid::OnKey(wxKeyEvent& event) {
 bool DayGrid::TakeKey(int key, int modifiers) {
   const bool shift = modifiers == wxMOD_SHIFT;
   const bool control = modifiers == wxMOD_CONTROL;
+  if (editor_.Dragging() && key != WXK_ESCAPE) return true;  // the mouse has the days
   if (modifiers != wxMOD_NONE && !shift && !control) return false;
   if (!shift && TakeStep(key, control)) return true;
   if (control) return false;

@@ -1,15 +1,11 @@
 #include "forms/main/ZV_MainLog.h"
 
 #include <algorithm>
-#include <memory>
 #include <utility>
 
-#include <wx/clipbrd.h>
-#include <wx/dataobj.h>
 #include <wx/dcbuffer.h>
 #include <wx/menu.h>
 #include <wx/settings.h>
-#include <wx/textbuf.h>
 #include <wx/weakref.h>
 
 #include "comm/LogText.h"
@@ -17,6 +13,7 @@
 #include "text/Fields.h"
 #include "text/Lines.h"
 #include "ui/AccessibleName.h"
+#include "ui/Clipboard.h"
 #include "ui/Forms.h"
 #include "ui/WxText.h"
 
@@ -300,11 +297,13 @@ void LogList::OnMenu() {
 
 void LogList::Copy() {
   const auto [first, end] = place_.Marked();
-  if (first == end || !wxTheClipboard->Open()) return;
-  const std::string lines = LogText(log_, first, end, times_, "\n");
-  wxTheClipboard->SetData(
-      std::make_unique<wxTextDataObject>(wxTextBuffer::Translate(ToWx(lines))).release());
-  wxTheClipboard->Close();
+  if (first == end) return;
+#ifdef _WIN32
+  constexpr const char* lineEnd = "\r\n";
+#else
+  constexpr const char* lineEnd = "\n";
+#endif
+  if (!WriteClipboard(LogText(log_, first, end, times_, lineEnd))) wxBell();
 }
 
 // --- Keyboard ---

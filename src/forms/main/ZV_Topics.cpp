@@ -218,8 +218,8 @@ class TopicsForm final : public wxDialog {
  private:
   void Build() {
     const int gap = FromDIP(kGap);
-    List_Topics =
-        new wxListBox(this, wxID_ANY, wxDefaultPosition, FromDIP(wxSize(kListWidth, kListHeight)));
+    List_Topics = new wxListBox(this, wxID_ANY, wxDefaultPosition,
+                                FromDIP(wxSize(kListWidth, kListHeight)), 0, nullptr, wxLB_HSCROLL);
     List_Topics->SetName("List_Topics");
     SetAccessibleName(*List_Topics, ToWx(proc_.Text(text::kTopicsTitle)));
     auto* const buttons = new wxBoxSizer(wxVERTICAL);

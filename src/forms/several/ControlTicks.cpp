@@ -49,8 +49,9 @@ void ControlTicks::Build() {
   };
   button("Command_All", text::kSeveralAll, true);
   button("Command_None", text::kSeveralNone, false);
-  List_Controls = new wxCheckListBox(this, wxID_ANY, wxDefaultPosition,
-                                     FromDIP(wxSize(kListWidth, kListHeight)));
+  List_Controls =
+      new wxCheckListBox(this, wxID_ANY, wxDefaultPosition,
+                         FromDIP(wxSize(kListWidth, kListHeight)), 0, nullptr, wxLB_HSCROLL);
   List_Controls->SetName("List_Controls");
   SetAccessibleName(*List_Controls, text(text::kSeveralWho));
   List_Controls->Bind(wxEVT_CHECKLISTBOX, [this](wxCommandEvent& event) {
