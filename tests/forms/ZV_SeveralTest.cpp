@@ -61,7 +61,7 @@ TEST_F(SeveralTest, ByKeyboardFromTheTicksToTheReport) {
           Type("x");
           Press('G', wxMOD_ALT);
           EXPECT_TRUE(PumpUntil([this] { return world.prompts.answers.size() == 2; }));
-          EXPECT_TRUE(InStep("Choice_Change"));
+          EXPECT_NE(Shown("Command_Add"), nullptr);
           Press('G', wxMOD_ALT);
         }},
        {IsPlanned,

@@ -78,6 +78,8 @@ TEST_F(BrowserTest, ASearchFindsANodeOfAnyObject) {
           EXPECT_EQ(list()->GetItemCount(), 1);
           Press(WXK_RETURN);
           EXPECT_TRUE(PumpUntil([] { return HasFocus("List_Nodes"); }));
+          Press('2', wxMOD_ALT);
+          EXPECT_TRUE(PumpUntil([&] { return list()->GetSortIndicator() == 1; }));
           Reach("TreeView", Escape);
           Press('2', wxMOD_CONTROL);
           EXPECT_TRUE(PumpUntil([&] { return selected().StartsWith("Till"); }));

@@ -43,7 +43,13 @@ NodeList::NodeList(wxWindow* parent, const ZV_Proc& proc, CopyStates& states)
   AppendColumn(ToWx(proc.Text(text::kColumnControl)));
   for (const Catalogue catalogue : kShownCatalogues)
     AppendColumn(ToWx(proc.Text(KindTitle(catalogue))));
-  Bind(wxEVT_LIST_COL_CLICK, &NodeList::OnHeading, this);
+  Bind(wxEVT_LIST_COL_CLICK, [this](wxListEvent& event) { SortBy(event.GetColumn()); });
+  Bind(wxEVT_KEY_DOWN, [this](wxKeyEvent& event) {
+    const int column = event.GetKeyCode() - '1';
+    if (event.GetModifiers() != wxMOD_ALT || column < 0 || column >= GetColumnCount())
+      return event.Skip();
+    SortBy(column);
+  });
   Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
     FitColumns();
     event.Skip();
@@ -109,9 +115,8 @@ std::string NodeList::NodeText(std::size_t place) const {
   return severalObjects_ ? name + ", " + object : name;
 }
 
-// The third click on a heading gives the order of the tree again.
-void NodeList::OnHeading(wxListEvent& event) {
-  const int column = event.GetColumn();
+// The third time gives the order of the tree again.
+void NodeList::SortBy(int column) {
   if (column < 0) return;
   const bool falling = !ascending_;
   ascending_ = column != sorted_;

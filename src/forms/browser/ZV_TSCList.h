@@ -37,7 +37,7 @@ class NodeList final : public wxListView {
   wxString OnGetItemText(long item, long column) const override;
   std::string TextOf(std::size_t place, long column) const;
   std::string NodeText(std::size_t place) const;
-  void OnHeading(wxListEvent& event);
+  void SortBy(int column);
   void Sort();
   void FitColumns();
 
