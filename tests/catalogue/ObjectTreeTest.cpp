@@ -160,6 +160,7 @@ TEST(LocalFiles, NamesStayInTheirDirectory) {
     EXPECT_EQ(names.OVC, each.ovc);
   }
   EXPECT_EQ(LocalPath("/p/", "\xE5 ../x"), "/p/\xC3\xA5 .._x");
+  EXPECT_EQ(LocalPath("/p/", "x. ."), "/p/x___");
 }
 
 }  // namespace

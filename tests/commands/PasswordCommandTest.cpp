@@ -34,6 +34,7 @@ TEST(PasswordCommand, EncryptsOrChangesNothing) {
     EXPECT_EQ(SetTagPassword(files, path, in, {out, out}), done ? kDone : kWrongUsage);
     std::string after = files.Read(path).bytes;
     const std::unique_ptr<Profile> profile = OpenSettingsFile(files, path);
+    EXPECT_TRUE(CanEncrypt() || WriteTagPassword(*profile, "x"));
     EXPECT_EQ(ReadTagPassword(*profile).text, done ? each.password : "old");
     EXPECT_EQ(out.str().find("emligt"), std::string::npos);
     if (done) {

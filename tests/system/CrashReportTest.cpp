@@ -61,6 +61,7 @@ TEST(CrashReport, TellsWhatAndWhere) {
     const auto isIn = [&](const std::string& part) { return text.find(part) < text.size(); };
     EXPECT_TRUE(isIn("Fault: " + each.faults[0]) || isIn("Fault: " + each.faults.back())) << text;
     EXPECT_TRUE(isIn("zekview-tests") && !isIn("hemligt")) << text;
+    EXPECT_TRUE(isIn(std::to_string(8 * sizeof(void*)) + " bits")) << text;
     EXPECT_GT(std::count(text.begin(), text.end(), '\n'), each.crash == Crash::Overflow ? 60 : 7);
   }
   std::filesystem::remove_all(PathOf(folder));
