@@ -37,12 +37,11 @@ TEST(FirstStart, OffersAnOlderFolder) {
     LanguageTexts texts;
     texts.Read("501=T501\n1311=T1311\n1312=T1312\n1313=T1313\n1315=T1315\n1317=T1317\n");
     std::size_t next = 0;
-    const bool ready = PrepareDataFolder(files, {"/data/", "/bin/", "", false}, {texts, prompts},
-                                         [&] {
-                                           if (each.another)
-                                             files.files["/data/ZEKView.INI"] = "another's";
-                                           return each.chosen.at(next++);
-                                         });
+    const bool ready =
+        PrepareDataFolder(files, {"/data/", "/bin/", "", false}, {texts, prompts}, [&] {
+          if (each.another) files.files["/data/ZEKView.INI"] = "another's";
+          return each.chosen.at(next++);
+        });
     EXPECT_EQ(ready, !each.settings.empty());
     EXPECT_EQ(prompts.shown, each.shown);
     EXPECT_EQ(files.files["/data/ZEKView.INI"], each.settings);

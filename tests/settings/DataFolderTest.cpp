@@ -46,12 +46,11 @@ TEST(DataFolder, BeginsWithTheShippedSettings) {
 // The older folder stays as it is, what is in the new one too, and the settings come last.
 TEST(DataFolder, TakesOverWhatIsTheUsers) {
   const std::map<std::string, std::string> older = {
-      {"/old/ZEKView.INI", "s"},      {"/old/a WDC.TXT", "1"},    {"/old/b SDC.TXT", "2"},
-      {"/old/SENT.TXT", "3"},         {"/old/zekview.exe", "-"},  {"/old/README.txt", "-"},
-      {"/old/SHA256SUMS.txt", "-"},
-      {"/old/zek_lang.046", "-"},     {"/old/zek_lang.358", "4"}, {"/old/y.plan", "5"},
-      {"/old/History/c.TXT", "6"},    {"/old/Batch/d.TXT", "-"},  {"/old/demo/e.TXT", "-"},
-      {"/old/Unfinished/f.TXT", "7"}, {"/old/Plans/g.plan", "8"}};
+      {"/old/ZEKView.INI", "s"},    {"/old/a WDC.TXT", "1"},        {"/old/b SDC.TXT", "2"},
+      {"/old/SENT.TXT", "3"},       {"/old/zekview.exe", "-"},      {"/old/README.txt", "-"},
+      {"/old/SHA256SUMS.txt", "-"}, {"/old/zek_lang.046", "-"},     {"/old/zek_lang.358", "4"},
+      {"/old/y.plan", "5"},         {"/old/History/c.TXT", "6"},    {"/old/Batch/d.TXT", "-"},
+      {"/old/demo/e.TXT", "-"},     {"/old/Unfinished/f.TXT", "7"}, {"/old/Plans/g.plan", "8"}};
   const Folders folders{"/data/", "/bin/", "", false};
   test::MemoryFiles files;
   files.files = older;
