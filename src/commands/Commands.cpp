@@ -152,8 +152,9 @@ ExitStatus Put(Console& console, const CatalogueId& id, const Arguments& argumen
   const std::string& file = arguments.operands[2];
   const std::optional<std::string> text = ReadFileOperand(console, file);
   if (!text) return kWrongUsage;
-  // What a program that failed left or passes on must not erase a catalogue.
-  if (text->empty())
+  // What a program that failed passes on or left must not erase a catalogue. Of a catalogue with a
+  // ".DFV" value `get` always prints something.
+  if (text->empty() && (file == "-" || id.IsOfControl()))
     return Refuse(console, "put: " + file + " is empty; an empty line means an empty catalogue");
   ZV_Proc& proc = console.proc;
   console.hasInput();
