@@ -81,11 +81,12 @@ void ZV_WDC::MoveEnd(bool stop, std::int16_t minute) {
 }
 
 void ZV_WDC::ShowPicture(bool on) {
+  const wxSize before = GetSizer()->ComputeFittingWindowSize(this);
   picture_->Show(on);
   SetMinSize(wxDefaultSize);
   const wxSize fit = GetSizer()->ComputeFittingWindowSize(this);
   SetMinSize(fit);
-  wxSize size = GetSize();
+  wxSize size = GetSize() + fit - before;
   size.IncTo(fit);
   if (!IsMaximized()) SetSize(size);
   Layout();
