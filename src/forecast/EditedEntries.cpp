@@ -8,7 +8,7 @@ namespace zek {
 namespace {
 
 constexpr int kFirst = std::numeric_limits<int>::min();  // the others follow in the order of cells
-// A date may be there several times.
+// Enough for the place of any entry, since a date may be there several times.
 constexpr DayNumber kDatePlaces = kCalendarEntries;
 
 std::size_t Place(int number) { return static_cast<std::size_t>(number - kFirst); }
@@ -52,14 +52,13 @@ std::vector<ExceptionLine> OwnNumbers(const ExceptionTable& table) {
 std::vector<DatedType> OwnNumbers(CalendarTable table) {
   table.Sort();
   std::vector<DatedType> dates = DatesOf(table);
-  DayNumber again = 0;
   for (std::size_t at = 0; at < dates.size(); ++at) {
     DatedType& date = dates[at];
     const bool follows =
         at > 0 && dates[at - 1].type == date.type && dates[at - 1].day + 1 == date.day;
-    again = at > 0 && dates[at - 1].day == date.day ? again + 1 : 0;
     date.line =
-        follows ? dates[at - 1].line : static_cast<int>(kFirst + date.day * kDatePlaces + again);
+        follows ? dates[at - 1].line
+                : static_cast<int>(kFirst + date.day * kDatePlaces + static_cast<DayNumber>(at));
   }
   return dates;
 }

@@ -91,10 +91,12 @@ TEST(SendAndVerify, StopTimesThatNoLineHoldsAreTold) {
   EXPECT_TRUE(LostStopTimes(table, Generation::Zek2).empty());
   const std::vector<std::string> lost = LostStopTimes(table, Generation::Zek1);
   EXPECT_EQ(lost, std::vector<std::string>{"24-DEC-26,08:00..17:00"});
-  session.SaveWithout({lost[0], std::string(201, 'x'), "\x05" + std::string(199, 'y')}, {});
+  session.SaveWithout({lost[0], std::string(201, 'x'), "\x05" + std::string(199, 'y')},
+                      {"12:00 overlaps"});
   const std::string told = session.prompts.details.at(0);
-  for (const std::string& part : {"  " + lost[0] + "  (", "  " + std::string(200, 'x') + "\x85  (",
-                                  "  <5>" + std::string(199, 'y') + "  ("})
+  for (const std::string& part :
+       {"  " + lost[0] + "  (", "  " + std::string(200, 'x') + "\x85  (",
+        "  <5>" + std::string(199, 'y') + "  (", std::string("  12:00 overlaps\r\n")})
     EXPECT_NE(told.find(part), std::string::npos) << told;
 }
 

@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "comm/Connection.h"
+#include "comm/ReplyReader.h"
 #include "comm/SystemTransports.h"
 #include "support/TestSession.h"
 
@@ -60,6 +61,19 @@ TEST_F(ConnectionTest, PausesAfterConnectingWithADusNumber) {
     connection.Connect(kTwo);
     EXPECT_NEAR(static_cast<double>(turn.Now() - start), pause, 300) << number;
     EXPECT_EQ(connection.CurrentTopic, kTwo) << number;
+    connection.Disconnect();
+  }
+}
+
+TEST_F(ConnectionTest, TextThatIsDroppedIsLoggedOnceAConnection) {
+  for (int connections = 1; connections <= 2; ++connections) {
+    connection.Connect(kOne);
+    for (int texts = 0; texts < 2; ++texts) {
+      socket.SayNow(std::string(3 * kLongestReply, 'x'));
+      socket.SayNow("\xFF");
+    }
+    EXPECT_EQ(std::ranges::count(proc.log.Lines(), proc.texts.Text(text::kTextDropped)),
+              connections);
     connection.Disconnect();
   }
 }

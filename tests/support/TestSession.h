@@ -69,9 +69,10 @@ class TestSession {
   }
   bool SaveWhatWasGot(Catalogue catalogue) { return Save(Got.lines, catalogue, Got.dfv); }
   /// Saves while an editor's table contains entries that its lines do not.
-  bool SaveWithout(std::vector<std::string> notInLines, std::vector<std::string> lines) {
-    return proc.catalogues.SaveCatalogue(Id(), {std::move(lines), ".", std::move(notInLines)})
-        .Done();
+  bool SaveWithout(std::vector<std::string> notInLines, std::vector<std::string> findings) {
+    CatalogueDraft draft{{}, ".", std::move(notInLines)};
+    draft.findings = std::move(findings);
+    return proc.catalogues.SaveCatalogue(Id(), draft).Done();
   }
 
   // What a write is compared with.

@@ -144,6 +144,7 @@ class Start : private test::TestSession {
     for (int object = 0; object < kObjects; ++object) nodes.push_back(ObjectName(object));
     Planner planner(proc, [this](const PlanLine& line) { Add(line); });
     const ChangeList list = ReadChangeList(kChanges);
+    EXPECT_FALSE(list.bad);
     files.files[kPlan] = BuildPlanFile(planner.Make(list.changes, nodes));
   }
 

@@ -111,7 +111,7 @@ void ZV_TSC::BuildStatusBar() {
   wxSize button = cancel_->GetBestSize();
   cancel_->SetLabel(Label(text::kCancelTransfer));
   button.IncTo(cancel_->GetBestSize());  // wide enough for either label
-  const std::array widths{-2, -3, button.x + 2 * FromDIP(kCancelPadding)};
+  const std::array widths{-1, -3, button.x + 2 * FromDIP(kCancelPadding)};
   bar->SetStatusWidths(static_cast<int>(widths.size()), widths.data());
   bar->SetMinHeight(button.y + 2 * FromDIP(kCancelMargin));
   cancel_->Hide();
