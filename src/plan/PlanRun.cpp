@@ -100,10 +100,16 @@ std::string PlanRun::Take(const std::string& name) {
 }
 
 void PlanRun::Drop() {
-  if (name_.empty() || proc_.files.Exists(StartedNote::PathOf(PlanPath(name_)))) return;
+  if (name_.empty() || HasBegun()) return;
   lock_.reset();
   static_cast<void>(proc_.files.Remove(PlanPath(name_)));
   name_.clear();
+}
+
+// A plan that was interrupted or cancelled, in this window or an earlier one.
+bool PlanRun::HasBegun() const {
+  return proc_.files.Exists(StartedNote::PathOf(PlanPath(name_))) ||
+         proc_.files.Exists(PathOf(name_) + std::string(kSoFarFile));
 }
 
 std::string PlanRun::GiveUp(const std::string& name) {

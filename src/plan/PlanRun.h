@@ -70,6 +70,7 @@ class PlanRun {
 
  private:
   void Add(const PlanLine& line, std::size_t total);
+  bool HasBegun() const;
   bool HasEnded() const;
   bool IsElsewhere(const std::string& name) const;
   std::string PathOf(const std::string& name) const;
