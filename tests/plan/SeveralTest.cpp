@@ -94,5 +94,14 @@ TEST(Several, Cases) {
   });
 }
 
+TEST(Several, DurationsInWords) {
+  for (const auto& [seconds, words] : {std::pair(59, "59 s"),
+                                       {60, "1 min 0 s"},
+                                       {3599, "59 min 59 s"},
+                                       {3600, "1 h 0 min"},
+                                       {7379, "2 h 2 min"}})
+    EXPECT_EQ(DurationText(seconds), words);
+}
+
 }  // namespace
 }  // namespace zek
