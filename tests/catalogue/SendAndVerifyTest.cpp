@@ -9,6 +9,7 @@ namespace {
 
 // A ZEK1 that keeps lines by their number, as far as its faults let it.
 //   stored LINE               it has this line; swallow LINE: it does not take this one, or any
+//   refuse LINE               it answers "ERROR 12" to it
 //   replaces                  each write replaces the whole catalogue
 //   at-list mute              what happens when it is asked for the catalogue after a write:
 //                             "mute", "hangup", or another command; "at-list" ends that
@@ -31,6 +32,7 @@ class StorePlayer : public test::SessionPlayer {
     if (what == "stored") stored_[std::stoi(rest)] = rest;
     if (what == "gone") stored_.erase(std::stoi(rest));
     if (what == "swallow") swallowed_ = rest;
+    if (what == "refuse") refused_ = rest;
     if (what == "replaces") replaces_ = true;
     if (what == "at-list") atList_ = rest;
     if (what == "hangup" || what == "lost") socket.HangUp();
@@ -48,8 +50,9 @@ class StorePlayer : public test::SessionPlayer {
  private:
   void Take(std::string_view command) {
     commands.emplace_back(command);
-    if (command.size() > 5 && command[0] == ' ' && command != swallowed_)
+    if (command.size() > 5 && command[0] == ' ' && command != swallowed_ && command != refused_)
       stored_[std::stoi(std::string(command))] = command;
+    if (command == refused_) Reply("ERROR 12\r\n", 50);
     if (replaces_ && command == ".WDC") stored_.clear();
     written_ = written_ || command == ".WDC";
     if (command != "LIST WDC") return;
@@ -72,6 +75,7 @@ class StorePlayer : public test::SessionPlayer {
 
   std::map<int, std::string> stored_;
   std::string swallowed_;
+  std::string refused_;
   std::string atList_;
   bool written_ = false;
   bool replaces_ = false;
