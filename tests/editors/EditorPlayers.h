@@ -244,16 +244,17 @@ class WeekdayPlayer final : public Player {
     for (const std::string& note : editor_.Notes(session_.proc.texts)) notes += Filled(note) + "; ";
     return notes;
   }
-  // From and to of the picture's bars, in minutes, for each day.
+  // From and to of the picture's bars, in minutes, for each day; each bar's words, and the note.
   std::string Bars() const {
+    const Scene scene = WeekScene(Table(), editor_.Type(),
+                                  {session_.proc.texts, {}, [](float) { return std::string(); }});
     std::string bars;
-    for (const SceneBar& bar :
-         WeekScene(Table(), editor_.Type(),
-                   {session_.proc.texts, {}, [](float) { return std::string(); }})
-             .bars)
+    for (const SceneBar& bar : scene.bars)
       bars += std::to_string(bar.row) + ":" + std::to_string(bar.from) + "-" +
               std::to_string(bar.to) + " ";
-    return bars;
+    for (const SceneBar& bar : scene.bars)
+      bars += "[" + std::to_string(bar.lane) + " " + Filled(bar.sentence) + "]";
+    return bars + Filled(scene.note);
   }
   std::string Place(const std::optional<WeekdayFocus>& focus) const {
     if (!focus) return "nothing";

@@ -4,6 +4,7 @@
 #include "plan/ChangeEntry.h"
 #include "plan/PlanRun.h"
 #include "plan/PlanWords.h"
+#include "plan/StartedNote.h"
 #include "support/SessionPlayer.h"
 #include "text/Fields.h"
 
@@ -101,6 +102,21 @@ TEST(Several, DurationsInWords) {
                                        {3600, "1 h 0 min"},
                                        {7379, "2 h 2 min"}})
     EXPECT_EQ(DurationText(seconds), words);
+}
+
+TEST(Several, BegunCataloguesAreReadBackWithTheirLines) {
+  test::MemoryFiles files;
+  PlannedCatalogue one;
+  one.topic = "ONE";
+  PlannedCatalogue two = one;
+  two.kind = Catalogue::Ovc;
+  StartedNote note(files, "/zek/P", "1");
+  EXPECT_FALSE(note.Begin(one, {"a", "b"}));
+  EXPECT_FALSE(note.Begin(two, {}));
+  const StartedNote read(files, "/zek/P", "1");
+  ASSERT_TRUE(read.Before(one) != nullptr && read.Before(two) != nullptr);
+  EXPECT_EQ(*read.Before(one), (StartedNote::Lines{"a", "b"}));
+  EXPECT_EQ(*read.Before(two), StartedNote::Lines());
 }
 
 }  // namespace
