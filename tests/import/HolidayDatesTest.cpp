@@ -2,7 +2,9 @@
 
 #include "formats/CatalogueFields.h"
 #include "import/HolidayDates.h"
+#include "import/ImportFile.h"
 #include "import/YearCopy.h"
+#include "lang/TextNumbers.h"
 
 namespace zek {
 namespace {
@@ -63,6 +65,21 @@ TEST(YearCopy, EachDateGoesToTheOtherYear) {
     EXPECT_EQ(dates, each.dates) << Text(each.from);
     EXPECT_TRUE(YearDates(table, each.to, each.from.year, each.copy, window).dates.empty());
   }
+}
+
+// Each look at the clock takes 10 ms.
+TEST(ImportFile, AllRepetitionsOfAFileTogetherHaveTwoSeconds) {
+  const ImportWindow window{{Generation::Zek2, 20, 2030}, 0, ImportKey({2030, 11, 31}), 2030, true};
+  std::string file = "BEGIN:VCALENDAR\r\n";
+  for (const int count : {120, 60, 60})
+    file += "BEGIN:VEVENT\r\nSUMMARY:x\r\nDTSTART;VALUE=DATE:20260101\r\nRRULE:FREQ=DAILY;COUNT=" +
+            std::to_string(count) + "\r\nEND:VEVENT\r\n";
+  std::chrono::milliseconds now{1000000};
+  const ImportedDates read = ReadImportFile(
+      file + "END:VCALENDAR\r\n", window, [&now] { return now += std::chrono::milliseconds(10); });
+  EXPECT_EQ(read.dates.size(), 180U);
+  ASSERT_EQ(read.skipped.size(), 1U);
+  EXPECT_EQ(read.skipped[0].reason.text, text::kImportTooSlow);
 }
 
 }  // namespace
