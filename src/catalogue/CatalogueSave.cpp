@@ -96,7 +96,11 @@ class Saving {
     const Lines copy = CopyLines();
     const std::optional<Lines> own = Numbered(copy);
     if (!own) return Outcome::Refused;
-    return Store(Joined(SplitLines(id_, copy).others, *own));
+    const Lines all = Joined(SplitLines(id_, copy).others, *own);
+    if (all.size() <= kMaxCatalogueLines) return Store(all);
+    // No program could read that copy. The controller may have fewer lines than it.
+    const bool last = draft_.mode == SaveMode::StoreOnly || p_.settings.LocalMode;
+    return last ? TooLong() : std::nullopt;
   }
 
   // Where the copy is missing or can't be used, the next one gets what the controller had. It has
