@@ -42,15 +42,22 @@ std::string_view Recent(std::string_view journal) {
   return journal.substr(end == std::string_view::npos ? journal.size() : end + kLineEnd.size());
 }
 
-// Controls that share a catalogue have records of their own in "Before" and "Begun".
+// Controls that share a catalogue have records of their own in "Before" and "Begun". A calendar has
+// one, whichever control it was opened for.
 CatalogueId OwnFile(CatalogueId id) {
   if (id.IsPartOfShared()) id.localFile.insert(0, id.control + " ");
+  if (!id.Kind().ofControl) id.control.clear();
   return id;
 }
 
-// Characters that no file name can have become "_", so two controls can have one file.
-std::optional<StoredCatalogue> OfNode(const CatalogueId& id, std::optional<StoredCatalogue> found) {
-  return found && found->node == id.Node() ? std::move(found) : std::nullopt;
+// Characters that no file name can have become "_", so two controls can have one file. Records of
+// calendars once named the control for which they were opened.
+std::optional<StoredCatalogue> OfNode(const CatalogueId& own,
+                                      std::optional<StoredCatalogue> found) {
+  if (!found) return std::nullopt;
+  const bool same = found->node == own.Node() ||
+                    (!own.Kind().ofControl && found->node.starts_with(own.topic + "/"));
+  return same ? std::move(found) : std::nullopt;
 }
 
 // Lines with "*" are marked by the controller and never sent.
@@ -98,7 +105,8 @@ void ControllerRecords::EndWrite(const CatalogueId& id, std::span<const std::str
 }
 
 std::optional<StoredCatalogue> ControllerRecords::FailedSending(const CatalogueId& id) const {
-  return OfNode(id, BegunOf().Find(OwnFile(id)));
+  const CatalogueId own = OwnFile(id);
+  return OfNode(own, BegunOf().Find(own));
 }
 
 bool ControllerRecords::AnySendingFailed(const CatalogueId& id) const {
@@ -110,8 +118,9 @@ bool ControllerRecords::AnySendingFailed(const CatalogueId& id) const {
 }
 
 std::optional<StoredCatalogue> ControllerRecords::BeforeSending(const CatalogueId& id) const {
+  const CatalogueId own = OwnFile(id);
   auto begun = FailedSending(id);
-  return begun ? std::move(begun) : OfNode(id, BeforeOf().Find(OwnFile(id)));
+  return begun ? std::move(begun) : OfNode(own, BeforeOf().Find(own));
 }
 
 bool ControllerRecords::BeginSending(const CatalogueId& id, const CatalogueContent& now) {
