@@ -77,10 +77,11 @@ class SeveralPlayer : public test::SessionPlayer {
   std::string After(const std::string& why) { return test::Filled(why) + LinesOf(); }
   std::string LinesOf() {
     std::string shown;
-    for (const PlanLine& line : run_->Lines())
+    for (const PlanLine& line : run_->Lines()) {
       shown += "[" + line.node + " " + test::Filled(CatalogueOf(line, proc.texts)) + " " +
                ResultOf(line, proc.texts) + " " + Shown(test::Filled(RemarkOf(line, proc.texts))) +
                "]";
+    }
     return shown + " of " + std::to_string(run_->Total()) + ", changed " +
            std::to_string(run_->Changed()) + Told() + Got();
   }
