@@ -38,8 +38,10 @@ std::optional<std::set<std::size_t>> ControlOperands(Console& console,
 std::optional<DayNumber> TodayFor(Console& console, const Arguments& arguments) {
   if (arguments.today.empty()) return DayOf(console.proc.now());
   const auto today = ParseDay(arguments.today);
-  if (!today) Refuse(console, arguments.today + " is no date, such as 2026-12-07");
-  return today;
+  if (today && IsKnownYear(DateOf(StartOf(*today)).year)) return today;
+  Refuse(console, arguments.today + (today ? " is not in a year from 1990 to 2099"
+                                           : " is no date, such as 2026-12-07"));
+  return std::nullopt;
 }
 
 std::optional<std::size_t> ControlOperand(Console& console, const std::string& name) {

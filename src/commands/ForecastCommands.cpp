@@ -219,6 +219,8 @@ ExitStatus Explain(Console& console, const Arguments& arguments) {
   if (!question->moments.empty() && batch) {
     console.err << "zekview-cli: WHEN is not used with --batch\n";
   }
+  if (batch && !arguments.observed.empty())
+    return Refuse(console, "explain: --observed needs WHEN, not --batch");
   MaybeValue observed;
   if (!arguments.observed.empty() && arguments.observed != "-") {
     observed = ValueIn(arguments.observed);

@@ -137,6 +137,8 @@ class PlantJudge {
 ExitStatus Lint(Console& console, const Arguments& arguments) {
   const auto controls = ControlOperands(console, arguments.operands);
   if (!controls) return kWrongUsage;
+  if (controls->empty() && !arguments.operands.empty())
+    return Refuse(console, "lint: there is no time control below these nodes");
   const std::optional<DayNumber> today = TodayFor(console, arguments);
   if (!today) return kWrongUsage;
   console.hasInput();
