@@ -1,6 +1,8 @@
 #include <algorithm>
 
+#include "catalogue/ControllerRecords.h"
 #include "commands/Commands.h"
+#include "lang/TextNumbers.h"
 #include "text/Controls.h"
 #include "text/Windows1252.h"
 
@@ -23,12 +25,19 @@ ExitStatus Compare(Console& console, const CatalogueId& id, const KeptCopy& copy
 }
 
 ExitStatus Undo(Console& console, const CatalogueId& id) {
+  const bool unsent = console.proc.catalogues.HasUnsentChanges(id);
   const std::string before = console.proc.catalogues.TimeOfBefore(id);
   if (before.empty())
     return Refuse(console, "history: nothing is known from before the last sending");
   console.hasInput();
   console.prompts.answerYes = true;
-  return console.proc.catalogues.SendBack(id).Done() ? kDone : kFailed;
+  const CatalogueContent copy = console.proc.copies.Peek(id);
+  const bool done = console.proc.catalogues.SendBack(id).Done();
+  if (unsent && !HaveSameLines(copy, console.proc.copies.Peek(id))) {
+    console.proc.ToUser().Tell(Icon::Information, text::kUnsentReplaced,
+                               {id.Node() + " " + std::string(id.Kind().name)});
+  }
+  return done ? kDone : kFailed;
 }
 
 }  // namespace
@@ -39,7 +48,11 @@ ExitStatus HistoryOfCatalogue(Console& console, const CatalogueId& id, const Arg
   constexpr std::size_t which = 3;
   if (arguments.operands.size() == what) return List(console, kept);
   const std::string& action = arguments.operands[what];
-  if (action == kUndoAction) return Undo(console, id);
+  if (action == kUndoAction) {
+    if (arguments.operands.size() > which)
+      return Refuse(console, "history: undo takes no ID; restore brings back a copy");
+    return Undo(console, id);
+  }
   if (action != "compare" && action != "restore")
     return Refuse(console, "history: unknown " + action);
   if (arguments.operands.size() == which)
