@@ -31,7 +31,7 @@ bool ReportCollector::Add(std::size_t node) {
   ReportedControl control;
   control.node = NodeName(proc_.tree, proc_.topics, node);
   control.name = proc_.tree[node].Text;
-  control.reads = Reads();
+  control.reads = Reads(tables->known);
   control.values =
       ReadPickList(proc_.profile, proc_.selection.PickListTable, context_.decimalSeparator);
   control.findings = FindingsOf(*tables, context_);
@@ -43,21 +43,25 @@ bool ReportCollector::Add(std::size_t node) {
 }
 
 // Of each catalogue of the selected control, when and from where it was read.
-std::vector<std::string> ReportCollector::Reads() const {
+std::vector<std::string> ReportCollector::Reads(const KnownCatalogues& known) const {
   std::vector<std::string> reads;
-  for (const Catalogue catalogue : kShownCatalogues) AddRead(reads, catalogue);
+  AddRead(reads, Catalogue::Wdc, known.weekdays);
+  AddRead(reads, Catalogue::Sdc, known.calendar);
+  AddRead(reads, Catalogue::Ovc, known.exceptions);
   return reads;
 }
 
-void ReportCollector::AddRead(std::vector<std::string>& reads, Catalogue catalogue) const {
+// A copy that is there and can't be read counts as missing.
+void ReportCollector::AddRead(std::vector<std::string>& reads, Catalogue catalogue,
+                              bool known) const {
   const CatalogueId id = proc_.selection.Id(catalogue);
   CopyState state = CopyStates(proc_.copies, proc_.records).Of(id);
   if (const auto fetched = fetched_.find(id.localFile); fetched != fetched_.end())
     state = {true, fetched->second};
   const Topic& topic = proc_.topics[proc_.selection.CurrentObject];
-  const std::int32_t number = !state.exists        ? text::kReportMissing
-                              : state.time.empty() ? text::kReportReadUnknown
-                                                   : text::kReportRead;
+  const std::int32_t number = !state.exists || !known ? text::kReportMissing
+                              : state.time.empty()    ? text::kReportReadUnknown
+                                                      : text::kReportRead;
   const std::string title = proc_.Text(KindTitle(catalogue));
   const std::string where = topic.TopicName + " " + topic.Address;
   reads.push_back(Message(proc_.Text(number), {title, state.time, where}));

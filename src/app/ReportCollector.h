@@ -27,8 +27,8 @@ class ReportCollector {
 
  private:
   ControlReader::Source Noting(ControlReader::Source source);
-  std::vector<std::string> Reads() const;
-  void AddRead(std::vector<std::string>& reads, Catalogue catalogue) const;
+  std::vector<std::string> Reads(const KnownCatalogues& known) const;
+  void AddRead(std::vector<std::string>& reads, Catalogue catalogue, bool known) const;
 
   ZV_Proc& proc_;
   FindingContext context_;
