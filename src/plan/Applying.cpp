@@ -45,6 +45,7 @@ PlanLine Applier::Apply(const PlannedCatalogue& planned) {
 PlanLine Applier::ApplyTo(const PlannedCatalogue& planned, const CatalogueId& id,
                           PlanPrompts& prompts) {
   const bool unsent = proc_.catalogues.HasUnsentChanges(id);
+  const CatalogueContent copy = proc_.copies.Peek(id);
   const auto now = proc_.catalogues.Look(id);
   if (!now && IsStopped()) return LineOf(PlanWord::Untried, planned);
   if (!now) {
@@ -64,8 +65,14 @@ PlanLine Applier::ApplyTo(const PlannedCatalogue& planned, const CatalogueId& id
   const bool begun = started_.Before(planned) != nullptr;
   if (!MayChange(found.state, begun)) return Stale(planned, found.differences);
   PlanLine line = Send(planned, id, *now, begun && found.state != PlanState::AsWas, prompts);
-  if (unsent && !begun && line.word == PlanWord::Done)
-    line.why += proc_.ToUser().Text(text::kUnsentReplaced, {line.node + " " + line.kind});
+  const auto add = [&line](const std::string& remark) {
+    line.why += (line.why.empty() ? "" : " ") + remark;
+  };
+  // Also if the sending failed: the history alone has what was there.
+  if (unsent && !HaveSameLines(copy, proc_.copies.Peek(id)))
+    add(proc_.ToUser().Text(text::kUnsentReplaced, {line.node + " " + line.kind}));
+  if (line.word == PlanWord::Done && WillLackValue(id, *now))
+    add(proc_.Text(text::kValueWillBeNone));
   return line;
 }
 

@@ -118,6 +118,10 @@ std::string PlanRun::GiveUp(const std::string& name) {
   if (!opened.lock) return opened.why;
   plan_ = opened.plan;
   FileContent soFar = proc_.files.Read(PathOf(name) + std::string(kSoFarFile));
+  if (soFar.error && soFar.error->reason != FileError::Reason::Missing) {
+    Clear();
+    return FileMessage(proc_.texts, *soFar.error);  // it alone tells what was sent
+  }
   std::string report = soFar.error ? ReportSoFar() : std::move(soFar.bytes);
   for (const PlannedCatalogue& each : plan_.catalogues) {
     if (opened.started && opened.started->Before(each) != nullptr)

@@ -24,6 +24,11 @@ PlanTarget TargetOf(ZV_Proc& proc, const PlannedCatalogue& planned);
 /// Fills in the controller of a planned catalogue.
 void SetController(PlannedCatalogue& planned, const ZV_Proc& proc, std::int16_t object);
 
+/// True if sending the catalogue sets its value to none: none was read (".DFV" of a ZEK2).
+inline bool WillLackValue(const CatalogueId& id, const CatalogueContent& now) {
+  return id.IsOfControl() && id.catalogue == Catalogue::Wdc && !now.dfv;
+}
+
 /// How the entries of the planned controls are, compared with the plan.
 enum class PlanState {
   AsWas,    // from before the change

@@ -114,6 +114,7 @@ std::string RemarkOf(const PlanLine& line, const LanguageTexts& texts) {
     remark = Message(texts.Text(text::kPlanCounts),
                      {std::to_string(line.added), std::to_string(line.removed)});
     if (!line.controls.empty()) remark += " (" + line.controls + ")";
+    if (!line.why.empty()) remark += ". " + line.why;
   }
   ShowControls(remark);
   return remark;

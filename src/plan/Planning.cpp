@@ -137,7 +137,7 @@ void Planner::PlanChange(PlannedCatalogue planned, std::span<const ListedChange>
   if (!now) return;
   const std::string why = ChangeEach(planned, target.id, now->lines, changes);
   if (!why.empty()) return Refuse(planned, why);
-  Keep(std::move(planned), target.id, now->lines);
+  Keep(std::move(planned), target.id, *now);
 }
 
 void Planner::PlanBack(const PlannedCatalogue& done, const StartedNote& started) {
@@ -155,12 +155,13 @@ void Planner::PlanBack(const PlannedCatalogue& done, const StartedNote& started)
   if (!why.empty()) return Refuse(done, why);
   for (std::size_t i = 0; i < back.controls.size(); ++i)
     back.controls[i].will = done.controls[i].was;
-  Keep(std::move(back), target.id, now->lines);
+  Keep(std::move(back), target.id, *now);
 }
 
 // Keeps the controls that change. Their lines and those of all others must fit the catalogue.
-void Planner::Keep(PlannedCatalogue planned, const CatalogueId& id, const Lines& listing) {
+void Planner::Keep(PlannedCatalogue planned, const CatalogueId& id, const CatalogueContent& now) {
   PlanLine line = LineOf(PlanWord::Change, planned);
+  if (WillLackValue(id, now)) line.why = proc_.Text(text::kValueWillBeNone);
   std::vector<PlannedControl> changing;
   const std::vector<CatalogueId> each = id.Each();
   CatalogueId group = id;
@@ -180,7 +181,7 @@ void Planner::Keep(PlannedCatalogue planned, const CatalogueId& id, const Lines&
   if (changing.empty()) return report_(LineOf(PlanWord::Unchanged, planned));
   planned.controls = std::move(changing);
   if (planned.IsShared()) {
-    const Lines others = SplitLines(group, listing).others;
+    const Lines others = SplitLines(group, now.lines).others;
     const bool exceptions = planned.kind == Catalogue::Ovc;
     const std::size_t kept = exceptions ? WithoutStarred(others).size() : others.size();
     if (kept + planned.linesToSend > kMaxCatalogueLines) {

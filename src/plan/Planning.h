@@ -50,8 +50,7 @@ class Planner {
   std::string ChangeEach(PlannedCatalogue& planned, const CatalogueId& id,
                          const std::vector<std::string>& listing,
                          std::span<const ListedChange> changes);
-  void Keep(PlannedCatalogue planned, const CatalogueId& id,
-            const std::vector<std::string>& listing);
+  void Keep(PlannedCatalogue planned, const CatalogueId& id, const CatalogueContent& now);
   void Refuse(const PlannedCatalogue& planned, const std::string& why);
 
   ZV_Proc& proc_;

@@ -26,7 +26,7 @@ namespace zek::test {
 ///   many LIST WDC=203, copy NAME=202   an answer or a file of so many lines
 ///   yes, no, neither          answers the next question
 ///   unreachable, silent, heard, full disk, unreadable disk, unreadable NAME, lose NAME, lock NAME,
-///   unlock NAME
+///   unlock NAME; readable ends "unreadable disk"
 ///   cancel 500, quit 500      in so many milliseconds
 ///   line, value               what is to be saved
 ///   control, copy-name, value-too   of the selected node: its name, its copy, that it has a value
@@ -100,6 +100,7 @@ class SessionPlayer : public TransferSession {
     } else if (what == "unreadable") {
       files.failReads = FileError::Reason::Denied;
     }
+    if (what == "readable") files.failReads.reset();
     if (what == "cancel") turn.After(std::stoi(rest), [this] { proc.waits.Cancel(); });
     if (what == "quit") turn.After(std::stoi(rest), [this] { turn.Quit(); });
     if (what == "control") proc.selection.TscName = rest;
